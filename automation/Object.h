@@ -1,0 +1,134 @@
+#pragma once
+
+#include <initializer_list>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "automation/Variant.h"
+
+namespace tsln {
+
+/// One argument of a late-bound call: a value, or a reference to the caller's variable.
+class Argument {
+  public:
+    Argument(Variant value) : own_(std::move(value)) {}
+    template <class T>
+        requires std::convertible_to<T, Variant>
+    Argument(T&& value) : own_(Variant(std::forward<T>(value))) {}
+
+    /// The callee sees the variable's value and may write it. The variable must outlive the call.
+    static Argument byReference(Variant& variable) {
+        Argument argument{Variant()};
+        argument.reference_ = &variable;
+        return argument;
+    }
+
+    const Variant& value() const noexcept { return reference_ ? *reference_ : own_; }
+    bool isByReference() const noexcept { return reference_ != nullptr; }
+    /// Writes the caller's variable; an argument passed by value keeps the change to itself.
+    void assign(Variant value) { (reference_ ? *reference_ : own_) = std::move(value); }
+
+  private:
+    Variant own_;
+    Variant* reference_ = nullptr;
+};
+
+/// The arguments of one call, in order. What the caller left out, at the end or by Missing, reads as Missing.
+class Arguments {
+  public:
+    Arguments(std::span<Argument> arguments = {}) : arguments_(arguments) {}
+
+    std::size_t count() const noexcept { return arguments_.size(); }
+    bool has(std::size_t i) const noexcept { return i < count() && !arguments_[i].value().isMissing(); }
+    const Variant& operator[](std::size_t i) const;
+    /// The argument, or `otherwise` when it was left out.
+    Variant valueOr(std::size_t i, Variant otherwise) const;
+    /// Writes by-reference argument i; nothing happens when the caller did not pass it.
+    void assign(std::size_t i, Variant value);
+    /// Refuses a call with fewer or more arguments: code::paramNotOptional, code::badParamCount.
+    void require(std::size_t least, std::size_t most) const;
+    std::span<Argument> all() const noexcept { return arguments_; }
+
+  private:
+    std::span<Argument> arguments_;
+};
+
+/// What a caller asks of a member. Late-bound readers do not tell properties from functions, so an object
+/// answers Get and Call alike wherever the member has a value.
+enum class Access { Get, Put, Call };
+
+/// An object reached by member name at run time. Names compare without letter case. Failures are HostErrors.
+class Object {
+  public:
+    virtual ~Object() = default;
+
+    /// `arguments` are the member's arguments; for Put the new value comes last, after any indexes.
+    virtual Variant invoke(std::string_view member, Access access, Arguments arguments) = 0;
+
+    template <class... A>
+    Variant call(std::string_view member, A&&... arguments) {
+        return invokeWith(member, Access::Call, std::forward<A>(arguments)...);
+    }
+    template <class... A>
+    Variant get(std::string_view member, A&&... indexes) {
+        return invokeWith(member, Access::Get, std::forward<A>(indexes)...);
+    }
+    template <class... A>
+    void put(std::string_view member, A&&... indexesAndValue) {
+        static_assert(sizeof...(A) > 0, "a property is set to a value");
+        invokeWith(member, Access::Put, std::forward<A>(indexesAndValue)...);
+    }
+
+  protected:
+    Object() = default;
+    Object(const Object&) = default;
+    Object& operator=(const Object&) = default;
+
+  private:
+    template <class... A>
+    Variant invokeWith(std::string_view member, Access access, A&&... arguments) {
+        if constexpr (sizeof...(A) == 0) {
+            return invoke(member, access, Arguments());
+        } else {
+            Argument list[] = {Argument(std::forward<A>(arguments))...};
+            return invoke(member, access, Arguments(list));
+        }
+    }
+};
+
+/// True when the two member names are the same but for ASCII letter case.
+bool sameName(std::string_view a, std::string_view b) noexcept;
+
+/// One row of an object's member table. `read` answers Get and Call, `write` answers Put.
+template <class Self>
+struct Member {
+    std::string_view name;
+    Variant (*read)(Self& self, Arguments arguments) = nullptr;
+    void (*write)(Self& self, Arguments arguments) = nullptr;
+};
+
+/// Raises the error for a member that `who` does not have.
+[[noreturn]] void raiseUnknownMember(std::string_view who, std::string_view member);
+/// Raises the error for a member that cannot be used that way (a read-only property set, a method put).
+[[noreturn]] void raiseWrongAccess(std::string_view who, std::string_view member);
+
+/// Finds the member in the table and runs it; `who` names the object in error texts.
+template <class Self>
+Variant invokeMember(Self& self, std::string_view who, std::span<const Member<Self>> table, std::string_view member,
+                     Access access, Arguments arguments) {
+    for (const Member<Self>& row : table) {
+        if (!sameName(row.name, member)) continue;
+        if (access == Access::Put) {
+            if (!row.write) raiseWrongAccess(who, member);
+            row.write(self, arguments);
+            return {};
+        }
+        if (!row.read) raiseWrongAccess(who, member);
+        return row.read(self, arguments);
+    }
+    raiseUnknownMember(who, member);
+}
+
+}  // namespace tsln

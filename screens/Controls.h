@@ -1,0 +1,151 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "screens/Control.h"
+
+namespace tsln {
+
+/// A line of fixed text. "&" marks the mnemonic of the control that follows it in the layout.
+class Label : public Control {
+  public:
+    Label(Screen& screen, std::string name, std::string caption)
+        : Control(screen, std::move(name)), caption_(std::move(caption)) {}
+
+    const std::string& caption() const noexcept { return caption_; }
+    void setCaption(std::string caption);
+    Variant invoke(std::string_view member, Access access, Arguments arguments) override;
+
+  private:
+    std::string caption_;
+};
+
+/// A push button. Its caption's "&" marks the mnemonic.
+class Button : public Control {
+  public:
+    enum class Role {
+        Plain,
+        Default,  ///< Enter presses it from anywhere on the screen.
+        Cancel,   ///< Esc presses it from anywhere on the screen.
+    };
+    Button(Screen& screen, std::string name, std::string caption, Role role = Role::Plain)
+        : Control(screen, std::move(name)), caption_(std::move(caption)), role_(role) {}
+
+    const std::string& caption() const noexcept { return caption_; }
+    void setCaption(std::string caption);
+    Role role() const noexcept { return role_; }
+
+    std::function<void()> onClick;
+    /// The user presses the button; nothing happens while it is disabled.
+    void userPress();
+    Variant invoke(std::string_view member, Access access, Arguments arguments) override;
+
+  private:
+    std::string caption_;
+    Role role_;
+};
+
+/// An edit field for text, of one line or of several.
+class TextBox : public Control {
+  public:
+    TextBox(Screen& screen, std::string name) : Control(screen, std::move(name)) {}
+
+    const std::string& text() const noexcept { return text_; }
+    void setText(std::string text);
+    bool locked() const noexcept { return locked_; }
+    void setLocked(bool locked);
+
+    bool multiLine = false;       ///< set before the screen is shown
+    bool rightAligned = false;    ///< set before the screen is shown
+    int widthInCharacters = 30;   ///< the least width; set before the screen is shown
+    std::size_t maxLength = 0;    ///< in characters; 0 means no limit; set before the screen is shown
+
+    std::function<void()> onChange;
+    /// The user changed the text.
+    void userType(std::string text);
+    Variant invoke(std::string_view member, Access access, Arguments arguments) override;
+
+  private:
+    std::string text_;
+    bool locked_ = false;
+};
+
+/// A check box.
+class CheckBox : public Control {
+  public:
+    CheckBox(Screen& screen, std::string name, std::string caption)
+        : Control(screen, std::move(name)), caption_(std::move(caption)) {}
+
+    const std::string& caption() const noexcept { return caption_; }
+    bool checked() const noexcept { return checked_; }
+    void setChecked(bool checked);
+    /// 0 clear, 1 ticked: how statements write it.
+    std::int32_t value() const noexcept { return checked_ ? 1 : 0; }
+
+    std::function<void()> onClick;
+    /// The user ticks or clears the box.
+    void userCheck(bool checked);
+    Variant invoke(std::string_view member, Access access, Arguments arguments) override;
+
+  private:
+    std::string caption_;
+    bool checked_ = false;
+};
+
+/// A list to choose one entry from. Each entry has a text and a stored number. The host's loaders fill it
+/// through AddItem, NewIndex and ItemData.
+class ComboBox : public Control {
+  public:
+    ComboBox(Screen& screen, std::string name) : Control(screen, std::move(name)) {}
+
+    struct Entry {
+        std::string text;
+        std::int32_t itemData = 0;
+    };
+    const std::vector<Entry>& entries() const noexcept { return entries_; }
+    /// Adds at the end and returns the entry's index.
+    int addItem(std::string text, std::int32_t itemData = 0);
+    void clear();
+    /// -1 when nothing is chosen.
+    int listIndex() const noexcept { return listIndex_; }
+    /// An index outside the list clears the choice.
+    void setListIndex(int index);
+    /// Chooses the first entry with this stored number; false, and no change, when there is none.
+    bool choose(std::int32_t itemData);
+    /// The stored number of the choice, if there is one.
+    std::optional<std::int32_t> chosen() const;
+    /// The chosen entry's text, or what was typed into an editable list.
+    const std::string& text() const noexcept { return text_; }
+    void setText(std::string text);
+
+    bool editable = false;      ///< free text allowed; set before the screen is shown
+    int widthInCharacters = 24; ///< set before the screen is shown
+
+    std::function<void()> onClick;   ///< an entry was chosen
+    std::function<void()> onChange;  ///< the text of an editable list was typed
+    void userChoose(int index);
+    void userType(std::string text);
+    Variant invoke(std::string_view member, Access access, Arguments arguments) override;
+
+  private:
+    std::vector<Entry> entries_;
+    int listIndex_ = -1;
+    int newIndex_ = -1;
+    std::string text_;
+};
+
+/// A frame around other controls; the layout says which. An empty caption draws no border.
+class Frame : public Control {
+  public:
+    Frame(Screen& screen, std::string name, std::string caption = {})
+        : Control(screen, std::move(name)), caption_(std::move(caption)) {}
+    const std::string& caption() const noexcept { return caption_; }
+
+  private:
+    std::string caption_;
+};
+
+}  // namespace tsln

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "screens/Control.h"
+
+namespace tsln {
+
+/// How a screen's controls stand, in rows, columns and labelled fields. The front end turns it into sizers;
+/// there are no pixel positions. The order of the controls is their tab order.
+struct Layout {
+    enum class Kind { Item, Row, Column, Form, Field, Spring };
+    Kind kind = Kind::Item;
+    Control* control = nullptr;    ///< Item, Field: the control; Row, Column: the Frame around it, if any
+    std::string caption;           ///< Field: the label before the control
+    std::vector<Layout> children;  ///< Row, Column, Form
+    bool stretches = false;        ///< takes what room is left in the direction of its parent
+};
+
+namespace layout {
+
+/// One control in its natural size.
+inline Layout item(Control& control) { return {.kind = Layout::Kind::Item, .control = &control}; }
+/// One control that takes the room that is left.
+inline Layout fill(Control& control) {
+    return {.kind = Layout::Kind::Item, .control = &control, .stretches = true};
+}
+/// Side by side.
+inline Layout row(std::vector<Layout> children) {
+    return {.kind = Layout::Kind::Row, .children = std::move(children)};
+}
+/// One below the other.
+inline Layout column(std::vector<Layout> children) {
+    return {.kind = Layout::Kind::Column, .children = std::move(children)};
+}
+/// Labels on the left, their controls on the right; what is no field spans both.
+inline Layout form(std::vector<Layout> fields) {
+    return {.kind = Layout::Kind::Form, .children = std::move(fields)};
+}
+/// A control with its label. The label's "&" marks the control's mnemonic.
+inline Layout field(std::string caption, Control& control) {
+    return {.kind = Layout::Kind::Field, .control = &control, .caption = std::move(caption)};
+}
+/// Empty room that grows.
+inline Layout spring() { return {.kind = Layout::Kind::Spring, .stretches = true}; }
+/// Lets a row, column or form take the room that is left.
+inline Layout stretch(Layout inner) {
+    inner.stretches = true;
+    return inner;
+}
+/// A frame around a row or column.
+inline Layout framed(Control& frame, Layout inner) {
+    inner.control = &frame;
+    return inner;
+}
+
+}  // namespace layout
+}  // namespace tsln
