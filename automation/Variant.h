@@ -69,7 +69,8 @@ class Variant {
         return std::holds_alternative<T>(value_);
     }
 
-    /// True when the value is a number, a boolean or text that reads as a number (the platform's IsNumeric).
+    /// True when the value is a number, a boolean, empty or text that reads as a number, but not for a date
+    /// (the platform's IsNumeric).
     bool isNumeric() const;
 
     bool toBoolean() const;
