@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace tsln::strings {
+
+/// The text without the spaces at both ends. Other white space stays, as the platform's Trim has it.
+std::string trim(std::string_view text);
+
+/// The text in lower case. Letters of the Latin (up to U+017F), Greek and Cyrillic alphabets are changed, all
+/// else stays as it is, bytes that are no UTF-8 included.
+std::string toLower(std::string_view text);
+
+/// Orders two texts by their characters without letter case (the letters that toLower knows): below, equal to
+/// or above zero.
+int compareNoCase(std::string_view a, std::string_view b) noexcept;
+bool equalNoCase(std::string_view a, std::string_view b) noexcept;
+
+/// The text with every `what` replaced by `with`, left to right; what was put in is not looked at again.
+/// An empty `what` replaces nothing.
+std::string replaceAll(std::string_view text, std::string_view what, std::string_view with);
+
+/// The folder path with a separator at its end; one that ends with "/" or "\" stays as it is, and so does an
+/// empty path, which would become the root folder.
+std::string appendPathSeparator(std::string path);
+
+}  // namespace tsln::strings

@@ -1,0 +1,117 @@
+#pragma once
+
+#include <iterator>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include <pugixml.hpp>
+
+#include "automation/Variant.h"
+
+/// Rows of query results: elements at "Records/Record" whose child elements are the columns.
+namespace tsln::xml {
+
+/// One row, or no row. A light handle: copy it freely, but only while its Records live.
+class Record {
+  public:
+    Record() = default;
+    explicit Record(pugi::xml_node node) : node_(node) {}
+
+    explicit operator bool() const noexcept { return !node_.empty(); }
+    pugi::xml_node node() const noexcept { return node_; }
+
+  private:
+    pugi::xml_node node_;
+};
+
+/// The rows of one result, parsed once.
+class Records {
+  public:
+    /// No rows.
+    Records() = default;
+
+    /// Parses a result's text, which is taken over to save a copy. An empty text, or a document of another
+    /// shape, has no rows. Text that is no XML raises HostError(code::fail) saying where it goes wrong.
+    static Records parse(std::string text);
+    /// As parse(), but what would be raised is kept in error(), and there are no rows.
+    static Records read(std::string text);
+
+    /// What was wrong with the text; empty when nothing was.
+    const std::string& error() const noexcept { return error_; }
+
+    std::size_t count() const noexcept { return count_; }
+    bool empty() const noexcept { return count_ == 0; }
+    /// The first row, or no row.
+    Record first() const { return Record(root_.child("Record")); }
+
+    class Iterator {
+      public:
+        using iterator_category = std::forward_iterator_tag;
+        using value_type = Record;
+        using difference_type = std::ptrdiff_t;
+        using pointer = const Record*;
+        using reference = Record;
+
+        Iterator() = default;
+        explicit Iterator(pugi::xml_node node) : node_(node) {}
+        Record operator*() const { return Record(node_); }
+        Iterator& operator++() {
+            node_ = node_.next_sibling("Record");
+            return *this;
+        }
+        Iterator operator++(int) {
+            const Iterator before = *this;
+            ++*this;
+            return before;
+        }
+        friend bool operator==(const Iterator& a, const Iterator& b) { return a.node_ == b.node_; }
+
+      private:
+        pugi::xml_node node_;
+    };
+
+    Iterator begin() const { return Iterator(root_.child("Record")); }
+    Iterator end() const { return Iterator(); }
+
+  private:
+    /// The nodes point into the text, so both stay where they are when the Records move.
+    struct Document {
+        std::string text;
+        pugi::xml_document nodes;
+    };
+
+    std::unique_ptr<Document> document_;
+    pugi::xml_node root_;
+    std::size_t count_ = 0;
+    std::string error_;
+};
+
+/// The rows of what "ExecuteRead" returned. Nothing raises HostError(code::objectNotSet), a value that is no
+/// object code::typeMismatch, text that is no XML code::fail.
+Records readRecords(const Variant& document);
+
+/// The field readers never fail: a missing row, a missing column (a NULL), an empty value and a value that
+/// cannot be converted or does not fit give the default. Field names compare with letter case; of columns
+/// with the same name the first counts.
+std::string readText(std::string_view field, Record record, std::string_view otherwise = {});
+std::int32_t readLong(std::string_view field, Record record, std::int32_t otherwise = 0);
+std::int16_t readInteger(std::string_view field, Record record, std::int16_t otherwise = 0);
+float readSingle(std::string_view field, Record record, float otherwise = 0);
+/// "true", "1", "-1", "yes" and "false", "0", "no" in any letter case, else as text converts to a boolean.
+bool readBoolean(std::string_view field, Record record, bool otherwise = false);
+/// Any date text, and the XML form 2011-03-04T10:20:30.
+Date readDate(std::string_view field, Record record, Date otherwise = {});
+
+/// The field's text, empty when there is none, without a copy wherever possible: the view points into the
+/// document or, when something had to be decoded, into `scratch`.
+std::string_view viewText(std::string_view field, Record record, std::string& scratch);
+
+/// Field text as it stands in a document: carriage returns as "&#13;", line feeds as "&#10;".
+std::string encodeFieldText(std::string_view text);
+/// The reverse of encodeFieldText. The second form returns `text` itself when nothing is to be decoded, else
+/// a view of `scratch`, which `text` must not point into.
+std::string decodeFieldText(std::string_view text);
+std::string_view decodeFieldText(std::string_view text, std::string& scratch);
+
+}  // namespace tsln::xml
