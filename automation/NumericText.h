@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -20,6 +21,13 @@ Reading readNumber(std::string_view text, std::int32_t& value);
 Reading readNumber(std::string_view text, std::int64_t& value);
 Reading readNumber(std::string_view text, float& value);
 Reading readNumber(std::string_view text, double& value);
+
+/// The number that the text reads as, if it does.
+inline std::optional<double> parseNumber(std::string_view text) {
+    double value = 0;
+    if (readNumber(text, value) != Reading::Done) return std::nullopt;
+    return value;
+}
 
 /// "true", "false", "#TRUE#" and "#FALSE#" in any letter case, or numeric text, where all but zero is true.
 Reading readBoolean(std::string_view text, bool& value);
