@@ -22,18 +22,20 @@ concept WholeNumber = std::integral<T> && !std::same_as<T, bool> && !std::same_a
 /// (deliberate). The placeholder of a value that is not given, or has no text form (Null), stays.
 std::string formatValues(std::string_view text, std::span<const Variant> values);
 
-/// formatValues with the values as arguments: texts, whole numbers of any size, variants and what makes one.
+/// A value as format() takes it: whole numbers of any size and what makes a variant.
+template <class T>
+Variant toValue(const T& value) {
+    if constexpr (WholeNumber<T>) {
+        return static_cast<std::int64_t>(value);
+    } else {
+        return value;
+    }
+}
+
+/// formatValues with the values as arguments.
 template <class... Values>
 std::string format(std::string_view text, const Values&... values) {
-    const auto variant = []<class T>(const T& value) {
-        if constexpr (WholeNumber<T>) {
-            return Variant(static_cast<std::int64_t>(value));
-        } else {
-            return Variant(value);
-        }
-    };
-    const std::array<Variant, sizeof...(Values)> list = {variant(values)...};
-    return formatValues(text, list);
+    return formatValues(text, std::array<Variant, sizeof...(Values)>{toValue(values)...});
 }
 
 /// The text with every single quote doubled, to stand between a statement's single quotes.
