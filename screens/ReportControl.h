@@ -58,6 +58,8 @@ class ReportControl : public Control {
     };
     std::size_t rowCount() const noexcept { return rows_.size(); }
     const Row& row(std::size_t row) const { return rows_.at(row); }
+    /// The row that shows this record, if one does.
+    std::optional<std::size_t> findRow(std::size_t record) const;
     /// The text shown in a row's column; a group row shows the group's text in the first column.
     std::string_view rowText(std::size_t row, std::size_t column) const;
 
@@ -77,10 +79,9 @@ class ReportControl : public Control {
     void userClickHeader(std::size_t column);
 
     // Selection -----------------------------------------------------------------------------------------------
-    bool isSelected(std::size_t row) const { return selected_.at(row); }
-    std::size_t selectedCount() const noexcept { return selectedCount_; }
     /// The selected rows from the first to the last, group rows included.
-    std::vector<std::size_t> selectedRows() const;
+    const std::vector<std::size_t>& selectedRows() const noexcept { return selected_; }
+    bool isSelected(std::size_t row) const;
     std::optional<std::size_t> focusedRow() const noexcept { return focusedRow_; }
     /// Selects just this row and gives it the focus.
     void selectRow(std::size_t row);
@@ -108,9 +109,8 @@ class ReportControl : public Control {
     };
     Text store(std::string_view text);
     void storeCells(std::size_t record, std::span<const std::string_view> cells);
-    void compact();
-    void makeRows();
-    std::vector<std::uint32_t> sortedRecords() const;
+    std::vector<std::uint32_t> compact();
+    std::vector<std::uint32_t> orderedRecords() const;
 
     std::string text_;                  // every cell's characters, one after another
     std::vector<Text> cells_;           // recordCount * columns
@@ -118,8 +118,7 @@ class ReportControl : public Control {
     std::vector<bool> removed_;         // by record
     std::size_t removedCount_ = 0;
     std::vector<Row> rows_;
-    std::vector<bool> selected_;        // by row
-    std::size_t selectedCount_ = 0;
+    std::vector<std::size_t> selected_; // ascending, so that what a selection costs depends on its own size
     std::optional<std::size_t> focusedRow_;
     std::optional<SortOrder> sortOrder_;
     std::optional<std::size_t> groupColumn_;

@@ -4,7 +4,7 @@
 
 #include "shared/modSharedStrings.h"
 
-namespace tsln::sql {
+namespace tsln::modSharedSQL {
 namespace {
 
 constexpr std::size_t mostPlaceholders = 17;
@@ -17,7 +17,7 @@ std::string formatValues(std::string_view text, std::span<const Variant> values)
         const std::string placeholder = "{" + std::to_string(i) + "}";
         if (result.find(placeholder) == result.npos) continue;
         try {
-            result = strings::replaceAll(result, placeholder, values[i].toText());
+            result = modSharedStrings::replaceAll(result, placeholder, values[i].toText());
         } catch (const HostError&) {
             // A value without a text form leaves its placeholder, which shows in the statement's error
             // message.
@@ -27,13 +27,13 @@ std::string formatValues(std::string_view text, std::span<const Variant> values)
 }
 
 std::string doubleQuotes(std::string_view text) {
-    return strings::replaceAll(text, "'", "''");
+    return modSharedStrings::replaceAll(text, "'", "''");
 }
 
 std::string fillTags(std::string_view text, std::span<const Tag> tags) {
     std::string result(text);
     for (const Tag& tag : tags)
-        result = strings::replaceAll(result, tag.name, tag.value);
+        result = modSharedStrings::replaceAll(result, tag.name, tag.value);
     return result;
 }
 
@@ -41,4 +41,4 @@ std::string fillTags(std::string_view text, std::initializer_list<Tag> tags) {
     return fillTags(text, std::span(tags.begin(), tags.size()));
 }
 
-}  // namespace tsln::sql
+}  // namespace tsln::modSharedSQL

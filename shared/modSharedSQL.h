@@ -11,7 +11,7 @@
 
 /// Statement and message texts are templates that are filled with values made safe beforehand: nothing here
 /// adds quotes, they stand in the template.
-namespace tsln::sql {
+namespace tsln::modSharedSQL {
 
 template <class T>
 concept WholeNumber = std::integral<T> && !std::same_as<T, bool> && !std::same_as<T, char>;
@@ -59,4 +59,4 @@ struct Tag {
 std::string fillTags(std::string_view text, std::span<const Tag> tags);
 std::string fillTags(std::string_view text, std::initializer_list<Tag> tags);
 
-}  // namespace tsln::sql
+}  // namespace tsln::modSharedSQL

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace tsln::strings {
+namespace tsln::modSharedStrings {
 namespace {
 
 /// Capital letters `first` to `last`. With step 2 capitals and small letters alternate, each capital before
@@ -106,4 +106,4 @@ std::string appendPathSeparator(std::string path) {
     return path;
 }
 
-}  // namespace tsln::strings
+}  // namespace tsln::modSharedStrings

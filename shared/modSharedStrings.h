@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-namespace tsln::strings {
+namespace tsln::modSharedStrings {
 
 /// The text without the spaces at both ends. Other white space stays, as the platform's Trim has it.
 std::string trim(std::string_view text);
@@ -25,4 +25,4 @@ std::string replaceAll(std::string_view text, std::string_view what, std::string
 /// empty path, which would become the root folder.
 std::string appendPathSeparator(std::string path);
 
-}  // namespace tsln::strings
+}  // namespace tsln::modSharedStrings

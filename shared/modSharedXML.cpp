@@ -4,7 +4,7 @@
 #include "automation/NumericText.h"
 #include "automation/Object.h"
 
-namespace tsln::xml {
+namespace tsln::modSharedXML {
 namespace {
 
 constexpr std::string_view carriageReturn = "&#13;";
@@ -182,4 +182,4 @@ std::string decodeFieldText(std::string_view text) {
     return std::string(decodeFieldText(text, scratch));
 }
 
-}  // namespace tsln::xml
+}  // namespace tsln::modSharedXML

@@ -10,7 +10,7 @@
 #include "automation/Variant.h"
 
 /// Rows of query results: elements at "Records/Record" whose child elements are the columns.
-namespace tsln::xml {
+namespace tsln::modSharedXML {
 
 /// One row, or no row. A light handle: copy it freely, but only while its Records live.
 class Record {
@@ -114,4 +114,4 @@ std::string encodeFieldText(std::string_view text);
 std::string decodeFieldText(std::string_view text);
 std::string_view decodeFieldText(std::string_view text, std::string& scratch);
 
-}  // namespace tsln::xml
+}  // namespace tsln::modSharedXML

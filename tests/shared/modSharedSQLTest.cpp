@@ -5,7 +5,7 @@
 #include "automation/Object.h"
 #include "shared/modSharedSQL.h"
 
-namespace tsln::sql {
+namespace tsln::modSharedSQL {
 namespace {
 
 TEST(Format, FillsNumberedPlaceholdersInOrder) {
@@ -66,4 +66,4 @@ TEST(FillTags, TakesLongTextsInOnePassPerTag) {
 }
 
 }  // namespace
-}  // namespace tsln::sql
+}  // namespace tsln::modSharedSQL

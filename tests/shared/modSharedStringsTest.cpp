@@ -2,7 +2,7 @@
 
 #include "shared/modSharedStrings.h"
 
-namespace tsln::strings {
+namespace tsln::modSharedStrings {
 namespace {
 
 TEST(Strings, TrimTakesSpacesOnly) {
@@ -57,4 +57,4 @@ TEST(Strings, PathSeparatorIsThereOnce) {
 }
 
 }  // namespace
-}  // namespace tsln::strings
+}  // namespace tsln::modSharedStrings

@@ -6,7 +6,7 @@
 #include "automation/Object.h"
 #include "shared/modSharedXML.h"
 
-namespace tsln::xml {
+namespace tsln::modSharedXML {
 namespace {
 
 Records oneRecord(std::string_view fields) {
@@ -292,4 +292,4 @@ TEST(FieldReaders, SurviveDamagedDocuments) {
 }
 
 }  // namespace
-}  // namespace tsln::xml
+}  // namespace tsln::modSharedXML

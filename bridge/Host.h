@@ -1,0 +1,95 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "automation/Object.h"
+#include "shared/modSharedXML.h"
+
+namespace tsln {
+
+class Library;
+using modSharedXML::Record;
+using modSharedXML::Records;
+
+/// The text that the host replaces by its standard explanation of a database failure.
+inline constexpr std::string_view standardExplanation = "{standard explanation}";
+
+/// A sub-object of the host's shared-code object. It holds no reference: every call fetches the shared-code
+/// object from the library and the sub-object from that, so a host may replace either between two calls.
+class HostPart {
+  public:
+    HostPart(Library& library, std::string_view name) : library_(library), name_(name) {}
+
+  protected:
+    template <class... A>
+    Variant call(std::string_view member, A&&... arguments) const {
+        return fetch()->call(member, std::forward<A>(arguments)...);
+    }
+
+  private:
+    ObjectPtr fetch() const;
+
+    Library& library_;
+    std::string_view name_;
+};
+
+/// The host's database service. Statements are complete SQL text with values made safe.
+class Database : HostPart {
+  public:
+    explicit Database(Library& library) : HostPart(library, "Database") {}
+    /// The rows of a SELECT.
+    Records ExecuteRead(std::string_view sql) const;
+    /// The first column of the first row. The member's name is spelled so. Which further arguments a caller
+    /// passes is part of the call.
+    Variant ExecuteScaler(std::string_view sql, std::string_view field, std::string_view otherwise) const;
+    /// True when the statement ran.
+    bool ExecuteNonQuery(std::string_view sql) const;
+    /// The `ID` of the row that the INSERT made, less than 1 when it failed.
+    std::int32_t ExecuteNonQueryWithID(std::string_view sql) const;
+    std::string LastSQLErrorDescription() const;
+};
+
+class Common : HostPart {
+  public:
+    explicit Common(Library& library) : HostPart(library, "Common") {}
+    /// True when a row other than `ID` has this value in the column.
+    bool RecordExists(std::string_view table, std::string_view column, std::string_view value, std::int32_t ID) const;
+};
+
+/// Rights to the data of a list, as CanDo() takes them.
+enum class Right : std::int32_t { Add = 8, Edit = 16, Delete = 32 };
+
+class Security : HostPart {
+  public:
+    explicit Security(Library& library) : HostPart(library, "Security") {}
+    /// True when the user holds the right in the security area.
+    bool CanDo(std::int32_t area, Right right) const;
+};
+
+/// The host as the screens see it: its services by name, nothing kept between calls.
+/// Every call may raise HostError: what the host raised, code::objectNotSet where the host has no such
+/// sub-object or the library is not initialised, code::typeMismatch for a result of the wrong type.
+class Host {
+  public:
+    explicit Host(Library& library) : library_(library) {}
+
+    Database database() const { return Database(library_); }
+    Common common() const { return Common(library_); }
+    Security security() const { return Security(library_); }
+
+    ObjectPtr sharedCode() const;
+    /// Path of the package definition file that the package processor is given.
+    std::string PSDFile() const;
+    /// Reports and logs a failure. `explanation` is standardExplanation wherever there is one.
+    void ShowAndLogErrorMessage(std::string_view message, std::string_view explanation,
+                                std::string_view detail) const;
+    /// The host's standard message box; `message` may hold "<Bold>" markup.
+    void ShowMessageStyle1(std::string_view message, std::string_view advice) const;
+
+  private:
+    Library& library_;
+};
+
+}  // namespace tsln

@@ -1,0 +1,74 @@
+#include "bridge/HostScreen.h"
+
+#include <cmath>
+
+#include "automation/NumericText.h"
+
+namespace tsln {
+namespace {
+
+/// Every help button of the module opens this topic of the help file.
+constexpr std::string_view helpFile = "UI Reference.chm";
+constexpr std::int32_t helpContext = 40;
+
+struct PositionValue {
+    std::string_view name;
+    std::optional<int> Screen::Placement::*member;
+};
+constexpr PositionValue positionValues[] = {
+    {"Left", &Screen::Placement::left},
+    {"Width", &Screen::Placement::width},
+    {"Height", &Screen::Placement::height},
+};
+
+std::string positionKey(const Screen& screen) {
+    return std::string(settingsKey) + "\\Window Positions\\" + screen.name();
+}
+
+}  // namespace
+
+void HostScreen::reportDatabaseFailure(std::string_view message) {
+    std::string detail;
+    try {
+        detail = host().database().LastSQLErrorDescription();
+    } catch (const std::exception& error) {
+        detail = error.what();
+    }
+    try {
+        host().ShowAndLogErrorMessage(message, standardExplanation, detail);
+    } catch (const std::exception&) {
+        // The host cannot tell it, the user must still know.
+        tell(std::string(message) + "\n\n" + detail, MessageIcon::Critical);
+    }
+}
+
+void HostScreen::Form_Help() { desktop().showHelp(*this, helpFile, helpContext); }
+
+void HostScreen::reportError(const std::exception& error) noexcept {
+    try {
+        host().ShowAndLogErrorMessage("The last action could not be completed.", "", error.what());
+    } catch (const std::exception&) {
+        // A host that cannot even be told: the user must still learn why nothing happened.
+        Screen::reportError(error);
+    }
+}
+
+void restoreWindowPosition(Screen& screen) {
+    const std::string key = positionKey(screen);
+    for (const auto& [name, member] : positionValues) {
+        const auto stored = screen.desktop().readSetting(key, name);
+        const auto number = stored ? parseNumber(*stored) : std::nullopt;
+        if (number && std::abs(*number) < 100'000) screen.placement.*member = static_cast<int>(*number);
+    }
+}
+
+void saveWindowPosition(Screen& screen) {
+    const std::string key = positionKey(screen);
+    for (const auto& [name, member] : positionValues) {
+        if (const auto value = screen.placement.*member) {
+            screen.desktop().writeSetting(key, name, std::to_string(*value));
+        }
+    }
+}
+
+}  // namespace tsln

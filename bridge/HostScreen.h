@@ -1,0 +1,47 @@
+#pragma once
+
+#include <string>
+
+#include "bridge/Host.h"
+#include "bridge/Library.h"
+#include "screens/Screen.h"
+
+namespace tsln {
+
+/// A screen of the module: it knows the library that opened it, asks the host through it, keeps its window
+/// position, and reports what goes wrong through the host.
+class HostScreen : public Screen {
+  public:
+    HostScreen(Library& library, std::string name) : Screen(library.desktop(), std::move(name)), library_(library) {}
+
+    Library& library() const noexcept { return library_; }
+    Host host() const { return Host(library_); }
+
+    /// A plain message box of the module.
+    void tell(std::string_view text, MessageIcon icon) {
+        desktop().messageBox(this, text, MessageButtons::Ok, icon);
+    }
+    bool ask(std::string_view question) {
+        return desktop().messageBox(this, question, MessageButtons::YesNo, MessageIcon::Question) ==
+               MessageAnswer::Yes;
+    }
+    /// Reports a failed statement with the database's own words.
+    void reportDatabaseFailure(std::string_view message);
+
+  protected:
+    void Form_Help() override;
+    void reportError(const std::exception& error) noexcept override;
+
+  private:
+    Library& library_;
+};
+
+/// Puts a screen where its user left it. Left, Width and Height are kept under the window positions key in a
+/// value set named after the screen; values that are no numbers are passed over.
+void restoreWindowPosition(Screen& screen);
+void saveWindowPosition(Screen& screen);
+
+/// The user settings of the application.
+inline constexpr std::string_view settingsKey = "Software\\Kestrane\\Tessaline\\5.0";
+
+}  // namespace tsln

@@ -1,0 +1,108 @@
+#include "bridge/Library.h"
+
+#include <filesystem>
+
+#include "bridge/Host.h"
+#include "shared/modSharedStrings.h"
+
+namespace tsln {
+
+Library::Library(Desktop& desktop) : desktop_(desktop) { plugInOwnOperations(); }
+
+void Library::plugIn(Operation operation, Handler handler) {
+    handlers_[static_cast<std::size_t>(operation)] = std::move(handler);
+}
+
+bool Library::isPluggedIn(Operation operation) const {
+    return static_cast<bool>(handlers_[static_cast<std::size_t>(operation)]);
+}
+
+Variant Library::perform(Operation operation, Arguments arguments) {
+    const OperationInfo& row = info(operation);
+    arguments.require(row.argumentCount, row.argumentCount);
+    std::vector<Argument> converted;
+    converted.reserve(row.argumentCount);
+    for (std::size_t i = 0; i < row.argumentCount; ++i) {
+        converted.emplace_back(convert(arguments[i], row.argumentRow[i].type));
+    }
+    const Handler& handler = handlers_[static_cast<std::size_t>(operation)];
+    if (!handler) {
+        throw HostError(code::notImplemented, "Library",
+                        std::string(row.name) + ": this screen is not built yet.");
+    }
+    return convert(handler(*this, Arguments(converted)), row.result);
+}
+
+Variant Library::invoke(std::string_view member, Access access, Arguments arguments) {
+    const auto operation = findOperation(member);
+    if (!operation || info(*operation).visibility != Visibility::Public) raiseUnknownMember("Library", member);
+    if (access == Access::Put) raiseWrongAccess("Library", member);
+    return perform(*operation, arguments);
+}
+
+void Library::plugInOwnOperations() {
+    plugIn(Operation::SharedCodeLibrary, [](Library& self, Arguments) { return Variant(self.sharedCode_); });
+    plugIn(Operation::Initialize, [](Library& self, Arguments a) {
+        self.sharedCode_ = a[0].toObject();
+        return Variant();
+    });
+    plugIn(Operation::PreTerminate, [](Library& self, Arguments) {
+        self.sharedCode_.reset();
+        return Variant();
+    });
+    plugIn(Operation::InitialSyncComplete,
+           [](Library& self, Arguments) { return Variant(self.initialSyncComplete()); });
+    plugIn(Operation::RunPackageProcessor, [](Library& self, Arguments a) {
+        self.runPackageProcessor(a[0].toText(), a[1].toBoolean());
+        return Variant();
+    });
+}
+
+bool Library::initialSyncComplete() {
+    // An error that the host raises in a step passes that step over, as if its test had held.
+    const auto holds = [this](std::string_view sql, auto test) {
+        try {
+            return static_cast<bool>(test(Host(*this).database().ExecuteScaler(sql, "", "0")));
+        } catch (const std::exception&) {
+            return true;
+        }
+    };
+    const auto positive = [](const Variant& count) { return count.toLong() > 0; };
+
+    if (!holds("SELECT COUNT(*) AS theCount FROM Company", [](const Variant& n) { return n.toLong() == 1; })) {
+        return false;
+    }
+    if (!holds("SELECT SyncState FROM Company", [](const Variant& state) { return state.toInteger() == 4; })) {
+        return false;
+    }
+    bool complete = true;
+    for (const auto sql : {"SELECT COUNT(*) AS theCount FROM Employees",
+                           "SELECT COUNT(*) AS theCount FROM DiscountGroups",
+                           "SELECT COUNT(*) AS theCount FROM OrderStatusCodes",
+                           "SELECT COUNT(*) AS theCount FROM SecurityRoleAccess"}) {
+        complete = holds(sql, positive) && complete;
+    }
+    return complete;
+}
+
+void Library::runPackageProcessor(const std::string& keys, bool wait) {
+    const std::string program =
+        modSharedStrings::appendPathSeparator(desktop_.applicationFolder()) + "tsln5pkg.exe";
+    std::error_code ignored;
+    if (!std::filesystem::exists(std::filesystem::path(std::u8string(program.begin(), program.end())), ignored)) {
+        desktop_.messageBox(nullptr, "The TSLN 5 Package Processor cannot be found.", MessageButtons::Ok,
+                            MessageIcon::Exclamation);
+        return;
+    }
+    const std::string arguments = (keys.empty() ? " /EnterKeys" : " /Keys:" + keys) + " /PSD:\"" +
+                                  Host(*this).PSDFile() + "\"";
+    if (wait) {
+        // A folder with blanks in its name must not cut the program's name short.
+        const bool blanks = program.find(' ') != std::string::npos;
+        desktop_.runAndWait((blanks ? '"' + program + '"' : program) + arguments);
+    } else {
+        desktop_.shellOpen(program, arguments);
+    }
+}
+
+}  // namespace tsln

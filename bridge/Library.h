@@ -1,0 +1,73 @@
+#pragma once
+
+#include <array>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "automation/Object.h"
+#include "bridge/Operations.h"
+#include "bridge/ScreenSlots.h"
+#include "screens/Desktop.h"
+
+namespace tsln {
+
+/// The one public class of the module: the host creates it, hands it its shared-code object and opens every
+/// screen through it. It keeps that object and nothing else.
+///
+/// Every operation of the table is a method of its name, taking its arguments by position:
+///     library->ShowEditTerms(7)   // std::int32_t
+/// and answers late-bound callers by the same name. An operation raises HostError for arguments that do not
+/// convert (code::typeMismatch, code::overflow), missing or surplus ones (code::paramNotOptional,
+/// code::badParamCount), and code::notImplemented where no screen is plugged in for it.
+class Library : public Object {
+  public:
+    /// `desktop` must outlive the library.
+    explicit Library(Desktop& desktop);
+
+    Desktop& desktop() const noexcept { return desktop_; }
+    ScreenSlots& screens() noexcept { return screens_; }
+
+    /// Does the work of an operation. The arguments are complete and of the declared types.
+    using Handler = std::function<Variant(Library&, Arguments)>;
+    void plugIn(Operation operation, Handler handler);
+    bool isPluggedIn(Operation operation) const;
+
+    /// Runs an operation, whatever its visibility.
+    Variant perform(Operation operation, Arguments arguments);
+
+#define OPERATION(NAME, ...)                                                       \
+    template <class... A>                                                          \
+    auto NAME(A&&... arguments) {                                                  \
+        return performTyped<Operation::NAME>(Argument(std::forward<A>(arguments))...); \
+    }
+#include "bridge/Operations.def"
+#undef OPERATION
+
+    /// Runs a public operation by its name.
+    Variant invoke(std::string_view member, Access access, Arguments arguments) override;
+
+  private:
+    template <Operation operation, class... A>
+    auto performTyped(A... arguments) {
+        constexpr const OperationInfo& row = info(operation);
+        static_assert(sizeof...(A) == row.argumentCount, "wrong number of arguments");
+        std::array<Argument, sizeof...(A) + 1> list{std::move(arguments)..., Argument(Variant())};
+        [[maybe_unused]] const Variant result =
+            perform(operation, Arguments(std::span<Argument>(list).first(sizeof...(A))));
+        if constexpr (row.result == ValueType::Boolean) return result.toBoolean();
+        if constexpr (row.result == ValueType::Long) return result.toLong();
+        if constexpr (row.result == ValueType::Object) return result.toObject();
+    }
+
+    void plugInOwnOperations();
+    bool initialSyncComplete();
+    void runPackageProcessor(const std::string& keys, bool wait);
+
+    Desktop& desktop_;
+    ObjectPtr sharedCode_;
+    ScreenSlots screens_;
+    std::array<Handler, operations.size()> handlers_;
+};
+
+}  // namespace tsln

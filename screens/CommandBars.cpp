@@ -1,0 +1,36 @@
+#include "screens/CommandBars.h"
+
+#include <algorithm>
+
+#include "screens/Screen.h"
+
+namespace tsln {
+
+Command* CommandBars::popup(int id) {
+    const auto found = std::ranges::find(popups, id, &Command::id);
+    return found == popups.end() ? nullptr : &*found;
+}
+
+void CommandBars::update(Command& popup) {
+    if (!onUpdate) return;
+    for (Command& command : popup.commands) {
+        // A command whose state cannot be told is better refused than run without the right.
+        if (!screen().handle([&] { onUpdate(command); })) command.enabled = false;
+    }
+}
+
+void CommandBars::execute(const Command& popup, int id) {
+    const auto found = std::ranges::find(popup.commands, id, &Command::id);
+    if (found == popup.commands.end() || !found->enabled || !onExecute) return;
+    screen().handle([&] { onExecute(id); });
+}
+
+void CommandBars::showPopup(int id, Control& below) {
+    Command* shown = popup(id);
+    if (!shown) return;
+    update(*shown);
+    const Command asShown = *shown;  // what runs is judged as the user saw it, whatever runs meanwhile
+    if (const int chosen = screen().desktop().choosePopup(screen(), asShown, below)) execute(asShown, chosen);
+}
+
+}  // namespace tsln

@@ -1,0 +1,222 @@
+#include "screens/Controls.h"
+
+#include <algorithm>
+
+namespace tsln {
+namespace {
+
+/// Answers a member from the kind's own table, or from those every control has.
+template <class Self, std::size_t N>
+Variant invokeControl(Self& self, const Member<Self> (&members)[N], std::string_view member, Access access,
+                      Arguments arguments) {
+    const bool own = std::ranges::any_of(members, [&](const auto& row) { return sameName(row.name, member); });
+    if (!own) return self.Control::invoke(member, access, arguments);
+    return invokeMember<Self>(self, self.name(), members, member, access, arguments);
+}
+
+}  // namespace
+
+// Label -----------------------------------------------------------------------------------------------------------
+
+void Label::setCaption(std::string caption) {
+    caption_ = std::move(caption);
+    changed();
+}
+
+Variant Label::invoke(std::string_view member, Access access, Arguments arguments) {
+    static constexpr Member<Label> members[] = {
+        {"Caption", [](Label& self, Arguments) { return Variant(self.caption_); },
+         [](Label& self, Arguments a) { self.setCaption(a[0].toText()); }},
+    };
+    return invokeControl(*this, members, member, access, arguments);
+}
+
+// Button ----------------------------------------------------------------------------------------------------------
+
+void Button::setCaption(std::string caption) {
+    caption_ = std::move(caption);
+    changed();
+}
+
+void Button::userPress() {
+    if (enabled() && visible()) fire(onClick);
+}
+
+Variant Button::invoke(std::string_view member, Access access, Arguments arguments) {
+    static constexpr Member<Button> members[] = {
+        {"Caption", [](Button& self, Arguments) { return Variant(self.caption_); },
+         [](Button& self, Arguments a) { self.setCaption(a[0].toText()); }},
+    };
+    return invokeControl(*this, members, member, access, arguments);
+}
+
+// TextBox ---------------------------------------------------------------------------------------------------------
+
+void TextBox::setText(std::string text) {
+    if (text_ == text) return;
+    text_ = std::move(text);
+    changed();
+    fire(onChange);
+}
+
+void TextBox::setLocked(bool locked) {
+    locked_ = locked;
+    changed();
+}
+
+void TextBox::userType(std::string text) {
+    if (locked_ || !enabled() || text_ == text) return;
+    text_ = std::move(text);
+    fire(onChange);
+}
+
+Variant TextBox::invoke(std::string_view member, Access access, Arguments arguments) {
+    static constexpr Member<TextBox> members[] = {
+        {"Text", [](TextBox& self, Arguments) { return Variant(self.text_); },
+         [](TextBox& self, Arguments a) { self.setText(a[0].toText()); }},
+        {"Locked", [](TextBox& self, Arguments) { return Variant(self.locked_); },
+         [](TextBox& self, Arguments a) { self.setLocked(a[0].toBoolean()); }},
+    };
+    return invokeControl(*this, members, member, access, arguments);
+}
+
+// CheckBox --------------------------------------------------------------------------------------------------------
+
+void CheckBox::setChecked(bool checked) {
+    if (checked_ == checked) return;
+    checked_ = checked;
+    changed();
+}
+
+void CheckBox::userCheck(bool checked) {
+    if (!enabled()) return;
+    checked_ = checked;
+    fire(onClick);
+}
+
+Variant CheckBox::invoke(std::string_view member, Access access, Arguments arguments) {
+    static constexpr Member<CheckBox> members[] = {
+        {"Value", [](CheckBox& self, Arguments) { return Variant(self.value()); },
+         [](CheckBox& self, Arguments a) { self.setChecked(a[0].toLong() != 0); }},
+        {"Caption", [](CheckBox& self, Arguments) { return Variant(self.caption_); }},
+    };
+    return invokeControl(*this, members, member, access, arguments);
+}
+
+// ComboBox --------------------------------------------------------------------------------------------------------
+
+int ComboBox::addItem(std::string text, std::int32_t itemData) {
+    entries_.push_back({std::move(text), itemData});
+    newIndex_ = static_cast<int>(entries_.size()) - 1;
+    changed();
+    return newIndex_;
+}
+
+void ComboBox::clear() {
+    entries_.clear();
+    listIndex_ = newIndex_ = -1;
+    text_.clear();
+    changed();
+}
+
+void ComboBox::setListIndex(int index) {
+    const bool exists = index >= 0 && index < static_cast<int>(entries_.size());
+    listIndex_ = exists ? index : -1;
+    text_ = exists ? entries_[static_cast<std::size_t>(index)].text : std::string();
+    changed();
+}
+
+bool ComboBox::choose(std::int32_t itemData) {
+    const auto found = std::ranges::find(entries_, itemData, &Entry::itemData);
+    if (found == entries_.end()) return false;
+    setListIndex(static_cast<int>(found - entries_.begin()));
+    return true;
+}
+
+std::optional<std::int32_t> ComboBox::chosen() const {
+    if (listIndex_ < 0) return std::nullopt;
+    return entries_[static_cast<std::size_t>(listIndex_)].itemData;
+}
+
+void ComboBox::setText(std::string text) {
+    const auto found = std::ranges::find(entries_, text, &Entry::text);
+    listIndex_ = found == entries_.end() ? -1 : static_cast<int>(found - entries_.begin());
+    if (editable || listIndex_ >= 0) text_ = std::move(text);
+    changed();
+}
+
+void ComboBox::userChoose(int index) {
+    if (!enabled()) return;
+    setListIndex(index);
+    fire(onClick);
+}
+
+void ComboBox::userType(std::string text) {
+    if (!enabled() || !editable || text_ == text) return;
+    text_ = std::move(text);
+    listIndex_ = -1;
+    fire(onChange);
+}
+
+Variant ComboBox::invoke(std::string_view member, Access access, Arguments arguments) {
+    static constexpr auto entry = [](ComboBox& self, const Variant& index) -> Entry& {
+        const auto i = index.toLong();
+        if (i < 0 || i >= static_cast<std::int32_t>(self.entries_.size())) {
+            throw HostError(code::badIndex, self.name(), "The list has no entry " + std::to_string(i) + ".");
+        }
+        return self.entries_[static_cast<std::size_t>(i)];
+    };
+    static constexpr Member<ComboBox> members[] = {
+        {"AddItem",
+         [](ComboBox& self, Arguments a) {
+             a.require(1, 2);
+             if (!a.has(1)) return Variant(self.addItem(a[0].toText()));
+             const auto at = std::clamp<std::int32_t>(a[1].toLong(), 0,
+                                                      static_cast<std::int32_t>(self.entries_.size()));
+             self.entries_.insert(self.entries_.begin() + at, Entry{a[0].toText()});
+             if (self.listIndex_ >= at) ++self.listIndex_;
+             self.newIndex_ = at;
+             self.changed();
+             return Variant(at);
+         }},
+        {"RemoveItem",
+         [](ComboBox& self, Arguments a) {
+             a.require(1, 1);
+             const auto at = &entry(self, a[0]) - self.entries_.data();
+             self.entries_.erase(self.entries_.begin() + at);
+             if (self.listIndex_ == at) {
+                 self.setListIndex(-1);
+             } else if (self.listIndex_ > at) {
+                 --self.listIndex_;
+             }
+             self.newIndex_ = -1;
+             self.changed();
+             return Variant();
+         }},
+        {"Clear",
+         [](ComboBox& self, Arguments) {
+             self.clear();
+             return Variant();
+         }},
+        {"ItemData", [](ComboBox& self, Arguments a) { return Variant(entry(self, a[0]).itemData); },
+         [](ComboBox& self, Arguments a) {
+             a.require(2, 2);
+             entry(self, a[0]).itemData = a[1].toLong();
+         }},
+        {"List", [](ComboBox& self, Arguments a) { return Variant(entry(self, a[0]).text); },
+         [](ComboBox& self, Arguments a) {
+             a.require(2, 2);
+             entry(self, a[0]).text = a[1].toText();
+             self.changed();
+         }},
+        {"ListCount", [](ComboBox& self, Arguments) { return Variant(static_cast<std::int32_t>(self.entries_.size())); }},
+        {"ListIndex", [](ComboBox& self, Arguments) { return Variant(self.listIndex_); },
+         [](ComboBox& self, Arguments a) { self.setListIndex(a[0].toLong()); }},
+        {"NewIndex", [](ComboBox& self, Arguments) { return Variant(self.newIndex_); }},
+        {"Text", [](ComboBox& self, Arguments) { return Variant(self.text_); },
+         [](ComboBox& self, Arguments a) { self.setText(a[0].toText()); }},
+    };
+    return invokeControl(*this, members, member, access, arguments);
+}
+
+}  // namespace tsln

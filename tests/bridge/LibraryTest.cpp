@@ -1,0 +1,183 @@
+#include <filesystem>
+#include <fstream>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "lists/EditDialog.h"
+#include "support/Stage.h"
+
+namespace tsln::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+std::int32_t codeOf(const std::function<void()>& call) {
+    try {
+        call();
+    } catch (const HostError& error) {
+        return error.code();
+    }
+    return 0;
+}
+
+TEST(Operations, StandInTheirOrder) {
+    EXPECT_EQ(operations.size(), 95U);
+    // Landmarks: early-bound hosts call by these positions.
+    const std::pair<int, std::string_view> landmarks[] = {
+        {0, "SharedCodeLibrary"}, {3, "InitialSyncComplete"},         {16, "ShowEditPortfiolioTag"},
+        {33, "ShowEditLocation"}, {65, "ShowChooseAccouningApplication"}, {68, "ShowTerms"},
+        {78, "ShowEditTerms"},    {93, "ShowEditCustomerMeasurement"},    {94, "RunPackageProcessor"},
+    };
+    for (const auto& [number, name] : landmarks) EXPECT_EQ(operations[static_cast<std::size_t>(number)].name, name);
+    EXPECT_EQ(operations[8].visibility, Visibility::Private);
+    EXPECT_EQ(operations[94].visibility, Visibility::Internal);
+    EXPECT_EQ(std::ranges::count(operations, Visibility::Public, &OperationInfo::visibility), 93);
+}
+
+TEST(Library, AnswersByNameWithThePlatformsErrors) {
+    Stage stage;
+    Library& library = *stage.library;
+    stage.desktop.user<lists::EditDialog>("frmTerms_Edit", [](lists::EditDialog& d) { EXPECT_EQ(d.ID, 7); });
+    EXPECT_EQ(library.call("showeditterms", "7"), Variant(7));
+    Variant byReference(std::int16_t{9});
+    EXPECT_EQ(library.call("ShowEditTerms", Argument::byReference(byReference)), Variant(9));
+    EXPECT_EQ(byReference, Variant(std::int16_t{9}));
+
+    EXPECT_EQ(codeOf([&] { library.call("ShowEditTerms"); }), code::paramNotOptional);
+    EXPECT_EQ(codeOf([&] { library.call("ShowEditTerms", 1, 2); }), code::badParamCount);
+    EXPECT_EQ(codeOf([&] { library.call("ShowEditTerms", "seven"); }), code::typeMismatch);
+    EXPECT_EQ(codeOf([&] { library.call("ShowEditTerms", 3e9); }), code::overflow);
+    EXPECT_EQ(codeOf([&] { library.call("ShowMoveReferences", 70'000, 1); }), code::overflow);
+    EXPECT_EQ(codeOf([&] { library.call("NoSuchOperation"); }), code::unknownName);
+    EXPECT_EQ(codeOf([&] { library.call("CanDeleteDiscountGroup", 1); }), code::unknownName) << "private";
+    EXPECT_EQ(codeOf([&] { library.call("RunPackageProcessor", "", false); }), code::unknownName) << "internal";
+    EXPECT_EQ(codeOf([&] { library.put("SharedCodeLibrary", 1); }), code::memberNotFound);
+    EXPECT_EQ(codeOf([&] { library.call("Initialize", 5); }), code::typeMismatch);
+
+    // What is not built says so, by name, and shows nothing.
+    for (const OperationInfo& row : operations) {
+        if (library.isPluggedIn(row.operation)) continue;
+        std::vector<Argument> arguments(row.argumentCount, Argument(Variant(std::int16_t{1})));
+        try {
+            library.perform(row.operation, Arguments(arguments));
+            ADD_FAILURE() << row.name;
+        } catch (const HostError& error) {
+            EXPECT_EQ(error.code(), code::notImplemented);
+            EXPECT_THAT(error.text(), testing::HasSubstr(row.name));
+        }
+    }
+    EXPECT_THAT(stage.desktop.shown, ElementsAre("frmTerms_Edit", "frmTerms_Edit"));
+}
+
+TEST(Library, KeepsTheSharedCodeObjectFromInitializeToPreTerminate) {
+    ScriptedDesktop desktop;
+    Library library(desktop);
+    EXPECT_EQ(library.SharedCodeLibrary(), nullptr);
+    const auto host = RecordingHost::make();
+    const auto other = RecordingHost::make();
+    ObjectPtr first = host->sharedCode();
+    library.Initialize(first);
+    EXPECT_EQ(library.call("SharedCodeLibrary").toObject(), first);
+    library.Initialize(other->sharedCode());
+    EXPECT_EQ(first.use_count(), 1) << "a second call replaces the first object";
+    library.PreTerminate();
+    EXPECT_EQ(library.SharedCodeLibrary(), nullptr);
+    EXPECT_EQ(other->liveObjects(), 0);
+    library.PreTerminate();
+    library.Initialize(ObjectPtr());
+}
+
+TEST(Library, ScreensOfAnUninitialisedLibraryFailWithoutHarm) {
+    ScriptedDesktop desktop;
+    Library library(desktop);
+    lists::plugIn(library);
+    library.ShowTerms();
+    ASSERT_FALSE(desktop.boxes.empty());
+    EXPECT_EQ(desktop.boxes[0].text, "The library has not been initialized.");
+    EXPECT_TRUE(library.InitialSyncComplete()) << "every step raises, and a step that raises is passed over";
+}
+
+TEST(Library, OneInstanceOfAScreenAtATime) {
+    Stage stage;
+    stage.desktop.user<Screen>("frmTerms_Edit", [&](Screen&) {
+        EXPECT_EQ(codeOf([&] { stage.library->ShowEditTerms(0); }), code::alreadyShown);
+    });
+    stage.library->ShowEditTerms(0);
+    EXPECT_TRUE(stage.library->screens().empty());
+    stage.library->ShowEditTerms(0);
+    EXPECT_THAT(stage.desktop.shown, ElementsAre("frmTerms_Edit", "frmTerms_Edit"));
+}
+
+TEST(Library, SubObjectsAreFetchedAnewForEveryCall) {
+    // A host that replaces its shared-code object while a screen is open is honoured at the next call.
+    Stage stage;
+    const auto replacement = RecordingHost::make();
+    replacement->on("Database.ExecuteNonQueryWithID", Variant(5));
+    stage.desktop.user<lists::EditDialog>("frmTerms_Edit", [&](lists::EditDialog& dialog) {
+        stage.library->Initialize(replacement->sharedCode());
+        dynamic_cast<TextBox&>(*dialog.control("txtTerms")).userType("Net 1");
+        dialog.cmdOK.userPress();
+    });
+    EXPECT_EQ(stage.library->ShowEditTerms(0), 5);
+}
+
+TEST(InitialSyncComplete, EveryStepCounts) {
+    const std::string company = "SELECT COUNT(*) AS theCount FROM Company";
+    const std::string state = "SELECT SyncState FROM Company";
+    const std::string employees = "SELECT COUNT(*) AS theCount FROM Employees";
+    const std::string roleAccess = "SELECT COUNT(*) AS theCount FROM SecurityRoleAccess";
+    struct Case {
+        std::string statement;
+        RecordingHost::Answer answer;
+        bool complete;
+    };
+    const auto raises = [](Arguments) -> Variant { throw HostError(code::fail, "Host", "no"); };
+    const auto is = [](Variant value) { return [value](Arguments) { return value; }; };
+    const Case cases[] = {
+        {"", is(1), true},
+        {company, is(2), false},
+        {company, is(0), false},
+        {company, raises, true},
+        {state, is(3), false},
+        {state, is("4"), true},
+        {state, is("waiting"), true},  // no number: the conversion raises, the step is passed over
+        {state, raises, true},
+        {employees, is(0), false},
+        {employees, raises, true},
+        {roleAccess, is(0), false},
+        {roleAccess, is(Null()), true},
+    };
+    for (const Case& c : cases) {
+        Stage stage;
+        stage.host->on("Database.ExecuteScaler", [&](Arguments a) {
+            EXPECT_EQ(a.count(), 3U);
+            EXPECT_EQ(a[1], Variant(""));
+            EXPECT_EQ(a[2], Variant("0"));
+            if (a[0].toText() == c.statement) return c.answer(a);
+            return a[0].toText() == company ? Variant(1) : Variant(4);
+        });
+        EXPECT_EQ(stage.library->InitialSyncComplete(), c.complete) << c.statement;
+        EXPECT_FALSE(stage.told());
+    }
+}
+
+TEST(RunPackageProcessor, BuildsTheCommandLine) {
+    const std::string folder = testing::TempDir() + "package";
+    std::filesystem::create_directories(folder);
+    std::ofstream(folder + "/tsln5pkg.exe") << "#";
+    Stage stage;
+    stage.desktop.folder = folder;
+    stage.library->RunPackageProcessor("TSLN50_Terms", true);
+    stage.library->RunPackageProcessor("", true);
+    stage.library->RunPackageProcessor("A;B", false);
+    const std::string program = folder + "/tsln5pkg.exe";
+    EXPECT_THAT(stage.desktop.commandLines, ElementsAre(program + " /Keys:TSLN50_Terms /PSD:\"/psd/company.psd\"",
+                                                        program + " /EnterKeys /PSD:\"/psd/company.psd\""));
+    EXPECT_THAT(stage.desktop.opened, ElementsAre(program + "| /Keys:A;B /PSD:\"/psd/company.psd\""));
+    EXPECT_THAT(stage.desktop.boxes, IsEmpty());
+}
+
+}  // namespace
+}  // namespace tsln::test

@@ -1,0 +1,387 @@
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "lists/ListScreen.h"
+#include "support/Stage.h"
+
+namespace tsln::test {
+namespace {
+
+using lists::ListScreen;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr auto loadStatement = "SELECT * FROM Terms ORDER BY Terms";
+
+std::string termsRow(int ID, const std::string& name, const std::string& dueDays = "30") {
+    return "<Record><ID>" + std::to_string(ID) + "</ID><Terms>" + name + "</Terms><DueDays>" + dueDays +
+           "</DueDays><Discount>0.02</Discount><DiscountDays>10</DiscountDays></Record>";
+}
+
+std::string records(std::initializer_list<std::string> rows) {
+    std::string text = "<Records>";
+    for (const std::string& row : rows) text += row;
+    return text + "</Records>";
+}
+
+/// A stage whose company has three terms.
+struct TermsStage : Stage {
+    TermsStage() {
+        host->rows(loadStatement, records({termsRow(1, "COD", "0"), termsRow(2, "Net 15", "15"), termsRow(3, "Net 30")}));
+    }
+};
+
+std::vector<std::string> names(const ListScreen& list) {
+    std::vector<std::string> shown;
+    for (std::size_t row = 0; row < list.rptItems.rowCount(); ++row) shown.emplace_back(list.rptItems.rowText(row, 0));
+    return shown;
+}
+
+void select(ListScreen& list, std::vector<std::size_t> rows) {
+    list.rptItems.userSelect(rows, rows.empty() ? std::nullopt : std::optional(rows.back()));
+}
+
+void grant(Stage& stage, std::vector<int> rights) {
+    stage.host->on("Security.CanDo", [rights](Arguments a) {
+        EXPECT_EQ(a[0].toLong(), 106);
+        return Variant(std::ranges::find(rights, a[1].toLong()) != rights.end());
+    });
+}
+
+TEST(TermsList, ShowsTheRowsAndTellsHowItWasClosed) {
+    TermsStage stage;
+    stage.desktop.user<ListScreen>("frmTerms", [](ListScreen& list) {
+        EXPECT_EQ(list.caption(), "Terms");
+        EXPECT_THAT(names(list), ElementsAre("COD", "Net 15", "Net 30"));
+        EXPECT_EQ(list.rptItems.rowText(1, 1), "15");
+        EXPECT_EQ(list.rptItems.rowText(1, 2), "0.02");
+        EXPECT_EQ(list.rptItems.rowText(1, 3), "10");
+        EXPECT_TRUE(list.cmdNew.enabled());
+        EXPECT_FALSE(list.cmdEdit.enabled());
+        EXPECT_FALSE(list.cmdDelete.enabled());
+        list.cmdClose.userPress();
+    });
+    EXPECT_TRUE(stage.library->ShowTerms());
+    EXPECT_FALSE(stage.library->ShowTerms()) << "closed by the close box";
+    EXPECT_THAT(stage.host->callsOf("Database.ExecuteRead"), ElementsAre(loadStatement, loadStatement));
+    EXPECT_THAT(stage.desktop.boxes, IsEmpty());
+}
+
+TEST(TermsList, OffersTheDefaultsOnceWhileTheListIsEmpty) {
+    const std::string folder = testing::TempDir() + "defaults offered/";
+    std::filesystem::create_directories(folder);
+    std::ofstream(folder + "tsln5pkg.exe") << "#";
+    struct Case {
+        std::vector<int> rights;
+        MessageAnswer answer;
+        bool asked, installed;
+    };
+    for (const Case& c : {Case{{8, 16}, MessageAnswer::Yes, true, true}, Case{{8, 16}, MessageAnswer::No, true, false},
+                          Case{{8}, MessageAnswer::Yes, false, false}, Case{{16}, MessageAnswer::Yes, false, false}}) {
+        Stage stage;
+        grant(stage, c.rights);
+        stage.desktop.folder = folder;
+        stage.desktop.answers = {c.answer};
+        stage.desktop.whileProcessRuns = [&] { stage.host->rows(loadStatement, records({termsRow(1, "Net 10")})); };
+        stage.desktop.user<ListScreen>("frmTerms", [&](ListScreen& list) {
+            list.activate();  // a dialog on top closed: neither loaded nor asked again
+            EXPECT_EQ(list.rptItems.rowCount(), c.installed ? 1U : 0U);
+        });
+        stage.library->ShowTerms();
+        EXPECT_EQ(stage.desktop.boxes.size(), c.asked ? 1U : 0U);
+        if (c.asked) {
+            EXPECT_EQ(stage.desktop.boxes[0],
+                      (ScriptedDesktop::Box{"Would you like to install the default terms?", MessageButtons::YesNo,
+                                            MessageIcon::Question}));
+        }
+        EXPECT_EQ(stage.host->callsOf("Database.ExecuteRead").size(), c.installed ? 2U : 1U);
+        if (c.installed) {
+            EXPECT_THAT(stage.desktop.commandLines, ElementsAre("\"" + folder +
+                                                                "tsln5pkg.exe\" /Keys:TSLN50_Terms "
+                                                                "/PSD:\"/psd/company.psd\""));
+        } else {
+            EXPECT_THAT(stage.desktop.commandLines, IsEmpty());
+        }
+    }
+}
+
+TEST(TermsList, AMissingPackageProcessorIsToldAndTheListReloaded) {
+    Stage stage;
+    stage.desktop.answers = {MessageAnswer::Yes};
+    stage.library->ShowTerms();
+    ASSERT_EQ(stage.desktop.boxes.size(), 2U);
+    EXPECT_EQ(stage.desktop.boxes[1].text, "The TSLN 5 Package Processor cannot be found.");
+    EXPECT_EQ(stage.desktop.boxes[1].icon, MessageIcon::Exclamation);
+    EXPECT_EQ(stage.host->callsOf("Database.ExecuteRead").size(), 2U);
+}
+
+TEST(TermsList, ButtonsFollowSelectionAndRights) {
+    struct Case {
+        std::vector<int> rights;
+        bool canNew, canEdit, canDelete;
+    };
+    for (const Case& c : {Case{{8, 16, 32}, true, true, true}, Case{{}, false, false, false},
+                          Case{{16}, false, true, false}, Case{{8, 32}, true, false, true}}) {
+        TermsStage stage;
+        grant(stage, c.rights);
+        stage.desktop.user<ListScreen>("frmTerms", [&](ListScreen& list) {
+            EXPECT_EQ(list.cmdNew.enabled(), c.canNew);
+            select(list, {1});
+            EXPECT_EQ(list.cmdEdit.enabled(), c.canEdit);
+            EXPECT_EQ(list.cmdDelete.enabled(), c.canDelete);
+            // Several rows: Edit takes the focused one.
+            select(list, {0, 2});
+            EXPECT_EQ(list.cmdEdit.enabled(), c.canEdit);
+            // A selection without a focused row can be deleted, not edited.
+            list.rptItems.userSelect(std::vector<std::size_t>{0}, std::nullopt);
+            EXPECT_FALSE(list.cmdEdit.enabled());
+            EXPECT_EQ(list.cmdDelete.enabled(), c.canDelete);
+            select(list, {});
+            EXPECT_FALSE(list.cmdEdit.enabled());
+            EXPECT_FALSE(list.cmdDelete.enabled());
+            // Keys and double clicks open no way around a disabled button.
+            list.rptItems.userDoubleClick(0);
+            list.rptItems.userDeleteKey();
+            if (!c.canNew) list.rptItems.userInsertKey();
+        });
+        stage.library->ShowTerms();
+        EXPECT_THAT(stage.desktop.shown, ElementsAre("frmTerms"));
+        EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"), IsEmpty());
+    }
+}
+
+TEST(TermsList, GroupRowsCountNeitherForEditNorForDelete) {
+    TermsStage stage;
+    stage.desktop.user<ListScreen>("frmTerms", [](ListScreen& list) {
+        list.rptItems.groupBy(1);
+        ASSERT_EQ(list.rptItems.rowCount(), 6U);
+        ASSERT_TRUE(list.rptItems.row(0).isGroup());
+        select(list, {0});
+        EXPECT_FALSE(list.cmdEdit.enabled());
+        EXPECT_FALSE(list.cmdDelete.enabled());
+        select(list, {0, 1, 2, 3});
+        list.cmdDelete.userPress();
+    });
+    stage.library->ShowTerms();
+    EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"),
+                ElementsAre("DELETE FROM Terms WHERE ID = 1", "DELETE FROM Terms WHERE ID = 2"));
+}
+
+TEST(TermsList, NewAndEditShowTheSavedRow) {
+    TermsStage stage;
+    stage.host->rows("SELECT * FROM Terms WHERE ID = 4", records({termsRow(4, "Net 60", "60")}));
+    stage.host->rows("SELECT * FROM Terms WHERE ID = 2", records({termsRow(2, "Net 14", "14")}));
+    stage.host->on("Database.ExecuteNonQueryWithID", Variant(4));
+    for (const char* name : {"Net 60", "Net 14"}) {
+        stage.desktop.user<Screen>("frmTerms_Edit", [name](Screen& dialog) {
+            dynamic_cast<TextBox&>(*dialog.control("txtTerms")).userType(name);
+            dynamic_cast<Button&>(*dialog.control("cmdOK")).userPress();
+        });
+    }
+    stage.desktop.user<ListScreen>("frmTerms", [](ListScreen& list) {
+        list.rptItems.userInsertKey();
+        EXPECT_THAT(names(list), ElementsAre("COD", "Net 15", "Net 30", "Net 60"));
+        EXPECT_THAT(list.rptItems.selectedRows(), ElementsAre(3U)) << "the new row is at hand";
+        EXPECT_TRUE(list.cmdEdit.enabled());
+        select(list, {1});
+        list.rptItems.userDoubleClick(1);
+        EXPECT_THAT(names(list), ElementsAre("COD", "Net 14", "Net 30", "Net 60"));
+        list.cmdNew.userPress();  // left by Cancel: nothing read, nothing added
+        EXPECT_EQ(list.rptItems.rowCount(), 4U);
+    });
+    stage.library->ShowTerms();
+    EXPECT_THAT(stage.host->callsOf("Database.ExecuteRead"),
+                ElementsAre(loadStatement, "SELECT * FROM Terms WHERE ID = 4", "SELECT * FROM Terms WHERE ID = 2",
+                            "SELECT * FROM Terms WHERE ID = 2"));
+}
+
+TEST(TermsList, DeletesTheSelectionAtOnceAndStopsAtTheFirstFailure) {
+    TermsStage stage;
+    stage.host->on("Database.ExecuteNonQuery",
+                   [](Arguments a) { return Variant(!a[0].toText().ends_with("= 2")); });
+    stage.desktop.user<ListScreen>("frmTerms", [](ListScreen& list) {
+        select(list, {0, 1, 2});
+        list.rptItems.userDeleteKey();
+        EXPECT_THAT(names(list), ElementsAre("Net 15", "Net 30"));
+        EXPECT_EQ(list.caption(), "Terms");
+        EXPECT_FALSE(list.pointerBusy());
+        EXPECT_TRUE(list.cmdClose.enabled());
+    });
+    stage.library->ShowTerms();
+    EXPECT_THAT(stage.desktop.boxes, IsEmpty()) << "no confirmation is asked";
+    EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"),
+                ElementsAre("DELETE FROM Terms WHERE ID = 1", "DELETE FROM Terms WHERE ID = 2"));
+    EXPECT_THAT(stage.host->callsOf("ShowAndLogErrorMessage"),
+                ElementsAre("There was a problem deleting one or more term., {standard explanation}, "
+                            "the database's own words"));
+}
+
+TEST(ListScreen, ReferencedRowsAreRefusedWithTheirCountAndTheLoopGoesOn) {
+    const lists::DeletionCheck checks[] = {
+        {"SELECT COUNT(*) AS MyCount FROM Customers WHERE TermsID = {0}", "<Bold>{0}</Bold> has {1} customers.",
+         "Remove it there."},
+        {"SELECT COUNT(*) AS MyCount FROM Orders WHERE TermsID = {0}", "<Bold>{0}</Bold> has {1} orders.", "There."},
+    };
+    lists::ListDescription guarded = lists::termsList;
+    guarded.deletionChecks = checks;
+    TermsStage stage;
+    stage.host->on("Database.ExecuteScaler",
+                   [](Arguments a) { return Variant(a[0].toText().ends_with("Customers WHERE TermsID = 2") ? 7 : 0); });
+    stage.desktop.user<ListScreen>("frmTerms", [](ListScreen& list) {
+        select(list, {0, 1, 2});
+        list.cmdDelete.userPress();
+        EXPECT_THAT(names(list), ElementsAre("Net 15"));
+    });
+    lists::showList(*stage.library, guarded);
+    EXPECT_THAT(stage.host->callsOf("ShowMessageStyle1"),
+                ElementsAre("<Bold>Net 15</Bold> has 7 customers., Remove it there."));
+    EXPECT_THAT(stage.host->callsOf("Database.ExecuteScaler"),
+                ElementsAre("SELECT COUNT(*) AS MyCount FROM Customers WHERE TermsID = 1, , 0",
+                            "SELECT COUNT(*) AS MyCount FROM Orders WHERE TermsID = 1, , 0",
+                            "SELECT COUNT(*) AS MyCount FROM Customers WHERE TermsID = 2, , 0",
+                            "SELECT COUNT(*) AS MyCount FROM Customers WHERE TermsID = 3, , 0",
+                            "SELECT COUNT(*) AS MyCount FROM Orders WHERE TermsID = 3, , 0"));
+}
+
+TEST(ListScreen, IsMarkedBusyWhileItLoadsAndOpensNoCommandWithoutItsRight) {
+    TermsStage stage;
+    grant(stage, {16});
+    std::vector<std::string> captions;
+    stage.desktop.onYield = [&] {
+        if (auto* list = dynamic_cast<ListScreen*>(&*stage.library->screens().instance("frmTerms", [&] {
+                return std::make_shared<ListScreen>(*stage.library, lists::termsList);
+            }))) {
+            captions.push_back(list->caption() + (list->pointerBusy() ? "*" : "") +
+                               (list->cmdClose.enabled() ? "" : "!"));
+        }
+    };
+    stage.host->on("Database.ExecuteRead", [&](Arguments) -> Variant {
+        throw HostError(code::fail, "Database", "gone");
+    });
+    stage.desktop.user<ListScreen>("frmTerms", [](ListScreen& list) {
+        EXPECT_EQ(list.caption(), "Terms");
+        EXPECT_TRUE(list.cmdClose.enabled());
+    });
+    stage.library->ShowTerms();
+    EXPECT_THAT(captions, ElementsAre("Terms", "Terms (Busy...)*!"));
+    EXPECT_THAT(stage.host->callsOf("ShowAndLogErrorMessage"),
+                ElementsAre("The last action could not be completed., , gone"));
+}
+
+TEST(TermsList, MoreCommandsAreBuiltUpdatedAndExecuted) {
+    TermsStage stage;
+    grant(stage, {8, 16});
+    stage.desktop.popupChoices = {0, 28201, 28251, 28250};
+    stage.desktop.user<ListScreen>("frmTerms", [](ListScreen& list) {
+        select(list, {1});
+        for (int i = 0; i < 4; ++i) list.cmdMore.userPress();
+        list.userHelp();
+        list.cmdHelp.userPress();
+    });
+    stage.library->ShowTerms();
+
+    std::vector<std::string> commands;
+    for (const Command& c : stage.desktop.popups.at(0).commands) {
+        commands.push_back(std::to_string(c.id) + " " + c.caption + (c.enabled ? "" : " (off)"));
+    }
+    EXPECT_EQ(stage.desktop.popups.at(0).id, 28200);
+    EXPECT_THAT(commands, ElementsAre("28001 Import...", "28003 Export...", "28201 Print...", "28202 Save...",
+                                      "28250 Move References", "28251 Install Defaults"));
+    EXPECT_THAT(stage.desktop.printed, ElementsAre("Terms"));
+    EXPECT_EQ(stage.desktop.boxes.at(0).text, "The TSLN 5 Package Processor cannot be found.");
+    EXPECT_THAT(stage.host->callsOf("ShowAndLogErrorMessage"),
+                ElementsAre("The last action could not be completed., , ShowMoveReferences: this screen is not "
+                            "built yet."));
+    ASSERT_EQ(stage.desktop.help.size(), 2U);
+    EXPECT_EQ(stage.desktop.help[0].file, "UI Reference.chm");
+    EXPECT_EQ(stage.desktop.help[1].context, 40);
+}
+
+TEST(TermsList, ADisabledCommandIsNotExecuted) {
+    TermsStage stage;
+    grant(stage, {8});
+    stage.desktop.popupChoices = {28001, 28251, 28250};
+    stage.desktop.user<ListScreen>("frmTerms", [](ListScreen& list) {
+        for (int i = 0; i < 3; ++i) list.cmdMore.userPress();
+    });
+    stage.library->ShowTerms();
+    for (const int id : {28001, 28250, 28251}) {
+        const auto& commands = stage.desktop.popups.at(0).commands;
+        EXPECT_FALSE(std::ranges::find(commands, id, &Command::id)->enabled) << id;
+    }
+    EXPECT_THAT(stage.desktop.fileDialogs, IsEmpty());
+    EXPECT_THAT(stage.desktop.boxes, IsEmpty());
+    EXPECT_EQ(stage.host->callsOf("Database.ExecuteRead").size(), 1U);
+}
+
+TEST(TermsList, KeepsItsWindowPosition) {
+    const std::string key = "Software\\Kestrane\\Tessaline\\5.0\\Window Positions\\frmTerms|";
+    TermsStage stage;
+    stage.desktop.settings = {{key + "Left", "40"}, {key + "Width", "no number"}, {key + "Height", "99999999999999"}};
+    stage.desktop.user<ListScreen>("frmTerms", [](ListScreen& list) {
+        EXPECT_EQ(list.placement.left, 40);
+        EXPECT_EQ(list.placement.width, std::nullopt);
+        EXPECT_EQ(list.placement.height, std::nullopt);
+        list.placement.width = 640;
+    });
+    stage.library->ShowTerms();
+    EXPECT_EQ(stage.desktop.settings[key + "Left"], "40");
+    EXPECT_EQ(stage.desktop.settings[key + "Width"], "640");
+}
+
+TEST(TermsList, SavesTheRowsAsTextAsTheyAreShown) {
+    const std::string path = testing::TempDir() + "terms saved.txt";
+    TermsStage stage;
+    stage.host->rows(loadStatement, records({termsRow(1, "Net &quot;A&quot;&amp;#13;&amp;#10;B"), termsRow(2, "COD")}));
+    stage.desktop.popupChoices = {28202, 28202, 28202};
+    stage.desktop.files = {path, testing::TempDir() + "no such folder/terms.txt"};
+    stage.desktop.user<ListScreen>("frmTerms", [](ListScreen& list) {
+        list.rptItems.userClickHeader(0);
+        for (int i = 0; i < 3; ++i) list.cmdMore.userPress();
+    });
+    stage.library->ShowTerms();
+    std::ifstream file(path, std::ios::binary);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}),
+              "Terms\tDueDays\tDiscount\tDiscountDays\r\nCOD\t30\t0.02\t10\r\nNet \"A\"  B\t30\t0.02\t10\r\n");
+    EXPECT_THAT(stage.desktop.boxes, ElementsAre(ScriptedDesktop::Box{
+                                         "Unable to write the file. (1472)", MessageButtons::Ok,
+                                         MessageIcon::Critical}));
+    EXPECT_EQ(stage.desktop.fileDialogs.at(0).title, "Save As");
+    EXPECT_THAT(stage.desktop.fileDialogs.at(0).filters, ElementsAre("Text Files|*.txt", "All Files (*.*)|*.*"));
+}
+
+TEST(TermsList, EveryHostFaultIsToldAndLeavesTheListStanding) {
+    for (const bool empty : {true, false}) {
+        sweepFaults(
+            [&](Stage& stage) {
+                if (!empty) stage.host->rows(loadStatement, records({termsRow(1, "COD"), termsRow(2, "Net 15")}));
+                stage.desktop.answers = {MessageAnswer::Yes};
+                stage.desktop.popupChoices = {28001, 28003, 28250, 28251};
+                stage.desktop.files = {"in.xml", "out.xml"};
+                stage.desktop.user<Screen>("frmTerms_Edit", [](Screen& dialog) {
+                    dynamic_cast<TextBox&>(*dialog.control("txtTerms")).userType("Net 60");
+                    dynamic_cast<Button&>(*dialog.control("cmdOK")).userPress();
+                });
+                stage.desktop.user<ListScreen>("frmTerms", [](ListScreen& list) {
+                    list.cmdNew.userPress();
+                    for (int i = 0; i < 4; ++i) list.cmdMore.userPress();
+                    if (list.rptItems.rowCount() > 0) select(list, {0});
+                    list.cmdEdit.userPress();
+                    list.cmdDelete.userPress();
+                    EXPECT_FALSE(list.pointerBusy());
+                    EXPECT_EQ(list.caption(), "Terms");
+                    EXPECT_TRUE(list.cmdClose.enabled());
+                    list.cmdClose.userPress();
+                });
+                EXPECT_TRUE(stage.library->ShowTerms());
+            },
+            [](Stage& stage) { EXPECT_TRUE(stage.told()); });
+    }
+}
+
+}  // namespace
+}  // namespace tsln::test

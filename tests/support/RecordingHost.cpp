@@ -1,0 +1,113 @@
+#include "support/RecordingHost.h"
+
+#include <algorithm>
+#include <set>
+
+namespace tsln::test {
+namespace {
+
+class Document : public Object {
+  public:
+    explicit Document(std::string xml) : xml_(std::move(xml)) {}
+    Variant invoke(std::string_view member, Access, Arguments) override {
+        if (!sameName(member, "xml")) raiseUnknownMember("Document", member);
+        return xml_;
+    }
+
+  private:
+    std::string xml_;
+};
+
+const std::set<std::string> subObjects{"Database", "Common",   "Security", "Options",
+                                       "Messages", "Activity", "Profiles"};
+
+std::string describe(const Variant& value) { return value.isObject() ? "object" : value.toText(); }
+
+}  // namespace
+
+class RecordingHost::Part : public Object {
+  public:
+    Part(std::weak_ptr<RecordingHost> host, std::string prefix)
+        : host_(std::move(host)), prefix_(std::move(prefix)) {}
+
+    Variant invoke(std::string_view member, Access access, Arguments arguments) override {
+        const auto host = host_.lock();
+        if (!host) throw HostError(code::fail, "RecordingHost", "used after its end");
+        return host->answer(prefix_ + std::string(member), access, arguments);
+    }
+
+  private:
+    std::weak_ptr<RecordingHost> host_;
+    std::string prefix_;
+};
+
+std::shared_ptr<RecordingHost> RecordingHost::make() { return std::make_shared<RecordingHost>(); }
+
+ObjectPtr RecordingHost::sharedCode() { return part(""); }
+
+ObjectPtr RecordingHost::component(std::string_view programId) { return part(std::string(programId) + "."); }
+
+ObjectPtr RecordingHost::part(std::string prefix) {
+    const auto made = std::make_shared<Part>(weak_from_this(), std::move(prefix));
+    parts_.push_back(made);
+    return made;
+}
+
+int RecordingHost::liveObjects() const {
+    return static_cast<int>(std::ranges::count_if(parts_, [](const auto& part) { return !part.expired(); }));
+}
+
+Variant RecordingHost::answer(const std::string& path, Access access, Arguments arguments) {
+    const bool fetch = subObjects.contains(path);
+    if (!fetch) {
+        std::string call = path + (access == Access::Put ? "=(" : "(");
+        for (std::size_t i = 0; i < arguments.count(); ++i) {
+            call += (i > 0 ? ", " : "") + describe(arguments[i]);
+        }
+        calls.push_back(call + ")");
+    }
+    if (const int number = callCount_++; fault_ && fault_->number == number) {
+        switch (fault_->fault) {
+            case Fault::Raise: throw HostError(code::fail, "Host", "The host raised an error.");
+            case Fault::False: return false;
+            case Fault::Nothing: return ObjectPtr();
+            case Fault::WrongType: return "neither fish nor fowl";
+        }
+    }
+    if (fetch) return part(path + ".");
+    const auto own = answers_.find(path);
+    return own != answers_.end() ? own->second(arguments) : usualAnswer(path, arguments);
+}
+
+Variant RecordingHost::usualAnswer(const std::string& path, Arguments arguments) {
+    if (path == "Database.ExecuteRead") {
+        const auto found = rows_.find(arguments[0].toText());
+        return makeDocument(found == rows_.end() ? "<Records/>" : found->second);
+    }
+    if (path == "Database.ExecuteScaler") return 0;
+    if (path == "Database.ExecuteNonQuery") return true;
+    if (path == "Database.ExecuteNonQueryWithID") return 1;
+    if (path == "Database.LastSQLErrorDescription") return "the database's own words";
+    if (path == "Common.RecordExists") return false;
+    if (path == "Security.CanDo") return true;
+    if (path == "PSDFile") return "/psd/company.psd";
+    if (path == "tslniee5.Engine.ImportFile" || path == "tslniee5.Engine.DoExport") return true;
+    return {};
+}
+
+std::vector<std::string> RecordingHost::callsOf(std::string_view path) const {
+    std::vector<std::string> found;
+    const std::string start = std::string(path) + "(";
+    for (const std::string& call : calls) {
+        if (call.starts_with(start)) found.push_back(call.substr(start.size(), call.size() - start.size() - 1));
+    }
+    return found;
+}
+
+bool RecordingHost::told() const {
+    return std::ranges::any_of(calls, [](const std::string& call) { return call.starts_with("Show"); });
+}
+
+ObjectPtr makeDocument(std::string xml) { return std::make_shared<Document>(std::move(xml)); }
+
+}  // namespace tsln::test

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "screens/CommandBars.h"
+#include "screens/Desktop.h"
+#include "screens/Screen.h"
+
+namespace tsln::test {
+
+/// A desktop without windows: what the user does stands in scripts, what the user sees is written down.
+class ScriptedDesktop : public Desktop {
+  public:
+    /// What the user does on the next showing of the screen of that name. Without a script, or when it ends and
+    /// leaves the screen open, the user closes it by its close box.
+    template <class S, class Act>
+    void user(std::string_view screenName, Act act) {
+        scripts[std::string(screenName)].push_back([act](Screen& screen) { act(dynamic_cast<S&>(screen)); });
+    }
+
+    struct Box {
+        std::string text;
+        MessageButtons buttons;
+        MessageIcon icon;
+        bool operator==(const Box&) const = default;
+    };
+    struct FileDialog {
+        std::string title;
+        std::vector<std::string> filters;  ///< "caption|pattern"
+    };
+    struct HelpCall {
+        std::string file;
+        std::int32_t context;
+    };
+
+    std::map<std::string, std::deque<std::function<void(Screen&)>>> scripts;
+    std::vector<std::string> shown;      ///< the screens in the order they were shown
+    std::vector<Box> boxes;              ///< the message boxes
+    std::deque<MessageAnswer> answers;   ///< to questions; No when there is none left
+    std::deque<std::string> files;       ///< picked in file dialogs; cancelled when there is none left
+    std::vector<FileDialog> fileDialogs;
+    std::deque<int> popupChoices;        ///< 0 when there is none left
+    std::vector<Command> popups;         ///< as they were shown
+    std::vector<std::string> printed;    ///< titles of print previews
+    std::vector<HelpCall> help;
+    std::vector<std::string> commandLines;  ///< waited for
+    std::vector<std::string> opened;        ///< by the shell
+    std::function<void()> whileProcessRuns;
+    std::map<std::string, std::string> settings;  ///< by "key|value"
+    std::function<ObjectPtr(std::string_view programId)> components;
+    std::string folder = "/nowhere";
+    int yields = 0;
+    std::function<void()> onYield;
+
+    void showModal(Screen& screen) override;
+    MessageAnswer messageBox(Screen* owner, std::string_view text, MessageButtons buttons, MessageIcon icon) override;
+    std::optional<std::string> openFile(Screen& owner, std::string_view title,
+                                        std::span<const FileFilter> filters) override;
+    std::optional<std::string> saveFile(Screen& owner, std::string_view title,
+                                        std::span<const FileFilter> filters) override;
+    int choosePopup(Screen& owner, const Command& popup, Control& below) override;
+    void printPreview(Screen& owner, const ReportControl& report, std::string_view title) override;
+    void showHelp(Screen& owner, std::string_view file, std::int32_t context) override;
+    void yield() override;
+    ProcessEnd runAndWait(std::string_view commandLine) override;
+    void shellOpen(std::string_view file, std::string_view arguments) override;
+    std::string applicationFolder() override { return folder; }
+    std::optional<std::string> readSetting(std::string_view key, std::string_view value) override;
+    void writeSetting(std::string_view key, std::string_view value, std::string_view text) override;
+    ObjectPtr createObject(std::string_view programId) override;
+
+  private:
+    std::optional<std::string> pickFile(std::string_view title, std::span<const FileFilter> filters);
+};
+
+}  // namespace tsln::test
