@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "lists/EditDialog.h"
-#include "support/Stage.h"
+#include "tests/support/Stage.h"
 
 namespace tsln::test {
 namespace {

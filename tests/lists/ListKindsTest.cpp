@@ -4,7 +4,7 @@
 #include "lists/ListCommands.h"
 #include "lists/ListKinds.h"
 #include "lists/ListScreen.h"
-#include "support/Stage.h"
+#include "tests/support/Stage.h"
 
 namespace tsln::test {
 namespace {
@@ -102,7 +102,9 @@ TEST(ListKinds, FailuresAreToldAndTheEngineIsTerminatedAllTheSame) {
             EXPECT_THAT(stage.desktop.boxes, ElementsAre(Box{importing ? "The terms could not be imported."
                                                                        : "The terms could not be exported.",
                                                              MessageButtons::Ok, MessageIcon::Exclamation}));
-            if (member != "Initialize") EXPECT_EQ(stage.host->callsOf("tslniee5.Engine.PreTerminate").size(), 1U);
+            if (member != "Initialize") {
+                EXPECT_EQ(stage.host->callsOf("tslniee5.Engine.PreTerminate").size(), 1U);
+            }
         }
     }
 }

@@ -2,7 +2,9 @@
 #include <gtest/gtest.h>
 
 #include "lists/EditDialog.h"
-#include "support/Stage.h"
+#include "shared/modSharedSQL.h"
+#include "shared/modSharedStrings.h"
+#include "tests/support/Stage.h"
 
 namespace tsln::test {
 namespace {
@@ -150,7 +152,9 @@ TEST(TermsDialog, NumbersAreCorrectedBeforeTheyReachTheDatabase) {
                         ElementsAre("INSERT INTO Terms (Terms,DueDays,Discount,DiscountDays,Exported) VALUES('T', " +
                                     std::string(c.filled) + ", 0)"))
                 << c.dueIn;
-            if (withChecker) EXPECT_THAT(seen, ElementsAre(c.dueIn, c.days));
+            if (withChecker) {
+                EXPECT_THAT(seen, ElementsAre(c.dueIn, c.days));
+            }
         }
     }
 }
@@ -229,8 +233,9 @@ TEST(TermsDialog, ARowThatCouldNotBeReadCannotBeSavedOver) {
 TEST(TermsDialog, OddNamesTravelWhole) {
     std::string longName;
     while (longName.size() < 60'000) longName += "Zahlung \xF0\x9F\xAA\x9F \"\\ ";
-    for (const std::string& name : {std::string("a'b''c"), std::string("line one\r\nline two"), std::string("{0}{16}"),
-                                    std::string("<Bold>x</Bold>"), modSharedStrings::trim(longName)}) {
+    const std::string names[] = {"a'b''c", "line one\r\nline two", "{0}{16}", "<Bold>x</Bold>",
+                                 modSharedStrings::trim(longName)};
+    for (const std::string& name : names) {
         Stage stage;
         stage.desktop.user<EditDialog>("frmTerms_Edit", [&](EditDialog& dialog) {
             box(dialog, "txtTerms").userType(name);

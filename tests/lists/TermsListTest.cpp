@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "lists/ListScreen.h"
-#include "support/Stage.h"
+#include "tests/support/Stage.h"
 
 namespace tsln::test {
 namespace {
@@ -275,7 +275,7 @@ TEST(ListScreen, IsMarkedBusyWhileItLoadsAndOpensNoCommandWithoutItsRight) {
 TEST(TermsList, MoreCommandsAreBuiltUpdatedAndExecuted) {
     TermsStage stage;
     grant(stage, {8, 16});
-    stage.desktop.popupChoices = {0, 28201, 28251, 28250};
+    stage.desktop.popupChoices = {0, 28201, 28250, 28251};
     stage.desktop.user<ListScreen>("frmTerms", [](ListScreen& list) {
         select(list, {1});
         for (int i = 0; i < 4; ++i) list.cmdMore.userPress();

@@ -1,4 +1,4 @@
-#include "support/ScriptedDesktop.h"
+#include "tests/support/ScriptedDesktop.h"
 
 namespace tsln::test {
 namespace {

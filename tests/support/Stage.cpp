@@ -1,4 +1,4 @@
-#include "support/Stage.h"
+#include "tests/support/Stage.h"
 
 #include <gtest/gtest.h>
 

@@ -5,8 +5,8 @@
 
 #include "bridge/Library.h"
 #include "lists/Lists.h"
-#include "support/RecordingHost.h"
-#include "support/ScriptedDesktop.h"
+#include "tests/support/RecordingHost.h"
+#include "tests/support/ScriptedDesktop.h"
 
 namespace tsln::test {
 
