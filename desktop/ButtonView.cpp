@@ -1,0 +1,50 @@
+#include <wx/button.h>
+
+#include "desktop/ControlView.h"
+#include "desktop/ScreenDialog.h"
+#include "desktop/Text.h"
+#include "screens/Controls.h"
+
+namespace tsln::desktop {
+namespace {
+
+class ButtonView : public ControlView {
+  public:
+    ButtonView(ScreenDialog& dialog, wxWindow* parent, Button& button)
+        : ControlView(dialog, button),
+          button_(button),
+          window_(new wxButton(parent, wxID_ANY, toWx(button.caption()))) {
+        setWindow(window_);
+        window_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { press(); });
+        if (button.role() == Button::Role::Default) window_->SetDefault();
+    }
+
+    bool takesKey(const wxKeyEvent& key) override {
+        if (key.GetKeyCode() != WXK_RETURN && key.GetKeyCode() != WXK_NUMPAD_ENTER) return false;
+        press();
+        return true;
+    }
+
+  private:
+    void press() {
+        act([this] { button_.userPress(); });
+    }
+
+    void updateContent() override {
+        const wxString caption = toWx(button_.caption());
+        if (caption == window_->GetLabel()) return;
+        window_->SetLabel(caption);
+        dialog().layoutChanged();
+    }
+
+    Button& button_;
+    wxButton* window_;
+};
+
+}  // namespace
+
+ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, Button& button) {
+    return std::make_unique<ButtonView>(dialog, parent, button);
+}
+
+}  // namespace tsln::desktop

@@ -1,0 +1,135 @@
+#include "desktop/Dialogs.h"
+
+#include <wx/filedlg.h>
+#include <wx/filename.h>
+#include <wx/generic/msgdlgg.h>
+#include <wx/menu.h>
+#include <wx/msgdlg.h>
+
+#include "desktop/Text.h"
+
+namespace tsln::desktop {
+namespace {
+
+#ifdef __WXGTK__
+using MessageDialog = wxGenericMessageDialog;  // the native one shows no icon
+#else
+using MessageDialog = wxMessageDialog;
+#endif
+
+constexpr char messageTitle[] = "Tessaline";
+
+long styleOf(MessageButtons buttons) {
+    switch (buttons) {
+        case MessageButtons::Ok:
+            return wxOK;
+        case MessageButtons::OkCancel:
+            return wxOK | wxCANCEL;
+        case MessageButtons::YesNo:
+            return wxYES_NO | wxYES_DEFAULT;
+    }
+    return wxOK;
+}
+
+long styleOf(MessageIcon icon) {
+    switch (icon) {
+        case MessageIcon::None:
+            return wxICON_NONE;
+        case MessageIcon::Information:
+            return wxICON_INFORMATION;
+        case MessageIcon::Question:
+            return wxICON_QUESTION;
+        case MessageIcon::Exclamation:
+            return wxICON_WARNING;
+        case MessageIcon::Critical:
+            return wxICON_ERROR;
+    }
+    return wxICON_NONE;
+}
+
+wxString wildcard(std::span<const FileFilter> filters) {
+    wxString text;
+    for (const FileFilter& filter : filters) {
+        wxString caption = toWx(filter.caption);
+        const wxString pattern = toWx(filter.pattern);
+        if (!caption.Contains(pattern)) caption << " (" << pattern << ")";
+        if (!text.empty()) text << "|";
+        text << caption << "|" << pattern;
+    }
+    return text;
+}
+
+void fillMenu(wxMenu& menu, const Command& popup) {
+    for (const Command& command : popup.commands) {
+        if (command.beginsGroup && menu.GetMenuItemCount() > 0) menu.AppendSeparator();
+        if (command.commands.empty()) {
+            menu.Append(command.id, toWx(command.caption))->Enable(command.enabled);
+        } else {
+            auto* inner = new wxMenu;
+            fillMenu(*inner, command);
+            menu.AppendSubMenu(inner, toWx(command.caption))->Enable(command.enabled);
+        }
+    }
+}
+
+}  // namespace
+
+MessageAnswer askMessage(wxWindow* owner, const wxString& text, MessageButtons buttons, MessageIcon icon) {
+    MessageDialog box(owner, text, messageTitle, styleOf(buttons) | styleOf(icon) | wxCENTRE);
+    switch (box.ShowModal()) {
+        case wxID_OK:
+            return MessageAnswer::Ok;
+        case wxID_YES:
+            return MessageAnswer::Yes;
+        default:
+            break;
+    }
+    switch (buttons) {
+        case MessageButtons::Ok:
+            return MessageAnswer::Ok;
+        case MessageButtons::OkCancel:
+            return MessageAnswer::Cancel;
+        case MessageButtons::YesNo:
+            return MessageAnswer::No;
+    }
+    return MessageAnswer::Ok;
+}
+
+std::string withExtension(const std::string& name, const FileFilter& filter) {
+    const std::string first = filter.pattern.substr(0, filter.pattern.find(';'));
+    const bool takesAny = !first.starts_with("*.") || first.find_first_of("*?", 2) != std::string::npos;
+    if (takesAny || !wxFileName(toWx(name)).GetExt().empty()) return name;
+    return name + (name.ends_with('.') ? first.substr(2) : first.substr(1));
+}
+
+std::optional<std::string> askFile(wxWindow* owner, FileDialogKind kind, const wxString& title,
+                                   std::span<const FileFilter> filters) {
+    const bool saving = kind == FileDialogKind::Save;
+    wxString name;
+    for (;;) {
+        wxFileDialog dialog(owner, title, {}, name, wildcard(filters),
+                            saving ? wxFD_SAVE | wxFD_OVERWRITE_PROMPT : wxFD_OPEN | wxFD_FILE_MUST_EXIST);
+        if (dialog.ShowModal() != wxID_OK) return std::nullopt;
+        const std::string chosen = fromWx(dialog.GetPath());
+        if (!saving) return chosen;
+        const auto filter = static_cast<std::size_t>(dialog.GetFilterIndex());
+        const std::string full = filter < filters.size() ? withExtension(chosen, filters[filter]) : chosen;
+        // The dialog asked about the name as it was typed; the extension may make it an existing one.
+        if (full == chosen || !wxFileExists(toWx(full))) return full;
+        const wxString question = wxString::Format("The file '%s' already exists. Do you want to replace it?",
+                                                   wxFileName(toWx(full)).GetFullName());
+        if (askMessage(owner, question, MessageButtons::YesNo, MessageIcon::Question) == MessageAnswer::Yes) {
+            return full;
+        }
+        name = toWx(full);
+    }
+}
+
+int askPopup(wxWindow& window, const Command& popup, const wxPoint& position) {
+    wxMenu menu;
+    fillMenu(menu, popup);
+    const int chosen = window.GetPopupMenuSelectionFromUser(menu, window.ScreenToClient(position));
+    return chosen == wxID_NONE ? 0 : chosen;
+}
+
+}  // namespace tsln::desktop

@@ -1,0 +1,32 @@
+#include <wx/panel.h>
+#include <wx/statbox.h>
+
+#include "desktop/ControlView.h"
+#include "desktop/Text.h"
+#include "screens/Controls.h"
+
+namespace tsln::desktop {
+namespace {
+
+/// A frame holds the windows within it, so that they are disabled and hidden along with it.
+class FrameView : public ControlView {
+  public:
+    FrameView(ScreenDialog& dialog, wxWindow* parent, Frame& frame) : ControlView(dialog, frame) {
+        if (frame.caption().empty()) {
+            setWindow(new wxPanel(parent));
+        } else {
+            setWindow(new wxStaticBox(parent, wxID_ANY, toWx(frame.caption())));
+        }
+    }
+
+  private:
+    void updateContent() override {}
+};
+
+}  // namespace
+
+ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, Frame& frame) {
+    return std::make_unique<FrameView>(dialog, parent, frame);
+}
+
+}  // namespace tsln::desktop

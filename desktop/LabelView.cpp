@@ -1,0 +1,42 @@
+#include <wx/stattext.h>
+
+#include "desktop/ControlView.h"
+#include "desktop/ScreenDialog.h"
+#include "desktop/Text.h"
+#include "screens/Controls.h"
+
+namespace tsln::desktop {
+namespace {
+
+constexpr int widestLine = 480;  // pixels at 96 per inch; longer text is wrapped
+
+class LabelView : public ControlView {
+  public:
+    LabelView(ScreenDialog& dialog, wxWindow* parent, Label& label)
+        : ControlView(dialog, label), label_(label), text_(new wxStaticText(parent, wxID_ANY, {})) {
+        setWindow(text_);
+    }
+
+  private:
+    void updateContent() override {
+        const wxString caption = toWx(label_.caption());
+        if (caption == caption_) return;
+        caption_ = caption;
+        text_->SetLabel(caption);
+        const int most = text_->FromDIP(widestLine);
+        if (text_->GetBestSize().x > most) text_->Wrap(most);
+        dialog().layoutChanged();
+    }
+
+    Label& label_;
+    wxStaticText* text_;
+    wxString caption_;
+};
+
+}  // namespace
+
+ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, Label& label) {
+    return std::make_unique<LabelView>(dialog, parent, label);
+}
+
+}  // namespace tsln::desktop

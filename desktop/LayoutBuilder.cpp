@@ -1,0 +1,219 @@
+#include "desktop/LayoutBuilder.h"
+
+#include <algorithm>
+
+#include <wx/button.h>
+#include <wx/gbsizer.h>
+#include <wx/sizer.h>
+#include <wx/statbox.h>
+#include <wx/stattext.h>
+
+#include "desktop/Accessibility.h"
+#include "desktop/ControlView.h"
+#include "desktop/ScreenDialog.h"
+#include "desktop/Text.h"
+#include "screens/Controls.h"
+
+namespace tsln::desktop {
+namespace {
+
+constexpr int dialogMargin = 12;  // pixels at 96 per inch
+
+bool isColumn(const Layout& layout) {
+    return layout.kind != Layout::Kind::Row;
+}
+
+/// What a screen reader says for a label: without the mnemonic's mark and the colon.
+wxString spokenName(const wxString& label) {
+    wxString name = wxControl::RemoveMnemonics(label);
+    if (name.EndsWith(":")) name.RemoveLast();
+    return name;
+}
+
+}  // namespace
+
+LayoutBuilder::LayoutBuilder(ScreenDialog& dialog)
+    : dialog_(dialog), gap_(wxSizerFlags::GetDefaultBorder()) {}
+
+wxSizer* LayoutBuilder::build(const Layout& layout) {
+    const Part part = make(layout, &dialog_);
+    auto* outer = new wxBoxSizer(wxVERTICAL);
+    const wxSizerFlags flags = wxSizerFlags(1).Expand().Border(wxALL, dialog_.FromDIP(dialogMargin));
+    if (part.sizer) {
+        outer->Add(part.sizer, flags);
+    } else if (part.window) {
+        outer->Add(part.window, flags);
+    }
+    return outer;
+}
+
+LayoutBuilder::Part LayoutBuilder::make(const Layout& layout, wxWindow* parent) {
+    switch (layout.kind) {
+        case Layout::Kind::Item:
+            return layout.control ? makeControl(*layout.control, parent, lastLabel_) : Part();
+        case Layout::Kind::Field:
+            return makeField(layout, parent);
+        case Layout::Kind::Row:
+        case Layout::Kind::Column:
+        case Layout::Kind::Form:
+            return makeBox(layout, parent);
+        case Layout::Kind::Spring:
+            return {};
+    }
+    return {};
+}
+
+LayoutBuilder::Part LayoutBuilder::makeControl(Control& control, wxWindow* parent, const wxString& label) {
+    ControlView* view = dialog_.addView(makeView(dialog_, parent, control));
+    if (!view) return {};
+    if (auto* text = dynamic_cast<Label*>(&control)) {
+        lastLabel_ = toWx(text->caption());
+    } else {
+        const wxString name =
+            control.accessibleName.empty() ? spokenName(label) : toWx(control.accessibleName);
+        if (!name.empty()) setAccessibleName(view->inputWindow(), name);
+        if (!label.empty()) dialog_.addMnemonic(label, *view);
+        lastLabel_.clear();
+    }
+    return {.window = &view->window(),
+            .view = view,
+            .isGroup = view->growsHigh(),
+            .growsWide = view->growsWide(),
+            .growsHigh = view->growsHigh()};
+}
+
+/// A row, column or form, within its frame if it has one.
+LayoutBuilder::Part LayoutBuilder::makeBox(const Layout& layout, wxWindow* parent) {
+    ControlView* frame =
+        layout.control ? dialog_.addView(makeView(dialog_, parent, *layout.control)) : nullptr;
+    wxWindow* inside = frame ? &frame->window() : parent;
+    Part part;
+    if (layout.kind == Layout::Kind::Form) {
+        part = makeForm(layout, inside);
+    } else {
+        part = fillBox(layout, inside, new wxBoxSizer(isColumn(layout) ? wxVERTICAL : wxHORIZONTAL));
+    }
+    if (!frame) return part;
+    if (auto* box = dynamic_cast<wxStaticBox*>(inside)) {
+        auto* framed = new wxStaticBoxSizer(box, wxVERTICAL);
+        framed->Add(part.sizer, wxSizerFlags(1).Expand().Border(wxALL, gap_));
+        part.sizer = framed;
+    } else {
+        inside->SetSizer(part.sizer);
+        part.sizer = nullptr;
+        part.window = inside;
+    }
+    return part;
+}
+
+LayoutBuilder::Part LayoutBuilder::fillBox(const Layout& layout, wxWindow* parent, wxSizer* sizer) {
+    const bool column = isColumn(layout);
+    const bool onlyButtons = std::ranges::all_of(layout.children, [](const Layout& child) {
+        return child.kind == Layout::Kind::Spring || dynamic_cast<Button*>(child.control);
+    });
+    Part whole{.sizer = sizer, .isGroup = true, .growsWide = column};
+    bool first = true;
+    bool afterGroup = false;
+    for (const Layout& child : layout.children) {
+        if (child.kind == Layout::Kind::Spring) {
+            sizer->AddStretchSpacer();
+            continue;
+        }
+        const Part part = make(child, parent);
+        if (!part.window && !part.sizer) continue;
+        // Groups keep more distance than single controls.
+        if (!first) sizer->AddSpacer(part.isGroup || afterGroup ? 2 * gap_ : gap_);
+        afterGroup = part.isGroup;
+        first = false;
+
+        wxSizerFlags flags(child.stretches ? 1 : 0);
+        const bool across =
+            column ? part.growsWide || part.isGroup || onlyButtons : part.growsHigh || part.isGroup;
+        if (across) {
+            flags.Expand();
+        } else if (!column) {
+            flags.CentreVertical();
+        }
+        if (part.sizer) {
+            sizer->Add(part.sizer, flags);
+        } else {
+            sizer->Add(part.window, flags);
+        }
+        whole.growsWide = whole.growsWide || (part.growsWide && child.stretches);
+        whole.growsHigh = whole.growsHigh || part.growsHigh;
+    }
+    equalizeButtons(layout.children);
+    return whole;
+}
+
+/// Buttons side by side or one below the other are of one width.
+void LayoutBuilder::equalizeButtons(const std::vector<Layout>& children) {
+    std::vector<wxWindow*> buttons;
+    int width = wxButton::GetDefaultSize(&dialog_).x;
+    for (const Layout& child : children) {
+        if (child.kind != Layout::Kind::Item || !dynamic_cast<Button*>(child.control)) continue;
+        const ControlView* view = dialog_.viewOf(*child.control);
+        buttons.push_back(&view->window());
+        width = std::max(width, buttons.back()->GetBestSize().x);
+    }
+    for (wxWindow* button : buttons)
+        button->SetMinSize({width, -1});
+}
+
+wxWindow* LayoutBuilder::makeLabel(const Layout& field, wxWindow* parent) {
+    return new wxStaticText(parent, wxID_ANY, toWx(field.caption));
+}
+
+LayoutBuilder::Part LayoutBuilder::makeField(const Layout& layout, wxWindow* parent) {
+    auto* row = new wxBoxSizer(wxHORIZONTAL);
+    wxWindow* label = makeLabel(layout, parent);
+    row->Add(label, wxSizerFlags().CentreVertical());
+    row->AddSpacer(2 * gap_);
+    Part part = makeControl(*layout.control, parent, toWx(layout.caption));
+    if (part.view) part.view->setLabel(label);
+    if (part.window) row->Add(part.window, wxSizerFlags(part.growsWide ? 1 : 0).CentreVertical());
+    part.window = nullptr;
+    part.sizer = row;
+    part.isGroup = part.isGroup || part.growsWide;
+    return part;
+}
+
+LayoutBuilder::Part LayoutBuilder::makeForm(const Layout& layout, wxWindow* parent) {
+    auto* grid = new wxGridBagSizer(gap_, 2 * gap_);
+    Part whole{.sizer = grid, .isGroup = true, .growsWide = true};
+    int row = 0;
+    for (const Layout& child : layout.children) {
+        if (child.kind == Layout::Kind::Field) {
+            wxWindow* label = makeLabel(child, parent);
+            const Part part = makeControl(*child.control, parent, toWx(child.caption));
+            if (!part.window) continue;
+            part.view->setLabel(label);
+            const int labelSide = part.growsHigh ? wxALIGN_TOP | wxTOP : wxALIGN_CENTRE_VERTICAL;
+            grid->Add(label, {row, 0}, {1, 1}, labelSide, dialog_.FromDIP(4));
+            const int fill = part.growsHigh || part.growsWide ? int(wxEXPAND) : int(wxALIGN_CENTRE_VERTICAL);
+            grid->Add(part.window, {row, 1}, {1, 1}, fill);
+            whole.growsHigh = whole.growsHigh || part.growsHigh;
+        } else {
+            const Part part = make(child, parent);
+            if (part.sizer) {
+                grid->Add(part.sizer, {row, 0}, {1, 2}, wxEXPAND);
+            } else if (part.window) {
+                const int fill = part.growsHigh || part.growsWide ? int(wxEXPAND) : int(wxALIGN_LEFT);
+                grid->Add(part.window, {row, 0}, {1, 2}, fill);
+            } else {
+                grid->Add(0, 0, {row, 0});
+            }
+            whole.growsHigh = whole.growsHigh || part.growsHigh;
+        }
+        if (child.stretches) grid->AddGrowableRow(static_cast<std::size_t>(row), 1);
+        ++row;
+    }
+    if (grid->GetChildren().empty()) return whole;
+    // A form of nothing but what spans both columns has no second one to grow.
+    const bool hasFields = std::ranges::any_of(
+        layout.children, [](const Layout& child) { return child.kind == Layout::Kind::Field; });
+    grid->AddGrowableCol(hasFields ? 1 : 0, 1);
+    return whole;
+}
+
+}  // namespace tsln::desktop

@@ -1,0 +1,71 @@
+#ifndef _WIN32
+#include <cerrno>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "desktop/Process.h"
+
+extern char** environ;
+
+namespace tsln::desktop {
+namespace {
+
+/// The pointers exec and spawn want; they point into `words`, which must outlive them.
+std::vector<char*> pointersTo(std::vector<std::string>& words) {
+    std::vector<char*> pointers;
+    for (std::string& word : words)
+        pointers.push_back(word.data());
+    pointers.push_back(nullptr);
+    return pointers;
+}
+
+ProcessEnd endOf(int status) {
+    ProcessEnd end{.started = true};
+    if (WIFEXITED(status)) end.exitCode = WEXITSTATUS(status);
+    if (WIFSIGNALED(status)) end.exitCode = -WTERMSIG(status);
+    return end;
+}
+
+}  // namespace
+
+ProcessEnd runProcess(std::string_view commandLine, const std::function<void()>& idle) {
+    std::vector<std::string> words = splitCommandLine(commandLine);
+    if (words.empty()) return {};
+    std::vector<char*> arguments = pointersTo(words);
+    pid_t process = 0;
+    if (posix_spawnp(&process, arguments[0], nullptr, nullptr, arguments.data(), environ) != 0) return {};
+
+    int status = 0;
+    for (;;) {
+        const pid_t ended = waitpid(process, &status, WNOHANG);
+        if (ended == process) return endOf(status);
+        if (ended < 0 && errno != EINTR) return {.started = true};  // somebody else has collected its end
+        idle();
+    }
+}
+
+void openDetached(std::string_view file, std::string_view arguments) {
+    std::vector<std::string> words = splitCommandLine(arguments);
+    const std::string program(file);
+    // A bare name is looked for on the path, as a program; what is there but cannot be run is a document.
+    const bool isDocument = access(program.c_str(), F_OK) == 0 && access(program.c_str(), X_OK) != 0;
+    words.insert(words.begin(), program);
+    if (isDocument || program.find("://") != std::string::npos) words.insert(words.begin(), "xdg-open");
+    std::vector<char*> pointers = pointersTo(words);
+
+    // The grandchild belongs to nobody here: it outlives this program and leaves no zombie behind.
+    const pid_t child = fork();
+    if (child == 0) {
+        setsid();
+        if (fork() == 0) execvp(pointers[0], pointers.data());
+        _exit(0);
+    }
+    if (child > 0) {
+        while (waitpid(child, nullptr, 0) < 0 && errno == EINTR) {
+        }
+    }
+}
+
+}  // namespace tsln::desktop
+#endif

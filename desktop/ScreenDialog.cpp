@@ -1,0 +1,348 @@
+#include "desktop/ScreenDialog.h"
+
+#include <algorithm>
+#include <utility>
+
+#include <wx/display.h>
+#include <wx/sizer.h>
+#include <wx/utils.h>
+
+#include "desktop/LayoutBuilder.h"
+#include "desktop/Placement.h"
+#include "desktop/Text.h"
+#include "screens/Controls.h"
+
+namespace tsln::desktop {
+namespace {
+
+long styleOf(const Screen& screen) {
+    return wxDEFAULT_DIALOG_STYLE | (screen.resizable ? wxRESIZE_BORDER | wxMAXIMIZE_BOX : 0);
+}
+
+bool isButton(const Control& control, Button::Role role) {
+    const auto* button = dynamic_cast<const Button*>(&control);
+    return button && button->role() == role;
+}
+
+bool takesFocus(const Control& control) {
+    return control.enabled() && control.visible() && !dynamic_cast<const Label*>(&control) &&
+           !dynamic_cast<const Frame*>(&control);
+}
+
+void setPointer(wxWindow& window, const wxCursor& cursor) {
+    window.SetCursor(cursor);
+    for (wxWindow* child : window.GetChildren())
+        setPointer(*child, cursor);
+}
+
+}  // namespace
+
+ScreenDialog::ScreenDialog(wxWindow* owner, Screen& screen)
+    : wxDialog(owner, wxID_ANY, toWx(screen.caption()), wxDefaultPosition, wxDefaultSize, styleOf(screen)),
+      screen_(screen) {
+    SetEscapeId(wxID_NONE);  // Esc is dealt with here, by the screen's own buttons
+    SetSizer(LayoutBuilder(*this).build(screen.layout()));
+    for (const ControlViewPtr& view : views_)
+        view->update();
+    place();
+    screen_.setView(this);
+    showPointer();
+
+    Bind(wxEVT_CHAR_HOOK, &ScreenDialog::onKey, this);
+    Bind(wxEVT_CHILD_FOCUS, &ScreenDialog::onChildFocus, this);
+    Bind(wxEVT_ACTIVATE, &ScreenDialog::onActivate, this);
+    Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent& event) {
+        event.Veto();  // only the screen decides
+        requestClose();
+    });
+    Bind(wxEVT_MOVE, [this](wxMoveEvent& event) {
+        rememberPlacement();
+        event.Skip();
+    });
+    Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+        rememberPlacement();
+        event.Skip();
+    });
+}
+
+ScreenDialog::~ScreenDialog() {
+    screen_.setView(nullptr);
+    acting_ = true;  // windows on their way out still send events
+    DestroyChildren();
+}
+
+void ScreenDialog::run() {
+    if (!screen_.shown()) return;
+    setInitialFocus();
+    // The window system may never tell of the first activation (no window manager, another program in front).
+    CallAfter([this] { activate(); });
+    Raise();
+    ShowModal();
+}
+
+// Acts
+// --------------------------------------------------------------------------------------------------------
+
+void ScreenDialog::act(const std::function<void()>& what) {
+    if (acting_ || !screen_.shown()) return;
+    acting_ = true;
+    screen_.handle([&] {
+        for (const ControlViewPtr& view : views_)
+            view->settle();
+        what();
+    });
+    screen_.handle([this] { drawChanges(); });
+    acting_ = false;
+    if (!screen_.shown()) {
+        if (IsModal()) EndModal(wxID_OK);
+    } else if (std::exchange(closePending_, false)) {
+        CallAfter([this] { requestClose(); });
+    }
+}
+
+void ScreenDialog::drawChanges() {
+    while (!changed_.empty()) {
+        for (ControlView* view : std::exchange(changed_, {}))
+            view->update();
+    }
+    if (!std::exchange(layoutDirty_, false)) return;
+    const wxSize least = updateLeastSize();
+    wxSize size = screen_.resizable ? GetSize() : least;
+    size.IncTo(least);
+    if (size != GetSize()) SetSize(size);
+    Layout();
+}
+
+void ScreenDialog::activate() {
+    if (acting_ || !IsModal() || (activated_ && !activationPending_)) return;
+    activated_ = true;
+    activationPending_ = false;
+    act([this] { screen_.activate(); });
+}
+
+void ScreenDialog::requestClose() {
+    if (acting_) {
+        closePending_ = true;
+        return;
+    }
+    act([this] { screen_.userClose(); });
+}
+
+// What the screen tells
+// ---------------------------------------------------------------------------------------
+
+void ScreenDialog::controlChanged(Control& control) {
+    ControlView* view = viewOf(control);
+    if (!view) return;
+    changed_.insert(view);
+    if (!acting_) drawChanges();
+}
+
+void ScreenDialog::screenChanged() {
+    if (const wxString caption = toWx(screen_.caption()); caption != GetTitle()) SetTitle(caption);
+    showPointer();
+    if (!screen_.shown() && !acting_ && IsModal()) EndModal(wxID_OK);
+}
+
+void ScreenDialog::focusChanged(Control& control) {
+    if (ControlView* view = viewOf(control)) {
+        drawChanges();  // it may have been enabled just now
+        moveFocus(*view);
+    }
+}
+
+void ScreenDialog::showPointer() {
+    if (pointerBusy_ == screen_.pointerBusy()) return;
+    pointerBusy_ = screen_.pointerBusy();
+    setPointer(*this, pointerBusy_ ? *wxHOURGLASS_CURSOR : wxNullCursor);
+}
+
+// Place
+// -------------------------------------------------------------------------------------------------------
+
+/// The size at which every control has what it would like, which may be more than its least size.
+wxSize ScreenDialog::naturalSize() {
+    std::vector<wxSize> least;
+    for (const ControlViewPtr& view : views_) {
+        least.push_back(view->window().GetMinSize());
+        wxSize preferred = view->preferredSize();
+        preferred.IncTo(least.back());
+        view->window().SetMinSize(preferred);
+    }
+    const wxSize client = GetSizer()->CalcMin();
+    for (std::size_t i = 0; i < views_.size(); ++i)
+        views_[i]->window().SetMinSize(least[i]);
+    return ClientToWindowSize(client);
+}
+
+wxSize ScreenDialog::updateLeastSize() {
+    const wxSize least = ClientToWindowSize(GetSizer()->CalcMin());
+    SetMinSize(least);
+    return least;
+}
+
+void ScreenDialog::place() {
+    const wxSize natural = naturalSize();
+    updateLeastSize();
+    const Screen::Placement& stored = screen_.placement;
+    const wxWindow* owner = GetParent();
+    int display = owner ? wxDisplay::GetFromWindow(owner) : wxNOT_FOUND;
+    if (stored.left) {
+        const wxPoint middle(FromDIP(*stored.left) + GetSize().x / 2, owner ? owner->GetScreenRect().y : 0);
+        if (const int there = wxDisplay::GetFromPoint(middle); there != wxNOT_FOUND) display = there;
+    }
+    const wxRect area =
+        wxDisplay(display == wxNOT_FOUND ? 0u : static_cast<unsigned>(display)).GetClientArea();
+
+    // In the units of the stored values, so that one rule serves displays of any density.
+    const auto toDip = [this](const wxRect& rect) {
+        return wxRect(ToDIP(rect.GetPosition()), ToDIP(rect.GetSize()));
+    };
+    const Surroundings around{
+        .display = toDip(area),
+        .owner = toDip(owner && owner->IsShown() ? owner->GetScreenRect() : area),
+        .least = ToDIP(GetMinSize()),
+        .natural = ToDIP(natural),
+    };
+    const wxRect rect = placeWindow(stored, screen_.resizable, around);
+    SetSize(wxRect(FromDIP(rect.GetPosition()), FromDIP(rect.GetSize())));
+    if (stored.maximized && screen_.resizable) Maximize();
+}
+
+void ScreenDialog::rememberPlacement() {
+    if (!IsShown() || IsIconized()) return;
+    Screen::Placement& placement = screen_.placement;
+    placement.maximized = IsMaximized();
+    if (placement.maximized) return;  // the size to come back to stays
+    const wxRect rect = GetRect();
+    placement.left = ToDIP(rect.x);
+    placement.width = ToDIP(rect.width);
+    placement.height = ToDIP(rect.height);
+}
+
+// Focus
+// -------------------------------------------------------------------------------------------------------
+
+ControlView* ScreenDialog::viewAt(const wxWindow* window) const {
+    for (; window && window != this; window = window->GetParent()) {
+        for (const ControlViewPtr& view : views_) {
+            if (&view->window() == window) return view.get();
+        }
+    }
+    return nullptr;
+}
+
+void ScreenDialog::setInitialFocus() {
+    ControlView* first = screen_.focusedControl() ? viewOf(*screen_.focusedControl()) : nullptr;
+    if (!first) {
+        const auto found =
+            std::ranges::find_if(views_, [](const auto& view) { return takesFocus(view->control()); });
+        if (found != views_.end()) first = found->get();
+    }
+    if (first) moveFocus(*first);
+}
+
+/// Moves the focus by the screen's own wish, which is no leaving of a control by the user.
+void ScreenDialog::moveFocus(ControlView& view) {
+    focused_ = &view;
+    view.inputWindow().SetFocus();
+}
+
+void ScreenDialog::onChildFocus(wxChildFocusEvent& event) {
+    event.Skip();
+    ControlView* now = viewAt(event.GetWindow());
+    if (!now || now == focused_) return;
+    ControlView* before = std::exchange(focused_, now);
+    act([this, before, now] {
+        screen_.userFocused(now->control());
+        if (before) before->control().userLeft();
+    });
+}
+
+void ScreenDialog::onActivate(wxActivateEvent& event) {
+    event.Skip();
+    // The first one comes from run(); one that comes while the screen is at work is that work's own doing.
+    if (!event.GetActive() || !activated_ || acting_ || activationPending_) return;
+    activationPending_ = true;
+    CallAfter([this] {
+        if (acting_) activationPending_ = false;
+        activate();
+    });
+}
+
+// Keys
+// --------------------------------------------------------------------------------------------------------
+
+void ScreenDialog::onKey(wxKeyEvent& event) {
+    if (!pressKey(event)) event.Skip();
+}
+
+bool ScreenDialog::pressKey(const wxKeyEvent& key) {
+    ControlView* focus = viewAt(wxWindow::FindFocus());
+    if (focus && focus->takesKey(key)) return true;
+    if (key.GetModifiers() == wxMOD_ALT) return pressMnemonic(key);
+    if (key.HasAnyModifiers()) return false;
+    const int code = key.GetKeyCode();
+    if (code != WXK_F1 && focus && focus->wantsKey(code)) return false;
+    switch (code) {
+        case WXK_F1:
+            act([this] { screen_.userHelp(); });
+            return true;
+        case WXK_ESCAPE:
+            if (!press([](const Control& c) { return isButton(c, Button::Role::Cancel); })) requestClose();
+            return true;
+        case WXK_RETURN:
+        case WXK_NUMPAD_ENTER:
+            return press([](const Control& c) { return isButton(c, Button::Role::Default); });
+        default:
+            return false;
+    }
+}
+
+/// Presses the first button that is meant; false when the screen has none.
+bool ScreenDialog::press(bool (*isMeant)(const Control& control)) {
+    for (const ControlViewPtr& view : views_) {
+        if (!isMeant(view->control())) continue;
+        act([&] { static_cast<Button&>(view->control()).userPress(); });
+        return true;
+    }
+    return false;
+}
+
+bool ScreenDialog::pressMnemonic(const wxKeyEvent& key) {
+    const auto found = viewsByMnemonic_.find(key.GetKeyCode());
+    if (found == viewsByMnemonic_.end()) return false;
+    for (ControlView* view : found->second) {
+        if (!takesFocus(view->control())) continue;
+        view->inputWindow().SetFocus();
+        return true;
+    }
+    return false;
+}
+
+void ScreenDialog::addMnemonic(const wxString& label, ControlView& view) {
+    for (std::size_t i = 0; i + 1 < label.size(); ++i) {
+        if (label[i] != '&') continue;
+        const wxUniChar letter = label[++i];
+        if (letter == '&') continue;
+        viewsByMnemonic_[wxToupper(letter)].push_back(&view);
+        return;
+    }
+}
+
+// Views
+// -------------------------------------------------------------------------------------------------------
+
+ControlView* ScreenDialog::addView(ControlViewPtr view) {
+    if (!view) return nullptr;
+    viewByControl_[&view->control()] = view.get();
+    views_.push_back(std::move(view));
+    return views_.back().get();
+}
+
+ControlView* ScreenDialog::viewOf(const Control& control) const {
+    const auto found = viewByControl_.find(&control);
+    return found == viewByControl_.end() ? nullptr : found->second;
+}
+
+}  // namespace tsln::desktop

@@ -1,0 +1,81 @@
+#pragma once
+
+#include <functional>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+#include <wx/dialog.h>
+
+#include "desktop/ControlView.h"
+#include "screens/Screen.h"
+
+namespace tsln::desktop {
+
+/// The window of a screen while it is shown: built from the screen's layout, keeps it drawn, and reports the
+/// user's acts to it. One act at a time: what the user does while the screen is at work is not passed on.
+class ScreenDialog : public wxDialog, private ScreenView {
+  public:
+    /// Both must outlive the dialog.
+    ScreenDialog(wxWindow* owner, Screen& screen);
+    ~ScreenDialog() override;
+
+    /// Shows the dialog and returns when the screen is hidden or unloaded.
+    void run();
+
+    Screen& screen() const noexcept { return screen_; }
+    /// Runs an act of the user, then draws what it changed. Nothing happens while another one runs or the
+    /// screen is gone. What it throws is reported by the screen.
+    void act(const std::function<void()>& what);
+    /// Draws what has changed so far; for an act that is about to wait for something.
+    void drawChanges();
+
+    // For the layout and the views
+    // ----------------------------------------------------------------------------
+    /// Takes the view over and returns it; null is passed through.
+    ControlView* addView(ControlViewPtr view);
+    /// Alt and the letter that the label marks moves the focus to the view.
+    void addMnemonic(const wxString& label, ControlView& view);
+    ControlView* viewOf(const Control& control) const;
+    /// Something changed its size or came or went.
+    void layoutChanged() { layoutDirty_ = true; }
+
+  private:
+    void controlChanged(Control& control) override;
+    void screenChanged() override;
+    void focusChanged(Control& control) override;
+
+    ControlView* viewAt(const wxWindow* window) const;
+    void place();
+    wxSize naturalSize();
+    wxSize updateLeastSize();
+    void rememberPlacement();
+    void setInitialFocus();
+    void moveFocus(ControlView& view);
+    void activate();
+    void requestClose();
+    void showPointer();
+
+    void onActivate(wxActivateEvent& event);
+    void onChildFocus(wxChildFocusEvent& event);
+    void onKey(wxKeyEvent& event);
+    bool pressKey(const wxKeyEvent& key);
+    bool pressMnemonic(const wxKeyEvent& key);
+    bool press(bool (*isMeant)(const Control& control));
+
+    Screen& screen_;
+    std::vector<ControlViewPtr> views_;
+    std::unordered_map<const Control*, ControlView*> viewByControl_;
+    std::unordered_map<int, std::vector<ControlView*>> viewsByMnemonic_;
+    std::unordered_set<ControlView*> changed_;
+    ControlView* focused_ = nullptr;
+    bool layoutDirty_ = false;
+    bool acting_ = false;
+    bool activated_ = false;
+    bool activationPending_ = false;
+    bool closePending_ = false;
+    bool placed_ = false;
+    bool pointerBusy_ = false;
+};
+
+}  // namespace tsln::desktop

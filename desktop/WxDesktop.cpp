@@ -1,0 +1,180 @@
+#include "desktop/WxDesktop.h"
+
+#include <algorithm>
+#include <memory>
+
+#include <wx/app.h>
+#include <wx/evtloop.h>
+#include <wx/filename.h>
+#include <wx/log.h>
+#include <wx/stdpaths.h>
+#include <wx/utils.h>
+#include <wx/weakref.h>
+
+#include "desktop/Dialogs.h"
+#include "desktop/HelpWindow.h"
+#include "desktop/Process.h"
+#include "desktop/ReportPrinter.h"
+#include "desktop/ScreenDialog.h"
+#include "desktop/Text.h"
+
+namespace tsln::desktop {
+namespace {
+
+constexpr unsigned long waitSlice = 20;  // milliseconds
+
+/// Runs the loop that is active, or a new one where none is yet.
+class ActiveLoop {
+  public:
+    ActiveLoop() {
+        if (!wxEventLoopBase::GetActive()) {
+            own_ = std::make_unique<wxGUIEventLoop>();
+            activator_ = std::make_unique<wxEventLoopActivator>(own_.get());
+        }
+    }
+    wxEventLoopBase* operator->() const { return wxEventLoopBase::GetActive(); }
+
+  private:
+    std::unique_ptr<wxGUIEventLoop> own_;
+    std::unique_ptr<wxEventLoopActivator> activator_;
+};
+
+/// Gives the focus back to the window that had it, which disabling it has taken away.
+class FocusKeeper {
+  public:
+    FocusKeeper() : window_(wxWindow::FindFocus()) {}
+    ~FocusKeeper() {
+        if (window_) window_->SetFocus();
+    }
+
+  private:
+    wxWeakRef<wxWindow> window_;
+};
+
+}  // namespace
+
+WxDesktop::WxDesktop(ComponentFactory components, std::string settingsFile)
+    : components_(std::move(components)), settings_(std::move(settingsFile)) {}
+
+WxDesktop::~WxDesktop() = default;
+
+// Screens
+// -----------------------------------------------------------------------------------------------------
+
+void WxDesktop::showModal(Screen& screen) {
+    drawChanges();
+    ScreenDialog dialog(windowFor(nullptr), screen);
+    dialogs_.push_back(&dialog);
+    dialog.run();
+    std::erase(dialogs_, &dialog);
+}
+
+wxWindow* WxDesktop::windowFor(const Screen* owner) const {
+    if (ScreenDialog* dialog = dialogOf(owner)) return dialog;
+    if (!dialogs_.empty()) return dialogs_.back();
+    wxWindow* main = wxTheApp->GetTopWindow();
+    return main && main->IsShown() ? main : nullptr;
+}
+
+ScreenDialog* WxDesktop::dialogOf(const Screen* screen) const {
+    const auto found =
+        std::ranges::find_if(dialogs_, [&](ScreenDialog* d) { return &d->screen() == screen; });
+    return found == dialogs_.end() ? nullptr : *found;
+}
+
+void WxDesktop::drawChanges() {
+    for (ScreenDialog* dialog : dialogs_)
+        dialog->drawChanges();
+}
+
+// Dialogs
+// -----------------------------------------------------------------------------------------------------
+
+MessageAnswer WxDesktop::messageBox(Screen* owner, std::string_view text, MessageButtons buttons,
+                                    MessageIcon icon) {
+    drawChanges();
+    return askMessage(windowFor(owner), toWx(text), buttons, icon);
+}
+
+std::optional<std::string> WxDesktop::openFile(Screen& owner, std::string_view title,
+                                               std::span<const FileFilter> filters) {
+    drawChanges();
+    return askFile(windowFor(&owner), FileDialogKind::Open, toWx(title), filters);
+}
+
+std::optional<std::string> WxDesktop::saveFile(Screen& owner, std::string_view title,
+                                               std::span<const FileFilter> filters) {
+    drawChanges();
+    return askFile(windowFor(&owner), FileDialogKind::Save, toWx(title), filters);
+}
+
+int WxDesktop::choosePopup(Screen& owner, const Command& popup, Control& below) {
+    drawChanges();
+    ScreenDialog* dialog = dialogOf(&owner);
+    if (!dialog) return 0;
+    const ControlView* view = dialog->viewOf(below);
+    return askPopup(*dialog, popup, view ? view->popupPosition() : wxGetMousePosition());
+}
+
+void WxDesktop::printPreview(Screen& owner, const ReportControl& report, std::string_view title) {
+    drawChanges();
+    previewReport(windowFor(&owner), report, toWx(title));
+}
+
+void WxDesktop::showHelp(Screen& owner, std::string_view file, std::int32_t context) {
+    drawChanges();
+    showHelpWindow(windowFor(&owner), applicationFolder(), std::string(file), context);
+}
+
+// Processes
+// ---------------------------------------------------------------------------------------------------
+
+void WxDesktop::yield() {
+    drawChanges();
+    const ActiveLoop loop;
+    if (loop->IsYielding()) return;
+    // Input stays in the queue until the screen that is at work has finished.
+    loop->YieldFor(wxEVT_CATEGORY_UI | wxEVT_CATEGORY_TIMER);
+    for (ScreenDialog* dialog : dialogs_)
+        dialog->Update();
+}
+
+ProcessEnd WxDesktop::runAndWait(std::string_view commandLine) {
+    drawChanges();
+    ProcessEnd end;
+    {
+        const FocusKeeper focus;
+        const wxWindowDisabler disabler;
+        const ActiveLoop loop;
+        end = runProcess(commandLine, [&] { loop->DispatchTimeout(waitSlice); });
+    }
+    if (onProcessEnd) onProcessEnd(commandLine, end);
+    return end;
+}
+
+void WxDesktop::shellOpen(std::string_view file, std::string_view arguments) {
+    openDetached(file, arguments);
+}
+
+std::string WxDesktop::applicationFolder() {
+    return fromWx(wxFileName(wxStandardPaths::Get().GetExecutablePath()).GetPath());
+}
+
+// Settings and components
+// -------------------------------------------------------------------------------------
+
+std::optional<std::string> WxDesktop::readSetting(std::string_view key, std::string_view value) {
+    return settings_.read(key, value);
+}
+
+void WxDesktop::writeSetting(std::string_view key, std::string_view value, std::string_view text) {
+    settings_.write(key, value, text);
+}
+
+ObjectPtr WxDesktop::createObject(std::string_view programId) {
+    if (ObjectPtr object = components_ ? components_(programId) : nullptr) return object;
+    throw HostError(code::classNotRegistered, std::string(programId),
+                    "The component '" + std::string(programId) + "' is not installed.");
+}
+
+}  // namespace tsln::desktop
