@@ -31,15 +31,23 @@ class SqlError : public std::runtime_error {
     int code_;
 };
 
+/// What opening a company may do to its file.
+enum class Access {
+    Create,     ///< read and write; made when it does not exist
+    ReadWrite,  ///< read and write; it must exist
+    ReadOnly,   ///< read only; it must exist
+};
+
 /// One company's database: an SQLite file that understands the statements written for SQL Server.
 ///
-/// Text compares without letter case. A file opened read-only (by its permissions) can be read; every write
-/// then fails with SqlError. Not for use from two threads.
+/// Text compares without letter case and without blanks at its end. A file opened read-only (by its
+/// permissions or by Access) can be read; every write then fails with SqlError. When another program holds
+/// the file, a statement waits two seconds before it fails. Not for use from two threads.
 class Company {
   public:
-    /// Opens the file, making it with a retailer's demonstration data when it does not exist.
-    /// Throws CompanyFileError.
-    explicit Company(const std::string& path);
+    /// Opens the file, making it with a retailer's demonstration data when it does not exist and `access`
+    /// lets it. A file made comes into being whole or not at all. Throws CompanyFileError.
+    explicit Company(const std::string& path, Access access = Access::Create);
     ~Company();
     Company(const Company&) = delete;
     Company& operator=(const Company&) = delete;
@@ -47,18 +55,24 @@ class Company {
     const std::string& path() const noexcept;
     bool readOnly() const noexcept;
 
-    /// Runs a SELECT and returns its rows as a query result document: "<Records><Record>...</Record></Records>",
-    /// a child element per column that is not NULL, carriage return and line feed in values as "&#13;" and
-    /// "&#10;" texts. Throws SqlError.
+    /// Runs a SELECT and returns its rows as a query result document:
+    /// "<Records><Record>...</Record></Records>", a child element per column that is not NULL, carriage
+    /// return and line feed in values as "&#13;" and
+    /// "&#10;" texts. Columns of the same name follow each other; a character of a column's name that no
+    /// element name may have becomes "_xHHHH_". Numbers have a point, dates are "YYYY-MM-DDTHH:MM:SS", bytes
+    /// are hexadecimal; a character that XML cannot hold becomes U+FFFD. Throws SqlError.
     std::string read(std::string_view sql);
-    /// The first column of the first row; Null for a NULL, Empty when there is no row. Throws SqlError.
+    /// The first column of the first row: a Long (a 64-bit number when it is too large for one), a Double,
+    /// text (of bytes hexadecimal); Null for a NULL, Empty when there is no row. Throws SqlError.
     Variant scalar(std::string_view sql);
-    /// Runs any other statement and returns the number of rows it changed. Throws SqlError.
+    /// Runs any statement, drops what rows it gives, and returns the number of rows it changed. Throws
+    /// SqlError.
     std::int64_t execute(std::string_view sql);
-    /// The identity value of the row that the last INSERT made.
+    /// The identity value of the row that the last INSERT made; 0 before the first.
     std::int32_t lastInsertId() const noexcept;
 
-    /// Runs `work` in one transaction: all of it or, when it throws, nothing.
+    /// Runs `work` in one transaction: all of it or, when it throws, nothing. Not to be nested. Throws
+    /// SqlError and whatever `work` throws.
     template <class F>
     void transaction(F&& work) {
         begin();

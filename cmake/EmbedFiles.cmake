@@ -1,0 +1,20 @@
+# Writes a source file that holds other files as texts, so that the program needs none of them when it runs.
+#   cmake -DOUTPUT=... -DFUNCTION=ns::name -DFILES=a,b -P EmbedFiles.cmake
+string(REPLACE "," ";" FILES "${FILES}")
+string(REGEX MATCH "^(.*)::([^:]+)$" matched "${FUNCTION}")
+set(space "${CMAKE_MATCH_1}")
+set(name "${CMAKE_MATCH_2}")
+
+set(text "#include \"workbench/company/EmbeddedFile.h\"\n\nnamespace ${space} {\n\n")
+set(entries "")
+set(number 0)
+foreach(file ${FILES})
+    get_filename_component(fileName ${file} NAME)
+    file(READ ${file} content)
+    string(APPEND text "static const char file${number}[] = R\"~~~~(${content})~~~~\";\n\n")
+    string(APPEND entries "    {\"${fileName}\", {file${number}, sizeof file${number} - 1}},\n")
+    math(EXPR number "${number} + 1")
+endforeach()
+string(APPEND text "static const EmbeddedFile files[] = {\n${entries}};\n\n")
+string(APPEND text "std::span<const EmbeddedFile> ${name}() { return files; }\n\n}  // namespace ${space}\n")
+file(WRITE ${OUTPUT} "${text}")

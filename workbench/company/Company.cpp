@@ -1,0 +1,154 @@
+#include "workbench/company/Company.h"
+
+#include <cstdint>
+
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <sqlite3.h>
+
+#include "workbench/company/CompanyFile.h"
+#include "workbench/company/RecordsXml.h"
+#include "workbench/company/SqlDialect.h"
+
+namespace tsln::workbench {
+
+namespace {
+
+/// The failure in words for the user where SQLite's are for programmers.
+SqlError toSqlError(const SQLite::Exception& error) {
+    std::string text;
+    switch (error.getErrorCode()) {
+        case SQLITE_BUSY:
+        case SQLITE_LOCKED:
+            text = "The company is in use by another program.";
+            break;
+        case SQLITE_READONLY:
+            text = "The company file can only be read.";
+            break;
+        case SQLITE_FULL:
+            text = "The disk is full.";
+            break;
+        case SQLITE_CORRUPT:
+        case SQLITE_NOTADB:
+            text = "The company file is damaged.";
+            break;
+        case SQLITE_IOERR:
+            text = "The company file cannot be read or written (" + std::string(error.what()) + ").";
+            break;
+        case SQLITE_CANTOPEN:
+            text = "The company's folder cannot be written to.";
+            break;
+        default:
+            text = error.what();
+    }
+    return SqlError(error.getExtendedErrorCode() != 0 ? error.getExtendedErrorCode() : error.getErrorCode(),
+                    text);
+}
+
+template <class F>
+auto orSqlError(F&& work) {
+    try {
+        return work();
+    } catch (const SQLite::Exception& error) {
+        throw toSqlError(error);
+    }
+}
+
+Variant toVariant(const SQLite::Column& column) {
+    switch (column.getType()) {
+        case SQLITE_NULL:
+            return Null{};
+        case SQLITE_INTEGER: {
+            std::int64_t value = column.getInt64();
+            if (value >= INT32_MIN && value <= INT32_MAX) return std::int32_t(value);
+            return value;
+        }
+        case SQLITE_FLOAT:
+            return column.getDouble();
+        default:
+            return column.getString();
+    }
+}
+
+}  // namespace
+
+struct Company::Impl {
+    std::string path;
+    std::unique_ptr<SQLite::Database> database;
+    bool readOnly = false;
+    std::int32_t lastInsertId = 0;
+
+    SQLite::Statement query(std::string_view sql) {
+        SqlTranslation translation = translateSql(sql);
+        if (translation.kind != SqlTranslation::Kind::Query) {
+            throw SqlError(SQLITE_ERROR, "The statement changes the company and gives no rows to read.");
+        }
+        return SQLite::Statement(*database, translation.sql);
+    }
+};
+
+Company::Company(const std::string& path, Access access) : impl_(std::make_unique<Impl>()) {
+    impl_->path = path;
+    impl_->database = openCompanyFile(path, access);
+    impl_->readOnly = sqlite3_db_readonly(impl_->database->getHandle(), "main") == 1;
+}
+
+Company::~Company() = default;
+
+const std::string& Company::path() const noexcept {
+    return impl_->path;
+}
+bool Company::readOnly() const noexcept {
+    return impl_->readOnly;
+}
+std::int32_t Company::lastInsertId() const noexcept {
+    return impl_->lastInsertId;
+}
+
+std::string Company::read(std::string_view sql) {
+    return orSqlError([&] {
+        SQLite::Statement statement = impl_->query(sql);
+        return recordsXml(statement);
+    });
+}
+
+Variant Company::scalar(std::string_view sql) {
+    return orSqlError([&]() -> Variant {
+        SQLite::Statement statement = impl_->query(sql);
+        if (!statement.executeStep()) return {};
+        return toVariant(statement.getColumn(0));
+    });
+}
+
+std::int64_t Company::execute(std::string_view sql) {
+    return orSqlError([&]() -> std::int64_t {
+        SqlTranslation translation = translateSql(sql);
+        SQLite::Statement statement(*impl_->database, translation.sql);
+        while (statement.executeStep()) {
+        }
+        if (translation.kind == SqlTranslation::Kind::Query) return 0;
+        if (translation.kind == SqlTranslation::Kind::Insert) {
+            impl_->lastInsertId = std::int32_t(impl_->database->getLastInsertRowid());
+        }
+        return impl_->database->getChanges();
+    });
+}
+
+void Company::begin() {
+    orSqlError([&] { impl_->database->exec("BEGIN IMMEDIATE"); });
+}
+
+void Company::commit() {
+    try {
+        orSqlError([&] { impl_->database->exec("COMMIT"); });
+    } catch (...) {
+        rollback();
+        throw;
+    }
+}
+
+void Company::rollback() noexcept {
+    // It fails only when SQLite has rolled back by itself.
+    impl_->database->tryExec("ROLLBACK");
+}
+
+}  // namespace tsln::workbench

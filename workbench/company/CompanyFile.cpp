@@ -1,0 +1,193 @@
+#include "workbench/company/CompanyFile.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <fcntl.h>
+#include <filesystem>
+#include <system_error>
+#include <unistd.h>
+
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <sqlite3.h>
+
+#include "workbench/company/Schema.h"
+#include "workbench/company/SqlFunctions.h"
+
+namespace tsln::workbench {
+
+namespace {
+
+namespace fs = std::filesystem;
+using Reason = CompanyFileError::Reason;
+
+constexpr int kBusyMilliseconds = 2000;
+
+std::string quoted(const std::string& path) {
+    return "'" + path + "'";
+}
+
+[[noreturn]] void cannotCreate(const std::string& path, const std::string& why) {
+    throw CompanyFileError(Reason::CannotCreate,
+                           "The company file " + quoted(path) + " cannot be made. " + why);
+}
+
+std::string sentence(int error) {
+    switch (error) {
+        case EACCES:
+        case EPERM:
+            return "You do not have the permission to write in its folder.";
+        case EROFS:
+            return "Its folder can only be read.";
+        case ENOENT:
+        case ENOTDIR:
+            return "Its folder does not exist.";
+        case ENOSPC:
+        case EDQUOT:
+            return "The disk is full.";
+        case ENAMETOOLONG:
+            return "Its name is too long.";
+        default:
+            return std::string(std::strerror(error)) + ".";
+    }
+}
+
+/// A file that is removed again unless it was given its place.
+class TemporaryFile {
+  public:
+    explicit TemporaryFile(const std::string& path)
+        : path_(path + ".new-" + std::to_string(::getpid())),
+          file_(::open(path_.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666)) {
+        if (file_ < 0) cannotCreate(path, sentence(errno));
+    }
+    ~TemporaryFile() {
+        ::close(file_);
+        ::unlink(path_.c_str());
+    }
+    TemporaryFile(const TemporaryFile&) = delete;
+
+    /// False with errno set.
+    bool write(const unsigned char* bytes, std::size_t size) {
+        while (size > 0) {
+            ssize_t written = ::write(file_, bytes, size);
+            if (written < 0 && errno == EINTR) continue;
+            if (written < 0) return false;
+            bytes += written;
+            size -= std::size_t(written);
+        }
+        return ::fsync(file_) == 0;
+    }
+    /// A hard link never replaces a file that someone else made in the meantime; where the file system has
+    /// none, a rename has to do. False with errno set.
+    bool moveTo(const std::string& path) {
+        if (::link(path_.c_str(), path.c_str()) == 0) return true;
+        if (errno == EEXIST) return true;  // theirs is as good as ours
+        return ::rename(path_.c_str(), path.c_str()) == 0;
+    }
+
+  private:
+    std::string path_;
+    int file_;
+};
+
+/// The new company is built in memory and written in one go, so that a file of its name is a company.
+void create(const std::string& path) {
+    SQLite::Database memory(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+    addSqlFunctions(memory);
+    schema::create(memory);
+    sqlite3_int64 size = 0;
+    std::unique_ptr<unsigned char, decltype(&sqlite3_free)> image(
+        sqlite3_serialize(memory.getHandle(), "main", &size, 0), sqlite3_free);
+    if (!image) throw std::bad_alloc();
+
+    TemporaryFile file(path);
+    if (!file.write(image.get(), std::size_t(size)) || !file.moveTo(path))
+        cannotCreate(path, sentence(errno));
+}
+
+[[noreturn]] void reportOpenFailure(const std::string& path, const SQLite::Exception& error) {
+    std::string file = "The file " + quoted(path);
+    switch (error.getErrorCode()) {
+        case SQLITE_NOTADB:
+            throw CompanyFileError(Reason::NotACompany, file + " is not a company file.");
+        case SQLITE_CORRUPT:
+            throw CompanyFileError(Reason::NotACompany, file + " is damaged and cannot be opened.");
+        case SQLITE_BUSY:
+        case SQLITE_LOCKED:
+            throw CompanyFileError(
+                Reason::Locked,
+                "The company file " + quoted(path) + " is in use by another program. Try again in a moment.");
+        case SQLITE_CANTOPEN:
+        case SQLITE_PERM:
+        case SQLITE_AUTH:
+            throw CompanyFileError(Reason::CannotOpen,
+                                   file + " cannot be opened. You may not have the permission.");
+        default:
+            throw CompanyFileError(Reason::CannotOpen, file + " cannot be opened: " + error.what() + ".");
+    }
+}
+
+int pragma(SQLite::Database& database, const char* name) {
+    return database.execAndGet("PRAGMA " + std::string(name)).getInt();
+}
+
+void checkIsCompany(SQLite::Database& database, const std::string& path) {
+    if (pragma(database, "application_id") != schema::kApplicationId) {
+        throw CompanyFileError(Reason::NotACompany,
+                               "The file " + quoted(path) + " is a database, but not a company.");
+    }
+    int version = pragma(database, "user_version");
+    if (version > schema::kVersion) {
+        throw CompanyFileError(Reason::NewerVersion,
+                               "The company file " + quoted(path) +
+                                   " was made by a newer version of this program, which is "
+                                   "needed to open it.");
+    }
+    if (version < schema::kVersion) {
+        throw CompanyFileError(Reason::NotACompany,
+                               "The company file " + quoted(path) +
+                                   " was made by a version of this program that is no longer "
+                                   "known.");
+    }
+}
+
+void checkIsFile(const std::string& path) {
+    std::error_code error;
+    fs::file_status status = fs::status(path, error);
+    std::string file = "The company file " + quoted(path);
+    if (status.type() == fs::file_type::not_found)
+        throw CompanyFileError(Reason::CannotOpen, file + " does not exist.");
+    if (status.type() == fs::file_type::directory) {
+        throw CompanyFileError(Reason::CannotOpen, quoted(path) + " is a folder, not a company file.");
+    }
+    // Opening a pipe would wait for its other end.
+    if (!error && status.type() != fs::file_type::regular) {
+        throw CompanyFileError(Reason::NotACompany, quoted(path) + " is not a company file.");
+    }
+}
+
+}  // namespace
+
+std::unique_ptr<SQLite::Database> openCompanyFile(const std::string& path, Access access) {
+    if (path.empty()) throw CompanyFileError(Reason::CannotOpen, "No company file was named.");
+    std::error_code error;
+    if (access == Access::Create && fs::symlink_status(path, error).type() == fs::file_type::not_found)
+        create(path);
+    checkIsFile(path);
+
+    // The path in full, so that no name means something else to SQLite (":memory:").
+    std::string file = fs::absolute(path, error).string();
+    int flags = access == Access::ReadOnly ? SQLite::OPEN_READONLY : SQLite::OPEN_READWRITE;
+    try {
+        auto database = std::make_unique<SQLite::Database>(error ? path : file, flags, kBusyMilliseconds);
+        checkIsCompany(*database, path);
+        // "Name" in double quotes is a name only, never a text when there is no such column.
+        sqlite3_db_config(database->getHandle(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+        addSqlFunctions(*database);
+        return database;
+    } catch (const SQLite::Exception& failure) {
+        reportOpenFailure(path, failure);
+    }
+}
+
+}  // namespace tsln::workbench

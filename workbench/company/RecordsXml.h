@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+
+namespace SQLite {
+class Statement;
+}
+
+namespace tsln::workbench {
+
+/// Runs the statement to its end and writes its rows as a query result document (see Company::read).
+/// Throws SQLite::Exception.
+std::string recordsXml(SQLite::Statement& statement);
+
+}  // namespace tsln::workbench

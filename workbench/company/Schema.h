@@ -1,0 +1,17 @@
+#pragma once
+
+namespace SQLite {
+class Database;
+}
+
+namespace tsln::workbench::schema {
+
+/// Marks an SQLite file as a company (PRAGMA application_id).
+inline constexpr int kApplicationId = 0x54534C4E;
+/// PRAGMA user_version of the files that this program makes, the only one it reads so far.
+inline constexpr int kVersion = 1;
+
+/// Makes tables, views and the demonstration company in an empty database. Throws SQLite::Exception.
+void create(SQLite::Database& database);
+
+}  // namespace tsln::workbench::schema

@@ -1,0 +1,170 @@
+-- The company that a new file begins with: a made-up retailer of blinds, shades, shutters and draperies.
+-- Terms, delivery ranges and the measurement lists are left empty, so that their screens offer the defaults.
+
+INSERT INTO Company (Name, Email, WebSite, Phone1Label, Phone1, Phone2Label, Phone2, Phone3Label, Phone3, Phone4Label,
+    Phone4, BillToAddress1, BillToCity, BillToState, BillToZip, BillToCountry, ShipToAddress1, ShipToCity, ShipToState,
+    ShipToZip, ShipToCountry, CompanyType, TagLine1, TagLine2, SyncState)
+VALUES ('Lanternlight Window Coverings', 'hello@lanternlight.example', 'www.lanternlight.example', 'Main',
+    '(555) 010-0140', 'Other', '', 'Fax', '(555) 010-0141', 'Other', '', '418 Halcyon Row', 'Merriden Falls', 'WI', '53099',
+    'USA', '418 Halcyon Row, Rear Dock', 'Merriden Falls', 'WI', '53099', 'USA', 0, 'Blinds, shades, shutters, draperies',
+    'Measured twice, hung once', 4);
+
+INSERT INTO SecurityRoles (Name, Description) VALUES
+    ('Administrator', 'Every right to every activity'),
+    ('Viewer', 'May look at everything and change nothing'),
+    ('Sales', 'Customers, quotes, sales and orders');
+
+-- Every activity with the access that can be granted for it.
+CREATE TEMP TABLE Activities (Activity INTEGER, Mask INTEGER);
+INSERT INTO Activities VALUES
+    (100, 60), (101, 60), (102, 60), (103, 60), (104, 60), (105, 60), (106, 60), (107, 60), (108, 60), (109, 60), (110, 60),
+    (111, 60), (112, 60), (200, 4), (201, 20), (202, 60), (203, 60), (303, 62), (300, 60), (301, 60), (302, 60), (525, 60),
+    (550, 60), (400, 60), (401, 16), (502, 60), (503, 60), (501, 60), (500, 4), (504, 60), (600, 62), (601, 62), (602, 62),
+    (603, 60), (604, 44), (605, 20), (700, 22), (701, 190), (800, 190), (801, 190), (802, 190), (803, 190), (805, 190),
+    (806, 190), (807, 190);
+-- The administrator's rights go beyond the masks: discount groups, too, can be added and deleted.
+INSERT INTO SecurityRoleAccess (SecurityRoleID, Activity, Access) SELECT 1, Activity, Mask | 60 FROM Activities;
+INSERT INTO SecurityRoleAccess (SecurityRoleID, Activity, Access) SELECT 2, Activity, 4 FROM Activities WHERE Mask & 4;
+INSERT INTO SecurityRoleAccess (SecurityRoleID, Activity, Access)
+    SELECT 3, Activity, CASE WHEN Activity IN (300, 303, 600, 601, 602, 603, 604) THEN Mask ELSE 4 END
+    FROM Activities WHERE Mask & 4;
+DROP TABLE Activities;
+
+INSERT INTO Employees (FirstName, MiddleInitial, LastName, Phone1Label, Phone1, Phone2Label, Phone2, Phone3Label, Phone3,
+    Email1Label, Email1, Email2Label, Email2, SalesRep, Installer, Designer, Active, CanLogin, Username) VALUES
+    ('Dana', '', 'Whitfield', 'Home', '(555) 010-0151', 'Mobile', '', 'Fax', '', 'Work', 'dana@lanternlight.example', 'Home', '', 1, 0, 1, 1, 1, 'admin'),
+    ('Sam', '', 'Ortega', 'Home', '(555) 010-0152', 'Mobile', '', 'Fax', '', 'Work', 'sam@lanternlight.example', 'Home', '', 0, 0, 0, 1, 1, 'viewer'),
+    ('Priya', 'K', 'Lindqvist', 'Home', '(555) 010-0153', 'Mobile', '', 'Fax', '', 'Work', 'priya@lanternlight.example', 'Home', '', 1, 0, 1, 1, 1, 'priya'),
+    ('Owen', 'T', 'Marchbanks', 'Home', '(555) 010-0154', 'Mobile', '', 'Fax', '', 'Work', 'owen@lanternlight.example', 'Home', '', 1, 0, 0, 1, 1, 'owen'),
+    ('Rosalind', '', 'Quayle', 'Home', '(555) 010-0155', 'Mobile', '', 'Fax', '', 'Work', 'rosalind@lanternlight.example', 'Home', '', 0, 0, 1, 1, 0, NULL),
+    ('Teodor', 'J', 'Vask', 'Home', '(555) 010-0156', 'Mobile', '', 'Fax', '', 'Work', 'teodor@lanternlight.example', 'Home', '', 0, 1, 0, 1, 0, NULL),
+    ('Bram', '', 'Okonjo', 'Home', '(555) 010-0157', 'Mobile', '', 'Fax', '', 'Work', 'bram@lanternlight.example', 'Home', '', 0, 1, 0, 1, 0, NULL),
+    ('Hester', 'L', 'Pym', 'Home', '(555) 010-0158', 'Mobile', '', 'Fax', '', 'Work', 'hester@lanternlight.example', 'Home', '', 1, 0, 0, 0, 0, NULL);
+INSERT INTO EmployeeSecurityRoles (EmployeeID, SecurityRoleID) VALUES (1, 1), (2, 2), (3, 3), (4, 3);
+
+INSERT INTO CompanyOptions (Section, OptionName, OptionValue) VALUES
+    ('Customers', 'DefaultPhone1Label', 'Home'), ('Customers', 'DefaultPhone2Label', 'Work'),
+    ('Customers', 'DefaultPhone3Label', 'Mobile'), ('Customers', 'DefaultEmail1Label', 'Home'),
+    ('Customers', 'DefaultEmail2Label', 'Work');
+
+INSERT INTO PaymentMethods (PaymentMethod, PaymentType) VALUES
+    ('Cash', 1), ('Check', 2), ('Credit card', 3), ('Bank transfer', 4), ('Store credit', 0);
+INSERT INTO ShippingMethods (ShippingMethod, TaskType) VALUES
+    ('Our installers', 1), ('Parcel carrier', 2), ('Freight carrier', 2), ('Customer pickup', 2);
+INSERT INTO ReferralMethods (ReferralMethod) VALUES
+    ('Friend or neighbor'), ('Home show'), ('Newspaper'), ('Radio'), ('Showroom walk-in'), ('Web site');
+INSERT INTO JobTypes (JobType) VALUES ('Commercial'), ('New construction'), ('Residential'), ('Repair');
+INSERT INTO OrderTypes (OrderType) VALUES ('Retail'), ('Trade'), ('Warranty'), ('Remake');
+INSERT INTO ProductTypes (ProductType, EstDeliveryDays) VALUES
+    ('Cellular shades', 14), ('Draperies', 28), ('Faux wood blinds', 10), ('Roller shades', 12), ('Roman shades', 21),
+    ('Shutters', 42), ('Vertical blinds', 10), ('Wood blinds', 14);
+INSERT INTO Manufacturers (Manufacturer) VALUES
+    ('Aldermoor Blind Works'), ('Brightvane Shades'), ('Copperfold Drapery Mill'), ('Driftmark Shutters'),
+    ('Everley & Toft'), ('Fernhollow Textiles');
+INSERT INTO Groups (GroupName, Description) VALUES
+    ('Builders', 'Home builders and their site offices'), ('Designers', 'Interior designers with trade terms'),
+    ('Newsletter', 'Receives the spring and fall newsletter'), ('Property managers', 'Apartment and office buildings');
+INSERT INTO CustomerTypes (Name, RoundUnitPrice, RoundUnitPriceTo, RoundUnitPriceDirection) VALUES
+    ('Retail', 1, 1, 1), ('Trade', 0, 0, 0), ('Commercial', 1, 0.5, 0);
+INSERT INTO PhoneLabels (Label) VALUES ('Assistant'), ('Fax'), ('Home'), ('Mobile'), ('Site office'), ('Work');
+INSERT INTO EmailLabels (Label) VALUES ('Accounts'), ('Home'), ('Work');
+INSERT INTO Locations (LocationName, Email, Phone1Label, Phone1, ShipToAddress1, ShipToCity, ShipToState, ShipToZip,
+    ShipToCountry, StoreNumber, MarketName, Region) VALUES
+    ('Merriden Falls showroom', 'falls@lanternlight.example', 'Main', '(555) 010-0140', '418 Halcyon Row', 'Merriden Falls', 'WI', '53099', 'USA', '01', 'Merriden', 'North'),
+    ('Oxbow Landing', 'oxbow@lanternlight.example', 'Main', '(555) 010-0142', '7 Ferry Steps', 'Oxbow Landing', 'WI', '53098', 'USA', '02', 'Oxbow', 'South');
+INSERT INTO FieldMeasureCriteria (Criteria) VALUES ('Product type is Shutters'), ('Width over 96');
+INSERT INTO QuoteApproval (Criteria) VALUES ('Total over 10000'), ('Margin under 0.25');
+INSERT INTO RequireDepositCriteria (Criteria, DepositPercent) VALUES ('Total over 500', 25), ('Total over 2500', 50);
+INSERT INTO DiscountGroups (DiscountGroup, DiscountGroupType) VALUES
+    ('Standard', 0), ('Vendor', 1), ('Customer', 2), ('Designers', 0), ('Volume buyers', 2), ('Early buy', 1);
+INSERT INTO OrderStatusCodes (State, StatusName, Sequence) VALUES
+    (1, 'New quote', 1), (1, 'Sent to customer', 2), (1, 'Declined', 3), (2, 'Sold', 1), (2, 'Field measured', 2),
+    (2, 'Invoiced', 3), (3, 'Ordered', 1), (3, 'Received', 2), (3, 'Installed', 3);
+
+INSERT INTO Vendors (VendorName, AccountNumber, Contact, Phone1Label, Phone1, Email1Label, Email1, BillToAddress1,
+    BillToCity, BillToState, BillToZip, BillToCountry, OOP_VendorID, Active)
+WITH list(n, name, contact, city, active) AS (VALUES
+    (1, '(None)', '', '', 1), (2, 'Aldermoor Blind Works', 'Ivo Renfrew', 'Aldermoor', 1),
+    (3, 'Brightvane Shades', 'Lucasta Bell', 'Brightvane', 1), (4, 'Copperfold Drapery Mill', 'Anselm Crowe', 'Copperfold', 1),
+    (5, 'Driftmark Shutters', 'Petra Nook', 'Driftmark', 1), (6, 'Everley & Toft', 'Gideon Toft', 'Everley', 1),
+    (7, 'Fernhollow Textiles', 'Maud Sedge', 'Fernhollow', 1), (8, 'Gallowhill Hardware', 'Cyrus Pell', 'Gallowhill', 1),
+    (9, 'Hartsease Motor Lifts', 'Nell Abernathy', 'Hartsease', 1), (10, 'Inglenook Cord & Chain', 'Rufus Dray', 'Inglenook', 1),
+    (11, 'Juniper Lane Fabrics', 'Orla Thistle', 'Juniper Lane', 1), (12, 'Kettleby Freight', 'Basil Marl', 'Kettleby', 1),
+    (13, 'Larkspur Awnings', 'Edda Voss', 'Larkspur', 0))
+SELECT name, CASE WHEN n > 1 THEN printf('LW-%04d', 1200 + n * 7) END, contact, 'Work', CASE WHEN n > 1 THEN printf('(555) 010-02%02d', n) END,
+    'Work', CASE WHEN n > 1 THEN 'orders@' || lower(replace(city, ' ', '')) || '.example' END,
+    CASE WHEN n > 1 THEN printf('%d Mill Street', n * 11) END, city, CASE WHEN n > 1 THEN 'WI' END,
+    CASE WHEN n > 1 THEN printf('53%03d', n * 3) END, CASE WHEN n > 1 THEN 'USA' END,
+    CASE WHEN n BETWEEN 2 AND 4 THEN printf('E%03d', n) END, active FROM list ORDER BY n;
+
+INSERT INTO Products (Product, ProductTypeID, ManufacturerID, ProductFile, Active) VALUES
+    ('Aldermoor 2 inch wood blind', 8, 1, 'ALD-WOOD2', 1), ('Aldermoor faux wood blind', 3, 1, 'ALD-FAUX', 1),
+    ('Brightvane cellular single', 1, 2, 'BRV-CELL1', 1), ('Brightvane roller classic', 4, 2, 'BRV-ROLL', 1),
+    ('Copperfold pinch pleat', 2, 3, 'COP-PINCH', 1), ('Copperfold roman flat', 5, 3, 'COP-ROMAN', 1),
+    ('Driftmark basswood shutter', 6, 4, 'DRI-BASS', 1), ('Everley vertical vane', 7, 5, 'EVE-VERT', 1),
+    ('Everley sheer shade', 4, 5, 'EVE-SHEER', 1), ('Fernhollow ripplefold', 2, 6, 'FER-RIPPLE', 0);
+INSERT INTO ProductVendors (ProductID, VendorID, IsDefault, DiscountGroupID)
+    SELECT ID, ManufacturerID + 1, 1, 2 FROM Products;
+INSERT INTO ProductTags (ProductID, Tag) VALUES (1, 'Best seller'), (3, 'Best seller'), (3, 'Insulating'), (7, 'Premium');
+INSERT INTO Portfolio (FileName, Description) VALUES
+    ('bay-window-shutters.jpg', 'Bay window'), ('kitchen-roman.jpg', 'Kitchen'), ('nursery-cellular.jpg', 'Nursery');
+INSERT INTO PortfolioTags (PortfolioID, Tag) VALUES (1, 'Shutters'), (1, 'Living room'), (2, 'Kitchen'), (3, 'Cellular');
+INSERT INTO Discounts (DiscountGroupID, DiscountLevel, ProductID, Multiplier, Markup) VALUES
+    (1, 1, 1, 0.7, 0), (1, 1, 3, 0.65, 0), (4, 1, 1, 0.6, 0), (2, 1, 1, 0.45, 0), (3, 2, 3, 0, 0.2);
+
+INSERT INTO Customers (CustomerName, AccountNumber, CompanyName, Contact, FirstName, LastName, Phone1Label, Phone1, Phone2Label,
+    Phone3Label, Email1Label, Email1, Email2Label, BillToAddress1, BillToCity, BillToState, BillToZip, BillToCountry,
+    DiscountGroupID, CustomerTypeID, SalesRepID, InstallerID, DesignerID, ShippingMethodID, ReferralMethodID, LocationID,
+    CreditLimit, CustomerDiscountGroupID, Active, Notes)
+WITH RECURSIVE
+    count(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM count WHERE n < 60),
+    firsts(i, first) AS (VALUES (0, 'Adela'), (1, 'Barnaby'), (2, 'Clementine'), (3, 'Dorian'), (4, 'Effie'), (5, 'Fabian'),
+        (6, 'Greta'), (7, 'Hollis'), (8, 'Imogen'), (9, 'Jasper'), (10, 'Keziah'), (11, 'Leopold')),
+    lasts(i, last) AS (VALUES (0, 'Ashgrove'), (1, 'Birdwhistle'), (2, 'Cobblepot'), (3, 'Dunmore'), (4, 'Eddington'),
+        (5, 'Fernsby'), (6, 'Gravenhurst'), (7, 'Hathersage'), (8, 'Inkpen'), (9, 'Jolliffe'), (10, 'Kestle'),
+        (11, 'Lovelock'), (12, 'Muckle'), (13, 'Nettlefold'), (14, 'O''Dell'), (15, 'Pettibone'), (16, 'Quillfeather'),
+        (17, 'Rookwood'), (18, 'Sallow'), (19, 'Tiddy'), (20, 'Underhay'), (21, 'Vellacott'), (22, 'Wychwood')),
+    firms(n, firm) AS (VALUES (5, 'Applecote Property Care'), (11, 'Bellwether Builders'), (17, 'Cinder & Ash Interiors'),
+        (23, 'Dovecote Dental'), (29, 'Elmhurst Inn'), (35, 'Foxglove Montessori'), (41, 'Gatehouse Offices'),
+        (47, 'Hawthorn Homes'), (53, 'Ivy Court Apartments'), (59, 'Jackdaw Design Studio')),
+    streets(i, street) AS (VALUES (0, 'Candlewick Lane'), (1, 'Drover''s Walk'), (2, 'Elderflower Court'), (3, 'Foundry Road'),
+        (4, 'Gable Street'), (5, 'Harvest Way'), (6, 'Ironbridge Avenue')),
+    towns(i, town, zip) AS (VALUES (0, 'Merriden Falls', '53099'), (1, 'Oxbow Landing', '53098'), (2, 'Tamarack Point', '53097'),
+        (3, 'Willow Ferry', '53096'))
+SELECT coalesce(firm, last || ', ' || first), printf('C%04d', 1000 + n), coalesce(firm, ''), first || ' ' || last, first, last,
+    'Home', printf('(555) 010-1%03d', n), 'Work', 'Mobile', 'Home',
+    lower(first) || '.' || lower(replace(last, '''', '')) || '@mail.example', 'Work',
+    printf('%d %s', 100 + n * 13, street), town, 'WI', zip, 'USA',
+    CASE WHEN firm IS NULL THEN 1 ELSE 4 END, CASE WHEN firm IS NULL THEN 1 ELSE 3 END,
+    CASE n % 3 WHEN 0 THEN 1 WHEN 1 THEN 3 ELSE 4 END, 6 + n % 2, CASE WHEN n % 4 = 0 THEN 5 END,
+    CASE WHEN n % 5 = 0 THEN 2 ELSE 1 END, 1 + n % 6, 1 + n % 2, CASE WHEN firm IS NULL THEN 0 ELSE 5000 END, 3, n % 19 <> 0,
+    CASE WHEN n % 7 = 0 THEN 'Prefers mornings.' || char(13, 10) || 'Mind the dog.' END
+FROM count JOIN firsts ON firsts.i = n % 12 JOIN lasts ON lasts.i = n * 5 % 23 LEFT JOIN firms USING (n)
+    JOIN streets ON streets.i = n % 7 JOIN towns ON towns.i = n % 4 ORDER BY n;
+INSERT INTO CustomerAddresses (CustomerID, AddressLabel, Address1, City, State, Zip, Country, isDefault)
+    SELECT ID, 'Home', BillToAddress1, BillToCity, BillToState, BillToZip, BillToCountry, 1 FROM Customers;
+INSERT INTO GroupedCustomers (GroupID, CustomerID)
+    SELECT CASE WHEN ID % 12 = 5 THEN 4 ELSE 1 END, ID FROM Customers WHERE CompanyName <> ''
+    UNION ALL SELECT 3, ID FROM Customers WHERE ID % 4 = 0;
+
+INSERT INTO Jobs (JobName, CustomerID, JobTypeID, Created)
+    SELECT LastName || ' residence', ID, 3, '2024-03-01T09:00:00' FROM Customers WHERE ID % 6 = 1;
+INSERT INTO Orders (OrderNumber, State, StatusID, CustomerID, OrderTypeID, ShippingMethodID, ReferralMethodID, LocationID,
+    SalesRepID, InstallerID, Sidemark, Total, ShipToAddress1, ShipToCity, ShipToState, ShipToZip, ShipToCountry, Created,
+    CreatedBy)
+WITH RECURSIVE count(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM count WHERE n < 40)
+SELECT 10000 + n, 1 + n % 3, CASE n % 3 WHEN 0 THEN 1 + n % 2 WHEN 1 THEN 4 + n % 3 ELSE 7 + n % 3 END, c.ID, 1 + n % 2,
+    c.ShippingMethodID, c.ReferralMethodID, c.LocationID, c.SalesRepID, c.InstallerID, c.LastName || ' ' || n,
+    round(180 + n * n * 7.35, 2), c.BillToAddress1, c.BillToCity, c.BillToState, c.BillToZip, c.BillToCountry,
+    strftime('%Y-%m-%dT%H:%M:%S', '2024-01-08 09:30:00', printf('+%d days', n * 6)), c.SalesRepID
+FROM count JOIN Customers c ON c.ID = 1 + n * 7 % 60 ORDER BY n;
+INSERT INTO Payments (OrderID, CustomerID, PaymentMethodID, Amount, PaidOn)
+    SELECT ID, CustomerID, 1 + ID % 3, round(Total / 2, 2), Created FROM Orders WHERE State > 1;
+INSERT INTO PurchaseOrders (PONumber, VendorID, OrderID, ShippingMethodID, SentOn)
+    SELECT 500 + ID, 2 + ID % 6, ID, 2, Created FROM Orders WHERE State = 3;
+
+-- The list of what was added would be of one second otherwise.
+UPDATE Customers SET AddedOn = strftime('%Y-%m-%dT%H:%M:%S', '2022-02-01 15:00:00', printf('+%d days', ID * 9));
+UPDATE Vendors SET AddedOn = strftime('%Y-%m-%dT%H:%M:%S', '2021-06-01 15:00:00', printf('+%d days', ID * 20));
+UPDATE Employees SET AddedOn = strftime('%Y-%m-%dT%H:%M:%S', '2021-05-01 14:00:00', printf('+%d days', ID * 60));
+INSERT INTO EventLog (EventType, EventText, Source) VALUES (2, 'The company was created.', 'Workbench');

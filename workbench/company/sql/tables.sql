@@ -1,0 +1,176 @@
+-- The tables of a company. In each, {id} stands for the key and {bookkeeping} for the columns that every record
+-- carries: its identity across companies and when it was added and last changed, in UTC. {text} is a text that
+-- compares without letter case. No index on texts: see SqlFunctions.h.
+
+-- Who and what the company is -----------------------------------------------------------------------------------
+
+CREATE TABLE Company ({id},
+    Name {text}, Email {text}, WebSite {text},
+    Phone1Label {text}, Phone1 {text}, Phone2Label {text}, Phone2 {text},
+    Phone3Label {text}, Phone3 {text}, Phone4Label {text}, Phone4 {text},
+    BillToAddress1 {text}, BillToAddress2 {text}, BillToCity {text}, BillToState {text}, BillToZip {text}, BillToCountry {text},
+    ShipToAddress1 {text}, ShipToAddress2 {text}, ShipToCity {text}, ShipToState {text}, ShipToZip {text}, ShipToCountry {text},
+    ValidateAddresses INTEGER NOT NULL DEFAULT 0,
+    SmallLogoFile {text}, LargeLogoFileProcessReports {text}, LargeLogoFileGeneralReports {text}, WatermarkLogoFile {text},
+    CompanyType INTEGER NOT NULL DEFAULT 0, TagLine1 {text}, TagLine2 {text},
+    -- 4: the first synchronisation is complete
+    SyncState INTEGER NOT NULL DEFAULT 0, NextSequenceToMain INTEGER, NextSequenceFromMain INTEGER,
+    LastAuditID INTEGER, MainUniqueID {text}, ResetRequestedOn {text},
+    {bookkeeping}) STRICT;
+
+CREATE TABLE Employees ({id},
+    FirstName {text}, LastName {text}, MiddleInitial {text},
+    Phone1Label {text}, Phone1 {text}, Phone2Label {text}, Phone2 {text}, Phone3Label {text}, Phone3 {text},
+    Email1Label {text}, Email1 {text}, Email2Label {text}, Email2 {text},
+    SalesRep INTEGER NOT NULL DEFAULT 0, Installer INTEGER NOT NULL DEFAULT 0, Designer INTEGER NOT NULL DEFAULT 0,
+    Active INTEGER NOT NULL DEFAULT 1, CanLogin INTEGER NOT NULL DEFAULT 0, Username {text}, PasswordHash TEXT,
+    Notes {text}, ValidateAddresses INTEGER NOT NULL DEFAULT 0,
+    EmailMethod INTEGER NOT NULL DEFAULT 0, EmailSMTPServer {text}, EmailSenderAddress {text},
+    EmailSMTPAuth INTEGER NOT NULL DEFAULT 0, EmailSMTPUserName {text}, EmailSMTPPassword TEXT, EmailSMTPPort INTEGER,
+    EmailSMTPTimeout INTEGER, EmailSMTPAuthMethod {text}, EmailSMTPSSL INTEGER NOT NULL DEFAULT 0,
+    EmailSMTPTLS INTEGER NOT NULL DEFAULT 0,
+    Exported INTEGER NOT NULL DEFAULT 0,
+    {bookkeeping}) STRICT;
+
+CREATE TABLE SecurityRoles ({id}, Name {text}, Description {text}, {bookkeeping}) STRICT;
+
+-- Access: 2 view what is one's own, 4 view, 8 add, 16 edit, 32 delete, 128 perform
+CREATE TABLE SecurityRoleAccess ({id},
+    SecurityRoleID INTEGER NOT NULL, Activity INTEGER NOT NULL, Access INTEGER NOT NULL DEFAULT 0) STRICT;
+CREATE INDEX SecurityRoleAccess_Role ON SecurityRoleAccess (SecurityRoleID, Activity);
+
+CREATE TABLE EmployeeSecurityRoles ({id}, EmployeeID INTEGER NOT NULL, SecurityRoleID INTEGER NOT NULL) STRICT;
+
+CREATE TABLE CompanyOptions ({id}, Section {text}, OptionName {text}, OptionValue {text}, {bookkeeping}) STRICT;
+CREATE TABLE UserOptions ({id},
+    EmployeeID INTEGER NOT NULL, Section {text}, OptionName {text}, OptionValue {text}, {bookkeeping}) STRICT;
+
+-- What happened -------------------------------------------------------------------------------------------------
+
+-- EventType: 1 error, 2 notice, 3 warning
+CREATE TABLE EventLog ({id},
+    EventDate TEXT NOT NULL DEFAULT {now}, EventType INTEGER NOT NULL DEFAULT 2, EventText {text},
+    Source {text}, UserName {text}) STRICT;
+
+CREATE TABLE CustomerActivity ({id},
+    CustomerID INTEGER NOT NULL, ActivityDate TEXT NOT NULL DEFAULT {now}, Activity {text}, EmployeeID INTEGER) STRICT;
+CREATE TABLE VendorActivity ({id},
+    VendorID INTEGER NOT NULL, ActivityDate TEXT NOT NULL DEFAULT {now}, Activity {text}, EmployeeID INTEGER) STRICT;
+CREATE TABLE EmployeeActivity ({id},
+    EmployeeID INTEGER NOT NULL, ActivityDate TEXT NOT NULL DEFAULT {now}, Activity {text}, ByEmployeeID INTEGER) STRICT;
+
+-- Lookup lists --------------------------------------------------------------------------------------------------
+
+CREATE TABLE Terms ({id},
+    Terms {text}, DueDays INTEGER NOT NULL DEFAULT 0,
+    Discount REAL NOT NULL DEFAULT 0,  -- a fraction: 0.02 is two percent
+    DiscountDays INTEGER NOT NULL DEFAULT 0, Exported INTEGER NOT NULL DEFAULT 0, {bookkeeping}) STRICT;
+CREATE TABLE PaymentMethods ({id},
+    PaymentMethod {text}, PaymentType INTEGER NOT NULL DEFAULT 0, Exported INTEGER NOT NULL DEFAULT 0, {bookkeeping}) STRICT;
+CREATE TABLE ShippingMethods ({id}, ShippingMethod {text}, TaskType INTEGER NOT NULL DEFAULT 0, {bookkeeping}) STRICT;
+CREATE TABLE ReferralMethods ({id}, ReferralMethod {text}, {bookkeeping}) STRICT;
+CREATE TABLE JobTypes ({id}, JobType {text}, {bookkeeping}) STRICT;
+CREATE TABLE OrderTypes ({id}, OrderType {text}, {bookkeeping}) STRICT;
+CREATE TABLE ProductTypes ({id}, ProductType {text}, EstDeliveryDays INTEGER NOT NULL DEFAULT 0, {bookkeeping}) STRICT;
+CREATE TABLE Manufacturers ({id}, Manufacturer {text}, {bookkeeping}) STRICT;
+-- GroupType 1: a group of customers
+CREATE TABLE Groups ({id},
+    GroupName {text}, Description {text}, GroupType INTEGER NOT NULL DEFAULT 1, {bookkeeping}) STRICT;
+CREATE TABLE CustomerTypes ({id},
+    Name {text}, RoundUnitPrice INTEGER NOT NULL DEFAULT 0, RoundUnitPriceTo REAL NOT NULL DEFAULT 0,
+    RoundUnitPriceDirection INTEGER NOT NULL DEFAULT 0, OptionDiscountMethod INTEGER NOT NULL DEFAULT 0,
+    DiscountMethod INTEGER NOT NULL DEFAULT 0, {bookkeeping}) STRICT;
+CREATE TABLE DeliveryRanges ({id}, Range {text}, {bookkeeping}) STRICT;
+CREATE TABLE PhoneLabels ({id}, Label {text}, {bookkeeping}) STRICT;
+CREATE TABLE EmailLabels ({id}, Label {text}, {bookkeeping}) STRICT;
+CREATE TABLE MeasurementRooms ({id}, Room {text}, {bookkeeping}) STRICT;
+CREATE TABLE MeasurementItems ({id}, ItemName {text}, {bookkeeping}) STRICT;
+CREATE TABLE MeasurementMounts ({id}, Mount {text}, {bookkeeping}) STRICT;
+CREATE TABLE Locations ({id},
+    LocationName {text}, Email {text}, WebSite {text},
+    Phone1Label {text}, Phone1 {text}, Phone2Label {text}, Phone2 {text},
+    Phone3Label {text}, Phone3 {text}, Phone4Label {text}, Phone4 {text},
+    ShipToAddress1 {text}, ShipToAddress2 {text}, ShipToCity {text}, ShipToState {text}, ShipToZip {text}, ShipToCountry {text},
+    ValidateAddresses INTEGER NOT NULL DEFAULT 0,
+    StoreNumber {text}, MarketNumber {text}, MarketName {text}, Region {text}, {bookkeeping}) STRICT;
+CREATE TABLE FieldMeasureCriteria ({id}, Criteria {text}, {bookkeeping}) STRICT;
+CREATE TABLE QuoteApproval ({id}, Criteria {text}, {bookkeeping}) STRICT;
+CREATE TABLE RequireDepositCriteria ({id}, Criteria {text}, DepositPercent REAL NOT NULL DEFAULT 0, {bookkeeping}) STRICT;
+-- DiscountGroupType: 0 price, 1 cost, 2 customer
+CREATE TABLE DiscountGroups ({id}, DiscountGroup {text}, DiscountGroupType INTEGER NOT NULL DEFAULT 0, {bookkeeping}) STRICT;
+-- State: 1 quote, 2 sale, 3 order
+CREATE TABLE OrderStatusCodes ({id},
+    State INTEGER NOT NULL DEFAULT 1, StatusName {text}, Sequence INTEGER NOT NULL DEFAULT 0, {bookkeeping}) STRICT;
+
+-- Vendors and customers -----------------------------------------------------------------------------------------
+
+CREATE TABLE Vendors ({id},
+    VendorName {text}, WebSite {text},
+    Phone1Label {text}, Phone1 {text}, Phone2Label {text}, Phone2 {text}, Phone3Label {text}, Phone3 {text},
+    Email1Label {text}, Email1 {text}, Email2Label {text}, Email2 {text},
+    BillToAddress1 {text}, BillToAddress2 {text}, BillToCity {text}, BillToState {text}, BillToZip {text}, BillToCountry {text},
+    ShipToAddress1 {text}, ShipToAddress2 {text}, ShipToCity {text}, ShipToState {text}, ShipToZip {text}, ShipToCountry {text},
+    AccountNumber {text}, Contact {text}, TermsID INTEGER, SplitPOByProduct INTEGER NOT NULL DEFAULT 0,
+    OOP_Process INTEGER NOT NULL DEFAULT 0, OOP_VendorID {text}, CostMethod INTEGER NOT NULL DEFAULT 0, Notes {text},
+    Active INTEGER NOT NULL DEFAULT 1, ValidateAddresses INTEGER NOT NULL DEFAULT 0,
+    Margin REAL NOT NULL DEFAULT 0, MarginAD REAL NOT NULL DEFAULT 0, Exported INTEGER NOT NULL DEFAULT 0,
+    {bookkeeping}) STRICT;
+
+CREATE TABLE Customers ({id},
+    CustomerName {text}, AccountNumber {text}, CompanyName {text}, Contact {text},
+    FirstName {text}, LastName {text}, MiddleInitial {text},
+    Phone1Label {text}, Phone1 {text}, Phone2Label {text}, Phone2 {text}, Phone3Label {text}, Phone3 {text},
+    Email1Label {text}, Email1 {text}, Email2Label {text}, Email2 {text},
+    BillToAddress1 {text}, BillToAddress2 {text}, BillToCity {text}, BillToState {text}, BillToZip {text}, BillToCountry {text},
+    SalesTaxGroupID INTEGER, ResaleNumber {text}, TaxExNumber {text}, DiscountGroupID INTEGER, CustomerTypeID INTEGER,
+    TermsID INTEGER, SalesRepID INTEGER, InstallerID INTEGER, DesignerID INTEGER, ShippingMethodID INTEGER,
+    ReferralMethodID INTEGER, SalesAccount {text}, CreditHold INTEGER NOT NULL DEFAULT 0, OrderEntryComment {text},
+    CSRMessage {text}, Notes {text}, Active INTEGER NOT NULL DEFAULT 1, ValidateAddresses INTEGER NOT NULL DEFAULT 0,
+    LocationID INTEGER, CreditLimit REAL NOT NULL DEFAULT 0, CustomerDiscountGroupID INTEGER,
+    Exported INTEGER NOT NULL DEFAULT 0, LastUsed TEXT, AlternateUniqueID {text},
+    {bookkeeping}) STRICT;
+
+CREATE TABLE CustomerAddresses ({id},
+    CustomerID INTEGER NOT NULL, AddressLabel {text}, Address1 {text}, Address2 {text}, City {text}, State {text},
+    Zip {text}, Country {text}, isDefault INTEGER NOT NULL DEFAULT 0, {bookkeeping}) STRICT;
+CREATE INDEX CustomerAddresses_Customer ON CustomerAddresses (CustomerID);
+CREATE TABLE GroupedCustomers ({id}, GroupID INTEGER NOT NULL, CustomerID INTEGER NOT NULL, {bookkeeping}) STRICT;
+
+-- Orders and what belongs to them -------------------------------------------------------------------------------
+
+CREATE TABLE Jobs ({id},
+    JobName {text}, CustomerID INTEGER, JobTypeID INTEGER, Notes {text}, Created TEXT, CreatedBy INTEGER,
+    LastModified TEXT, LastModifiedBy INTEGER, LastUsed TEXT, {bookkeeping}) STRICT;
+-- State: 1 quote, 2 sale, 3 order
+CREATE TABLE Orders ({id},
+    OrderNumber INTEGER NOT NULL, State INTEGER NOT NULL DEFAULT 1, StatusID INTEGER, CustomerID INTEGER, JobID INTEGER,
+    OrderTypeID INTEGER, TermsID INTEGER, ShippingMethodID INTEGER, ReferralMethodID INTEGER, DeliveryRangeID INTEGER,
+    SalesTaxGroupID INTEGER, LocationID INTEGER, SalesRepID INTEGER, InstallerID INTEGER, DesignerID INTEGER,
+    Sidemark {text}, Total REAL NOT NULL DEFAULT 0, Active INTEGER NOT NULL DEFAULT 1,
+    ShipToAddress1 {text}, ShipToAddress2 {text}, ShipToCity {text}, ShipToState {text}, ShipToZip {text}, ShipToCountry {text},
+    Created TEXT, CreatedBy INTEGER, LastModified TEXT, LastModifiedBy INTEGER, Exported INTEGER NOT NULL DEFAULT 0,
+    {bookkeeping}) STRICT;
+CREATE TABLE Payments ({id},
+    OrderID INTEGER, CustomerID INTEGER, PaymentMethodID INTEGER, Amount REAL NOT NULL DEFAULT 0, PaidOn TEXT, Reference {text},
+    {bookkeeping}) STRICT;
+CREATE TABLE PurchaseOrders ({id},
+    PONumber INTEGER, VendorID INTEGER, OrderID INTEGER, ShippingMethodID INTEGER, SentOn TEXT, {bookkeeping}) STRICT;
+
+-- Products ------------------------------------------------------------------------------------------------------
+
+CREATE TABLE Products ({id},
+    Product {text}, ProductTypeID INTEGER, ManufacturerID INTEGER, ProductFile {text}, Active INTEGER NOT NULL DEFAULT 1,
+    SalesAccountID INTEGER, PurchaseAccountID INTEGER, {bookkeeping}) STRICT;
+CREATE TABLE ProductVendors ({id},
+    ProductID INTEGER NOT NULL, VendorID INTEGER NOT NULL, IsDefault INTEGER NOT NULL DEFAULT 0, DiscountGroupID INTEGER,
+    {bookkeeping}) STRICT;
+CREATE TABLE ProductRefreshHistory ({id},
+    ProductID INTEGER, ProductTypeID INTEGER, ManufacturerID INTEGER, RefreshedOn TEXT) STRICT;
+CREATE TABLE ProductTags ({id}, ProductID INTEGER NOT NULL, Tag {text}, {bookkeeping}) STRICT;
+CREATE TABLE Portfolio ({id}, FileName {text}, Description {text}, {bookkeeping}) STRICT;
+CREATE TABLE PortfolioTags ({id}, PortfolioID INTEGER NOT NULL, Tag {text}, {bookkeeping}) STRICT;
+-- DiscountLevel: 1 product, 2 style, 3 option
+CREATE TABLE Discounts ({id},
+    DiscountGroupID INTEGER NOT NULL, DiscountLevel INTEGER NOT NULL DEFAULT 1, ProductID INTEGER, Style {text},
+    OptionName {text}, Multiplier REAL NOT NULL DEFAULT 0, TierLevel {text}, Markup REAL NOT NULL DEFAULT 0,
+    Margin REAL NOT NULL DEFAULT 0, {bookkeeping}) STRICT;
