@@ -36,7 +36,7 @@ std::string sentence(int error) {
     switch (error) {
         case EACCES:
         case EPERM:
-            return "You do not have the permission to write in its folder.";
+            return "You do not have the permission for its folder.";
         case EROFS:
             return "Its folder can only be read.";
         case ENOENT:
@@ -160,8 +160,11 @@ void checkIsFile(const std::string& path) {
     if (status.type() == fs::file_type::directory) {
         throw CompanyFileError(Reason::CannotOpen, quoted(path) + " is a folder, not a company file.");
     }
+    if (status.type() == fs::file_type::none) {
+        throw CompanyFileError(Reason::CannotOpen, file + " cannot be opened. " + sentence(error.value()));
+    }
     // Opening a pipe would wait for its other end.
-    if (!error && status.type() != fs::file_type::regular) {
+    if (status.type() != fs::file_type::regular) {
         throw CompanyFileError(Reason::NotACompany, quoted(path) + " is not a company file.");
     }
 }

@@ -121,7 +121,7 @@ const std::set<int> kStyles = {0, 1, 3, 20, 23, 100, 101, 103, 104, 105, 108, 11
 
 constexpr std::array kStatementWords = {
     "SELECT", "INSERT",   "UPDATE", "DELETE", "EXEC",   "EXECUTE",  "DECLARE", "SET",   "DROP", "CREATE",
-    "ALTER",  "TRUNCATE", "MERGE",  "BEGIN",  "COMMIT", "ROLLBACK", "IF",      "PRINT", "USE",  "WITH"};
+    "ALTER",  "TRUNCATE", "MERGE",  "BEGIN",  "COMMIT", "ROLLBACK", "IF",      "PRINT", "USE"};
 
 /// Whether an expression gives a value or a condition; the server never takes one for the other.
 enum class Gives { Value, Condition };
@@ -328,8 +328,7 @@ class Translator {
     std::optional<std::string> selectCore() {
         expect("SELECT");
         out_ += "SELECT ";
-        bool distinct = accept("DISTINCT");
-        if (distinct) {
+        if (accept("DISTINCT")) {
             out_ += "DISTINCT ";
         } else {
             accept("ALL");
@@ -346,7 +345,7 @@ class Translator {
             if (peek().isWord("WITH")) unknown("TOP ... WITH TIES");
         }
         do {
-            selectItem(distinct);
+            selectItem();
         } while (comma());
         if (accept("FROM")) {
             out_ += " FROM ";
@@ -370,7 +369,7 @@ class Translator {
         return top;
     }
 
-    void selectItem(bool distinct) {
+    void selectItem() {
         if (acceptSign("*")) {
             out_ += '*';
             return;
@@ -390,14 +389,15 @@ class Translator {
         std::size_t first = at_;
         value();
         std::size_t end = at_;
-        if (distinct) out_ += kCollate;
+        // A column brings its collation along; DISTINCT and UNION go by it.
+        if (!isColumn(first, end)) out_ += kCollate;
         if (named) {
             out_ += " AS ";
             writeName(*named);
-        } else if (!alias() && (distinct || !isColumn(first, end))) {
+        } else if (!alias() && !isColumn(first, end)) {
             // Left alone, SQLite would name it after the translation.
             out_ += " AS ";
-            writeName(isColumn(first, end) ? tokens_[end - 1].name() : source(first, end));
+            writeName(source(first, end));
         }
     }
     bool isColumn(std::size_t first, std::size_t end) const {
@@ -413,7 +413,8 @@ class Translator {
         const SqlToken& last = tokens_[end - 1];
         std::string_view text(from, std::size_t(last.text.data() + last.text.size() + quotes(last) - from));
         std::size_t length = std::min<std::size_t>(text.size(), 128);
-        while (length < text.size() && (text[length] & 0xC0) == 0x80) --length;
+        while (length < text.size() && (text[length] & 0xC0) == 0x80)
+            --length;
         text = text.substr(0, length);
         return std::string(text);
     }

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+
+#include <gtest/gtest.h>
+#include <pugixml.hpp>
+
+#include "workbench/company/Company.h"
+
+namespace tsln::workbench {
+
+/// A folder that goes away with the test.
+class TemporaryFolder {
+  public:
+    TemporaryFolder() {
+        std::string name = (std::filesystem::temp_directory_path() / "company-XXXXXX").string();
+        path_ = ::mkdtemp(name.data());
+    }
+    ~TemporaryFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(path_, ignored);
+    }
+    std::string file(const std::string& name) const { return (path_ / name).string(); }
+    std::string path() const { return path_.string(); }
+    std::size_t size() const {
+        return std::size_t(
+            std::distance(std::filesystem::directory_iterator(path_), std::filesystem::directory_iterator()));
+    }
+
+  private:
+    std::filesystem::path path_;
+};
+
+class CompanyTest : public testing::Test {
+  protected:
+    /// The rows in one line: columns split by "|", rows by ";". NULL columns are left out.
+    std::string rows(const std::string& sql) { return rows(company_, sql); }
+    static std::string rows(Company& company, const std::string& sql) {
+        pugi::xml_document document;
+        std::string xml = company.read(sql);
+        EXPECT_TRUE(document.load_string(xml.c_str(), pugi::parse_default | pugi::parse_ws_pcdata_single))
+            << xml;
+        std::string result;
+        for (pugi::xml_node record : document.child("Records").children("Record")) {
+            if (!result.empty()) result += ";";
+            bool first = true;
+            for (pugi::xml_node column : record.children()) {
+                if (!first) result += "|";
+                first = false;
+                result += column.child_value();
+            }
+        }
+        return result;
+    }
+    /// The text that the statement fails with.
+    std::string failure(const std::string& sql) {
+        try {
+            company_.execute(sql);
+            return "no failure";
+        } catch (const SqlError& error) {
+            return error.what();
+        }
+    }
+
+    TemporaryFolder folder_;
+    Company company_{folder_.file("test.company")};
+};
+
+}  // namespace tsln::workbench
