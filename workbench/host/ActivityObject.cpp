@@ -1,0 +1,40 @@
+#include "workbench/host/ActivityObject.h"
+
+#include "shared/modSharedSQL.h"
+#include "workbench/host/SqlText.h"
+
+namespace tsln::workbench {
+
+Variant ActivityObject::record(std::string_view statement, Arguments a) {
+    a.require(2, 2);
+    // The text last: what it holds must not be filled again.
+    context().company.execute(modSharedSQL::fillTags(
+        statement, {{"<id>", a[0].toLong()}, {"<by>", context().user.ID}, {"<text>", quoted(textOf(a[1]))}}));
+    return {};
+}
+
+Variant ActivityObject::invoke(std::string_view member, tsln::Access access, Arguments arguments) {
+    using Self = ActivityObject;
+    static constexpr Member<Self> members[] = {
+        {"RecordCustomerActivity",
+         [](Self& self, Arguments a) {
+             return self.record(
+                 "INSERT INTO CustomerActivity (CustomerID,EmployeeID,Activity) VALUES(<id>, <by>, <text>)",
+                 a);
+         }},
+        {"RecordVendorActivity",
+         [](Self& self, Arguments a) {
+             return self.record(
+                 "INSERT INTO VendorActivity (VendorID,EmployeeID,Activity) VALUES(<id>, <by>, <text>)", a);
+         }},
+        {"RecordEmployeeActivity",
+         [](Self& self, Arguments a) {
+             return self.record(
+                 "INSERT INTO EmployeeActivity (EmployeeID,ByEmployeeID,Activity) VALUES(<id>, <by>, <text>)",
+                 a);
+         }},
+    };
+    return answer(*this, "Activity", members, member, access, arguments);
+}
+
+}  // namespace tsln::workbench

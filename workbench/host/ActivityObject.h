@@ -1,0 +1,18 @@
+#pragma once
+
+#include "workbench/host/HostContext.h"
+
+namespace tsln::workbench {
+
+/// "Activity": the history of single customers, vendors and employees.
+class ActivityObject : public HostObject {
+  public:
+    explicit ActivityObject(std::shared_ptr<HostContext> context) : HostObject(std::move(context)) {}
+    Variant invoke(std::string_view member, tsln::Access access, Arguments arguments) override;
+
+  private:
+    /// Adds an entry (record, text) to the statement's table, in the user's name.
+    Variant record(std::string_view statement, Arguments a);
+};
+
+}  // namespace tsln::workbench

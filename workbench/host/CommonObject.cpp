@@ -1,0 +1,162 @@
+#include "workbench/host/CommonObject.h"
+
+#include "shared/modSharedSQL.h"
+#include "shared/modSharedStrings.h"
+#include "shared/modSharedXML.h"
+#include "workbench/host/Guid.h"
+#include "workbench/host/SqlText.h"
+
+namespace tsln::workbench {
+namespace {
+
+using modSharedSQL::format;
+using modSharedXML::Record;
+using modSharedXML::Records;
+
+/// A member that answers with the name of a record.
+struct NameMember {
+    std::string_view name, statement;
+};
+constexpr NameMember kNames[] = {
+    {"GetDiscountGroupName", "SELECT DiscountGroup FROM DiscountGroups WHERE ID = {0}"},
+    {"GetEmployeeName",
+     "SELECT dbo.BuildEmployeeName(FirstName, MiddleInitial, LastName) FROM Employees WHERE ID = {0}"},
+    {"GetCustomerName", "SELECT CustomerName FROM Customers WHERE ID = {0}"},
+    {"GetShippingMethodName", "SELECT ShippingMethod FROM ShippingMethods WHERE ID = {0}"},
+    {"GetOrderStatusNameFromID", "SELECT StatusName FROM OrderStatusCodes WHERE ID = {0}"},
+    {"GetProductNameFromID", "SELECT Product FROM Products WHERE ID = {0}"},
+    {"GetProductFileFromID2", "SELECT ProductFile FROM Products WHERE ID = {0}"},
+};
+
+/// A member that fills a combo box with a list.
+struct LoadMember {
+    std::string_view name, statement;
+};
+constexpr LoadMember kLoaders[] = {
+    {"LoadPhoneLabels", "SELECT ID, Label AS Entry FROM PhoneLabels ORDER BY Label"},
+    {"LoadEmailLabels", "SELECT ID, Label AS Entry FROM EmailLabels ORDER BY Label"},
+    {"LoadCustomerTypes", "SELECT ID, Name AS Entry FROM CustomerTypes ORDER BY Name"},
+    {"LoadLocations", "SELECT ID, LocationName AS Entry FROM Locations ORDER BY LocationName"},
+    {"LoadProductTypes", "SELECT ID, ProductType AS Entry FROM ProductTypes ORDER BY ProductType"},
+    {"LoadReferralMethods",
+     "SELECT ID, ReferralMethod AS Entry FROM ReferralMethods ORDER BY ReferralMethod"},
+    {"LoadShippingMethods",
+     "SELECT ID, ShippingMethod AS Entry FROM ShippingMethods ORDER BY ShippingMethod"},
+    {"LoadTerms", "SELECT ID, Terms AS Entry FROM Terms ORDER BY Terms"},
+    {"LoadVendors", "SELECT ID, VendorName AS Entry FROM Vendors WHERE Active <> 0 ORDER BY VendorName"},
+    {"LoadDesigners",
+     "SELECT ID, dbo.BuildEmployeeName(FirstName, MiddleInitial, LastName) AS Entry FROM Employees "
+     "WHERE Designer <> 0 AND Active <> 0 ORDER BY LastName, FirstName"},
+    {"LoadInstallers",
+     "SELECT ID, dbo.BuildEmployeeName(FirstName, MiddleInitial, LastName) AS Entry FROM Employees "
+     "WHERE Installer <> 0 AND Active <> 0 ORDER BY LastName, FirstName"},
+};
+
+void addEntry(Object& combo, const std::string& text, std::int32_t itemData) {
+    combo.call("AddItem", text);
+    combo.put("ItemData", combo.get("NewIndex"), itemData);
+}
+
+/// The text of the column or, without one, of the first column that is no key.
+std::string entryText(const std::string& column, Record row) {
+    if (!column.empty()) return modSharedXML::readText(column, row);
+    for (const pugi::xml_node field : row.node().children()) {
+        if (!sameName(field.name(), "ID")) return modSharedXML::readText(field.name(), row);
+    }
+    return {};
+}
+
+}  // namespace
+
+Variant CommonObject::RecordExists(Arguments a) {
+    a.require(4, 4);
+    // The name the user typed stands last: nothing is filled into it.
+    const std::string column = bracketed(a[1].toText());
+    const std::string statement = "SELECT COUNT(*) AS MyCount FROM " + bracketed(a[0].toText()) +
+                                  " WHERE ID <> " + std::to_string(a[3].toLong()) + " AND LTRIM(RTRIM(" +
+                                  column + ")) = " + quoted(modSharedStrings::trim(textOf(a[2])));
+    return context().company.scalar(statement).toLong() > 0;
+}
+
+Variant CommonObject::name(std::string_view statement, Arguments a) {
+    a.require(1, 1);
+    return textOf(context().company.scalar(format(statement, a[0].toLong())));
+}
+
+Variant CommonObject::load(Object& combo, std::string_view statement) {
+    const Records rows = Records::parse(context().company.read(statement));
+    combo.call("Clear");
+    for (const Record row : rows) {
+        addEntry(combo, modSharedXML::readText("Entry", row), modSharedXML::readLong("ID", row));
+    }
+    return {};
+}
+
+/// After combo box and statement: the column whose text is shown (empty: the first that is not ID), the
+/// column of the stored number (empty: none, all are 0), and the entry before the rows (a text, true for a
+/// blank one).
+Variant CommonObject::LoadComboFromQuery(Arguments a) {
+    a.require(2, 5);
+    Object& combo = a[0].object();
+    const std::string shown = textOf(a[2]), stored = textOf(a[3]);
+    const Records rows = Records::parse(context().company.read(a[1].toText()));
+    combo.call("Clear");
+    if (a[4].isText() && !a[4].toText().empty()) addEntry(combo, a[4].toText(), 0);
+    if (a[4].holds<bool>() && a[4].toBoolean()) addEntry(combo, "", 0);
+    for (const Record row : rows) {
+        addEntry(combo, entryText(shown, row), stored.empty() ? 0 : modSharedXML::readLong(stored, row));
+    }
+    return {};
+}
+
+/// The flag asks for those, too, who no longer work here.
+Variant CommonObject::LoadSalesReps(Arguments a) {
+    a.require(1, 2);
+    const bool all = a.has(1) && a[1].toBoolean();
+    return load(
+        a[0].object(),
+        std::string("SELECT ID, dbo.BuildEmployeeName(FirstName, MiddleInitial, LastName) AS Entry FROM "
+                    "Employees WHERE SalesRep <> 0 ") +
+            (all ? "" : "AND Active <> 0 ") + "ORDER BY LastName, FirstName");
+}
+
+/// The last argument is a group that is left out.
+Variant CommonObject::LoadDiscountGroups(Arguments a) {
+    a.require(2, 3);
+    return load(a[0].object(), format("SELECT ID, DiscountGroup AS Entry FROM DiscountGroups "
+                                      "WHERE DiscountGroupType = {0} AND ID <> {1} ORDER BY DiscountGroup",
+                                      a[1].toLong(), a.valueOr(2, 0).toLong()));
+}
+
+Variant CommonObject::invoke(std::string_view member, tsln::Access access, Arguments arguments) {
+    using Self = CommonObject;
+    static constexpr Member<Self> members[] = {
+        {"RecordExists", [](Self& self, Arguments a) { return self.RecordExists(a); }},
+        {"CreateGUID", [](Self&, Arguments) { return Variant(createGuid()); }},
+        {"FormatAsGUID",
+         [](Self&, Arguments a) {
+             a.require(1, 1);
+             return Variant(formatAsGuid(textOf(a[0])));
+         }},
+        {"LoadComboFromQuery", [](Self& self, Arguments a) { return self.LoadComboFromQuery(a); }},
+        {"LoadSalesReps", [](Self& self, Arguments a) { return self.LoadSalesReps(a); }},
+        {"LoadDiscountGroups", [](Self& self, Arguments a) { return self.LoadDiscountGroups(a); }},
+    };
+    try {
+        if (access != tsln::Access::Put) {
+            for (const NameMember& row : kNames) {
+                if (sameName(row.name, member)) return name(row.statement, arguments);
+            }
+            for (const LoadMember& row : kLoaders) {
+                if (!sameName(row.name, member)) continue;
+                arguments.require(1, 1);
+                return load(arguments[0].object(), row.statement);
+            }
+        }
+        return invokeMember<Self>(*this, "Common", members, member, access, arguments);
+    } catch (const SqlError& error) {
+        throw HostError(code::fail, "Common", error.what());
+    }
+}
+
+}  // namespace tsln::workbench

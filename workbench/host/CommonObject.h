@@ -1,0 +1,25 @@
+#pragma once
+
+#include "workbench/host/HostContext.h"
+
+namespace tsln::workbench {
+
+/// "Common": uniqueness checks, names of records by their identifiers, GUIDs, and the loaders that fill the
+/// module's combo boxes through their late-bound members.
+class CommonObject : public HostObject {
+  public:
+    explicit CommonObject(std::shared_ptr<HostContext> context) : HostObject(std::move(context)) {}
+    Variant invoke(std::string_view member, tsln::Access access, Arguments arguments) override;
+
+  private:
+    Variant RecordExists(Arguments a);
+    Variant LoadComboFromQuery(Arguments a);
+    Variant LoadSalesReps(Arguments a);
+    Variant LoadDiscountGroups(Arguments a);
+    /// The first value of the statement with the identifier filled in; an empty text when there is none.
+    Variant name(std::string_view statement, Arguments a);
+    /// Fills the combo box with the statement's columns Entry and ID.
+    Variant load(Object& combo, std::string_view statement);
+};
+
+}  // namespace tsln::workbench

@@ -1,0 +1,32 @@
+#include "workbench/host/Components.h"
+
+#include "workbench/host/ImportExportEngine.h"
+#include "workbench/host/NumericFieldChecker.h"
+
+namespace tsln::workbench {
+namespace {
+
+using ContextPtr = std::shared_ptr<HostContext>;
+
+struct Component {
+    std::string_view programId;
+    ObjectPtr (*create)(const ContextPtr& context);
+};
+constexpr Component kComponents[] = {
+    {"tslnnum5.Checker",
+     [](const ContextPtr&) -> ObjectPtr { return std::make_shared<NumericFieldChecker>(); }},
+    {"tslniee5.Engine",
+     [](const ContextPtr& context) -> ObjectPtr { return std::make_shared<ImportExportEngine>(context); }},
+};
+
+}  // namespace
+
+ObjectPtr createComponent(std::string_view programId, const ContextPtr& context) {
+    for (const Component& component : kComponents) {
+        if (sameName(component.programId, programId)) return component.create(context);
+    }
+    throw HostError(code::classNotRegistered, "Workbench",
+                    "There is no component '" + std::string(programId) + "' in this program.");
+}
+
+}  // namespace tsln::workbench

@@ -1,0 +1,28 @@
+#include "workbench/host/EventLog.h"
+
+#include "workbench/host/HostDate.h"
+#include "workbench/host/SqlText.h"
+
+namespace tsln::workbench {
+namespace {
+
+constexpr std::size_t kMostWaiting = 100;
+
+}  // namespace
+
+void EventLog::record(std::int32_t type, std::string_view text, std::string_view source) {
+    waiting_.push_back("INSERT INTO EventLog (EventDate,EventType,EventText,Source,UserName) VALUES('" +
+                       sqlDateText(nowUtc()) + "', " + std::to_string(type) + ", " + quoted(text) + ", " +
+                       quoted(source) + ", " + quoted(userName_) + ")");
+    if (waiting_.size() > kMostWaiting) waiting_.pop_front();
+    try {
+        while (!waiting_.empty()) {
+            company_.execute(waiting_.front());
+            waiting_.pop_front();
+        }
+    } catch (const SqlError&) {
+        // They wait for a company that can be written.
+    }
+}
+
+}  // namespace tsln::workbench

@@ -1,0 +1,34 @@
+#include "workbench/host/HostContext.h"
+
+#include "shared/modSharedXML.h"
+#include "workbench/host/SqlText.h"
+
+namespace tsln::workbench {
+namespace {
+
+User signIn(Company& company, std::string_view login) {
+    const auto rows = modSharedXML::Records::parse(
+        company.read("SELECT ID, Username, dbo.BuildEmployeeName(FirstName, MiddleInitial, LastName) AS "
+                     "EmployeeName, Active, CanLogin "
+                     "FROM Employees WHERE Username = " +
+                     quoted(login)));
+    const modSharedXML::Record row = rows.first();
+    const std::string name = "'" + std::string(login) + "'";
+    if (login.empty() || !row) throw SignInError("This company has no user " + name + ".");
+    if (!readBoolean("Active", row) || !readBoolean("CanLogin", row)) {
+        throw SignInError("The user " + name + " may not log in to this company.");
+    }
+    return {readLong("ID", row), readText("Username", row), readText("EmployeeName", row)};
+}
+
+}  // namespace
+
+HostContext::HostContext(const std::string& path, workbench::Access access, std::string_view login,
+                         HostUi& hostUi)
+    : company(path, access),
+      ui(hostUi),
+      user(signIn(company, login)),
+      eventLog(company, user.login),
+      options(company) {}
+
+}  // namespace tsln::workbench

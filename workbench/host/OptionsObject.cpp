@@ -1,0 +1,80 @@
+#include "workbench/host/OptionsObject.h"
+
+#include <filesystem>
+
+#include "workbench/host/SqlText.h"
+
+namespace tsln::workbench {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Location {
+    std::string_view name;
+    const char* folder;  ///< below the company's own; empty for that folder itself
+};
+constexpr Location kLocations[] = {
+    {"Companies", ""},
+    {"Products", "Products"},
+    {"Reports", "Reports"},
+    {"Export Files", "Export Files"},
+    {"Sync", "Sync"},
+    {"Document Templates", "Document Templates"},
+    {"Kestrane Connect", "Kestrane Connect"},
+};
+
+}  // namespace
+
+/// An option, its section and what it is when it was never set; without the section: option and default.
+Variant OptionsObject::get(OptionStore::Owner owner, Arguments a) {
+    a.require(1, 3);
+    const bool withSection = a.count() == 3;
+    const std::string name = textOf(a[0]), section = withSection ? textOf(a[1]) : "";
+    if (const auto value = context().options.get(owner, {name, section})) return *value;
+    return a.valueOr(withSection ? 2 : 1, "");
+}
+
+Variant OptionsObject::set(OptionStore::Owner owner, Arguments a) {
+    a.require(3, 3);
+    const std::string name = textOf(a[0]), section = textOf(a[1]);
+    context().options.set(owner, {name, section}, textOf(a[2]));
+    return {};
+}
+
+/// The folder stands beside the company file unless the company has another for it, and is made when it can
+/// be.
+Variant OptionsObject::UserFileLocation(Arguments a) {
+    a.require(1, 1);
+    const std::string kind = textOf(a[0]);
+    if (const auto own = context().options.get({}, {kind, "File Locations"})) return *own;
+    for (const Location& location : kLocations) {
+        if (!sameName(location.name, kind)) continue;
+        std::error_code ignored;
+        fs::path folder = fs::absolute(fs::path(context().company.path()), ignored).parent_path();
+        if (*location.folder) folder /= location.folder;
+        fs::create_directories(folder, ignored);
+        return folder.string();
+    }
+    throw HostError(code::badIndex, "Options", "There is no file location '" + kind + "'.");
+}
+
+Variant OptionsObject::invoke(std::string_view member, tsln::Access access, Arguments arguments) {
+    using Self = OptionsObject;
+    static constexpr Member<Self> members[] = {
+        {"GetCompanyOption", [](Self& self, Arguments a) { return self.get(self.company(), a); }},
+        {"SetCompanyOption", [](Self& self, Arguments a) { return self.set(self.company(), a); }},
+        {"GetUserOption", [](Self& self, Arguments a) { return self.get(self.user(), a); }},
+        {"SetUserOption", [](Self& self, Arguments a) { return self.set(self.user(), a); }},
+        {"UserFileLocation", [](Self& self, Arguments a) { return self.UserFileLocation(a); }},
+        // Empty when no such program is registered.
+        {"ExternalProgram",
+         [](Self& self, Arguments a) {
+             a.require(1, 1);
+             const std::string kind = textOf(a[0]);
+             return Variant(self.context().options.get({}, {kind, "External Programs"}).value_or(""));
+         }},
+    };
+    return answer(*this, "Options", members, member, access, arguments);
+}
+
+}  // namespace tsln::workbench

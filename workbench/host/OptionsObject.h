@@ -1,0 +1,21 @@
+#pragma once
+
+#include "workbench/host/HostContext.h"
+
+namespace tsln::workbench {
+
+/// "Options": the options of the company and of its user, its folders and the programs registered with it.
+class OptionsObject : public HostObject {
+  public:
+    explicit OptionsObject(std::shared_ptr<HostContext> context) : HostObject(std::move(context)) {}
+    Variant invoke(std::string_view member, tsln::Access access, Arguments arguments) override;
+
+  private:
+    Variant get(OptionStore::Owner owner, Arguments a);
+    Variant set(OptionStore::Owner owner, Arguments a);
+    OptionStore::Owner company() const { return {}; }
+    OptionStore::Owner user() const { return {context().user.ID}; }
+    Variant UserFileLocation(Arguments a);
+};
+
+}  // namespace tsln::workbench

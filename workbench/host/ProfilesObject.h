@@ -1,0 +1,21 @@
+#pragma once
+
+#include "workbench/host/HostContext.h"
+
+namespace tsln::workbench {
+
+/// "Profiles": the profile that the host was started with. The workbench starts with the default one, whose
+/// name is empty.
+class ProfilesObject : public HostObject {
+  public:
+    explicit ProfilesObject(std::shared_ptr<HostContext> context) : HostObject(std::move(context)) {}
+    Variant invoke(std::string_view member, tsln::Access access, Arguments arguments) override {
+        using Self = ProfilesObject;
+        static constexpr Member<Self> members[] = {
+            {"Profile", [](Self&, Arguments) { return Variant(""); }},
+        };
+        return answer(*this, "Profiles", members, member, access, arguments);
+    }
+};
+
+}  // namespace tsln::workbench

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace tsln::workbench {
+
+/// The SHA-2 digest of the bytes, 256, 384 or 512 bits long, in small hexadecimal digits. Another length
+/// raises HostError(code::badIndex).
+std::string sha2(std::string_view bytes, std::int32_t bits);
+
+}  // namespace tsln::workbench

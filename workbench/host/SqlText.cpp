@@ -1,0 +1,31 @@
+#include "workbench/host/SqlText.h"
+
+#include <algorithm>
+
+#include "shared/modSharedSQL.h"
+
+namespace tsln::workbench {
+
+std::string quoted(std::string_view text) {
+    return "'" + modSharedSQL::doubleQuotes(text) + "'";
+}
+
+bool isPlainName(std::string_view name) {
+    const auto letter = [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_'; };
+    return !name.empty() && name.size() <= 128 && letter(name.front()) &&
+           std::ranges::all_of(name, [&](char c) { return letter(c) || (c >= '0' && c <= '9'); });
+}
+
+std::string bracketed(std::string_view name) {
+    if (!isPlainName(name)) {
+        throw HostError(code::fail, "Database",
+                        "'" + std::string(name) + "' is no name of a table or column.");
+    }
+    return "[" + std::string(name) + "]";
+}
+
+std::string textOf(const Variant& value) {
+    return value.isNull() || value.isMissing() ? std::string() : value.toText();
+}
+
+}  // namespace tsln::workbench

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "automation/Variant.h"
+
+namespace tsln::workbench {
+
+/// The text as a literal of a statement, with its quotes.
+std::string quoted(std::string_view text);
+
+/// A table's or column's name as it stands in a statement. A name that is not made of letters A to Z, digits
+/// and underscores raises HostError(code::fail).
+std::string bracketed(std::string_view name);
+bool isPlainName(std::string_view name);
+
+/// The value's text; Null and what is missing are an empty text.
+std::string textOf(const Variant& value);
+
+}  // namespace tsln::workbench

@@ -1,0 +1,18 @@
+#include "workbench/host/Workbench.h"
+
+#include "workbench/host/Components.h"
+#include "workbench/host/SharedCode.h"
+
+namespace tsln::workbench {
+
+CompanySession::CompanySession(const std::string& path, std::string_view login, HostUi& ui,
+                               workbench::Access access)
+    : context_(std::make_shared<HostContext>(path, access, login, ui)),
+      sharedCode_(std::make_shared<TracedObject>(std::make_shared<SharedCode>(context_), "", tracer_)) {}
+
+ObjectPtr CompanySession::createObject(std::string_view programId) const {
+    return std::make_shared<TracedObject>(createComponent(programId, context_), std::string(programId),
+                                          tracer_);
+}
+
+}  // namespace tsln::workbench
