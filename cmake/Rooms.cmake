@@ -14,11 +14,13 @@ endif()
 
 # wxWidgets, its headers as system headers and precompiled: they are most of the work of compiling a window.
 function(tsln_use_wx target)
-    separate_arguments(flags UNIX_COMMAND "${wxWidgets_CXX_FLAGS}")
     target_include_directories(${target} SYSTEM PUBLIC ${wxWidgets_INCLUDE_DIRS})
     target_compile_definitions(${target} PUBLIC ${wxWidgets_DEFINITIONS})
     target_compile_options(${target} PUBLIC ${wxWidgets_CXX_FLAGS})
     target_link_libraries(${target} PUBLIC ${wxWidgets_LIBRARIES})
+    if(TARGET PkgConfig::GTK3)
+        target_link_libraries(${target} PUBLIC PkgConfig::GTK3)
+    endif()
     target_precompile_headers(${target} PRIVATE <wx/wx.h> <wx/listctrl.h>)
 endfunction()
 

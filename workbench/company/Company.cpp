@@ -86,7 +86,7 @@ struct Company::Impl {
     }
 };
 
-Company::Company(const std::string& path, Access access) : impl_(std::make_unique<Impl>()) {
+Company::Company(const std::string& path, OpenMode access) : impl_(std::make_unique<Impl>()) {
     impl_->path = path;
     impl_->database = openCompanyFile(path, access);
     impl_->readOnly = sqlite3_db_readonly(impl_->database->getHandle(), "main") == 1;

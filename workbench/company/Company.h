@@ -32,7 +32,7 @@ class SqlError : public std::runtime_error {
 };
 
 /// What opening a company may do to its file.
-enum class Access {
+enum class OpenMode {
     Create,     ///< read and write; made when it does not exist
     ReadWrite,  ///< read and write; it must exist
     ReadOnly,   ///< read only; it must exist
@@ -41,13 +41,13 @@ enum class Access {
 /// One company's database: an SQLite file that understands the statements written for SQL Server.
 ///
 /// Text compares without letter case and without blanks at its end. A file opened read-only (by its
-/// permissions or by Access) can be read; every write then fails with SqlError. When another program holds
+/// permissions or by its OpenMode) can be read; every write then fails with SqlError. When another program holds
 /// the file, a statement waits two seconds before it fails. Not for use from two threads.
 class Company {
   public:
     /// Opens the file, making it with a retailer's demonstration data when it does not exist and `access`
     /// lets it. A file made comes into being whole or not at all. Throws CompanyFileError.
-    explicit Company(const std::string& path, Access access = Access::Create);
+    explicit Company(const std::string& path, OpenMode access = OpenMode::Create);
     ~Company();
     Company(const Company&) = delete;
     Company& operator=(const Company&) = delete;

@@ -171,16 +171,16 @@ void checkIsFile(const std::string& path) {
 
 }  // namespace
 
-std::unique_ptr<SQLite::Database> openCompanyFile(const std::string& path, Access access) {
+std::unique_ptr<SQLite::Database> openCompanyFile(const std::string& path, OpenMode access) {
     if (path.empty()) throw CompanyFileError(Reason::CannotOpen, "No company file was named.");
     std::error_code error;
-    if (access == Access::Create && fs::symlink_status(path, error).type() == fs::file_type::not_found)
+    if (access == OpenMode::Create && fs::symlink_status(path, error).type() == fs::file_type::not_found)
         create(path);
     checkIsFile(path);
 
     // The path in full, so that no name means something else to SQLite (":memory:").
     std::string file = fs::absolute(path, error).string();
-    int flags = access == Access::ReadOnly ? SQLite::OPEN_READONLY : SQLite::OPEN_READWRITE;
+    int flags = access == OpenMode::ReadOnly ? SQLite::OPEN_READONLY : SQLite::OPEN_READWRITE;
     try {
         auto database = std::make_unique<SQLite::Database>(error ? path : file, flags, kBusyMilliseconds);
         checkIsCompany(*database, path);

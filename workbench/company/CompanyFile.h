@@ -13,6 +13,6 @@ namespace tsln::workbench {
 
 /// Opens a company file for Company, with all that its statements need on the connection. Throws
 /// CompanyFileError; the file is untouched then.
-std::unique_ptr<SQLite::Database> openCompanyFile(const std::string& path, Access access);
+std::unique_ptr<SQLite::Database> openCompanyFile(const std::string& path, OpenMode access);
 
 }  // namespace tsln::workbench

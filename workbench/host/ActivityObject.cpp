@@ -13,7 +13,7 @@ Variant ActivityObject::record(std::string_view statement, Arguments a) {
     return {};
 }
 
-Variant ActivityObject::invoke(std::string_view member, tsln::Access access, Arguments arguments) {
+Variant ActivityObject::invoke(std::string_view member, Access access, Arguments arguments) {
     using Self = ActivityObject;
     static constexpr Member<Self> members[] = {
         {"RecordCustomerActivity",

@@ -8,7 +8,7 @@ namespace tsln::workbench {
 class ActivityObject : public HostObject {
   public:
     explicit ActivityObject(std::shared_ptr<HostContext> context) : HostObject(std::move(context)) {}
-    Variant invoke(std::string_view member, tsln::Access access, Arguments arguments) override;
+    Variant invoke(std::string_view member, Access access, Arguments arguments) override;
 
   private:
     /// Adds an entry (record, text) to the statement's table, in the user's name.

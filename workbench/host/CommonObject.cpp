@@ -128,7 +128,7 @@ Variant CommonObject::LoadDiscountGroups(Arguments a) {
                                       a[1].toLong(), a.valueOr(2, 0).toLong()));
 }
 
-Variant CommonObject::invoke(std::string_view member, tsln::Access access, Arguments arguments) {
+Variant CommonObject::invoke(std::string_view member, Access access, Arguments arguments) {
     using Self = CommonObject;
     static constexpr Member<Self> members[] = {
         {"RecordExists", [](Self& self, Arguments a) { return self.RecordExists(a); }},
@@ -143,7 +143,7 @@ Variant CommonObject::invoke(std::string_view member, tsln::Access access, Argum
         {"LoadDiscountGroups", [](Self& self, Arguments a) { return self.LoadDiscountGroups(a); }},
     };
     try {
-        if (access != tsln::Access::Put) {
+        if (access != Access::Put) {
             for (const NameMember& row : kNames) {
                 if (sameName(row.name, member)) return name(row.statement, arguments);
             }

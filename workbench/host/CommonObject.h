@@ -9,7 +9,7 @@ namespace tsln::workbench {
 class CommonObject : public HostObject {
   public:
     explicit CommonObject(std::shared_ptr<HostContext> context) : HostObject(std::move(context)) {}
-    Variant invoke(std::string_view member, tsln::Access access, Arguments arguments) override;
+    Variant invoke(std::string_view member, Access access, Arguments arguments) override;
 
   private:
     Variant RecordExists(Arguments a);

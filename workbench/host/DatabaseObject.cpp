@@ -69,7 +69,7 @@ Variant DatabaseObject::ExecuteNonQueryWithID(Arguments a) {
     }
 }
 
-Variant DatabaseObject::invoke(std::string_view member, tsln::Access access, Arguments arguments) {
+Variant DatabaseObject::invoke(std::string_view member, Access access, Arguments arguments) {
     using Self = DatabaseObject;
     static constexpr Member<Self> members[] = {
         {"ExecuteRead", [](Self& self, Arguments a) { return self.ExecuteRead(a); }},

@@ -11,7 +11,7 @@ namespace tsln::workbench {
 class DatabaseObject : public HostObject {
   public:
     explicit DatabaseObject(std::shared_ptr<HostContext> context) : HostObject(std::move(context)) {}
-    Variant invoke(std::string_view member, tsln::Access access, Arguments arguments) override;
+    Variant invoke(std::string_view member, Access access, Arguments arguments) override;
 
   private:
     Variant ExecuteRead(Arguments a);

@@ -23,7 +23,7 @@ User signIn(Company& company, std::string_view login) {
 
 }  // namespace
 
-HostContext::HostContext(const std::string& path, workbench::Access access, std::string_view login,
+HostContext::HostContext(const std::string& path, OpenMode access, std::string_view login,
                          HostUi& hostUi)
     : company(path, access),
       ui(hostUi),

@@ -39,7 +39,7 @@ class HostContext {
   public:
     /// Opens the company and signs the user in. `hostUi` must outlive the context.
     /// Throws CompanyFileError, SignInError, SqlError.
-    HostContext(const std::string& path, workbench::Access access, std::string_view login, HostUi& hostUi);
+    HostContext(const std::string& path, OpenMode access, std::string_view login, HostUi& hostUi);
 
     Company company;
     HostUi& ui;
@@ -64,7 +64,7 @@ class HostObject : public Object {
     /// Answers from a member table; what the database refuses is raised with its words.
     template <class Self, std::size_t N>
     static Variant answer(Self& self, std::string_view who, const Member<Self> (&members)[N],
-                          std::string_view member, tsln::Access access, Arguments arguments) {
+                          std::string_view member, Access access, Arguments arguments) {
         try {
             return invokeMember<Self>(self, who, members, member, access, arguments);
         } catch (const SqlError& error) {

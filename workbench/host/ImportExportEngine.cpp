@@ -90,7 +90,7 @@ void ImportExportEngine::readFile(const std::string& path, const std::string& li
         record(EventLog::Notice, std::to_string(records) + " records were imported from '" + path + "'.");
 }
 
-Variant ImportExportEngine::invoke(std::string_view member, tsln::Access access, Arguments arguments) {
+Variant ImportExportEngine::invoke(std::string_view member, Access access, Arguments arguments) {
     using Self = ImportExportEngine;
     static constexpr Member<Self> members[] = {
         {"Initialize",

@@ -21,7 +21,7 @@ namespace tsln::workbench {
 class ImportExportEngine : public HostObject {
   public:
     explicit ImportExportEngine(std::shared_ptr<HostContext> context) : HostObject(std::move(context)) {}
-    Variant invoke(std::string_view member, tsln::Access access, Arguments arguments) override;
+    Variant invoke(std::string_view member, Access access, Arguments arguments) override;
 
   private:
     struct Export {

@@ -4,7 +4,7 @@
 
 namespace tsln::workbench {
 
-Variant MessagesObject::invoke(std::string_view member, tsln::Access access, Arguments arguments) {
+Variant MessagesObject::invoke(std::string_view member, Access access, Arguments arguments) {
     using Self = MessagesObject;
     static constexpr std::size_t mostNotices = 1000;
     static constexpr Member<Self> members[] = {

@@ -9,7 +9,7 @@ namespace tsln::workbench {
 class MessagesObject : public HostObject {
   public:
     explicit MessagesObject(std::shared_ptr<HostContext> context) : HostObject(std::move(context)) {}
-    Variant invoke(std::string_view member, tsln::Access access, Arguments arguments) override;
+    Variant invoke(std::string_view member, Access access, Arguments arguments) override;
 };
 
 }  // namespace tsln::workbench

@@ -23,7 +23,7 @@ Variant check(Arguments a, double (*shape)(double)) {
 
 }  // namespace
 
-Variant NumericFieldChecker::invoke(std::string_view member, tsln::Access access, Arguments arguments) {
+Variant NumericFieldChecker::invoke(std::string_view member, Access access, Arguments arguments) {
     using Self = NumericFieldChecker;
     static constexpr Member<Self> members[] = {
         {"CheckInteger",

@@ -11,7 +11,7 @@ namespace tsln::workbench {
 /// rounded half to even; the field then holds the number without separators or signs of money.
 class NumericFieldChecker : public Object {
   public:
-    Variant invoke(std::string_view member, tsln::Access access, Arguments arguments) override;
+    Variant invoke(std::string_view member, Access access, Arguments arguments) override;
 };
 
 }  // namespace tsln::workbench

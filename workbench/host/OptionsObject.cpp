@@ -58,7 +58,7 @@ Variant OptionsObject::UserFileLocation(Arguments a) {
     throw HostError(code::badIndex, "Options", "There is no file location '" + kind + "'.");
 }
 
-Variant OptionsObject::invoke(std::string_view member, tsln::Access access, Arguments arguments) {
+Variant OptionsObject::invoke(std::string_view member, Access access, Arguments arguments) {
     using Self = OptionsObject;
     static constexpr Member<Self> members[] = {
         {"GetCompanyOption", [](Self& self, Arguments a) { return self.get(self.company(), a); }},

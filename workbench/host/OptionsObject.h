@@ -8,7 +8,7 @@ namespace tsln::workbench {
 class OptionsObject : public HostObject {
   public:
     explicit OptionsObject(std::shared_ptr<HostContext> context) : HostObject(std::move(context)) {}
-    Variant invoke(std::string_view member, tsln::Access access, Arguments arguments) override;
+    Variant invoke(std::string_view member, Access access, Arguments arguments) override;
 
   private:
     Variant get(OptionStore::Owner owner, Arguments a);

@@ -9,7 +9,7 @@ namespace tsln::workbench {
 class ProfilesObject : public HostObject {
   public:
     explicit ProfilesObject(std::shared_ptr<HostContext> context) : HostObject(std::move(context)) {}
-    Variant invoke(std::string_view member, tsln::Access access, Arguments arguments) override {
+    Variant invoke(std::string_view member, Access access, Arguments arguments) override {
         using Self = ProfilesObject;
         static constexpr Member<Self> members[] = {
             {"Profile", [](Self&, Arguments) { return Variant(""); }},

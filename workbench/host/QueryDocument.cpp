@@ -99,7 +99,7 @@ class Node : public Object {
     Node(TreePtr tree, pugi::xml_node node, bool whole)
         : tree_(std::move(tree)), node_(node), whole_(whole) {}
 
-    Variant invoke(std::string_view member, tsln::Access access, Arguments arguments) override {
+    Variant invoke(std::string_view member, Access access, Arguments arguments) override {
         static constexpr Member<Node> members[] = {
             {"xml",
              [](Node& self, Arguments) {
@@ -167,7 +167,7 @@ class NodeList : public Object {
     NodeList(TreePtr tree, std::vector<pugi::xml_node> nodes)
         : tree_(std::move(tree)), nodes_(std::move(nodes)) {}
 
-    Variant invoke(std::string_view member, tsln::Access access, Arguments arguments) override {
+    Variant invoke(std::string_view member, Access access, Arguments arguments) override {
         static constexpr Member<NodeList> members[] = {
             {"length", [](NodeList& self,
                           Arguments) { return Variant(static_cast<std::int32_t>(self.nodes_.size())); }},

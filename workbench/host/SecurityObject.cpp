@@ -26,7 +26,7 @@ bool SecurityObject::companyFlag(std::string_view name, std::string_view section
     return value;
 }
 
-Variant SecurityObject::invoke(std::string_view member, tsln::Access access, Arguments arguments) {
+Variant SecurityObject::invoke(std::string_view member, Access access, Arguments arguments) {
     using Self = SecurityObject;
     static constexpr Member<Self> members[] = {
         {"CanDo",

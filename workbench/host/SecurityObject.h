@@ -9,7 +9,7 @@ namespace tsln::workbench {
 class SecurityObject : public HostObject {
   public:
     explicit SecurityObject(std::shared_ptr<HostContext> context) : HostObject(std::move(context)) {}
-    Variant invoke(std::string_view member, tsln::Access access, Arguments arguments) override;
+    Variant invoke(std::string_view member, Access access, Arguments arguments) override;
 
   private:
     /// True when one of the user's roles grants every bit of `access` for the activity.

@@ -162,7 +162,7 @@ Variant SharedCode::OperatingMode() {
     return mode;
 }
 
-Variant SharedCode::invoke(std::string_view member, tsln::Access access, Arguments arguments) {
+Variant SharedCode::invoke(std::string_view member, Access access, Arguments arguments) {
     using Self = SharedCode;
     static constexpr Member<Self> members[] = {
         {"Database", [](Self& self, Arguments) { return Variant(self.database_); }},

@@ -11,7 +11,7 @@ namespace tsln::workbench {
 class SharedCode : public HostObject {
   public:
     explicit SharedCode(std::shared_ptr<HostContext> context);
-    Variant invoke(std::string_view member, tsln::Access access, Arguments arguments) override;
+    Variant invoke(std::string_view member, Access access, Arguments arguments) override;
 
   private:
     Variant ShowMessageStyle1WithMemory(Arguments a);

@@ -46,7 +46,7 @@ void Tracer::tell(const TraceEntry& entry) const noexcept {
     }
 }
 
-Variant TracedObject::invoke(std::string_view member, tsln::Access access, Arguments arguments) {
+Variant TracedObject::invoke(std::string_view member, Access access, Arguments arguments) {
     if (tracer_->observers_.empty()) {
         Variant result = target_->invoke(member, access, arguments);
         if (arguments.count() > 0 || !result.isObject() || !result.toObject()) return result;

@@ -16,7 +16,7 @@ struct TraceEntry {
     std::uint64_t number = 0;  ///< in the order the calls began, from 1
     int depth = 0;             ///< how many traced calls it was made within
     std::string member;        ///< "Database.ExecuteRead", "ShowMessageStyle1"
-    tsln::Access access = tsln::Access::Call;
+    Access access = Access::Call;
     bool fetch = false;     ///< nothing but the fetching of a sub-object
     std::string arguments;  ///< in short
     std::string statement;  ///< the statement among the arguments, in full; empty when there is none
@@ -49,7 +49,7 @@ class TracedObject : public Object {
     TracedObject(ObjectPtr target, std::string name, std::shared_ptr<Tracer> tracer)
         : target_(std::move(target)), name_(std::move(name)), tracer_(std::move(tracer)) {}
 
-    Variant invoke(std::string_view member, tsln::Access access, Arguments arguments) override;
+    Variant invoke(std::string_view member, Access access, Arguments arguments) override;
 
   private:
     ObjectPtr target_;

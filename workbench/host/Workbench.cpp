@@ -6,7 +6,7 @@
 namespace tsln::workbench {
 
 CompanySession::CompanySession(const std::string& path, std::string_view login, HostUi& ui,
-                               workbench::Access access)
+                               OpenMode access)
     : context_(std::make_shared<HostContext>(path, access, login, ui)),
       sharedCode_(std::make_shared<TracedObject>(std::make_shared<SharedCode>(context_), "", tracer_)) {}
 

@@ -110,7 +110,7 @@ std::vector<std::string> splitKeys(const std::string& keys) {
 }
 
 Company openCompany(const std::string& path) try {
-    return Company(path, Access::ReadWrite);
+    return Company(path, OpenMode::ReadWrite);
 } catch (const CompanyFileError& error) {
     throw Failure{NoCompany, error.what()};
 }

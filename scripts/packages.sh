@@ -1,0 +1,34 @@
+# The Debian packages that the project needs, and how they get onto the machine. Sourced by run and test.
+
+build_packages=(g++ cmake ninja-build ccache pkg-config libwxgtk3.2-dev libgtk-3-dev libpugixml-dev libsqlite3-dev
+    libsqlitecpp-dev libcli11-dev)
+test_packages=(libgtest-dev libgmock-dev)
+# A display of its own where there is none: the server, a window manager, and what makes windows look complete.
+display_packages=(xvfb xauth metacity adwaita-icon-theme fonts-inter sqlite3)
+
+# need PACKAGE...: installs those that are missing, and says so.
+need() {
+    local missing=() package
+    for package in "$@"; do
+        dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing+=("$package")
+    done
+    [ ${#missing[@]} -gt 0 ] || return 0
+    echo "Installing Debian packages: ${missing[*]}"
+    local as_root=()
+    [ "$(id -u)" -eq 0 ] || as_root=(sudo)
+    "${as_root[@]}" apt-get update -qq
+    DEBIAN_FRONTEND=noninteractive "${as_root[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}" \
+        >/dev/null
+}
+
+# build PRESET: configures when needed and builds; quiet unless it fails.
+build() {
+    local log
+    log=$(mktemp)
+    if ! { cmake --preset "$1" -DCMAKE_CXX_COMPILER_LAUNCHER=ccache && cmake --build --preset "$1"; } >"$log" 2>&1; then
+        tail -n 60 "$log" >&2
+        echo "The build failed; the whole of its output is in $log" >&2
+        return 1
+    fi
+    rm -f "$log"
+}

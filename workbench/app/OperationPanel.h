@@ -1,0 +1,41 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include <wx/wx.h>
+
+#include "automation/Object.h"
+#include "bridge/Operations.h"
+
+class wxFlexGridSizer;
+
+namespace tsln::workbench {
+
+/// Shows one operation of the library, takes its arguments and calls it by name, as any host does.
+class OperationPanel : public wxPanel {
+  public:
+    /// `sharedCode` is what an argument of the type Object is given.
+    OperationPanel(wxWindow* parent, ObjectPtr library, ObjectPtr sharedCode);
+
+    void show(Operation operation);
+    /// Calls the operation with the arguments as they are typed and shows the result, or what it raised.
+    void run();
+
+  private:
+    void showResult(const wxString& text, bool failed);
+    Argument argument(std::size_t i) const;
+
+    ObjectPtr library_;
+    ObjectPtr sharedCode_;
+    const OperationInfo* operation_ = nullptr;
+    wxStaticText* name_;
+    wxStaticText* signature_;
+    wxFlexGridSizer* fields_;
+    std::vector<wxTextCtrl*> arguments_;
+    wxButton* open_;
+    wxTextCtrl* result_;
+};
+
+}  // namespace tsln::workbench

@@ -1,0 +1,82 @@
+#include "workbench/app/Options.h"
+
+#include <cstdlib>
+#include <filesystem>
+
+#include <CLI/CLI.hpp>
+
+#include "bridge/Operations.h"
+
+namespace tsln::workbench {
+namespace {
+
+std::filesystem::path dataFolder() {
+    if (const char* data = std::getenv("XDG_DATA_HOME"); data && *data) return data;
+    if (const char* home = std::getenv("HOME"); home && *home) return std::filesystem::path(home) / ".local/share";
+    return std::filesystem::temp_directory_path();
+}
+
+std::string demonstrationCompany() { return (dataFolder() / "tessaline" / "Demonstration.company").string(); }
+
+/// What the operation on the command line lacks; empty when it can be called.
+std::string problemWith(const std::vector<std::string>& show) {
+    const auto operation = findOperation(show.front());
+    if (!operation || info(*operation).visibility != Visibility::Public) {
+        return "There is no operation " + show.front() + ".";
+    }
+    const auto wanted = info(*operation).argumentCount;
+    if (show.size() - 1 == wanted) return {};
+    return show.front() + " takes " + std::to_string(wanted) + " argument(s), not " +
+           std::to_string(show.size() - 1) + ".";
+}
+
+}  // namespace
+
+std::optional<Options> readCommandLine(int argc, const char* const* argv, int& exitCode) {
+    CLI::App line("Tessaline workbench: the maintenance module in a small host with an embedded company database.",
+                  "tessaline-workbench");
+    Options options;
+    line.add_option("--company", options.company,
+                    "Company file; made with demonstration data when it does not exist (default: " +
+                        demonstrationCompany() + ")")
+        ->type_name("FILE");
+    line.add_option("--user", options.user,
+                    "Login name: \"admin\" may do all, \"viewer\" may only look (default: admin)")
+        ->type_name("NAME");
+    auto* show = line.add_option("--show", options.show,
+                                 "Call an operation with its arguments, print its result and end")
+                     ->type_name("OPERATION [ARGUMENT...]")
+                     ->expected(1, 4);
+    line.add_option("--tour", options.tour,
+                    "Go through the terms list on a fresh company as a user at the keyboard, and save a picture of "
+                    "each step in the folder")
+        ->type_name("FOLDER")
+        ->excludes(show);
+    line.footer("Exit codes: 1 the operation or the tour failed, 2 wrong command line, 3 the company file cannot be "
+                "used, 4 no such user, 5 no display.");
+    try {
+        line.parse(argc, argv);
+        if (!options.show.empty()) {
+            if (const std::string problem = problemWith(options.show); !problem.empty()) {
+                throw CLI::ValidationError("--show", problem);
+            }
+        }
+    } catch (const CLI::ParseError& error) {
+        exitCode = line.exit(error) == 0 ? 0 : exitUsage;
+        return std::nullopt;
+    }
+    std::error_code ignored;  // a folder that cannot be made shows when the company is
+    if (!options.tour.empty() && options.company.empty()) {
+        options.tour = std::filesystem::absolute(options.tour).string();
+        std::filesystem::create_directories(options.tour, ignored);
+        options.company = options.tour + "/tour.company";
+        std::filesystem::remove(options.company, ignored);
+    }
+    if (options.company.empty()) {
+        options.company = demonstrationCompany();
+        std::filesystem::create_directories(std::filesystem::path(options.company).parent_path(), ignored);
+    }
+    return options;
+}
+
+}  // namespace tsln::workbench

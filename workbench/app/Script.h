@@ -1,0 +1,96 @@
+#pragma once
+
+#include <chrono>
+#include <coroutine>
+#include <exception>
+#include <functional>
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+#include <wx/timer.h>
+
+namespace tsln::workbench {
+
+/// What a script found different from what it expected. what() says so in a sentence.
+class ScriptFailure : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
+
+/// A user's acts, written down in order as a coroutine that runs beside the windows, in whatever event loop they
+/// are: it acts, waits until the windows show what it expects, and acts again.
+///
+///     Script visit() {
+///         press(WXK_INSERT);
+///         co_await until("the dialog opens", [] { return activeWindowTitle() == "New Terms"; });
+///     }
+class Script {
+  public:
+    /// A wait within a script: until the condition holds. When it does not within the time limit, the script
+    /// ends with ScriptFailure naming `what`.
+    struct Wait {
+        std::string what;
+        std::function<bool()> condition;
+        std::chrono::milliseconds limit;
+
+        bool await_ready() const { return false; }
+        void await_resume() const {
+            if (!*held) throw ScriptFailure("Waited in vain until " + what + ".");
+        }
+        template <class Promise>
+        void await_suspend(std::coroutine_handle<Promise> script) {
+            script.promise().wait = this;
+            script.promise().deadline = std::chrono::steady_clock::now() + limit;
+        }
+        std::shared_ptr<bool> held = std::make_shared<bool>(false);
+    };
+
+    struct promise_type {
+        Wait* wait = nullptr;
+        std::chrono::steady_clock::time_point deadline;
+        std::exception_ptr failure;
+
+        Script get_return_object() { return Script(std::coroutine_handle<promise_type>::from_promise(*this)); }
+        std::suspend_always initial_suspend() noexcept { return {}; }
+        std::suspend_always final_suspend() noexcept { return {}; }
+        void return_void() {}
+        void unhandled_exception() { failure = std::current_exception(); }
+    };
+
+    Script(Script&& other) noexcept : script_(std::exchange(other.script_, nullptr)) {}
+    Script& operator=(Script&&) = delete;
+    ~Script() {
+        if (script_) script_.destroy();
+    }
+
+    /// Goes on when what the script waits for has come, or its time is up. True once the script has ended.
+    bool resumeIfReady();
+    /// What ended the script early; null when it ran to its end.
+    std::exception_ptr failure() const { return script_.promise().failure; }
+
+  private:
+    explicit Script(std::coroutine_handle<promise_type> script) : script_(script) {}
+    std::coroutine_handle<promise_type> script_;
+};
+
+/// Waits until the condition holds, for at most 20 seconds.
+Script::Wait until(std::string what, std::function<bool()> condition);
+/// Lets time pass, for what a program cannot see, such as a window manager's work.
+Script::Wait pause(std::chrono::milliseconds time);
+
+/// Runs a script beside the program's windows.
+class ScriptRunner : private wxTimer {
+  public:
+    /// `done` is called once, with what ended the script early or null.
+    ScriptRunner(Script script, std::function<void(std::exception_ptr)> done);
+
+  private:
+    void Notify() override;
+
+    Script script_;
+    std::function<void(std::exception_ptr)> done_;
+    bool running_ = false;
+};
+
+}  // namespace tsln::workbench

@@ -1,0 +1,116 @@
+#include "workbench/app/WorkbenchApp.h"
+
+#include <cstdio>
+#include <filesystem>
+
+#include "lists/Lists.h"
+#include "workbench/app/Tour.h"
+#include "workbench/app/WorkbenchFrame.h"
+
+namespace tsln::workbench {
+namespace {
+
+/// Settings of the workbench's user; the platform's own place for them, made when needed.
+std::string settingsFile() {
+    const char* config = std::getenv("XDG_CONFIG_HOME");
+    const char* home = std::getenv("HOME");
+    const std::filesystem::path folder = (config && *config ? std::filesystem::path(config)
+                                          : home && *home  ? std::filesystem::path(home) / ".config"
+                                                           : std::filesystem::temp_directory_path()) /
+                                         "tessaline";
+    std::error_code ignored;  // settings that cannot be kept cost no more than a window's place
+    std::filesystem::create_directories(folder, ignored);
+    return (folder / "settings.ini").string();
+}
+
+void printTerms(const std::string& companyFile) {
+    Company company(companyFile, OpenMode::ReadOnly);
+    std::printf("The terms in the company database:\n%s\n",
+                company.read("SELECT Terms, DueDays, Discount, DiscountDays FROM Terms ORDER BY Terms").c_str());
+}
+
+}  // namespace
+
+WorkbenchApp::WorkbenchApp(Options options)
+    : options_(std::move(options)), session_(options_.company, options_.user, messages_) {}
+
+bool WorkbenchApp::OnInit() {
+    SetAppDisplayName("Tessaline");
+    desktop_ = std::make_unique<desktop::WxDesktop>(
+        [this](std::string_view programId) { return session_.createObject(programId); }, settingsFile());
+    desktop_->onProcessEnd = [this](std::string_view commandLine, ProcessEnd end) { tellProcessEnd(commandLine, end); };
+    library_ = std::make_shared<Library>(*desktop_);
+    lists::plugIn(*library_);
+    library_->Initialize(session_.sharedCode());
+
+    if (!options_.show.empty()) {
+        SetExitOnFrameDelete(false);
+        CallAfter([this] { callOperation(); });
+        return true;
+    }
+    const auto traced = std::make_shared<TracedObject>(library_, "Library", session_.tracer());
+    auto* frame = new WorkbenchFrame(session_, traced);
+    SetTopWindow(frame);
+    frame->Show();
+    if (!options_.tour.empty()) startTour();
+    return true;
+}
+
+int WorkbenchApp::OnRun() {
+    const int result = wxApp::OnRun();
+    return exitCode_ != 0 ? exitCode_ : result;
+}
+
+int WorkbenchApp::OnExit() {
+    tour_.reset();
+    if (library_) library_->PreTerminate();
+    library_.reset();
+    desktop_.reset();
+    return wxApp::OnExit();
+}
+
+void WorkbenchApp::callOperation() {
+    std::vector<Argument> arguments;
+    for (std::size_t i = 1; i < options_.show.size(); ++i) arguments.emplace_back(options_.show[i]);
+    try {
+        const Variant result = library_->invoke(options_.show[0], Access::Call, Arguments(arguments));
+        if (!result.isEmpty() && !result.isObject()) std::printf("%s\n", result.toText().c_str());
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "%s\n", error.what());
+        exitCode_ = exitFailed;
+    }
+    ExitMainLoop();
+}
+
+void WorkbenchApp::startTour() {
+    std::printf("A tour of the terms list; its pictures are in %s\n", options_.tour.c_str());
+    tour_ = std::make_unique<ScriptRunner>(
+        termsTour(session_.company(), options_.tour), [this](std::exception_ptr failure) {
+            try {
+                if (failure) std::rethrow_exception(failure);
+                printTerms(options_.company);
+                std::printf("Every step came out as expected.\n");
+                GetTopWindow()->Close();
+            } catch (const std::exception& error) {
+                std::fflush(stdout);
+                std::fprintf(stderr, "The tour did not come out: %s\n", error.what());
+                // Modal windows may be open, and nobody is there to close them.
+                std::_Exit(exitFailed);
+            }
+        });
+}
+
+void WorkbenchApp::tellProcessEnd(std::string_view commandLine, ProcessEnd end) {
+    if (end.started && end.exitCode == 0) return;
+    const wxString how = !end.started      ? wxString("could not be started.")
+                         : end.exitCode < 0 ? wxString::Format("was ended by signal %d.", -end.exitCode)
+                                            : wxString::Format("ended with the code %d.", end.exitCode);
+    session_.eventLog().record(EventLog::Error, "A program that the module waited for " + how.utf8_string() + " " +
+                               std::string(commandLine));
+    messages_.showMessage({.style = MessageStyle::LoggedError,
+                           .text = "The program " + how.utf8_string(),
+                           .advice = "What it had not finished has not been done.",
+                           .detail = std::string(commandLine)});
+}
+
+}  // namespace tsln::workbench

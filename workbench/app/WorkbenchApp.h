@@ -1,0 +1,40 @@
+#pragma once
+
+#include <memory>
+
+#include <wx/wx.h>
+
+#include "bridge/Library.h"
+#include "desktop/WxDesktop.h"
+#include "workbench/app/MessageWindows.h"
+#include "workbench/app/Options.h"
+#include "workbench/app/Script.h"
+#include "workbench/host/Workbench.h"
+
+namespace tsln::workbench {
+
+/// The workbench program: the module on one side, the substitute host on the other, windows for both.
+class WorkbenchApp : public wxApp {
+  public:
+    /// Opens the company; throws what CompanySession throws.
+    explicit WorkbenchApp(Options options);
+
+    bool OnInit() override;
+    int OnRun() override;
+    int OnExit() override;
+
+  private:
+    void callOperation();
+    void startTour();
+    void tellProcessEnd(std::string_view commandLine, ProcessEnd end);
+
+    const Options options_;
+    MessageWindows messages_;
+    CompanySession session_;
+    std::unique_ptr<desktop::WxDesktop> desktop_;
+    std::shared_ptr<Library> library_;
+    std::unique_ptr<ScriptRunner> tour_;
+    int exitCode_ = 0;
+};
+
+}  // namespace tsln::workbench

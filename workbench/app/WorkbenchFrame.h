@@ -1,0 +1,27 @@
+#pragma once
+
+#include <wx/wx.h>
+
+#include "automation/Object.h"
+#include "workbench/host/Workbench.h"
+
+namespace tsln::workbench {
+
+class OperationPanel;
+class OperationTree;
+class TracePanel;
+
+/// The workbench's window: the operations of the module's library on the left, the chosen one with its arguments
+/// on the right, and below it what passes between module and host.
+class WorkbenchFrame : public wxFrame {
+  public:
+    /// `library` is initialised; the session must outlive the frame.
+    WorkbenchFrame(CompanySession& session, ObjectPtr library);
+
+  private:
+    OperationTree* tree_;
+    OperationPanel* operation_;
+    TracePanel* trace_;
+};
+
+}  // namespace tsln::workbench
