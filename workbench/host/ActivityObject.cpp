@@ -9,7 +9,8 @@ Variant ActivityObject::record(std::string_view statement, Arguments a) {
     a.require(2, 2);
     // The text last: what it holds must not be filled again.
     context().company.execute(modSharedSQL::fillTags(
-        statement, {{"<id>", a[0].toLong()}, {"<by>", context().user.ID}, {"<text>", quoted(textOf(a[1]))}}));
+        statement,
+        {{"<id>", a[0].toLong()}, {"<by>", context().user.ID}, {"<text>", literal(textOf(a[1]))}}));
     return {};
 }
 

@@ -74,7 +74,7 @@ Variant CommonObject::RecordExists(Arguments a) {
     const std::string column = bracketed(a[1].toText());
     const std::string statement = "SELECT COUNT(*) AS MyCount FROM " + bracketed(a[0].toText()) +
                                   " WHERE ID <> " + std::to_string(a[3].toLong()) + " AND LTRIM(RTRIM(" +
-                                  column + ")) = " + quoted(modSharedStrings::trim(textOf(a[2])));
+                                  column + ")) = " + literal(modSharedStrings::trim(textOf(a[2])));
     return context().company.scalar(statement).toLong() > 0;
 }
 

@@ -12,8 +12,8 @@ constexpr std::size_t kMostWaiting = 100;
 
 void EventLog::record(std::int32_t type, std::string_view text, std::string_view source) {
     waiting_.push_back("INSERT INTO EventLog (EventDate,EventType,EventText,Source,UserName) VALUES('" +
-                       sqlDateText(nowUtc()) + "', " + std::to_string(type) + ", " + quoted(text) + ", " +
-                       quoted(source) + ", " + quoted(userName_) + ")");
+                       sqlDateText(nowUtc()) + "', " + std::to_string(type) + ", " + literal(text) + ", " +
+                       literal(source) + ", " + literal(userName_) + ")");
     if (waiting_.size() > kMostWaiting) waiting_.pop_front();
     try {
         while (!waiting_.empty()) {

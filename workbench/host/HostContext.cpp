@@ -11,7 +11,7 @@ User signIn(Company& company, std::string_view login) {
         company.read("SELECT ID, Username, dbo.BuildEmployeeName(FirstName, MiddleInitial, LastName) AS "
                      "EmployeeName, Active, CanLogin "
                      "FROM Employees WHERE Username = " +
-                     quoted(login)));
+                     literal(login)));
     const modSharedXML::Record row = rows.first();
     const std::string name = "'" + std::string(login) + "'";
     if (login.empty() || !row) throw SignInError("This company has no user " + name + ".");
@@ -23,8 +23,7 @@ User signIn(Company& company, std::string_view login) {
 
 }  // namespace
 
-HostContext::HostContext(const std::string& path, OpenMode access, std::string_view login,
-                         HostUi& hostUi)
+HostContext::HostContext(const std::string& path, OpenMode access, std::string_view login, HostUi& hostUi)
     : company(path, access),
       ui(hostUi),
       user(signIn(company, login)),

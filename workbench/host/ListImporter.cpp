@@ -181,7 +181,7 @@ class SectionImport {
         std::string changes;
         for (const Value& value : values) {
             if (sameName(value.column, kIdentity)) continue;
-            changes += (changes.empty() ? "" : ", ") + bracketed(value.column) + " = " + quoted(value.text);
+            changes += (changes.empty() ? "" : ", ") + bracketed(value.column) + " = " + literal(value.text);
         }
         company_.execute("UPDATE " + bracketed(list_.table) + " SET " + changes +
                          " WHERE ID = " + std::to_string(id));
@@ -192,7 +192,7 @@ class SectionImport {
         for (const Value& value : values) {
             if (sameName(value.column, kIdentity) && !isFree(value.text)) continue;
             columns += (columns.empty() ? "" : ", ") + bracketed(value.column);
-            texts += (texts.empty() ? "" : ", ") + quoted(value.text);
+            texts += (texts.empty() ? "" : ", ") + literal(value.text);
         }
         company_.execute("INSERT INTO " + bracketed(list_.table) + " (" + columns + ") VALUES(" + texts +
                          ")");

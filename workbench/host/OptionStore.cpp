@@ -14,9 +14,9 @@ std::string ofOwner(OptionStore::Owner owner) {
 }
 
 std::string condition(OptionStore::Owner owner, OptionStore::Key key) {
-    const std::string name = quoted(key.name);
+    const std::string name = literal(key.name);
     if (key.section.empty()) return ofOwner(owner) + "OptionName = " + name;
-    const std::string section = quoted(key.section);
+    const std::string section = literal(key.section);
     return ofOwner(owner) + "((OptionName = " + name + " AND Section = " + section +
            ") OR (OptionName = " + section + " AND Section = " + name + "))";
 }
@@ -32,15 +32,15 @@ std::optional<std::string> OptionStore::get(Owner owner, Key key) {
 
 void OptionStore::set(Owner owner, Key key, std::string_view value) {
     const std::string options = table(owner);
-    if (company_.execute("UPDATE " + options + " SET OptionValue = " + quoted(value) + " WHERE " +
+    if (company_.execute("UPDATE " + options + " SET OptionValue = " + literal(value) + " WHERE " +
                          condition(owner, key)) > 0) {
         return;
     }
     const bool user = owner.employee != 0;
     company_.execute("INSERT INTO " + options + " (" + (user ? "EmployeeID," : "") +
                      "OptionName,Section,OptionValue) VALUES(" +
-                     (user ? std::to_string(owner.employee) + ", " : "") + quoted(key.name) + ", " +
-                     quoted(key.section) + ", " + quoted(value) + ")");
+                     (user ? std::to_string(owner.employee) + ", " : "") + literal(key.name) + ", " +
+                     literal(key.section) + ", " + literal(value) + ")");
 }
 
 }  // namespace tsln::workbench

@@ -6,7 +6,7 @@
 
 namespace tsln::workbench {
 
-std::string quoted(std::string_view text) {
+std::string literal(std::string_view text) {
     return "'" + modSharedSQL::doubleQuotes(text) + "'";
 }
 

@@ -8,7 +8,7 @@
 namespace tsln::workbench {
 
 /// The text as a literal of a statement, with its quotes.
-std::string quoted(std::string_view text);
+std::string literal(std::string_view text);
 
 /// A table's or column's name as it stands in a statement. A name that is not made of letters A to Z, digits
 /// and underscores raises HostError(code::fail).

@@ -5,8 +5,7 @@
 
 namespace tsln::workbench {
 
-CompanySession::CompanySession(const std::string& path, std::string_view login, HostUi& ui,
-                               OpenMode access)
+CompanySession::CompanySession(const std::string& path, std::string_view login, HostUi& ui, OpenMode access)
     : context_(std::make_shared<HostContext>(path, access, login, ui)),
       sharedCode_(std::make_shared<TracedObject>(std::make_shared<SharedCode>(context_), "", tracer_)) {}
 

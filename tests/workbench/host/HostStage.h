@@ -1,0 +1,108 @@
+#pragma once
+
+#include <deque>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "bridge/Library.h"
+#include "lists/Lists.h"
+#include "tests/support/ScriptedDesktop.h"
+#include "workbench/host/Workbench.h"
+
+namespace tsln::workbench {
+
+/// Writes down what the host shows and answers as the test says.
+class RecordingUi : public HostUi {
+  public:
+    std::vector<Message> shown;
+    std::deque<Reply> replies;  ///< Ok when there is none left
+
+    Reply showMessage(const Message& message) override {
+        shown.push_back(message);
+        if (replies.empty()) return {};
+        const Reply reply = replies.front();
+        replies.pop_front();
+        return reply;
+    }
+};
+
+/// A folder of its own that goes with the test.
+class TestFolder {
+  public:
+    TestFolder() {
+        const auto* test = testing::UnitTest::GetInstance()->current_test_info();
+        path_ = std::filesystem::path(testing::TempDir()) /
+                ("host " + std::string(test->test_suite_name()) + "." + test->name());
+        std::filesystem::remove_all(path_);
+        std::filesystem::create_directories(path_);
+    }
+    ~TestFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(path_, ignored);
+    }
+    TestFolder(const TestFolder&) = delete;
+    TestFolder& operator=(const TestFolder&) = delete;
+
+    std::string file(const std::string& name) const { return (path_ / name).string(); }
+    std::string write(const std::string& name, const std::string& text) const {
+        std::ofstream(file(name), std::ios::binary) << text;
+        return file(name);
+    }
+    std::vector<std::string> names() const {
+        std::vector<std::string> result;
+        for (const auto& entry : std::filesystem::directory_iterator(path_)) {
+            result.push_back(entry.path().filename().string());
+        }
+        return result;
+    }
+
+  private:
+    std::filesystem::path path_;
+};
+
+inline std::string textOfFile(const std::string& path) {
+    std::ifstream stream(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+/// An open demonstration company with the user named.
+struct HostStage {
+    explicit HostStage(std::string_view login = "admin", OpenMode access = OpenMode::Create) {
+        if (access != OpenMode::Create) Company(folder.file("test.company"));  // to be opened so
+        session = std::make_unique<CompanySession>(folder.file("test.company"), login, ui, access);
+    }
+
+    TestFolder folder;
+    RecordingUi ui;
+    std::unique_ptr<CompanySession> session;
+
+    ObjectPtr part(std::string_view name) const { return session->sharedCode()->get(name).toObject(); }
+    Object& shared() const { return *session->sharedCode(); }
+    /// The first value of a query, as text; "-" for none.
+    std::string value(std::string_view sql) const {
+        const Variant found = session->company().scalar(sql);
+        return found.isEmpty() || found.isNull() ? "-" : found.toText();
+    }
+    void run(std::string_view sql) const { session->company().execute(sql); }
+    std::string lastEvent() const { return value("SELECT TOP 1 EventText FROM EventLog ORDER BY ID DESC"); }
+};
+
+/// The same with the module in front of it, on a scripted desktop.
+struct ModuleStage : HostStage {
+    explicit ModuleStage(std::string_view login = "admin", OpenMode access = OpenMode::Create)
+        : HostStage(login, access) {
+        lists::plugIn(*library);
+        desktop.components = [this](std::string_view programId) { return session->createObject(programId); };
+        library->Initialize(session->sharedCode());
+    }
+
+    test::ScriptedDesktop desktop;
+    std::shared_ptr<Library> library = std::make_shared<Library>(desktop);
+};
+
+}  // namespace tsln::workbench

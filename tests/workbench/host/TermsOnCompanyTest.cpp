@@ -1,0 +1,194 @@
+#include <gmock/gmock.h>
+
+#include "lists/EditDialog.h"
+#include "lists/ListCommands.h"
+#include "lists/ListScreen.h"
+#include "shared/modSharedStrings.h"
+#include "tests/workbench/host/HostStage.h"
+#include "workbench/host/SharedCode.h"
+#include "workbench/host/SqlText.h"
+
+namespace tsln::workbench {
+namespace {
+
+using lists::EditDialog;
+using lists::ListScreen;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+TextBox& box(EditDialog& dialog, const char* name) {
+    return dynamic_cast<TextBox&>(*dialog.control(name));
+}
+
+std::vector<std::string> names(const ListScreen& list) {
+    std::vector<std::string> shown;
+    for (std::size_t row = 0; row < list.rptItems.rowCount(); ++row)
+        shown.emplace_back(list.rptItems.rowText(row, 0));
+    return shown;
+}
+
+/// Types a name and the days into the dialog and presses OK.
+auto typing(std::string name, std::string days = "30") {
+    return [=](EditDialog& dialog) {
+        box(dialog, "txtTerms").userType(name);
+        box(dialog, "txtDueIn").userType(days);
+        dialog.cmdOK.userPress();
+    };
+}
+
+void more(ModuleStage& stage, ListScreen& list, int command, const std::string& file) {
+    stage.desktop.popupChoices = {command};
+    stage.desktop.files = {file};
+    list.cmdMore.userPress();
+}
+
+TEST(TermsOnCompany, AreAddedEditedRefusedAndDeleted) {
+    ModuleStage stage;
+    stage.desktop.user<ListScreen>("frmTerms", [&](ListScreen& list) {
+        EXPECT_THAT(names(list), IsEmpty());
+        stage.desktop.user<EditDialog>("frmTerms_Edit", [](EditDialog& dialog) {
+            box(dialog, "txtTerms").userType("  Net 30 ");
+            box(dialog, "txtDueIn").userType("5000");
+            box(dialog, "txtDiscount").userType("2.5");
+            dialog.cmdOK.userPress();
+        });
+        list.cmdNew.userPress();
+        stage.desktop.user<EditDialog>("frmTerms_Edit", typing("COD", "0"));
+        list.cmdNew.userPress();
+        EXPECT_THAT(names(list), ElementsAre("Net 30", "COD"));
+
+        stage.desktop.user<EditDialog>("frmTerms_Edit", typing("nET 30"));
+        list.cmdNew.userPress();
+        ASSERT_EQ(stage.desktop.boxes.size(), 2U);
+        EXPECT_EQ(stage.desktop.boxes[1].text, "This term already exists.");
+
+        list.rptItems.selectRow(1);
+        stage.desktop.user<EditDialog>("frmTerms_Edit", typing("Cash on delivery", "1"));
+        list.cmdEdit.userPress();
+        list.rptItems.selectRow(0);
+        list.cmdDelete.userPress();
+        EXPECT_THAT(names(list), ElementsAre("Cash on delivery"));
+    });
+    stage.desktop.answers = {MessageAnswer::No};  // to the offer of the defaults
+    stage.library->ShowTerms();
+    EXPECT_EQ(stage.session->company().read("SELECT ID, Terms, DueDays, Discount FROM Terms"),
+              "<Records><Record><ID>2</ID><Terms>Cash on "
+              "delivery</Terms><DueDays>1</DueDays><Discount>0</Discount></Record></Records>");
+    EXPECT_EQ(stage.value("SELECT COUNT(*) FROM EventLog"), "0");
+    EXPECT_THAT(stage.ui.shown, IsEmpty());
+}
+
+TEST(TermsOnCompany, OddNamesAreStoredAndReadBack) {
+    std::string longName(60'000, 'x');
+    longName.replace(30'000, 1, "'");
+    const std::string oddNames[] = {"O'Brien's ''",
+                                    "<Bold>",
+                                    "{0} {1}",
+                                    "two\r\nlines",
+                                    "\xF0\x9F\xAA\x9F \xC3\x9F \xE6\xBC\xA2",
+                                    "[x] -- /* % _ ; \" \\",
+                                    "&amp; &lt; &",
+                                    longName};
+    ModuleStage stage;
+    for (const std::string& name : oddNames) {
+        stage.desktop.user<EditDialog>("frmTerms_Edit", typing(name));
+        const auto ID = stage.library->ShowEditTerms(0);
+        ASSERT_GT(ID, 0) << name.substr(0, 40);
+        const std::string where = " FROM Terms WHERE ID = " + std::to_string(ID);
+        EXPECT_EQ(stage.value("SELECT Terms" + where), name);
+        EXPECT_EQ(stage.value("SELECT COUNT(*) FROM Terms WHERE Terms = " + literal(name)), "1");
+        stage.desktop.user<EditDialog>("frmTerms_Edit", [&](EditDialog& dialog) {
+            EXPECT_EQ(box(dialog, "txtTerms").text(), name);
+            box(dialog, "txtDueIn").userType("31");
+            dialog.cmdOK.userPress();
+        });
+        EXPECT_EQ(stage.library->ShowEditTerms(ID), ID);
+        EXPECT_EQ(stage.value("SELECT Terms" + where), name);
+        EXPECT_EQ(stage.value("SELECT DueDays" + where), "31");
+    }
+    // A name that is a later tag of the statement is filled again, as the templates have it.
+    stage.desktop.user<EditDialog>("frmTerms_Edit", typing("<d>"));
+    EXPECT_EQ(
+        stage.value("SELECT Terms FROM Terms WHERE ID = " + std::to_string(stage.library->ShowEditTerms(0))),
+        "0");
+    EXPECT_THAT(stage.desktop.boxes, IsEmpty());
+    EXPECT_THAT(stage.ui.shown, IsEmpty());
+}
+
+TEST(TermsOnCompany, AreExportedAndImportedThroughTheScreen) {
+    ModuleStage stage;
+    stage.run("INSERT INTO Terms (Terms,DueDays) VALUES('O''Brien', 30)");
+    const std::string file = stage.folder.file("terms.xml");
+    const std::string wrong = stage.folder.write("wrong.xml", "<Records/>");
+    stage.desktop.user<ListScreen>("frmTerms", [&](ListScreen& list) {
+        more(stage, list, lists::command::exportList, file);
+        list.rptItems.selectRow(0);
+        list.cmdDelete.userPress();
+        EXPECT_THAT(names(list), IsEmpty());
+        more(stage, list, lists::command::import, file);
+        EXPECT_THAT(names(list), ElementsAre("O'Brien"));
+        more(stage, list, lists::command::import, wrong);
+        more(stage, list, lists::command::exportList, stage.folder.file("no/folder.xml"));
+    });
+    stage.library->ShowTerms();
+    std::vector<std::string> texts;
+    for (const auto& shown : stage.desktop.boxes)
+        texts.push_back(shown.text);
+    EXPECT_THAT(texts, ElementsAre("The terms were exported to '" + file + "'", "The terms were imported.",
+                                   "The terms could not be imported.", "The terms could not be exported."));
+    EXPECT_EQ(stage.value("SELECT COUNT(*) FROM Terms WHERE DueDays = 30"), "1");
+    EXPECT_EQ(stage.value("SELECT COUNT(*) FROM EventLog WHERE EventType = 1"), "2");
+}
+
+TEST(TermsOnCompany, AViewerMayOnlyLook) {
+    ModuleStage stage("viewer");
+    stage.desktop.user<ListScreen>("frmTerms", [&](ListScreen& list) {
+        for (Button* button : {&list.cmdNew, &list.cmdEdit, &list.cmdDelete})
+            EXPECT_FALSE(button->enabled());
+        stage.run("INSERT INTO Terms (Terms) VALUES('Net 30')");
+    });
+    stage.library->ShowTerms();
+    EXPECT_THAT(stage.desktop.boxes, IsEmpty()) << "the defaults are not offered";
+    stage.desktop.user<ListScreen>("frmTerms", [&](ListScreen& list) {
+        list.rptItems.selectRow(0);
+        list.rptItems.userDoubleClick(0);
+        list.rptItems.userDeleteKey();
+        for (Button* button : {&list.cmdNew, &list.cmdEdit, &list.cmdDelete})
+            EXPECT_FALSE(button->enabled());
+    });
+    stage.library->ShowTerms();
+    EXPECT_THAT(stage.desktop.shown, ElementsAre("frmTerms", "frmTerms"));
+    EXPECT_EQ(stage.value("SELECT COUNT(*) FROM Terms"), "1");
+}
+
+TEST(TermsOnCompany, AFailedSaveIsToldInTheDatabasesWordsAndKeepsTheInput) {
+    ModuleStage stage("admin", OpenMode::ReadOnly);
+    stage.desktop.user<EditDialog>("frmTerms_Edit", [&](EditDialog& dialog) {
+        typing("Net 30")(dialog);
+        EXPECT_TRUE(dialog.shown());
+        EXPECT_EQ(box(dialog, "txtTerms").text(), "Net 30");
+        EXPECT_EQ(box(dialog, "txtDueIn").text(), "30");
+        dialog.cmdCancel.userPress();
+    });
+    EXPECT_EQ(stage.library->ShowEditTerms(0), 0);
+    ASSERT_EQ(stage.ui.shown.size(), 1U);
+    EXPECT_EQ(stage.ui.shown[0].style, MessageStyle::LoggedError);
+    EXPECT_EQ(stage.ui.shown[0].text, "There was a problem saving this term.");
+    EXPECT_EQ(stage.ui.shown[0].explanation, kStandardExplanation);
+    EXPECT_EQ(stage.ui.shown[0].detail, "The company file can only be read.");
+    EXPECT_EQ(stage.session->eventLog().waiting(), 1U);
+    EXPECT_EQ(stage.value("SELECT COUNT(*) FROM Terms"), "0");
+}
+
+TEST(TermsOnCompany, TheSessionKnowsWhetherTheFirstSynchronisationIsComplete) {
+    ModuleStage stage;
+    EXPECT_TRUE(stage.library->InitialSyncComplete());
+    stage.run("UPDATE Company SET SyncState = 3");
+    EXPECT_FALSE(stage.library->InitialSyncComplete());
+    stage.library->PreTerminate();
+    EXPECT_EQ(stage.session->sharedCode().use_count(), 2) << "the module has let go of it";
+}
+
+}  // namespace
+}  // namespace tsln::workbench
