@@ -23,8 +23,8 @@ User signIn(Company& company, std::string_view login) {
 
 }  // namespace
 
-HostContext::HostContext(const std::string& path, OpenMode access, std::string_view login, HostUi& hostUi)
-    : company(path, access),
+HostContext::HostContext(const std::string& path, OpenMode mode, std::string_view login, HostUi& hostUi)
+    : company(path, mode),
       ui(hostUi),
       user(signIn(company, login)),
       eventLog(company, user.login),

@@ -39,7 +39,7 @@ class HostContext {
   public:
     /// Opens the company and signs the user in. `hostUi` must outlive the context.
     /// Throws CompanyFileError, SignInError, SqlError.
-    HostContext(const std::string& path, OpenMode access, std::string_view login, HostUi& hostUi);
+    HostContext(const std::string& path, OpenMode mode, std::string_view login, HostUi& hostUi);
 
     Company company;
     HostUi& ui;

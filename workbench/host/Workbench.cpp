@@ -5,8 +5,8 @@
 
 namespace tsln::workbench {
 
-CompanySession::CompanySession(const std::string& path, std::string_view login, HostUi& ui, OpenMode access)
-    : context_(std::make_shared<HostContext>(path, access, login, ui)),
+CompanySession::CompanySession(const std::string& path, std::string_view login, HostUi& ui, OpenMode mode)
+    : context_(std::make_shared<HostContext>(path, mode, login, ui)),
       sharedCode_(std::make_shared<TracedObject>(std::make_shared<SharedCode>(context_), "", tracer_)) {}
 
 ObjectPtr CompanySession::createObject(std::string_view programId) const {

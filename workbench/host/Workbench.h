@@ -17,7 +17,7 @@ class CompanySession {
     /// object got from it. Throws CompanyFileError, SignInError, SqlError; the texts are sentences for the
     /// user.
     CompanySession(const std::string& path, std::string_view login, HostUi& ui,
-                   OpenMode access = OpenMode::Create);
+                   OpenMode mode = OpenMode::Create);
 
     Company& company() noexcept { return context_->company; }
     const User& user() const noexcept { return context_->user; }

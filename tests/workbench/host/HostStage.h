@@ -70,11 +70,11 @@ inline std::string textOfFile(const std::string& path) {
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-/// An open demonstration company with the user named.
+/// An open demonstration company with the user named, its event log empty.
 struct HostStage {
-    explicit HostStage(std::string_view login = "admin", OpenMode access = OpenMode::Create) {
-        if (access != OpenMode::Create) Company(folder.file("test.company"));  // to be opened so
-        session = std::make_unique<CompanySession>(folder.file("test.company"), login, ui, access);
+    explicit HostStage(std::string_view login = "admin", OpenMode mode = OpenMode::Create) {
+        Company(folder.file("test.company")).execute("DELETE FROM EventLog");
+        session = std::make_unique<CompanySession>(folder.file("test.company"), login, ui, mode);
     }
 
     TestFolder folder;
@@ -94,8 +94,8 @@ struct HostStage {
 
 /// The same with the module in front of it, on a scripted desktop.
 struct ModuleStage : HostStage {
-    explicit ModuleStage(std::string_view login = "admin", OpenMode access = OpenMode::Create)
-        : HostStage(login, access) {
+    explicit ModuleStage(std::string_view login = "admin", OpenMode mode = OpenMode::Create)
+        : HostStage(login, mode) {
         lists::plugIn(*library);
         desktop.components = [this](std::string_view programId) { return session->createObject(programId); };
         library->Initialize(session->sharedCode());

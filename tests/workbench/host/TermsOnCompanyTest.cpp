@@ -1,3 +1,5 @@
+#include <array>
+
 #include <gmock/gmock.h>
 
 #include "lists/EditDialog.h"
@@ -26,6 +28,10 @@ std::vector<std::string> names(const ListScreen& list) {
     for (std::size_t row = 0; row < list.rptItems.rowCount(); ++row)
         shown.emplace_back(list.rptItems.rowText(row, 0));
     return shown;
+}
+
+void select(ListScreen& list, std::size_t row) {
+    list.rptItems.userSelect(std::array{row}, row);
 }
 
 /// Types a name and the days into the dialog and presses OK.
@@ -63,10 +69,10 @@ TEST(TermsOnCompany, AreAddedEditedRefusedAndDeleted) {
         ASSERT_EQ(stage.desktop.boxes.size(), 2U);
         EXPECT_EQ(stage.desktop.boxes[1].text, "This term already exists.");
 
-        list.rptItems.selectRow(1);
+        select(list, 1);
         stage.desktop.user<EditDialog>("frmTerms_Edit", typing("Cash on delivery", "1"));
         list.cmdEdit.userPress();
-        list.rptItems.selectRow(0);
+        select(list, 0);
         list.cmdDelete.userPress();
         EXPECT_THAT(names(list), ElementsAre("Cash on delivery"));
     });
@@ -123,7 +129,7 @@ TEST(TermsOnCompany, AreExportedAndImportedThroughTheScreen) {
     const std::string wrong = stage.folder.write("wrong.xml", "<Records/>");
     stage.desktop.user<ListScreen>("frmTerms", [&](ListScreen& list) {
         more(stage, list, lists::command::exportList, file);
-        list.rptItems.selectRow(0);
+        select(list, 0);
         list.cmdDelete.userPress();
         EXPECT_THAT(names(list), IsEmpty());
         more(stage, list, lists::command::import, file);
@@ -151,7 +157,7 @@ TEST(TermsOnCompany, AViewerMayOnlyLook) {
     stage.library->ShowTerms();
     EXPECT_THAT(stage.desktop.boxes, IsEmpty()) << "the defaults are not offered";
     stage.desktop.user<ListScreen>("frmTerms", [&](ListScreen& list) {
-        list.rptItems.selectRow(0);
+        select(list, 0);
         list.rptItems.userDoubleClick(0);
         list.rptItems.userDeleteKey();
         for (Button* button : {&list.cmdNew, &list.cmdEdit, &list.cmdDelete})
