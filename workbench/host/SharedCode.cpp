@@ -68,8 +68,7 @@ SharedCode::SharedCode(std::shared_ptr<HostContext> context)
       activity_(std::make_shared<ActivityObject>(context)),
       profiles_(std::make_shared<ProfilesObject>(context)) {}
 
-// Messages
-// --------------------------------------------------------------------------------------------------------
+// Messages ----------------------------------------------------------------------------------------------
 
 MessageAnswer SharedCode::show(const Message& message) {
     return context().ui.showMessage(message).answer;
@@ -104,7 +103,7 @@ Variant SharedCode::ShowMessageStyle1WithMemory(Arguments a) {
     const Reply reply = context().ui.showMessage(message);
     if (reply.doNotShowAgain) {
         try {
-            context().options.set(user, {key, kMemory}, plainText(message.text).substr(0, 200));
+            context().options.set(user, {key, kMemory}, plainText(message.text));
         } catch (const SqlError&) {
             // The message comes once more: no reason to trouble the user now.
         }
@@ -147,8 +146,7 @@ Variant SharedCode::RecordEvent(Arguments a) {
     return {};
 }
 
-// Helpers
-// ---------------------------------------------------------------------------------------------------------
+// Helpers -----------------------------------------------------------------------------------------------
 
 Variant SharedCode::PSDFile() {
     return writePackageSourceFor(context().company);
