@@ -179,6 +179,13 @@ TEST(ImportExport, ReadsFilesOfOtherHands) {
     EXPECT_EQ(stage.value("SELECT COUNT(*) FROM Terms"), "3");
     EXPECT_EQ(stage.value("SELECT DueDays FROM Terms WHERE Terms = 'twice'"), "2");
 
+    // an identity that another row has is not given twice
+    const std::string taken = stage.value("SELECT UniqueID FROM Terms WHERE ID = 1");
+    EXPECT_TRUE(stage.import(
+        stage.with("<Record><UniqueID>" + taken + "</UniqueID><Terms>Another</Terms></Record>")));
+    EXPECT_EQ(stage.value("SELECT COUNT(*) FROM Terms WHERE UniqueID = '" + taken + "'"), "1");
+    EXPECT_EQ(stage.value("SELECT LEN(UniqueID) FROM Terms WHERE Terms = 'Another'"), "36");
+
     // roles travel by name; groups of the same name but another type are others
     const auto file = stage.folder.write(
         "more.xml",
