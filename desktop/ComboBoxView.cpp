@@ -1,4 +1,8 @@
+#include <wx/choice.h>
 #include <wx/combobox.h>
+#ifdef __WXMSW__
+#include <wx/msw/private.h>
+#endif
 
 #include "desktop/ControlView.h"
 #include "desktop/Text.h"
@@ -7,48 +11,32 @@
 namespace tsln::desktop {
 namespace {
 
-class ComboBoxView : public ControlView {
+/// What the two kinds share: `Window` is the toolkit's list to choose from, with or without free text.
+template <class Window>
+class ListView : public ControlView {
   public:
-    ComboBoxView(ScreenDialog& dialog, wxWindow* parent, ComboBox& box)
-        : ControlView(dialog, box),
-          box_(box),
-          window_(new wxComboBox(parent, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize, 0, nullptr,
-                                 box.editable ? 0L : wxCB_READONLY)) {
-        setWindow(window_);
-        const wxSize least = window_->GetSizeFromTextSize(widthOfCharacters(*window_, box.widthInCharacters));
-        window_->SetMinSize(least);
-        window_->Bind(wxEVT_COMBOBOX, [this](wxCommandEvent&) { choose(); });
-        window_->Bind(wxEVT_COMBOBOX_DROPDOWN, [this](wxCommandEvent& event) {
-            open_ = true;
-            event.Skip();
-        });
-        window_->Bind(wxEVT_COMBOBOX_CLOSEUP, [this](wxCommandEvent& event) {
-            open_ = false;
-            event.Skip();
-        });
-        if (box.editable) {
-            window_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { type(); });
-        }
+    bool growsWide() const override { return true; }
+
+    /// An open list deals with Enter and Esc itself; elsewhere it keeps all keys to itself anyway.
+    bool wantsKey([[maybe_unused]] int keyCode) const override {
+#ifdef __WXMSW__
+        return ::SendMessage(GetHwndOf(list_), CB_GETDROPPEDSTATE, 0, 0) != 0;
+#else
+        return false;
+#endif
     }
 
-    bool growsWide() const override { return true; }
-    /// An open list deals with Enter and Esc itself.
-    bool wantsKey(int) const override { return open_; }
+  protected:
+    ListView(ScreenDialog& dialog, ComboBox& box, Window* list)
+        : ControlView(dialog, box), box_(box), list_(list) {
+        setWindow(list);
+        list->SetMinSize(list->GetSizeFromTextSize(widthOfCharacters(*list, box.widthInCharacters)));
+    }
 
-  private:
     void choose() {
         act([this] {
-            if (const int index = window_->GetSelection(); index != box_.listIndex()) box_.userChoose(index);
+            if (const int index = list_->GetSelection(); index != box_.listIndex()) box_.userChoose(index);
         });
-    }
-
-    void type() {
-        // Choosing an entry writes its text too; that is no typing.
-        const int selected = window_->GetSelection();
-        const wxString text = window_->GetValue();
-        if (text == toWx(box_.text()) || (selected != wxNOT_FOUND && text == window_->GetString(selected)))
-            return;
-        act([this, &text] { box_.userType(fromWx(text)); });
     }
 
     void updateContent() override {
@@ -58,25 +46,56 @@ class ComboBoxView : public ControlView {
         for (const ComboBox::Entry& entry : entries)
             texts.push_back(toWx(entry.text));
         if (texts != shown_) {
-            window_->Set(texts);
+            list_->Set(texts);
             shown_ = texts;
         }
-        if (window_->GetSelection() != box_.listIndex()) window_->SetSelection(box_.listIndex());
-        if (const wxString text = toWx(box_.text()); box_.editable && text != window_->GetValue()) {
-            window_->ChangeValue(text);
-        }
+        if (list_->GetSelection() != box_.listIndex()) list_->SetSelection(box_.listIndex());
     }
 
     ComboBox& box_;
-    wxComboBox* window_;
+    Window* list_;
+
+  private:
     wxArrayString shown_;
-    bool open_ = false;
+};
+
+class ChoiceView : public ListView<wxChoice> {
+  public:
+    ChoiceView(ScreenDialog& dialog, wxWindow* parent, ComboBox& box)
+        : ListView(dialog, box, new wxChoice(parent, wxID_ANY)) {
+        list_->Bind(wxEVT_CHOICE, [this](wxCommandEvent&) { choose(); });
+    }
+};
+
+class EditableView : public ListView<wxComboBox> {
+  public:
+    EditableView(ScreenDialog& dialog, wxWindow* parent, ComboBox& box)
+        : ListView(dialog, box, new wxComboBox(parent, wxID_ANY)) {
+        list_->Bind(wxEVT_COMBOBOX, [this](wxCommandEvent&) { choose(); });
+        list_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { type(); });
+    }
+
+  private:
+    void type() {
+        // Choosing an entry writes its text too; that is no typing.
+        const int selected = list_->GetSelection();
+        const wxString text = list_->GetValue();
+        if (text == toWx(box_.text()) || (selected != wxNOT_FOUND && text == list_->GetString(selected)))
+            return;
+        act([this, &text] { box_.userType(fromWx(text)); });
+    }
+
+    void updateContent() override {
+        ListView::updateContent();
+        if (const wxString text = toWx(box_.text()); text != list_->GetValue()) list_->ChangeValue(text);
+    }
 };
 
 }  // namespace
 
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, ComboBox& box) {
-    return std::make_unique<ComboBoxView>(dialog, parent, box);
+    if (box.editable) return std::make_unique<EditableView>(dialog, parent, box);
+    return std::make_unique<ChoiceView>(dialog, parent, box);
 }
 
 }  // namespace tsln::desktop

@@ -38,7 +38,7 @@ class ControlView {
 
     /// Draws the control anew from its state. Sends nothing back to it.
     void update();
-    /// Reports what the window knows and the control does not yet.
+    /// Reports what the window knows and the control does not yet. Called at the beginning of every act.
     virtual void settle() {}
     /// A key pressed while the focus is here. True when that was all.
     virtual bool takesKey([[maybe_unused]] const wxKeyEvent& key) { return false; }

@@ -8,8 +8,8 @@
 #include <wx/statbox.h>
 #include <wx/stattext.h>
 
-#include "desktop/Accessibility.h"
 #include "desktop/ControlView.h"
+#include "desktop/NativeWindow.h"
 #include "desktop/ScreenDialog.h"
 #include "desktop/Text.h"
 #include "screens/Controls.h"

@@ -65,8 +65,7 @@ wxString ReportList::groupText(std::size_t row) const {
     return wxString::Format("%s (%zu)", text, next - row - 1);
 }
 
-// Taking the report over
-// -----------------------------------------------------------------------------------------
+// Taking the report over --------------------------------------------------------------------------
 
 void ReportList::showReport() {
     const wxWindowUpdateLocker lock(this);
@@ -139,8 +138,7 @@ void ReportList::showSortOrder() {
     }
 }
 
-// What the user sees
-// -----------------------------------------------------------------------------------------------
+// What the user sees ------------------------------------------------------------------------------
 
 std::vector<std::size_t> ReportList::selection() const {
     std::vector<std::size_t> rows;

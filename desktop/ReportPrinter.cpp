@@ -7,6 +7,9 @@
 #include <wx/datetime.h>
 #include <wx/dc.h>
 #include <wx/evtloop.h>
+#ifdef __WXGTK__
+#include <gtk/gtk.h>
+#endif
 
 #include "desktop/Text.h"
 
@@ -43,10 +46,14 @@ wxPageSetupDialogData pageFor(const ReportControl& report) {
 /// The preview's window, modal above modal dialogs.
 class PreviewFrame : public wxPreviewFrame {
   public:
-    PreviewFrame(wxPrintPreview* preview, wxWindow* owner, const wxString& title)
-        : wxPreviewFrame(preview, owner, title) {
+    /// Ends the loop when it closes. The loop must outlive it.
+    PreviewFrame(wxPrintPreview* preview, wxWindow* owner, const wxString& title, wxGUIEventLoop& loop)
+        : wxPreviewFrame(preview, owner, title), loop_(loop) {
         Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent& event) {
             event.Skip();
+#ifdef __WXGTK__
+            gtk_grab_remove(GetHandle());
+#endif
             if (loop_.IsRunning()) loop_.ScheduleExit();
         });
         Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
@@ -58,20 +65,19 @@ class PreviewFrame : public wxPreviewFrame {
         });
     }
 
-    void run() {
+    void open() {
         InitializeWithModality(wxPreviewFrame_AppModal);
         SetSize(FromDIP(wxSize(900, 700)));
         CentreOnParent();
         Show();
 #ifdef __WXGTK__
-        AddGrab();  // a modal dialog below holds the grab, and with it all input
+        gtk_grab_add(GetHandle());  // a modal dialog below holds the grab, and with it all input
 #endif
         Raise();
-        loop_.Run();
     }
 
   private:
-    wxGUIEventLoop loop_;
+    wxGUIEventLoop& loop_;
 };
 
 }  // namespace
@@ -187,7 +193,9 @@ void previewReport(wxWindow* owner, const ReportControl& report, const wxString&
         return;
     }
     preview->SetZoom(100);
-    (new PreviewFrame(preview, owner, title))->run();
+    wxGUIEventLoop loop;
+    (new PreviewFrame(preview, owner, title + " - Print Preview", loop))->open();
+    loop.Run();  // the frame deletes itself once it is closed
 }
 
 }  // namespace tsln::desktop

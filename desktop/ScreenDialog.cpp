@@ -8,6 +8,7 @@
 #include <wx/utils.h>
 
 #include "desktop/LayoutBuilder.h"
+#include "desktop/NativeWindow.h"
 #include "desktop/Placement.h"
 #include "desktop/Text.h"
 #include "screens/Controls.h"
@@ -49,7 +50,15 @@ ScreenDialog::ScreenDialog(wxWindow* owner, Screen& screen)
     showPointer();
 
     Bind(wxEVT_CHAR_HOOK, &ScreenDialog::onKey, this);
-    Bind(wxEVT_CHILD_FOCUS, &ScreenDialog::onChildFocus, this);
+    // Not every control tells when it gets the focus, so it is looked up as well.
+    Bind(wxEVT_CHILD_FOCUS, [this](wxChildFocusEvent& event) {
+        event.Skip();
+        noticeFocus();
+    });
+    Bind(wxEVT_IDLE, [this](wxIdleEvent& event) {
+        event.Skip();
+        noticeFocus();
+    });
     Bind(wxEVT_ACTIVATE, &ScreenDialog::onActivate, this);
     Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent& event) {
         event.Veto();  // only the screen decides
@@ -75,13 +84,12 @@ void ScreenDialog::run() {
     if (!screen_.shown()) return;
     setInitialFocus();
     // The window system may never tell of the first activation (no window manager, another program in front).
-    CallAfter([this] { activate(); });
+    CallAfter([this] { activateFirst(); });
     Raise();
     ShowModal();
 }
 
-// Acts
-// --------------------------------------------------------------------------------------------------------
+// Acts --------------------------------------------------------------------------------------------
 
 void ScreenDialog::act(const std::function<void()>& what) {
     if (acting_ || !screen_.shown()) return;
@@ -113,10 +121,10 @@ void ScreenDialog::drawChanges() {
     Layout();
 }
 
-void ScreenDialog::activate() {
-    if (acting_ || !IsModal() || (activated_ && !activationPending_)) return;
+void ScreenDialog::activateFirst() {
+    // What has inner parts could not take the focus while it was not shown yet.
+    if (focused_ && !hasKeyboard(focused_->window())) moveFocus(*focused_);
     activated_ = true;
-    activationPending_ = false;
     act([this] { screen_.activate(); });
 }
 
@@ -128,8 +136,7 @@ void ScreenDialog::requestClose() {
     act([this] { screen_.userClose(); });
 }
 
-// What the screen tells
-// ---------------------------------------------------------------------------------------
+// What the screen tells ---------------------------------------------------------------------------
 
 void ScreenDialog::controlChanged(Control& control) {
     ControlView* view = viewOf(control);
@@ -157,8 +164,7 @@ void ScreenDialog::showPointer() {
     setPointer(*this, pointerBusy_ ? *wxHOURGLASS_CURSOR : wxNullCursor);
 }
 
-// Place
-// -------------------------------------------------------------------------------------------------------
+// Place -------------------------------------------------------------------------------------------
 
 /// The size at which every control has what it would like, which may be more than its least size.
 wxSize ScreenDialog::naturalSize() {
@@ -220,14 +226,12 @@ void ScreenDialog::rememberPlacement() {
     placement.height = ToDIP(rect.height);
 }
 
-// Focus
-// -------------------------------------------------------------------------------------------------------
+// Focus -------------------------------------------------------------------------------------------
 
-ControlView* ScreenDialog::viewAt(const wxWindow* window) const {
-    for (; window && window != this; window = window->GetParent()) {
-        for (const ControlViewPtr& view : views_) {
-            if (&view->window() == window) return view.get();
-        }
+/// The view that has the keyboard, or null. The screen's frames have it only by what they hold.
+ControlView* ScreenDialog::viewWithKeyboard() const {
+    for (const ControlViewPtr& view : views_) {
+        if (!dynamic_cast<Frame*>(&view->control()) && hasKeyboard(view->window())) return view.get();
     }
     return nullptr;
 }
@@ -243,15 +247,19 @@ void ScreenDialog::setInitialFocus() {
 }
 
 /// Moves the focus by the screen's own wish, which is no leaving of a control by the user.
+void ScreenDialog::restoreFocus() {
+    if (focused_) focused_->inputWindow().SetFocus();
+}
+
 void ScreenDialog::moveFocus(ControlView& view) {
     focused_ = &view;
     view.inputWindow().SetFocus();
 }
 
-void ScreenDialog::onChildFocus(wxChildFocusEvent& event) {
-    event.Skip();
-    ControlView* now = viewAt(event.GetWindow());
-    if (!now || now == focused_) return;
+/// Tells the screen where the user has moved the focus to.
+void ScreenDialog::noticeFocus() {
+    ControlView* now = viewWithKeyboard();
+    if (acting_ || !activated_ || !now || now == focused_ || !IsActive()) return;
     ControlView* before = std::exchange(focused_, now);
     act([this, before, now] {
         screen_.userFocused(now->control());
@@ -261,24 +269,24 @@ void ScreenDialog::onChildFocus(wxChildFocusEvent& event) {
 
 void ScreenDialog::onActivate(wxActivateEvent& event) {
     event.Skip();
+    if (!event.GetActive()) {
+        leftFront_ = activated_;
+        return;
+    }
     // The first one comes from run(); one that comes while the screen is at work is that work's own doing.
-    if (!event.GetActive() || !activated_ || acting_ || activationPending_) return;
-    activationPending_ = true;
-    CallAfter([this] {
-        if (acting_) activationPending_ = false;
-        activate();
-    });
+    if (!std::exchange(leftFront_, false) || acting_) return;
+    CallAfter([this] { act([this] { screen_.activate(); }); });
 }
 
-// Keys
-// --------------------------------------------------------------------------------------------------------
+// Keys --------------------------------------------------------------------------------------------
 
 void ScreenDialog::onKey(wxKeyEvent& event) {
     if (!pressKey(event)) event.Skip();
 }
 
 bool ScreenDialog::pressKey(const wxKeyEvent& key) {
-    ControlView* focus = viewAt(wxWindow::FindFocus());
+    noticeFocus();
+    ControlView* focus = viewWithKeyboard();
     if (focus && focus->takesKey(key)) return true;
     if (key.GetModifiers() == wxMOD_ALT) return pressMnemonic(key);
     if (key.HasAnyModifiers()) return false;
@@ -330,8 +338,7 @@ void ScreenDialog::addMnemonic(const wxString& label, ControlView& view) {
     }
 }
 
-// Views
-// -------------------------------------------------------------------------------------------------------
+// Views -------------------------------------------------------------------------------------------
 
 ControlView* ScreenDialog::addView(ControlViewPtr view) {
     if (!view) return nullptr;

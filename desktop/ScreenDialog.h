@@ -27,11 +27,12 @@ class ScreenDialog : public wxDialog, private ScreenView {
     /// Runs an act of the user, then draws what it changed. Nothing happens while another one runs or the
     /// screen is gone. What it throws is reported by the screen.
     void act(const std::function<void()>& what);
+    /// Gives the keyboard back to the control that had it.
+    void restoreFocus();
     /// Draws what has changed so far; for an act that is about to wait for something.
     void drawChanges();
 
-    // For the layout and the views
-    // ----------------------------------------------------------------------------
+    // For the layout and the views ----------------------------------------------------------------
     /// Takes the view over and returns it; null is passed through.
     ControlView* addView(ControlViewPtr view);
     /// Alt and the letter that the label marks moves the focus to the view.
@@ -45,19 +46,19 @@ class ScreenDialog : public wxDialog, private ScreenView {
     void screenChanged() override;
     void focusChanged(Control& control) override;
 
-    ControlView* viewAt(const wxWindow* window) const;
+    ControlView* viewWithKeyboard() const;
     void place();
     wxSize naturalSize();
     wxSize updateLeastSize();
     void rememberPlacement();
     void setInitialFocus();
     void moveFocus(ControlView& view);
-    void activate();
+    void noticeFocus();
+    void activateFirst();
     void requestClose();
     void showPointer();
 
     void onActivate(wxActivateEvent& event);
-    void onChildFocus(wxChildFocusEvent& event);
     void onKey(wxKeyEvent& event);
     bool pressKey(const wxKeyEvent& key);
     bool pressMnemonic(const wxKeyEvent& key);
@@ -72,7 +73,7 @@ class ScreenDialog : public wxDialog, private ScreenView {
     bool layoutDirty_ = false;
     bool acting_ = false;
     bool activated_ = false;
-    bool activationPending_ = false;
+    bool leftFront_ = false;  // another window came to the front since the screen was activated
     bool closePending_ = false;
     bool placed_ = false;
     bool pointerBusy_ = false;

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include <wx/event.h>
 #include <wx/textctrl.h>
 
@@ -32,19 +34,19 @@ class TextBoxView : public ControlView {
     TextBoxView(ScreenDialog& dialog, wxWindow* parent, TextBox& box)
         : ControlView(dialog, box),
           box_(box),
-          window_(new wxTextCtrl(parent, wxID_ANY, shownText(box), wxDefaultPosition, wxDefaultSize,
-                                 styleOf(box))) {
+          window_(new wxTextCtrl(parent, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize, styleOf(box))) {
         setWindow(window_);
-        if (box.maxLength) window_->SetMaxLength(static_cast<unsigned long>(box.maxLength));
         wxSize least = window_->GetSizeFromTextSize(widthOfCharacters(*window_, box.widthInCharacters));
         if (box.multiLine) least.y = linesOfText * window_->GetCharHeight() + window_->FromDIP(10);
         window_->SetMinSize(least);
-        window_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { settle(); });
+        window_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { act([] {}); });
     }
 
     void settle() override {
-        if (window_->GetValue() == shownText(box_)) return;
-        act([this] { box_.userType(typedText(box_, window_->GetValue())); });
+        const wxString text = window_->GetValue();
+        if (text == known_) return;
+        known_ = text;
+        box_.userType(typedText(box_, text));
     }
 
     bool wantsKey(int keyCode) const override { return box_.multiLine && keyCode != WXK_ESCAPE; }
@@ -57,12 +59,28 @@ class TextBoxView : public ControlView {
     }
 
     void updateContent() override {
-        if (const wxString text = shownText(box_); text != window_->GetValue()) window_->ChangeValue(text);
+        const wxString text = shownText(box_);
+        // A text that is too long already must not be cut by being shown.
+        if (box_.maxLength && !box_.multiLine) window_->SetMaxLength(std::max(box_.maxLength, text.size()));
+        const wxString now = window_->GetValue();
+        const bool asShown = text == shown_ && now == shownAs_;
+        if (text != now && !asShown) {
+            window_->ChangeValue(text);
+            // As on entering the box by the keyboard: typing replaces what has just been put in.
+            if (window_->HasFocus() && !box_.multiLine) window_->SelectAll();
+        }
+        shown_ = text;
+        shownAs_ = known_ = window_->GetValue();
         if (window_->IsEditable() == box_.locked()) window_->SetEditable(!box_.locked());
     }
 
     TextBox& box_;
     wxTextCtrl* window_;
+    // A window need not show a text as it was given it (line ends, control characters), and only what the
+    // user changes may go back to the control.
+    wxString shown_;    // what the window was given last
+    wxString shownAs_;  // what it made of that
+    wxString known_;    // what it held when last looked at
 };
 
 }  // namespace

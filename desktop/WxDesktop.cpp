@@ -39,18 +39,6 @@ class ActiveLoop {
     std::unique_ptr<wxEventLoopActivator> activator_;
 };
 
-/// Gives the focus back to the window that had it, which disabling it has taken away.
-class FocusKeeper {
-  public:
-    FocusKeeper() : window_(wxWindow::FindFocus()) {}
-    ~FocusKeeper() {
-        if (window_) window_->SetFocus();
-    }
-
-  private:
-    wxWeakRef<wxWindow> window_;
-};
-
 }  // namespace
 
 WxDesktop::WxDesktop(ComponentFactory components, std::string settingsFile)
@@ -58,8 +46,7 @@ WxDesktop::WxDesktop(ComponentFactory components, std::string settingsFile)
 
 WxDesktop::~WxDesktop() = default;
 
-// Screens
-// -----------------------------------------------------------------------------------------------------
+// Screens -----------------------------------------------------------------------------------------
 
 void WxDesktop::showModal(Screen& screen) {
     drawChanges();
@@ -87,8 +74,7 @@ void WxDesktop::drawChanges() {
         dialog->drawChanges();
 }
 
-// Dialogs
-// -----------------------------------------------------------------------------------------------------
+// Dialogs -----------------------------------------------------------------------------------------
 
 MessageAnswer WxDesktop::messageBox(Screen* owner, std::string_view text, MessageButtons buttons,
                                     MessageIcon icon) {
@@ -119,6 +105,7 @@ int WxDesktop::choosePopup(Screen& owner, const Command& popup, Control& below) 
 void WxDesktop::printPreview(Screen& owner, const ReportControl& report, std::string_view title) {
     drawChanges();
     previewReport(windowFor(&owner), report, toWx(title));
+    restoreFocus();
 }
 
 void WxDesktop::showHelp(Screen& owner, std::string_view file, std::int32_t context) {
@@ -126,8 +113,11 @@ void WxDesktop::showHelp(Screen& owner, std::string_view file, std::int32_t cont
     showHelpWindow(windowFor(&owner), applicationFolder(), std::string(file), context);
 }
 
-// Processes
-// ---------------------------------------------------------------------------------------------------
+// Processes ---------------------------------------------------------------------------------------
+
+void WxDesktop::restoreFocus() {
+    if (!dialogs_.empty()) dialogs_.back()->restoreFocus();
+}
 
 void WxDesktop::yield() {
     drawChanges();
@@ -143,11 +133,11 @@ ProcessEnd WxDesktop::runAndWait(std::string_view commandLine) {
     drawChanges();
     ProcessEnd end;
     {
-        const FocusKeeper focus;
         const wxWindowDisabler disabler;
         const ActiveLoop loop;
         end = runProcess(commandLine, [&] { loop->DispatchTimeout(waitSlice); });
     }
+    restoreFocus();
     if (onProcessEnd) onProcessEnd(commandLine, end);
     return end;
 }
@@ -160,8 +150,7 @@ std::string WxDesktop::applicationFolder() {
     return fromWx(wxFileName(wxStandardPaths::Get().GetExecutablePath()).GetPath());
 }
 
-// Settings and components
-// -------------------------------------------------------------------------------------
+// Settings and components -------------------------------------------------------------------------
 
 std::optional<std::string> WxDesktop::readSetting(std::string_view key, std::string_view value) {
     return settings_.read(key, value);

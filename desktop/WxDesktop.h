@@ -49,6 +49,8 @@ class WxDesktop : public Desktop {
     /// The window over which something opens: the owner's, else the foremost one, else the program's own.
     wxWindow* windowFor(const Screen* owner) const;
     ScreenDialog* dialogOf(const Screen* screen) const;
+    /// Windows that were disabled for a while have lost the keyboard; the foremost screen gets it back.
+    void restoreFocus();
     /// Draws what running handlers have changed so far: the user is about to look at it.
     void drawChanges();
 

@@ -1,7 +1,7 @@
 # The Debian packages that the project needs, and how they get onto the machine. Sourced by run and test.
 
 build_packages=(g++ cmake ninja-build ccache pkg-config libwxgtk3.2-dev libgtk-3-dev libpugixml-dev libsqlite3-dev
-    libsqlitecpp-dev libcli11-dev)
+    libsqlitecpp-dev libcli11-dev libssl-dev)
 test_packages=(libgtest-dev libgmock-dev)
 # A display of its own where there is none: the server, a window manager, and what makes windows look complete.
 display_packages=(xvfb xauth metacity adwaita-icon-theme fonts-inter sqlite3)

@@ -1,13 +1,14 @@
 #include "workbench/app/VirtualUser.h"
 
-#include <wx/dcmemory.h>
-#include <wx/dcscreen.h>
-#include <wx/image.h>
-#include <wx/toplevel.h>
 #include <wx/uiaction.h>
 
 #ifdef __WXGTK__
 #include <gtk/gtk.h>
+#else
+#include <wx/dcmemory.h>
+#include <wx/dcscreen.h>
+#include <wx/image.h>
+#include <wx/toplevel.h>
 #endif
 
 namespace tsln::workbench {
@@ -44,6 +45,16 @@ bool popupIsOpen() {
     return grabbed && GTK_IS_MENU(grabbed);
 }
 
+bool saveScreenshot(const std::string& path) {
+    GdkWindow* root = gdk_get_default_root_window();
+    GdkPixbuf* picture =
+        gdk_pixbuf_get_from_window(root, 0, 0, gdk_window_get_width(root), gdk_window_get_height(root));
+    if (!picture) return false;
+    const bool saved = gdk_pixbuf_save(picture, path.c_str(), "png", nullptr, nullptr);
+    g_object_unref(picture);
+    return saved;
+}
+
 #else
 
 std::string activeWindowTitle() {
@@ -53,8 +64,6 @@ std::string activeWindowTitle() {
 
 bool popupIsOpen() { return false; }
 
-#endif
-
 bool saveScreenshot(const std::string& path) {
     wxScreenDC screen;
     const wxSize size = screen.GetSize();
@@ -62,8 +71,9 @@ bool saveScreenshot(const std::string& path) {
     wxMemoryDC memory(picture);
     const bool copied = memory.Blit(wxPoint(), size, &screen, wxPoint());
     memory.SelectObject(wxNullBitmap);
-    if (!wxImage::FindHandler(wxBITMAP_TYPE_PNG)) wxImage::AddHandler(new wxPNGHandler);
     return copied && picture.ConvertToImage().SaveFile(wxString::FromUTF8(path), wxBITMAP_TYPE_PNG);
 }
+
+#endif
 
 }  // namespace tsln::workbench

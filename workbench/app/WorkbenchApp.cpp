@@ -5,6 +5,7 @@
 
 #include "lists/Lists.h"
 #include "workbench/app/Tour.h"
+#include "workbench/app/VirtualUser.h"
 #include "workbench/app/WorkbenchFrame.h"
 
 namespace tsln::workbench {
@@ -35,6 +36,12 @@ WorkbenchApp::WorkbenchApp(Options options)
     : options_(std::move(options)), session_(options_.company, options_.user, messages_) {}
 
 bool WorkbenchApp::OnInit() {
+    // A slip in the use of the toolkit must not stand in the user's way as a dialog about source files.
+    wxSetAssertHandler([](const wxString& file, int line, const wxString&, const wxString& condition,
+                          const wxString& message) {
+        std::fprintf(stderr, "%s:%d: assertion %s: %s\n", file.utf8_str().data(), line, condition.utf8_str().data(),
+                     message.utf8_str().data());
+    });
     SetAppDisplayName("Tessaline");
     desktop_ = std::make_unique<desktop::WxDesktop>(
         [this](std::string_view programId) { return session_.createObject(programId); }, settingsFile());
@@ -93,6 +100,7 @@ void WorkbenchApp::startTour() {
                 GetTopWindow()->Close();
             } catch (const std::exception& error) {
                 std::fflush(stdout);
+                saveScreenshot(options_.tour + "/failure.png");
                 std::fprintf(stderr, "The tour did not come out: %s\n", error.what());
                 // Modal windows may be open, and nobody is there to close them.
                 std::_Exit(exitFailed);

@@ -5,7 +5,7 @@
 #include "workbench/host/SecurityObject.h"
 
 #ifdef __WXGTK__
-#include <gtk/gtk.h>
+#include <gdk/gdk.h>
 #endif
 
 using namespace tsln::workbench;
@@ -26,10 +26,13 @@ int main(int argc, char** argv) {
         return exitCompany;
     }
 #ifdef __WXGTK__
-    if (!gtk_init_check(nullptr, nullptr)) {
+    // The toolkit itself ends the program over a missing display, without a word that helps.
+    GdkDisplay* display = gdk_display_open(nullptr);
+    if (!display) {
         std::fprintf(stderr, "There is no display to open windows on.\n");
         return exitDisplay;
     }
+    gdk_display_close(display);
 #endif
     wxApp::SetInstance(app.release());  // wx deletes it
     int programOnly = 1;

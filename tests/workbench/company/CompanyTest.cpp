@@ -23,7 +23,7 @@ std::string bytesOf(const std::string& path) {
 }
 
 /// Why opening fails; the sentence must name the file.
-std::optional<Reason> refusal(const std::string& path, Access access = Access::Create) {
+std::optional<Reason> refusal(const std::string& path, OpenMode access = OpenMode::Create) {
     try {
         Company company(path, access);
         return std::nullopt;
@@ -201,12 +201,12 @@ TEST(CompanyFileTest, RefusesWhatIsNoCompanyAndLeavesItAlone) {
         bool file = std::filesystem::is_regular_file(folder.file(name));
         std::string before = file ? bytesOf(folder.file(name)) : "";
         EXPECT_EQ(refusal(folder.file(name)), reason);
-        EXPECT_EQ(refusal(folder.file(name), Access::ReadOnly), reason);
+        EXPECT_EQ(refusal(folder.file(name), OpenMode::ReadOnly), reason);
         EXPECT_EQ(file ? bytesOf(folder.file(name)) : "", before);
     }
     EXPECT_EQ(folder.size(), files);
 
-    for (Access access : {Access::ReadWrite, Access::ReadOnly}) {
+    for (OpenMode access : {OpenMode::ReadWrite, OpenMode::ReadOnly}) {
         EXPECT_EQ(refusal(folder.file("missing"), access), Reason::CannotOpen);
     }
     EXPECT_EQ(refusal(folder.file("no folder/new")), Reason::CannotCreate);
@@ -234,7 +234,7 @@ TEST(CompanyFileTest, ADamagedCompanyFailsOnlyWhereItIsRead) {
 TEST(CompanyFileTest, ReadOnlyReadsAndDoesNotWrite) {
     TemporaryFolder folder;
     Company(folder.file("c"));
-    Company company(folder.file("c"), Access::ReadOnly);
+    Company company(folder.file("c"), OpenMode::ReadOnly);
     EXPECT_TRUE(company.readOnly());
     EXPECT_EQ(company.scalar("SELECT COUNT(*) FROM Customers"), Variant(std::int32_t(60)));
     EXPECT_THROW(company.execute("DELETE FROM Customers"), SqlError);
@@ -264,7 +264,7 @@ int asNobody(const std::function<bool()>& check) {
 TEST(CompanyFileTest, GoesByThePermissionsOfFileAndFolder) {
     TemporaryFolder folder;
     std::string path = folder.file("c");
-    Company(path, Access::Create);
+    Company(path, OpenMode::Create);
     ::chmod(folder.path().c_str(), 0555);
     ::chmod(path.c_str(), 0444);
     EXPECT_EQ(asNobody([&] {

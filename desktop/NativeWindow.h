@@ -9,4 +9,8 @@ namespace tsln::desktop {
 /// Tells screen readers what to call a window that shows no caption of its own.
 void setAccessibleName(wxWindow& window, const wxString& name);
 
+/// True when the window or a part of it has the keyboard. wxWindow::FindFocus() does not see the inner parts
+/// that some of the platform's controls are made of.
+bool hasKeyboard(const wxWindow& window);
+
 }  // namespace tsln::desktop

@@ -1,0 +1,284 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <wx/choice.h>
+#include <wx/combobox.h>
+#include <wx/textctrl.h>
+#include <wx/uiaction.h>
+#include <wx/utils.h>
+
+#include "tests/desktop/Robot.h"
+#include "tests/desktop/Samples.h"
+
+namespace tsln::desktop::test {
+namespace {
+
+using testing::ElementsAre;
+
+class DialogTest : public testing::Test {
+  protected:
+    WxDesktop desktop{nullptr, ""};
+    SampleDialog screen{desktop};
+    Robot user{screen};
+
+    /// A step that waits for a note.
+    void untilNoted(const std::string& what, std::size_t times = 1) {
+        user.until("noted: " + what, [=, this] { return screen.count(what) >= times; });
+    }
+    void untilFocused(Control& control) {
+        user.until("focus on " + control.name(), [&] { return user.focused() == &control; });
+    }
+};
+
+TEST_F(DialogTest, TabGoesThroughTheControlsInLayoutOrder) {
+    Control* const order[] = {&screen.txtName,   &screen.txtDiscount, &screen.cboMethod, &screen.cboCity,
+                              &screen.txtNotes,  &screen.chkExported, &screen.cmdApply,  &screen.cmdOK,
+                              &screen.cmdCancel, &screen.txtName};
+    for (Control* control : order) {
+        untilFocused(*control);
+        // Tab is text in a box of several lines; Ctrl+Tab leaves it. An editable list has a button of its
+        // own.
+        if (control == &screen.cboCity) user.key(WXK_TAB);
+        user.key(WXK_TAB, control == &screen.txtNotes ? wxMOD_CONTROL : 0);
+    }
+    untilFocused(screen.txtDiscount);
+    user.key(WXK_TAB, wxMOD_SHIFT);
+    untilFocused(screen.txtName);
+    user.key(WXK_ESCAPE).show();
+    EXPECT_EQ(screen.count("left name"), 2u);
+    EXPECT_EQ(screen.count("left discount"), 2u);
+}
+
+TEST_F(DialogTest, TypingReachesTheModelAndTheModelComesBack) {
+    screen.txtDiscount.setText("5");
+    untilFocused(screen.txtName);
+    user.type("net 10").until("typed", [&] { return screen.txtName.text() == "net 10"; });
+    user.then([&] { screen.txtName.setText("From the rules \xC3\xA9"); });
+    user.until("shown", [&] {
+        return static_cast<wxTextCtrl*>(user.windowOf(screen.txtName))->GetValue() ==
+               wxString::FromUTF8("From the rules \xC3\xA9");
+    });
+    // Tab selects the whole field, so typing replaces what is in it.
+    user.key(WXK_TAB).type("7").until("replaced", [&] { return screen.txtDiscount.text() == "7"; });
+    user.key(WXK_TAB).until("corrected on leaving", [&] {
+        return static_cast<wxTextCtrl*>(user.windowOf(screen.txtDiscount))->GetValue() == "0";
+    });
+    user.key(WXK_ESCAPE).show();
+    EXPECT_EQ(screen.txtDiscount.text(), "0");
+    EXPECT_EQ(screen.count("name net 10"), 1u);
+}
+
+TEST_F(DialogTest, MaximumLengthAndLockHoldWhatIsTyped) {
+    screen.txtDiscount.setText("5");
+    screen.txtDiscount.setLocked(true);
+    untilFocused(screen.txtName);
+    user.type("abcdefghijklmnop").until("typed", [&] { return screen.txtName.text().size() >= 12; });
+    user.key(WXK_TAB).type("9").key(WXK_ESCAPE).show();
+    EXPECT_EQ(screen.txtName.text(), "abcdefghijkl");
+    EXPECT_THAT(screen.notes, testing::Contains("left discount").Times(0));
+}
+
+TEST_F(DialogTest, SeveralLinesKeepTheirLineEndsAndEnter) {
+    screen.txtNotes.setText("one\r\ntwo");
+    screen.txtNotes.setFocus();
+    untilFocused(screen.txtNotes);
+    user.then([&] { static_cast<wxTextCtrl*>(user.windowOf(screen.txtNotes))->SetInsertionPointEnd(); });
+    user.key(WXK_RETURN).type("3").until("typed", [&] {
+        return screen.txtNotes.text() == "one\r\ntwo\r\n3";
+    });
+    user.key(WXK_ESCAPE).show();
+    EXPECT_EQ(screen.count("ok"), 0u);
+}
+
+TEST_F(DialogTest, EnterPressesTheDefaultButtonWithoutLeavingTheField) {
+    untilFocused(screen.txtName);
+    user.type("x").key(WXK_RETURN).show();
+    EXPECT_THAT(screen.notes, ElementsAre("activate", "name x", "ok"));
+}
+
+TEST_F(DialogTest, EnterOnAButtonPressesThatButton) {
+    screen.cmdApply.setFocus();
+    untilFocused(screen.cmdApply);
+    user.key(WXK_RETURN);
+    untilNoted("apply");
+    user.key(WXK_SPACE);
+    untilNoted("apply", 2);
+    user.key(WXK_ESCAPE).show();
+    EXPECT_EQ(screen.count("ok"), 0u);
+    EXPECT_EQ(screen.notes.back(), "cancel");
+}
+
+TEST_F(DialogTest, ADisabledButtonIsNotPressed) {
+    screen.cmdOK.setEnabled(false);
+    untilFocused(screen.txtName);
+    user.key(WXK_RETURN).click(screen.cmdOK).type("x").until("typed", [&] {
+        return screen.txtName.text() == "x";
+    });
+    user.key(WXK_ESCAPE).show();
+    EXPECT_EQ(screen.count("ok"), 0u);
+}
+
+TEST_F(DialogTest, MnemonicsReachFieldsBoxesAndButtons) {
+    const struct {
+        int letter;
+        Control* control;
+    } fields[] = {{'D', &screen.txtDiscount},
+                  {'M', &screen.cboMethod},
+                  {'Y', &screen.cboCity},
+                  {'N', &screen.txtNotes},
+                  {'T', &screen.txtName}};
+    for (const auto& field : fields) {
+        user.key(field.letter, wxMOD_ALT);
+        untilFocused(*field.control);
+    }
+    user.key('X', wxMOD_ALT);
+    untilNoted("exported 1");
+    user.key('P', wxMOD_ALT);
+    untilNoted("apply");
+    user.key(WXK_ESCAPE).show();
+    EXPECT_EQ(screen.count("left discount"), 1u);
+    EXPECT_TRUE(screen.chkExported.checked());
+}
+
+TEST_F(DialogTest, AListIsChosenFromByKeyboard) {
+    screen.cboMethod.setFocus();
+    untilFocused(screen.cboMethod);
+    user.key(WXK_DOWN);
+    untilNoted("method Invoice");
+    user.key(WXK_DOWN);
+    untilNoted("method Cash");
+    user.then([&] { screen.cboMethod.choose(30); });
+    user.until("shown",
+               [&] { return static_cast<wxChoice*>(user.windowOf(screen.cboMethod))->GetSelection() == 2; });
+    user.key(WXK_ESCAPE).show();
+    EXPECT_EQ(screen.count("method Check"), 0u) << "the screen's own choice was sent back";
+    EXPECT_EQ(screen.cboMethod.chosen(), 30);
+}
+
+TEST_F(DialogTest, AnEditableListTakesTextAndChoice) {
+    screen.cboCity.setFocus();
+    untilFocused(screen.cboCity);
+    user.type("Ber").until("typed", [&] { return screen.cboCity.text() == "Ber"; });
+    user.then([&] {
+        auto* box = static_cast<wxComboBox*>(user.windowOf(screen.cboCity));
+        box->SetSelection(1);
+        wxCommandEvent chosen(wxEVT_COMBOBOX, box->GetId());
+        chosen.SetEventObject(box);
+        box->ProcessWindowEvent(chosen);
+    });
+    untilNoted("city chosen Oslo");
+    user.key(WXK_ESCAPE).show();
+    EXPECT_EQ(screen.cboCity.listIndex(), 1);
+    EXPECT_EQ(screen.count("city typed Oslo"), 0u);
+}
+
+TEST_F(DialogTest, F1AsksForHelpFromAnywhere) {
+    untilFocused(screen.txtName);
+    user.key(WXK_F1);
+    untilNoted("help");
+    user.key(WXK_TAB).key(WXK_F1);
+    untilNoted("help", 2);
+    user.key(WXK_ESCAPE).show();
+}
+
+TEST_F(DialogTest, TheCloseBoxAsksTheScreen) {
+    screen.mayClose = false;
+    user.then([&] { user.dialog()->Close(); });
+    untilNoted("close box");
+    user.then([&] {
+        EXPECT_TRUE(user.dialog()->IsShown());
+        screen.mayClose = true;
+        user.dialog()->Close();
+    });
+    user.show();
+    EXPECT_THAT(screen.notes, ElementsAre("activate", "close box", "close box", "unload"));
+    EXPECT_FALSE(screen.view());
+}
+
+TEST_F(DialogTest, EnabledVisibleCaptionAndPointerFollowTheScreen) {
+    user.then([&] {
+        screen.setCaption("Edit Terms (Busy...)");
+        screen.setPointerBusy(true);
+        screen.cboCity.setVisible(false);
+        screen.txtDiscount.setEnabled(false);
+        screen.fraMore.setEnabled(false);
+    });
+    user.until("drawn", [&] {
+        return user.dialog()->GetTitle() == "Edit Terms (Busy...)" &&
+               !user.windowOf(screen.cboCity)->IsShown() && !user.windowOf(screen.txtDiscount)->IsEnabled() &&
+               !user.windowOf(screen.cboMethod)->IsEnabled() && user.dialog()->GetCursor().IsOk();
+    });
+    user.then([&] { screen.setPointerBusy(false); });
+    user.key(WXK_ESCAPE).show();
+}
+
+TEST_F(DialogTest, AScreenThatHidesItselfOnActivationReturns) {
+    screen.onActivate = [&] { screen.hide(); };
+    screen.showModal();
+    EXPECT_THAT(screen.notes, ElementsAre("activate"));
+}
+
+TEST_F(DialogTest, AHandlerThatThrowsLeavesTheScreenAsItIs) {
+    screen.cmdApply.onClick = [] { throw std::runtime_error("broken"); };
+    untilFocused(screen.txtName);
+    user.type("kept").key('P', wxMOD_ALT);
+    untilNoted("error: broken");
+    user.type("!").until("input goes on", [&] { return screen.txtName.text() == "kept!"; });
+    user.key(WXK_ESCAPE).show();
+}
+
+TEST_F(DialogTest, ScreensNestAndTheOwnerTakesNoInputMeanwhile) {
+    SampleList list(desktop);
+    list.onNew = [&] { screen.showModal(); };
+    Robot at(list);
+    at.key('N', wxMOD_ALT).untilOpen(screen).pointAt(screen.txtName);
+    at.until("ready", [&] { return user.focused() == &screen.txtName; });
+    at.then([&] { EXPECT_EQ(user.dialog()->GetParent(), at.dialog()); });
+    at.click(list.cmdNew).type("ab").until("typed", [&] { return screen.txtName.text() == "ab"; });
+    at.key(WXK_RETURN).until("closed", [&] { return !user.dialog(); }).pointAt(list.cmdNew);
+    at.until("back", [&] { return at.dialog()->IsActive(); });
+    at.key(WXK_ESCAPE).show();
+    EXPECT_EQ(list.count("new"), 1u);
+    EXPECT_EQ(screen.count("ok"), 1u);
+    EXPECT_GE(list.count("activate"), 1u);
+}
+
+TEST_F(DialogTest, YieldPaintsButKeepsInputForLater) {
+    screen.cmdApply.onClick = [&] {
+        screen.note("apply begins");
+        wxUIActionSimulator().Char('z');
+        for (int i = 0; i < 20; ++i) {
+            desktop.yield();
+            wxMilliSleep(5);
+        }
+        screen.note("apply ends");
+    };
+    untilFocused(screen.txtName);
+    user.key('P', wxMOD_ALT);
+    untilNoted("name z");
+    user.key(WXK_ESCAPE).show();
+    EXPECT_THAT(screen.notes, ElementsAre("activate", "apply begins", "apply ends", "name z", "cancel"));
+}
+
+TEST_F(DialogTest, APositionIsRestoredAndKept) {
+    screen.placement = {.left = 100, .width = 640, .height = 480};
+    wxRect shown;
+    user.then([&] { shown = user.dialog()->GetRect(); });
+    user.then([&] { user.dialog()->SetSize(90, wxDefaultCoord, 700, 500); });
+    user.until("kept", [&] { return screen.placement.left == 90 && screen.placement.width == 700; });
+    user.key(WXK_ESCAPE).show();
+    EXPECT_EQ(shown.x, 100);
+    EXPECT_EQ(shown.GetSize(), wxSize(640, 480));
+    EXPECT_EQ(screen.placement.height, 500);
+
+    screen.placement = {.left = 100000, .width = 1, .height = 1};
+    Robot again(screen);
+    again.then([&] {
+        const wxRect rect = again.dialog()->GetRect();
+        EXPECT_TRUE(wxRect(wxGetDisplaySize()).Contains(rect)) << rect.x << " " << rect.width;
+        EXPECT_EQ(rect.GetSize(), again.dialog()->GetMinSize());
+    });
+    again.key(WXK_ESCAPE).show();
+}
+
+}  // namespace
+}  // namespace tsln::desktop::test

@@ -1,0 +1,179 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <wx/imaglist.h>
+#include <wx/listctrl.h>
+
+#include "desktop/ReportList.h"
+#include "tests/desktop/Robot.h"
+#include "tests/desktop/Samples.h"
+
+namespace tsln::desktop::test {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+
+class ReportViewTest : public testing::Test {
+  protected:
+    WxDesktop desktop{nullptr, ""};
+
+    static ReportList& list(Robot& user, SampleList& screen) {
+        return *static_cast<ReportList*>(user.windowOf(screen.rptItems));
+    }
+    /// A point on a row, seen from the list's own input window.
+    static wxPoint onRow(int row) { return {60, 38 + 23 * row}; }
+    static void untilNoted(Robot& user, SampleList& screen, const std::string& what, std::size_t times = 1) {
+        user.until("noted: " + what, [=, &screen] { return screen.count(what) >= times; });
+    }
+};
+
+TEST_F(ReportViewTest, KeysActOnTheFocusedRow) {
+    SampleList screen(desktop);
+    Robot user(screen);
+    user.key(WXK_DOWN).key(WXK_DOWN).until("third row", [&] { return screen.rptItems.focusedRow() == 2; });
+    user.key(WXK_RETURN);
+    untilNoted(user, screen, "open 2");
+    user.key(WXK_INSERT);
+    untilNoted(user, screen, "insert");
+    user.key(WXK_DELETE);
+    untilNoted(user, screen, "delete");
+    user.key('M', wxMOD_ALT | 0).then([] {});  // the popup is modal; the next key closes it
+    user.key(WXK_ESCAPE);
+    user.key(WXK_HOME).type("net 3").until("found", [&] { return screen.rptItems.focusedRow() == 3; });
+    user.then([&] { EXPECT_THAT(screen.rptItems.selectedRows(), ElementsAre(3)); });
+    user.key(WXK_ESCAPE).show();
+}
+
+TEST_F(ReportViewTest, TheWholeSelectionIsReportedOnceForEachAct) {
+    SampleList screen(desktop, 100);
+    Robot user(screen);
+    user.clickAt(screen.rptItems, onRow(1));
+    untilNoted(user, screen, "selection 1");
+    user.clickAt(screen.rptItems, onRow(6), wxMOD_SHIFT);
+    untilNoted(user, screen, "selection 6");
+    user.clickAt(screen.rptItems, onRow(3), wxMOD_CONTROL);
+    untilNoted(user, screen, "selection 5");
+    user.then([&] {
+        EXPECT_THAT(screen.rptItems.selectedRows(), ElementsAre(1, 2, 4, 5, 6));
+        EXPECT_FALSE(user.windowOf(screen.cmdEdit)->IsEnabled());
+    });
+    user.key('A', wxMOD_CONTROL);
+    untilNoted(user, screen, "selection 100");
+    user.clickAt(screen.rptItems, onRow(2));
+    untilNoted(user, screen, "selection 1", 2);
+    user.then([&] { EXPECT_TRUE(user.windowOf(screen.cmdEdit)->IsEnabled()); });
+    user.key(WXK_DOWN, wxMOD_SHIFT);
+    untilNoted(user, screen, "selection 2");
+    user.key(WXK_ESCAPE).show();
+    std::erase_if(screen.notes, [](const std::string& note) { return !note.starts_with("selection"); });
+    EXPECT_THAT(screen.notes, ElementsAre("selection 1", "selection 6", "selection 5", "selection 100",
+                                          "selection 1", "selection 2"));
+}
+
+TEST_F(ReportViewTest, DoubleClickOpensAndHeaderSorts) {
+    SampleList screen(desktop, 20);
+    Robot user(screen);
+    user.doubleClickAt(screen.rptItems, onRow(2));
+    untilNoted(user, screen, "open 2");
+    for (const bool descending : {false, true}) {
+        user.clickAt(screen.rptItems, {230, 10}).until("sorted", [&, descending] {
+            return screen.rptItems.sortOrder() == ReportControl::SortOrder{1, descending} &&
+                   list(user, screen).GetSortIndicator() == 1 &&
+                   list(user, screen).IsAscendingSortIndicator() == !descending;
+        });
+    }
+    user.then([&] {
+        // The selection went with its record, and so did the window's.
+        ASSERT_EQ(screen.rptItems.selectedRows().size(), 1u);
+        const std::size_t row = screen.rptItems.selectedRows().front();
+        EXPECT_EQ(screen.rptItems.rowText(row, 0), "Net 2");
+        EXPECT_THAT(list(user, screen).selection(), ElementsAre(row));
+        EXPECT_EQ(list(user, screen).GetItemText(static_cast<long>(row), 1), "14");
+    });
+    user.key(WXK_ESCAPE).show();
+    EXPECT_EQ(screen.count("selection 1"), 1u) << "what the model changed was sent back";
+}
+
+TEST_F(ReportViewTest, RightClickTellsTheRowItHit) {
+    SampleList screen(desktop, 3);
+    Robot user(screen);
+    user.rightClickAt(screen.rptItems, onRow(1));
+    untilNoted(user, screen, "context 1");
+    user.rightClickAt(screen.rptItems, onRow(8));
+    untilNoted(user, screen, "context 3");
+    user.key(WXK_ESCAPE).show();
+}
+
+TEST_F(ReportViewTest, GroupRowsAreBoldWithTheirCount) {
+    SampleList screen(desktop, 5);
+    screen.rptItems.groupBy(2);
+    screen.rptItems.populate();
+    Robot user(screen);
+    user.then([&] {
+        ReportList& shown = list(user, screen);
+        ASSERT_EQ(shown.GetItemCount(), 7);
+        EXPECT_EQ(shown.GetItemText(0, 0), "even (3)");
+        EXPECT_EQ(shown.GetItemText(0, 1), "");
+        EXPECT_EQ(shown.GetItemText(4, 0), "odd (2)");
+        EXPECT_TRUE(shown.GetItemFont(0).GetWeight() >= wxFONTWEIGHT_BOLD);
+        screen.rptItems.groupBy(std::nullopt);
+        screen.rptItems.populate();
+        EXPECT_EQ(shown.GetItemCount(), 5);
+    });
+    user.key(WXK_ESCAPE).show();
+}
+
+TEST_F(ReportViewTest, AMillionRowsOpenAtOnceAndAHundredThousandAreSelectedQuickly) {
+    using Clock = std::chrono::steady_clock;
+    const auto tooLong = std::chrono::seconds(3);  // by far; something that goes row by row takes minutes
+    SampleList big(desktop, 1000000);
+    Clock::time_point before = Clock::now();
+    big.onActivate = [&] {
+        EXPECT_LT(Clock::now() - before, tooLong);
+        big.hide();
+    };
+    big.showModal();
+
+    SampleList screen(desktop, 100000);
+    Robot user(screen);
+    user.then([&] { before = Clock::now(); }).key('A', wxMOD_CONTROL);
+    untilNoted(user, screen, "selection 100000");
+    user.then([&] {
+        EXPECT_LT(Clock::now() - before, tooLong);
+        EXPECT_EQ(list(user, screen).GetSelectedItemCount(), 100000);
+    });
+    user.key(WXK_END, wxMOD_SHIFT).key(WXK_HOME);
+    untilNoted(user, screen, "selection 1");
+    user.key(WXK_END, wxMOD_SHIFT);
+    untilNoted(user, screen, "selection 100000", 2);
+    user.then([&] { EXPECT_LT(Clock::now() - before, 2 * tooLong); });
+    user.key(WXK_ESCAPE).show();
+}
+
+TEST_F(ReportViewTest, RowsThatGoKeepTheListInPlace) {
+    SampleList screen(desktop, 1000);
+    Robot user(screen);
+    user.then([&] {
+        screen.rptItems.selectRow(500);
+        EXPECT_LE(list(user, screen).GetTopItem(), 500);
+        EXPECT_GT(list(user, screen).GetTopItem(), 400);
+    });
+    long top = 0;
+    user.then([&] {
+        top = list(user, screen).GetTopItem();
+        screen.rptItems.removeRecord(500);
+        screen.rptItems.populate();
+        EXPECT_EQ(list(user, screen).GetItemCount(), 999);
+        EXPECT_EQ(list(user, screen).GetTopItem(), top);
+        EXPECT_EQ(list(user, screen).focusedRow(), screen.rptItems.focusedRow());
+        screen.rptItems.clearRecords();
+        screen.rptItems.populate();
+        EXPECT_EQ(list(user, screen).GetItemCount(), 0);
+    });
+    user.key(WXK_DELETE);
+    untilNoted(user, screen, "delete");
+    user.key(WXK_ESCAPE).show();
+}
+
+}  // namespace
+}  // namespace tsln::desktop::test

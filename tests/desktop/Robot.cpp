@@ -1,0 +1,148 @@
+#include "tests/desktop/Robot.h"
+
+#include <gtest/gtest.h>
+#include <wx/uiaction.h>
+
+#include "desktop/NativeWindow.h"
+#include "screens/Controls.h"
+
+namespace tsln::desktop::test {
+namespace {
+
+constexpr int tick = 30;  // milliseconds between steps: time for the display server's events to come round
+constexpr auto patience = std::chrono::seconds(10);
+
+}  // namespace
+
+Robot& Robot::then(std::function<void()> what) {
+    steps_.push_back({"", [what = std::move(what)] {
+                          what();
+                          return true;
+                      }});
+    return *this;
+}
+
+Robot& Robot::until(std::string what, std::function<bool()> isTrue) {
+    steps_.push_back({std::move(what), std::move(isTrue)});
+    return *this;
+}
+
+Robot& Robot::key(int code, int modifiers) {
+    return then([=] { wxUIActionSimulator().Char(code, modifiers); });
+}
+
+Robot& Robot::type(const std::string& text) {
+    for (const char letter : text) {
+        then([letter] { wxUIActionSimulator().Text(wxString(letter)); });
+    }
+    return *this;
+}
+
+Robot& Robot::pointerStep(const Control& control, wxPoint point, std::function<void()> act) {
+    then([this, &control, point] {
+        const wxWindow* window = windowOf(control);
+        ASSERT_TRUE(window) << control.name();
+        wxUIActionSimulator().MouseMove(window->ClientToScreen(point));
+    });
+    return then(std::move(act));
+}
+
+Robot& Robot::pointAt(const Control& control) {
+    return pointerStep(control, {5, 5}, [] {});
+}
+
+Robot& Robot::click(const Control& control) {
+    return clickAt(control, {12, 12});
+}
+
+Robot& Robot::clickAt(const Control& control, wxPoint point, int modifiers) {
+    return pointerStep(control, point, [modifiers] {
+        wxUIActionSimulator user;
+        if (modifiers & wxMOD_CONTROL) user.KeyDown(WXK_CONTROL);
+        if (modifiers & wxMOD_SHIFT) user.KeyDown(WXK_SHIFT);
+        user.MouseClick();
+        if (modifiers & wxMOD_SHIFT) user.KeyUp(WXK_SHIFT);
+        if (modifiers & wxMOD_CONTROL) user.KeyUp(WXK_CONTROL);
+    });
+}
+
+Robot& Robot::doubleClickAt(const Control& control, wxPoint point) {
+    return pointerStep(control, point, [] { wxUIActionSimulator().MouseDblClick(); });
+}
+
+Robot& Robot::rightClickAt(const Control& control, wxPoint point) {
+    return pointerStep(control, point, [] { wxUIActionSimulator().MouseClick(wxMOUSE_BTN_RIGHT); });
+}
+
+void Robot::show() {
+    steps_.push_front({"the screen is shown and active", [this] {
+                           if (!dialog() || !dialog()->IsShown()) return false;
+                           // Without a window manager the keyboard belongs to the window under the pointer.
+                           wxUIActionSimulator().MouseMove(dialog()->ClientToScreen({3, 3}));
+                           return dialog()->IsActive();
+                       }});
+    since_ = Clock::now();
+    Start(tick);
+    screen_.showModal();
+    Stop();
+    if (failed_) return;
+    EXPECT_TRUE(steps_.empty()) << steps_.size() << " steps left";
+}
+
+void Robot::Notify() {
+    if (inStep_) return;  // a step that waits in a loop of its own
+    if (!failed_ && !steps_.empty()) {
+        const Step step = steps_.front();
+        inStep_ = true;
+        const bool done = step.done();
+        inStep_ = false;
+        if (done) {
+            if (!steps_.empty()) steps_.pop_front();
+            since_ = Clock::now();
+            return;
+        }
+    }
+    if (Clock::now() - since_ < patience && !failed_) return;
+    if (!failed_) ADD_FAILURE() << "Waited in vain: " << (steps_.empty() ? "the end" : steps_.front().what);
+    failed_ = true;
+    // Leave every window that is open, so that the other tests can run.
+    if (auto* box = find<wxDialog>(); box && !dynamic_cast<ScreenDialog*>(box) && box->IsModal()) {
+        box->EndModal(wxID_CANCEL);
+    } else if (auto* frame = find<wxFrame>()) {
+        frame->Close(true);
+    } else if (auto* screen = find<ScreenDialog>()) {
+        screen->screen().hide();
+    }
+}
+
+Robot& Robot::untilOpen(const Screen& other) {
+    return until(other.name() + " is shown", [&] { return dialogOf(other) && dialogOf(other)->IsShown(); });
+}
+
+ScreenDialog* Robot::dialogOf(const Screen& screen) {
+    for (wxWindow* window : wxTopLevelWindows) {
+        auto* dialog = dynamic_cast<ScreenDialog*>(window);
+        if (dialog && &dialog->screen() == &screen) return dialog;
+    }
+    return nullptr;
+}
+
+wxWindow* Robot::windowOf(const Control& control) const {
+    for (wxWindow* window : wxTopLevelWindows) {
+        auto* dialog = dynamic_cast<ScreenDialog*>(window);
+        if (!dialog) continue;
+        if (const ControlView* view = dialog->viewOf(control)) return &view->inputWindow();
+    }
+    return nullptr;
+}
+
+Control* Robot::focused() const {
+    if (!dialog() || !dialog()->IsActive()) return nullptr;
+    for (Control* control : screen_.controls()) {
+        const wxWindow* window = windowOf(*control);
+        if (window && !dynamic_cast<Frame*>(control) && hasKeyboard(*window)) return control;
+    }
+    return nullptr;
+}
+
+}  // namespace tsln::desktop::test

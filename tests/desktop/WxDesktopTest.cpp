@@ -1,0 +1,240 @@
+#include <fstream>
+#include <unistd.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <wx/button.h>
+#include <wx/filename.h>
+#include <wx/generic/msgdlgg.h>
+#include <wx/html/htmlwin.h>
+#include <wx/print.h>
+#include <wx/uiaction.h>
+
+#include "desktop/Dialogs.h"
+#include "desktop/ReportPrinter.h"
+#include "desktop/WxDesktop.h"
+#include "tests/desktop/Robot.h"
+#include "tests/desktop/Samples.h"
+
+namespace tsln::desktop::test {
+namespace {
+
+using testing::Contains;
+
+TEST(Settings, ComeBackFromTheirFile) {
+    const wxString folder = wxFileName::CreateTempFileName("tsln") + ".d";
+    const std::string file = folder.utf8_string() + "/deep/settings.ini";
+    const struct {
+        const char* key;
+        const char* value;
+        const char* text;
+    } cases[] = {
+        {"Software\\Kestrane\\Tessaline\\5.0", "PortableExport", "1"},
+        {"Software\\Kestrane\\Tessaline\\5.0\\Window Positions\\", "frmTerms/Left", "-12"},
+        {"Software\\Kestrane", "empty", ""},
+        {"Software\\Kestrane", "odd", "  \"quoted\" \\ back = [x] $HOME %PATH%\nnext\tline # ; \xC3\xA9 "},
+        {"Soft/ware", "a=b", "c"},
+    };
+    {
+        WxDesktop desktop(nullptr, file);
+        EXPECT_EQ(desktop.readSetting("Software\\Kestrane", "odd"), std::nullopt);
+        for (const auto& test : cases)
+            desktop.writeSetting(test.key, test.value, test.text);
+    }
+    WxDesktop desktop(nullptr, file);
+    for (const auto& test : cases)
+        EXPECT_EQ(desktop.readSetting(test.key, test.value), test.text) << test.value;
+    EXPECT_EQ(desktop.readSetting("SOFTWARE\\KESTRANE\\Tessaline\\5.0\\", "portableexport"), "1");
+    EXPECT_EQ(desktop.readSetting("Software\\Kestrane\\Tessaline\\5.0", "Window Positions"), std::nullopt);
+    wxFileName::Rmdir(folder, wxPATH_RMDIR_RECURSIVE);
+}
+
+TEST(Settings, ThatCannotBeWrittenHarmNothing) {
+    WxDesktop desktop(nullptr, "/proc/nowhere/settings.ini");
+    desktop.writeSetting("Software\\A", "b", "c");
+    EXPECT_EQ(desktop.readSetting("Software\\A", "x"), std::nullopt);
+}
+
+TEST(Components, AnUnknownOneIsAnError) {
+    struct Thing : Object {
+        Variant invoke(std::string_view, Access, Arguments) override { return {}; }
+    };
+    WxDesktop desktop(
+        [](std::string_view id) { return id == "known.Thing" ? std::make_shared<Thing>() : nullptr; }, "");
+    EXPECT_TRUE(desktop.createObject("known.Thing"));
+    try {
+        desktop.createObject("other.Thing");
+        FAIL();
+    } catch (const HostError& error) {
+        EXPECT_EQ(error.code(), code::classNotRegistered);
+        EXPECT_THAT(error.text(), testing::HasSubstr("other.Thing"));
+    }
+}
+
+TEST(FileNames, TakeTheFiltersExtensionWhenTheyHaveNone) {
+    const struct {
+        const char* name;
+        const char* pattern;
+        const char* full;
+    } cases[] = {{"/a/terms", "*.xml", "/a/terms.xml"},           {"/a/terms.txt", "*.xml", "/a/terms.txt"},
+                 {"/a/terms.", "*.txt", "/a/terms.txt"},          {"/a/terms", "*.*", "/a/terms"},
+                 {"/a.b/terms", "*.txt;*.csv", "/a.b/terms.txt"}, {"/a/terms", "*", "/a/terms"}};
+    for (const auto& test : cases)
+        EXPECT_EQ(withExtension(test.name, {"", test.pattern}), test.full);
+}
+
+class BoxTest : public testing::Test {
+  protected:
+    WxDesktop desktop{nullptr, ""};
+    SampleList screen{desktop};
+    Robot user{screen};
+
+    template <class Window>
+    void untilFound(const char* what) {
+        user.until(what, [] { return Robot::find<Window>() != nullptr; });
+        // The keyboard goes where the pointer is.
+        user.then([] {
+            const auto* window = Robot::find<Window>();
+            wxUIActionSimulator().MouseMove(window->GetScreenPosition() + wxPoint(20, 40));
+        });
+        user.until("active", [] { return !Robot::find<Window>() || Robot::find<Window>()->IsActive(); });
+    }
+    void closeScreen() {
+        user.pointAt(screen.cmdNew).until("active again", [&] { return user.dialog()->IsActive(); });
+        user.key(WXK_ESCAPE).show();
+    }
+};
+
+TEST_F(BoxTest, MessageBoxesAnswerByKeyAndCloseBox) {
+    const struct {
+        MessageButtons buttons;
+        int key;  // 0: the close box
+        MessageAnswer answer;
+    } cases[] = {
+        {MessageButtons::Ok, WXK_RETURN, MessageAnswer::Ok},
+        {MessageButtons::Ok, WXK_ESCAPE, MessageAnswer::Ok},
+        {MessageButtons::OkCancel, WXK_RETURN, MessageAnswer::Ok},
+        {MessageButtons::OkCancel, WXK_ESCAPE, MessageAnswer::Cancel},
+        {MessageButtons::OkCancel, 0, MessageAnswer::Cancel},
+        {MessageButtons::YesNo, WXK_RETURN, MessageAnswer::Yes},
+        {MessageButtons::YesNo, WXK_ESCAPE, MessageAnswer::No},
+        {MessageButtons::YesNo, 0, MessageAnswer::No},
+    };
+    std::size_t next = 0;
+    screen.onNew = [&] {
+        const auto& test = cases[next++];
+        EXPECT_EQ(desktop.messageBox(&screen, "Would you?", test.buttons, MessageIcon::Question), test.answer)
+            << "case " << next;
+    };
+    for (const auto& test : cases) {
+        user.key('N', wxMOD_ALT);
+        untilFound<wxGenericMessageDialog>("the box is open");
+        if (test.key) {
+            user.key(test.key);
+        } else {
+            user.then([] { Robot::find<wxGenericMessageDialog>()->Close(); });
+        }
+        user.until("the box is closed", [] { return !Robot::find<wxGenericMessageDialog>(); });
+        user.pointAt(screen.cmdNew).until("active again", [&] { return user.dialog()->IsActive(); });
+    }
+    closeScreen();
+    EXPECT_EQ(next, std::size(cases));
+}
+
+TEST_F(BoxTest, APopupReturnsTheChosenCommandAndRefusesADisabledOne) {
+    // Three commands can be chosen; the disabled one between them is passed over.
+    user.key('M', wxMOD_ALT).key(WXK_DOWN).key(WXK_DOWN).key(WXK_RETURN);
+    user.until("chosen", [&] { return screen.count("command 28201") + screen.count("command 28003") > 0; });
+    user.key('M', wxMOD_ALT).key(WXK_ESCAPE).then([] {}).then([] {});
+    closeScreen();
+    EXPECT_EQ(screen.count("command 28201"), 1u);
+    EXPECT_EQ(screen.count("command 28003"), 0u);
+}
+
+TEST_F(BoxTest, HelpOpensOverTheScreenAndEscClosesJustIt) {
+    screen.onNew = [&] { desktop.showHelp(screen, "UI Reference.chm", 40); };
+    user.key('N', wxMOD_ALT).until("help is open", [] {
+        auto* window = Robot::find<wxDialog>();
+        return window && window->GetTitle() == "UI Reference";
+    });
+    user.then([] {
+        auto* window = Robot::find<wxDialog>();
+        const auto* page = dynamic_cast<wxHtmlWindow*>(wxWindow::FindWindowByName("htmlWindow", window));
+        ASSERT_TRUE(page);
+        EXPECT_THAT(const_cast<wxHtmlWindow*>(page)->ToText().utf8_string(), testing::HasSubstr("Ctrl+A"));
+        wxUIActionSimulator().MouseMove(window->GetScreenPosition() + wxPoint(20, 40));
+    });
+    user.then([] {}).key(WXK_ESCAPE).until("help is closed", [&] {
+        return Robot::find<wxDialog>() == user.dialog();
+    });
+    closeScreen();
+}
+
+TEST_F(BoxTest, PrintPreviewIsModalAboveTheScreenAndNeedsNoPrinter) {
+    screen.onNew = [&] {
+        desktop.printPreview(screen, screen.rptItems, "Terms");
+        screen.note("preview returned");
+    };
+    user.key('N', wxMOD_ALT);
+    untilFound<wxPreviewFrame>("the preview is open");
+    user.then([&] { EXPECT_EQ(screen.count("preview returned"), 0u); });
+    user.key(WXK_ESCAPE).until("returned", [&] { return screen.count("preview returned") == 1; });
+    closeScreen();
+}
+
+TEST_F(BoxTest, APrintoutHasAsManyPagesAsItsRowsNeed) {
+    const wxPageSetupDialogData page;
+    const struct {
+        int records;
+        bool several;
+    } cases[] = {{0, false}, {5, false}, {1000, true}};
+    for (const auto& test : cases) {
+        SampleList other(desktop, test.records);
+        auto* printout = new ReportPrintout(other.rptItems, "Terms", page);
+        wxPrintDialogData printing;
+        wxPrintPreview preview(printout, nullptr, &printing);
+        wxFrame frame(nullptr, wxID_ANY, "");
+        wxPreviewCanvas canvas(&preview, &frame);
+        preview.SetCanvas(&canvas);
+        preview.SetFrame(&frame);
+        ASSERT_TRUE(preview.SetCurrentPage(1));
+        EXPECT_EQ(printout->pageCount() > 1, test.several) << test.records;
+        EXPECT_FALSE(printout->HasPage(0));
+        EXPECT_TRUE(printout->HasPage(printout->pageCount()));
+        EXPECT_FALSE(printout->HasPage(printout->pageCount() + 1));
+        EXPECT_TRUE(preview.SetCurrentPage(printout->pageCount()));
+    }
+}
+
+/// The process's memory in use, in kilobytes.
+long memoryInUse() {
+    std::ifstream pages("/proc/self/statm");
+    long total = 0, resident = 0;
+    pages >> total >> resident;
+    return resident * (sysconf(_SC_PAGESIZE) / 1024);
+}
+
+TEST(Growth, AThousandScreensLeaveNothingBehind) {
+    WxDesktop desktop(nullptr, "");
+    SampleDialog dialog(desktop);
+    SampleList list(desktop, 100);
+    dialog.onActivate = [&] { dialog.hide(); };
+    list.onActivate = [&] { list.hide(); };
+    const auto showBoth = [&](int times) {
+        for (int i = 0; i < times; ++i) {
+            dialog.showModal();
+            list.showModal();
+            dialog.notes.clear();
+            list.notes.clear();
+        }
+    };
+    showBoth(100);  // caches fill
+    const long before = memoryInUse();
+    const std::size_t windows = wxTopLevelWindows.GetCount();
+    showBoth(400);
+    EXPECT_EQ(wxTopLevelWindows.GetCount(), windows);
+    EXPECT_LT(memoryInUse() - before, 40 * 1024) << "more than 50 KB for each screen";
+}
+
+}  // namespace
+}  // namespace tsln::desktop::test
