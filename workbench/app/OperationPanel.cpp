@@ -24,10 +24,8 @@ OperationPanel::OperationPanel(wxWindow* parent, ObjectPtr library, ObjectPtr sh
     fields_ = new wxFlexGridSizer(2, FromDIP(wxSize(10, 6)));
     open_ = new wxButton(this, wxID_ANY, "&Open");
     open_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { run(); });
-    result_ = new wxTextCtrl(this, wxID_ANY, "", wxDefaultPosition, FromDIP(wxSize(200, 44)),
-                             wxTE_READONLY | wxTE_MULTILINE | wxTE_NO_VSCROLL | wxBORDER_NONE);
+    result_ = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, wxST_ELLIPSIZE_END);
     result_->SetName("Result");
-    result_->SetBackgroundColour(GetBackgroundColour());
 
     auto* column = new wxBoxSizer(wxVERTICAL);
     const int gap = FromDIP(8);
@@ -35,9 +33,9 @@ OperationPanel::OperationPanel(wxWindow* parent, ObjectPtr library, ObjectPtr sh
     column->Add(signature_, wxSizerFlags().Expand().Border(wxTOP, gap / 2));
     column->Add(fields_, wxSizerFlags().Border(wxTOP, gap));
     auto* line = new wxBoxSizer(wxHORIZONTAL);
-    line->Add(open_, wxSizerFlags().Top());
-    line->Add(result_, wxSizerFlags(1).Expand().Border(wxLEFT, gap));
-    column->Add(line, wxSizerFlags(1).Expand().Border(wxTOP, gap));
+    line->Add(open_, wxSizerFlags().CenterVertical());
+    line->Add(result_, wxSizerFlags(1).CenterVertical().Border(wxLEFT, 2 * gap));
+    column->Add(line, wxSizerFlags().Expand().Border(wxTOP, gap));
     auto* margin = new wxBoxSizer(wxVERTICAL);
     margin->Add(column, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(12)));
     SetSizer(margin);
@@ -65,7 +63,6 @@ void OperationPanel::show(Operation operation) {
     const bool offered = operation_->visibility == Visibility::Public;
     open_->Enable(offered);
     showResult(offered ? "" : "The module keeps this operation to itself.", false);
-    Layout();
 }
 
 /// An empty field leaves a text empty, and stands for 0 or false elsewhere.
@@ -91,7 +88,9 @@ void OperationPanel::run() {
 void OperationPanel::showResult(const wxString& shown, bool failed) {
     result_->SetForegroundColour(failed ? wxColour(0xB0, 0x20, 0x20)
                                         : wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT));
-    result_->ChangeValue(shown);
+    result_->SetLabelText(shown);
+    result_->SetToolTip(shown);
+    Layout();
 }
 
 }  // namespace tsln::workbench

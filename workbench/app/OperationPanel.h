@@ -35,7 +35,7 @@ class OperationPanel : public wxPanel {
     wxFlexGridSizer* fields_;
     std::vector<wxTextCtrl*> arguments_;
     wxButton* open_;
-    wxTextCtrl* result_;
+    wxStaticText* result_;
 };
 
 }  // namespace tsln::workbench

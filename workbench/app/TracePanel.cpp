@@ -1,5 +1,7 @@
 #include "workbench/app/TracePanel.h"
 
+#include <algorithm>
+
 #include <wx/splitter.h>
 
 namespace tsln::workbench {
@@ -32,13 +34,17 @@ class TracePanel::List : public wxListCtrl {
             const char* caption;
             int width;
             wxListColumnFormat format;
-        } columns[] = {{"#", 60, wxLIST_FORMAT_RIGHT},
-                       {"Member", 230, wxLIST_FORMAT_LEFT},
-                       {"Statement or arguments", 440, wxLIST_FORMAT_LEFT},
-                       {"Result", 180, wxLIST_FORMAT_LEFT},
+        } columns[] = {{"#", 56, wxLIST_FORMAT_RIGHT},
+                       {"Member", 220, wxLIST_FORMAT_LEFT},
+                       {"Statement or arguments", 300, wxLIST_FORMAT_LEFT},
+                       {"Result", 120, wxLIST_FORMAT_LEFT},
                        {"Time", 80, wxLIST_FORMAT_RIGHT}};
         for (const auto& column : columns) AppendColumn(column.caption, column.format, FromDIP(column.width));
         failed_.SetTextColour(wxColour(0xB0, 0x20, 0x20));
+        Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+            event.Skip();
+            CallAfter([this] { widenStatements(); });
+        });
     }
 
     const TraceEntry& entry(long row) const {
@@ -57,6 +63,12 @@ class TracePanel::List : public wxListCtrl {
             default: return duration(call);
         }
     }
+    /// The statements take the room that the other columns leave.
+    void widenStatements() {
+        int others = FromDIP(20);  // the scroll bar
+        for (const int column : {0, 1, 3, 4}) others += GetColumnWidth(column);
+        SetColumnWidth(2, std::max(FromDIP(200), GetClientSize().x - others));
+    }
     wxListItemAttr* OnGetItemAttr(long row) const override { return entry(row).failed ? &failed_ : nullptr; }
 
     TracePanel* panel_;
@@ -73,7 +85,7 @@ TracePanel::TracePanel(wxWindow* parent) : wxPanel(parent), timer_(this) {
     filter_->SetDescriptiveText("Filter calls");
     filter_->SetName("Filter calls");
     filter_->ShowCancelButton(true);
-    auto* clear = new wxButton(this, wxID_ANY, "C&lear", wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT);
+    auto* clear = new wxButton(this, wxID_ANY, "C&lear");
 
     auto* splitter = new wxSplitterWindow(this, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                                           wxSP_LIVE_UPDATE | wxSP_NOBORDER);

@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "lists/Lists.h"
+#include "shared/modSharedXML.h"
 #include "workbench/app/Tour.h"
 #include "workbench/app/VirtualUser.h"
 #include "workbench/app/WorkbenchFrame.h"
@@ -24,10 +25,18 @@ std::string settingsFile() {
     return (folder / "settings.ini").string();
 }
 
+/// The terms as the company database holds them, read by another connection than the session's.
 void printTerms(const std::string& companyFile) {
     Company company(companyFile, OpenMode::ReadOnly);
-    std::printf("The terms in the company database:\n%s\n",
-                company.read("SELECT Terms, DueDays, Discount, DiscountDays FROM Terms ORDER BY Terms").c_str());
+    const auto rows = modSharedXML::Records::parse(
+        company.read("SELECT Terms, DueDays, Discount, DiscountDays FROM Terms ORDER BY Terms"));
+    std::printf("The terms in the company database:\n  %-40s %7s %8s %12s\n", "Terms", "DueDays", "Discount",
+                "DiscountDays");
+    for (const auto row : rows) {
+        const auto field = [&](const char* name) { return modSharedXML::readText(name, row); };
+        std::printf("  %-40s %7s %8s %12s\n", field("Terms").c_str(), field("DueDays").c_str(),
+                    field("Discount").c_str(), field("DiscountDays").c_str());
+    }
 }
 
 }  // namespace

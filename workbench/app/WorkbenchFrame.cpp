@@ -1,5 +1,7 @@
 #include "workbench/app/WorkbenchFrame.h"
 
+#include <algorithm>
+
 #include <wx/splitter.h>
 
 #include "workbench/app/OperationPanel.h"
@@ -17,7 +19,7 @@ WorkbenchFrame::WorkbenchFrame(CompanySession& session, ObjectPtr library)
     trace_ = new TracePanel(down);
     for (wxSplitterWindow* splitter : {across, down}) splitter->SetMinimumPaneSize(FromDIP(120));
     SetClientSize(FromDIP(wxSize(1140, 720)));
-    down->SplitHorizontally(operation_, trace_, FromDIP(190));
+    down->SplitHorizontally(operation_, trace_, FromDIP(150));
     across->SplitVertically(tree_, down, FromDIP(310));
     down->SetSashGravity(0.0);
 
@@ -27,7 +29,10 @@ WorkbenchFrame::WorkbenchFrame(CompanySession& session, ObjectPtr library)
     SetStatusText(wxString::FromUTF8(session.company().path() + (session.company().readOnly() ? "  (read-only)" : "")));
     SetStatusText(wxString::FromUTF8("User: " + session.user().name), 1);
 
-    tree_->onSelect = [this](Operation operation) { operation_->show(operation); };
+    tree_->onSelect = [this, down](Operation operation) {
+        operation_->show(operation);
+        down->SetSashPosition(std::max(down->GetSashPosition(), operation_->GetBestSize().y));
+    };
     tree_->onOpen = [this](Operation operation) {
         operation_->show(operation);
         operation_->run();

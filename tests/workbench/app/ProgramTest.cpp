@@ -1,0 +1,96 @@
+#include <array>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include "workbench/company/Company.h"
+
+namespace tsln::workbench {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::HasSubstr;
+
+struct Ended {
+    int exitCode = -1;
+    std::string output;  ///< standard output and errors
+};
+
+/// Runs the workbench program without a display.
+Ended runWorkbench(const std::string& arguments) {
+    const std::string command = "env -u DISPLAY -u WAYLAND_DISPLAY '" WORKBENCH_PROGRAM "' " + arguments + " 2>&1";
+    FILE* pipe = popen(command.c_str(), "r");
+    Ended ended;
+    std::array<char, 4096> buffer;
+    while (const auto count = std::fread(buffer.data(), 1, buffer.size(), pipe)) {
+        ended.output.append(buffer.data(), count);
+    }
+    const int status = pclose(pipe);
+    if (WIFEXITED(status)) ended.exitCode = WEXITSTATUS(status);
+    return ended;
+}
+
+class ProgramTest : public testing::Test {
+  protected:
+    ProgramTest() {
+        fs::remove_all(folder);
+        fs::create_directories(folder);
+    }
+    ~ProgramTest() override { fs::remove_all(folder); }
+    std::string path(const std::string& name) const { return folder + "/" + name; }
+
+    const std::string folder = testing::TempDir() + "tessaline program test";
+};
+
+TEST_F(ProgramTest, CommandLinesThatCannotBeRunSayWhy) {
+    const struct {
+        const char* arguments;
+        int exitCode;
+        const char* says;
+    } cases[] = {
+        {"--help", 0, "--company"},
+        {"--frobnicate", 2, "--frobnicate"},
+        {"--company", 2, "--company"},
+        {"--show NoSuchOperation", 2, "There is no operation NoSuchOperation."},
+        {"--show RunPackageProcessor a b", 2, "There is no operation RunPackageProcessor."},
+        {"--show ShowEditTerms", 2, "ShowEditTerms takes 1 argument(s), not 0."},
+        {"--show ShowTerms --tour /tmp/x", 2, "--tour"},
+    };
+    for (const auto& c : cases) {
+        const Ended ended = runWorkbench(c.arguments);
+        EXPECT_EQ(ended.exitCode, c.exitCode) << c.arguments;
+        EXPECT_THAT(ended.output, HasSubstr(c.says)) << c.arguments;
+    }
+}
+
+TEST_F(ProgramTest, CompaniesAndUsersThatCannotBeUsedAreToldAndLeftAlone) {
+    std::ofstream(path("text.company")) << "not a database, whatever its name says";
+    fs::create_directories(path("a folder"));
+    { const Company company(path("good.company")); }
+    const auto before = fs::last_write_time(path("text.company"));
+
+    const struct {
+        std::string arguments;
+        int exitCode;
+    } cases[] = {
+        {"--company '" + path("text.company") + "'", 3},
+        {"--company '" + path("a folder") + "'", 3},
+        {"--company '" + path("no/such/folder/x.company") + "'", 3},
+        {"--company '" + path("good.company") + "' --user nobody", 4},
+        {"--company '" + path("good.company") + "'", 5},  // all is well but for the display
+    };
+    for (const auto& c : cases) {
+        const Ended ended = runWorkbench(c.arguments);
+        EXPECT_EQ(ended.exitCode, c.exitCode) << c.arguments;
+        EXPECT_THAT(ended.output, testing::EndsWith(".\n")) << "no sentence: " << c.arguments;
+    }
+    EXPECT_EQ(fs::last_write_time(path("text.company")), before);
+    EXPECT_FALSE(fs::exists(path("no")));
+}
+
+}  // namespace
+}  // namespace tsln::workbench
