@@ -16,7 +16,7 @@ const Variant& Arguments::operator[](std::size_t i) const {
     return i < count() ? arguments_[i].value() : leftOut;
 }
 
-Variant Arguments::valueOr(std::size_t i, Variant otherwise) const {
+Variant Arguments::valueOr(std::size_t i, const Variant& otherwise) const {
     return has(i) ? arguments_[i].value() : otherwise;
 }
 

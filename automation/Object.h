@@ -15,7 +15,7 @@ class Argument {
   public:
     Argument(Variant value) : own_(std::move(value)) {}
     template <class T>
-        requires std::convertible_to<T, Variant>
+        requires(std::convertible_to<T, Variant> && !std::same_as<std::remove_cvref_t<T>, Argument>)
     Argument(T&& value) : own_(Variant(std::forward<T>(value))) {}
 
     /// The callee sees the variable's value and may write it. The variable must outlive the call.
@@ -44,7 +44,7 @@ class Arguments {
     bool has(std::size_t i) const noexcept { return i < count() && !arguments_[i].value().isMissing(); }
     const Variant& operator[](std::size_t i) const;
     /// The argument, or `otherwise` when it was left out.
-    Variant valueOr(std::size_t i, Variant otherwise) const;
+    Variant valueOr(std::size_t i, const Variant& otherwise) const;
     /// Writes by-reference argument i; nothing happens when the caller did not pass it.
     void assign(std::size_t i, Variant value);
     /// Refuses a call with fewer or more arguments: code::paramNotOptional, code::badParamCount.

@@ -25,14 +25,13 @@ const DialogEntry dialogEntries[] = {
 }  // namespace
 
 void plugIn(Library& library) {
-    for (const auto& [operation, description] : listEntries) {
-        library.plugIn(operation, [&description](Library& self, Arguments) {
-            return Variant(showList(self, description));
-        });
+    for (const ListEntry& entry : listEntries) {
+        library.plugIn(entry.operation,
+                       [&entry](Library& self, Arguments) { return Variant(showList(self, entry.description)); });
     }
-    for (const auto& [operation, description] : dialogEntries) {
-        library.plugIn(operation, [&description](Library& self, Arguments a) {
-            return Variant(showDialog(self, description, a[0].toLong()));
+    for (const DialogEntry& entry : dialogEntries) {
+        library.plugIn(entry.operation, [&entry](Library& self, Arguments a) {
+            return Variant(showDialog(self, entry.description, a[0].toLong()));
         });
     }
 }

@@ -40,7 +40,7 @@ std::size_t ReportControl::addRecord(std::int32_t id, std::span<const std::strin
 }
 
 void ReportControl::replaceRecord(std::size_t record, std::span<const std::string_view> cells) {
-    ids_.at(record);
+    if (record >= ids_.size()) throw std::out_of_range("ReportControl: no such record");
     storeCells(record, cells);
 }
 
@@ -117,7 +117,8 @@ std::vector<std::uint32_t> ReportControl::orderedRecords() const {
         });
     };
     if (sortOrder_ && sortOrder_->column < columns.size()) {
-        const auto [column, descending] = *sortOrder_;
+        const std::size_t column = sortOrder_->column;
+        const bool descending = sortOrder_->descending;
         if (columns[column].numeric) {
             std::vector<double> keys(ids_.size());
             for (std::size_t i = 0; i < keys.size(); ++i) {
@@ -208,7 +209,7 @@ void ReportControl::userClickHeader(std::size_t column) {
 bool ReportControl::isSelected(std::size_t row) const { return std::ranges::binary_search(selected_, row); }
 
 void ReportControl::selectRow(std::size_t row) {
-    rows_.at(row);
+    if (row >= rows_.size()) throw std::out_of_range("ReportControl: no such row");
     selected_.assign(1, row);
     focusedRow_ = row;
     changed();

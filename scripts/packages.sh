@@ -4,7 +4,7 @@ build_packages=(g++ cmake ninja-build ccache pkg-config libwxgtk3.2-dev libgtk-3
     libsqlitecpp-dev libcli11-dev libssl-dev)
 test_packages=(libgtest-dev libgmock-dev)
 # A display of its own where there is none: the server, a window manager, and what makes windows look complete.
-display_packages=(xvfb xauth metacity adwaita-icon-theme fonts-inter sqlite3)
+display_packages=(xvfb metacity adwaita-icon-theme fonts-inter)
 
 # need PACKAGE...: installs those that are missing, and says so.
 need() {

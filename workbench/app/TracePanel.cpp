@@ -17,7 +17,9 @@ wxString arguments(const TraceEntry& entry) {
 }
 
 wxString duration(const TraceEntry& entry) {
-    return wxString::Format("%.2f ms", static_cast<double>(entry.duration.count()) / 1000);
+    const double milliseconds = static_cast<double>(entry.duration.count()) / 1000;
+    return milliseconds < 1000 ? wxString::Format("%.2f ms", milliseconds)
+                               : wxString::Format("%.2f s", milliseconds / 1000);
 }
 
 }  // namespace
