@@ -25,6 +25,8 @@ class ButtonView : public ControlView {
         return true;
     }
 
+    void mnemonic() override { press(); }
+
   private:
     void press() {
         act([this] { button_.userPress(); });

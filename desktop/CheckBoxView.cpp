@@ -18,6 +18,12 @@ class CheckBoxView : public ControlView {
                       [this](wxCommandEvent&) { act([this] { box_.userCheck(window_->GetValue()); }); });
     }
 
+    void mnemonic() override {
+        window_->SetFocus();
+        window_->SetValue(!window_->GetValue());
+        act([this] { box_.userCheck(window_->GetValue()); });
+    }
+
   private:
     void updateContent() override {
         if (window_->GetValue() != box_.checked()) window_->SetValue(box_.checked());

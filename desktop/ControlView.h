@@ -45,6 +45,10 @@ class ControlView {
     /// Enter or Esc mean something here, so that they press no button of the dialog.
     virtual bool wantsKey([[maybe_unused]] int keyCode) const { return false; }
 
+    /// The user pressed its mnemonic, or that of the label before it. The platform's own handling does not
+    /// reach every window that may have the focus.
+    virtual void mnemonic() { inputWindow().SetFocus(); }
+
     /// The label before it in the layout, which is hidden along with it.
     void setLabel(wxWindow* label) { label_ = label; }
 

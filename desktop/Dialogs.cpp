@@ -76,6 +76,9 @@ void fillMenu(wxMenu& menu, const Command& popup) {
 
 MessageAnswer askMessage(wxWindow* owner, const wxString& text, MessageButtons buttons, MessageIcon icon) {
     MessageDialog box(owner, text, messageTitle, styleOf(buttons) | styleOf(icon) | wxCENTRE);
+#ifdef __WXGTK__
+    if (buttons == MessageButtons::YesNo) box.SetEscapeId(wxID_NO);
+#endif
     switch (box.ShowModal()) {
         case wxID_OK:
             return MessageAnswer::Ok;

@@ -159,6 +159,21 @@ std::optional<std::size_t> ReportList::focusedRow() const {
     return static_cast<std::size_t>(row);
 }
 
+wxWindow& ReportList::rowsWindow() const {
+    for (wxWindow* child : GetChildren()) {
+        if (child->GetName() != "wxlistctrlcolumntitles") return *child;
+    }
+    return const_cast<ReportList&>(*this);  // natively the list is one window
+}
+
+std::optional<std::size_t> ReportList::rowAt(const wxPoint& onScreen) const {
+    int where = 0;
+    // Points count from the rows' own window, unlike those of all other members.
+    const long row = HitTest(rowsWindow().ScreenToClient(onScreen), where);
+    if (row < 0) return std::nullopt;
+    return static_cast<std::size_t>(row);
+}
+
 void ReportList::goTo(std::size_t row) {
     const long item = static_cast<long>(row);
     SetItemState(-1, 0, wxLIST_STATE_SELECTED);

@@ -25,6 +25,10 @@ class ReportList : public wxListCtrl {
     void goTo(std::size_t row);
     /// The next row after `from` whose text in the sorted column, or the first one, begins with `start`.
     std::optional<std::size_t> findText(const wxString& start, std::size_t from) const;
+    /// The row at a point of the screen, if there is one.
+    std::optional<std::size_t> rowAt(const wxPoint& onScreen) const;
+    /// The inner window that holds the rows and takes the input.
+    wxWindow& rowsWindow() const;
     /// Lets the last column take the width that is left.
     void stretchLastColumn();
 

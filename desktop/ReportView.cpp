@@ -156,18 +156,28 @@ class ReportView : public ControlView {
             list_->CallAfter([this] { list_->stretchLastColumn(); });
         });
         list_->Bind(wxEVT_CONTEXT_MENU, &ReportView::onContextMenu, this);
+#ifndef __WXMSW__
+        list_->rowsWindow().Bind(wxEVT_RIGHT_UP, [this](wxMouseEvent& event) {
+            openContextMenu(list_->rowsWindow().ClientToScreen(event.GetPosition()));
+        });
+#endif
     }
 
     void onContextMenu(wxContextMenuEvent& event) {
-        popupAt_ = event.GetPosition();  // none when asked for by the keyboard
+#ifndef __WXMSW__
+        // The generic window sends this for the pointer only beside its rows; its button tells of all of
+        // them.
+        if (event.GetPosition() != wxDefaultPosition) return;
+#endif
+        openContextMenu(event.GetPosition());
+    }
+
+    /// `at`: on the screen; none when asked for by the keyboard.
+    void openContextMenu(const wxPoint& at) {
+        popupAt_ = at;
         act([this] {
-            std::size_t row = report_.focusedRow().value_or(report_.rowCount());
-            if (popupAt_ != wxDefaultPosition) {
-                int where = 0;
-                const long hit = list_->HitTest(list_->ScreenToClient(popupAt_), where);
-                row = hit < 0 ? report_.rowCount() : static_cast<std::size_t>(hit);
-            }
-            report_.userContextMenu(row);
+            const auto row = popupAt_ == wxDefaultPosition ? report_.focusedRow() : list_->rowAt(popupAt_);
+            report_.userContextMenu(row.value_or(report_.rowCount()));
         });
         popupAt_ = wxDefaultPosition;
     }

@@ -322,7 +322,7 @@ bool ScreenDialog::pressMnemonic(const wxKeyEvent& key) {
     if (found == viewsByMnemonic_.end()) return false;
     for (ControlView* view : found->second) {
         if (!takesFocus(view->control())) continue;
-        view->inputWindow().SetFocus();
+        view->mnemonic();
         return true;
     }
     return false;

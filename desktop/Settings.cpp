@@ -56,14 +56,19 @@ wxString path(std::string_view key, std::string_view value) {
 
 }  // namespace
 
-Settings::Settings(std::string file)
-    : file_(std::move(file)),
-      store_(std::make_unique<wxFileConfig>(wxString(), wxString(), toWx(file_), wxString(),
-                                            wxCONFIG_USE_LOCAL_FILE)) {
+// The toolkit would open a box on the screen that happens to be shown when a file cannot be read or written.
+
+Settings::Settings(std::string file) : file_(std::move(file)) {
+    const wxLogNull quiet;
+    store_ = std::make_unique<wxFileConfig>(wxString(), wxString(), toWx(file_), wxString(),
+                                            wxCONFIG_USE_LOCAL_FILE);
     store_->SetExpandEnvVars(false);
 }
 
-Settings::~Settings() = default;
+Settings::~Settings() {
+    const wxLogNull quiet;
+    store_.reset();  // it writes what could not be written before
+}
 
 std::optional<std::string> Settings::read(std::string_view key, std::string_view value) {
     const wxLogNull quiet;

@@ -20,8 +20,14 @@ class ReportViewTest : public testing::Test {
     static ReportList& list(Robot& user, SampleList& screen) {
         return *static_cast<ReportList*>(user.windowOf(screen.rptItems));
     }
-    /// A point on a row, seen from the list's own input window.
-    static wxPoint onRow(int row) { return {60, 38 + 23 * row}; }
+    /// A point on a row, or where it would be; the list must not be scrolled.
+    static Robot::Where onRow(Robot& user, SampleList& screen, int row) {
+        return [=, &user, &screen] {
+            wxRect first;
+            list(user, screen).GetItemRect(0, first);
+            return wxPoint(60, first.y + row * first.height + first.height / 2);
+        };
+    }
     static void untilNoted(Robot& user, SampleList& screen, const std::string& what, std::size_t times = 1) {
         user.until("noted: " + what, [=, &screen] { return screen.count(what) >= times; });
     }
@@ -37,7 +43,7 @@ TEST_F(ReportViewTest, KeysActOnTheFocusedRow) {
     untilNoted(user, screen, "insert");
     user.key(WXK_DELETE);
     untilNoted(user, screen, "delete");
-    user.key('M', wxMOD_ALT | 0).then([] {});  // the popup is modal; the next key closes it
+    user.key('M', wxMOD_ALT).then([] {});  // the popup is modal; the next key closes it
     user.key(WXK_ESCAPE);
     user.key(WXK_HOME).type("net 3").until("found", [&] { return screen.rptItems.focusedRow() == 3; });
     user.then([&] { EXPECT_THAT(screen.rptItems.selectedRows(), ElementsAre(3)); });
@@ -47,11 +53,11 @@ TEST_F(ReportViewTest, KeysActOnTheFocusedRow) {
 TEST_F(ReportViewTest, TheWholeSelectionIsReportedOnceForEachAct) {
     SampleList screen(desktop, 100);
     Robot user(screen);
-    user.clickAt(screen.rptItems, onRow(1));
+    user.clickAt(screen.rptItems, onRow(user, screen, 1));
     untilNoted(user, screen, "selection 1");
-    user.clickAt(screen.rptItems, onRow(6), wxMOD_SHIFT);
+    user.clickAt(screen.rptItems, onRow(user, screen, 6), wxMOD_SHIFT);
     untilNoted(user, screen, "selection 6");
-    user.clickAt(screen.rptItems, onRow(3), wxMOD_CONTROL);
+    user.clickAt(screen.rptItems, onRow(user, screen, 3), wxMOD_CONTROL);
     untilNoted(user, screen, "selection 5");
     user.then([&] {
         EXPECT_THAT(screen.rptItems.selectedRows(), ElementsAre(1, 2, 4, 5, 6));
@@ -59,7 +65,7 @@ TEST_F(ReportViewTest, TheWholeSelectionIsReportedOnceForEachAct) {
     });
     user.key('A', wxMOD_CONTROL);
     untilNoted(user, screen, "selection 100");
-    user.clickAt(screen.rptItems, onRow(2));
+    user.clickAt(screen.rptItems, onRow(user, screen, 2));
     untilNoted(user, screen, "selection 1", 2);
     user.then([&] { EXPECT_TRUE(user.windowOf(screen.cmdEdit)->IsEnabled()); });
     user.key(WXK_DOWN, wxMOD_SHIFT);
@@ -73,10 +79,11 @@ TEST_F(ReportViewTest, TheWholeSelectionIsReportedOnceForEachAct) {
 TEST_F(ReportViewTest, DoubleClickOpensAndHeaderSorts) {
     SampleList screen(desktop, 20);
     Robot user(screen);
-    user.doubleClickAt(screen.rptItems, onRow(2));
+    user.doubleClickAt(screen.rptItems, onRow(user, screen, 2));
     untilNoted(user, screen, "open 2");
     for (const bool descending : {false, true}) {
-        user.clickAt(screen.rptItems, {230, 10}).until("sorted", [&, descending] {
+        user.pause();
+        user.clickAt(screen.rptItems, [] { return wxPoint(230, 12); }).until("sorted", [&, descending] {
             return screen.rptItems.sortOrder() == ReportControl::SortOrder{1, descending} &&
                    list(user, screen).GetSortIndicator() == 1 &&
                    list(user, screen).IsAscendingSortIndicator() == !descending;
@@ -91,15 +98,14 @@ TEST_F(ReportViewTest, DoubleClickOpensAndHeaderSorts) {
         EXPECT_EQ(list(user, screen).GetItemText(static_cast<long>(row), 1), "14");
     });
     user.key(WXK_ESCAPE).show();
-    EXPECT_EQ(screen.count("selection 1"), 1u) << "what the model changed was sent back";
 }
 
 TEST_F(ReportViewTest, RightClickTellsTheRowItHit) {
     SampleList screen(desktop, 3);
     Robot user(screen);
-    user.rightClickAt(screen.rptItems, onRow(1));
+    user.rightClickAt(screen.rptItems, onRow(user, screen, 1));
     untilNoted(user, screen, "context 1");
-    user.rightClickAt(screen.rptItems, onRow(8));
+    user.rightClickAt(screen.rptItems, onRow(user, screen, 8));
     untilNoted(user, screen, "context 3");
     user.key(WXK_ESCAPE).show();
 }

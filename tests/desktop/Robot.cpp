@@ -1,6 +1,7 @@
 #include "tests/desktop/Robot.h"
 
 #include <gtest/gtest.h>
+#include <wx/app.h>
 #include <wx/uiaction.h>
 
 #include "desktop/NativeWindow.h"
@@ -10,15 +11,12 @@ namespace tsln::desktop::test {
 namespace {
 
 constexpr int tick = 30;  // milliseconds between steps: time for the display server's events to come round
-constexpr auto patience = std::chrono::seconds(10);
+constexpr auto patience = std::chrono::seconds(5);
 
 }  // namespace
 
 Robot& Robot::then(std::function<void()> what) {
-    steps_.push_back({"", [what = std::move(what)] {
-                          what();
-                          return true;
-                      }});
+    steps_.push_back({.act = std::move(what)});
     return *this;
 }
 
@@ -38,25 +36,30 @@ Robot& Robot::type(const std::string& text) {
     return *this;
 }
 
-Robot& Robot::pointerStep(const Control& control, wxPoint point, std::function<void()> act) {
-    then([this, &control, point] {
+Robot& Robot::pointerStep(const Control& control, Where where, std::function<void()> act) {
+    then([this, &control, where] {
         const wxWindow* window = windowOf(control);
         ASSERT_TRUE(window) << control.name();
-        wxUIActionSimulator().MouseMove(window->ClientToScreen(point));
+        wxUIActionSimulator().MouseMove(window->ClientToScreen(where()));
     });
     return then(std::move(act));
 }
 
 Robot& Robot::pointAt(const Control& control) {
-    return pointerStep(control, {5, 5}, [] {});
+    return pointerStep(
+        control, [] { return wxPoint(5, 5); }, [] {});
+}
+
+Robot& Robot::pause() {
+    return until("a pause", [this] { return Clock::now() - since_ > std::chrono::milliseconds(600); });
 }
 
 Robot& Robot::click(const Control& control) {
-    return clickAt(control, {12, 12});
+    return clickAt(control, [] { return wxPoint(12, 12); });
 }
 
-Robot& Robot::clickAt(const Control& control, wxPoint point, int modifiers) {
-    return pointerStep(control, point, [modifiers] {
+Robot& Robot::clickAt(const Control& control, Where where, int modifiers) {
+    return pointerStep(control, where, [modifiers] {
         wxUIActionSimulator user;
         if (modifiers & wxMOD_CONTROL) user.KeyDown(WXK_CONTROL);
         if (modifiers & wxMOD_SHIFT) user.KeyDown(WXK_SHIFT);
@@ -66,12 +69,12 @@ Robot& Robot::clickAt(const Control& control, wxPoint point, int modifiers) {
     });
 }
 
-Robot& Robot::doubleClickAt(const Control& control, wxPoint point) {
-    return pointerStep(control, point, [] { wxUIActionSimulator().MouseDblClick(); });
+Robot& Robot::doubleClickAt(const Control& control, Where where) {
+    return pointerStep(control, where, [] { wxUIActionSimulator().MouseDblClick(); });
 }
 
-Robot& Robot::rightClickAt(const Control& control, wxPoint point) {
-    return pointerStep(control, point, [] { wxUIActionSimulator().MouseClick(wxMOUSE_BTN_RIGHT); });
+Robot& Robot::rightClickAt(const Control& control, Where where) {
+    return pointerStep(control, where, [] { wxUIActionSimulator().MouseClick(wxMOUSE_BTN_RIGHT); });
 }
 
 void Robot::show() {
@@ -79,8 +82,9 @@ void Robot::show() {
                            if (!dialog() || !dialog()->IsShown()) return false;
                            // Without a window manager the keyboard belongs to the window under the pointer.
                            wxUIActionSimulator().MouseMove(dialog()->ClientToScreen({3, 3}));
-                           return dialog()->IsActive();
+                           return focused() != nullptr;
                        }});
+    steps_.insert(steps_.begin() + 1, {"", nullptr, [] {}});
     since_ = Clock::now();
     Start(tick);
     screen_.showModal();
@@ -90,22 +94,19 @@ void Robot::show() {
 }
 
 void Robot::Notify() {
-    if (inStep_) return;  // a step that waits in a loop of its own
-    if (!failed_ && !steps_.empty()) {
-        const Step step = steps_.front();
-        inStep_ = true;
-        const bool done = step.done();
-        inStep_ = false;
-        if (done) {
-            if (!steps_.empty()) steps_.pop_front();
-            since_ = Clock::now();
-            return;
-        }
+    if (!failed_ && !steps_.empty() && (!steps_.front().isTrue || steps_.front().isTrue())) {
+        // Posted, not done here: what opens a menu or a dialog returns only when that is closed, and the
+        // timer would not fire until then.
+        if (steps_.front().act) wxTheApp->CallAfter(std::move(steps_.front().act));
+        steps_.pop_front();
+        since_ = Clock::now();
+        return;
     }
     if (Clock::now() - since_ < patience && !failed_) return;
     if (!failed_) ADD_FAILURE() << "Waited in vain: " << (steps_.empty() ? "the end" : steps_.front().what);
     failed_ = true;
-    // Leave every window that is open, so that the other tests can run.
+    // Leave every window that is open, so that the other tests can run; Esc closes menus.
+    wxUIActionSimulator().Char(WXK_ESCAPE);
     if (auto* box = find<wxDialog>(); box && !dynamic_cast<ScreenDialog*>(box) && box->IsModal()) {
         box->EndModal(wxID_CANCEL);
     } else if (auto* frame = find<wxFrame>()) {

@@ -29,10 +29,13 @@ class Robot : private wxTimer {
     Robot& click(const Control& control);
     /// Moves the pointer there, and with it the keyboard to that control's window.
     Robot& pointAt(const Control& control);
-    /// Clicks at a point within the control's input window.
-    Robot& clickAt(const Control& control, wxPoint point, int modifiers = 0);
-    Robot& doubleClickAt(const Control& control, wxPoint point);
-    Robot& rightClickAt(const Control& control, wxPoint point);
+    /// A point in the client area of a control's input window, asked for when it is needed.
+    using Where = std::function<wxPoint()>;
+    Robot& clickAt(const Control& control, Where where, int modifiers = 0);
+    /// Waits so long that the next click is no double click with the one before.
+    Robot& pause();
+    Robot& doubleClickAt(const Control& control, Where where);
+    Robot& rightClickAt(const Control& control, Where where);
     /// Waits until that screen is shown too.
     Robot& untilOpen(const Screen& other);
 
@@ -57,16 +60,16 @@ class Robot : private wxTimer {
   private:
     struct Step {
         std::string what;
-        std::function<bool()> done;
+        std::function<bool()> isTrue;  // what is waited for, or
+        std::function<void()> act;     // what is done
     };
     void Notify() override;
-    Robot& pointerStep(const Control& control, wxPoint point, std::function<void()> act);
+    Robot& pointerStep(const Control& control, Where where, std::function<void()> act);
 
     using Clock = std::chrono::steady_clock;
     Screen& screen_;
     std::deque<Step> steps_;
     Clock::time_point since_{};
-    bool inStep_ = false;
     bool failed_ = false;
 };
 
