@@ -108,9 +108,9 @@ std::string withExtension(const std::string& name, const FileFilter& filter) {
 std::optional<std::string> askFile(wxWindow* owner, FileDialogKind kind, const wxString& title,
                                    std::span<const FileFilter> filters) {
     const bool saving = kind == FileDialogKind::Save;
-    wxString name;
+    wxFileName before;
     for (;;) {
-        wxFileDialog dialog(owner, title, {}, name, wildcard(filters),
+        wxFileDialog dialog(owner, title, before.GetPath(), before.GetFullName(), wildcard(filters),
                             saving ? wxFD_SAVE | wxFD_OVERWRITE_PROMPT : wxFD_OPEN | wxFD_FILE_MUST_EXIST);
         if (dialog.ShowModal() != wxID_OK) return std::nullopt;
         const std::string chosen = fromWx(dialog.GetPath());
@@ -124,7 +124,7 @@ std::optional<std::string> askFile(wxWindow* owner, FileDialogKind kind, const w
         if (askMessage(owner, question, MessageButtons::YesNo, MessageIcon::Question) == MessageAnswer::Yes) {
             return full;
         }
-        name = toWx(full);
+        before.Assign(toWx(full));
     }
 }
 

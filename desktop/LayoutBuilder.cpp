@@ -189,7 +189,10 @@ LayoutBuilder::Part LayoutBuilder::makeForm(const Layout& layout, wxWindow* pare
         if (child.kind == Layout::Kind::Field) {
             wxWindow* label = makeLabel(child, parent);
             const Part part = makeControl(*child.control, parent, toWx(child.caption));
-            if (!part.window) continue;
+            if (!part.view) {
+                label->Destroy();
+                continue;
+            }
             part.view->setLabel(label);
             const int labelSide = part.growsHigh ? wxALIGN_TOP | wxTOP : wxALIGN_CENTRE_VERTICAL;
             grid->Add(label, {row, 0}, {1, 1}, labelSide, dialog_.FromDIP(4));

@@ -9,7 +9,7 @@
 #endif
 
 #ifdef __WXGTK__
-#include <dlfcn.h>
+#include <gtk/gtk.h>
 #endif
 
 #include "desktop/Text.h"
@@ -18,32 +18,19 @@ namespace tsln::desktop {
 
 #ifdef __WXGTK__
 
-namespace {
-
-/// A function of the toolkit below, which is loaded anyway; its headers are no part of the build. Null when
-/// it is not there.
-template <class Function>
-Function* toolkitFunction(const char* name) {
-    return reinterpret_cast<Function*>(dlsym(RTLD_DEFAULT, name));
-}
-
-}  // namespace
-
 void setAccessibleName(wxWindow& window, const wxString& name) {
     window.SetName(name);
-    static auto* const accessibleOf = toolkitFunction<void*(void*)>("gtk_widget_get_accessible");
-    static auto* const setName = toolkitFunction<void(void*, const char*)>("atk_object_set_name");
-    if (!accessibleOf || !setName || !window.GetHandle()) return;
-    if (void* accessible = accessibleOf(window.GetHandle())) setName(accessible, fromWx(name).c_str());
+    if (!window.GetHandle()) return;
+    if (AtkObject* accessible = gtk_widget_get_accessible(window.GetHandle())) {
+        atk_object_set_name(accessible, fromWx(name).c_str());
+    }
 }
 
 bool hasKeyboard(const wxWindow& window) {
-    static auto* const focusOf = toolkitFunction<void*(void*)>("gtk_window_get_focus");
-    static auto* const isWithin = toolkitFunction<int(void*, void*)>("gtk_widget_is_ancestor");
     const wxWindow* top = wxGetTopLevelParent(const_cast<wxWindow*>(&window));
-    if (!focusOf || !isWithin || !top || !top->GetHandle() || !window.GetHandle()) return window.HasFocus();
-    void* focus = focusOf(top->GetHandle());
-    return focus && (focus == window.GetHandle() || isWithin(focus, window.GetHandle()));
+    if (!top || !top->GetHandle() || !window.GetHandle()) return false;
+    GtkWidget* focus = gtk_window_get_focus(GTK_WINDOW(top->GetHandle()));
+    return focus && (focus == window.GetHandle() || gtk_widget_is_ancestor(focus, window.GetHandle()));
 }
 
 #else

@@ -6,14 +6,13 @@
 
 #include "desktop/Process.h"
 
-extern char** environ;
-
 namespace tsln::desktop {
 namespace {
 
 /// The pointers exec and spawn want; they point into `words`, which must outlive them.
 std::vector<char*> pointersTo(std::vector<std::string>& words) {
     std::vector<char*> pointers;
+    pointers.reserve(words.size() + 1);
     for (std::string& word : words)
         pointers.push_back(word.data());
     pointers.push_back(nullptr);

@@ -75,7 +75,6 @@ class ScreenDialog : public wxDialog, private ScreenView {
     bool activated_ = false;
     bool leftFront_ = false;  // another window came to the front since the screen was activated
     bool closePending_ = false;
-    bool placed_ = false;
     bool pointerBusy_ = false;
 };
 

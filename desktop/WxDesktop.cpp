@@ -9,7 +9,6 @@
 #include <wx/log.h>
 #include <wx/stdpaths.h>
 #include <wx/utils.h>
-#include <wx/weakref.h>
 
 #include "desktop/Dialogs.h"
 #include "desktop/HelpWindow.h"
