@@ -41,8 +41,8 @@ enum class OpenMode {
 /// One company's database: an SQLite file that understands the statements written for SQL Server.
 ///
 /// Text compares without letter case and without blanks at its end. A file opened read-only (by its
-/// permissions or by its OpenMode) can be read; every write then fails with SqlError. When another program holds
-/// the file, a statement waits two seconds before it fails. Not for use from two threads.
+/// permissions or by its OpenMode) can be read; every write then fails with SqlError. When another program
+/// holds the file, a statement waits two seconds before it fails. Not for use from two threads.
 class Company {
   public:
     /// Opens the file, making it with a retailer's demonstration data when it does not exist and `access`

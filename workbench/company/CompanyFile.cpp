@@ -21,7 +21,7 @@ namespace {
 namespace fs = std::filesystem;
 using Reason = CompanyFileError::Reason;
 
-constexpr int kBusyMilliseconds = 2000;
+constexpr int busyMilliseconds = 2000;
 
 std::string quoted(const std::string& path) {
     return "'" + path + "'";
@@ -132,18 +132,18 @@ int pragma(SQLite::Database& database, const char* name) {
 }
 
 void checkIsCompany(SQLite::Database& database, const std::string& path) {
-    if (pragma(database, "application_id") != schema::kApplicationId) {
+    if (pragma(database, "application_id") != schema::applicationId) {
         throw CompanyFileError(Reason::NotACompany,
                                "The file " + quoted(path) + " is a database, but not a company.");
     }
     int version = pragma(database, "user_version");
-    if (version > schema::kVersion) {
+    if (version > schema::version) {
         throw CompanyFileError(Reason::NewerVersion,
                                "The company file " + quoted(path) +
                                    " was made by a newer version of this program, which is "
                                    "needed to open it.");
     }
-    if (version < schema::kVersion) {
+    if (version < schema::version) {
         throw CompanyFileError(Reason::NotACompany,
                                "The company file " + quoted(path) +
                                    " was made by a version of this program that is no longer "
@@ -182,7 +182,7 @@ std::unique_ptr<SQLite::Database> openCompanyFile(const std::string& path, OpenM
     std::string file = fs::absolute(path, error).string();
     int flags = access == OpenMode::ReadOnly ? SQLite::OPEN_READONLY : SQLite::OPEN_READWRITE;
     try {
-        auto database = std::make_unique<SQLite::Database>(error ? path : file, flags, kBusyMilliseconds);
+        auto database = std::make_unique<SQLite::Database>(error ? path : file, flags, busyMilliseconds);
         checkIsCompany(*database, path);
         // "Name" in double quotes is a name only, never a text when there is no such column.
         sqlite3_db_config(database->getHandle(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr);

@@ -14,7 +14,7 @@ namespace tsln::workbench {
 
 namespace {
 
-constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
+constexpr std::string_view replacement = "\xEF\xBF\xBD";
 
 bool isNameStart(char32_t c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' ||
@@ -45,7 +45,7 @@ std::string elementName(std::string_view column) {
 enum Class : unsigned char { Plain, Escape, Multibyte };
 
 /// What a byte needs before it can stand in the document.
-constexpr auto kClasses = [] {
+constexpr auto byteClasses = [] {
     std::array<Class, 256> classes{};
     for (int c = 0; c < 0x20; ++c)
         classes[c] = Escape;
@@ -71,7 +71,7 @@ std::string_view escaped(char c) {
         case 0x7F:
             return "\x7F";
         default:
-            return kReplacement;
+            return replacement;
     }
 }
 
@@ -79,7 +79,7 @@ void appendText(std::string& out, std::string_view text) {
     std::size_t plain = 0, at = 0;
     auto flush = [&](std::size_t end) { out.append(text, plain, end - plain); };
     while (at < text.size()) {
-        Class kind = kClasses[static_cast<unsigned char>(text[at])];
+        Class kind = byteClasses[static_cast<unsigned char>(text[at])];
         if (kind == Plain) {
             ++at;
         } else if (kind == Escape) {
@@ -89,10 +89,10 @@ void appendText(std::string& out, std::string_view text) {
         } else {
             std::size_t start = at;
             char32_t c = nextCodePoint(text, at);
-            bool broken = c == 0xFFFD && at - start != kReplacement.size();
+            bool broken = c == 0xFFFD && at - start != replacement.size();
             if (!broken && c != 0xFFFE && c != 0xFFFF) continue;
             flush(start);
-            out += kReplacement;
+            out += replacement;
             plain = at;
         }
     }
@@ -106,10 +106,10 @@ void appendNumber(std::string& out, Number value) {
 }
 
 void appendBytes(std::string& out, std::string_view bytes) {
-    constexpr char kDigits[] = "0123456789ABCDEF";
+    constexpr char digits[] = "0123456789ABCDEF";
     for (unsigned char byte : bytes) {
-        out += kDigits[byte >> 4];
-        out += kDigits[byte & 15];
+        out += digits[byte >> 4];
+        out += digits[byte & 15];
     }
 }
 

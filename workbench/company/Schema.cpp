@@ -16,8 +16,8 @@ namespace schema {
 
 namespace {
 
-constexpr const char* kNow = "(strftime('%Y-%m-%dT%H:%M:%S', 'now'))";
-constexpr const char* kUniqueId =
+constexpr const char* currentTime = "(strftime('%Y-%m-%dT%H:%M:%S', 'now'))";
+constexpr const char* newUniqueId =
     "(hex(randomblob(4)) || '-' || hex(randomblob(2)) || '-4' || substr(hex(randomblob(2)), 2) || '-A' || "
     "substr(hex(randomblob(2)), 2) || '-' || hex(randomblob(6)))";
 
@@ -35,14 +35,14 @@ void replaceAll(std::string& text, std::string_view what, std::string_view by) {
 }
 
 std::string tables() {
-    std::string now = kNow, sql = file("tables.sql");
+    std::string sql = file("tables.sql");
     replaceAll(sql, "{bookkeeping}",
-               "UniqueID {text} NOT NULL DEFAULT " + std::string(kUniqueId) +
+               "UniqueID {text} NOT NULL DEFAULT " + std::string(newUniqueId) +
                    ", AddedOn TEXT NOT NULL DEFAULT {now}, "
                    "UpdatedOn TEXT NOT NULL DEFAULT {now}");
     replaceAll(sql, "{id}", "ID INTEGER PRIMARY KEY AUTOINCREMENT");
     replaceAll(sql, "{text}", "TEXT COLLATE NOCASE");
-    replaceAll(sql, "{now}", now);
+    replaceAll(sql, "{now}", currentTime);
     return sql;
 }
 
@@ -56,9 +56,13 @@ void addUpdateTriggers(SQLite::Database& database) {
         names.push_back(statement.getColumn(0).getString());
     statement.reset();
     for (const std::string& name : names) {
-        database.exec("CREATE TRIGGER \"" + name + "_Updated\" AFTER UPDATE ON \"" + name +
-                      "\" WHEN NEW.UpdatedOn IS OLD.UpdatedOn BEGIN UPDATE \"" + name +
-                      "\" SET UpdatedOn = " + kNow + " WHERE ID = NEW.ID; END");
+        std::string trigger =
+            "CREATE TRIGGER \"{table}_Updated\" AFTER UPDATE ON \"{table}\" "
+            "WHEN NEW.UpdatedOn IS OLD.UpdatedOn BEGIN UPDATE \"{table}\" SET UpdatedOn = {now} WHERE ID = "
+            "NEW.ID; END";
+        replaceAll(trigger, "{table}", name);
+        replaceAll(trigger, "{now}", currentTime);
+        database.exec(trigger);
     }
 }
 
@@ -70,8 +74,8 @@ void create(SQLite::Database& database) {
     database.exec(file("views.sql"));
     database.exec(file("demo.sql"));
     addUpdateTriggers(database);
-    database.exec("PRAGMA application_id = " + std::to_string(kApplicationId));
-    database.exec("PRAGMA user_version = " + std::to_string(kVersion));
+    database.exec("PRAGMA application_id = " + std::to_string(applicationId));
+    database.exec("PRAGMA user_version = " + std::to_string(version));
     transaction.commit();
 }
 

@@ -10,8 +10,8 @@ namespace {
 
 using namespace std::chrono;
 
-constexpr std::array kMonths = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
-                                "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+constexpr std::array monthNames = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
+                                   "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
 
 /// Reads a text piece by piece.
 class Reader {
@@ -147,7 +147,7 @@ std::string SqlDate::text(int style) const {
         case 126:
             return print("%04d-%02d-%02dT%02d:%02d:%02d", y, m, d, h, min, s);
         default:
-            return print("%s %2d %04d %2d:%02d%s", kMonths[std::size_t(m - 1)], d, y,
+            return print("%s %2d %04d %2d:%02d%s", monthNames[std::size_t(m - 1)], d, y,
                          h % 12 == 0 ? 12 : h % 12, min, h < 12 ? "AM" : "PM");
     }
 }
@@ -193,13 +193,13 @@ std::optional<SqlDate> readDate(std::string_view text) {
 }
 
 std::optional<SqlDate> addToDate(std::string_view part, std::int64_t number, SqlDate date) {
-    constexpr std::int64_t kMost = 400'000'000'000;  // seconds; more than the calendar has
-    if (number > kMost || number < -kMost) return std::nullopt;
+    constexpr std::int64_t most = 400'000'000'000;  // seconds; more than the calendar has
+    if (number > most || number < -most) return std::nullopt;
     if (part == "year") return addMonths(number * 12, date);
     if (part == "quarter") return addMonths(number * 3, date);
     if (part == "month") return addMonths(number, date);
     seconds step = lengthOf(part);
-    if (number > kMost / step.count() || number < -kMost / step.count()) return std::nullopt;
+    if (number > most / step.count() || number < -most / step.count()) return std::nullopt;
     date.time += step * number;
     if (step < days(1)) date.dateOnly = false;
     if (date.time < sys_days(year(1) / 1 / 1) || date.time >= sys_days(year(10000) / 1 / 1))

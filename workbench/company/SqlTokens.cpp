@@ -1,205 +1,18 @@
 #include "workbench/company/SqlTokens.h"
 
 #include <algorithm>
-#include <unordered_set>
 
 #include <sqlite3.h>
 
 #include "workbench/company/Company.h"
+#include "workbench/company/SqlVocabulary.h"
 
 namespace tsln::workbench {
 
 namespace {
 
-const std::unordered_set<std::string_view> kReserved = {"ADD",
-                                                        "ALL",
-                                                        "ALTER",
-                                                        "AND",
-                                                        "ANY",
-                                                        "AS",
-                                                        "ASC",
-                                                        "AUTHORIZATION",
-                                                        "BACKUP",
-                                                        "BEGIN",
-                                                        "BETWEEN",
-                                                        "BREAK",
-                                                        "BROWSE",
-                                                        "BULK",
-                                                        "BY",
-                                                        "CASCADE",
-                                                        "CASE",
-                                                        "CHECK",
-                                                        "CHECKPOINT",
-                                                        "CLOSE",
-                                                        "CLUSTERED",
-                                                        "COALESCE",
-                                                        "COLLATE",
-                                                        "COLUMN",
-                                                        "COMMIT",
-                                                        "COMPUTE",
-                                                        "CONSTRAINT",
-                                                        "CONTAINS",
-                                                        "CONTAINSTABLE",
-                                                        "CONTINUE",
-                                                        "CONVERT",
-                                                        "CREATE",
-                                                        "CROSS",
-                                                        "CURRENT",
-                                                        "CURRENT_DATE",
-                                                        "CURRENT_TIME",
-                                                        "CURRENT_TIMESTAMP",
-                                                        "CURRENT_USER",
-                                                        "CURSOR",
-                                                        "DATABASE",
-                                                        "DBCC",
-                                                        "DEALLOCATE",
-                                                        "DECLARE",
-                                                        "DEFAULT",
-                                                        "DELETE",
-                                                        "DENY",
-                                                        "DESC",
-                                                        "DISK",
-                                                        "DISTINCT",
-                                                        "DISTRIBUTED",
-                                                        "DOUBLE",
-                                                        "DROP",
-                                                        "DUMP",
-                                                        "ELSE",
-                                                        "END",
-                                                        "ERRLVL",
-                                                        "ESCAPE",
-                                                        "EXCEPT",
-                                                        "EXEC",
-                                                        "EXECUTE",
-                                                        "EXISTS",
-                                                        "EXIT",
-                                                        "EXTERNAL",
-                                                        "FETCH",
-                                                        "FILE",
-                                                        "FILLFACTOR",
-                                                        "FOR",
-                                                        "FOREIGN",
-                                                        "FREETEXT",
-                                                        "FREETEXTTABLE",
-                                                        "FROM",
-                                                        "FULL",
-                                                        "FUNCTION",
-                                                        "GOTO",
-                                                        "GRANT",
-                                                        "GROUP",
-                                                        "HAVING",
-                                                        "HOLDLOCK",
-                                                        "IDENTITY",
-                                                        "IDENTITYCOL",
-                                                        "IDENTITY_INSERT",
-                                                        "IF",
-                                                        "IN",
-                                                        "INDEX",
-                                                        "INNER",
-                                                        "INSERT",
-                                                        "INTERSECT",
-                                                        "INTO",
-                                                        "IS",
-                                                        "JOIN",
-                                                        "KEY",
-                                                        "KILL",
-                                                        "LEFT",
-                                                        "LIKE",
-                                                        "LINENO",
-                                                        "LOAD",
-                                                        "MERGE",
-                                                        "NATIONAL",
-                                                        "NOCHECK",
-                                                        "NONCLUSTERED",
-                                                        "NOT",
-                                                        "NULL",
-                                                        "NULLIF",
-                                                        "OF",
-                                                        "OFF",
-                                                        "OFFSETS",
-                                                        "ON",
-                                                        "OPEN",
-                                                        "OPENDATASOURCE",
-                                                        "OPENQUERY",
-                                                        "OPENROWSET",
-                                                        "OPENXML",
-                                                        "OPTION",
-                                                        "OR",
-                                                        "ORDER",
-                                                        "OUTER",
-                                                        "OVER",
-                                                        "PERCENT",
-                                                        "PIVOT",
-                                                        "PLAN",
-                                                        "PRECISION",
-                                                        "PRIMARY",
-                                                        "PRINT",
-                                                        "PROC",
-                                                        "PROCEDURE",
-                                                        "PUBLIC",
-                                                        "RAISERROR",
-                                                        "READ",
-                                                        "READTEXT",
-                                                        "RECONFIGURE",
-                                                        "REFERENCES",
-                                                        "REPLICATION",
-                                                        "RESTORE",
-                                                        "RESTRICT",
-                                                        "RETURN",
-                                                        "REVERT",
-                                                        "REVOKE",
-                                                        "RIGHT",
-                                                        "ROLLBACK",
-                                                        "ROWCOUNT",
-                                                        "ROWGUIDCOL",
-                                                        "RULE",
-                                                        "SAVE",
-                                                        "SCHEMA",
-                                                        "SELECT",
-                                                        "SESSION_USER",
-                                                        "SET",
-                                                        "SETUSER",
-                                                        "SHUTDOWN",
-                                                        "SOME",
-                                                        "STATISTICS",
-                                                        "SYSTEM_USER",
-                                                        "TABLE",
-                                                        "TABLESAMPLE",
-                                                        "TEXTSIZE",
-                                                        "THEN",
-                                                        "TO",
-                                                        "TOP",
-                                                        "TRAN",
-                                                        "TRANSACTION",
-                                                        "TRIGGER",
-                                                        "TRUNCATE",
-                                                        "TRY_CONVERT",
-                                                        "TSEQUAL",
-                                                        "UNION",
-                                                        "UNIQUE",
-                                                        "UNPIVOT",
-                                                        "UPDATE",
-                                                        "UPDATETEXT",
-                                                        "USE",
-                                                        "USER",
-                                                        "VALUES",
-                                                        "VARYING",
-                                                        "VIEW",
-                                                        "WAITFOR",
-                                                        "WHEN",
-                                                        "WHERE",
-                                                        "WHILE",
-                                                        "WITH",
-                                                        "WITHIN",
-                                                        "WRITETEXT"};
-
-/// Words that mean something in their place only, and may name columns anywhere else.
-const std::unordered_set<std::string_view> kContextual = {
-    "APPLY",     "CATCH",     "CUBE",   "GO",   "GROUPING", "NEXT",  "NOLOCK", "OFFSET", "ONLY",  "OUTPUT",
-    "PARTITION", "RECOMPILE", "ROLLUP", "ROWS", "SETS",     "THROW", "TIES",   "TRY",    "USING", "XML"};
-
 /// Signs of two characters, before the single ones are tried.
-constexpr std::string_view kLongSigns[] = {
+constexpr std::string_view longSigns[] = {
     "<>", "!=", "<=", ">=", "!<", "!>", "+=", "-=", "*=", "/=", "%=", "&=", "|=", "^=", "::"};
 
 bool isDigit(char c) {
@@ -274,7 +87,7 @@ class Tokenizer {
         if (c == '"') return quoted(SqlToken::Kind::QuotedName, '"');
         if (isDigit(c) || (c == '.' && at_ + 1 < sql_.size() && isDigit(sql_[at_ + 1]))) return number();
         if (startsWord(c)) return word();
-        for (std::string_view sign : kLongSigns) {
+        for (std::string_view sign : longSigns) {
             if (at(sign)) return take(SqlToken::Kind::Sign, sign.size());
         }
         if (std::string_view("()+-*/%,.;=<>&|^~").find(c) == std::string_view::npos) {
@@ -337,7 +150,7 @@ class Tokenizer {
         while (end < sql_.size() && continuesWord(sql_[end]))
             ++end;
         SqlToken token = take(SqlToken::Kind::Word, end - at_);
-        token.reserved = kReserved.contains(upperAscii(token.text));
+        token.reserved = isReservedSqlWord(upperAscii(token.text));
         return token;
     }
 
@@ -366,11 +179,6 @@ std::string SqlToken::name() const {
 
 std::vector<SqlToken> tokenizeSql(std::string_view statement) {
     return Tokenizer(statement).run();
-}
-
-bool isSqlServerWord(std::string_view word) {
-    std::string upper = upperAscii(word);
-    return kReserved.contains(upper) || kContextual.contains(upper);
 }
 
 std::string upperAscii(std::string_view text) {

@@ -30,9 +30,6 @@ struct SqlToken {
 /// Throws SqlError for a quote or comment that is not closed and for characters that no statement has.
 std::vector<SqlToken> tokenizeSql(std::string_view statement);
 
-/// A word of the SQL Server language, whether or not it may name a column. `word` in any letter case.
-bool isSqlServerWord(std::string_view word);
-
 /// The text in capitals, letters A to Z only.
 std::string upperAscii(std::string_view text);
 

@@ -1,7 +1,8 @@
 #include "workbench/host/ActivityObject.h"
 
 #include "shared/modSharedSQL.h"
-#include "workbench/host/SqlText.h"
+#include "workbench/company/SqlText.h"
+#include "workbench/host/TextOf.h"
 
 namespace tsln::workbench {
 

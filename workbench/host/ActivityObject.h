@@ -7,7 +7,7 @@ namespace tsln::workbench {
 /// "Activity": the history of single customers, vendors and employees.
 class ActivityObject : public HostObject {
   public:
-    explicit ActivityObject(std::shared_ptr<HostContext> context) : HostObject(std::move(context)) {}
+    using HostObject::HostObject;
     Variant invoke(std::string_view member, Access access, Arguments arguments) override;
 
   private:

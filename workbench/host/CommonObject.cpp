@@ -1,10 +1,14 @@
 #include "workbench/host/CommonObject.h"
 
+#include <optional>
+#include <span>
+
 #include "shared/modSharedSQL.h"
 #include "shared/modSharedStrings.h"
 #include "shared/modSharedXML.h"
-#include "workbench/host/Guid.h"
-#include "workbench/host/SqlText.h"
+#include "workbench/company/Guid.h"
+#include "workbench/company/SqlText.h"
+#include "workbench/host/TextOf.h"
 
 namespace tsln::workbench {
 namespace {
@@ -13,11 +17,13 @@ using modSharedSQL::format;
 using modSharedXML::Record;
 using modSharedXML::Records;
 
-/// A member that answers with the name of a record.
-struct NameMember {
+/// A member that is no more than a statement.
+struct StatementMember {
     std::string_view name, statement;
 };
-constexpr NameMember kNames[] = {
+
+/// They answer with the name of the record whose identifier is {0}.
+constexpr StatementMember nameMembers[] = {
     {"GetDiscountGroupName", "SELECT DiscountGroup FROM DiscountGroups WHERE ID = {0}"},
     {"GetEmployeeName",
      "SELECT dbo.BuildEmployeeName(FirstName, MiddleInitial, LastName) FROM Employees WHERE ID = {0}"},
@@ -28,11 +34,8 @@ constexpr NameMember kNames[] = {
     {"GetProductFileFromID2", "SELECT ProductFile FROM Products WHERE ID = {0}"},
 };
 
-/// A member that fills a combo box with a list.
-struct LoadMember {
-    std::string_view name, statement;
-};
-constexpr LoadMember kLoaders[] = {
+/// They fill a combo box with a list.
+constexpr StatementMember loadMembers[] = {
     {"LoadPhoneLabels", "SELECT ID, Label AS Entry FROM PhoneLabels ORDER BY Label"},
     {"LoadEmailLabels", "SELECT ID, Label AS Entry FROM EmailLabels ORDER BY Label"},
     {"LoadCustomerTypes", "SELECT ID, Name AS Entry FROM CustomerTypes ORDER BY Name"},
@@ -51,6 +54,13 @@ constexpr LoadMember kLoaders[] = {
      "SELECT ID, dbo.BuildEmployeeName(FirstName, MiddleInitial, LastName) AS Entry FROM Employees "
      "WHERE Installer <> 0 AND Active <> 0 ORDER BY LastName, FirstName"},
 };
+
+std::optional<std::string_view> statementOf(std::span<const StatementMember> members, std::string_view name) {
+    for (const StatementMember& row : members) {
+        if (sameName(row.name, name)) return row.statement;
+    }
+    return std::nullopt;
+}
 
 void addEntry(Object& combo, const std::string& text, std::int32_t itemData) {
     combo.call("AddItem", text);
@@ -136,27 +146,24 @@ Variant CommonObject::invoke(std::string_view member, Access access, Arguments a
         {"FormatAsGUID",
          [](Self&, Arguments a) {
              a.require(1, 1);
-             return Variant(formatAsGuid(textOf(a[0])));
+             const auto guid = formatAsGuid(textOf(a[0]));
+             if (!guid) throw HostError(code::typeMismatch, "Common", "'" + textOf(a[0]) + "' is no GUID.");
+             return Variant(*guid);
          }},
         {"LoadComboFromQuery", [](Self& self, Arguments a) { return self.LoadComboFromQuery(a); }},
         {"LoadSalesReps", [](Self& self, Arguments a) { return self.LoadSalesReps(a); }},
         {"LoadDiscountGroups", [](Self& self, Arguments a) { return self.LoadDiscountGroups(a); }},
     };
-    try {
+    return raisingSqlErrors("Common", [&]() -> Variant {
         if (access != Access::Put) {
-            for (const NameMember& row : kNames) {
-                if (sameName(row.name, member)) return name(row.statement, arguments);
-            }
-            for (const LoadMember& row : kLoaders) {
-                if (!sameName(row.name, member)) continue;
+            if (const auto statement = statementOf(nameMembers, member)) return name(*statement, arguments);
+            if (const auto statement = statementOf(loadMembers, member)) {
                 arguments.require(1, 1);
-                return load(arguments[0].object(), row.statement);
+                return load(arguments[0].object(), *statement);
             }
         }
         return invokeMember<Self>(*this, "Common", members, member, access, arguments);
-    } catch (const SqlError& error) {
-        throw HostError(code::fail, "Common", error.what());
-    }
+    });
 }
 
 }  // namespace tsln::workbench

@@ -8,7 +8,7 @@ namespace tsln::workbench {
 /// module's combo boxes through their late-bound members.
 class CommonObject : public HostObject {
   public:
-    explicit CommonObject(std::shared_ptr<HostContext> context) : HostObject(std::move(context)) {}
+    using HostObject::HostObject;
     Variant invoke(std::string_view member, Access access, Arguments arguments) override;
 
   private:

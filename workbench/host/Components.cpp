@@ -12,7 +12,7 @@ struct Component {
     std::string_view programId;
     ObjectPtr (*create)(const ContextPtr& context);
 };
-constexpr Component kComponents[] = {
+constexpr Component components[] = {
     {"tslnnum5.Checker",
      [](const ContextPtr&) -> ObjectPtr { return std::make_shared<NumericFieldChecker>(); }},
     {"tslniee5.Engine",
@@ -22,7 +22,7 @@ constexpr Component kComponents[] = {
 }  // namespace
 
 ObjectPtr createComponent(std::string_view programId, const ContextPtr& context) {
-    for (const Component& component : kComponents) {
+    for (const Component& component : components) {
         if (sameName(component.programId, programId)) return component.create(context);
     }
     throw HostError(code::classNotRegistered, "Workbench",

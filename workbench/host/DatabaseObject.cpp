@@ -2,13 +2,13 @@
 
 #include "shared/modSharedXML.h"
 #include "workbench/host/QueryDocument.h"
-#include "workbench/host/SqlText.h"
+#include "workbench/host/TextOf.h"
 
 namespace tsln::workbench {
 namespace {
 
 /// A refusal of the host's own, in the place of the database's.
-constexpr int kHostRefusal = -1;
+constexpr int hostRefusal = -1;
 
 bool isInsert(std::string_view sql) {
     constexpr std::string_view word = "INSERT";
@@ -59,9 +59,8 @@ Variant DatabaseObject::ExecuteNonQueryWithID(Arguments a) {
     a.require(1, 1);
     try {
         const std::string sql = a[0].toText();
-        if (!isInsert(sql)) throw SqlError(kHostRefusal, "Only an INSERT makes a row with an identifier.");
-        if (context().company.execute(sql) < 1)
-            throw SqlError(kHostRefusal, "The statement inserted no row.");
+        if (!isInsert(sql)) throw SqlError(hostRefusal, "Only an INSERT makes a row with an identifier.");
+        if (context().company.execute(sql) < 1) throw SqlError(hostRefusal, "The statement inserted no row.");
         return context().company.lastInsertId();
     } catch (const SqlError& error) {
         keep(error);

@@ -10,7 +10,7 @@ namespace tsln::workbench {
 /// reading raise it as well; those for writing answer false or 0.
 class DatabaseObject : public HostObject {
   public:
-    explicit DatabaseObject(std::shared_ptr<HostContext> context) : HostObject(std::move(context)) {}
+    using HostObject::HostObject;
     Variant invoke(std::string_view member, Access access, Arguments arguments) override;
 
   private:

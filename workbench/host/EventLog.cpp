@@ -1,12 +1,12 @@
 #include "workbench/host/EventLog.h"
 
+#include "workbench/company/SqlText.h"
 #include "workbench/host/HostDate.h"
-#include "workbench/host/SqlText.h"
 
 namespace tsln::workbench {
 namespace {
 
-constexpr std::size_t kMostWaiting = 100;
+constexpr std::size_t mostWaiting = 100;
 
 }  // namespace
 
@@ -14,7 +14,7 @@ void EventLog::record(std::int32_t type, std::string_view text, std::string_view
     waiting_.push_back("INSERT INTO EventLog (EventDate,EventType,EventText,Source,UserName) VALUES('" +
                        sqlDateText(nowUtc()) + "', " + std::to_string(type) + ", " + literal(text) + ", " +
                        literal(source) + ", " + literal(userName_) + ")");
-    if (waiting_.size() > kMostWaiting) waiting_.pop_front();
+    if (waiting_.size() > mostWaiting) waiting_.pop_front();
     try {
         while (!waiting_.empty()) {
             company_.execute(waiting_.front());

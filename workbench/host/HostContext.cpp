@@ -1,7 +1,7 @@
 #include "workbench/host/HostContext.h"
 
 #include "shared/modSharedXML.h"
-#include "workbench/host/SqlText.h"
+#include "workbench/company/SqlText.h"
 
 namespace tsln::workbench {
 namespace {

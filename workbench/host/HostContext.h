@@ -56,20 +56,28 @@ class HostContext {
 
 /// One of the host's objects. It keeps the context alive, so the module may hold it past the session's end.
 class HostObject : public Object {
-  protected:
+  public:
     explicit HostObject(std::shared_ptr<HostContext> context) : context_(std::move(context)) {}
-    HostContext& context() const noexcept { return *context_; }
-    const std::shared_ptr<HostContext>& sharedContext() const noexcept { return context_; }
 
-    /// Answers from a member table; what the database refuses is raised with its words.
-    template <class Self, std::size_t N>
-    static Variant answer(Self& self, std::string_view who, const Member<Self> (&members)[N],
-                          std::string_view member, Access access, Arguments arguments) {
+  protected:
+    HostContext& context() const noexcept { return *context_; }
+
+    /// What the database refuses during the work is raised with its words.
+    template <class Work>
+    static Variant raisingSqlErrors(std::string_view who, const Work& work) {
         try {
-            return invokeMember<Self>(self, who, members, member, access, arguments);
+            return work();
         } catch (const SqlError& error) {
             throw HostError(code::fail, std::string(who), error.what());
         }
+    }
+
+    /// Answers from a member table, raising what the database refuses.
+    template <class Self, std::size_t N>
+    static Variant answer(Self& self, std::string_view who, const Member<Self> (&members)[N],
+                          std::string_view member, Access access, Arguments arguments) {
+        return raisingSqlErrors(
+            who, [&] { return invokeMember<Self>(self, who, members, member, access, arguments); });
     }
 
   private:

@@ -4,21 +4,22 @@
 
 #include <pugixml.hpp>
 
+#include "workbench/company/SqlText.h"
 #include "workbench/host/ListImporter.h"
 #include "workbench/host/SectionsFile.h"
-#include "workbench/host/SqlText.h"
+#include "workbench/host/TextOf.h"
 
 namespace tsln::workbench {
 namespace {
 
 /// The key never leaves the company, whatever the query says.
-constexpr std::string_view kKey = "ID";
-constexpr std::string_view kOwnToTheCompany[] = {"UniqueID", "AddedOn", "UpdatedOn", "Exported"};
+constexpr std::string_view keyColumn = "ID";
+constexpr std::string_view ownToTheCompany[] = {"UniqueID", "AddedOn", "UpdatedOn", "Exported"};
 
 bool leavesOut(std::string_view column, bool simple) {
-    if (sameName(column, kKey)) return true;
+    if (sameName(column, keyColumn)) return true;
     return simple &&
-           std::ranges::any_of(kOwnToTheCompany, [&](std::string_view own) { return sameName(own, column); });
+           std::ranges::any_of(ownToTheCompany, [&](std::string_view own) { return sameName(own, column); });
 }
 
 }  // namespace
@@ -50,7 +51,7 @@ void ImportExportEngine::addToExport(std::string list, std::string query) {
 void ImportExportEngine::writeFile(const std::string& path) {
     if (exports_.empty()) throw SectionsFileError("No list was added to the export.");
     pugi::xml_document file;
-    pugi::xml_node sections = file.append_child(kSectionsRoot);
+    pugi::xml_node sections = file.append_child(sectionsRoot);
     for (const auto& [list, query] : exports_) {
         pugi::xml_document result;
         const std::string rows = context().company.read(query);
@@ -75,7 +76,7 @@ void ImportExportEngine::readFile(const std::string& path, const std::string& li
     std::size_t records = 0;
     bool found = false;
     context().company.transaction([&] {
-        for (const pugi::xml_node section : file.child(kSectionsRoot).children()) {
+        for (const pugi::xml_node section : file.child(sectionsRoot).children()) {
             if (section.type() != pugi::node_element || (!list.empty() && !sameName(section.name(), list)))
                 continue;
             found = true;

@@ -20,7 +20,7 @@ namespace tsln::workbench {
 /// whoever asks; the file of an upgrade is read the same.
 class ImportExportEngine : public HostObject {
   public:
-    explicit ImportExportEngine(std::shared_ptr<HostContext> context) : HostObject(std::move(context)) {}
+    using HostObject::HostObject;
     Variant invoke(std::string_view member, Access access, Arguments arguments) override;
 
   private:

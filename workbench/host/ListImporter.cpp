@@ -9,9 +9,9 @@
 #include "automation/Object.h"
 #include "shared/modSharedStrings.h"
 #include "shared/modSharedXML.h"
+#include "workbench/company/SqlText.h"
 #include "workbench/company/TextOrder.h"
 #include "workbench/host/ImportLists.h"
-#include "workbench/host/SqlText.h"
 
 namespace tsln::workbench {
 namespace {
@@ -19,9 +19,9 @@ namespace {
 using modSharedXML::Record;
 using modSharedXML::Records;
 
-constexpr std::string_view kIdentity = "UniqueID";
+constexpr std::string_view identityColumn = "UniqueID";
 /// Columns that belong to the company they come from.
-constexpr std::string_view kNotTakenOver[] = {"ID", "AddedOn", "UpdatedOn"};
+constexpr std::string_view notTakenOver[] = {"ID", "AddedOn", "UpdatedOn"};
 
 struct Value {
     std::string column, text;
@@ -29,9 +29,7 @@ struct Value {
 
 /// The text as the database compares it.
 std::string comparable(std::string_view text) {
-    std::u32string folded = decodeUtf8(modSharedStrings::trim(text));
-    std::ranges::transform(folded, folded.begin(), foldCase);
-    return encodeUtf8(folded);
+    return encodeUtf8(decodeFolded(modSharedStrings::trim(text)));
 }
 
 class SectionImport {
@@ -98,10 +96,10 @@ class SectionImport {
 
     /// A reference's own identity travels beside its name, which is what counts here.
     bool isPassedOver(std::string_view column) const {
-        return std::ranges::any_of(kNotTakenOver,
+        return std::ranges::any_of(notTakenOver,
                                    [&](std::string_view name) { return sameName(name, column); }) ||
                (list_.reference &&
-                sameName(column, std::string(list_.reference->column) + std::string(kIdentity)));
+                sameName(column, std::string(list_.reference->column) + std::string(identityColumn)));
     }
     bool isReference(std::string_view column) const {
         return list_.reference && sameName(column, list_.reference->column);
@@ -180,7 +178,7 @@ class SectionImport {
     void update(std::int32_t id, const std::vector<Value>& values) {
         std::string changes;
         for (const Value& value : values) {
-            if (sameName(value.column, kIdentity)) continue;
+            if (sameName(value.column, identityColumn)) continue;
             changes += (changes.empty() ? "" : ", ") + bracketed(value.column) + " = " + literal(value.text);
         }
         company_.execute("UPDATE " + bracketed(list_.table) + " SET " + changes +
@@ -190,7 +188,7 @@ class SectionImport {
     void insert(const std::vector<Value>& values) {
         std::string columns, texts;
         for (const Value& value : values) {
-            if (sameName(value.column, kIdentity) && !isFree(value.text)) continue;
+            if (sameName(value.column, identityColumn) && !isFree(value.text)) continue;
             columns += (columns.empty() ? "" : ", ") + bracketed(value.column);
             texts += (texts.empty() ? "" : ", ") + literal(value.text);
         }
@@ -205,7 +203,7 @@ class SectionImport {
             const Records rows =
                 Records::parse(company_.read("SELECT UniqueID FROM " + bracketed(list_.table)));
             for (const Record row : rows)
-                identities_->insert(comparable(modSharedXML::readText(kIdentity, row)));
+                identities_->insert(comparable(modSharedXML::readText(identityColumn, row)));
         }
         return identities_->insert(comparable(identity)).second;
     }

@@ -3,9 +3,9 @@
 namespace tsln::workbench {
 namespace {
 
-constexpr std::string_view kBold = "<Bold>", kBoldEnd = "</Bold>";
-constexpr std::string_view kBlock = "<TextBlock", kBlockEnd = "</TextBlock>";
-constexpr std::string_view kBreaks[] = {"<LineBreak/>", "<LineBreak />", "\r\n", "\r", "\n"};
+constexpr std::string_view boldTag = "<Bold>", boldEnd = "</Bold>";
+constexpr std::string_view blockStart = "<TextBlock", blockEnd = "</TextBlock>";
+constexpr std::string_view lineBreaks[] = {"<LineBreak/>", "<LineBreak />", "\r\n", "\r", "\n"};
 
 /// Collects runs; neighbours of one weight become one.
 class Runs {
@@ -39,11 +39,11 @@ class Runs {
 
 /// The length of the opening tag of a block, with whatever attributes; 0 when there is none here.
 std::size_t blockTag(std::string_view text) {
-    if (!text.starts_with(kBlock)) return 0;
+    if (!text.starts_with(blockStart)) return 0;
     char quote = 0;
-    for (std::size_t i = kBlock.size(); i < text.size(); ++i) {
+    for (std::size_t i = blockStart.size(); i < text.size(); ++i) {
         const char c = text[i];
-        if (i == kBlock.size() && c != '>' && c != ' ') return 0;
+        if (i == blockStart.size() && c != '>' && c != ' ') return 0;
         if (quote) {
             if (c == quote) quote = 0;
         } else if (c == '\'' || c == '"') {
@@ -61,7 +61,7 @@ std::size_t blockTag(std::string_view text) {
 /// time.
 struct LastEnds {
     std::size_t bold, block;
-    explicit LastEnds(std::string_view text) : bold(text.rfind(kBoldEnd)), block(text.rfind(kBlockEnd)) {}
+    explicit LastEnds(std::string_view text) : bold(text.rfind(boldEnd)), block(text.rfind(blockEnd)) {}
     static bool after(std::size_t end, std::size_t at) { return end != std::string_view::npos && end >= at; }
 };
 
@@ -80,7 +80,7 @@ std::vector<MarkupRun> parseMarkup(std::string_view text) {
     while ((at = text.find_first_of("<\r\n", at)) != text.npos) {
         const std::string_view here = text.substr(at);
         bool known = false;
-        for (const std::string_view mark : kBreaks) {
+        for (const std::string_view mark : lineBreaks) {
             if (!here.starts_with(mark)) continue;
             flush(mark.size());
             runs.lineBreak();
@@ -88,18 +88,18 @@ std::vector<MarkupRun> parseMarkup(std::string_view text) {
             break;
         }
         if (known) continue;
-        if (!bold && here.starts_with(kBold) && LastEnds::after(ends.bold, at + kBold.size())) {
-            flush(kBold.size());
+        if (!bold && here.starts_with(boldTag) && LastEnds::after(ends.bold, at + boldTag.size())) {
+            flush(boldTag.size());
             bold = true;
-        } else if (bold && here.starts_with(kBoldEnd)) {
-            flush(kBoldEnd.size());
+        } else if (bold && here.starts_with(boldEnd)) {
+            flush(boldEnd.size());
             bold = false;
         } else if (const std::size_t tag = blockTag(here); tag > 0 && LastEnds::after(ends.block, at + tag)) {
             flush(tag);
             runs.ownLine();
             ++blocks;
-        } else if (blocks > 0 && here.starts_with(kBlockEnd)) {
-            flush(kBlockEnd.size());
+        } else if (blocks > 0 && here.starts_with(blockEnd)) {
+            flush(blockEnd.size());
             runs.ownLine();
             --blocks;
         } else {

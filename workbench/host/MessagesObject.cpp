@@ -1,6 +1,6 @@
 #include "workbench/host/MessagesObject.h"
 
-#include "workbench/host/SqlText.h"
+#include "workbench/host/TextOf.h"
 
 namespace tsln::workbench {
 

@@ -8,7 +8,7 @@ namespace tsln::workbench {
 /// a code and, where there is one, what it is about; the session keeps them.
 class MessagesObject : public HostObject {
   public:
-    explicit MessagesObject(std::shared_ptr<HostContext> context) : HostObject(std::move(context)) {}
+    using HostObject::HostObject;
     Variant invoke(std::string_view member, Access access, Arguments arguments) override;
 };
 

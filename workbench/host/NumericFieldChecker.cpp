@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "automation/NumericText.h"
-#include "workbench/host/SqlText.h"
+#include "workbench/host/TextOf.h"
 
 namespace tsln::workbench {
 namespace {

@@ -1,6 +1,6 @@
 #include "workbench/host/OptionStore.h"
 
-#include "workbench/host/SqlText.h"
+#include "workbench/company/SqlText.h"
 
 namespace tsln::workbench {
 namespace {

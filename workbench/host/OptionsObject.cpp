@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-#include "workbench/host/SqlText.h"
+#include "workbench/host/TextOf.h"
 
 namespace tsln::workbench {
 namespace {
@@ -13,7 +13,7 @@ struct Location {
     std::string_view name;
     const char* folder;  ///< below the company's own; empty for that folder itself
 };
-constexpr Location kLocations[] = {
+constexpr Location locations[] = {
     {"Companies", ""},
     {"Products", "Products"},
     {"Reports", "Reports"},
@@ -47,7 +47,7 @@ Variant OptionsObject::UserFileLocation(Arguments a) {
     a.require(1, 1);
     const std::string kind = textOf(a[0]);
     if (const auto own = context().options.get({}, {kind, "File Locations"})) return *own;
-    for (const Location& location : kLocations) {
+    for (const Location& location : locations) {
         if (!sameName(location.name, kind)) continue;
         std::error_code ignored;
         fs::path folder = fs::absolute(fs::path(context().company.path()), ignored).parent_path();

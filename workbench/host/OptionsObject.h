@@ -7,7 +7,7 @@ namespace tsln::workbench {
 /// "Options": the options of the company and of its user, its folders and the programs registered with it.
 class OptionsObject : public HostObject {
   public:
-    explicit OptionsObject(std::shared_ptr<HostContext> context) : HostObject(std::move(context)) {}
+    using HostObject::HostObject;
     Variant invoke(std::string_view member, Access access, Arguments arguments) override;
 
   private:

@@ -13,14 +13,14 @@ std::string writePackageSourceFor(const Company& company) {
         // In full: the processor may run in another folder.
         const fs::path file = fs::absolute(company.path());
         const PackageSource source{file.string()};
-        const std::string beside = file.string() + ".psd";
+        std::string beside = file.string() + ".psd";
         try {
             writePackageSource(beside, source);
             return beside;
         } catch (const PackageSourceError&) {
             // A name of its own for each company, or two that are open would share the file.
             const std::string name = "tessaline-" + std::to_string(fs::hash_value(file)) + ".psd";
-            const std::string elsewhere = (fs::temp_directory_path() / name).string();
+            std::string elsewhere = (fs::temp_directory_path() / name).string();
             writePackageSource(elsewhere, source);
             return elsewhere;
         }

@@ -8,7 +8,7 @@ namespace tsln::workbench {
 /// name is empty.
 class ProfilesObject : public HostObject {
   public:
-    explicit ProfilesObject(std::shared_ptr<HostContext> context) : HostObject(std::move(context)) {}
+    using HostObject::HostObject;
     Variant invoke(std::string_view member, Access access, Arguments arguments) override {
         using Self = ProfilesObject;
         static constexpr Member<Self> members[] = {

@@ -14,7 +14,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::size_t kBeginning = 64 * 1024;
+/// In bytes: enough for any root that is ours.
+constexpr std::size_t beginningSize = std::size_t{64} * 1024;
 
 fs::path toPath(const std::string& path) {
     return fs::path(std::u8string(path.begin(), path.end()));
@@ -68,12 +69,12 @@ void readSectionsFile(const std::string& path, pugi::xml_document& document) {
     std::ifstream stream(file, std::ios::binary);
     if (!stream) refuse(path, std::string("cannot be opened: ") + std::strerror(errno) + ".");
 
-    std::string text(kBeginning, '\0');
+    std::string text(beginningSize, '\0');
     stream.read(text.data(), static_cast<std::streamsize>(text.size()));
     text.resize(static_cast<std::size_t>(stream.gcount()));
     if (text.empty()) refuse(path, "is empty.");
     const std::string root = rootName(readableBeginning(text));
-    if (root != kSectionsRoot) {
+    if (root != sectionsRoot) {
         refuse(path, root.empty() ? "is no export of lists: it does not begin as XML."
                                   : "is no export of lists: its root is '" + root.substr(0, 100) +
                                         "', not 'Sections'.");

@@ -10,7 +10,7 @@ namespace tsln::workbench {
 /// The file of an export: root "Sections", in it one element a list, in that "Record" elements with a child
 /// element a column. Carriage returns and line feeds in values stand as the texts "&#13;" and "&#10;", as in
 /// query results.
-inline constexpr const char* kSectionsRoot = "Sections";
+inline constexpr const char* sectionsRoot = "Sections";
 
 /// A file that cannot be written, or cannot be read as an export. what() is a sentence for the event log.
 class SectionsFileError : public std::runtime_error {

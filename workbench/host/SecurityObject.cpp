@@ -3,7 +3,7 @@
 #include "automation/NumericText.h"
 #include "shared/modSharedSQL.h"
 #include "shared/modSharedXML.h"
-#include "workbench/host/SqlText.h"
+#include "workbench/host/TextOf.h"
 
 namespace tsln::workbench {
 

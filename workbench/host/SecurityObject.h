@@ -8,7 +8,7 @@ namespace tsln::workbench {
 /// time, so a changed role counts at once.
 class SecurityObject : public HostObject {
   public:
-    explicit SecurityObject(std::shared_ptr<HostContext> context) : HostObject(std::move(context)) {}
+    using HostObject::HostObject;
     Variant invoke(std::string_view member, Access access, Arguments arguments) override;
 
   private:

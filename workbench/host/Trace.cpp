@@ -3,7 +3,7 @@
 namespace tsln::workbench {
 namespace {
 
-constexpr std::size_t kLongest = 100;
+constexpr std::size_t longestShown = 100;
 
 /// The value in a few words.
 std::string shortText(const Variant& value) {
@@ -12,8 +12,8 @@ std::string shortText(const Variant& value) {
     if (value.isMissing()) return "";
     if (!value.isText()) return value.toText();
     std::string text = value.toText();
-    if (text.size() > kLongest) {
-        std::size_t end = kLongest;
+    if (text.size() > longestShown) {
+        std::size_t end = longestShown;
         while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80)
             --end;  // no half characters
         text = text.substr(0, end) + "...";

@@ -6,6 +6,7 @@
 #include <pugixml.hpp>
 
 #include "workbench/company/EmbeddedFile.h"
+#include "workbench/company/SqlText.h"
 #include "workbench/company/TextOrder.h"
 
 namespace tsln::workbench {
@@ -32,28 +33,21 @@ Package readPackage(std::string_view text) {
     return package;
 }
 
-std::string literal(std::string_view text) {
-    std::string result = "'";
-    for (char c : text)
-        result.append(c == '\'' ? 2 : 1, c);
-    return result + "'";
-}
-
 bool exists(Company& company, const Package& package, const Package::Record& record) {
     auto name = std::ranges::find(record, package.nameColumn, &Package::Field::column);
     if (name == record.end()) throw std::logic_error("A record of " + package.key + " has no name.");
-    Variant count = company.scalar("SELECT COUNT(*) AS theCount FROM [" + package.table + "] WHERE [" +
-                                   package.nameColumn + "] = " + literal(name->value));
+    Variant count = company.scalar("SELECT COUNT(*) AS theCount FROM " + bracketed(package.table) +
+                                   " WHERE " + bracketed(package.nameColumn) + " = " + literal(name->value));
     return count != Variant(std::int32_t(0));
 }
 
 void insert(Company& company, const Package& package, const Package::Record& record) {
     std::string columns, values;
     for (const auto& [column, value] : record) {
-        columns += (columns.empty() ? "[" : ", [") + column + "]";
+        columns += (columns.empty() ? "" : ", ") + bracketed(column);
         values += (values.empty() ? "" : ", ") + literal(value);
     }
-    company.execute("INSERT INTO [" + package.table + "] (" + columns + ") VALUES (" + values + ")");
+    company.execute("INSERT INTO " + bracketed(package.table) + " (" + columns + ") VALUES (" + values + ")");
 }
 
 }  // namespace

@@ -11,7 +11,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
 
-constexpr const char* kTermsQuery = "SELECT * FROM vwExporting_Terms";
+constexpr const char* termsQuery = "SELECT * FROM vwExporting_Terms";
 
 /// A company with two terms, and the engine.
 struct EngineStage : HostStage {
@@ -25,7 +25,7 @@ struct EngineStage : HostStage {
     }
     bool exportTerms(const std::string& path, bool simple = false) const {
         engine->put("SimpleExport", simple);
-        engine->call("AddToExport", "Terms", kTermsQuery);
+        engine->call("AddToExport", "Terms", termsQuery);
         return engine->call("DoExport", path).toBoolean();
     }
     bool import(const std::string& path, const char* list = "Terms") const {
@@ -102,7 +102,7 @@ TEST(ImportExport, AFailedExportLeavesTheFileAsItWas) {
     EXPECT_THROW(idle->call("DoExport", second.folder.file("x.xml")), HostError) << "not initialized";
     idle->call("Initialize", second.session->sharedCode());
     EXPECT_FALSE(idle->call("DoExport", second.folder.file("x.xml")).toBoolean()) << "no list added";
-    EXPECT_THROW(idle->call("AddToExport", "<x>", kTermsQuery), HostError);
+    EXPECT_THROW(idle->call("AddToExport", "<x>", termsQuery), HostError);
 }
 
 TEST(ImportExport, AFailedImportChangesNothingAndSaysWhy) {

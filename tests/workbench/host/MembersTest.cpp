@@ -3,8 +3,8 @@
 #include "screens/Controls.h"
 #include "screens/Screen.h"
 #include "tests/workbench/host/HostStage.h"
-#include "workbench/host/SharedCode.h"
-#include "workbench/host/SqlText.h"
+#include "workbench/host/MessageMembers.h"
+#include "workbench/host/TextOf.h"
 
 namespace tsln::workbench {
 namespace {
@@ -207,7 +207,7 @@ TEST(Members, MessagesReachTheUserAndTheLog) {
     const Message& failure = stage.ui.shown[0];
     EXPECT_EQ(failure.style, MessageStyle::LoggedError);
     EXPECT_EQ(failure.text, "There was a <Bold>problem</Bold>.");
-    EXPECT_EQ(failure.explanation, kStandardExplanation);
+    EXPECT_EQ(failure.explanation, usualExplanation);
     EXPECT_EQ(failure.detail, "the words");
     EXPECT_EQ(stage.lastEvent(), "There was a problem.\nthe words");
     EXPECT_EQ(stage.value("SELECT EventType FROM EventLog"), "1");

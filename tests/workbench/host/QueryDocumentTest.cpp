@@ -5,13 +5,13 @@
 namespace tsln::workbench {
 namespace {
 
-constexpr const char* kXml =
+constexpr const char* termsXml =
     "<Records><Record><ID>1</ID><Terms>A &amp; B</Terms><Note> </Note></Record>"
     "<Record><ID>2</ID><Terms>two&amp;#13;&amp;#10;lines</Terms></Record></Records>";
 
 TEST(QueryDocument, IsReadNodeByNode) {
-    const ObjectPtr document = makeQueryDocument(kXml);
-    EXPECT_EQ(document->get("xml"), Variant(kXml));
+    const ObjectPtr document = makeQueryDocument(termsXml);
+    EXPECT_EQ(document->get("xml"), Variant(termsXml));
     const ObjectPtr rows = document->call("selectNodes", "Records/Record").toObject();
     ASSERT_EQ(rows->get("length"), Variant(2));
     std::string seen;
@@ -27,7 +27,7 @@ TEST(QueryDocument, IsReadNodeByNode) {
 }
 
 TEST(QueryDocument, AnswersItsMembers) {
-    const ObjectPtr document = makeQueryDocument(kXml);
+    const ObjectPtr document = makeQueryDocument(termsXml);
     const ObjectPtr root = document->get("documentElement").toObject();
     const ObjectPtr first = document->call("selectSingleNode", "//Records/Record").toObject();
     const ObjectPtr list = root->get("childNodes").toObject();
@@ -58,7 +58,7 @@ TEST(QueryDocument, AnswersItsMembers) {
 }
 
 TEST(QueryDocument, NodesOutliveTheDocument) {
-    const ObjectPtr node = makeQueryDocument(kXml)->call("selectSingleNode", "//Terms").toObject();
+    const ObjectPtr node = makeQueryDocument(termsXml)->call("selectSingleNode", "//Terms").toObject();
     EXPECT_EQ(node->get("text"), Variant("A & B"));
     EXPECT_EQ(makeQueryDocument("")->call("selectNodes", "Records/Record").object().get("length"),
               Variant(0));

@@ -7,8 +7,8 @@
 #include "lists/ListScreen.h"
 #include "shared/modSharedStrings.h"
 #include "tests/workbench/host/HostStage.h"
-#include "workbench/host/SharedCode.h"
-#include "workbench/host/SqlText.h"
+#include "workbench/company/SqlText.h"
+#include "workbench/host/MessageMembers.h"
 
 namespace tsln::workbench {
 namespace {
@@ -181,7 +181,7 @@ TEST(TermsOnCompany, AFailedSaveIsToldInTheDatabasesWordsAndKeepsTheInput) {
     ASSERT_EQ(stage.ui.shown.size(), 1U);
     EXPECT_EQ(stage.ui.shown[0].style, MessageStyle::LoggedError);
     EXPECT_EQ(stage.ui.shown[0].text, "There was a problem saving this term.");
-    EXPECT_EQ(stage.ui.shown[0].explanation, kStandardExplanation);
+    EXPECT_EQ(stage.ui.shown[0].explanation, usualExplanation);
     EXPECT_EQ(stage.ui.shown[0].detail, "The company file can only be read.");
     EXPECT_EQ(stage.session->eventLog().waiting(), 1U);
     EXPECT_EQ(stage.value("SELECT COUNT(*) FROM Terms"), "0");

@@ -1,13 +1,16 @@
-#include "workbench/host/SqlText.h"
+#include "workbench/company/SqlText.h"
 
 #include <algorithm>
 
-#include "shared/modSharedSQL.h"
+#include "automation/HostError.h"
 
 namespace tsln::workbench {
 
 std::string literal(std::string_view text) {
-    return "'" + modSharedSQL::doubleQuotes(text) + "'";
+    std::string result = "'";
+    for (char c : text)
+        result.append(c == '\'' ? 2 : 1, c);
+    return result + "'";
 }
 
 bool isPlainName(std::string_view name) {
@@ -22,10 +25,6 @@ std::string bracketed(std::string_view name) {
                         "'" + std::string(name) + "' is no name of a table or column.");
     }
     return "[" + std::string(name) + "]";
-}
-
-std::string textOf(const Variant& value) {
-    return value.isNull() || value.isMissing() ? std::string() : value.toText();
 }
 
 }  // namespace tsln::workbench

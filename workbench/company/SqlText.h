@@ -3,8 +3,6 @@
 #include <string>
 #include <string_view>
 
-#include "automation/Variant.h"
-
 namespace tsln::workbench {
 
 /// The text as a literal of a statement, with its quotes.
@@ -14,8 +12,5 @@ std::string literal(std::string_view text);
 /// and underscores raises HostError(code::fail).
 std::string bracketed(std::string_view name);
 bool isPlainName(std::string_view name);
-
-/// The value's text; Null and what is missing are an empty text.
-std::string textOf(const Variant& value);
 
 }  // namespace tsln::workbench

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tsln::workbench {
+
+/// A new random GUID: 36 characters, capital letters, no braces.
+std::string createGuid();
+
+/// The GUID in braces and capital letters, from 32 hexadecimal digits with or without dashes, braces and
+/// blanks; nothing for a text of another form.
+std::optional<std::string> formatAsGuid(std::string_view text);
+
+}  // namespace tsln::workbench
