@@ -1,7 +1,7 @@
 #include <fstream>
+#include <unistd.h>
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 #include <wx/toplevel.h>
 
 #include "bridge/Library.h"
@@ -50,7 +50,8 @@ TEST(Growth, AThousandListsAndDialogsLeaveNothingBehind) {
     const auto host = tsln::test::RecordingHost::make();
     std::string rows = "<Records>";
     for (int i = 1; i <= 50; ++i) {
-        rows += "<Record><ID>" + std::to_string(i) + "</ID><Terms>Net " + std::to_string(i) + "</Terms></Record>";
+        rows +=
+            "<Record><ID>" + std::to_string(i) + "</ID><Terms>Net " + std::to_string(i) + "</Terms></Record>";
     }
     host->rows("SELECT * FROM Terms ORDER BY Terms", rows + "</Records>");
     WxDesktop desktop([&](std::string_view programId) { return host->component(programId); }, "");
@@ -61,7 +62,8 @@ TEST(Growth, AThousandListsAndDialogsLeaveNothingBehind) {
     });
     library->plugIn(Operation::ShowEditTerms, [](Library& self, Arguments a) {
         const auto make = [&] { return std::make_shared<BriefDialog>(self, lists::termsDialog); };
-        return Variant(self.screens().show("frmTerms_Edit", make, [&](BriefDialog& d) { d.ID = a[0].toLong(); })->ID);
+        return Variant(
+            self.screens().show("frmTerms_Edit", make, [&](BriefDialog& d) { d.ID = a[0].toLong(); })->ID);
     });
     library->Initialize(host->sharedCode());
 

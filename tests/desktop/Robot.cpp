@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <wx/app.h>
 #include <wx/uiaction.h>
+#include <wx/utils.h>
 
 #include "desktop/NativeWindow.h"
 #include "screens/Controls.h"
@@ -37,11 +38,12 @@ Robot& Robot::type(const std::string& text) {
 }
 
 Robot& Robot::pointerStep(const Control& control, Where where, std::function<void()> act) {
-    then([this, &control, where] {
+    const auto target = [this, &control, where] {
         const wxWindow* window = windowOf(control);
-        ASSERT_TRUE(window) << control.name();
-        wxUIActionSimulator().MouseMove(window->ClientToScreen(where()));
-    });
+        return window ? window->ClientToScreen(where()) : wxGetMousePosition();
+    };
+    then([target] { wxUIActionSimulator().MouseMove(target()); });
+    until("pointer at " + control.name(), [target] { return wxGetMousePosition() == target(); });
     return then(std::move(act));
 }
 
