@@ -57,10 +57,10 @@ class Company {
 
     /// Runs a SELECT and returns its rows as a query result document:
     /// "<Records><Record>...</Record></Records>", a child element per column that is not NULL, carriage
-    /// return and line feed in values as "&#13;" and
-    /// "&#10;" texts. Columns of the same name follow each other; a character of a column's name that no
-    /// element name may have becomes "_xHHHH_". Numbers have a point, dates are "YYYY-MM-DDTHH:MM:SS", bytes
-    /// are hexadecimal; a character that XML cannot hold becomes U+FFFD. Throws SqlError.
+    /// return and line feed in values as "&#13;" and "&#10;" texts. Columns of the same name follow each
+    /// other; a character of a column's name that no element name may have becomes "_xHHHH_". Numbers have a
+    /// point, dates are "YYYY-MM-DDTHH:MM:SS", bytes are hexadecimal; a character that XML cannot hold
+    /// becomes U+FFFD. Throws SqlError.
     std::string read(std::string_view sql);
     /// The first column of the first row: a Long (a 64-bit number when it is too large for one), a Double,
     /// text (of bytes hexadecimal); Null for a NULL, Empty when there is no row. Throws SqlError.

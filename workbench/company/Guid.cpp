@@ -16,8 +16,7 @@ std::string withDashes(const std::string& digits) {
 }  // namespace
 
 std::string createGuid() {
-    // The system's own randomness: a generator with a seed of one number would give two programs the same
-    // GUIDs.
+    // The system's own randomness: a generator seeded with one number could give two programs the same.
     static thread_local std::random_device random;
     std::string digits;
     while (digits.size() < digitCount) {

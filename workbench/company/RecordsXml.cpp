@@ -24,8 +24,7 @@ bool isNamePart(char32_t c) {
     return isNameStart(c) || (c >= '0' && c <= '9') || c == '-' || c == '.';
 }
 
-/// The column's name as an element's. An underscore that would read as an encoded character is encoded
-/// itself.
+/// The column's name as an element's. An underscore that would read as an encoded character is, too, encoded.
 std::string elementName(std::string_view column) {
     std::u32string name = decodeUtf8(column), result;
     for (std::size_t i = 0; i < name.size(); ++i) {

@@ -32,8 +32,8 @@ struct SqlDate {
 /// Reads the text of a date column and nothing else.
 std::optional<SqlDate> readStoredDate(std::string_view text);
 /// Reads what the server takes for a date in a literal: the stored forms, with a blank for the T, without
-/// seconds or with fractions of them; "YYYYMMDD"; "M/D/YYYY", with a time after it, which may end in AM or
-/// PM.
+/// seconds or with fractions of them; "YYYYMMDD"; "M/D/YYYY", with a time after it, with or
+/// without AM or PM.
 std::optional<SqlDate> readDate(std::string_view text);
 
 /// DATEADD. `part` is one of year, quarter, month, week, day, hour, minute, second. Nothing when the result

@@ -117,8 +117,7 @@ class StatementTranslator : public SqlSelect {
         if (!before.insert(upperAscii(name)).second) {
             fail("The column name '" + name +
                  "' is specified more than once in the SET clause or column list of an INSERT. A column "
-                 "cannot be "
-                 "assigned more than one value in the same clause.");
+                 "cannot be assigned more than one value in the same clause.");
         }
         writeName(name);
     }

@@ -157,8 +157,7 @@ SqlExpressions::Gives SqlExpressions::sum() {
     return gives;
 }
 
-/// Puts opening brackets before what was written since `start`: in one piece, so that long chains stay
-/// linear.
+/// Puts opening brackets before what was written since `start`: in one piece, to keep long chains linear.
 void SqlExpressions::insertOpening(std::size_t start, std::vector<std::string_view> innermostFirst) {
     std::ranges::reverse(innermostFirst);
     std::string opening;

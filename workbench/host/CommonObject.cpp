@@ -103,8 +103,8 @@ Variant CommonObject::load(Object& combo, std::string_view statement) {
 }
 
 /// After combo box and statement: the column whose text is shown (empty: the first that is not ID), the
-/// column of the stored number (empty: none, all are 0), and the entry before the rows (a text, true for a
-/// blank one).
+/// column of the stored number (empty: none, all are 0), and the entry before the rows (a text, or true:
+/// blank).
 Variant CommonObject::LoadComboFromQuery(Arguments a) {
     a.require(2, 5);
     Object& combo = a[0].object();

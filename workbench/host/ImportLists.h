@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <span>
 #include <string_view>
 
@@ -15,14 +16,17 @@ struct ImportReference {
 
 /// A list that can be imported.
 struct ImportList {
-    std::string_view list;  ///< its name in the file
-    std::string_view table;
-    /// What tells its rows apart; the first must not be empty.
-    std::span<const std::string_view> keys;
+    std::string_view name;  ///< of its section in the file and of its table
+    /// The columns that tell its rows apart, one or two; the first must not be empty in a row.
+    std::array<std::string_view, 2> keys;
     const ImportReference* reference = nullptr;
+
+    std::span<const std::string_view> keyColumns() const {
+        return std::span(keys).first(keys[1].empty() ? 1 : 2);
+    }
 };
 
 /// The list of that name; null when there is none that can be imported.
-const ImportList* findImportList(std::string_view list);
+const ImportList* findImportList(std::string_view name);
 
 }  // namespace tsln::workbench

@@ -57,18 +57,18 @@ class SectionImport {
 
   private:
     std::string where(std::size_t number) const {
-        return "Record " + std::to_string(number) + " of the list " + std::string(list_.list) + ": ";
+        return "Record " + std::to_string(number) + " of the list " + std::string(list_.name) + ": ";
     }
 
     void readRows() {
         std::string columns = "ID";
-        for (const std::string_view key : list_.keys)
+        for (const std::string_view key : list_.keyColumns())
             columns += ", " + bracketed(key);
         const Records rows =
-            Records::parse(company_.read("SELECT " + columns + " FROM " + bracketed(list_.table)));
+            Records::parse(company_.read("SELECT " + columns + " FROM " + bracketed(list_.name)));
         for (const Record row : rows) {
             std::string key;
-            for (const std::string_view column : list_.keys)
+            for (const std::string_view column : list_.keyColumns())
                 key += comparable(modSharedXML::readText(column, row)) + '\0';
             rows_.try_emplace(std::move(key), modSharedXML::readLong("ID", row));
         }
@@ -87,7 +87,7 @@ class SectionImport {
     bool hasColumn(std::string_view column) const {
         if (!isPlainName(column)) return false;
         try {
-            company_.scalar("SELECT TOP 1 " + bracketed(column) + " FROM " + bracketed(list_.table));
+            company_.scalar("SELECT TOP 1 " + bracketed(column) + " FROM " + bracketed(list_.name));
             return true;
         } catch (const SqlError&) {
             return false;
@@ -117,7 +117,7 @@ class SectionImport {
             }
         }
         if (!unknown.empty()) {
-            throw ImportError("The list " + std::string(list_.list) +
+            throw ImportError("The list " + std::string(list_.name) +
                               " has no columns of these names: " + unknown + ".");
         }
     }
@@ -152,7 +152,7 @@ class SectionImport {
 
     std::string key(const std::vector<Value>& values) const {
         std::string result;
-        for (const std::string_view column : list_.keys) {
+        for (const std::string_view column : list_.keyColumns()) {
             const auto value =
                 std::ranges::find_if(values, [&](const Value& v) { return sameName(v.column, column); });
             const std::string text = value == values.end() ? "" : comparable(value->text);
@@ -181,7 +181,7 @@ class SectionImport {
             if (sameName(value.column, identityColumn)) continue;
             changes += (changes.empty() ? "" : ", ") + bracketed(value.column) + " = " + literal(value.text);
         }
-        company_.execute("UPDATE " + bracketed(list_.table) + " SET " + changes +
+        company_.execute("UPDATE " + bracketed(list_.name) + " SET " + changes +
                          " WHERE ID = " + std::to_string(id));
     }
 
@@ -192,8 +192,7 @@ class SectionImport {
             columns += (columns.empty() ? "" : ", ") + bracketed(value.column);
             texts += (texts.empty() ? "" : ", ") + literal(value.text);
         }
-        company_.execute("INSERT INTO " + bracketed(list_.table) + " (" + columns + ") VALUES(" + texts +
-                         ")");
+        company_.execute("INSERT INTO " + bracketed(list_.name) + " (" + columns + ") VALUES(" + texts + ")");
     }
 
     bool isFree(const std::string& identity) {
@@ -201,7 +200,7 @@ class SectionImport {
         if (!identities_) {
             identities_.emplace();
             const Records rows =
-                Records::parse(company_.read("SELECT UniqueID FROM " + bracketed(list_.table)));
+                Records::parse(company_.read("SELECT UniqueID FROM " + bracketed(list_.name)));
             for (const Record row : rows)
                 identities_->insert(comparable(modSharedXML::readText(identityColumn, row)));
         }

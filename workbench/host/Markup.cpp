@@ -57,8 +57,7 @@ std::size_t blockTag(std::string_view text) {
     return 0;
 }
 
-/// Whether each opening tag has an end is asked for every tag, so the answer must not search the text each
-/// time.
+/// Every opening tag asks whether it has an end, so the answer must not search the text.
 struct LastEnds {
     std::size_t bold, block;
     explicit LastEnds(std::string_view text) : bold(text.rfind(boldEnd)), block(text.rfind(blockEnd)) {}

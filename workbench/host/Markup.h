@@ -14,10 +14,9 @@ struct MarkupRun {
     friend bool operator==(const MarkupRun&, const MarkupRun&) = default;
 };
 
-/// Reads the markup of message texts: "<Bold>...</Bold>", "<LineBreak/>" and "<TextBlock
-/// TextWrapping='Wrap'>"
-/// ..."</TextBlock>", a block that stands on lines of its own. Carriage returns and line feeds end lines,
-/// too.
+/// Reads the markup of message texts: "<Bold>...</Bold>", "<LineBreak/>" and
+/// "<TextBlock TextWrapping='Wrap'>...</TextBlock>", a block that stands on lines of its own. Carriage
+/// returns and line feeds end lines, too.
 ///
 /// Messages are filled with names that users typed, and nobody escapes those. So there are no character
 /// references, and whatever is no complete markup of these kinds is text: "A < B & <x>", a "<Bold>" that

@@ -41,8 +41,7 @@ Variant OptionsObject::set(OptionStore::Owner owner, Arguments a) {
     return {};
 }
 
-/// The folder stands beside the company file unless the company has another for it, and is made when it can
-/// be.
+/// The folder stands beside the company file unless the company has another for it. It is made if possible.
 Variant OptionsObject::UserFileLocation(Arguments a) {
     a.require(1, 1);
     const std::string kind = textOf(a[0]);

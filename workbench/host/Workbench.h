@@ -14,8 +14,7 @@ namespace tsln::workbench {
 class CompanySession {
   public:
     /// Opens the company and signs the user in by his login name. `ui` must outlive the session and every
-    /// object got from it. Throws CompanyFileError, SignInError, SqlError; the texts are sentences for the
-    /// user.
+    /// object got from it. Throws CompanyFileError, SignInError, SqlError, with sentences for the user.
     CompanySession(const std::string& path, std::string_view login, HostUi& ui,
                    OpenMode mode = OpenMode::Create);
 
