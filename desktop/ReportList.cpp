@@ -13,7 +13,22 @@ namespace tsln::desktop {
 namespace {
 
 constexpr int headerPadding = 20;  // around a column's caption, so that it is shown whole
+constexpr std::size_t mostShown = 1000;  // bytes of a cell that are drawn; no column is wider
 constexpr int leastWidth = 24;     // of the stretched column, in pixels at 96 per inch
+
+/// A cell's text on one line, as far as anybody can see it.
+wxString cellText(std::string_view text) {
+    if (text.size() > mostShown) {
+        std::size_t end = mostShown;
+        while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80) --end;  // whole characters
+        text = text.substr(0, end);
+    }
+    wxString shown = toWx(text);
+    shown.Replace("\r\n", " ");
+    shown.Replace("\n", " ");
+    shown.Replace("\r", " ");
+    return shown;
+}
 
 }  // namespace
 
@@ -42,7 +57,7 @@ wxString ReportList::OnGetItemText(long item, long column) const {
     const auto col = static_cast<std::size_t>(column);
     if (item < 0 || row >= report_.rowCount() || column < 0 || col >= report_.columns.size()) return {};
     if (report_.row(row).isGroup()) return col == 0 ? groupText(row) : wxString();
-    return toWx(report_.rowText(row, col));
+    return cellText(report_.rowText(row, col));
 }
 
 wxItemAttr* ReportList::OnGetItemAttr(long item) const {

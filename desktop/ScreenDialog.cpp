@@ -178,7 +178,7 @@ wxSize ScreenDialog::naturalSize() {
     const wxSize client = GetSizer()->CalcMin();
     for (std::size_t i = 0; i < views_.size(); ++i)
         views_[i]->window().SetMinSize(least[i]);
-    return ClientToWindowSize(client);
+    return client;
 }
 
 wxSize ScreenDialog::updateLeastSize() {
@@ -207,11 +207,13 @@ void ScreenDialog::place() {
     const Surroundings around{
         .display = toDip(area),
         .owner = toDip(owner && owner->IsShown() ? owner->GetScreenRect() : area),
-        .least = ToDIP(GetMinSize()),
+        .least = ToDIP(GetSizer()->CalcMin()),
         .natural = ToDIP(natural),
     };
     const wxRect rect = placeWindow(stored, screen_.resizable, around);
-    SetSize(wxRect(FromDIP(rect.GetPosition()), FromDIP(rect.GetSize())));
+    // Sizes are those within the frame: how wide the frame is shows only once the window does.
+    SetClientSize(FromDIP(rect.GetSize()));
+    Move(FromDIP(rect.GetPosition()));
     if (stored.maximized && screen_.resizable) Maximize();
 }
 
@@ -220,10 +222,10 @@ void ScreenDialog::rememberPlacement() {
     Screen::Placement& placement = screen_.placement;
     placement.maximized = IsMaximized();
     if (placement.maximized) return;  // the size to come back to stays
-    const wxRect rect = GetRect();
-    placement.left = ToDIP(rect.x);
-    placement.width = ToDIP(rect.width);
-    placement.height = ToDIP(rect.height);
+    const wxSize size = ToDIP(GetClientSize());
+    placement.left = ToDIP(GetPosition().x);
+    placement.width = size.x;
+    placement.height = size.y;
 }
 
 // Focus -------------------------------------------------------------------------------------------

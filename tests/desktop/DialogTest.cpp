@@ -261,23 +261,34 @@ TEST_F(DialogTest, YieldPaintsButKeepsInputForLater) {
 
 TEST_F(DialogTest, APositionIsRestoredAndKept) {
     screen.placement = {.left = 100, .width = 640, .height = 480};
-    wxRect shown;
-    user.then([&] { shown = user.dialog()->GetRect(); });
-    user.then([&] { user.dialog()->SetSize(90, wxDefaultCoord, 700, 500); });
+    wxSize shown;
+    user.then([&] { shown = user.dialog()->GetClientSize(); });
+    user.then([&] {
+        user.dialog()->Move(90, user.dialog()->GetPosition().y);
+        user.dialog()->SetClientSize(700, 500);
+    });
     user.until("kept", [&] { return screen.placement.left == 90 && screen.placement.width == 700; });
     user.key(WXK_ESCAPE).show();
-    EXPECT_EQ(shown.x, 100);
-    EXPECT_EQ(shown.GetSize(), wxSize(640, 480));
+    EXPECT_EQ(shown, wxSize(640, 480));
     EXPECT_EQ(screen.placement.height, 500);
 
+    // Opened again and again it stays where it is and as large as it is, whatever frame it is given.
+    for (int i = 0; i < 3; ++i) {
+        Robot again(screen);
+        again.pause().key(WXK_ESCAPE).show();
+        EXPECT_EQ(screen.placement.left, 90);
+        EXPECT_EQ(screen.placement.width, 700);
+        EXPECT_EQ(screen.placement.height, 500);
+    }
+
     screen.placement = {.left = 100000, .width = 1, .height = 1};
-    Robot again(screen);
-    again.then([&] {
-        const wxRect rect = again.dialog()->GetRect();
+    Robot last(screen);
+    last.then([&] {
+        const wxRect rect = last.dialog()->GetRect();
         EXPECT_TRUE(wxRect(wxGetDisplaySize()).Contains(rect)) << rect.x << " " << rect.width;
-        EXPECT_EQ(rect.GetSize(), again.dialog()->GetMinSize());
+        EXPECT_EQ(rect.GetSize(), last.dialog()->GetMinSize());
     });
-    again.key(WXK_ESCAPE).show();
+    last.key(WXK_ESCAPE).show();
 }
 
 }  // namespace

@@ -1,6 +1,3 @@
-#include <fstream>
-#include <unistd.h>
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <wx/button.h>
@@ -197,36 +194,6 @@ TEST_F(BoxTest, PrintPreviewIsModalAboveTheScreenAndNeedsNoPrinter) {
         user.pointAt(screen.cmdNew).until("active again", [&] { return user.dialog()->IsActive(); });
     }
     closeScreen();
-}
-
-/// The process's memory in use, in kilobytes.
-long memoryInUse() {
-    std::ifstream pages("/proc/self/statm");
-    long total = 0, resident = 0;
-    pages >> total >> resident;
-    return resident * (sysconf(_SC_PAGESIZE) / 1024);
-}
-
-TEST(Growth, AThousandScreensLeaveNothingBehind) {
-    WxDesktop desktop(nullptr, "");
-    SampleDialog dialog(desktop);
-    SampleList list(desktop, 100);
-    dialog.onActivate = [&] { dialog.hide(); };
-    list.onActivate = [&] { list.hide(); };
-    const auto showBoth = [&](int times) {
-        for (int i = 0; i < times; ++i) {
-            dialog.showModal();
-            list.showModal();
-            dialog.notes.clear();
-            list.notes.clear();
-        }
-    };
-    showBoth(100);  // caches fill
-    const long before = memoryInUse();
-    const std::size_t windows = wxTopLevelWindows.GetCount();
-    showBoth(400);
-    EXPECT_EQ(wxTopLevelWindows.GetCount(), windows);
-    EXPECT_LT(memoryInUse() - before, 40 * 1024) << "more than 50 KB for each screen";
 }
 
 }  // namespace

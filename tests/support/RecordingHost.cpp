@@ -72,6 +72,7 @@ Variant RecordingHost::answer(const std::string& path, Access access, Arguments 
             case Fault::False: return false;
             case Fault::Nothing: return ObjectPtr();
             case Fault::WrongType: return "neither fish nor fowl";
+            case Fault::Empty: return {};
         }
     }
     if (fetch) return part(path + ".");
@@ -102,6 +103,11 @@ std::vector<std::string> RecordingHost::callsOf(std::string_view path) const {
         if (call.starts_with(start)) found.push_back(call.substr(start.size(), call.size() - start.size() - 1));
     }
     return found;
+}
+
+void RecordingHost::forget() {
+    calls.clear();
+    std::erase_if(parts_, [](const auto& part) { return part.expired(); });
 }
 
 bool RecordingHost::told() const {

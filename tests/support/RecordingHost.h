@@ -36,11 +36,13 @@ class RecordingHost : public std::enable_shared_from_this<RecordingHost> {
     std::vector<std::string> calls;
     /// The calls of one member, as the list of their argument texts.
     std::vector<std::string> callsOf(std::string_view path) const;
+    /// Forgets what was asked so far.
+    void forget();
     /// True when the host was asked to tell the user something.
     bool told() const;
 
     // Faults --------------------------------------------------------------------------------------------------
-    enum class Fault { Raise, False, Nothing, WrongType };
+    enum class Fault { Raise, False, Nothing, WrongType, Empty };
     /// Makes the call of that number (from 0) fail.
     void failCall(int number, Fault fault) { fault_ = {number, fault}; }
     int callCount() const { return callCount_; }

@@ -20,7 +20,7 @@ void sweepFaults(const std::function<void(Stage&)>& scenario, const std::functio
     }
     ASSERT_GT(calls, 0) << "the scenario asks nothing of the host";
     using Fault = RecordingHost::Fault;
-    for (const Fault fault : {Fault::Raise, Fault::False, Fault::Nothing, Fault::WrongType}) {
+    for (const Fault fault : {Fault::Raise, Fault::False, Fault::Nothing, Fault::WrongType, Fault::Empty}) {
         for (int call = 0; call < calls; ++call) {
             SCOPED_TRACE("fault " + std::to_string(static_cast<int>(fault)) + " at call " + std::to_string(call));
             Stage stage;
