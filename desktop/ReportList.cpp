@@ -12,9 +12,8 @@
 namespace tsln::desktop {
 namespace {
 
-constexpr int headerPadding = 20;  // around a column's caption, so that it is shown whole
+constexpr int headerPadding = 28;  // around a column's caption, so that it and a sort arrow are shown whole
 constexpr std::size_t mostShown = 1000;  // bytes of a cell that are drawn; no column is wider
-constexpr int leastWidth = 24;     // of the stretched column, in pixels at 96 per inch
 
 /// A cell's text on one line, as far as anybody can see it.
 wxString cellText(std::string_view text) {
@@ -101,11 +100,20 @@ void ReportList::showColumns() {
     DeleteAllColumns();
     for (std::size_t i = 0; i < report_.columns.size(); ++i) {
         const ReportControl::Column& column = report_.columns[i];
-        const int least = GetTextExtent(captions_[i]).x + FromDIP(headerPadding);
         AppendColumn(captions_[i], column.rightAligned ? wxLIST_FORMAT_RIGHT : wxLIST_FORMAT_LEFT,
-                     std::max(FromDIP(column.width), least));
+                     naturalWidth(column));
     }
     stretchLastColumn();
+}
+
+int ReportList::naturalWidth(const ReportControl::Column& column) const {
+    return std::max(FromDIP(column.width), GetTextExtent(toWx(column.caption)).x + FromDIP(headerPadding));
+}
+
+int ReportList::naturalWidth() const {
+    int wide = 0;
+    for (const ReportControl::Column& column : report_.columns) wide += naturalWidth(column);
+    return wide;
 }
 
 void ReportList::stretchLastColumn() {
@@ -114,8 +122,8 @@ void ReportList::stretchLastColumn() {
     int others = 0;
     for (int i = 0; i < last; ++i)
         others += GetColumnWidth(i);
-    const int natural = FromDIP(std::max(report_.columns[static_cast<std::size_t>(last)].width, leastWidth));
-    const int width = std::max(natural, GetClientSize().x - others);
+    const int width = std::max(naturalWidth(report_.columns[static_cast<std::size_t>(last)]),
+                               GetClientSize().x - others);
     if (width != GetColumnWidth(last)) SetColumnWidth(last, width);
 }
 

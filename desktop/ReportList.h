@@ -31,12 +31,15 @@ class ReportList : public wxListCtrl {
     wxWindow& rowsWindow() const;
     /// Lets the last column take the width that is left.
     void stretchLastColumn();
+    /// The width at which every column shows its caption whole and has the width it asks for, in pixels.
+    int naturalWidth() const;
 
   private:
     wxString OnGetItemText(long item, long column) const override;
     wxItemAttr* OnGetItemAttr(long item) const override;
     int OnGetItemColumnImage(long item, long column) const override;
 
+    int naturalWidth(const ReportControl::Column& column) const;
     void showColumns();
     void showSelection();
     void showSortOrder();

@@ -49,11 +49,9 @@ class ReportView : public ControlView {
     bool growsHigh() const override { return true; }
 
     wxSize preferredSize() const override {
-        int wide = 0;
-        for (const ReportControl::Column& column : report_.columns)
-            wide += column.width;
         constexpr int scrollBar = 24;
-        return list_->FromDIP(wxSize(std::clamp(wide + scrollBar, leastWide, mostWide), firstHigh));
+        const int wide = list_->ToDIP(list_->naturalWidth()) + scrollBar;
+        return list_->FromDIP(wxSize(std::clamp(wide, leastWide, mostWide), firstHigh));
     }
 
     wxPoint popupPosition() const override {
