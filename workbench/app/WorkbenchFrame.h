@@ -3,7 +3,7 @@
 #include <wx/wx.h>
 
 #include "automation/Object.h"
-#include "workbench/host/Workbench.h"
+#include "workbench/host/CompanySession.h"
 
 namespace tsln::workbench {
 

@@ -12,7 +12,7 @@
 #include "bridge/Library.h"
 #include "lists/Lists.h"
 #include "tests/support/ScriptedDesktop.h"
-#include "workbench/host/Workbench.h"
+#include "workbench/host/CompanySession.h"
 
 namespace tsln::workbench {
 

@@ -1,4 +1,4 @@
-#include "workbench/host/Workbench.h"
+#include "workbench/host/CompanySession.h"
 
 #include "workbench/host/Components.h"
 #include "workbench/host/SharedCode.h"
