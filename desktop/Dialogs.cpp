@@ -2,9 +2,11 @@
 
 #include <wx/filedlg.h>
 #include <wx/filename.h>
-#include <wx/generic/msgdlgg.h>
 #include <wx/menu.h>
 #include <wx/msgdlg.h>
+// clang-format off: needs the one above
+#include <wx/generic/msgdlgg.h>
+// clang-format on
 
 #include "desktop/Text.h"
 

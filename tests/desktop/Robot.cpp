@@ -12,7 +12,7 @@ namespace tsln::desktop::test {
 namespace {
 
 constexpr int tick = 30;  // milliseconds between steps: time for the display server's events to come round
-constexpr auto patience = std::chrono::seconds(5);
+constexpr auto patience = std::chrono::seconds(20);
 
 }  // namespace
 

@@ -1,6 +1,7 @@
 #include "workbench/app/OperationGroups.h"
 
 #include <algorithm>
+#include <iterator>
 #include <sstream>
 
 #include "shared/modSharedStrings.h"

@@ -23,7 +23,7 @@ Script::Wait pause(std::chrono::milliseconds time) {
     return {"time has passed", [end] { return std::chrono::steady_clock::now() >= end; }, time * 2};
 }
 
-ScriptRunner::ScriptRunner(Script script, std::function<void(std::exception_ptr)> done)
+ScriptRunner::ScriptRunner(Script script, std::function<void(const std::exception_ptr&)> done)
     : script_(std::move(script)), done_(std::move(done)) {
     constexpr int milliseconds = 30;
     Start(milliseconds);

@@ -83,13 +83,13 @@ Script::Wait pause(std::chrono::milliseconds time);
 class ScriptRunner : private wxTimer {
   public:
     /// `done` is called once, with what ended the script early or null.
-    ScriptRunner(Script script, std::function<void(std::exception_ptr)> done);
+    ScriptRunner(Script script, std::function<void(const std::exception_ptr&)> done);
 
   private:
     void Notify() override;
 
     Script script_;
-    std::function<void(std::exception_ptr)> done_;
+    std::function<void(const std::exception_ptr&)> done_;
     bool running_ = false;
 };
 

@@ -30,7 +30,7 @@ class Album {
     int count_ = 0;
 };
 
-Script::Wait untilActive(std::string title) {
+Script::Wait untilActive(const std::string& title) {
     return until("the window \"" + title + "\" has the keyboard",
                  [title] { return activeWindowTitle() == title && !popupIsOpen(); });
 }

@@ -5,6 +5,7 @@
 
 #include "lists/Lists.h"
 #include "shared/modSharedXML.h"
+#include "workbench/app/ProcessEndMessage.h"
 #include "workbench/app/Tour.h"
 #include "workbench/app/VirtualUser.h"
 #include "workbench/app/WorkbenchFrame.h"
@@ -101,7 +102,7 @@ void WorkbenchApp::callOperation() {
 void WorkbenchApp::startTour() {
     std::printf("A tour of the terms list; its pictures are in %s\n", options_.tour.c_str());
     tour_ = std::make_unique<ScriptRunner>(
-        termsTour(session_.company(), options_.tour), [this](std::exception_ptr failure) {
+        termsTour(session_.company(), options_.tour), [this](const std::exception_ptr& failure) {
             try {
                 if (failure) std::rethrow_exception(failure);
                 printTerms(options_.company);
@@ -118,16 +119,10 @@ void WorkbenchApp::startTour() {
 }
 
 void WorkbenchApp::tellProcessEnd(std::string_view commandLine, ProcessEnd end) {
-    if (end.started && end.exitCode == 0) return;
-    const wxString how = !end.started      ? wxString("could not be started.")
-                         : end.exitCode < 0 ? wxString::Format("was ended by signal %d.", -end.exitCode)
-                                            : wxString::Format("ended with the code %d.", end.exitCode);
-    session_.eventLog().record(EventLog::Error, "A program that the module waited for " + how.utf8_string() + " " +
-                               std::string(commandLine));
-    messages_.showMessage({.style = MessageStyle::LoggedError,
-                           .text = "The program " + how.utf8_string(),
-                           .advice = "What it had not finished has not been done.",
-                           .detail = std::string(commandLine)});
+    const auto message = processEndMessage(commandLine, end);
+    if (!message) return;
+    session_.eventLog().record(EventLog::Error, message->text + " " + message->detail);
+    messages_.showMessage(*message);
 }
 
 }  // namespace tsln::workbench

@@ -10,7 +10,7 @@
 
 namespace tsln::workbench {
 
-WorkbenchFrame::WorkbenchFrame(CompanySession& session, ObjectPtr library)
+WorkbenchFrame::WorkbenchFrame(CompanySession& session, const ObjectPtr& library)
     : wxFrame(nullptr, wxID_ANY, "Tessaline Workbench") {
     auto* across = new wxSplitterWindow(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSP_LIVE_UPDATE);
     tree_ = new OperationTree(across);

@@ -16,7 +16,7 @@ class TracePanel;
 class WorkbenchFrame : public wxFrame {
   public:
     /// `library` is initialised; the session must outlive the frame.
-    WorkbenchFrame(CompanySession& session, ObjectPtr library);
+    WorkbenchFrame(CompanySession& session, const ObjectPtr& library);
 
   private:
     OperationTree* tree_;

@@ -1,4 +1,3 @@
-#include <chrono>
 #include <fstream>
 #include <functional>
 #include <iterator>
@@ -164,10 +163,8 @@ TEST_F(CompanyTest, TransactionsAreWholeOrNothing) {
 TEST_F(CompanyTest, WaitsForAnotherProgramAndThenGivesUp) {
     SQLite::Database other(company_.path(), SQLite::OPEN_READWRITE);
     other.exec("BEGIN EXCLUSIVE");
-    auto start = std::chrono::steady_clock::now();
     EXPECT_EQ(failure("INSERT INTO Terms (Terms) VALUES ('a')"), "The company is in use by another program.");
     EXPECT_EQ(refusal(company_.path()), Reason::Locked);
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(8));
     other.exec("ROLLBACK");
     EXPECT_EQ(refusal(company_.path()), std::nullopt);
 }
