@@ -103,7 +103,7 @@ void ReportList::showColumns() {
         AppendColumn(captions_[i], column.rightAligned ? wxLIST_FORMAT_RIGHT : wxLIST_FORMAT_LEFT,
                      naturalWidth(column));
     }
-    stretchLastColumn();
+    stretchColumn();
 }
 
 int ReportList::naturalWidth(const ReportControl::Column& column) const {
@@ -116,15 +116,18 @@ int ReportList::naturalWidth() const {
     return wide;
 }
 
-void ReportList::stretchLastColumn() {
-    const int last = GetColumnCount() - 1;
-    if (last < 0) return;
+void ReportList::stretchColumn() {
+    if (GetColumnCount() == 0) return;
+    // Texts gain most from the room: the first column that is not right-aligned takes it, usually the name.
+    const auto& columns = report_.columns;
+    const auto left = std::ranges::find(columns, false, &ReportControl::Column::rightAligned);
+    const auto stretched = left == columns.end() ? 0 : static_cast<int>(left - columns.begin());
     int others = 0;
-    for (int i = 0; i < last; ++i)
-        others += GetColumnWidth(i);
-    const int width = std::max(naturalWidth(report_.columns[static_cast<std::size_t>(last)]),
-                               GetClientSize().x - others);
-    if (width != GetColumnWidth(last)) SetColumnWidth(last, width);
+    for (int i = 0; i < GetColumnCount(); ++i) {
+        if (i != stretched) others += GetColumnWidth(i);
+    }
+    const int width = std::max(naturalWidth(columns[static_cast<std::size_t>(stretched)]), GetClientSize().x - others);
+    if (width != GetColumnWidth(stretched)) SetColumnWidth(stretched, width);
 }
 
 void ReportList::countGroups() {

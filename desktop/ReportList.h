@@ -29,8 +29,8 @@ class ReportList : public wxListCtrl {
     std::optional<std::size_t> rowAt(const wxPoint& onScreen) const;
     /// The inner window that holds the rows and takes the input.
     wxWindow& rowsWindow() const;
-    /// Lets the last column take the width that is left.
-    void stretchLastColumn();
+    /// Lets one column take the width that is left.
+    void stretchColumn();
     /// The width at which every column shows its caption whole and has the width it asks for, in pixels.
     int naturalWidth() const;
 

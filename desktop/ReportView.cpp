@@ -80,6 +80,14 @@ class ReportView : public ControlView {
         }
         if (key.HasAnyModifiers()) return false;
         switch (code) {
+            case WXK_UP:
+            case WXK_DOWN:
+                // The toolkit thinks itself on the first row from the start and would step over it.
+                if (report_.focusedRow() || report_.rowCount() == 0) return false;
+                list_->goTo(0);
+                selectionMayHaveChanged();
+                act([] {});
+                return true;
             case WXK_RETURN:
             case WXK_NUMPAD_ENTER:
                 act([this] {
@@ -151,7 +159,7 @@ class ReportView : public ControlView {
         });
         list_->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
             event.Skip();
-            list_->CallAfter([this] { list_->stretchLastColumn(); });
+            list_->CallAfter([this] { list_->stretchColumn(); });
         });
         list_->Bind(wxEVT_CONTEXT_MENU, &ReportView::onContextMenu, this);
 #ifndef __WXMSW__

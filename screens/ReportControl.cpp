@@ -140,8 +140,12 @@ void ReportControl::populate() {
     for (const std::size_t row : selected_) {
         if (!rows_[row].isGroup()) wasSelected[rows_[row].record] = true;
     }
-    const auto focusedBefore = focusedRow_;
-    std::uint32_t focusedRecord = focusedRow_ ? rows_[*focusedRow_].record : Row::noRecord;
+    const bool hadFocus = focusedRow_.has_value();
+    std::uint32_t focusedRecord = hadFocus ? rows_[*focusedRow_].record : Row::noRecord;
+    // How many records that are still there stood before the focus: the place of its successor.
+    const auto placeOfFocus = std::count_if(
+        rows_.begin(), rows_.begin() + static_cast<std::ptrdiff_t>(focusedRow_.value_or(0)),
+        [&](const Row& row) { return !row.isGroup() && !removed_[row.record]; });
 
     if (removedCount_ > 0) {
         const auto moved = compact();
@@ -159,17 +163,20 @@ void ReportControl::populate() {
     rows_.reserve(ids_.size());
     const bool grouped = groupColumn_ && *groupColumn_ < columns.size();
     std::uint32_t before = Row::noRecord;
+    std::ptrdiff_t place = 0;
+    std::optional<std::size_t> successor;
     for (const std::uint32_t record : orderedRecords()) {
         if (grouped && (before == Row::noRecord || modSharedStrings::compareNoCase(cell(before, *groupColumn_),
                                                                                   cell(record, *groupColumn_)) != 0)) {
             rows_.push_back({.firstOfGroup = record});
         }
         before = record;
+        if (place++ <= placeOfFocus) successor = rows_.size();
         if (record == focusedRecord) focusedRow_ = rows_.size();
         if (wasSelected[record]) selected_.push_back(rows_.size());
         rows_.push_back({.record = record});
     }
-    if (focusedBefore && !focusedRow_ && !rows_.empty()) focusedRow_ = std::min(*focusedBefore, rows_.size() - 1);
+    if (hadFocus && !focusedRow_) focusedRow_ = successor;
     changed();
 }
 

@@ -36,9 +36,9 @@ class ReportViewTest : public testing::Test {
 TEST_F(ReportViewTest, KeysActOnTheFocusedRow) {
     SampleList screen(desktop);
     Robot user(screen);
-    user.key(WXK_DOWN).key(WXK_DOWN).until("third row", [&] { return screen.rptItems.focusedRow() == 2; });
+    user.key(WXK_DOWN).key(WXK_DOWN).until("second row", [&] { return screen.rptItems.focusedRow() == 1; });
     user.key(WXK_RETURN);
-    untilNoted(user, screen, "open 2");
+    untilNoted(user, screen, "open 1");
     user.key(WXK_INSERT);
     untilNoted(user, screen, "insert");
     user.key(WXK_DELETE);

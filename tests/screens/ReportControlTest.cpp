@@ -105,6 +105,23 @@ TEST_F(ReportControlTest, SelectionAndFocusStayWithTheirRecords) {
     EXPECT_THAT(list.selectedRows(), ElementsAre(2U));
     EXPECT_EQ(list.focusedRow(), 1U) << "the row that took the removed one's place";
     EXPECT_EQ(list.findRecord(4), std::nullopt);
+
+    // Several rows go at once, the focused one among them; then all that follows it.
+    list.userSelect(std::vector<std::size_t>{0, 1}, 1);
+    for (const std::size_t row : list.selectedRows()) list.removeRecord(list.row(row).record);
+    list.populate();
+    EXPECT_THAT(shown(), ElementsAre("d", "e"));
+    EXPECT_EQ(list.focusedRow(), 0U);
+    list.userSelect(std::vector<std::size_t>{1}, 1);
+    list.removeRecord(list.row(1).record);
+    list.populate();
+    EXPECT_EQ(list.focusedRow(), 0U) << "there is none after it: the last one";
+    EXPECT_THROW(list.rowText(4, 0), std::out_of_range);
+}
+
+TEST_F(ReportControlTest, WhatIsNotThereIsRefused) {
+    add(5, "a");
+    list.populate();
     ASSERT_TRUE(list.findRecord(5));
     EXPECT_EQ(list.cell(*list.findRecord(5), 0), "a");
     EXPECT_THROW(list.rowText(4, 0), std::out_of_range);
