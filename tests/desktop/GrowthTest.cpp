@@ -80,7 +80,12 @@ TEST(Growth, AThousandListsAndDialogsLeaveNothingBehind) {
     EXPECT_EQ(wxTopLevelWindows.GetCount(), windows);
     const long growth = memoryInUse() - before;
     RecordProperty("growth_kb", static_cast<int>(growth));
-    EXPECT_LT(growth, 4 * 1024) << "more than 4 KB for each list with its dialog";
+#ifdef __SANITIZE_ADDRESS__
+    constexpr long allowed = 20 * 1024;  // the sanitizer holds freed memory back; a window kept costs far more
+#else
+    constexpr long allowed = 512;
+#endif
+    EXPECT_LT(growth, allowed) << "kilobytes for a thousand lists with their dialogs";
     library->PreTerminate();
     EXPECT_EQ(host->liveObjects(), 0);
 }

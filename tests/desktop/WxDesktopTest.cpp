@@ -2,10 +2,13 @@
 #include <gtest/gtest.h>
 #include <wx/button.h>
 #include <wx/filename.h>
-#include <wx/generic/msgdlgg.h>
 #include <wx/html/htmlwin.h>
+#include <wx/msgdlg.h>
 #include <wx/print.h>
 #include <wx/uiaction.h>
+// clang-format off: needs wx/msgdlg.h before it
+#include <wx/generic/msgdlgg.h>
+// clang-format on
 
 #include "desktop/Dialogs.h"
 #include "desktop/WxDesktop.h"
