@@ -1,4 +1,3 @@
-#include <filesystem>
 #include <fstream>
 
 #include <gmock/gmock.h>
@@ -6,6 +5,7 @@
 
 #include "lists/EditDialog.h"
 #include "tests/support/Stage.h"
+#include "tests/support/TempFolder.h"
 
 namespace tsln::test {
 namespace {
@@ -26,11 +26,18 @@ TEST(Operations, StandInTheirOrder) {
     EXPECT_EQ(operations.size(), 95U);
     // Landmarks: early-bound hosts call by these positions.
     const std::pair<int, std::string_view> landmarks[] = {
-        {0, "SharedCodeLibrary"}, {3, "InitialSyncComplete"},         {16, "ShowEditPortfiolioTag"},
-        {33, "ShowEditLocation"}, {65, "ShowChooseAccouningApplication"}, {68, "ShowTerms"},
-        {78, "ShowEditTerms"},    {93, "ShowEditCustomerMeasurement"},    {94, "RunPackageProcessor"},
+        {0, "SharedCodeLibrary"},
+        {3, "InitialSyncComplete"},
+        {16, "ShowEditPortfiolioTag"},
+        {33, "ShowEditLocation"},
+        {65, "ShowChooseAccouningApplication"},
+        {68, "ShowTerms"},
+        {78, "ShowEditTerms"},
+        {93, "ShowEditCustomerMeasurement"},
+        {94, "RunPackageProcessor"},
     };
-    for (const auto& [number, name] : landmarks) EXPECT_EQ(operations[static_cast<std::size_t>(number)].name, name);
+    for (const auto& [number, name] : landmarks)
+        EXPECT_EQ(operations[static_cast<std::size_t>(number)].name, name);
     EXPECT_EQ(operations[8].visibility, Visibility::Private);
     EXPECT_EQ(operations[94].visibility, Visibility::Internal);
     EXPECT_EQ(std::ranges::count(operations, Visibility::Public, &OperationInfo::visibility), 93);
@@ -52,7 +59,8 @@ TEST(Library, AnswersByNameWithThePlatformsErrors) {
     EXPECT_EQ(codeOf([&] { library.call("ShowMoveReferences", 70'000, 1); }), code::overflow);
     EXPECT_EQ(codeOf([&] { library.call("NoSuchOperation"); }), code::unknownName);
     EXPECT_EQ(codeOf([&] { library.call("CanDeleteDiscountGroup", 1); }), code::unknownName) << "private";
-    EXPECT_EQ(codeOf([&] { library.call("RunPackageProcessor", "", false); }), code::unknownName) << "internal";
+    EXPECT_EQ(codeOf([&] { library.call("RunPackageProcessor", "", false); }), code::unknownName)
+        << "internal";
     EXPECT_EQ(codeOf([&] { library.put("SharedCodeLibrary", 1); }), code::memberNotFound);
     EXPECT_EQ(codeOf([&] { library.call("Initialize", 5); }), code::typeMismatch);
 
@@ -164,8 +172,8 @@ TEST(InitialSyncComplete, EveryStepCounts) {
 }
 
 TEST(RunPackageProcessor, BuildsTheCommandLine) {
-    const std::string folder = testing::TempDir() + "package";
-    std::filesystem::create_directories(folder);
+    const TempFolder temp("tessaline-package-");
+    const std::string folder = temp.path();
     std::ofstream(folder + "/tsln5pkg.exe") << "#";
     Stage stage;
     stage.desktop.folder = folder;
@@ -173,8 +181,9 @@ TEST(RunPackageProcessor, BuildsTheCommandLine) {
     stage.library->RunPackageProcessor("", true);
     stage.library->RunPackageProcessor("A;B", false);
     const std::string program = folder + "/tsln5pkg.exe";
-    EXPECT_THAT(stage.desktop.commandLines, ElementsAre(program + " /Keys:TSLN50_Terms /PSD:\"/psd/company.psd\"",
-                                                        program + " /EnterKeys /PSD:\"/psd/company.psd\""));
+    EXPECT_THAT(stage.desktop.commandLines,
+                ElementsAre(program + " /Keys:TSLN50_Terms /PSD:\"/psd/company.psd\"",
+                            program + " /EnterKeys /PSD:\"/psd/company.psd\""));
     EXPECT_THAT(stage.desktop.opened, ElementsAre(program + "| /Keys:A;B /PSD:\"/psd/company.psd\""));
     EXPECT_THAT(stage.desktop.boxes, IsEmpty());
 }

@@ -1,4 +1,3 @@
-#include <filesystem>
 #include <fstream>
 #include <iterator>
 
@@ -7,6 +6,7 @@
 
 #include "lists/ListScreen.h"
 #include "tests/support/Stage.h"
+#include "tests/support/TempFolder.h"
 
 namespace tsln::test {
 namespace {
@@ -24,20 +24,23 @@ std::string termsRow(int ID, const std::string& name, const std::string& dueDays
 
 std::string records(std::initializer_list<std::string> rows) {
     std::string text = "<Records>";
-    for (const std::string& row : rows) text += row;
+    for (const std::string& row : rows)
+        text += row;
     return text + "</Records>";
 }
 
 /// A stage whose company has three terms.
 struct TermsStage : Stage {
     TermsStage() {
-        host->rows(loadStatement, records({termsRow(1, "COD", "0"), termsRow(2, "Net 15", "15"), termsRow(3, "Net 30")}));
+        host->rows(loadStatement,
+                   records({termsRow(1, "COD", "0"), termsRow(2, "Net 15", "15"), termsRow(3, "Net 30")}));
     }
 };
 
 std::vector<std::string> names(const ListScreen& list) {
     std::vector<std::string> shown;
-    for (std::size_t row = 0; row < list.rptItems.rowCount(); ++row) shown.emplace_back(list.rptItems.rowText(row, 0));
+    for (std::size_t row = 0; row < list.rptItems.rowCount(); ++row)
+        shown.emplace_back(list.rptItems.rowText(row, 0));
     return shown;
 }
 
@@ -72,21 +75,24 @@ TEST(TermsList, ShowsTheRowsAndTellsHowItWasClosed) {
 }
 
 TEST(TermsList, OffersTheDefaultsOnceWhileTheListIsEmpty) {
-    const std::string folder = testing::TempDir() + "defaults offered/";
-    std::filesystem::create_directories(folder);
+    const TempFolder temp;
+    const std::string folder = temp.path() + "/";
     std::ofstream(folder + "tsln5pkg.exe") << "#";
     struct Case {
         std::vector<int> rights;
         MessageAnswer answer;
         bool asked, installed;
     };
-    for (const Case& c : {Case{{8, 16}, MessageAnswer::Yes, true, true}, Case{{8, 16}, MessageAnswer::No, true, false},
-                          Case{{8}, MessageAnswer::Yes, false, false}, Case{{16}, MessageAnswer::Yes, false, false}}) {
+    for (const Case& c :
+         {Case{{8, 16}, MessageAnswer::Yes, true, true}, Case{{8, 16}, MessageAnswer::No, true, false},
+          Case{{8}, MessageAnswer::Yes, false, false}, Case{{16}, MessageAnswer::Yes, false, false}}) {
         Stage stage;
         grant(stage, c.rights);
         stage.desktop.folder = folder;
         stage.desktop.answers = {c.answer};
-        stage.desktop.whileProcessRuns = [&] { stage.host->rows(loadStatement, records({termsRow(1, "Net 10")})); };
+        stage.desktop.whileProcessRuns = [&] {
+            stage.host->rows(loadStatement, records({termsRow(1, "Net 10")}));
+        };
         stage.desktop.user<ListScreen>("frmTerms", [&](ListScreen& list) {
             list.activate();  // a dialog on top closed: neither loaded nor asked again
             EXPECT_EQ(list.rptItems.rowCount(), c.installed ? 1U : 0U);
@@ -95,8 +101,8 @@ TEST(TermsList, OffersTheDefaultsOnceWhileTheListIsEmpty) {
         EXPECT_EQ(stage.desktop.boxes.size(), c.asked ? 1U : 0U);
         if (c.asked) {
             EXPECT_EQ(stage.desktop.boxes[0],
-                      (ScriptedDesktop::Box{"Would you like to install the default terms?", MessageButtons::YesNo,
-                                            MessageIcon::Question}));
+                      (ScriptedDesktop::Box{"Would you like to install the default terms?",
+                                            MessageButtons::YesNo, MessageIcon::Question}));
         }
         EXPECT_EQ(stage.host->callsOf("Database.ExecuteRead").size(), c.installed ? 2U : 1U);
         if (c.installed) {
@@ -195,8 +201,8 @@ TEST(TermsList, NewAndEditShowTheSavedRow) {
     });
     stage.library->ShowTerms();
     EXPECT_THAT(stage.host->callsOf("Database.ExecuteRead"),
-                ElementsAre(loadStatement, "SELECT * FROM Terms WHERE ID = 4", "SELECT * FROM Terms WHERE ID = 2",
-                            "SELECT * FROM Terms WHERE ID = 2"));
+                ElementsAre(loadStatement, "SELECT * FROM Terms WHERE ID = 4",
+                            "SELECT * FROM Terms WHERE ID = 2", "SELECT * FROM Terms WHERE ID = 2"));
 }
 
 TEST(TermsList, DeletesTheSelectionAtOnceAndStopsAtTheFirstFailure) {
@@ -222,15 +228,17 @@ TEST(TermsList, DeletesTheSelectionAtOnceAndStopsAtTheFirstFailure) {
 
 TEST(ListScreen, ReferencedRowsAreRefusedWithTheirCountAndTheLoopGoesOn) {
     const lists::DeletionCheck checks[] = {
-        {"SELECT COUNT(*) AS MyCount FROM Customers WHERE TermsID = {0}", "<Bold>{0}</Bold> has {1} customers.",
-         "Remove it there."},
-        {"SELECT COUNT(*) AS MyCount FROM Orders WHERE TermsID = {0}", "<Bold>{0}</Bold> has {1} orders.", "There."},
+        {"SELECT COUNT(*) AS MyCount FROM Customers WHERE TermsID = {0}",
+         "<Bold>{0}</Bold> has {1} customers.", "Remove it there."},
+        {"SELECT COUNT(*) AS MyCount FROM Orders WHERE TermsID = {0}", "<Bold>{0}</Bold> has {1} orders.",
+         "There."},
     };
     lists::ListDescription guarded = lists::termsList;
     guarded.deletionChecks = checks;
     TermsStage stage;
-    stage.host->on("Database.ExecuteScaler",
-                   [](Arguments a) { return Variant(a[0].toText().ends_with("Customers WHERE TermsID = 2") ? 7 : 0); });
+    stage.host->on("Database.ExecuteScaler", [](Arguments a) {
+        return Variant(a[0].toText().ends_with("Customers WHERE TermsID = 2") ? 7 : 0);
+    });
     stage.desktop.user<ListScreen>("frmTerms", [](ListScreen& list) {
         select(list, {0, 1, 2});
         list.cmdDelete.userPress();
@@ -259,9 +267,8 @@ TEST(ListScreen, IsMarkedBusyWhileItLoadsAndOpensNoCommandWithoutItsRight) {
                                (list->cmdClose.enabled() ? "" : "!"));
         }
     };
-    stage.host->on("Database.ExecuteRead", [&](Arguments) -> Variant {
-        throw HostError(code::fail, "Database", "gone");
-    });
+    stage.host->on("Database.ExecuteRead",
+                   [&](Arguments) -> Variant { throw HostError(code::fail, "Database", "gone"); });
     stage.desktop.user<ListScreen>("frmTerms", [](ListScreen& list) {
         EXPECT_EQ(list.caption(), "Terms");
         EXPECT_TRUE(list.cmdClose.enabled());
@@ -278,7 +285,8 @@ TEST(TermsList, MoreCommandsAreBuiltUpdatedAndExecuted) {
     stage.desktop.popupChoices = {0, 28201, 28250, 28251};
     stage.desktop.user<ListScreen>("frmTerms", [](ListScreen& list) {
         select(list, {1});
-        for (int i = 0; i < 4; ++i) list.cmdMore.userPress();
+        for (int i = 0; i < 4; ++i)
+            list.cmdMore.userPress();
         list.userHelp();
         list.cmdHelp.userPress();
     });
@@ -293,9 +301,10 @@ TEST(TermsList, MoreCommandsAreBuiltUpdatedAndExecuted) {
                                       "28250 Move References", "28251 Install Defaults"));
     EXPECT_THAT(stage.desktop.printed, ElementsAre("Terms"));
     EXPECT_EQ(stage.desktop.boxes.at(0).text, "The TSLN 5 Package Processor cannot be found.");
-    EXPECT_THAT(stage.host->callsOf("ShowAndLogErrorMessage"),
-                ElementsAre("The last action could not be completed., , ShowMoveReferences: this screen is not "
-                            "built yet."));
+    EXPECT_THAT(
+        stage.host->callsOf("ShowAndLogErrorMessage"),
+        ElementsAre("The last action could not be completed., , ShowMoveReferences: this screen is not "
+                    "built yet."));
     ASSERT_EQ(stage.desktop.help.size(), 2U);
     EXPECT_EQ(stage.desktop.help[0].file, "UI Reference.chm");
     EXPECT_EQ(stage.desktop.help[1].context, 40);
@@ -306,7 +315,8 @@ TEST(TermsList, ADisabledCommandIsNotExecuted) {
     grant(stage, {8});
     stage.desktop.popupChoices = {28001, 28251, 28250};
     stage.desktop.user<ListScreen>("frmTerms", [](ListScreen& list) {
-        for (int i = 0; i < 3; ++i) list.cmdMore.userPress();
+        for (int i = 0; i < 3; ++i)
+            list.cmdMore.userPress();
     });
     stage.library->ShowTerms();
     for (const int id : {28001, 28250, 28251}) {
@@ -321,7 +331,8 @@ TEST(TermsList, ADisabledCommandIsNotExecuted) {
 TEST(TermsList, KeepsItsWindowPosition) {
     const std::string key = "Software\\Kestrane\\Tessaline\\5.0\\Window Positions\\frmTerms|";
     TermsStage stage;
-    stage.desktop.settings = {{key + "Left", "40"}, {key + "Width", "no number"}, {key + "Height", "99999999999999"}};
+    stage.desktop.settings = {
+        {key + "Left", "40"}, {key + "Width", "no number"}, {key + "Height", "99999999999999"}};
     stage.desktop.user<ListScreen>("frmTerms", [](ListScreen& list) {
         EXPECT_EQ(list.placement.left, 40);
         EXPECT_EQ(list.placement.width, std::nullopt);
@@ -334,31 +345,37 @@ TEST(TermsList, KeepsItsWindowPosition) {
 }
 
 TEST(TermsList, SavesTheRowsAsTextAsTheyAreShown) {
-    const std::string path = testing::TempDir() + "terms saved.txt";
+    const TempFolder temp;
+    const std::string path = temp.file("terms saved.txt");
     TermsStage stage;
-    stage.host->rows(loadStatement, records({termsRow(1, "Net &quot;A&quot;&amp;#13;&amp;#10;B"), termsRow(2, "COD")}));
+    stage.host->rows(loadStatement,
+                     records({termsRow(1, "Net &quot;A&quot;&amp;#13;&amp;#10;B"), termsRow(2, "COD")}));
     stage.desktop.popupChoices = {28202, 28202, 28202};
-    stage.desktop.files = {path, testing::TempDir() + "no such folder/terms.txt"};
+    stage.desktop.files = {path, temp.file("no such folder/terms.txt")};
     stage.desktop.user<ListScreen>("frmTerms", [](ListScreen& list) {
         list.rptItems.userClickHeader(0);
-        for (int i = 0; i < 3; ++i) list.cmdMore.userPress();
+        for (int i = 0; i < 3; ++i)
+            list.cmdMore.userPress();
     });
     stage.library->ShowTerms();
     std::ifstream file(path, std::ios::binary);
-    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}),
-              "Terms\tDueDays\tDiscount\tDiscountDays\r\nCOD\t30\t0.02\t10\r\nNet \"A\"  B\t30\t0.02\t10\r\n");
-    EXPECT_THAT(stage.desktop.boxes, ElementsAre(ScriptedDesktop::Box{
-                                         "Unable to write the file. (1472)", MessageButtons::Ok,
-                                         MessageIcon::Critical}));
+    EXPECT_EQ(
+        std::string(std::istreambuf_iterator<char>(file), {}),
+        "Terms\tDueDays\tDiscount\tDiscountDays\r\nCOD\t30\t0.02\t10\r\nNet \"A\"  B\t30\t0.02\t10\r\n");
+    EXPECT_THAT(stage.desktop.boxes,
+                ElementsAre(ScriptedDesktop::Box{"Unable to write the file. (1472)", MessageButtons::Ok,
+                                                 MessageIcon::Critical}));
     EXPECT_EQ(stage.desktop.fileDialogs.at(0).title, "Save As");
-    EXPECT_THAT(stage.desktop.fileDialogs.at(0).filters, ElementsAre("Text Files|*.txt", "All Files (*.*)|*.*"));
+    EXPECT_THAT(stage.desktop.fileDialogs.at(0).filters,
+                ElementsAre("Text Files|*.txt", "All Files (*.*)|*.*"));
 }
 
 TEST(TermsList, EveryHostFaultIsToldAndLeavesTheListStanding) {
     for (const bool empty : {true, false}) {
         sweepFaults(
             [&](Stage& stage) {
-                if (!empty) stage.host->rows(loadStatement, records({termsRow(1, "COD"), termsRow(2, "Net 15")}));
+                if (!empty)
+                    stage.host->rows(loadStatement, records({termsRow(1, "COD"), termsRow(2, "Net 15")}));
                 stage.desktop.answers = {MessageAnswer::Yes};
                 stage.desktop.popupChoices = {28001, 28003, 28250, 28251};
                 stage.desktop.files = {"in.xml", "out.xml"};
@@ -368,7 +385,8 @@ TEST(TermsList, EveryHostFaultIsToldAndLeavesTheListStanding) {
                 });
                 stage.desktop.user<ListScreen>("frmTerms", [](ListScreen& list) {
                     list.cmdNew.userPress();
-                    for (int i = 0; i < 4; ++i) list.cmdMore.userPress();
+                    for (int i = 0; i < 4; ++i)
+                        list.cmdMore.userPress();
                     if (list.rptItems.rowCount() > 0) select(list, {0});
                     list.cmdEdit.userPress();
                     list.cmdDelete.userPress();

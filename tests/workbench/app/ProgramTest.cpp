@@ -2,11 +2,12 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <sys/wait.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
+#include "tests/support/TempFolder.h"
 #include "workbench/company/Company.h"
 
 namespace tsln::workbench {
@@ -22,7 +23,8 @@ struct Ended {
 
 /// Runs the workbench program without a display.
 Ended runWorkbench(const std::string& arguments) {
-    const std::string command = "env -u DISPLAY -u WAYLAND_DISPLAY '" WORKBENCH_PROGRAM "' " + arguments + " 2>&1";
+    const std::string command =
+        "env -u DISPLAY -u WAYLAND_DISPLAY '" WORKBENCH_PROGRAM "' " + arguments + " 2>&1";
     FILE* pipe = popen(command.c_str(), "r");
     Ended ended;
     std::array<char, 4096> buffer;
@@ -36,14 +38,10 @@ Ended runWorkbench(const std::string& arguments) {
 
 class ProgramTest : public testing::Test {
   protected:
-    ProgramTest() {
-        fs::remove_all(folder);
-        fs::create_directories(folder);
-    }
-    ~ProgramTest() override { fs::remove_all(folder); }
-    std::string path(const std::string& name) const { return folder + "/" + name; }
+    std::string path(const std::string& name) const { return folder_.file(name); }
 
-    const std::string folder = testing::TempDir() + "tessaline program test";
+  private:
+    const tsln::test::TempFolder folder_;
 };
 
 TEST_F(ProgramTest, CommandLinesThatCannotBeRunSayWhy) {
