@@ -15,8 +15,9 @@ class Argument {
   public:
     Argument(Variant value) : own_(std::move(value)) {}
     template <class T>
-        requires(std::convertible_to<T, Variant> && !std::same_as<std::remove_cvref_t<T>, Argument>)
-    Argument(T&& value) : own_(Variant(std::forward<T>(value))) {}
+    requires(std::convertible_to<T, Variant> && !std::same_as<std::remove_cvref_t<T>, Argument>)
+        Argument(T&& value)
+        : own_(Variant(std::forward<T>(value))) {}
 
     /// The callee sees the variable's value and may write it. The variable must outlive the call.
     static Argument byReference(Variant& variable) {
@@ -116,8 +117,8 @@ struct Member {
 
 /// Finds the member in the table and runs it; `who` names the object in error texts.
 template <class Self>
-Variant invokeMember(Self& self, std::string_view who, std::span<const Member<Self>> table, std::string_view member,
-                     Access access, Arguments arguments) {
+Variant invokeMember(Self& self, std::string_view who, std::span<const Member<Self>> table,
+                     std::string_view member, Access access, Arguments arguments) {
     for (const Member<Self>& row : table) {
         if (!sameName(row.name, member)) continue;
         if (access == Access::Put) {

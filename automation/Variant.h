@@ -16,7 +16,8 @@ class Object;
 using ObjectPtr = std::shared_ptr<Object>;
 
 /// A point in time as the automation platform counts it: days since 30 December 1899, the fraction being the
-/// time of day. Before that day the fraction still counts forward within the day (-1.25 is 29 December, 6:00).
+/// time of day. Before that day the fraction still counts forward within the day (-1.25 is 29 December,
+/// 6:00).
 struct Date {
     double days = 0;
     friend bool operator==(Date, Date) = default;
@@ -88,8 +89,8 @@ class Variant {
     Object& object() const;
 
     /// The value as it is held, for code that carries variants over an edge.
-    using Held = std::variant<std::monostate, Null, Missing, bool, std::int16_t, std::int32_t, std::int64_t, float,
-                              double, Date, std::string, ObjectPtr>;
+    using Held = std::variant<std::monostate, Null, Missing, bool, std::int16_t, std::int32_t, std::int64_t,
+                              float, double, Date, std::string, ObjectPtr>;
     const Held& held() const noexcept { return value_; }
 
     /// Same type and same value; no conversion.

@@ -55,7 +55,8 @@ class Common : HostPart {
   public:
     explicit Common(Library& library) : HostPart(library, "Common") {}
     /// True when a row other than `ID` has this value in the column.
-    bool RecordExists(std::string_view table, std::string_view column, std::string_view value, std::int32_t ID) const;
+    bool RecordExists(std::string_view table, std::string_view column, std::string_view value,
+                      std::int32_t ID) const;
 };
 
 /// Rights to the data of a list, as CanDo() takes them.

@@ -42,7 +42,9 @@ void HostScreen::reportDatabaseFailure(std::string_view message) {
     }
 }
 
-void HostScreen::Form_Help() { desktop().showHelp(*this, helpFile, helpContext); }
+void HostScreen::Form_Help() {
+    desktop().showHelp(*this, helpFile, helpContext);
+}
 
 void HostScreen::reportError(const std::exception& error) noexcept {
     try {

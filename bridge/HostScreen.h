@@ -12,7 +12,8 @@ namespace tsln {
 /// position, and reports what goes wrong through the host.
 class HostScreen : public Screen {
   public:
-    HostScreen(Library& library, std::string name) : Screen(library.desktop(), std::move(name)), library_(library) {}
+    HostScreen(Library& library, std::string name)
+        : Screen(library.desktop(), std::move(name)), library_(library) {}
 
     Library& library() const noexcept { return library_; }
     Host host() const { return Host(library_); }

@@ -7,7 +7,9 @@
 
 namespace tsln {
 
-Library::Library(Desktop& desktop) : desktop_(desktop) { plugInOwnOperations(); }
+Library::Library(Desktop& desktop) : desktop_(desktop) {
+    plugInOwnOperations();
+}
 
 void Library::plugIn(Operation operation, Handler handler) {
     handlers_[static_cast<std::size_t>(operation)] = std::move(handler);
@@ -35,7 +37,8 @@ Variant Library::perform(Operation operation, Arguments arguments) {
 
 Variant Library::invoke(std::string_view member, Access access, Arguments arguments) {
     const auto operation = findOperation(member);
-    if (!operation || info(*operation).visibility != Visibility::Public) raiseUnknownMember("Library", member);
+    if (!operation || info(*operation).visibility != Visibility::Public)
+        raiseUnknownMember("Library", member);
     if (access == Access::Put) raiseWrongAccess("Library", member);
     return perform(*operation, arguments);
 }
@@ -69,17 +72,19 @@ bool Library::initialSyncComplete() {
     };
     const auto positive = [](const Variant& count) { return count.toLong() > 0; };
 
-    if (!holds("SELECT COUNT(*) AS theCount FROM Company", [](const Variant& n) { return n.toLong() == 1; })) {
+    if (!holds("SELECT COUNT(*) AS theCount FROM Company",
+               [](const Variant& n) { return n.toLong() == 1; })) {
         return false;
     }
-    if (!holds("SELECT SyncState FROM Company", [](const Variant& state) { return state.toInteger() == 4; })) {
+    if (!holds("SELECT SyncState FROM Company",
+               [](const Variant& state) { return state.toInteger() == 4; })) {
         return false;
     }
     bool complete = true;
-    for (const auto sql : {"SELECT COUNT(*) AS theCount FROM Employees",
-                           "SELECT COUNT(*) AS theCount FROM DiscountGroups",
-                           "SELECT COUNT(*) AS theCount FROM OrderStatusCodes",
-                           "SELECT COUNT(*) AS theCount FROM SecurityRoleAccess"}) {
+    for (const auto sql :
+         {"SELECT COUNT(*) AS theCount FROM Employees", "SELECT COUNT(*) AS theCount FROM DiscountGroups",
+          "SELECT COUNT(*) AS theCount FROM OrderStatusCodes",
+          "SELECT COUNT(*) AS theCount FROM SecurityRoleAccess"}) {
         complete = holds(sql, positive) && complete;
     }
     return complete;
@@ -89,13 +94,14 @@ void Library::runPackageProcessor(const std::string& keys, bool wait) {
     const std::string program =
         modSharedStrings::appendPathSeparator(desktop_.applicationFolder()) + "tsln5pkg.exe";
     std::error_code ignored;
-    if (!std::filesystem::exists(std::filesystem::path(std::u8string(program.begin(), program.end())), ignored)) {
+    if (!std::filesystem::exists(std::filesystem::path(std::u8string(program.begin(), program.end())),
+                                 ignored)) {
         desktop_.messageBox(nullptr, "The TSLN 5 Package Processor cannot be found.", MessageButtons::Ok,
                             MessageIcon::Exclamation);
         return;
     }
-    const std::string arguments = (keys.empty() ? " /EnterKeys" : " /Keys:" + keys) + " /PSD:\"" +
-                                  Host(*this).PSDFile() + "\"";
+    const std::string arguments =
+        (keys.empty() ? " /EnterKeys" : " /Keys:" + keys) + " /PSD:\"" + Host(*this).PSDFile() + "\"";
     if (wait) {
         // A folder with blanks in its name must not cut the program's name short.
         const bool blanks = program.find(' ') != std::string::npos;

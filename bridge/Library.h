@@ -36,9 +36,9 @@ class Library : public Object {
     /// Runs an operation, whatever its visibility.
     Variant perform(Operation operation, Arguments arguments);
 
-#define OPERATION(NAME, ...)                                                       \
-    template <class... A>                                                          \
-    auto NAME(A&&... arguments) {                                                  \
+#define OPERATION(NAME, ...)                                                           \
+    template <class... A>                                                              \
+    auto NAME(A&&... arguments) {                                                      \
         return performTyped<Operation::NAME>(Argument(std::forward<A>(arguments))...); \
     }
 #include "bridge/Operations.def"

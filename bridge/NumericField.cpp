@@ -14,7 +14,8 @@ void askHost(TextBox& field, std::string_view member, const NumericBounds& bound
     checker->call(member, field.automation(), bounds.minimum, bounds.maximum, bounds.otherwise);
 }
 
-void check(TextBox& field, std::string_view member, const NumericBounds& bounds, double (*shape)(double)) noexcept {
+void check(TextBox& field, std::string_view member, const NumericBounds& bounds,
+           double (*shape)(double)) noexcept {
     try {
         askHost(field, member, bounds);
     } catch (const std::exception&) {

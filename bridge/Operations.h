@@ -37,17 +37,25 @@ struct OperationInfo {
     std::array<OperationArgument, 3> argumentRow;
     std::size_t argumentCount;
 
-    std::span<const OperationArgument> arguments() const { return std::span(argumentRow).first(argumentCount); }
+    std::span<const OperationArgument> arguments() const {
+        return std::span(argumentRow).first(argumentCount);
+    }
 };
 
 inline constexpr std::array operations = [] {
-    constexpr auto row = [](Operation operation, std::string_view name, Visibility visibility, ValueType result,
-                            auto... arguments) {
+    constexpr auto row = [](Operation operation, std::string_view name, Visibility visibility,
+                            ValueType result, auto... arguments) {
         return OperationInfo{operation, name, visibility, result, {arguments...}, sizeof...(arguments)};
     };
     return std::array{
-#define REF(TYPE, NAME) OperationArgument{Passing::ByReference, ValueType::TYPE, #NAME}
-#define VAL(TYPE, NAME) OperationArgument{Passing::ByValue, ValueType::TYPE, #NAME}
+#define REF(TYPE, NAME)                              \
+    OperationArgument {                              \
+        Passing::ByReference, ValueType::TYPE, #NAME \
+    }
+#define VAL(TYPE, NAME)                          \
+    OperationArgument {                          \
+        Passing::ByValue, ValueType::TYPE, #NAME \
+    }
 #define OPERATION(NAME, VISIBILITY, RESULT, ...) \
     row(Operation::NAME, #NAME, Visibility::VISIBILITY, ValueType::RESULT __VA_OPT__(, ) __VA_ARGS__),
 #include "bridge/Operations.def"
@@ -57,7 +65,9 @@ inline constexpr std::array operations = [] {
     };
 }();
 
-constexpr const OperationInfo& info(Operation operation) { return operations[static_cast<std::size_t>(operation)]; }
+constexpr const OperationInfo& info(Operation operation) {
+    return operations[static_cast<std::size_t>(operation)];
+}
 
 /// The operation of that name, without letter case; private and internal ones included.
 std::optional<Operation> findOperation(std::string_view name);

@@ -10,7 +10,8 @@
 
 namespace tsln {
 
-/// The single shared instance of each screen, by the screen's name: made when first needed, kept until released.
+/// The single shared instance of each screen, by the screen's name: made when first needed, kept until
+/// released.
 class ScreenSlots {
   public:
     /// The screen's instance; `make` makes it when there is none. S is the class that `make` returns.
@@ -25,9 +26,9 @@ class ScreenSlots {
     bool empty() const noexcept { return slots_.empty(); }
 
     /// Opens a screen the way every entry point does: its shared instance is loaded, `setup` hands it the
-    /// arguments, it is shown modally, and the slot is empty again afterwards, whatever happened. The result is
-    /// the closed screen, from which the caller reads what it returns. A screen that is open already raises
-    /// HostError(code::alreadyShown).
+    /// arguments, it is shown modally, and the slot is empty again afterwards, whatever happened. The result
+    /// is the closed screen, from which the caller reads what it returns. A screen that is open already
+    /// raises HostError(code::alreadyShown).
     template <class Make, class Setup>
     auto show(std::string_view name, Make make, Setup setup) {
         auto screen = instance(name, make);

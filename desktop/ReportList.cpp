@@ -19,7 +19,8 @@ constexpr std::size_t mostShown = 1000;  // bytes of a cell that are drawn; no c
 wxString cellText(std::string_view text) {
     if (text.size() > mostShown) {
         std::size_t end = mostShown;
-        while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80) --end;  // whole characters
+        while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80)
+            --end;  // whole characters
         text = text.substr(0, end);
     }
     wxString shown = toWx(text);
@@ -112,7 +113,8 @@ int ReportList::naturalWidth(const ReportControl::Column& column) const {
 
 int ReportList::naturalWidth() const {
     int wide = 0;
-    for (const ReportControl::Column& column : report_.columns) wide += naturalWidth(column);
+    for (const ReportControl::Column& column : report_.columns)
+        wide += naturalWidth(column);
     return wide;
 }
 
@@ -126,7 +128,8 @@ void ReportList::stretchColumn() {
     for (int i = 0; i < GetColumnCount(); ++i) {
         if (i != stretched) others += GetColumnWidth(i);
     }
-    const int width = std::max(naturalWidth(columns[static_cast<std::size_t>(stretched)]), GetClientSize().x - others);
+    const int width =
+        std::max(naturalWidth(columns[static_cast<std::size_t>(stretched)]), GetClientSize().x - others);
     if (width != GetColumnWidth(stretched)) SetColumnWidth(stretched, width);
 }
 

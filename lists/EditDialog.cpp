@@ -40,7 +40,8 @@ EditDialog::EditDialog(Library& library, const EditDescription& description)
     for (const EditField& field : description.fields) {
         Field& made = fields_.emplace_back(Field{field, nullptr, nullptr});
         if (field.kind == EditField::Kind::Check) {
-            made.check = std::make_unique<CheckBox>(*this, std::string(field.control), std::string(field.label));
+            made.check =
+                std::make_unique<CheckBox>(*this, std::string(field.control), std::string(field.label));
             continue;
         }
         made.text = std::make_unique<TextBox>(*this, std::string(field.control));
@@ -67,7 +68,9 @@ Layout EditDialog::layout() {
     return column({form(std::move(rows)), spring(), row({spring(), item(cmdOK), item(cmdCancel)})});
 }
 
-void EditDialog::Form_Load() { restoreWindowPosition(*this); }
+void EditDialog::Form_Load() {
+    restoreWindowPosition(*this);
+}
 
 void EditDialog::Form_Activate() {
     if (activated_) return;
@@ -76,9 +79,13 @@ void EditDialog::Form_Activate() {
     loadRow();
 }
 
-bool EditDialog::Form_QueryUnload(bool byCloseBox) { return !(byCloseBox && busy_); }
+bool EditDialog::Form_QueryUnload(bool byCloseBox) {
+    return !(byCloseBox && busy_);
+}
 
-void EditDialog::Form_Unload() { saveWindowPosition(*this); }
+void EditDialog::Form_Unload() {
+    saveWindowPosition(*this);
+}
 
 void EditDialog::loadRow() {
     setCaption(std::string(ID == 0 ? description_.newCaption : description_.editCaption));
@@ -88,7 +95,8 @@ void EditDialog::loadRow() {
         cmdOK.setEnabled(false);
         const Records records =
             host().database().ExecuteRead(format("SELECT * FROM {0} WHERE ID = {1}", description_.table, ID));
-        for (Field& field : fields_) fill(field, records.first());
+        for (Field& field : fields_)
+            fill(field, records.first());
         cmdOK.setEnabled(true);
     }
     for (Field& field : fields_) {
@@ -100,26 +108,36 @@ void EditDialog::fill(Field& field, const Record& row) {
     const std::string_view column = field.description.column;
     switch (field.description.kind) {
         case EditField::Kind::Name:
-        case EditField::Kind::Whole: field.text->setText(modSharedXML::readText(column, row)); break;
+        case EditField::Kind::Whole:
+            field.text->setText(modSharedXML::readText(column, row));
+            break;
         case EditField::Kind::Percent:
             field.text->setText(numberText(modSharedXML::readSingle(column, row) * 100));
             break;
-        case EditField::Kind::Check: field.check->setChecked(modSharedXML::readBoolean(column, row)); break;
+        case EditField::Kind::Check:
+            field.check->setChecked(modSharedXML::readBoolean(column, row));
+            break;
     }
 }
 
 void EditDialog::checkNumber(Field& field) {
     const NumericBounds bounds{.maximum = field.description.maximum};
     switch (field.description.kind) {
-        case EditField::Kind::Whole: checkWholeNumberField(*field.text, bounds); break;
-        case EditField::Kind::Percent: checkDecimalField(*field.text, bounds); break;
+        case EditField::Kind::Whole:
+            checkWholeNumberField(*field.text, bounds);
+            break;
+        case EditField::Kind::Percent:
+            checkDecimalField(*field.text, bounds);
+            break;
         case EditField::Kind::Name:
-        case EditField::Kind::Check: break;
+        case EditField::Kind::Check:
+            break;
     }
 }
 
 bool EditDialog::validate() {
-    for (Field& field : fields_) checkNumber(field);
+    for (Field& field : fields_)
+        checkNumber(field);
 
     const Field& nameField = fields_.front();
     TextBox& name = *nameField.text;
@@ -139,17 +157,22 @@ bool EditDialog::validate() {
 
 std::string EditDialog::value(const Field& field) const {
     switch (field.description.kind) {
-        case EditField::Kind::Name: return doubleQuotes(field.text->text());
-        case EditField::Kind::Whole: return field.text->text();
-        case EditField::Kind::Percent: return numberText(fractionOf(field.text->text()));
-        case EditField::Kind::Check: return std::to_string(field.check->value());
+        case EditField::Kind::Name:
+            return doubleQuotes(field.text->text());
+        case EditField::Kind::Whole:
+            return field.text->text();
+        case EditField::Kind::Percent:
+            return numberText(fractionOf(field.text->text()));
+        case EditField::Kind::Check:
+            return std::to_string(field.check->value());
     }
     return {};
 }
 
 std::string EditDialog::filled(std::string_view statement) const {
     std::vector<Tag> tags;
-    for (const Field& field : fields_) tags.emplace_back(field.description.tag, value(field));
+    for (const Field& field : fields_)
+        tags.emplace_back(field.description.tag, value(field));
     tags.emplace_back("<id>", ID);
     return fillTags(statement, tags);
 }

@@ -36,8 +36,8 @@ class EditDialog : public HostScreen {
     /// A field of the description with its control.
     struct Field {
         const EditField& description;
-        std::unique_ptr<TextBox> text;   ///< every kind but Check
-        std::unique_ptr<CheckBox> check; ///< Check
+        std::unique_ptr<TextBox> text;    ///< every kind but Check
+        std::unique_ptr<CheckBox> check;  ///< Check
     };
 
     void cmdOK_Click();

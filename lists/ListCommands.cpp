@@ -18,9 +18,10 @@ void buildListCommands(CommandBars& bars, bool importAndExport, bool contextPopu
 
     const Command newItem{command::newItem, "New..."};
     bars.popups.push_back({.id = command::noItems, .caption = "No Items", .commands = {newItem}});
-    const Command oneItem{.id = command::oneItem,
-                          .caption = "One Item",
-                          .commands = {newItem, {command::editItem, "Edit..."}, {command::deleteItem, "Delete"}}};
+    const Command oneItem{
+        .id = command::oneItem,
+        .caption = "One Item",
+        .commands = {newItem, {command::editItem, "Edit..."}, {command::deleteItem, "Delete"}}};
     bars.popups.push_back(oneItem);
     bars.popups.push_back(oneItem);  // twice on purpose: the second stands where "several items" would
 }
@@ -30,14 +31,21 @@ void updateListCommand(Command& command, const ReportControl* items) {
         case command::import:
         case command::exportList:
         case command::print:
-        case command::save: command.enabled = true; break;
-        case command::newItem: command.enabled = items != nullptr; break;
+        case command::save:
+            command.enabled = true;
+            break;
+        case command::newItem:
+            command.enabled = items != nullptr;
+            break;
         case command::editItem:
             command.enabled = items && modSharedReportControl::oneFocused(*items) &&
                               items->selectedRows() == std::vector{*items->focusedRow()};
             break;
-        case command::deleteItem: command.enabled = items && modSharedReportControl::anySelected(*items); break;
-        default: break;
+        case command::deleteItem:
+            command.enabled = items && modSharedReportControl::anySelected(*items);
+            break;
+        default:
+            break;
     }
 }
 
@@ -46,8 +54,11 @@ void executeListCommand(int id, ReportControl& items) {
         case command::print:
             items.screen().desktop().printPreview(items.screen(), items, items.screen().caption());
             break;
-        case command::save: modSharedReportControl::saveAsText(items); break;
-        default: break;
+        case command::save:
+            modSharedReportControl::saveAsText(items);
+            break;
+        default:
+            break;
     }
 }
 

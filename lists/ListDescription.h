@@ -36,14 +36,14 @@ struct ListDescription {
     std::string_view caption;
     std::string_view table;
     std::string_view orderBy;
-    std::span<const ListColumn> columns;  ///< the first holds the row's name
-    std::optional<std::int32_t> securityArea;       ///< none: no rights are checked
-    std::optional<std::int16_t> listKind;           ///< none: no import and export
-    std::optional<std::int16_t> moveReferencesCode; ///< none: no "Move References"
+    std::span<const ListColumn> columns;             ///< the first holds the row's name
+    std::optional<std::int32_t> securityArea;        ///< none: no rights are checked
+    std::optional<std::int16_t> listKind;            ///< none: no import and export
+    std::optional<std::int16_t> moveReferencesCode;  ///< none: no "Move References"
     std::optional<DefaultSet> defaults;
     std::span<const DeletionCheck> deletionChecks;
     std::string_view deleteFailure;
-    Operation edit;     ///< the entry point of the edit dialog
+    Operation edit;          ///< the entry point of the edit dialog
     bool busyState = false;  ///< shown as busy while it loads or deletes
 };
 
@@ -74,7 +74,7 @@ struct EditDescription {
     std::string_view duplicate;         ///< told when another row has the name; empty: not checked
     std::string_view saveFailure;
     std::string_view insert;
-    std::string_view update;            ///< "<id>" is the row's `ID`
+    std::string_view update;  ///< "<id>" is the row's `ID`
 };
 
 }  // namespace tsln::lists

@@ -62,7 +62,8 @@ const FileFilter fileFilters[] = {{"XML Files", "*.xml"}, {"Text Files", "*.txt"
 /// The host's import/export engine, initialised and in the end terminated.
 class ImportExportEngine {
   public:
-    explicit ImportExportEngine(HostScreen& screen) : engine_(screen.desktop().createObject("tslniee5.Engine")) {
+    explicit ImportExportEngine(HostScreen& screen)
+        : engine_(screen.desktop().createObject("tslniee5.Engine")) {
         engine_->call("Initialize", screen.host().sharedCode());
     }
     ~ImportExportEngine() {

@@ -46,8 +46,8 @@ class ListScreen::Busy {
     explicit Busy(ListScreen& screen) : screen_(screen) {
         if (!screen_.description_.busyState) return;
         screen_.busy_ = true;
-        for (Button* button : {&screen_.cmdNew, &screen_.cmdEdit, &screen_.cmdDelete, &screen_.cmdMore,
-                               &screen_.cmdClose}) {
+        for (Button* button :
+             {&screen_.cmdNew, &screen_.cmdEdit, &screen_.cmdDelete, &screen_.cmdMore, &screen_.cmdClose}) {
             if (button->enabled()) waiting_.push_back(button);
             button->setEnabled(false);
         }
@@ -62,7 +62,8 @@ class ListScreen::Busy {
         screen_.setCaption(std::move(caption));
         screen_.setPointerBusy(false);
         // Just those that waited: work that failed must not open a command the user has no right to.
-        for (Button* button : waiting_) button->setEnabled(true);
+        for (Button* button : waiting_)
+            button->setEnabled(true);
         screen_.busy_ = false;
     }
     Busy(const Busy&) = delete;
@@ -134,16 +135,21 @@ void ListScreen::Form_Activate() {
     }
 }
 
-bool ListScreen::Form_QueryUnload(bool byCloseBox) { return !(byCloseBox && busy_); }
+bool ListScreen::Form_QueryUnload(bool byCloseBox) {
+    return !(byCloseBox && busy_);
+}
 
-void ListScreen::Form_Unload() { saveWindowPosition(*this); }
+void ListScreen::Form_Unload() {
+    saveWindowPosition(*this);
+}
 
 void ListScreen::cmdClose_Click() {
     closedByClose = true;
     unload();
 }
 
-// The rows --------------------------------------------------------------------------------------------------------
+// The rows
+// --------------------------------------------------------------------------------------------------------
 
 void ListScreen::loadList() {
     {
@@ -153,15 +159,16 @@ void ListScreen::loadList() {
         // The rows are in hand before the old ones go: a failed load leaves the list as it was.
         rptItems.clearRecords();
         RowReader reader(description_.columns);
-        for (const Record& record : records) rptItems.addRecord(reader.ID(record), reader.cells(record));
+        for (const Record& record : records)
+            rptItems.addRecord(reader.ID(record), reader.cells(record));
         rptItems.populate();
     }
     updateButtons();
 }
 
 void ListScreen::showSaved(std::int32_t ID, std::optional<std::size_t> edited) {
-    const Records records = host().database().ExecuteRead(
-        format("SELECT * FROM {0} WHERE ID = {1}", description_.table, ID));
+    const Records records =
+        host().database().ExecuteRead(format("SELECT * FROM {0} WHERE ID = {1}", description_.table, ID));
     const Record row = records.first();
     if (!row) return;  // gone again by another user's hand: what is shown stays until the next load
     RowReader reader(description_.columns);
@@ -252,7 +259,8 @@ bool ListScreen::can(Right right) const {
     return !description_.securityArea || host().security().CanDo(*description_.securityArea, right);
 }
 
-// The commands ----------------------------------------------------------------------------------------------------
+// The commands
+// ----------------------------------------------------------------------------------------------------
 
 void ListScreen::cbContext_Update(Command& command) {
     switch (command.id) {
@@ -260,8 +268,12 @@ void ListScreen::cbContext_Update(Command& command) {
             command.enabled = can(Right::Add) && can(Right::Edit) && oneFocused(rptItems);
             break;
         case command::import:
-        case command::installDefaults: command.enabled = can(Right::Add) && can(Right::Edit); break;
-        default: updateListCommand(command, &rptItems); break;
+        case command::installDefaults:
+            command.enabled = can(Right::Add) && can(Right::Edit);
+            break;
+        default:
+            updateListCommand(command, &rptItems);
+            break;
     }
 }
 
@@ -271,12 +283,18 @@ void ListScreen::cbContext_Execute(int id) {
             importList(*this, *description_.listKind);
             loadList();
             break;
-        case command::exportList: exportList(*this, *description_.listKind); break;
+        case command::exportList:
+            exportList(*this, *description_.listKind);
+            break;
         case command::moveReferences:
             library().ShowMoveReferences(*description_.moveReferencesCode, selectedID(rptItems));
             break;
-        case command::installDefaults: installDefaults(); break;
-        default: executeListCommand(id, rptItems); break;
+        case command::installDefaults:
+            installDefaults();
+            break;
+        default:
+            executeListCommand(id, rptItems);
+            break;
     }
 }
 

@@ -10,8 +10,8 @@
 
 namespace tsln::lists {
 
-/// The list screen of a lookup table: shows its rows and lets the user add, edit, delete, import, export, print
-/// and save them. What it is a list of stands in the description, which must outlive it.
+/// The list screen of a lookup table: shows its rows and lets the user add, edit, delete, import, export,
+/// print and save them. What it is a list of stands in the description, which must outlive it.
 class ListScreen : public HostScreen {
   public:
     ListScreen(Library& library, const ListDescription& description);

@@ -26,8 +26,9 @@ const DialogEntry dialogEntries[] = {
 
 void plugIn(Library& library) {
     for (const ListEntry& entry : listEntries) {
-        library.plugIn(entry.operation,
-                       [&entry](Library& self, Arguments) { return Variant(showList(self, entry.description)); });
+        library.plugIn(entry.operation, [&entry](Library& self, Arguments) {
+            return Variant(showList(self, entry.description));
+        });
     }
     for (const DialogEntry& entry : dialogEntries) {
         library.plugIn(entry.operation, [&entry](Library& self, Arguments a) {

@@ -44,10 +44,12 @@ const EditDescription termsDialog{
     .required = "You must enter a valid term.",
     .duplicate = "This term already exists.",
     .saveFailure = "There was a problem saving this term.",
-    .insert = "INSERT INTO Terms (Terms,DueDays,Discount,DiscountDays,Exported) "
-              "VALUES('<t>', <dd>, <dis>, <d>, <ex>)",
-    .update = "UPDATE Terms SET Terms = '<t>', DueDays = <dd>, Discount = <dis>, DiscountDays = <d>, "
-              "Exported = <ex> WHERE ID = <id>",
+    .insert =
+        "INSERT INTO Terms (Terms,DueDays,Discount,DiscountDays,Exported) "
+        "VALUES('<t>', <dd>, <dis>, <d>, <ex>)",
+    .update =
+        "UPDATE Terms SET Terms = '<t>', DueDays = <dd>, Discount = <dis>, DiscountDays = <d>, "
+        "Exported = <ex> WHERE ID = <id>",
 };
 
 }  // namespace tsln::lists

@@ -12,7 +12,8 @@ namespace {
 const FileFilter fileFilters[] = {{"Text Files", "*.txt"}, {"All Files (*.*)", "*.*"}};
 
 void appendValue(std::string& line, std::string_view value) {
-    for (const char c : value) line += c == '\t' || c == '\r' || c == '\n' ? ' ' : c;
+    for (const char c : value)
+        line += c == '\t' || c == '\r' || c == '\n' ? ' ' : c;
 }
 
 std::string asText(const ReportControl& items) {
@@ -42,10 +43,13 @@ bool writeFile(const std::string& path, const std::string& text) {
 }  // namespace
 
 bool anySelected(const ReportControl& items) {
-    return std::ranges::any_of(items.selectedRows(), [&](std::size_t row) { return !items.row(row).isGroup(); });
+    return std::ranges::any_of(items.selectedRows(),
+                               [&](std::size_t row) { return !items.row(row).isGroup(); });
 }
 
-bool oneFocused(const ReportControl& items) { return focusedRecord(items).has_value(); }
+bool oneFocused(const ReportControl& items) {
+    return focusedRecord(items).has_value();
+}
 
 std::optional<std::size_t> focusedRecord(const ReportControl& items) {
     const auto focused = items.focusedRow();

@@ -17,8 +17,8 @@ std::optional<std::size_t> focusedRecord(const ReportControl& items);
 /// The `ID` kept with the focused record, 0 when there is none.
 std::int32_t selectedID(const ReportControl& items);
 
-/// Lets the user name a text file and writes the rows to it as they are shown: a line of captions, then a line
-/// per row, columns separated by a tab; tabs and line breaks within a value become blanks. UTF-8.
+/// Lets the user name a text file and writes the rows to it as they are shown: a line of captions, then a
+/// line per row, columns separated by a tab; tabs and line breaks within a value become blanks. UTF-8.
 void saveAsText(ReportControl& items);
 
 }  // namespace tsln::modSharedReportControl

@@ -17,8 +17,8 @@ struct Command {
     std::vector<Command> commands;
 };
 
-/// The popups of a screen. A popup asks before it shows a command whether the command is enabled (onUpdate) and
-/// hands the chosen one over (onExecute).
+/// The popups of a screen. A popup asks before it shows a command whether the command is enabled (onUpdate)
+/// and hands the chosen one over (onExecute).
 class CommandBars : public Control {
   public:
     CommandBars(Screen& screen, std::string name) : Control(screen, std::move(name)) {}

@@ -43,16 +43,22 @@ void Control::setVisible(bool visible) {
     changed();
 }
 
-void Control::setFocus() { screen_.setFocus(*this); }
+void Control::setFocus() {
+    screen_.setFocus(*this);
+}
 
-void Control::userLeft() { fire(onLeave); }
+void Control::userLeft() {
+    fire(onLeave);
+}
 
 ObjectPtr Control::automation() {
     if (!automation_) automation_ = std::make_shared<Automation>(*this);
     return automation_;
 }
 
-void Control::changed() { screen_.controlChanged(*this); }
+void Control::changed() {
+    screen_.controlChanged(*this);
+}
 
 void Control::fire(const std::function<void()>& handler) {
     if (handler) screen_.handle(handler);

@@ -10,9 +10,9 @@ namespace tsln {
 
 class Screen;
 
-/// Something a screen shows. It holds state and knows no toolkit: the screen writes it, the front end draws it
-/// and reports the user's acts through the user...() functions, and the host may be handed it as an automation
-/// object. Controls are members of their screen and live as long as it does.
+/// Something a screen shows. It holds state and knows no toolkit: the screen writes it, the front end draws
+/// it and reports the user's acts through the user...() functions, and the host may be handed it as an
+/// automation object. Controls are members of their screen and live as long as it does.
 class Control {
   public:
     /// `name` as the host sees it ("txtTerms"); it must be unique within the screen and outlive the control.
@@ -39,7 +39,8 @@ class Control {
     std::function<void()> onLeave;
     void userLeft();
 
-    /// The control as the host sees it. The reference may outlive the control: its members then raise an error.
+    /// The control as the host sees it. The reference may outlive the control: its members then raise an
+    /// error.
     ObjectPtr automation();
 
     /// Answers a late-bound member: `Name`, `Enabled`, `Visible`, `SetFocus`, then what the kind adds.

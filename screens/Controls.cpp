@@ -9,14 +9,16 @@ namespace {
 template <class Self, std::size_t N>
 Variant invokeControl(Self& self, const Member<Self> (&members)[N], std::string_view member, Access access,
                       Arguments arguments) {
-    const bool own = std::ranges::any_of(members, [&](const auto& row) { return sameName(row.name, member); });
+    const bool own =
+        std::ranges::any_of(members, [&](const auto& row) { return sameName(row.name, member); });
     if (!own) return self.Control::invoke(member, access, arguments);
     return invokeMember<Self>(self, self.name(), members, member, access, arguments);
 }
 
 }  // namespace
 
-// Label -----------------------------------------------------------------------------------------------------------
+// Label
+// -----------------------------------------------------------------------------------------------------------
 
 void Label::setCaption(std::string caption) {
     caption_ = std::move(caption);
@@ -31,7 +33,8 @@ Variant Label::invoke(std::string_view member, Access access, Arguments argument
     return invokeControl(*this, members, member, access, arguments);
 }
 
-// Button ----------------------------------------------------------------------------------------------------------
+// Button
+// ----------------------------------------------------------------------------------------------------------
 
 void Button::setCaption(std::string caption) {
     caption_ = std::move(caption);
@@ -50,7 +53,8 @@ Variant Button::invoke(std::string_view member, Access access, Arguments argumen
     return invokeControl(*this, members, member, access, arguments);
 }
 
-// TextBox ---------------------------------------------------------------------------------------------------------
+// TextBox
+// ---------------------------------------------------------------------------------------------------------
 
 void TextBox::setText(std::string text) {
     if (text_ == text) return;
@@ -80,7 +84,8 @@ Variant TextBox::invoke(std::string_view member, Access access, Arguments argume
     return invokeControl(*this, members, member, access, arguments);
 }
 
-// CheckBox --------------------------------------------------------------------------------------------------------
+// CheckBox
+// --------------------------------------------------------------------------------------------------------
 
 void CheckBox::setChecked(bool checked) {
     if (checked_ == checked) return;
@@ -103,7 +108,8 @@ Variant CheckBox::invoke(std::string_view member, Access access, Arguments argum
     return invokeControl(*this, members, member, access, arguments);
 }
 
-// ComboBox --------------------------------------------------------------------------------------------------------
+// ComboBox
+// --------------------------------------------------------------------------------------------------------
 
 int ComboBox::addItem(std::string text, std::int32_t itemData) {
     entries_.push_back({std::move(text), itemData});
@@ -171,8 +177,8 @@ Variant ComboBox::invoke(std::string_view member, Access access, Arguments argum
          [](ComboBox& self, Arguments a) {
              a.require(1, 2);
              if (!a.has(1)) return Variant(self.addItem(a[0].toText()));
-             const auto at = std::clamp<std::int32_t>(a[1].toLong(), 0,
-                                                      static_cast<std::int32_t>(self.entries_.size()));
+             const auto at =
+                 std::clamp<std::int32_t>(a[1].toLong(), 0, static_cast<std::int32_t>(self.entries_.size()));
              self.entries_.insert(self.entries_.begin() + at, Entry{a[0].toText()});
              if (self.listIndex_ >= at) ++self.listIndex_;
              self.newIndex_ = at;
@@ -209,7 +215,8 @@ Variant ComboBox::invoke(std::string_view member, Access access, Arguments argum
              entry(self, a[0]).text = a[1].toText();
              self.changed();
          }},
-        {"ListCount", [](ComboBox& self, Arguments) { return Variant(static_cast<std::int32_t>(self.entries_.size())); }},
+        {"ListCount",
+         [](ComboBox& self, Arguments) { return Variant(static_cast<std::int32_t>(self.entries_.size())); }},
         {"ListIndex", [](ComboBox& self, Arguments) { return Variant(self.listIndex_); },
          [](ComboBox& self, Arguments a) { self.setListIndex(a[0].toLong()); }},
         {"NewIndex", [](ComboBox& self, Arguments) { return Variant(self.newIndex_); }},

@@ -58,10 +58,10 @@ class TextBox : public Control {
     bool locked() const noexcept { return locked_; }
     void setLocked(bool locked);
 
-    bool multiLine = false;       ///< set before the screen is shown
-    bool rightAligned = false;    ///< set before the screen is shown
-    int widthInCharacters = 30;   ///< the least width; set before the screen is shown
-    std::size_t maxLength = 0;    ///< in characters; 0 means no limit; set before the screen is shown
+    bool multiLine = false;      ///< set before the screen is shown
+    bool rightAligned = false;   ///< set before the screen is shown
+    int widthInCharacters = 30;  ///< the least width; set before the screen is shown
+    std::size_t maxLength = 0;   ///< in characters; 0 means no limit; set before the screen is shown
 
     std::function<void()> onChange;
     /// The user changed the text.
@@ -121,8 +121,8 @@ class ComboBox : public Control {
     const std::string& text() const noexcept { return text_; }
     void setText(std::string text);
 
-    bool editable = false;      ///< free text allowed; set before the screen is shown
-    int widthInCharacters = 24; ///< set before the screen is shown
+    bool editable = false;       ///< free text allowed; set before the screen is shown
+    int widthInCharacters = 24;  ///< set before the screen is shown
 
     std::function<void()> onClick;   ///< an entry was chosen
     std::function<void()> onChange;  ///< the text of an editable list was typed

@@ -47,7 +47,8 @@ class Desktop {
     /// The file the user picked in an existing-file dialog; nothing when cancelled.
     virtual std::optional<std::string> openFile(Screen& owner, std::string_view title,
                                                 std::span<const FileFilter> filters) = 0;
-    /// The file name the user picked for writing, replacing an existing one confirmed; nothing when cancelled.
+    /// The file name the user picked for writing, replacing an existing one confirmed; nothing when
+    /// cancelled.
     virtual std::optional<std::string> saveFile(Screen& owner, std::string_view title,
                                                 std::span<const FileFilter> filters) = 0;
     /// Shows the popup under a control and returns the chosen command's identifier, 0 when none was chosen.
@@ -58,8 +59,8 @@ class Desktop {
 
     /// Lets pending screen messages be processed.
     virtual void yield() = 0;
-    /// Starts a process from its command line and returns when it has ended; screens keep repainting, but take
-    /// no input meanwhile. A process that cannot be started ends the call at once.
+    /// Starts a process from its command line and returns when it has ended; screens keep repainting, but
+    /// take no input meanwhile. A process that cannot be started ends the call at once.
     virtual ProcessEnd runAndWait(std::string_view commandLine) = 0;
     /// Starts a program with the shell's "open" verb in the normal show state and returns at once.
     virtual void shellOpen(std::string_view file, std::string_view arguments) = 0;

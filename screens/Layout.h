@@ -21,7 +21,9 @@ struct Layout {
 namespace layout {
 
 /// One control in its natural size.
-inline Layout item(Control& control) { return {.kind = Layout::Kind::Item, .control = &control}; }
+inline Layout item(Control& control) {
+    return {.kind = Layout::Kind::Item, .control = &control};
+}
 /// One control that takes the room that is left.
 inline Layout fill(Control& control) {
     return {.kind = Layout::Kind::Item, .control = &control, .stretches = true};
@@ -43,7 +45,9 @@ inline Layout field(std::string caption, Control& control) {
     return {.kind = Layout::Kind::Field, .control = &control, .caption = std::move(caption)};
 }
 /// Empty room that grows.
-inline Layout spring() { return {.kind = Layout::Kind::Spring, .stretches = true}; }
+inline Layout spring() {
+    return {.kind = Layout::Kind::Spring, .stretches = true};
+}
 /// Lets a row, column or form take the room that is left.
 inline Layout stretch(Layout inner) {
     inner.stretches = true;

@@ -11,9 +11,12 @@
 
 namespace tsln {
 
-// Records ---------------------------------------------------------------------------------------------------------
+// Records
+// ---------------------------------------------------------------------------------------------------------
 
-std::size_t ReportControl::recordCount() const noexcept { return ids_.size() - removedCount_; }
+std::size_t ReportControl::recordCount() const noexcept {
+    return ids_.size() - removedCount_;
+}
 
 ReportControl::Text ReportControl::store(std::string_view text) {
     if (text_.size() + text.size() > std::numeric_limits<std::uint32_t>::max()) {
@@ -68,7 +71,9 @@ void ReportControl::reserve(std::size_t records, std::size_t textBytes) {
     removed_.reserve(removed_.size() + records);
 }
 
-std::int32_t ReportControl::id(std::size_t record) const { return ids_.at(record); }
+std::int32_t ReportControl::id(std::size_t record) const {
+    return ids_.at(record);
+}
 
 std::string_view ReportControl::cell(std::size_t record, std::size_t column) const {
     if (column >= columns.size()) throw std::out_of_range("ReportControl: no such column");
@@ -83,7 +88,8 @@ std::optional<std::size_t> ReportControl::findRecord(std::int32_t id) const {
     return std::nullopt;
 }
 
-// Rows ------------------------------------------------------------------------------------------------------------
+// Rows
+// ------------------------------------------------------------------------------------------------------------
 
 /// Closes the gaps that removed records left; returns each record's new index by its old one.
 std::vector<std::uint32_t> ReportControl::compact() {
@@ -143,9 +149,9 @@ void ReportControl::populate() {
     const bool hadFocus = focusedRow_.has_value();
     std::uint32_t focusedRecord = hadFocus ? rows_[*focusedRow_].record : Row::noRecord;
     // How many records that are still there stood before the focus: the place of its successor.
-    const auto placeOfFocus = std::count_if(
-        rows_.begin(), rows_.begin() + static_cast<std::ptrdiff_t>(focusedRow_.value_or(0)),
-        [&](const Row& row) { return !row.isGroup() && !removed_[row.record]; });
+    const auto placeOfFocus =
+        std::count_if(rows_.begin(), rows_.begin() + static_cast<std::ptrdiff_t>(focusedRow_.value_or(0)),
+                      [&](const Row& row) { return !row.isGroup() && !removed_[row.record]; });
 
     if (removedCount_ > 0) {
         const auto moved = compact();
@@ -166,8 +172,9 @@ void ReportControl::populate() {
     std::ptrdiff_t place = 0;
     std::optional<std::size_t> successor;
     for (const std::uint32_t record : orderedRecords()) {
-        if (grouped && (before == Row::noRecord || modSharedStrings::compareNoCase(cell(before, *groupColumn_),
-                                                                                  cell(record, *groupColumn_)) != 0)) {
+        if (grouped &&
+            (before == Row::noRecord || modSharedStrings::compareNoCase(cell(before, *groupColumn_),
+                                                                        cell(record, *groupColumn_)) != 0)) {
             rows_.push_back({.firstOfGroup = record});
         }
         before = record;
@@ -192,7 +199,8 @@ std::string_view ReportControl::rowText(std::size_t row, std::size_t column) con
     return column == 0 ? cell(shown.firstOfGroup, *groupColumn_) : std::string_view();
 }
 
-// Order -----------------------------------------------------------------------------------------------------------
+// Order
+// -----------------------------------------------------------------------------------------------------------
 
 void ReportControl::sortBy(std::optional<SortOrder> order) {
     sortOrder_ = order;
@@ -211,9 +219,12 @@ void ReportControl::userClickHeader(std::size_t column) {
     fire(onSelectionChanged);
 }
 
-// Selection -------------------------------------------------------------------------------------------------------
+// Selection
+// -------------------------------------------------------------------------------------------------------
 
-bool ReportControl::isSelected(std::size_t row) const { return std::ranges::binary_search(selected_, row); }
+bool ReportControl::isSelected(std::size_t row) const {
+    return std::ranges::binary_search(selected_, row);
+}
 
 void ReportControl::selectRow(std::size_t row) {
     if (row >= rows_.size()) throw std::out_of_range("ReportControl: no such row");

@@ -15,9 +15,9 @@ namespace tsln {
 /// A list of records in columns: sortable by header, optionally grouped, with a selection and a focused row.
 ///
 /// Two views of the same data: *records* in the order they were added, each with its `ID` and its cells, and
-/// *rows* as the user sees them, sorted and with group rows between; populate() makes the rows from the records.
-/// Cell texts lie in one block of memory, so a list of 100,000 records costs a handful of allocations.
-/// Indexes are zero-based. An index that does not exist raises std::out_of_range.
+/// *rows* as the user sees them, sorted and with group rows between; populate() makes the rows from the
+/// records. Cell texts lie in one block of memory, so a list of 100,000 records costs a handful of
+/// allocations. Indexes are zero-based. An index that does not exist raises std::out_of_range.
 class ReportControl : public Control {
   public:
     ReportControl(Screen& screen, std::string name) : Control(screen, std::move(name)) {}
@@ -31,7 +31,8 @@ class ReportControl : public Control {
     };
     std::vector<Column> columns;  ///< define them before the first record
 
-    // Records -------------------------------------------------------------------------------------------------
+    // Records
+    // -------------------------------------------------------------------------------------------------
     std::size_t recordCount() const noexcept;  ///< without the removed ones
     /// Adds a record and returns its index; missing cells are empty. It is shown from the next populate() on.
     std::size_t addRecord(std::int32_t id, std::span<const std::string_view> cells);
@@ -46,14 +47,15 @@ class ReportControl : public Control {
     /// The record with this `ID`, if there is one.
     std::optional<std::size_t> findRecord(std::int32_t id) const;
 
-    // Rows ----------------------------------------------------------------------------------------------------
+    // Rows
+    // ----------------------------------------------------------------------------------------------------
     /// Makes the rows anew from the records, sorted and grouped; selection and focus stay with their records,
     /// and the focus of a removed record goes to the row that took its place.
     void populate();
     struct Row {
         static constexpr std::uint32_t noRecord = UINT32_MAX;
-        std::uint32_t record = noRecord;       ///< the record, or noRecord for a group row
-        std::uint32_t firstOfGroup = noRecord; ///< for a group row: a record that holds the group's text
+        std::uint32_t record = noRecord;        ///< the record, or noRecord for a group row
+        std::uint32_t firstOfGroup = noRecord;  ///< for a group row: a record that holds the group's text
         bool isGroup() const noexcept { return record == noRecord; }
     };
     std::size_t rowCount() const noexcept { return rows_.size(); }
@@ -63,14 +65,16 @@ class ReportControl : public Control {
     /// The text shown in a row's column; a group row shows the group's text in the first column.
     std::string_view rowText(std::size_t row, std::size_t column) const;
 
-    // Order ---------------------------------------------------------------------------------------------------
+    // Order
+    // ---------------------------------------------------------------------------------------------------
     struct SortOrder {
         std::size_t column = 0;
         bool descending = false;
         friend bool operator==(SortOrder, SortOrder) = default;
     };
     const std::optional<SortOrder>& sortOrder() const noexcept { return sortOrder_; }
-    /// Sorts the rows (text without letter case, equal rows keep their order); no value is the records' order.
+    /// Sorts the rows (text without letter case, equal rows keep their order); no value is the records'
+    /// order.
     void sortBy(std::optional<SortOrder> order);
     /// Groups the rows by a column's text, or ungroups them.
     void groupBy(std::optional<std::size_t> column);
@@ -78,7 +82,8 @@ class ReportControl : public Control {
     /// The user clicked a column's header: sort by it, or turn its order round.
     void userClickHeader(std::size_t column);
 
-    // Selection -----------------------------------------------------------------------------------------------
+    // Selection
+    // -----------------------------------------------------------------------------------------------
     /// The selected rows from the first to the last, group rows included.
     const std::vector<std::size_t>& selectedRows() const noexcept { return selected_; }
     bool isSelected(std::size_t row) const;
@@ -91,7 +96,7 @@ class ReportControl : public Control {
     std::function<void(std::size_t row)> onRowDoubleClick;  ///< a double click, or Enter on the focused row
     std::function<void()> onInsertKey;
     std::function<void()> onDeleteKey;
-    std::function<void(std::size_t row)> onContextMenu;     ///< the row, or rowCount() when none was hit
+    std::function<void(std::size_t row)> onContextMenu;  ///< the row, or rowCount() when none was hit
     /// The user's selection and focus as they are now. `selected` holds ascending rows.
     void userSelect(std::span<const std::size_t> selected, std::optional<std::size_t> focused);
     void userSelectAll();
@@ -112,13 +117,13 @@ class ReportControl : public Control {
     std::vector<std::uint32_t> compact();
     std::vector<std::uint32_t> orderedRecords() const;
 
-    std::string text_;                  // every cell's characters, one after another
-    std::vector<Text> cells_;           // recordCount * columns
-    std::vector<std::int32_t> ids_;     // by record
-    std::vector<bool> removed_;         // by record
+    std::string text_;               // every cell's characters, one after another
+    std::vector<Text> cells_;        // recordCount * columns
+    std::vector<std::int32_t> ids_;  // by record
+    std::vector<bool> removed_;      // by record
     std::size_t removedCount_ = 0;
     std::vector<Row> rows_;
-    std::vector<std::size_t> selected_; // ascending, so that what a selection costs depends on its own size
+    std::vector<std::size_t> selected_;  // ascending, so that what a selection costs depends on its own size
     std::optional<std::size_t> focusedRow_;
     std::optional<SortOrder> sortOrder_;
     std::optional<std::size_t> groupColumn_;

@@ -46,9 +46,13 @@ void Screen::hide() {
     if (view_) view_->screenChanged();
 }
 
-void Screen::unload() { close(false); }
+void Screen::unload() {
+    close(false);
+}
 
-void Screen::userClose() { close(true); }
+void Screen::userClose() {
+    close(true);
+}
 
 void Screen::userHelp() {
     handle([this] { Form_Help(); });

@@ -60,11 +60,12 @@ class Screen {
     Placement placement;
     bool resizable = true;
 
-    // Life ----------------------------------------------------------------------------------------------------
+    // Life
+    // ----------------------------------------------------------------------------------------------------
     void load();
     bool loaded() const noexcept { return loaded_; }
-    /// Shows the screen modally and returns when it is hidden or unloaded. A screen that is shown already raises
-    /// HostError(code::alreadyShown).
+    /// Shows the screen modally and returns when it is hidden or unloaded. A screen that is shown already
+    /// raises HostError(code::alreadyShown).
     void showModal();
     bool shown() const noexcept { return shown_; }
     /// The screen came to the front. Called by the front end.
@@ -77,7 +78,8 @@ class Screen {
     /// The user asks for help by F1.
     void userHelp();
 
-    /// The control that has the focus, or is to have it once the screen is shown; null leaves it to the layout.
+    /// The control that has the focus, or is to have it once the screen is shown; null leaves it to the
+    /// layout.
     Control* focusedControl() const noexcept { return focused_; }
     void setFocus(Control& control);
     /// The focus went to this control by the user's act. Called by the front end.

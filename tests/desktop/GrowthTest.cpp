@@ -81,7 +81,8 @@ TEST(Growth, AThousandListsAndDialogsLeaveNothingBehind) {
     const long growth = memoryInUse() - before;
     RecordProperty("growth_kb", static_cast<int>(growth));
 #ifdef __SANITIZE_ADDRESS__
-    constexpr long allowed = 20 * 1024;  // the sanitizer holds freed memory back; a window kept costs far more
+    constexpr long allowed =
+        20 * 1024;  // the sanitizer holds freed memory back; a window kept costs far more
 #else
     constexpr long allowed = 512;
 #endif

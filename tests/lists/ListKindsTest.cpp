@@ -21,7 +21,8 @@ void runCommands(Stage& stage, std::deque<int> commands, std::deque<std::string>
     stage.desktop.popupChoices = std::move(commands);
     stage.desktop.files = std::move(files);
     stage.desktop.user<ListScreen>("frmTerms", [count](ListScreen& screen) {
-        for (std::size_t i = 0; i < count; ++i) screen.cmdMore.userPress();
+        for (std::size_t i = 0; i < count; ++i)
+            screen.cmdMore.userPress();
     });
     lists::showList(*stage.library, list);
 }
@@ -41,7 +42,8 @@ TEST(ListKinds, NamesAndExportQueries) {
         EXPECT_EQ(lists::findListKind(none).exportQuery, "");
     }
     int known = 0;
-    for (std::int16_t kind = 1; kind <= 36; ++kind) known += lists::findListKind(kind).listName.empty() ? 0 : 1;
+    for (std::int16_t kind = 1; kind <= 36; ++kind)
+        known += lists::findListKind(kind).listName.empty() ? 0 : 1;
     EXPECT_EQ(known, 35);
 }
 
@@ -52,15 +54,17 @@ TEST(ListKinds, ImportHandsTheFileToTheEngineAndReloads) {
     const auto& calls = stage.host->calls;
     const auto engine = std::ranges::find_if(calls, [](auto& c) { return c.starts_with("tslniee5"); });
     ASSERT_NE(engine, calls.end());
-    EXPECT_THAT(std::vector(engine, engine + 3),
-                ElementsAre("tslniee5.Engine.Initialize(object)",
-                            "tslniee5.Engine.ImportFile(/in/terms.xml, Terms)", "tslniee5.Engine.PreTerminate()"));
+    EXPECT_THAT(
+        std::vector(engine, engine + 3),
+        ElementsAre("tslniee5.Engine.Initialize(object)", "tslniee5.Engine.ImportFile(/in/terms.xml, Terms)",
+                    "tslniee5.Engine.PreTerminate()"));
     EXPECT_THAT(stage.desktop.boxes,
                 ElementsAre(Box{"The terms were imported.", MessageButtons::Ok, MessageIcon::Information}));
     EXPECT_EQ(stage.desktop.fileDialogs.at(0).title, "Open");
     EXPECT_THAT(stage.desktop.fileDialogs.at(0).filters,
                 ElementsAre("XML Files|*.xml", "Text Files|*.txt", "All Files|*.*"));
-    EXPECT_EQ(stage.host->callsOf("Database.ExecuteRead").size(), 3U) << "the list is loaded again after each";
+    EXPECT_EQ(stage.host->callsOf("Database.ExecuteRead").size(), 3U)
+        << "the list is loaded again after each";
 }
 
 TEST(ListKinds, ExportHandsTheQueryToTheEngine) {
@@ -72,12 +76,13 @@ TEST(ListKinds, ExportHandsTheQueryToTheEngine) {
         const auto& calls = stage.host->calls;
         const auto engine = std::ranges::find_if(calls, [](auto& c) { return c.starts_with("tslniee5"); });
         ASSERT_NE(engine, calls.end());
-        EXPECT_THAT(std::vector(engine, engine + 5),
-                    ElementsAre("tslniee5.Engine.Initialize(object)",
-                                "tslniee5.Engine.SimpleExport=(" + std::string(*portable == '1' ? "True" : "False") +
-                                    ")",
-                                "tslniee5.Engine.AddToExport(Terms, SELECT * FROM vwExporting_Terms)",
-                                "tslniee5.Engine.DoExport(/out/terms {0}.xml)", "tslniee5.Engine.PreTerminate()"));
+        EXPECT_THAT(
+            std::vector(engine, engine + 5),
+            ElementsAre(
+                "tslniee5.Engine.Initialize(object)",
+                "tslniee5.Engine.SimpleExport=(" + std::string(*portable == '1' ? "True" : "False") + ")",
+                "tslniee5.Engine.AddToExport(Terms, SELECT * FROM vwExporting_Terms)",
+                "tslniee5.Engine.DoExport(/out/terms {0}.xml)", "tslniee5.Engine.PreTerminate()"));
         EXPECT_THAT(stage.desktop.boxes, ElementsAre(Box{"The terms were exported to '/out/terms {0}.xml'",
                                                          MessageButtons::Ok, MessageIcon::Information}));
         EXPECT_EQ(stage.desktop.fileDialogs.at(0).title, "Save As");
@@ -131,8 +136,10 @@ TEST(ListCommands, PopupsAreBuiltAsTheListAsksFor) {
         CommandBars bars(screen, "cb");
         lists::buildListCommands(bars, c.importAndExport, c.contextPopups);
         std::vector<int> popups, more;
-        for (const Command& popup : bars.popups) popups.push_back(popup.id);
-        for (const Command& command : bars.popups[0].commands) more.push_back(command.id);
+        for (const Command& popup : bars.popups)
+            popups.push_back(popup.id);
+        for (const Command& command : bars.popups[0].commands)
+            more.push_back(command.id);
         EXPECT_EQ(popups, c.popups);
         EXPECT_EQ(more, c.more);
         if (c.contextPopups) {

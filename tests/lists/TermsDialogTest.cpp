@@ -18,8 +18,12 @@ constexpr auto rowSeven =
     "<Records><Record><ID>7</ID><Terms>2% 10 Net 30</Terms><DueDays>30</DueDays><Discount>0.025</Discount>"
     "<DiscountDays>10</DiscountDays><Exported>1</Exported></Record></Records>";
 
-TextBox& box(Screen& dialog, std::string_view name) { return dynamic_cast<TextBox&>(*dialog.control(name)); }
-CheckBox& exported(Screen& dialog) { return dynamic_cast<CheckBox&>(*dialog.control("chkExported")); }
+TextBox& box(Screen& dialog, std::string_view name) {
+    return dynamic_cast<TextBox&>(*dialog.control(name));
+}
+CheckBox& exported(Screen& dialog) {
+    return dynamic_cast<CheckBox&>(*dialog.control("chkExported"));
+}
 
 void type(Screen& dialog, const std::string& terms, const std::string& dueIn, const std::string& discount,
           const std::string& discountDays) {
@@ -115,10 +119,11 @@ TEST(TermsDialog, RefusesAnEmptyAndADuplicateName) {
     });
     EXPECT_EQ(stage.library->ShowEditTerms(0), 0);
     using Box = ScriptedDesktop::Box;
-    EXPECT_THAT(stage.desktop.boxes,
-                ElementsAre(Box{"You must enter a valid term.", MessageButtons::Ok, MessageIcon::Exclamation},
-                            Box{"This term already exists.", MessageButtons::Ok, MessageIcon::Exclamation},
-                            Box{"You must enter a valid term.", MessageButtons::Ok, MessageIcon::Exclamation}));
+    EXPECT_THAT(
+        stage.desktop.boxes,
+        ElementsAre(Box{"You must enter a valid term.", MessageButtons::Ok, MessageIcon::Exclamation},
+                    Box{"This term already exists.", MessageButtons::Ok, MessageIcon::Exclamation},
+                    Box{"You must enter a valid term.", MessageButtons::Ok, MessageIcon::Exclamation}));
     EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQueryWithID"), IsEmpty());
 }
 
@@ -148,9 +153,10 @@ TEST(TermsDialog, NumbersAreCorrectedBeforeTheyReachTheDatabase) {
                 dialog.cmdOK.userPress();
             });
             stage.library->ShowEditTerms(0);
-            EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQueryWithID"),
-                        ElementsAre("INSERT INTO Terms (Terms,DueDays,Discount,DiscountDays,Exported) VALUES('T', " +
-                                    std::string(c.filled) + ", 0)"))
+            EXPECT_THAT(
+                stage.host->callsOf("Database.ExecuteNonQueryWithID"),
+                ElementsAre("INSERT INTO Terms (Terms,DueDays,Discount,DiscountDays,Exported) VALUES('T', " +
+                            std::string(c.filled) + ", 0)"))
                 << c.dueIn;
             if (withChecker) {
                 EXPECT_THAT(seen, ElementsAre(c.dueIn, c.days));
@@ -183,7 +189,8 @@ TEST(TermsDialog, AFailedSaveKeepsTheInputAndCanBeTriedAgain) {
         stage.host->rows(readSeven, rowSeven);
         int tries = 0;
         stage.host->on("Database.ExecuteNonQuery", [&](Arguments) { return Variant(++tries > 1); });
-        stage.host->on("Database.ExecuteNonQueryWithID", [&](Arguments) { return Variant(++tries > 1 ? 8 : -1); });
+        stage.host->on("Database.ExecuteNonQueryWithID",
+                       [&](Arguments) { return Variant(++tries > 1 ? 8 : -1); });
         stage.desktop.user<EditDialog>("frmTerms_Edit", [](EditDialog& dialog) {
             type(dialog, "Net 5", "5", "1", "2");
             dialog.cmdOK.userPress();
@@ -232,7 +239,8 @@ TEST(TermsDialog, ARowThatCouldNotBeReadCannotBeSavedOver) {
 
 TEST(TermsDialog, OddNamesTravelWhole) {
     std::string longName;
-    while (longName.size() < 60'000) longName += "Zahlung \xF0\x9F\xAA\x9F \"\\ ";
+    while (longName.size() < 60'000)
+        longName += "Zahlung \xF0\x9F\xAA\x9F \"\\ ";
     const std::string names[] = {"a'b''c", "line one\r\nline two", "{0}{16}", "<Bold>x</Bold>",
                                  modSharedStrings::trim(longName)};
     for (const std::string& name : names) {

@@ -15,8 +15,12 @@ using testing::ElementsAre;
 class NoDesktop : public Desktop {
     void showModal(Screen&) override {}
     MessageAnswer messageBox(Screen*, std::string_view, MessageButtons, MessageIcon) override { return {}; }
-    std::optional<std::string> openFile(Screen&, std::string_view, std::span<const FileFilter>) override { return {}; }
-    std::optional<std::string> saveFile(Screen&, std::string_view, std::span<const FileFilter>) override { return {}; }
+    std::optional<std::string> openFile(Screen&, std::string_view, std::span<const FileFilter>) override {
+        return {};
+    }
+    std::optional<std::string> saveFile(Screen&, std::string_view, std::span<const FileFilter>) override {
+        return {};
+    }
     int choosePopup(Screen&, const Command&, Control&) override { return 0; }
     void printPreview(Screen&, const ReportControl&, std::string_view) override {}
     void showHelp(Screen&, std::string_view, std::int32_t) override {}
@@ -47,7 +51,8 @@ class ReportControlTest : public testing::Test {
     }
     std::vector<std::string> shown(std::size_t column = 0) {
         std::vector<std::string> texts;
-        for (std::size_t row = 0; row < list.rowCount(); ++row) texts.emplace_back(list.rowText(row, column));
+        for (std::size_t row = 0; row < list.rowCount(); ++row)
+            texts.emplace_back(list.rowText(row, column));
         return texts;
     }
 
@@ -89,7 +94,8 @@ TEST_F(ReportControlTest, GroupsStandBeforeTheirSortedRows) {
 }
 
 TEST_F(ReportControlTest, SelectionAndFocusStayWithTheirRecords) {
-    for (int i = 0; i < 5; ++i) add(i + 1, std::string(1, static_cast<char>('e' - i)));
+    for (int i = 0; i < 5; ++i)
+        add(i + 1, std::string(1, static_cast<char>('e' - i)));
     list.populate();
     list.userSelect(std::vector<std::size_t>{1, 3, 77}, 3);
     EXPECT_THAT(list.selectedRows(), ElementsAre(1U, 3U)) << "a row that is not there cannot be selected";
@@ -108,7 +114,8 @@ TEST_F(ReportControlTest, SelectionAndFocusStayWithTheirRecords) {
 
     // Several rows go at once, the focused one among them; then all that follows it.
     list.userSelect(std::vector<std::size_t>{0, 1}, 1);
-    for (const std::size_t row : list.selectedRows()) list.removeRecord(list.row(row).record);
+    for (const std::size_t row : list.selectedRows())
+        list.removeRecord(list.row(row).record);
     list.populate();
     EXPECT_THAT(shown(), ElementsAre("d", "e"));
     EXPECT_EQ(list.focusedRow(), 0U);

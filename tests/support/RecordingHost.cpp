@@ -21,7 +21,9 @@ class Document : public Object {
 const std::set<std::string> subObjects{"Database", "Common",   "Security", "Options",
                                        "Messages", "Activity", "Profiles"};
 
-std::string describe(const Variant& value) { return value.isObject() ? "object" : value.toText(); }
+std::string describe(const Variant& value) {
+    return value.isObject() ? "object" : value.toText();
+}
 
 }  // namespace
 
@@ -41,11 +43,17 @@ class RecordingHost::Part : public Object {
     std::string prefix_;
 };
 
-std::shared_ptr<RecordingHost> RecordingHost::make() { return std::make_shared<RecordingHost>(); }
+std::shared_ptr<RecordingHost> RecordingHost::make() {
+    return std::make_shared<RecordingHost>();
+}
 
-ObjectPtr RecordingHost::sharedCode() { return part(""); }
+ObjectPtr RecordingHost::sharedCode() {
+    return part("");
+}
 
-ObjectPtr RecordingHost::component(std::string_view programId) { return part(std::string(programId) + "."); }
+ObjectPtr RecordingHost::component(std::string_view programId) {
+    return part(std::string(programId) + ".");
+}
 
 ObjectPtr RecordingHost::part(std::string prefix) {
     const auto made = std::make_shared<Part>(weak_from_this(), std::move(prefix));
@@ -68,11 +76,16 @@ Variant RecordingHost::answer(const std::string& path, Access access, Arguments 
     }
     if (const int number = callCount_++; fault_ && fault_->number == number) {
         switch (fault_->fault) {
-            case Fault::Raise: throw HostError(code::fail, "Host", "The host raised an error.");
-            case Fault::False: return false;
-            case Fault::Nothing: return ObjectPtr();
-            case Fault::WrongType: return "neither fish nor fowl";
-            case Fault::Empty: return {};
+            case Fault::Raise:
+                throw HostError(code::fail, "Host", "The host raised an error.");
+            case Fault::False:
+                return false;
+            case Fault::Nothing:
+                return ObjectPtr();
+            case Fault::WrongType:
+                return "neither fish nor fowl";
+            case Fault::Empty:
+                return {};
         }
     }
     if (fetch) return part(path + ".");
@@ -100,7 +113,8 @@ std::vector<std::string> RecordingHost::callsOf(std::string_view path) const {
     std::vector<std::string> found;
     const std::string start = std::string(path) + "(";
     for (const std::string& call : calls) {
-        if (call.starts_with(start)) found.push_back(call.substr(start.size(), call.size() - start.size() - 1));
+        if (call.starts_with(start))
+            found.push_back(call.substr(start.size(), call.size() - start.size() - 1));
     }
     return found;
 }
@@ -114,6 +128,8 @@ bool RecordingHost::told() const {
     return std::ranges::any_of(calls, [](const std::string& call) { return call.starts_with("Show"); });
 }
 
-ObjectPtr makeDocument(std::string xml) { return std::make_shared<Document>(std::move(xml)); }
+ObjectPtr makeDocument(std::string xml) {
+    return std::make_shared<Document>(std::move(xml));
+}
 
 }  // namespace tsln::test

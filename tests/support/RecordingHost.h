@@ -14,8 +14,9 @@ namespace tsln::test {
 /// A host that writes down what is asked of it and answers as the test says.
 ///
 /// A call is known by its path: "ShowMessageStyle1" on the shared-code object, "Database.ExecuteRead" on a
-/// sub-object, "tslniee5.Engine.DoExport" on a component. Without an answer of the test's own a host with every
-/// right and an empty database answers. Any one call, the fetching of a sub-object included, can be made to fail.
+/// sub-object, "tslniee5.Engine.DoExport" on a component. Without an answer of the test's own a host with
+/// every right and an empty database answers. Any one call, the fetching of a sub-object included, can be
+/// made to fail.
 class RecordingHost : public std::enable_shared_from_this<RecordingHost> {
   public:
     static std::shared_ptr<RecordingHost> make();
@@ -41,7 +42,8 @@ class RecordingHost : public std::enable_shared_from_this<RecordingHost> {
     /// True when the host was asked to tell the user something.
     bool told() const;
 
-    // Faults --------------------------------------------------------------------------------------------------
+    // Faults
+    // --------------------------------------------------------------------------------------------------
     enum class Fault { Raise, False, Nothing, WrongType, Empty };
     /// Makes the call of that number (from 0) fail.
     void failCall(int number, Fault fault) { fault_ = {number, fault}; }

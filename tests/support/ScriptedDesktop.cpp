@@ -29,9 +29,11 @@ MessageAnswer ScriptedDesktop::messageBox(Screen*, std::string_view text, Messag
     return next(answers).value_or(MessageAnswer::No);
 }
 
-std::optional<std::string> ScriptedDesktop::pickFile(std::string_view title, std::span<const FileFilter> filters) {
+std::optional<std::string> ScriptedDesktop::pickFile(std::string_view title,
+                                                     std::span<const FileFilter> filters) {
     FileDialog& dialog = fileDialogs.emplace_back(FileDialog{std::string(title), {}});
-    for (const FileFilter& filter : filters) dialog.filters.push_back(filter.caption + "|" + filter.pattern);
+    for (const FileFilter& filter : filters)
+        dialog.filters.push_back(filter.caption + "|" + filter.pattern);
     return next(files);
 }
 
@@ -85,7 +87,8 @@ void ScriptedDesktop::writeSetting(std::string_view key, std::string_view value,
 
 ObjectPtr ScriptedDesktop::createObject(std::string_view programId) {
     ObjectPtr component = components ? components(programId) : nullptr;
-    if (!component) throw HostError(code::classNotRegistered, "Desktop", "No component " + std::string(programId));
+    if (!component)
+        throw HostError(code::classNotRegistered, "Desktop", "No component " + std::string(programId));
     return component;
 }
 

@@ -15,8 +15,8 @@ namespace tsln::test {
 /// A desktop without windows: what the user does stands in scripts, what the user sees is written down.
 class ScriptedDesktop : public Desktop {
   public:
-    /// What the user does on the next showing of the screen of that name. Without a script, or when it ends and
-    /// leaves the screen open, the user closes it by its close box.
+    /// What the user does on the next showing of the screen of that name. Without a script, or when it ends
+    /// and leaves the screen open, the user closes it by its close box.
     template <class S, class Act>
     void user(std::string_view screenName, Act act) {
         scripts[std::string(screenName)].push_back([act](Screen& screen) { act(dynamic_cast<S&>(screen)); });
@@ -38,14 +38,14 @@ class ScriptedDesktop : public Desktop {
     };
 
     std::map<std::string, std::deque<std::function<void(Screen&)>>> scripts;
-    std::vector<std::string> shown;      ///< the screens in the order they were shown
-    std::vector<Box> boxes;              ///< the message boxes
-    std::deque<MessageAnswer> answers;   ///< to questions; No when there is none left
-    std::deque<std::string> files;       ///< picked in file dialogs; cancelled when there is none left
+    std::vector<std::string> shown;     ///< the screens in the order they were shown
+    std::vector<Box> boxes;             ///< the message boxes
+    std::deque<MessageAnswer> answers;  ///< to questions; No when there is none left
+    std::deque<std::string> files;      ///< picked in file dialogs; cancelled when there is none left
     std::vector<FileDialog> fileDialogs;
-    std::deque<int> popupChoices;        ///< 0 when there is none left
-    std::vector<Command> popups;         ///< as they were shown
-    std::vector<std::string> printed;    ///< titles of print previews
+    std::deque<int> popupChoices;      ///< 0 when there is none left
+    std::vector<Command> popups;       ///< as they were shown
+    std::vector<std::string> printed;  ///< titles of print previews
     std::vector<HelpCall> help;
     std::vector<std::string> commandLines;  ///< waited for
     std::vector<std::string> opened;        ///< by the shell
@@ -57,7 +57,8 @@ class ScriptedDesktop : public Desktop {
     std::function<void()> onYield;
 
     void showModal(Screen& screen) override;
-    MessageAnswer messageBox(Screen* owner, std::string_view text, MessageButtons buttons, MessageIcon icon) override;
+    MessageAnswer messageBox(Screen* owner, std::string_view text, MessageButtons buttons,
+                             MessageIcon icon) override;
     std::optional<std::string> openFile(Screen& owner, std::string_view title,
                                         std::span<const FileFilter> filters) override;
     std::optional<std::string> saveFile(Screen& owner, std::string_view title,

@@ -22,7 +22,8 @@ void sweepFaults(const std::function<void(Stage&)>& scenario, const std::functio
     using Fault = RecordingHost::Fault;
     for (const Fault fault : {Fault::Raise, Fault::False, Fault::Nothing, Fault::WrongType, Fault::Empty}) {
         for (int call = 0; call < calls; ++call) {
-            SCOPED_TRACE("fault " + std::to_string(static_cast<int>(fault)) + " at call " + std::to_string(call));
+            SCOPED_TRACE("fault " + std::to_string(static_cast<int>(fault)) + " at call " +
+                         std::to_string(call));
             Stage stage;
             stage.host->failCall(call, fault);
             EXPECT_NO_THROW(scenario(stage));

@@ -21,9 +21,10 @@ struct Stage {
     bool told() const { return !desktop.boxes.empty() || host->told(); }
 };
 
-/// Runs a scenario once to count its calls to the host, then again for each call and each kind of fault with just
-/// that call failing, and `check`s after each run. The scenario gets a new stage each time; nothing may be thrown
-/// out of it. After every run no screen may be left in its slot and no reference to the host's objects kept.
+/// Runs a scenario once to count its calls to the host, then again for each call and each kind of fault with
+/// just that call failing, and `check`s after each run. The scenario gets a new stage each time; nothing may
+/// be thrown out of it. After every run no screen may be left in its slot and no reference to the host's
+/// objects kept.
 void sweepFaults(const std::function<void(Stage&)>& scenario, const std::function<void(Stage&)>& check);
 
 }  // namespace tsln::test

@@ -11,7 +11,9 @@
 namespace tsln::workbench {
 namespace {
 
-wxString text(const std::string& utf8) { return wxString::FromUTF8(utf8); }
+wxString text(const std::string& utf8) {
+    return wxString::FromUTF8(utf8);
+}
 
 wxString escaped(const std::string& utf8) {
     wxString plain = text(utf8);
@@ -34,7 +36,8 @@ wxString html(const std::string& markup) {
 }
 
 wxArtID icon(const Message& message) {
-    if (message.style == MessageStyle::Error || message.style == MessageStyle::LoggedError) return wxART_ERROR;
+    if (message.style == MessageStyle::Error || message.style == MessageStyle::LoggedError)
+        return wxART_ERROR;
     return message.buttons == MessageButtons::Ok ? wxART_INFORMATION : wxART_QUESTION;
 }
 
@@ -42,7 +45,8 @@ wxArtID icon(const Message& message) {
 class MessageText : public wxHtmlWindow {
   public:
     MessageText(wxWindow* parent, const Message& message)
-        : wxHtmlWindow(parent, wxID_ANY, wxDefaultPosition, parent->FromDIP(wxSize(420, 60)), wxHW_SCROLLBAR_AUTO) {
+        : wxHtmlWindow(parent, wxID_ANY, wxDefaultPosition, parent->FromDIP(wxSize(420, 60)),
+                       wxHW_SCROLLBAR_AUTO) {
         SetStandardFonts(parent->GetFont().GetPointSize(), parent->GetFont().GetFaceName());
         SetBorders(0);
         const wxString background = parent->GetBackgroundColour().GetAsString(wxC2S_HTML_SYNTAX);
@@ -74,7 +78,8 @@ class MessageDialog : public wxDialog {
         : wxDialog(owner, wxID_ANY, message.title.empty() ? wxString("Tessaline") : text(message.title)) {
         auto* line = new wxBoxSizer(wxHORIZONTAL);
         const wxBitmapBundle picture = wxArtProvider::GetBitmapBundle(icon(message), wxART_MESSAGE_BOX);
-        line->Add(new wxStaticBitmap(this, wxID_ANY, picture), wxSizerFlags().Top().Border(wxRIGHT, FromDIP(14)));
+        line->Add(new wxStaticBitmap(this, wxID_ANY, picture),
+                  wxSizerFlags().Top().Border(wxRIGHT, FromDIP(14)));
         line->Add(new MessageText(this, message), wxSizerFlags(1).Expand());
 
         auto* column = new wxBoxSizer(wxVERTICAL);
@@ -93,9 +98,10 @@ class MessageDialog : public wxDialog {
 
   private:
     wxSizer* buttons(MessageButtons which) {
-        const std::pair<wxWindowID, wxWindowID> ids = which == MessageButtons::YesNo      ? std::pair{wxID_YES, wxID_NO}
-                                                      : which == MessageButtons::OkCancel ? std::pair{wxID_OK, wxID_CANCEL}
-                                                                                          : std::pair{wxID_OK, wxID_NONE};
+        const std::pair<wxWindowID, wxWindowID> ids =
+            which == MessageButtons::YesNo      ? std::pair{wxID_YES, wxID_NO}
+            : which == MessageButtons::OkCancel ? std::pair{wxID_OK, wxID_CANCEL}
+                                                : std::pair{wxID_OK, wxID_NONE};
         auto* line = new wxBoxSizer(wxHORIZONTAL);
         for (const wxWindowID id : {ids.first, ids.second}) {
             if (id == wxID_NONE) continue;

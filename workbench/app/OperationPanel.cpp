@@ -5,7 +5,9 @@
 namespace tsln::workbench {
 namespace {
 
-wxString text(std::string_view utf8) { return wxString::FromUTF8(utf8.data(), utf8.size()); }
+wxString text(std::string_view utf8) {
+    return wxString::FromUTF8(utf8.data(), utf8.size());
+}
 
 wxString describe(const Variant& value) {
     if (value.isObject()) return value.toObject() ? "an object" : "nothing";
@@ -77,7 +79,8 @@ Argument OperationPanel::argument(std::size_t i) const {
 void OperationPanel::run() {
     if (!operation_ || !open_->IsEnabled()) return;
     std::vector<Argument> arguments;
-    for (std::size_t i = 0; i < operation_->argumentCount; ++i) arguments.push_back(argument(i));
+    for (std::size_t i = 0; i < operation_->argumentCount; ++i)
+        arguments.push_back(argument(i));
     try {
         showResult(describe(library_->invoke(operation_->name, Access::Call, Arguments(arguments))), false);
     } catch (const std::exception& error) {

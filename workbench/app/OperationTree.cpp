@@ -20,8 +20,9 @@ OperationTree::OperationTree(wxWindow* parent) : wxPanel(parent) {
     search_->SetDescriptiveText("Search operations");
     search_->SetName("Search operations");
     search_->ShowCancelButton(true);
-    tree_ = new wxTreeCtrl(this, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                           wxTR_HIDE_ROOT | wxTR_HAS_BUTTONS | wxTR_NO_LINES | wxTR_SINGLE | wxTR_FULL_ROW_HIGHLIGHT);
+    tree_ = new wxTreeCtrl(
+        this, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+        wxTR_HIDE_ROOT | wxTR_HAS_BUTTONS | wxTR_NO_LINES | wxTR_SINGLE | wxTR_FULL_ROW_HIGHLIGHT);
     tree_->SetName("Operations");
 
     auto* column = new wxBoxSizer(wxVERTICAL);
@@ -51,8 +52,8 @@ void OperationTree::fill() {
         tree_->SetItemBold(parent);
         for (const Operation operation : group.operations) {
             const std::string_view name = info(operation).name;
-            const wxTreeItemId item = tree_->AppendItem(parent, wxString::FromUTF8(name.data(), name.size()), -1, -1,
-                                                        new OperationItem(operation));
+            const wxTreeItemId item = tree_->AppendItem(parent, wxString::FromUTF8(name.data(), name.size()),
+                                                        -1, -1, new OperationItem(operation));
             if (info(operation).visibility != Visibility::Public) {
                 tree_->SetItemTextColour(item, wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT));
             }

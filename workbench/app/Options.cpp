@@ -12,11 +12,14 @@ namespace {
 
 std::filesystem::path dataFolder() {
     if (const char* data = std::getenv("XDG_DATA_HOME"); data && *data) return data;
-    if (const char* home = std::getenv("HOME"); home && *home) return std::filesystem::path(home) / ".local/share";
+    if (const char* home = std::getenv("HOME"); home && *home)
+        return std::filesystem::path(home) / ".local/share";
     return std::filesystem::temp_directory_path();
 }
 
-std::string demonstrationCompany() { return (dataFolder() / "tessaline" / "Demonstration.company").string(); }
+std::string demonstrationCompany() {
+    return (dataFolder() / "tessaline" / "Demonstration.company").string();
+}
 
 /// What the operation on the command line lacks; empty when it can be called.
 std::string problemWith(const std::vector<std::string>& show) {
@@ -33,8 +36,9 @@ std::string problemWith(const std::vector<std::string>& show) {
 }  // namespace
 
 std::optional<Options> readCommandLine(int argc, const char* const* argv, int& exitCode) {
-    CLI::App line("Tessaline workbench: the maintenance module in a small host with an embedded company database.",
-                  "tessaline-workbench");
+    CLI::App line(
+        "Tessaline workbench: the maintenance module in a small host with an embedded company database.",
+        "tessaline-workbench");
     Options options;
     line.add_option("--company", options.company,
                     "Company file; made with demonstration data when it does not exist (default: " +
@@ -47,13 +51,15 @@ std::optional<Options> readCommandLine(int argc, const char* const* argv, int& e
                                  "Call an operation with its arguments, print its result and end")
                      ->type_name("OPERATION [ARGUMENT...]")
                      ->expected(1, 4);
-    line.add_option("--tour", options.tour,
-                    "Go through the terms list on a fresh company as a user at the keyboard, and save a picture of "
-                    "each step in the folder")
+    line.add_option(
+            "--tour", options.tour,
+            "Go through the terms list on a fresh company as a user at the keyboard, and save a picture of "
+            "each step in the folder")
         ->type_name("FOLDER")
         ->excludes(show);
-    line.footer("Exit codes: 1 the operation or the tour failed, 2 wrong command line, 3 the company file cannot be "
-                "used, 4 no such user, 5 no display.");
+    line.footer(
+        "Exit codes: 1 the operation or the tour failed, 2 wrong command line, 3 the company file cannot be "
+        "used, 4 no such user, 5 no display.");
     try {
         line.parse(argc, argv);
         if (!options.show.empty()) {

@@ -8,8 +8,8 @@
 
 namespace tsln::workbench {
 
-/// What the user is told when a program that the module waited for has not come to a good end; nothing when it
-/// has. The module itself does not look at how such a program ends.
+/// What the user is told when a program that the module waited for has not come to a good end; nothing when
+/// it has. The module itself does not look at how such a program ends.
 std::optional<Message> processEndMessage(std::string_view commandLine, ProcessEnd end);
 
 }  // namespace tsln::workbench

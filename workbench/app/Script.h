@@ -18,8 +18,8 @@ class ScriptFailure : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// A user's acts, written down in order as a coroutine that runs beside the windows, in whatever event loop they
-/// are: it acts, waits until the windows show what it expects, and acts again.
+/// A user's acts, written down in order as a coroutine that runs beside the windows, in whatever event loop
+/// they are: it acts, waits until the windows show what it expects, and acts again.
 ///
 ///     Script visit() {
 ///         press(WXK_INSERT);
@@ -51,7 +51,9 @@ class Script {
         std::chrono::steady_clock::time_point deadline;
         std::exception_ptr failure;
 
-        Script get_return_object() { return Script(std::coroutine_handle<promise_type>::from_promise(*this)); }
+        Script get_return_object() {
+            return Script(std::coroutine_handle<promise_type>::from_promise(*this));
+        }
         std::suspend_always initial_suspend() noexcept { return {}; }
         std::suspend_always final_suspend() noexcept { return {}; }
         void return_void() {}

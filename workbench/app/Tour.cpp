@@ -36,7 +36,9 @@ Script::Wait untilActive(const std::string& title) {
 }
 
 /// Time for windows to be drawn before a picture is taken, and for a list to take up its rows.
-Script::Wait settled() { return pause(std::chrono::milliseconds(400)); }
+Script::Wait settled() {
+    return pause(std::chrono::milliseconds(400));
+}
 
 int count(Company& company, const std::string& condition) {
     return company.scalar("SELECT COUNT(*) FROM Terms WHERE " + condition).toLong();
@@ -115,7 +117,8 @@ Script termsTour(Company& company, std::string folder) {
     album.take("edit", "Edit: the same term with another name");
     press(WXK_RETURN);
     co_await untilActive("Terms");
-    expect(count(company, "Terms = 'Net 21'") == 0 && count(company, "Terms = 'Net 21 Days' AND DueDays = 20") == 1,
+    expect(count(company, "Terms = 'Net 21'") == 0 &&
+               count(company, "Terms = 'Net 21 Days' AND DueDays = 20") == 1,
            "the term was changed");
     co_await settled();
     album.take("changed", "the list shows the changed row");

@@ -9,7 +9,9 @@ namespace {
 
 constexpr std::size_t mostEntries = 20'000;
 
-wxString text(const std::string& utf8) { return wxString::FromUTF8(utf8); }
+wxString text(const std::string& utf8) {
+    return wxString::FromUTF8(utf8);
+}
 
 /// What stands in a row between the member and the result.
 wxString arguments(const TraceEntry& entry) {
@@ -41,7 +43,8 @@ class TracePanel::List : public wxListCtrl {
                        {"Statement or arguments", 300, wxLIST_FORMAT_LEFT},
                        {"Result", 120, wxLIST_FORMAT_LEFT},
                        {"Time", 80, wxLIST_FORMAT_RIGHT}};
-        for (const auto& column : columns) AppendColumn(column.caption, column.format, FromDIP(column.width));
+        for (const auto& column : columns)
+            AppendColumn(column.caption, column.format, FromDIP(column.width));
         failed_.SetTextColour(wxColour(0xB0, 0x20, 0x20));
         Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
             event.Skip();
@@ -58,17 +61,23 @@ class TracePanel::List : public wxListCtrl {
     wxString OnGetItemText(long row, long column) const override {
         const TraceEntry& call = entry(row);
         switch (column) {
-            case 0: return wxString::Format("%llu", static_cast<unsigned long long>(call.number));
-            case 1: return wxString(' ', static_cast<std::size_t>(call.depth) * 2) + text(call.member);
-            case 2: return arguments(call);
-            case 3: return text(call.result);
-            default: return duration(call);
+            case 0:
+                return wxString::Format("%llu", static_cast<unsigned long long>(call.number));
+            case 1:
+                return wxString(' ', static_cast<std::size_t>(call.depth) * 2) + text(call.member);
+            case 2:
+                return arguments(call);
+            case 3:
+                return text(call.result);
+            default:
+                return duration(call);
         }
     }
     /// The statements take the room that the other columns leave.
     void widenStatements() {
         int others = FromDIP(20);  // the scroll bar
-        for (const int column : {0, 1, 3, 4}) others += GetColumnWidth(column);
+        for (const int column : {0, 1, 3, 4})
+            others += GetColumnWidth(column);
         SetColumnWidth(2, std::max(FromDIP(200), GetClientSize().x - others));
     }
     wxListItemAttr* OnGetItemAttr(long row) const override { return entry(row).failed ? &failed_ : nullptr; }
@@ -173,7 +182,8 @@ void TracePanel::showDetail() {
     const TraceEntry& call = list_->entry(row);
     detail_->ChangeValue(text(call.member) + "(" + text(call.arguments) + ")\n" +
                          (call.statement.empty() ? wxString() : text(call.statement) + "\n") +
-                         (call.failed ? "raised: " : "returned: ") + text(call.result) + "\n" + duration(call));
+                         (call.failed ? "raised: " : "returned: ") + text(call.result) + "\n" +
+                         duration(call));
 }
 
 }  // namespace tsln::workbench

@@ -12,8 +12,8 @@
 
 namespace tsln::workbench {
 
-/// The live pane: what passes between module and host, as it happens, with a filter. It keeps the newest 20,000
-/// calls; the fetching of sub-objects is left out unless asked for.
+/// The live pane: what passes between module and host, as it happens, with a filter. It keeps the newest
+/// 20,000 calls; the fetching of sub-objects is left out unless asked for.
 class TracePanel : public wxPanel {
   public:
     explicit TracePanel(wxWindow* parent);

@@ -21,7 +21,8 @@ void press(int key, int modifiers) {
 void type(const std::string& text) {
     for (const char c : text) {
         // Capitals and some signs need the shift key, which the simulator presses for letters only.
-        const bool shifted = (c >= 'A' && c <= 'Z') || std::string_view("!@#$%^&*()_+{}|:\"<>?~").find(c) != std::string_view::npos;
+        const bool shifted = (c >= 'A' && c <= 'Z') ||
+                             std::string_view("!@#$%^&*()_+{}|:\"<>?~").find(c) != std::string_view::npos;
         press(c, shifted ? wxMOD_SHIFT : wxMOD_NONE);
     }
 }
@@ -62,7 +63,9 @@ std::string activeWindowTitle() {
     return window ? window->GetTitle().utf8_string() : std::string();
 }
 
-bool popupIsOpen() { return false; }
+bool popupIsOpen() {
+    return false;
+}
 
 bool saveScreenshot(const std::string& path) {
     wxScreenDC screen;

@@ -18,8 +18,8 @@ std::string settingsFile() {
     const char* config = std::getenv("XDG_CONFIG_HOME");
     const char* home = std::getenv("HOME");
     const std::filesystem::path folder = (config && *config ? std::filesystem::path(config)
-                                          : home && *home  ? std::filesystem::path(home) / ".config"
-                                                           : std::filesystem::temp_directory_path()) /
+                                          : home && *home   ? std::filesystem::path(home) / ".config"
+                                                            : std::filesystem::temp_directory_path()) /
                                          "tessaline";
     std::error_code ignored;  // settings that cannot be kept cost no more than a window's place
     std::filesystem::create_directories(folder, ignored);
@@ -49,13 +49,15 @@ bool WorkbenchApp::OnInit() {
     // A slip in the use of the toolkit must not stand in the user's way as a dialog about source files.
     wxSetAssertHandler([](const wxString& file, int line, const wxString&, const wxString& condition,
                           const wxString& message) {
-        std::fprintf(stderr, "%s:%d: assertion %s: %s\n", file.utf8_str().data(), line, condition.utf8_str().data(),
-                     message.utf8_str().data());
+        std::fprintf(stderr, "%s:%d: assertion %s: %s\n", file.utf8_str().data(), line,
+                     condition.utf8_str().data(), message.utf8_str().data());
     });
     SetAppDisplayName("Tessaline");
     desktop_ = std::make_unique<desktop::WxDesktop>(
         [this](std::string_view programId) { return session_.createObject(programId); }, settingsFile());
-    desktop_->onProcessEnd = [this](std::string_view commandLine, ProcessEnd end) { tellProcessEnd(commandLine, end); };
+    desktop_->onProcessEnd = [this](std::string_view commandLine, ProcessEnd end) {
+        tellProcessEnd(commandLine, end);
+    };
     library_ = std::make_shared<Library>(*desktop_);
     lists::plugIn(*library_);
     library_->Initialize(session_.sharedCode());
@@ -88,7 +90,8 @@ int WorkbenchApp::OnExit() {
 
 void WorkbenchApp::callOperation() {
     std::vector<Argument> arguments;
-    for (std::size_t i = 1; i < options_.show.size(); ++i) arguments.emplace_back(options_.show[i]);
+    for (std::size_t i = 1; i < options_.show.size(); ++i)
+        arguments.emplace_back(options_.show[i]);
     try {
         const Variant result = library_->invoke(options_.show[0], Access::Call, Arguments(arguments));
         if (!result.isEmpty() && !result.isObject()) std::printf("%s\n", result.toText().c_str());

@@ -17,7 +17,8 @@ WorkbenchFrame::WorkbenchFrame(CompanySession& session, const ObjectPtr& library
     auto* down = new wxSplitterWindow(across, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSP_LIVE_UPDATE);
     operation_ = new OperationPanel(down, library, session.sharedCode());
     trace_ = new TracePanel(down);
-    for (wxSplitterWindow* splitter : {across, down}) splitter->SetMinimumPaneSize(FromDIP(120));
+    for (wxSplitterWindow* splitter : {across, down})
+        splitter->SetMinimumPaneSize(FromDIP(120));
     SetClientSize(FromDIP(wxSize(1140, 720)));
     down->SplitHorizontally(operation_, trace_, FromDIP(150));
     across->SplitVertically(tree_, down, FromDIP(310));
@@ -26,7 +27,8 @@ WorkbenchFrame::WorkbenchFrame(CompanySession& session, const ObjectPtr& library
     CreateStatusBar(2);
     const int widths[] = {-3, -1};
     SetStatusWidths(2, widths);
-    SetStatusText(wxString::FromUTF8(session.company().path() + (session.company().readOnly() ? "  (read-only)" : "")));
+    SetStatusText(
+        wxString::FromUTF8(session.company().path() + (session.company().readOnly() ? "  (read-only)" : "")));
     SetStatusText(wxString::FromUTF8("User: " + session.user().name), 1);
 
     tree_->onSelect = [this, down](Operation operation) {

@@ -11,8 +11,8 @@ class OperationPanel;
 class OperationTree;
 class TracePanel;
 
-/// The workbench's window: the operations of the module's library on the left, the chosen one with its arguments
-/// on the right, and below it what passes between module and host.
+/// The workbench's window: the operations of the module's library on the left, the chosen one with its
+/// arguments on the right, and below it what passes between module and host.
 class WorkbenchFrame : public wxFrame {
   public:
     /// `library` is initialised; the session must outlive the frame.

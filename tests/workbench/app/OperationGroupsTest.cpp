@@ -12,7 +12,8 @@ namespace {
 std::vector<std::string_view> found(std::string_view search) {
     std::vector<std::string_view> names;
     for (const OperationGroup& group : findOperations(search)) {
-        for (const Operation operation : group.operations) names.push_back(info(operation).name);
+        for (const Operation operation : group.operations)
+            names.push_back(info(operation).name);
     }
     return names;
 }
@@ -20,9 +21,11 @@ std::vector<std::string_view> found(std::string_view search) {
 TEST(OperationGroups, HoldEveryOperationOnce) {
     std::map<Operation, int> count;
     for (const OperationGroup& group : operationGroups()) {
-        for (const Operation operation : group.operations) ++count[operation];
+        for (const Operation operation : group.operations)
+            ++count[operation];
     }
-    for (const OperationInfo& row : operations) EXPECT_EQ(count[row.operation], 1) << row.name;
+    for (const OperationInfo& row : operations)
+        EXPECT_EQ(count[row.operation], 1) << row.name;
     EXPECT_EQ(found("").size(), operations.size());
 }
 

@@ -1,8 +1,8 @@
-#include "workbench/company/TextOrder.h"
-
 #include <string>
 
 #include <gtest/gtest.h>
+
+#include "workbench/company/TextOrder.h"
 
 namespace tsln::workbench {
 
