@@ -1,7 +1,5 @@
 #pragma once
 
-#include <optional>
-
 #include "screens/CommandBars.h"
 #include "screens/ReportControl.h"
 

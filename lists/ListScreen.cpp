@@ -112,14 +112,13 @@ void ListScreen::Form_Load() {
     }
     buildListCommands(cbContext, description_.listKind.has_value(), false);
     auto& more = cbContext.popup(command::more)->commands;
-    const bool own = description_.moveReferencesCode || description_.defaults;
     if (description_.moveReferencesCode) {
         more.push_back({.id = command::moveReferences, .caption = "Move References", .beginsGroup = true});
     }
     if (description_.defaults) {
         more.push_back({.id = command::installDefaults,
                         .caption = "Install Defaults",
-                        .beginsGroup = own && !description_.moveReferencesCode});
+                        .beginsGroup = !description_.moveReferencesCode});
     }
     setFocus(rptItems);
 }

@@ -1,7 +1,6 @@
 #include "workbench/app/MessageWindows.h"
 
 #include <wx/artprov.h>
-#include <wx/collpane.h>
 #include <wx/html/htmlwin.h>
 #include <wx/statbmp.h>
 #include <wx/wx.h>
