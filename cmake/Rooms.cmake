@@ -2,7 +2,8 @@
 
 add_library(tsln_options INTERFACE)
 target_include_directories(tsln_options INTERFACE ${CMAKE_SOURCE_DIR})
-target_compile_options(tsln_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wno-missing-field-initializers)
+target_compile_options(tsln_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wno-missing-field-initializers
+                                            -Wno-restrict)  # finds faults in texts that are none (GCC 105651)
 if(TSLN_WARNINGS_AS_ERRORS)
     target_compile_options(tsln_options INTERFACE -Werror)
 endif()
@@ -34,7 +35,7 @@ function(tsln_room folder)
     cmake_parse_arguments(ROOM "WX" "" "USES;LIBRARIES" ${ARGN})
     tsln_target_name(${folder} target)
     file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${folder}/*.cpp)
-    list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
+    list(FILTER sources EXCLUDE REGEX "/(main|Dll)\\.cpp$")
     if(sources)
         add_library(${target} STATIC ${sources})
         set(scope PUBLIC)
@@ -76,4 +77,17 @@ function(tsln_program name folder)
         tsln_target_name(${used} usedTarget)
         target_link_libraries(${name} PRIVATE ${usedTarget})
     endforeach()
+endfunction()
+
+# tsln_module(NAME FOLDER): the in-process server of a folder, from its Dll.cpp, its exports and its resources.
+function(tsln_module name folder)
+    tsln_target_name(${folder} target)
+    set(files ${CMAKE_SOURCE_DIR}/${folder})
+    add_library(${name} SHARED ${files}/Dll.cpp ${files}/${name}.def ${files}/${name}.rc)
+    set_target_properties(${name} PROPERTIES PREFIX "")
+    set_source_files_properties(${files}/${name}.rc PROPERTIES
+        OBJECT_DEPENDS "${CMAKE_BINARY_DIR}/interface/${name}.tlb;${files}/${name}.manifest"
+        INCLUDE_DIRECTORIES "${CMAKE_BINARY_DIR}/interface;${files}")
+    target_link_libraries(${name} PRIVATE ${target} tsln_options)
+    add_dependencies(${name} tsln_interface_files)
 endfunction()

@@ -7,6 +7,7 @@
 #include <wx/settings.h>
 #include <wx/sizer.h>
 
+#include "desktop/HtmlHelp.h"
 #include "desktop/Text.h"
 
 namespace tsln::desktop {
@@ -46,6 +47,8 @@ class HelpDialog : public wxDialog {
 
 void showHelpWindow(wxWindow* owner, const std::string& folder, const std::string& file,
                     std::int32_t context) {
+    const wxString compiled = wxFileName(toWx(folder), toWx(file)).GetFullPath();
+    if (showHtmlHelp(owner, compiled, static_cast<unsigned>(context))) return;
     const wxString title = wxFileName(toWx(file)).GetName();
     HelpDialog(owner, title, pageFile(folder, file, context)).ShowModal();
 }

@@ -32,3 +32,9 @@ build() {
     fi
     rm -f "$log"
 }
+
+# The Debian archive that this machine installs from.
+debian_mirror() {
+    apt-get indextargets --format '$(REPO_URI) $(ORIGIN) $(LABEL) $(RELEASE)' 'Created-By: Packages' |
+        awk '$2 == "Debian" && $3 == "Debian" && $4 !~ /-/ { print $1; exit }'
+}

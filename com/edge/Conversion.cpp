@@ -1,0 +1,224 @@
+#include "com/edge/Conversion.h"
+
+#include <cmath>
+#include <limits>
+
+#include "com/edge/DispatchObject.h"
+#include "com/edge/Failure.h"
+#include "com/edge/ObjectDispatch.h"
+#include "com/edge/Wide.h"
+
+namespace tsln::com {
+namespace {
+
+[[noreturn]] void mismatch(const char* what) {
+    throw HostError(code::typeMismatch, "Automation", std::string("Type mismatch: ") + what + ".");
+}
+
+void check(HRESULT result) {
+    if (FAILED(result)) throw HostError(result, "Automation", textOf(result));
+}
+
+constexpr double wholeLimit = 9007199254740992;  // 2^53: whole numbers below it are exact in a double
+
+/// A number with a fraction part that may be none.
+Variant number(double value) {
+    if (value == std::floor(value) && std::fabs(value) < wholeLimit) return static_cast<std::int64_t>(value);
+    return value;
+}
+
+Variant fromDecimal(DECIMAL decimal) {
+    double value = 0;
+    check(VarR8FromDec(&decimal, &value));
+    return number(value);
+}
+
+ObjectPtr fromUnknown(IUnknown* unknown) {
+    if (!unknown) return nullptr;
+    ComPtr<IDispatch> dispatch;
+    if (FAILED(unknown->QueryInterface(IID_PPV_ARGS(&dispatch))))
+        mismatch("the object cannot be called by name");
+    return fromDispatch(dispatch.Get());
+}
+
+}  // namespace
+
+Variant fromCom(const VARIANT& value) {
+    if (V_VT(&value) == (VT_VARIANT | VT_BYREF)) {
+        if (!V_VARIANTREF(&value)) mismatch("a reference to nothing");
+        const VARIANT& inner = *V_VARIANTREF(&value);
+        if (V_VT(&inner) == (VT_VARIANT | VT_BYREF)) mismatch("a reference to a reference");
+        return fromCom(inner);
+    }
+    if (V_ISARRAY(&value)) mismatch("an array");
+    if (V_ISBYREF(&value)) {
+        if (!V_BYREF(&value)) mismatch("a reference to nothing");
+        OwnedVariant copy;
+        check(VariantCopyInd(copy.get(), const_cast<VARIANT*>(&value)));
+        return fromCom(*copy);
+    }
+    switch (V_VT(&value)) {
+        case VT_EMPTY:
+            return {};
+        case VT_NULL:
+            return Null();
+        case VT_ERROR:
+            if (V_ERROR(&value) == DISP_E_PARAMNOTFOUND) return Missing();
+            mismatch("an error value");
+        case VT_BOOL:
+            return V_BOOL(&value) != VARIANT_FALSE;
+        case VT_I1:
+            return static_cast<std::int16_t>(static_cast<signed char>(V_I1(&value)));
+        case VT_UI1:
+            return static_cast<std::int16_t>(V_UI1(&value));
+        case VT_I2:
+            return static_cast<std::int16_t>(V_I2(&value));
+        case VT_UI2:
+            return static_cast<std::int32_t>(V_UI2(&value));
+        case VT_I4:
+        case VT_INT:
+            return static_cast<std::int32_t>(V_I4(&value));
+        case VT_UI4:
+        case VT_UINT:
+            return static_cast<std::int64_t>(V_UI4(&value));
+        case VT_I8:
+            return static_cast<std::int64_t>(V_I8(&value));
+        case VT_UI8:
+            if (V_UI8(&value) <= static_cast<ULONGLONG>(std::numeric_limits<std::int64_t>::max()))
+                return static_cast<std::int64_t>(V_UI8(&value));
+            return static_cast<double>(V_UI8(&value));
+        case VT_R4:
+            return V_R4(&value);
+        case VT_R8:
+            return V_R8(&value);
+        case VT_CY:
+            if (V_CY(&value).int64 % 10000 == 0) return static_cast<std::int64_t>(V_CY(&value).int64 / 10000);
+            return static_cast<double>(V_CY(&value).int64) / 10000;
+        case VT_DECIMAL:
+            return fromDecimal(V_DECIMAL(&value));
+        case VT_DATE:
+            return Date{V_DATE(&value)};
+        case VT_BSTR:
+            return fromBstr(V_BSTR(&value));
+        case VT_DISPATCH:
+            return fromDispatch(V_DISPATCH(&value));
+        case VT_UNKNOWN:
+            return fromUnknown(V_UNKNOWN(&value));
+        default:
+            mismatch("a kind of value that no member may return");
+    }
+}
+
+void toCom(const Variant& value, VARIANT& out) {
+    VariantInit(&out);
+    const auto set = [&out]<class T>(const T& held) {
+        if constexpr (std::is_same_v<T, Null>) {
+            V_VT(&out) = VT_NULL;
+        } else if constexpr (std::is_same_v<T, Missing>) {
+            V_VT(&out) = VT_ERROR;
+            V_ERROR(&out) = DISP_E_PARAMNOTFOUND;
+        } else if constexpr (std::is_same_v<T, bool>) {
+            V_VT(&out) = VT_BOOL;
+            V_BOOL(&out) = held ? VARIANT_TRUE : VARIANT_FALSE;
+        } else if constexpr (std::is_same_v<T, std::int16_t>) {
+            V_VT(&out) = VT_I2;
+            V_I2(&out) = held;
+        } else if constexpr (std::is_same_v<T, std::int32_t>) {
+            V_VT(&out) = VT_I4;
+            V_I4(&out) = held;
+        } else if constexpr (std::is_same_v<T, std::int64_t>) {
+            if (held == static_cast<std::int32_t>(held)) {
+                V_VT(&out) = VT_I4;
+                V_I4(&out) = static_cast<LONG>(held);
+            } else {
+                V_VT(&out) = VT_I8;
+                V_I8(&out) = held;
+            }
+        } else if constexpr (std::is_same_v<T, float>) {
+            V_VT(&out) = VT_R4;
+            V_R4(&out) = held;
+        } else if constexpr (std::is_same_v<T, double>) {
+            V_VT(&out) = VT_R8;
+            V_R8(&out) = held;
+        } else if constexpr (std::is_same_v<T, Date>) {
+            V_VT(&out) = VT_DATE;
+            V_DATE(&out) = held.days;
+        } else if constexpr (std::is_same_v<T, std::string>) {
+            V_BSTR(&out) = newBstr(held);
+            V_VT(&out) = VT_BSTR;
+        } else if constexpr (std::is_same_v<T, ObjectPtr>) {
+            V_DISPATCH(&out) = newDispatch(held);
+            V_VT(&out) = VT_DISPATCH;
+        }
+    };
+    std::visit(set, value.held());
+}
+
+void assignReference(const VARIANT& reference, const Variant& value) {
+    OwnedVariant converted;
+    toCom(value, *converted);
+    if (V_VT(&reference) == (VT_VARIANT | VT_BYREF)) {
+        check(VariantCopy(V_VARIANTREF(&reference), converted.get()));
+        return;
+    }
+    const auto type = static_cast<VARTYPE>(V_VT(&reference) & ~VT_BYREF);
+    check(VariantChangeType(converted.get(), converted.get(), 0, type));
+    switch (type) {
+        case VT_BSTR:
+            std::swap(*V_BSTRREF(&reference), V_BSTR(converted.get()));
+            return;  // what the variable held goes with `converted`
+        case VT_DISPATCH:
+            std::swap(*V_DISPATCHREF(&reference), V_DISPATCH(converted.get()));
+            return;
+        case VT_UNKNOWN:
+            std::swap(*V_UNKNOWNREF(&reference), V_UNKNOWN(converted.get()));
+            return;
+        case VT_I1:
+        case VT_UI1:
+            *V_UI1REF(&reference) = V_UI1(converted.get());
+            return;
+        case VT_I2:
+        case VT_UI2:
+        case VT_BOOL:
+            *V_I2REF(&reference) = V_I2(converted.get());
+            return;
+        case VT_I4:
+        case VT_UI4:
+        case VT_INT:
+        case VT_UINT:
+        case VT_ERROR:
+        case VT_R4:
+            *V_I4REF(&reference) = V_I4(converted.get());
+            return;
+        case VT_I8:
+        case VT_UI8:
+        case VT_R8:
+        case VT_CY:
+        case VT_DATE:
+            *V_I8REF(&reference) = V_I8(converted.get());
+            return;
+        case VT_DECIMAL:
+            *V_DECIMALREF(&reference) = V_DECIMAL(converted.get());
+            V_DECIMALREF(&reference)->wReserved = 0;
+            return;
+        default:
+            mismatch("a variable that cannot be written");
+    }
+}
+
+IDispatch* newDispatch(const ObjectPtr& object) {
+    if (!object) return nullptr;
+    if (const auto outside = std::dynamic_pointer_cast<DispatchObject>(object)) {
+        outside->dispatch()->AddRef();
+        return outside->dispatch();
+    }
+    return new ObjectDispatch(object);
+}
+
+ObjectPtr fromDispatch(IDispatch* dispatch) {
+    if (!dispatch) return nullptr;
+    if (ObjectPtr own = ObjectDispatch::objectOf(dispatch)) return own;
+    return std::make_shared<DispatchObject>(dispatch);
+}
+
+}  // namespace tsln::com

@@ -1,0 +1,108 @@
+#include "com/edge/DispatchObject.h"
+
+#include <deque>
+
+#include "com/edge/Conversion.h"
+#include "com/edge/Failure.h"
+#include "com/edge/Wide.h"
+
+namespace tsln::com {
+namespace {
+
+/// The arguments of one call in the platform's form: in reverse order, references pointing into values that
+/// live as long as the call.
+class PassedArguments {
+  public:
+    explicit PassedArguments(Arguments arguments) : arguments_(arguments), list_(arguments.count()) {
+        for (std::size_t i = 0; i < arguments.count(); ++i) {
+            OwnedVariant& value = values_.emplace_back();
+            toCom(arguments[i], *value);
+            VARIANT& passed = list_[list_.size() - 1 - i];
+            passed = *value;  // the value stays the owner
+            if (arguments.all()[i].isByReference()) refer(passed, *value);
+        }
+    }
+
+    VARIANT* list() { return list_.data(); }
+    UINT count() const { return static_cast<UINT>(list_.size()); }
+
+    /// Gives the caller's variables what the call has left in them.
+    void writeBack() {
+        for (std::size_t i = 0; i < arguments_.count(); ++i) {
+            if (arguments_.all()[i].isByReference()) arguments_.assign(i, fromCom(*values_[i]));
+        }
+    }
+
+  private:
+    /// A variable has the type of what it holds, so that it can be passed to a member declared with that
+    /// type; one that holds nothing yet can take anything.
+    static void refer(VARIANT& passed, VARIANT& value) {
+        const VARTYPE type = V_VT(&value);
+        if (type == VT_EMPTY || type == VT_NULL || type == VT_ERROR) {
+            V_VT(&passed) = VT_BYREF | VT_VARIANT;
+            V_VARIANTREF(&passed) = &value;
+        } else {
+            V_VT(&passed) = static_cast<VARTYPE>(VT_BYREF | type);
+            V_BYREF(&passed) = &V_NONE(&value);
+        }
+    }
+
+    Arguments arguments_;
+    std::deque<OwnedVariant> values_;
+    std::vector<VARIANT> list_;
+};
+
+}  // namespace
+
+DISPID DispatchObject::idOf(std::string_view member) const {
+    std::wstring name = toWide(member);
+    wchar_t* names[] = {name.data()};
+    DISPID id = DISPID_UNKNOWN;
+    const HRESULT result = dispatch_->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id);
+    if (result == DISP_E_UNKNOWNNAME || (SUCCEEDED(result) && id == DISPID_UNKNOWN))
+        raiseUnknownMember("Automation", member);
+    if (FAILED(result)) throw HostError(result, std::string(member), textOf(result));
+    return id;
+}
+
+Variant DispatchObject::invoke(std::string_view member, Access access, Arguments arguments) {
+    const ComPtr<IDispatch> alive = dispatch_;  // whatever the call does to the holder of this object
+    const DISPID id = idOf(member);
+    PassedArguments passed(arguments);
+    DISPID putId = DISPID_PROPERTYPUT;
+    DISPPARAMS parameters{passed.list(), nullptr, passed.count(), 0};
+    WORD flags = DISPATCH_METHOD | DISPATCH_PROPERTYGET;  // what has a value is read or called alike
+    if (access == Access::Put) {
+        parameters.rgdispidNamedArgs = &putId;
+        parameters.cNamedArgs = 1;
+        // Objects are set by reference, which not every object tells from the other way.
+        const bool isObject = passed.count() > 0 && V_VT(passed.list()) == VT_DISPATCH;
+        flags = isObject ? DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF : DISPATCH_PROPERTYPUT;
+    }
+    OwnedVariant result;
+    EXCEPINFO told{};
+    UINT wrongArgument = 0;
+    const HRESULT answer =
+        alive->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters,
+                      access == Access::Put ? nullptr : result.get(), &told, &wrongArgument);
+    if (FAILED(answer)) throw errorOf(answer, told, std::string(member));
+    passed.writeBack();
+    return fromCom(*result);
+}
+
+ObjectPtr createComponent(std::string_view programId) {
+    const std::string name(programId);
+    CLSID classId;
+    if (FAILED(CLSIDFromProgID(toWide(programId).c_str(), &classId))) {
+        throw HostError(code::classNotRegistered, name, "The component '" + name + "' is not installed.");
+    }
+    ComPtr<IDispatch> component;
+    const HRESULT result = CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER,
+                                            IID_PPV_ARGS(&component));
+    if (FAILED(result)) {
+        throw HostError(result, name, "The component '" + name + "' cannot be created: " + textOf(result));
+    }
+    return fromDispatch(component.Get());
+}
+
+}  // namespace tsln::com

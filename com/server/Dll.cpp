@@ -1,0 +1,55 @@
+// What the module exports: how the system gets its class, asks whether it may unload it, and registers it.
+
+#include "com/edge/Failure.h"
+#include "com/server/ClassFactory.h"
+#include "com/server/Identity.h"
+#include "com/server/Registration.h"
+
+namespace {
+
+HINSTANCE moduleInstance = nullptr;
+
+}  // namespace
+
+namespace tsln::com {
+
+HINSTANCE thisModule() noexcept {
+    return moduleInstance;
+}
+
+}  // namespace tsln::com
+
+using namespace tsln::com;
+
+BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) {
+    if (reason == DLL_PROCESS_ATTACH) {
+        moduleInstance = instance;
+        DisableThreadLibraryCalls(instance);
+    }
+    return TRUE;
+}
+
+STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, LPVOID* out) {
+    if (!out) return E_POINTER;
+    *out = nullptr;
+    if (classId != __uuidof(::Library)) return CLASS_E_CLASSNOTAVAILABLE;
+    return guarded(
+        [&]() -> HRESULT {
+            ComPtr<IClassFactory> factory;
+            factory.Attach(new ClassFactory);
+            return factory->QueryInterface(iid, out);
+        },
+        nullptr);
+}
+
+STDAPI DllCanUnloadNow() {
+    return moduleReferences() == 0 ? S_OK : S_FALSE;
+}
+
+STDAPI DllRegisterServer() {
+    return registerServer();
+}
+
+STDAPI DllUnregisterServer() {
+    return unregisterServer();
+}

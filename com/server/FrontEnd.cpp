@@ -1,0 +1,97 @@
+#include "com/server/FrontEnd.h"
+
+#include <mutex>
+
+#include <wx/init.h>
+#include <wx/msw/private.h>
+#include <wx/wx.h>
+
+#include "com/edge/DispatchObject.h"
+#include "com/server/Identity.h"
+#include "desktop/HtmlHelp.h"
+
+namespace tsln::com {
+namespace {
+
+constexpr int manifestResource = 2;  // ISOLATIONAWARE_MANIFEST_RESOURCE_ID
+
+/// The toolkit's idea of a program: here only a guest in another one.
+class GuestApp : public wxApp {
+  public:
+    bool OnInit() override {
+        SetExitOnFrameDelete(false);
+        SetAppDisplayName("Tessaline");
+        return true;
+    }
+    void OnUnhandledException() override {}
+    bool OnExceptionInMainLoop() override { return true; }  // a slip of one window is no end of the host
+};
+
+HANDLE createLook() {
+    ACTCTXW context{};
+    context.cbSize = sizeof context;
+    context.dwFlags = ACTCTX_FLAG_RESOURCE_NAME_VALID | ACTCTX_FLAG_HMODULE_VALID;
+    wchar_t path[MAX_PATH * 4];
+    if (!GetModuleFileNameW(thisModule(), path, static_cast<DWORD>(std::size(path))))
+        return INVALID_HANDLE_VALUE;
+    context.lpSource = path;
+    context.hModule = thisModule();
+    context.lpResourceName = MAKEINTRESOURCEW(manifestResource);
+    return CreateActCtxW(&context);
+}
+
+}  // namespace
+
+std::shared_ptr<FrontEnd> FrontEnd::shared() {
+    static std::mutex mutex;
+    static std::weak_ptr<FrontEnd> current;
+    const std::lock_guard lock(mutex);
+    std::shared_ptr<FrontEnd> frontEnd = current.lock();
+    if (!frontEnd) {
+        frontEnd.reset(new FrontEnd);
+        current = frontEnd;
+    }
+    return frontEnd;
+}
+
+FrontEnd::FrontEnd()
+    : desktop_([](std::string_view id) { return createComponent(id); }, {}),
+      look_(createLook()) {}
+
+FrontEnd::~FrontEnd() {
+    if (thread_) {
+        desktop::closeHtmlHelp();
+        if (wxTheApp) wxTheApp->OnExit();
+        wxEntryCleanup();
+    }
+    if (look_ != INVALID_HANDLE_VALUE) ReleaseActCtx(look_);
+}
+
+void FrontEnd::start() {
+    const unsigned long here = GetCurrentThreadId();
+    if (thread_ == here) return;
+    if (thread_) {
+        throw HostError(RPC_E_WRONG_THREAD, "tslnmaint5",
+                        "The maintenance screens of one program open on one thread only.");
+    }
+    wxDISABLE_DEBUG_SUPPORT();
+    wxApp::SetInstance(new GuestApp);
+    if (!wxEntryStart(thisModule(), nullptr, nullptr, SW_SHOWNORMAL) || !wxTheApp->CallOnInit()) {
+        wxEntryCleanup();
+        throw HostError(code::fail, "tslnmaint5", "The maintenance screens cannot be opened.");
+    }
+    thread_ = here;
+}
+
+FrontEnd::Look::Look(const FrontEnd& frontEnd) noexcept {
+    if (frontEnd.look_ == INVALID_HANDLE_VALUE) return;
+    ULONG_PTR cookie = 0;
+    active_ = ActivateActCtx(frontEnd.look_, &cookie);
+    cookie_ = cookie;
+}
+
+FrontEnd::Look::~Look() {
+    if (active_) DeactivateActCtx(0, cookie_);
+}
+
+}  // namespace tsln::com

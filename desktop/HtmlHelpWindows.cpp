@@ -1,0 +1,52 @@
+#ifdef _WIN32
+#include <wx/filename.h>
+#include <wx/window.h>
+// clang-format off: needs what wx makes of it
+#include <htmlhelp.h>
+
+#include <wx/msw/wrapwin.h>
+// clang-format on
+
+#include "desktop/HtmlHelp.h"
+
+namespace tsln::desktop {
+namespace {
+
+/// The viewer is loaded when it is first needed: not every system has it.
+class Viewer {
+  public:
+    using Function = HWND(WINAPI*)(HWND, LPCWSTR, UINT, DWORD_PTR);
+
+    Function function() {
+        if (!module_) module_ = LoadLibraryW(L"hhctrl.ocx");
+        if (!module_) return nullptr;
+        return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module_, "HtmlHelpW")));
+    }
+    void close() {
+        if (!module_) return;
+        if (const Function call = function()) call(nullptr, nullptr, HH_CLOSE_ALL, 0);
+        FreeLibrary(module_);
+        module_ = nullptr;
+    }
+
+  private:
+    HMODULE module_ = nullptr;
+};
+
+Viewer viewer;
+
+}  // namespace
+
+bool showHtmlHelp(wxWindow* owner, const wxString& file, unsigned context) {
+    if (!wxFileExists(file)) return false;
+    const Viewer::Function call = viewer.function();
+    const HWND window = owner ? static_cast<HWND>(owner->GetHandle()) : nullptr;
+    return call && call(window, file.wc_str(), HH_HELP_CONTEXT, context);
+}
+
+void closeHtmlHelp() {
+    viewer.close();
+}
+
+}  // namespace tsln::desktop
+#endif
