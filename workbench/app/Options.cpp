@@ -11,10 +11,15 @@ namespace tsln::workbench {
 namespace {
 
 std::filesystem::path dataFolder() {
+#ifdef _WIN32
+    if (const wchar_t* data = _wgetenv(L"LOCALAPPDATA"); data && *data) return data;
+    return std::filesystem::temp_directory_path();
+#else
     if (const char* data = std::getenv("XDG_DATA_HOME"); data && *data) return data;
     if (const char* home = std::getenv("HOME"); home && *home)
         return std::filesystem::path(home) / ".local/share";
     return std::filesystem::temp_directory_path();
+#endif
 }
 
 std::string demonstrationCompany() {

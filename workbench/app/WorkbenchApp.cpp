@@ -1,10 +1,9 @@
 #include "workbench/app/WorkbenchApp.h"
 
 #include <cstdio>
-#include <filesystem>
 
-#include "lists/Lists.h"
 #include "shared/modSharedXML.h"
+#include "workbench/app/Console.h"
 #include "workbench/app/ProcessEndMessage.h"
 #include "workbench/app/Tour.h"
 #include "workbench/app/VirtualUser.h"
@@ -12,19 +11,6 @@
 
 namespace tsln::workbench {
 namespace {
-
-/// Settings of the workbench's user; the platform's own place for them, made when needed.
-std::string settingsFile() {
-    const char* config = std::getenv("XDG_CONFIG_HOME");
-    const char* home = std::getenv("HOME");
-    const std::filesystem::path folder = (config && *config ? std::filesystem::path(config)
-                                          : home && *home   ? std::filesystem::path(home) / ".config"
-                                                            : std::filesystem::temp_directory_path()) /
-                                         "tessaline";
-    std::error_code ignored;  // settings that cannot be kept cost no more than a window's place
-    std::filesystem::create_directories(folder, ignored);
-    return (folder / "settings.ini").string();
-}
 
 /// The terms as the company database holds them, read by another connection than the session's.
 void printTerms(const std::string& companyFile) {
@@ -53,21 +39,22 @@ bool WorkbenchApp::OnInit() {
                      condition.utf8_str().data(), message.utf8_str().data());
     });
     SetAppDisplayName("Tessaline");
-    desktop_ = std::make_unique<desktop::WxDesktop>(
-        [this](std::string_view programId) { return session_.createObject(programId); }, settingsFile());
-    desktop_->onProcessEnd = [this](std::string_view commandLine, ProcessEnd end) {
-        tellProcessEnd(commandLine, end);
-    };
-    library_ = std::make_shared<Library>(*desktop_);
-    lists::plugIn(*library_);
-    library_->Initialize(session_.sharedCode());
+    try {
+        module_ = std::make_unique<Module>(session_, [this](std::string_view commandLine, ProcessEnd end) {
+            tellProcessEnd(commandLine, end);
+        });
+        module_->library()->call("Initialize", session_.sharedCode());
+    } catch (const std::exception& error) {
+        complain(error.what());
+        return false;
+    }
 
     if (!options_.show.empty()) {
         SetExitOnFrameDelete(false);
         CallAfter([this] { callOperation(); });
         return true;
     }
-    const auto traced = std::make_shared<TracedObject>(library_, "Library", session_.tracer());
+    const auto traced = std::make_shared<TracedObject>(module_->library(), "Library", session_.tracer());
     auto* frame = new WorkbenchFrame(session_, traced);
     SetTopWindow(frame);
     frame->Show();
@@ -82,9 +69,8 @@ int WorkbenchApp::OnRun() {
 
 int WorkbenchApp::OnExit() {
     tour_.reset();
-    if (library_) library_->PreTerminate();
-    library_.reset();
-    desktop_.reset();
+    if (module_) module_->library()->call("PreTerminate");
+    module_.reset();
     return wxApp::OnExit();
 }
 
@@ -93,10 +79,10 @@ void WorkbenchApp::callOperation() {
     for (std::size_t i = 1; i < options_.show.size(); ++i)
         arguments.emplace_back(options_.show[i]);
     try {
-        const Variant result = library_->invoke(options_.show[0], Access::Call, Arguments(arguments));
+        const Variant result = module_->library()->invoke(options_.show[0], Access::Call, Arguments(arguments));
         if (!result.isEmpty() && !result.isObject()) std::printf("%s\n", result.toText().c_str());
     } catch (const std::exception& error) {
-        std::fprintf(stderr, "%s\n", error.what());
+        complain(error.what());
         exitCode_ = exitFailed;
     }
     ExitMainLoop();

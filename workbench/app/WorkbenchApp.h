@@ -4,9 +4,8 @@
 
 #include <wx/wx.h>
 
-#include "bridge/Library.h"
-#include "desktop/WxDesktop.h"
 #include "workbench/app/MessageWindows.h"
+#include "workbench/app/Module.h"
 #include "workbench/app/Options.h"
 #include "workbench/app/Script.h"
 #include "workbench/host/CompanySession.h"
@@ -31,8 +30,7 @@ class WorkbenchApp : public wxApp {
     const Options options_;
     MessageWindows messages_;
     CompanySession session_;
-    std::unique_ptr<desktop::WxDesktop> desktop_;
-    std::shared_ptr<Library> library_;
+    std::unique_ptr<Module> module_;
     std::unique_ptr<ScriptRunner> tour_;
     int exitCode_ = 0;
 };

@@ -1,6 +1,6 @@
-#include <cstdio>
 #include <memory>
 
+#include "workbench/app/Console.h"
 #include "workbench/app/WorkbenchApp.h"
 #include "workbench/host/SecurityObject.h"
 
@@ -12,24 +12,28 @@ using namespace tsln::workbench;
 
 int main(int argc, char** argv) {
     int exitCode = 0;
-    const auto options = readCommandLine(argc, argv, exitCode);
+    const std::vector<std::string> words = commandLineWords(argc, argv);
+    std::vector<const char*> pointers;
+    for (const std::string& word : words)
+        pointers.push_back(word.c_str());
+    const auto options = readCommandLine(static_cast<int>(pointers.size()), pointers.data(), exitCode);
     if (!options) return exitCode;
 
     std::unique_ptr<WorkbenchApp> app;
     try {
         app = std::make_unique<WorkbenchApp>(*options);
     } catch (const SignInError& error) {
-        std::fprintf(stderr, "%s\n", error.what());
+        complain(error.what());
         return exitUser;
     } catch (const std::exception& error) {
-        std::fprintf(stderr, "%s\n", error.what());
+        complain(error.what());
         return exitCompany;
     }
 #ifdef __WXGTK__
     // The toolkit itself ends the program over a missing display, without a word that helps.
     GdkDisplay* display = gdk_display_open(nullptr);
     if (!display) {
-        std::fprintf(stderr, "There is no display to open windows on.\n");
+        complain("There is no display to open windows on.");
         return exitDisplay;
     }
     gdk_display_close(display);

@@ -1,16 +1,12 @@
 #include "workbench/company/CompanyFile.h"
 
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
-#include <fcntl.h>
 #include <filesystem>
 #include <system_error>
-#include <unistd.h>
 
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <sqlite3.h>
 
+#include "workbench/company/NewFile.h"
 #include "workbench/company/Schema.h"
 #include "workbench/company/SqlFunctions.h"
 
@@ -19,6 +15,16 @@ namespace tsln::workbench {
 namespace {
 
 namespace fs = std::filesystem;
+
+fs::path fromUtf8(const std::string& path) {
+    return std::u8string(path.begin(), path.end());
+}
+
+std::string toUtf8(const fs::path& path) {
+    const std::u8string text = path.u8string();
+    return {text.begin(), text.end()};
+}
+
 using Reason = CompanyFileError::Reason;
 
 constexpr int busyMilliseconds = 2000;
@@ -26,69 +32,6 @@ constexpr int busyMilliseconds = 2000;
 std::string quoted(const std::string& path) {
     return "'" + path + "'";
 }
-
-[[noreturn]] void cannotCreate(const std::string& path, const std::string& why) {
-    throw CompanyFileError(Reason::CannotCreate,
-                           "The company file " + quoted(path) + " cannot be made. " + why);
-}
-
-std::string sentence(int error) {
-    switch (error) {
-        case EACCES:
-        case EPERM:
-            return "You do not have the permission for its folder.";
-        case EROFS:
-            return "Its folder can only be read.";
-        case ENOENT:
-        case ENOTDIR:
-            return "Its folder does not exist.";
-        case ENOSPC:
-        case EDQUOT:
-            return "The disk is full.";
-        case ENAMETOOLONG:
-            return "Its name is too long.";
-        default:
-            return std::string(std::strerror(error)) + ".";
-    }
-}
-
-/// A file that is removed again unless it was given its place.
-class TemporaryFile {
-  public:
-    explicit TemporaryFile(const std::string& path)
-        : path_(path + ".new-" + std::to_string(::getpid())),
-          file_(::open(path_.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666)) {
-        if (file_ < 0) cannotCreate(path, sentence(errno));
-    }
-    ~TemporaryFile() {
-        ::close(file_);
-        ::unlink(path_.c_str());
-    }
-    TemporaryFile(const TemporaryFile&) = delete;
-
-    /// False with errno set.
-    bool write(const unsigned char* bytes, std::size_t size) {
-        while (size > 0) {
-            ssize_t written = ::write(file_, bytes, size);
-            if (written < 0 && errno == EINTR) continue;
-            if (written < 0) return false;
-            bytes += written;
-            size -= std::size_t(written);
-        }
-        return ::fsync(file_) == 0;
-    }
-    /// A hard link never replaces a file that someone else made in the meantime; where the file system has
-    /// none, a rename has to do. False with errno set.
-    bool moveTo(const std::string& path) {
-        if (::link(path_.c_str(), path.c_str()) == 0) return true;
-        if (errno == EEXIST) return true;  // theirs is as good as ours
-        return ::rename(path_.c_str(), path.c_str()) == 0;
-    }
-
-  private:
-    std::string path_;
-    int file_;
-};
 
 /// The new company is built in memory and written in one go, so that a file of its name is a company.
 void create(const std::string& path) {
@@ -100,9 +43,11 @@ void create(const std::string& path) {
         sqlite3_serialize(memory.getHandle(), "main", &size, 0), sqlite3_free);
     if (!image) throw std::bad_alloc();
 
-    TemporaryFile file(path);
-    if (!file.write(image.get(), std::size_t(size)) || !file.moveTo(path))
-        cannotCreate(path, sentence(errno));
+    const std::string failure = writeNewFile(path, image.get(), std::size_t(size));
+    if (!failure.empty()) {
+        throw CompanyFileError(Reason::CannotCreate,
+                               "The company file " + quoted(path) + " cannot be made. " + failure);
+    }
 }
 
 [[noreturn]] void reportOpenFailure(const std::string& path, const SQLite::Exception& error) {
@@ -153,7 +98,7 @@ void checkIsCompany(SQLite::Database& database, const std::string& path) {
 
 void checkIsFile(const std::string& path) {
     std::error_code error;
-    fs::file_status status = fs::status(path, error);
+    fs::file_status status = fs::status(fromUtf8(path), error);
     std::string file = "The company file " + quoted(path);
     if (status.type() == fs::file_type::not_found)
         throw CompanyFileError(Reason::CannotOpen, file + " does not exist.");
@@ -161,7 +106,7 @@ void checkIsFile(const std::string& path) {
         throw CompanyFileError(Reason::CannotOpen, quoted(path) + " is a folder, not a company file.");
     }
     if (status.type() == fs::file_type::none) {
-        throw CompanyFileError(Reason::CannotOpen, file + " cannot be opened. " + sentence(error.value()));
+        throw CompanyFileError(Reason::CannotOpen, file + " cannot be opened. " + error.message() + ".");
     }
     // Opening a pipe would wait for its other end.
     if (status.type() != fs::file_type::regular) {
@@ -174,12 +119,12 @@ void checkIsFile(const std::string& path) {
 std::unique_ptr<SQLite::Database> openCompanyFile(const std::string& path, OpenMode access) {
     if (path.empty()) throw CompanyFileError(Reason::CannotOpen, "No company file was named.");
     std::error_code error;
-    if (access == OpenMode::Create && fs::symlink_status(path, error).type() == fs::file_type::not_found)
+    if (access == OpenMode::Create && fs::symlink_status(fromUtf8(path), error).type() == fs::file_type::not_found)
         create(path);
     checkIsFile(path);
 
     // The path in full, so that no name means something else to SQLite (":memory:").
-    std::string file = fs::absolute(path, error).string();
+    std::string file = toUtf8(fs::absolute(fromUtf8(path), error));
     int flags = access == OpenMode::ReadOnly ? SQLite::OPEN_READONLY : SQLite::OPEN_READWRITE;
     try {
         auto database = std::make_unique<SQLite::Database>(error ? path : file, flags, busyMilliseconds);

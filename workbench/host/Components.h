@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string_view>
+#include <vector>
 
 #include "workbench/host/HostContext.h"
 
@@ -10,5 +11,8 @@ namespace tsln::workbench {
 /// Creates one of the host's components by its program identifier, which compares without letter case: the
 /// numeric-field checker and the import/export engine. Others raise HostError(code::classNotRegistered).
 ObjectPtr createComponent(std::string_view programId, const std::shared_ptr<HostContext>& context);
+
+/// The program identifiers of the components there are.
+std::vector<std::string_view> componentNames();
 
 }  // namespace tsln::workbench

@@ -1,8 +1,8 @@
-#include "workbench/host/Sha2.h"
-
+#ifndef _WIN32
 #include <openssl/evp.h>
 
 #include "automation/HostError.h"
+#include "workbench/host/Sha2.h"
 
 namespace tsln::workbench {
 
@@ -26,3 +26,4 @@ std::string sha2(std::string_view bytes, std::int32_t bits) {
 }
 
 }  // namespace tsln::workbench
+#endif
