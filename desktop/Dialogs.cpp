@@ -8,6 +8,7 @@
 #include <wx/generic/msgdlgg.h>
 // clang-format on
 
+#include "desktop/ForeignWindows.h"
 #include "desktop/Text.h"
 
 namespace tsln::desktop {
@@ -77,6 +78,8 @@ void fillMenu(wxMenu& menu, const Command& popup) {
 }  // namespace
 
 MessageAnswer askMessage(wxWindow* owner, const wxString& text, MessageButtons buttons, MessageIcon icon) {
+    std::optional<ForeignWindows> foreign;  // those below an owner are disabled already
+    if (!owner) foreign.emplace();
     MessageDialog box(owner, text, messageTitle, styleOf(buttons) | styleOf(icon) | wxCENTRE);
 #ifdef __WXGTK__
     if (buttons == MessageButtons::YesNo) box.SetEscapeId(wxID_NO);

@@ -85,8 +85,17 @@ void ScreenDialog::run() {
     setInitialFocus();
     // The window system may never tell of the first activation (no window manager, another program in front).
     CallAfter([this] { activateFirst(); });
+    ForeignWindows foreign;
+    foreign.own(*this);
+    foreign_ = &foreign;
     Raise();
     ShowModal();
+    foreign_ = nullptr;
+}
+
+void ScreenDialog::EndModal(int result) {
+    if (foreign_) foreign_->enable();
+    wxDialog::EndModal(result);
 }
 
 // Acts --------------------------------------------------------------------------------------------
@@ -197,6 +206,9 @@ void ScreenDialog::place() {
         const wxPoint middle(FromDIP(*stored.left) + GetSize().x / 2, owner ? owner->GetScreenRect().y : 0);
         if (const int there = wxDisplay::GetFromPoint(middle); there != wxNOT_FOUND) display = there;
     }
+    const wxRect guestOf = owner ? wxRect() : ForeignWindows::foremostRect();
+    if (display == wxNOT_FOUND && !guestOf.IsEmpty())
+        display = wxDisplay::GetFromPoint(guestOf.GetPosition() + guestOf.GetSize() / 2);
     const wxRect area =
         wxDisplay(display == wxNOT_FOUND ? 0u : static_cast<unsigned>(display)).GetClientArea();
 
@@ -206,7 +218,9 @@ void ScreenDialog::place() {
     };
     const Surroundings around{
         .display = toDip(area),
-        .owner = toDip(owner && owner->IsShown() ? owner->GetScreenRect() : area),
+        .owner = toDip(owner && owner->IsShown() ? owner->GetScreenRect()
+                       : guestOf.IsEmpty()       ? area
+                                                 : guestOf),
         .least = ToDIP(GetSizer()->CalcMin()),
         .natural = ToDIP(natural),
     };

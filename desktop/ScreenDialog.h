@@ -8,6 +8,7 @@
 #include <wx/dialog.h>
 
 #include "desktop/ControlView.h"
+#include "desktop/ForeignWindows.h"
 #include "screens/Screen.h"
 
 namespace tsln::desktop {
@@ -22,6 +23,7 @@ class ScreenDialog : public wxDialog, private ScreenView {
 
     /// Shows the dialog and returns when the screen is hidden or unloaded.
     void run();
+    void EndModal(int result) override;
 
     Screen& screen() const noexcept { return screen_; }
     /// Runs an act of the user, then draws what it changed. Nothing happens while another one runs or the
@@ -70,6 +72,7 @@ class ScreenDialog : public wxDialog, private ScreenView {
     std::unordered_map<int, std::vector<ControlView*>> viewsByMnemonic_;
     std::unordered_set<ControlView*> changed_;
     ControlView* focused_ = nullptr;
+    ForeignWindows* foreign_ = nullptr;  // while the dialog is shown
     bool layoutDirty_ = false;
     bool acting_ = false;
     bool activated_ = false;

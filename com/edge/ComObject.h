@@ -11,12 +11,20 @@ namespace tsln::com {
 
 using Microsoft::WRL::ComPtr;
 
+/// Takes over a reference that belongs to the caller. ComPtr::Attach() of mingw-w64 10 takes one more.
+template <class Interface>
+ComPtr<Interface> adopt(Interface* reference) noexcept {
+    ComPtr<Interface> pointer;
+    *pointer.GetAddressOf() = reference;
+    return pointer;
+}
+
 /// How many of this module's COM objects the outside holds, and how often it has locked the module.
 std::atomic<long>& moduleReferences() noexcept;
 
 /// Identity, lifetime and interface lookup of a COM object that offers the interfaces named, the first being
 /// the one asked for as IUnknown; IDispatch is answered by the first that has it. Made with one reference,
-/// which belongs to the maker: `ComPtr<X> x; x.Attach(new X(...));`
+/// which belongs to the maker: `adopt(new X(...))`
 template <class First, class... Others>
 class ComObject : public First, public Others... {
   public:

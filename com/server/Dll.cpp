@@ -35,9 +35,7 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, LPVOID* out) {
     if (classId != __uuidof(::Library)) return CLASS_E_CLASSNOTAVAILABLE;
     return guarded(
         [&]() -> HRESULT {
-            ComPtr<IClassFactory> factory;
-            factory.Attach(new ClassFactory);
-            return factory->QueryInterface(iid, out);
+            return adopt<IClassFactory>(new ClassFactory)->QueryInterface(iid, out);
         },
         nullptr);
 }

@@ -254,9 +254,7 @@ class LibraryClass : public ComObject<ILibrary, ISupportErrorInfo> {
 }  // namespace
 
 ComPtr<ILibrary> createLibrary() {
-    ComPtr<ILibrary> library;
-    library.Attach(new LibraryClass);
-    return library;
+    return adopt<ILibrary>(new LibraryClass);
 }
 
 }  // namespace tsln::com

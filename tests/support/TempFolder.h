@@ -1,7 +1,7 @@
 #pragma once
 
-#include <cstdlib>
 #include <filesystem>
+#include <random>
 #include <string>
 
 namespace tsln::test {
@@ -10,8 +10,12 @@ namespace tsln::test {
 class TempFolder {
   public:
     explicit TempFolder(const std::string& begin = "tessaline test ") {
-        std::string name = (std::filesystem::temp_directory_path() / (begin + "XXXXXX")).string();
-        path_ = mkdtemp(name.data());
+        // Tests run side by side: a name of its own is one that could be made.
+        const std::filesystem::path base = std::filesystem::temp_directory_path();
+        std::random_device random;
+        do {
+            path_ = (base / (begin + std::to_string(random()))).string();
+        } while (!std::filesystem::create_directory(path_));
     }
     ~TempFolder() {
         std::error_code ignored;

@@ -5,6 +5,7 @@
 #include <wx/statbmp.h>
 #include <wx/wx.h>
 
+#include "desktop/ForeignWindows.h"
 #include "workbench/host/Markup.h"
 
 namespace tsln::workbench {
@@ -123,7 +124,14 @@ class MessageDialog : public wxDialog {
 
 Reply MessageWindows::showMessage(const Message& message) {
     wxWindow* owner = wxGetActiveWindow();
-    MessageDialog dialog(owner ? wxGetTopLevelParent(owner) : wxTheApp->GetTopWindow(), message);
+    // On Windows the module's screens are windows of another toolkit.
+    const bool overScreen = !desktop::ForeignWindows::foremostRect().IsEmpty();
+    desktop::ForeignWindows screens;
+    MessageDialog dialog(owner        ? wxGetTopLevelParent(owner)
+                         : overScreen ? nullptr
+                                      : wxTheApp->GetTopWindow(),
+                         message);
+    screens.own(dialog);
     const int answer = dialog.ShowModal();
     return {.answer = answer == wxID_YES  ? MessageAnswer::Yes
                       : answer == wxID_NO ? MessageAnswer::No

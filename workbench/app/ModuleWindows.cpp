@@ -25,9 +25,7 @@ class ComponentFactory : public com::ComObject<IClassFactory> {
         if (outer) return CLASS_E_NOAGGREGATION;
         return com::guarded(
             [&]() -> HRESULT {
-                ComPtr<IDispatch> component;
-                component.Attach(com::newDispatch(session_.createObject(programId_)));
-                return component->QueryInterface(iid, out);
+                return com::adopt(com::newDispatch(session_.createObject(programId_)))->QueryInterface(iid, out);
             },
             nullptr);
     }
@@ -45,8 +43,8 @@ class OfferedComponent {
     OfferedComponent(const CompanySession& session, std::string_view programId) {
         CLSID classId;
         HRESULT result = CLSIDFromProgID(com::toWide(programId).c_str(), &classId);
-        ComPtr<IClassFactory> factory;
-        factory.Attach(new ComponentFactory(session, programId));
+        const ComPtr<IClassFactory> factory =
+            com::adopt<IClassFactory>(new ComponentFactory(session, programId));
         if (SUCCEEDED(result)) {
             result = CoRegisterClassObject(classId, factory.Get(), CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER,
                                            REGCLS_MULTIPLEUSE, &cookie_);

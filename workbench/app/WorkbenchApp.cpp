@@ -79,7 +79,8 @@ void WorkbenchApp::callOperation() {
     for (std::size_t i = 1; i < options_.show.size(); ++i)
         arguments.emplace_back(options_.show[i]);
     try {
-        const Variant result = module_->library()->invoke(options_.show[0], Access::Call, Arguments(arguments));
+        const Variant result =
+            module_->library()->invoke(options_.show[0], Access::Call, Arguments(arguments));
         if (!result.isEmpty() && !result.isObject()) std::printf("%s\n", result.toText().c_str());
     } catch (const std::exception& error) {
         complain(error.what());

@@ -1,0 +1,44 @@
+# The Windows suite: what runs under Wine, one test a program. The tests that drive windows by the X server, and those
+# that start and kill processes by POSIX calls (tests/desktop, tests/workbench/app, parts of tests/workbench/company),
+# are for the native suite alone; here the windows are driven by the system's messages.
+if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+    set(bits 64)
+else()
+    set(bits 32)
+endif()
+set(onWine ${CMAKE_SOURCE_DIR}/scripts/on-wine ${bits})
+
+# tsln_windows_test(NAME FOLDER USES TARGET...): the tests of a folder as one program.
+function(tsln_windows_test name folder)
+    cmake_parse_arguments(TEST "" "" "USES" ${ARGN})
+    file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp)
+    add_executable(test_${name} ${sources})
+    target_link_libraries(test_${name} PRIVATE ${TEST_USES} tsln_options GTest::gmock)
+    if(NOT EXISTS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/main.cpp)
+        target_link_libraries(test_${name} PRIVATE GTest::gmock_main)
+    endif()
+    add_test(NAME ${name} COMMAND ${onWine} $<TARGET_FILE:test_${name}>)
+    set_tests_properties(${name} PROPERTIES TIMEOUT 900 ENVIRONMENT TSLN_BUILD=${CMAKE_BINARY_DIR})
+endfunction()
+
+tsln_windows_test(automation automation USES tsln_automation)
+tsln_windows_test(shared shared USES tsln_shared)
+tsln_windows_test(bridge bridge USES tsln_test_support)
+tsln_windows_test(lists lists USES tsln_test_support)
+tsln_windows_test(workbench_host workbench/host USES tsln_workbench_host tsln_test_support)
+tsln_windows_test(com_edge com/edge USES tsln_com_edge)
+
+add_library(tsln_window_driver STATIC com/driver/WindowDriver.cpp)
+target_link_libraries(tsln_window_driver PUBLIC tsln_com_edge tsln_options)
+add_executable(window_driver com/driver/main.cpp)
+target_link_libraries(window_driver PRIVATE tsln_window_driver)
+
+tsln_windows_test(com_server com/server
+    USES tsln_com_edge tsln_window_driver tsln_workbench_host tsln_test_support tsln_interface)
+add_dependencies(test_com_server tslnmaint5 tsln_interface_files)
+
+# The class is registered in the Windows that all tests share, so those that need it run one after the other.
+add_test(NAME com_script COMMAND ${CMAKE_SOURCE_DIR}/tests/com/run-script ${bits} $<TARGET_FILE:tslnmaint5>
+                                 ${CMAKE_CURRENT_SOURCE_DIR}/com/road.vbs $<TARGET_FILE:window_driver>)
+set_tests_properties(com_script PROPERTIES TIMEOUT 300 ENVIRONMENT TSLN_BUILD=${CMAKE_BINARY_DIR})
+set_tests_properties(com_script com_server com_edge PROPERTIES RESOURCE_LOCK windows)

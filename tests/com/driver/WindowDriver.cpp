@@ -1,0 +1,166 @@
+#include "tests/com/driver/WindowDriver.h"
+
+#include <commctrl.h>
+
+#include "com/edge/Wide.h"
+
+namespace tsln::test {
+namespace {
+
+constexpr DWORD patience = 20000;  // milliseconds: Wine's first window takes some seconds
+constexpr DWORD pause = 20;
+
+/// Tries until there is something, or patience ends.
+template <class T>
+T waitFor(const std::function<T()>& look, const std::string& what) {
+    const ULONGLONG end = GetTickCount64() + patience;
+    do {
+        if (T found = look()) return found;
+        Sleep(pause);
+    } while (GetTickCount64() < end);
+    std::string seen;
+    for (const std::string& caption : WindowDriver::captions())
+        seen += " '" + caption + "'";
+    throw DriverError(what + " did not come; there are" + (seen.empty() ? " no windows" : seen));
+}
+
+std::string captionOf(HWND window) {
+    wchar_t text[256];
+    return com::toUtf8({text, static_cast<std::size_t>(GetWindowTextW(window, text, 256))});
+}
+
+bool isClass(HWND window, const wchar_t* name) {
+    wchar_t text[64];
+    GetClassNameW(window, text, 64);
+    return lstrcmpiW(text, name) == 0;
+}
+
+HWND findTop(const std::function<bool(HWND)>& isMeant) {
+    struct Search {
+        const std::function<bool(HWND)>& isMeant;
+        HWND found = nullptr;
+    } search{isMeant};
+    EnumWindows(
+        [](HWND window, LPARAM parameter) -> BOOL {
+            auto& wanted = *reinterpret_cast<Search*>(parameter);
+            if (!IsWindowVisible(window) || !wanted.isMeant(window)) return TRUE;
+            wanted.found = window;
+            return FALSE;
+        },
+        reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
+std::vector<HWND> childrenOf(HWND window) {
+    std::vector<HWND> children;
+    EnumChildWindows(
+        window,
+        [](HWND child, LPARAM list) -> BOOL {
+            if (IsWindowVisible(child)) reinterpret_cast<std::vector<HWND>*>(list)->push_back(child);
+            return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&children));
+    return children;
+}
+
+}  // namespace
+
+HWND WindowDriver::window(const std::string& caption) {
+    return waitFor<HWND>(
+        [&] { return findTop([&](HWND w) { return IsWindowEnabled(w) && captionOf(w) == caption; }); },
+        "The window '" + caption + "'");
+}
+
+bool WindowDriver::gone(const std::string& caption) {
+    const ULONGLONG end = GetTickCount64() + patience;
+    while (findTop([&](HWND w) { return captionOf(w) == caption; })) {
+        if (GetTickCount64() > end) return false;
+        Sleep(pause);
+    }
+    return true;
+}
+
+HWND WindowDriver::child(const std::string& caption, const std::function<bool(HWND)>& isMeant,
+                         const std::string& what) {
+    return waitFor<HWND>(
+        [&]() -> HWND {
+            const HWND top = window(caption);
+            for (const HWND at : childrenOf(top)) {
+                if (IsWindowEnabled(at) && isMeant(at)) return at;
+            }
+            return nullptr;
+        },
+        what + " of '" + caption + "'");
+}
+
+void WindowDriver::press(const std::string& caption, const std::string& button) {
+    const HWND at = child(
+        caption, [&](HWND w) { return isClass(w, L"Button") && captionOf(w) == button; },
+        "Button '" + button + "'");
+    const HWND top = GetAncestor(at, GA_ROOT);
+    const auto hasEffect = [top] { return !IsWindowVisible(top) || !IsWindowEnabled(top); };
+    // A screen that is at work does not take a click; a user would click again.
+    waitFor<bool>(
+        [&] {
+            PostMessageW(at, BM_CLICK, 0, 0);  // what it opens may be modal
+            for (int i = 0; i < 25 && !hasEffect(); ++i)
+                Sleep(pause);
+            return hasEffect();
+        },
+        "The effect of '" + button + "'");
+}
+
+HWND WindowDriver::field(const std::string& caption, std::size_t number) {
+    return waitFor<HWND>(
+        [&]() -> HWND {
+            std::size_t before = 0;
+            for (const HWND at : childrenOf(window(caption))) {
+                if (isClass(at, L"Edit") && before++ == number) return at;
+            }
+            return nullptr;
+        },
+        "Field " + std::to_string(number) + " of '" + caption + "'");
+}
+
+void WindowDriver::fill(const std::string& window, std::size_t number, const std::string& text) {
+    // A dialog that has just come may still be filling its fields itself.
+    waitFor<bool>(
+        [&] {
+            SendMessageW(field(window, number), WM_SETTEXT, 0,
+                         reinterpret_cast<LPARAM>(com::toWide(text).c_str()));
+            Sleep(5 * pause);
+            return read(window, number) == text;
+        },
+        "The text '" + text + "'");
+}
+
+std::string WindowDriver::read(const std::string& window, std::size_t number) {
+    const HWND at = field(window, number);
+    std::wstring text(static_cast<std::size_t>(SendMessageW(at, WM_GETTEXTLENGTH, 0, 0)) + 1, L'\0');
+    text.resize(static_cast<std::size_t>(
+        SendMessageW(at, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
+    return com::toUtf8(text);
+}
+
+void WindowDriver::close(const std::string& caption) {
+    PostMessageW(window(caption), WM_SYSCOMMAND, SC_CLOSE, 0);
+}
+
+void WindowDriver::waitForRows(const std::string& window, int count) {
+    const HWND list = child(
+        window, [](HWND w) { return isClass(w, WC_LISTVIEWW); }, "The list");
+    waitFor<bool>([&] { return SendMessageW(list, LVM_GETITEMCOUNT, 0, 0) == count; },
+                  "Row " + std::to_string(count) + " of '" + window + "'");
+}
+
+std::vector<std::string> WindowDriver::captions() {
+    std::vector<std::string> all;
+    findTop([&](HWND w) {
+        const std::string caption = captionOf(w);
+        if (!caption.empty()) all.push_back(caption + (IsWindowEnabled(w) ? "" : " (disabled)"));
+        return false;
+    });
+    return all;
+}
+
+}  // namespace tsln::test

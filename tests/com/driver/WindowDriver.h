@@ -1,0 +1,44 @@
+#pragma once
+
+#include <functional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "com/edge/Platform.h"
+
+namespace tsln::test {
+
+/// What was waited for did not come.
+class DriverError : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
+
+/// A user at the windows of any program: finds them by their captions and acts on them by the system's own
+/// messages. Works from another thread or process than the windows'. Texts are UTF-8; the "&" of captions
+/// counts. Everything waits until it is possible, and throws DriverError when that takes too long.
+class WindowDriver {
+  public:
+    /// The visible, enabled top-level window of that caption.
+    HWND window(const std::string& caption);
+    /// True when no visible window has the caption, at once or within the time to wait.
+    bool gone(const std::string& caption);
+    /// Presses a button that closes its window or opens another one, by its caption.
+    void press(const std::string& window, const std::string& button);
+    /// Replaces the text of the window's entry field of that number, from 0 in the order of the keyboard.
+    void fill(const std::string& window, std::size_t field, const std::string& text);
+    std::string read(const std::string& window, std::size_t field);
+    /// Clicks the close box.
+    void close(const std::string& window);
+    /// Waits until the window's list has that many rows.
+    void waitForRows(const std::string& window, int count);
+    /// Captions of the visible top-level windows that a program with such windows shows, for messages.
+    static std::vector<std::string> captions();
+
+  private:
+    HWND child(const std::string& window, const std::function<bool(HWND)>& isMeant, const std::string& what);
+    HWND field(const std::string& window, std::size_t number);
+};
+
+}  // namespace tsln::test

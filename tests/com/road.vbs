@@ -1,0 +1,158 @@
+' The whole road in a script host: a client that knows the module by name alone, with a host of its own making.
+'   cscript road.vbs DRIVER     DRIVER: the program that plays the user at the windows
+Option Explicit
+
+Dim failures : failures = 0
+Sub Expect(what, wanted, found)
+    If CStr(wanted) <> CStr(found) Then
+        WScript.Echo "FAILED " & what & ": wanted '" & wanted & "', found '" & found & "'"
+        failures = failures + 1
+    End If
+End Sub
+
+' The company: rows of terms by their ID, which the statements below are carried out on.
+Dim rows : Set rows = CreateRows()
+Function CreateRows()
+    Set CreateRows = WScript.CreateObject("Scripting.Dictionary")
+End Function
+Dim nextId : nextId = 1
+Dim log : log = ""
+Dim syncState : syncState = 4
+Dim companies : companies = 1
+
+Function Between(text, before, after)
+    Dim start : start = InStr(text, before) + Len(before)
+    Between = Mid(text, start, InStr(start, text, after) - start)
+End Function
+
+Function RowXml(id)
+    RowXml = "<Record><ID>" & id & "</ID><Terms>" & rows(id) & "</Terms><DueDays>30</DueDays></Record>"
+End Function
+
+Function Answer(sql)
+    Dim key, xml, wanted
+    wanted = 0
+    If InStr(sql, "WHERE ID = ") Then wanted = CLng(Mid(sql, InStr(sql, "WHERE ID = ") + 11))
+    For Each key In rows.Keys
+        If wanted = 0 Or wanted = key Then xml = xml & RowXml(key)
+    Next
+    Set Answer = WScript.CreateObject("MSXML2.DOMDocument")
+    Answer.loadXML "<Records>" & xml & "</Records>"
+End Function
+
+Class HostDatabase
+    Public Function ExecuteRead(sql)
+        log = log & "|" & sql
+        Set ExecuteRead = Answer(sql)
+    End Function
+    Public Function ExecuteScaler(sql, field, other)
+        If InStr(sql, "SyncState") Then
+            ExecuteScaler = syncState
+        ElseIf InStr(sql, "FROM Company") Then
+            ExecuteScaler = companies
+        Else
+            ExecuteScaler = "7"
+        End If
+    End Function
+    Public Function ExecuteNonQueryWithID(sql)
+        log = log & "|" & sql
+        rows.Add nextId, Between(sql, "VALUES('", "'")
+        ExecuteNonQueryWithID = nextId
+        nextId = nextId + 1
+    End Function
+    Public Function ExecuteNonQuery(sql)
+        log = log & "|" & sql
+        Dim id : id = CLng(Mid(sql, InStr(sql, "WHERE ID = ") + 11))
+        If Left(sql, 6) = "UPDATE" Then rows(id) = Between(sql, "Terms = '", "'")
+        If Left(sql, 6) = "DELETE" Then rows.Remove id
+        ExecuteNonQuery = True
+    End Function
+    Public Property Get LastSQLErrorDescription
+        LastSQLErrorDescription = ""
+    End Property
+End Class
+
+Class HostCommon
+    Public Function RecordExists(table, column, value, id)
+        RecordExists = False
+    End Function
+End Class
+
+Class HostSecurity
+    Public Function CanDo(area, right)
+        CanDo = True
+    End Function
+End Class
+
+Class SharedCode
+    Public Property Get Database
+        Set Database = New HostDatabase
+    End Property
+    Public Property Get Common
+        Set Common = New HostCommon
+    End Property
+    Public Property Get Security
+        Set Security = New HostSecurity
+    End Property
+    Public Function FixForSQLInsert(text)
+        FixForSQLInsert = Replace(text, "'", "''")
+    End Function
+    Public Sub ShowAndLogErrorMessage(text, explanation, detail)
+        log = log & "|ERROR " & text & " " & detail
+    End Sub
+End Class
+
+Dim shell : Set shell = WScript.CreateObject("WScript.Shell")
+Sub UserDoes(steps)
+    shell.Run """" & WScript.Arguments(0) & """ " & steps, 0, False
+End Sub
+
+Dim library : Set library = WScript.CreateObject("tslnmaint5.Library")
+Dim host : Set host = New SharedCode
+library.Initialize host
+
+Expect "complete", True, library.InitialSyncComplete()
+syncState = 3
+Expect "state 3", False, library.InitialSyncComplete
+syncState = "4" : companies = 2
+Expect "two companies", False, library.InitialSyncComplete()
+companies = 1
+
+rows.Add nextId, "Net 30" : nextId = nextId + 1
+UserDoes """rows:Terms|1"" ""press:Terms|&New..."" ""fill:New Terms|0|Net 45"" ""press:New Terms|OK"" " & _
+    """gone:New Terms"" ""rows:Terms|2"" ""press:Terms|&Close"""
+Expect "closed by Close", True, library.ShowTerms()
+Expect "row added", "Net 45", rows(2)
+If InStr(log, "INSERT INTO Terms (Terms,DueDays,Discount,DiscountDays,Exported) VALUES('Net 45', 0, 0, 0, 0)") = 0 Then
+    Expect "the statement", "INSERT ...", log
+End If
+
+Dim id : id = 2
+UserDoes """fill:Edit Terms|0|Net 60"" ""press:Edit Terms|OK"""
+Expect "saved", 2, library.ShowEditTerms(id)
+Expect "row changed", "Net 60", rows(2)
+UserDoes """press:Edit Terms|Cancel"""
+Expect "cancelled", 0, library.ShowEditTerms("2")
+UserDoes """close:Terms"""
+Expect "closed by its close box", False, library.ShowTerms
+
+On Error Resume Next
+library.ShowEditTerms
+Expect "missing argument", 449, Err.Number
+Err.Clear
+library.ShowTerms 1
+Expect "surplus argument", 450, Err.Number
+Err.Clear
+library.ShowEditTerms "abc"
+Expect "wrong type", 13, Err.Number
+Err.Clear
+library.CanDeleteDiscountGroup 1
+Expect "private", 438, Err.Number
+Err.Clear
+On Error GoTo 0
+
+library.PreTerminate
+Set library = Nothing
+If InStr(log, "ERROR") Then Expect "no errors told", "", log
+WScript.Echo "road: " & failures & " failure(s)"
+WScript.Quit failures

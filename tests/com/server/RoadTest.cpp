@@ -1,0 +1,323 @@
+// The whole road of a host: the real windows of the module over a real company, by the platform's means
+// alone.
+
+#include <atomic>
+
+#include <gmock/gmock.h>
+
+#include "com/edge/Conversion.h"
+#include "com/edge/DispatchObject.h"
+#include "com/edge/Wide.h"
+#include "tests/com/server/Server.h"
+#include "tests/support/RecordingHost.h"
+#include "tests/support/TempFolder.h"
+#include "workbench/host/CompanySession.h"
+
+namespace tsln::test {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using workbench::CompanySession;
+
+/// What the host tells its user is written down, not shown.
+class SilentUi : public workbench::HostUi {
+  public:
+    workbench::Reply showMessage(const workbench::Message& message) override {
+        told.push_back(message.text);
+        return {};
+    }
+    std::vector<std::string> told;
+};
+
+class RoadTest : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        session.company().execute("DELETE FROM Terms");
+        session.company().execute(
+            "INSERT INTO Terms (Terms, DueDays, Discount, DiscountDays, Exported) "
+            "VALUES ('Net 30', 30, 0, 0, 0)");
+        ComPtr<IDispatch> sharedCode = com::adopt(com::newDispatch(session.sharedCode()));
+        ASSERT_EQ(S_OK, library->Initialize(sharedCode.GetAddressOf()));
+    }
+    void TearDown() override {
+        if (library) {
+            EXPECT_EQ(S_OK, library->PreTerminate());
+        }
+    }
+
+    std::string terms() {
+        return session.company()
+            .scalar("SELECT COUNT(*) FROM Terms WHERE Terms = 'Net 45' AND DueDays = 45")
+            .toText();
+    }
+
+    TempFolder folder;
+    SilentUi ui;
+    CompanySession session{folder.file("Road.company"), "admin", ui};
+    ComPtr<ILibrary> library = newLibrary();
+};
+
+TEST_F(RoadTest, TermsAreListedAddedEditedAndDeleted) {
+    VARIANT_BOOL closed = VARIANT_FALSE;
+    {
+        const User user([](WindowDriver& at) {
+            at.waitForRows("Terms", 1);
+            at.press("Terms", "&New...");
+            at.fill("New Terms", 0, "  Net 45 “quoted” 'text'  ");
+            at.fill("New Terms", 1, "45");
+            at.press("New Terms", "OK");
+            EXPECT_TRUE(at.gone("New Terms"));
+            at.waitForRows("Terms", 2);
+            at.press("Terms", "&Close");
+        });
+        ASSERT_EQ(S_OK, library->ShowTerms(&closed));
+    }
+    EXPECT_EQ(VARIANT_TRUE, closed);
+    const std::int32_t id =
+        session.company().scalar("SELECT ID FROM Terms WHERE Terms = 'Net 45 “quoted” ''text'''").toLong();
+    ASSERT_GT(id, 0);
+    EXPECT_EQ(
+        45, session.company().scalar("SELECT DueDays FROM Terms WHERE ID = " + std::to_string(id)).toLong());
+
+    LONG key = id;
+    LONG saved = 0;
+    {
+        const User user([](WindowDriver& at) {
+            at.window("Edit Terms");
+            while (at.read("Edit Terms", 0).empty())
+                Sleep(20);
+            EXPECT_EQ("Net 45 “quoted” 'text'", at.read("Edit Terms", 0));
+            at.fill("Edit Terms", 0, "");
+            at.press("Edit Terms", "OK");
+            at.press("Tessaline", "OK");  // "You must enter a valid term."
+            at.fill("Edit Terms", 0, "Net 45");
+            at.press("Edit Terms", "OK");
+        });
+        ASSERT_EQ(S_OK, library->ShowEditTerms(&key, &saved));
+    }
+    EXPECT_EQ(id, saved);
+    EXPECT_EQ("1", terms());
+
+    {  // closed by its close box: not by its Close button
+        const User user([](WindowDriver& at) { at.close("Terms"); });
+        com::OwnedVariant result;
+        ASSERT_EQ(S_OK, callByName(library.Get(), "ShowTerms", {}, result.get()));
+        EXPECT_EQ(VARIANT_FALSE, V_BOOL(result.get()));
+    }
+    EXPECT_TRUE(ui.told.empty());
+}
+
+TEST_F(RoadTest, NothingOfTheHostIsHeldAfterAScreen) {
+    const auto open = [&] {
+        const User user([](WindowDriver& at) { at.press("Terms", "&Close"); });
+        VARIANT_BOOL closed;
+        EXPECT_EQ(S_OK, library->ShowTerms(&closed));
+    };
+    open();  // what is made once
+    ComPtr<IDispatch> held;
+    library->get_SharedCodeLibrary(&held);
+    const ULONG references = (held->AddRef(), held->Release());
+    const long objects = com::moduleReferences();
+    for (int i = 0; i < 3; ++i)
+        open();
+    EXPECT_EQ(references, (held->AddRef(), held->Release()));
+    EXPECT_EQ(objects, com::moduleReferences());
+}
+
+TEST_F(RoadTest, TheHostsWindowsTakeNoInputMeanwhile) {
+    const HWND host = CreateWindowExW(0, L"STATIC", L"The host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 50, 50,
+                                      400, 200, nullptr, nullptr, nullptr, nullptr);
+    const HWND palette = CreateWindowExW(0, L"STATIC", L"A palette", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 500,
+                                         50, 100, 200, nullptr, nullptr, nullptr, nullptr);
+    const HWND asleep =
+        CreateWindowExW(0, L"STATIC", L"Asleep", WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_DISABLED, 50, 300, 100,
+                        100, nullptr, nullptr, nullptr, nullptr);
+    SetActiveWindow(host);
+    {
+        const User user([&](WindowDriver& at) {
+            const HWND screen = at.window("Terms");
+            EXPECT_FALSE(IsWindowEnabled(host));
+            EXPECT_FALSE(IsWindowEnabled(palette));
+            EXPECT_EQ(host, GetWindow(screen, GW_OWNER));
+            at.press("Terms", "&New...");
+            at.window("New Terms");
+            EXPECT_FALSE(IsWindowEnabled(screen));
+            at.press("New Terms", "Cancel");
+            at.press("Terms", "&Close");
+        });
+        VARIANT_BOOL closed;
+        EXPECT_EQ(S_OK, library->ShowTerms(&closed));
+    }
+    EXPECT_TRUE(IsWindowEnabled(host));
+    EXPECT_TRUE(IsWindowEnabled(palette));
+    EXPECT_FALSE(IsWindowEnabled(asleep));  // it was none of ours to wake
+    EXPECT_EQ(host, GetActiveWindow());
+    for (const HWND window : {host, palette, asleep})
+        DestroyWindow(window);
+}
+
+TEST_F(RoadTest, WindowPositionsLieInTheRegistry) {
+    {
+        const User user([](WindowDriver& at) {
+            SetWindowPos(at.window("Terms"), nullptr, 120, 80, 640, 420, SWP_NOZORDER | SWP_NOACTIVATE);
+            at.press("Terms", "&Close");
+        });
+        VARIANT_BOOL closed;
+        ASSERT_EQ(S_OK, library->ShowTerms(&closed));
+    }
+    for (const wchar_t* value : {L"Left", L"Width", L"Height"}) {
+        DWORD size = 0;
+        EXPECT_EQ(
+            ERROR_SUCCESS,
+            RegGetValueW(HKEY_CURRENT_USER, L"Software\\Kestrane\\Tessaline\\5.0\\Window Positions\\frmTerms",
+                         value, RRF_RT_ANY, nullptr, nullptr, &size))
+            << com::toUtf8(value);
+    }
+    {
+        const User user([](WindowDriver& at) {
+            RECT rect;
+            GetWindowRect(at.window("Terms"), &rect);
+            EXPECT_EQ(120, rect.left);
+            EXPECT_EQ(640, rect.right - rect.left);
+            at.press("Terms", "&Close");
+        });
+        VARIANT_BOOL closed;
+        ASSERT_EQ(S_OK, library->ShowTerms(&closed));
+    }
+}
+
+TEST_F(RoadTest, TheModuleGoesAndComesAnyNumberOfTimes) {
+    const auto isLoaded = [] { return GetModuleHandleW(L"tslnmaint5.dll") != nullptr; };
+    for (int round = 0; round < 3; ++round) {
+        {
+            const User user([](WindowDriver& at) { at.press("Terms", "&Close"); });
+            VARIANT_BOOL closed;
+            ASSERT_EQ(S_OK, library->ShowTerms(&closed)) << round;
+        }
+        ASSERT_EQ(S_OK, library->PreTerminate());
+        library.Reset();
+        CoFreeUnusedLibrariesEx(0, 0);
+        EXPECT_FALSE(isLoaded()) << round;
+        library = newLibrary();
+        ComPtr<IDispatch> sharedCode = com::adopt(com::newDispatch(session.sharedCode()));
+        ASSERT_EQ(S_OK, library->Initialize(sharedCode.GetAddressOf()));
+    }
+}
+
+TEST_F(RoadTest, TheHostMayLetGoOfTheLibraryWhileAScreenIsOpen) {
+    ILibrary* last = library.Detach();
+    const User user([](WindowDriver& at) { at.press("Terms", "&Close"); });
+    const auto host = RecordingHost::make();
+    host->on("Security.CanDo", [&](Arguments) {
+        if (last) std::exchange(last, nullptr)->Release();
+        return Variant(true);
+    });
+    ComPtr<IDispatch> sharedCode = com::adopt(com::newDispatch(host->sharedCode()));
+    ILibrary* called = last;
+    ASSERT_EQ(S_OK, called->Initialize(sharedCode.GetAddressOf()));
+    VARIANT_BOOL closed;
+    EXPECT_EQ(S_OK, called->ShowTerms(&closed));
+    EXPECT_EQ(nullptr, last);
+}
+
+// Documents of the platform ---------------------------------------------------------------------------
+
+TEST(HostDocuments, TheParserOfThePlatformIsReadInOnePiece) {
+    const auto host = RecordingHost::make();
+    host->on("Database.ExecuteRead", [](Arguments) {
+        const ObjectPtr document = com::createComponent("MSXML2.DOMDocument");
+        document->call("loadXML",
+                       "<Records><Record><ID>1</ID><Terms>Net 30 &amp;#13;&amp;#10;days</Terms></Record>"
+                       "<Record><ID>2</ID><Terms>Größe</Terms><DueDays>7</DueDays></Record></Records>");
+        return Variant(document);
+    });
+    ComPtr<IDispatch> sharedCode = com::adopt(com::newDispatch(host->sharedCode()));
+    const ComPtr<ILibrary> library = newLibrary();
+    ASSERT_EQ(S_OK, library->Initialize(sharedCode.GetAddressOf()));
+    const User user([](WindowDriver& at) {
+        at.waitForRows("Terms", 2);
+        at.press("Terms", "&Close");
+    });
+    VARIANT_BOOL closed;
+    EXPECT_EQ(S_OK, library->ShowTerms(&closed));
+}
+
+// A host that fails -----------------------------------------------------------------------------------
+
+/// Goes through whatever the module shows, as far as it lets him, until told to stop.
+class Stubborn {
+  public:
+    Stubborn() : thread_([this] { run(); }) {}
+    ~Stubborn() {
+        done_ = true;
+        thread_.join();
+    }
+
+  private:
+    static void act(HWND window) {
+        wchar_t caption[64];
+        GetWindowTextW(window, caption, 64);
+        const std::wstring name = caption;
+        if (name == L"New Terms") {
+            const HWND field = FindWindowExW(window, nullptr, L"Edit", nullptr);
+            if (GetWindowTextLengthW(field) == 0) {
+                SendMessageW(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"Net 45"));
+                PostMessageW(FindWindowExW(window, nullptr, L"Button", L"OK"), BM_CLICK, 0, 0);
+                Sleep(60);
+                return;
+            }
+        }
+        PostMessageW(window, WM_CLOSE, 0, 0);
+    }
+    void run() {
+        while (!done_) {
+            EnumWindows(
+                [](HWND window, LPARAM) -> BOOL {
+                    DWORD process = 0;
+                    GetWindowThreadProcessId(window, &process);
+                    if (process != GetCurrentProcessId() || !IsWindowVisible(window) ||
+                        !IsWindowEnabled(window))
+                        return TRUE;
+                    act(window);
+                    return FALSE;
+                },
+                0);
+            Sleep(15);
+        }
+    }
+
+    std::atomic<bool> done_ = false;
+    std::thread thread_;
+};
+
+TEST(FailingHost, EveryCallInTurnMayRaiseAndNothingIsHeld) {
+    const auto run = [](int failing, RecordingHost::Fault fault) {
+        const auto host = RecordingHost::make();
+        const long objects = com::moduleReferences();
+        {
+            ComPtr<IDispatch> sharedCode = com::adopt(com::newDispatch(host->sharedCode()));
+            const ComPtr<ILibrary> library = newLibrary();
+            EXPECT_EQ(S_OK, library->Initialize(sharedCode.GetAddressOf()));
+            host->failCall(failing, fault);
+            const Stubborn user;
+            VARIANT_BOOL flag;
+            LONG none = 0;
+            LONG id = 0;
+            EXPECT_EQ(S_OK, library->ShowTerms(&flag)) << failing;
+            EXPECT_EQ(S_OK, library->ShowEditTerms(&none, &id)) << failing;
+            EXPECT_EQ(S_OK, library->PreTerminate());
+        }
+        EXPECT_EQ(objects, com::moduleReferences()) << failing;
+        return host->callCount();
+    };
+    const int calls = run(-1, RecordingHost::Fault::Raise);
+    EXPECT_GT(calls, 15);
+    for (int failing = 0; failing < calls; ++failing) {
+        run(failing, RecordingHost::Fault::Raise);
+        if (failing % 3 == 0) run(failing, RecordingHost::Fault::WrongType);
+    }
+}
+
+}  // namespace
+}  // namespace tsln::test
