@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,8 @@ class RecordingUi : public HostUi {
   public:
     std::vector<Message> shown;
     std::deque<Reply> replies;  ///< Ok when there is none left
+    std::vector<ExpressionEdit> edits;
+    std::optional<std::string> edited;  ///< what the user makes of an expression; cancelled when empty
 
     Reply showMessage(const Message& message) override {
         shown.push_back(message);
@@ -28,6 +31,10 @@ class RecordingUi : public HostUi {
         const Reply reply = replies.front();
         replies.pop_front();
         return reply;
+    }
+    std::optional<std::string> editExpression(const ExpressionEdit& edit) override {
+        edits.push_back(edit);
+        return edited;
     }
 };
 

@@ -81,6 +81,8 @@ TEST(Members, AnswerFromTheCompany) {
                    {"Common.GetEmployeeName", {3}, "Priya K Lindqvist"},
                    {"Common.GetShippingMethodName", {"2"}, "Parcel carrier"},
                    {"Common.GetOrderStatusNameFromID", {1}, "New quote"},
+                   {"Common.GetVendorCostMethodName", {2}, "Cost from Product"},
+                   {"Common.GetVendorCostMethodName", {0}, ""},
                    {"Common.GetProductNameFromID", {3}, "Brightvane cellular single"},
                    {"Common.GetProductFileFromID2", {3}, "BRV-CELL1"},
                    {"Common.GetCustomerName", {9999}, ""},
@@ -113,7 +115,7 @@ TEST(Members, AnswerFromTheCompany) {
                    {"FixDateForSQLInsert", {"no date"}, "!"},
                    {"GetSHA2", {"abc"}, "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad"},
                    {"GetSHA2", {"abc", 7}, "!There is no digest of 7 bits."},
-                   {"CurrentCompanyConn", {}, "nothing"},
+                   {"CurrentCompanyConn", {}, "object"},
                    {"OperatingMode", {}, "0"},
                    {"ShowSelectBySearch",
                     {1, 2},
@@ -320,6 +322,11 @@ TEST(Members, LoadersFillComboBoxes) {
         {"LoadTerms", {}, ""},
         {"LoadEmailLabels", {}, "Accounts=1;Home=2;Work=3;"},
         {"LoadLocations", {}, "Merriden Falls showroom=1;Oxbow Landing=2;"},
+        {"LoadTaxGroups", {}, "Exempt=4;Merriden County=1;Oxbow County=2;State only=3;"},
+        {"LoadPurchaseAccounts",
+         {},
+         "Contract Installers=10;Freight In=11;Purchases - Blinds and Shades=7;Purchases - Draperies=8;"
+         "Purchases - Shutters=9;"},
         {"LoadSalesReps", {false}, "Priya K Lindqvist=3;Owen T Marchbanks=4;Dana Whitfield=1;"},
         {"LoadSalesReps", {true}, "Priya K Lindqvist=3;Owen T Marchbanks=4;Hester L Pym=8;Dana Whitfield=1;"},
         {"LoadInstallers", {}, "Bram Okonjo=7;Teodor J Vask=6;"},
@@ -347,6 +354,22 @@ TEST(Members, LoadersFillComboBoxes) {
                  HostError);
     EXPECT_EQ(screen.entries(), "stale=99;") << "a failed load leaves the entries";
     EXPECT_THROW(stage.part("Common")->call("LoadTerms", ObjectPtr()), HostError);
+}
+
+TEST(Members, ExpressionsAreEditedInTheHostsWindow) {
+    HostStage stage;
+    const ObjectPtr engine = stage.session->createObject("tslnfe5.Engine");
+    EXPECT_THROW(engine->call("ShowEditExpression", "a"), HostError) << "not initialized";
+    engine->call("Initialize", stage.session->sharedCode());
+    EXPECT_EQ(engine->call("ShowEditExpression", "Width > 96"), Variant("Width > 96")) << "cancelled";
+    stage.ui.edited = "";
+    EXPECT_EQ(engine->call("ShowEditExpression2", "Width > 96", "Tax code"), Variant("")) << "emptied";
+    ASSERT_EQ(stage.ui.edits.size(), 2U);
+    EXPECT_EQ(stage.ui.edits[0].title, "");
+    EXPECT_EQ(stage.ui.edits[1].expression, "Width > 96");
+    EXPECT_EQ(stage.ui.edits[1].title, "Tax code");
+    engine->call("PreTerminate");
+    EXPECT_THROW(engine->call("ShowEditExpression", "a"), HostError);
 }
 
 TEST(Members, ThePackageSourceNamesTheCompany) {
