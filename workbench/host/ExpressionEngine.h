@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "workbench/host/HostContext.h"
 
@@ -18,6 +19,7 @@ class ExpressionEngine : public HostObject {
 
   private:
     Variant edit(Arguments a);
+    std::vector<std::string> names() const;
 
     ObjectPtr sharedCode_;
 };

@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "screens/Desktop.h"
 
@@ -36,7 +37,8 @@ struct Reply {
 /// An expression for the user to edit.
 struct ExpressionEdit {
     std::string expression;
-    std::string title;  ///< of the window; empty for its own
+    std::string title;               ///< of the window; empty for its own
+    std::vector<std::string> names;  ///< that an expression may hold, for the user to choose from
 };
 
 /// What the host needs of whoever shows its windows.

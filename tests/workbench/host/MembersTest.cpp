@@ -3,6 +3,7 @@
 #include "screens/Controls.h"
 #include "screens/Screen.h"
 #include "tests/workbench/host/HostStage.h"
+#include "workbench/host/ExpressionText.h"
 #include "workbench/host/MessageMembers.h"
 #include "workbench/host/TextOf.h"
 
@@ -368,8 +369,23 @@ TEST(Members, ExpressionsAreEditedInTheHostsWindow) {
     EXPECT_EQ(stage.ui.edits[0].title, "");
     EXPECT_EQ(stage.ui.edits[1].expression, "Width > 96");
     EXPECT_EQ(stage.ui.edits[1].title, "Tax code");
+    EXPECT_THAT(stage.ui.edits[0].names, testing::IsSupersetOf({"Width", "Room Location"}));
     engine->call("PreTerminate");
     EXPECT_THROW(engine->call("ShowEditExpression", "a"), HostError);
+}
+
+TEST(Members, AnExpressionsFaultIsNamed) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"", ""},
+        {"Product type is Shutters", ""},
+        {"([Width] > 96) and \"a ) b\" <> [Room]", ""},
+        {"(Width > 96", "A \")\" is missing at the end."},
+        {"Width > 96)", "There is a \")\" without its beginning."},
+        {"([Width)]", "There is a \")\" where a \"]\" is due."},
+        {"Room = \"Kitchen", "A quotation mark is not closed."},
+    };
+    for (const auto& [expression, fault] : cases)
+        EXPECT_EQ(expressionFault(expression), fault) << expression;
 }
 
 TEST(Members, ThePackageSourceNamesTheCompany) {
