@@ -25,7 +25,10 @@ class ExpressionDialog : public wxDialog {
         text_ = new wxTextCtrl(this, wxID_ANY, toWx(edit.expression), wxDefaultPosition,
                                FromDIP(wxSize(420, 110)), wxTE_MULTILINE);
         text_->SetName("Expression");
-        text_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { tellFault(); });
+        text_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) {
+            changed_ = true;
+            tellFault();
+        });
         column->Add(text_, wxSizerFlags(1).Expand());
         fault_ = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
                                   wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END);
@@ -46,7 +49,7 @@ class ExpressionDialog : public wxDialog {
 
     std::string expression() const { return fromWx(text_->GetValue()); }
     /// The toolkit has line ends of its own, so that comparing texts would not tell.
-    bool changed() const { return text_->IsModified(); }
+    bool changed() const { return changed_; }
 
   private:
     wxSizer* signButtons() {
@@ -54,6 +57,7 @@ class ExpressionDialog : public wxDialog {
         for (const char* sign : signs) {
             auto* button =
                 new wxButton(this, wxID_ANY, sign, wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT);
+            button->SetMinSize(wxSize(FromDIP(38), -1));
             button->Bind(wxEVT_BUTTON, [this, sign](wxCommandEvent&) { insert(sign); });
             line->Add(button, wxSizerFlags().Border(wxRIGHT, FromDIP(4)));
         }
@@ -93,6 +97,7 @@ class ExpressionDialog : public wxDialog {
 
     wxTextCtrl* text_ = nullptr;
     wxStaticText* fault_ = nullptr;
+    bool changed_ = false;
 };
 
 }  // namespace
