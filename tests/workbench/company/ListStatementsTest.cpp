@@ -251,7 +251,7 @@ TEST_F(ListStatementsTest, TheDemonstrationCompanyRefersToItsLists) {
     }
     // something to delete in each list that refuses what is in use
     for (const char* list : {"ProductTypes", "Manufacturers", "ShippingMethods", "JobTypes", "CustomerTypes",
-                             "PaymentMethods"}) {
+                             "PaymentMethods", "ReferralMethods", "Locations", "Accounts"}) {
         for (const auto& row : lists) {
             if (std::string(row.list) != list) continue;
             std::string free = std::string("SELECT COUNT(*) FROM ") + list + " WHERE NOT ID IS NULL";

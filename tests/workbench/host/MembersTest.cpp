@@ -322,7 +322,7 @@ TEST(Members, LoadersFillComboBoxes) {
     const Case cases[] = {
         {"LoadTerms", {}, ""},
         {"LoadEmailLabels", {}, "Accounts=1;Home=2;Work=3;"},
-        {"LoadLocations", {}, "Merriden Falls showroom=1;Oxbow Landing=2;"},
+        {"LoadLocations", {}, "Merriden Falls showroom=1;Oxbow Landing=2;Tamarack Point=3;"},
         {"LoadTaxGroups", {}, "Exempt=4;Merriden County=1;Oxbow County=2;State only=3;"},
         {"LoadPurchaseAccounts",
          {},

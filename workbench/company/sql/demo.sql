@@ -73,7 +73,8 @@ INSERT INTO EmailLabels (Label) VALUES ('Accounts'), ('Home'), ('Work');
 INSERT INTO Locations (LocationName, Email, Phone1Label, Phone1, ShipToAddress1, ShipToCity, ShipToState, ShipToZip,
     ShipToCountry, StoreNumber, MarketName, Region) VALUES
     ('Merriden Falls showroom', 'falls@lanternlight.example', 'Main', '(555) 010-0140', '418 Halcyon Row', 'Merriden Falls', 'WI', '53099', 'USA', '01', 'Merriden', 'North'),
-    ('Oxbow Landing', 'oxbow@lanternlight.example', 'Main', '(555) 010-0142', '7 Ferry Steps', 'Oxbow Landing', 'WI', '53098', 'USA', '02', 'Oxbow', 'South');
+    ('Oxbow Landing', 'oxbow@lanternlight.example', 'Main', '(555) 010-0142', '7 Ferry Steps', 'Oxbow Landing', 'WI', '53098', 'USA', '02', 'Oxbow', 'South'),
+    ('Tamarack Point', 'tamarack@lanternlight.example', 'Main', '(555) 010-0143', '30 Lakeshore Drive', 'Tamarack Point', 'WI', '53097', 'USA', '03', 'Oxbow', 'South');
 INSERT INTO FieldMeasureCriteria (Criteria) VALUES ('Product type is Shutters'), ('Width over 96');
 INSERT INTO QuoteApproval (Criteria) VALUES ('Total over 10000'), ('Margin under 0.25');
 INSERT INTO RequireDepositCriteria (Criteria, DepositPercent) VALUES ('Total over 500', 25), ('Total over 2500', 50);
@@ -185,7 +186,7 @@ SELECT coalesce(firm, last || ', ' || first), printf('C%04d', 1000 + n), coalesc
     printf('%d %s', 100 + n * 13, street), town, 'WI', zip, 'USA',
     CASE WHEN firm IS NULL THEN 1 ELSE 4 END, CASE WHEN firm IS NULL THEN 1 ELSE 3 END,
     CASE n % 3 WHEN 0 THEN 1 WHEN 1 THEN 3 ELSE 4 END, 6 + n % 2, CASE WHEN n % 4 = 0 THEN 5 END,
-    CASE WHEN n % 5 = 0 THEN 2 ELSE 1 END, 1 + n % 6, 1 + n % 2, CASE WHEN firm IS NULL THEN 0 ELSE 5000 END,
+    CASE WHEN n % 5 = 0 THEN 2 ELSE 1 END, 1 + n * n % 11 % 5, 1 + n % 3 % 2, CASE WHEN firm IS NULL THEN 0 ELSE 5000 END,
     CASE WHEN firm IS NULL THEN 3 ELSE 5 END, CASE WHEN n % 12 = 11 THEN 4 ELSE 1 + n % 3 END, n % 19 <> 0,
     CASE WHEN n % 7 = 0 THEN 'Prefers mornings.' || char(13, 10) || 'Mind the dog.' END
 FROM count JOIN firsts ON firsts.i = n % 12 JOIN lasts ON lasts.i = n * 5 % 23 LEFT JOIN firms USING (n)
