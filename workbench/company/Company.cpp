@@ -84,6 +84,16 @@ struct Company::Impl {
         }
         return SQLite::Statement(*database, translation.sql);
     }
+
+    /// Runs the statement, handing it on for each of its rows, and gives the number of rows that it changed.
+    template <class OnRow>
+    std::int64_t run(SQLite::Statement& statement, SqlTranslation::Kind kind, OnRow&& onRow) {
+        while (statement.executeStep())
+            onRow(statement);
+        if (kind == SqlTranslation::Kind::Query) return 0;
+        if (kind == SqlTranslation::Kind::Insert) lastInsertId = std::int32_t(database->getLastInsertRowid());
+        return database->getChanges();
+    }
 };
 
 Company::Company(const std::string& path, OpenMode access) : impl_(std::make_unique<Impl>()) {
@@ -120,24 +130,38 @@ Variant Company::scalar(std::string_view sql) {
 }
 
 std::int64_t Company::execute(std::string_view sql) {
-    return orSqlError([&]() -> std::int64_t {
-        SqlTranslation translation = translateSql(sql);
+    return orSqlError([&] {
+        const SqlTranslation translation = translateSql(sql);
         SQLite::Statement statement(*impl_->database, translation.sql);
-        while (statement.executeStep()) {
+        return impl_->run(statement, translation.kind, [](SQLite::Statement&) {});
+    });
+}
+
+SqlResult Company::run(std::string_view sql) {
+    return orSqlError([&] {
+        const SqlTranslation translation = translateSql(sql);
+        SQLite::Statement statement(*impl_->database, translation.sql);
+        SqlResult result{.isQuery = translation.kind == SqlTranslation::Kind::Query};
+        if (result.isQuery) {
+            for (int i = 0; i < statement.getColumnCount(); ++i)
+                result.columns.push_back(statement.getColumnName(i));
         }
-        if (translation.kind == SqlTranslation::Kind::Query) return 0;
-        if (translation.kind == SqlTranslation::Kind::Insert) {
-            impl_->lastInsertId = std::int32_t(impl_->database->getLastInsertRowid());
-        }
-        return impl_->database->getChanges();
+        result.changed = impl_->run(statement, translation.kind, [&](SQLite::Statement& row) {
+            std::vector<Variant>& values = result.rows.emplace_back();
+            for (int i = 0; i < row.getColumnCount(); ++i)
+                values.push_back(toVariant(row.getColumn(i)));
+        });
+        return result;
     });
 }
 
 void Company::begin() {
+    if (inTransaction()) throw SqlError(SQLITE_ERROR, "A transaction is already open.");
     orSqlError([&] { impl_->database->exec("BEGIN IMMEDIATE"); });
 }
 
 void Company::commit() {
+    if (!inTransaction()) throw SqlError(SQLITE_ERROR, "No transaction is open.");
     try {
         orSqlError([&] { impl_->database->exec("COMMIT"); });
     } catch (...) {
@@ -149,6 +173,10 @@ void Company::commit() {
 void Company::rollback() noexcept {
     // It fails only when SQLite has rolled back by itself.
     impl_->database->tryExec("ROLLBACK");
+}
+
+bool Company::inTransaction() const noexcept {
+    return sqlite3_get_autocommit(impl_->database->getHandle()) == 0;
 }
 
 }  // namespace tsln::workbench

@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "automation/Variant.h"
 
@@ -29,6 +30,14 @@ class SqlError : public std::runtime_error {
 
   private:
     int code_;
+};
+
+/// What a statement gave: a query its rows, any other the number of rows it changed.
+struct SqlResult {
+    bool isQuery = false;
+    std::vector<std::string> columns;
+    std::vector<std::vector<Variant>> rows;  ///< values as Company::scalar gives them
+    std::int64_t changed = 0;
 };
 
 /// What opening a company may do to its file.
@@ -68,8 +77,21 @@ class Company {
     /// Runs any statement, drops what rows it gives, and returns the number of rows it changed. Throws
     /// SqlError.
     std::int64_t execute(std::string_view sql);
+    /// Runs any statement and keeps what it gives. Throws SqlError.
+    SqlResult run(std::string_view sql);
     /// The identity value of the row that the last INSERT made; 0 before the first.
     std::int32_t lastInsertId() const noexcept;
+
+    // A transaction that others end. There is one at a time; nothing of it stays when the company is closed
+    // before the commit.
+
+    /// Throws SqlError, also when a transaction is open.
+    void begin();
+    /// Throws SqlError when there is nothing to commit, or it cannot be: all is taken back then.
+    void commit();
+    /// Takes back what was done since begin(). Nothing happens without a transaction.
+    void rollback() noexcept;
+    bool inTransaction() const noexcept;
 
     /// Runs `work` in one transaction: all of it or, when it throws, nothing. Not to be nested. Throws
     /// SqlError and whatever `work` throws.
@@ -86,10 +108,6 @@ class Company {
     }
 
   private:
-    void begin();
-    void commit();
-    void rollback() noexcept;
-
     struct Impl;
     std::unique_ptr<Impl> impl_;
 };

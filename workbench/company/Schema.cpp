@@ -1,5 +1,6 @@
 #include "workbench/company/Schema.h"
 
+#include <algorithm>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -46,16 +47,21 @@ std::string tables() {
     return sql;
 }
 
+/// Names or definitions, as the query says.
+std::vector<std::string> texts(SQLite::Database& database, const std::string& sql) {
+    std::vector<std::string> result;
+    SQLite::Statement statement(database, sql);
+    while (statement.executeStep())
+        result.push_back(statement.getColumn(0).getString());
+    return result;
+}
+
 /// Every table that says when its records changed keeps that by itself.
 void addUpdateTriggers(SQLite::Database& database) {
-    std::vector<std::string> names;
-    SQLite::Statement statement(database,
-                                "SELECT t.name FROM sqlite_schema t JOIN pragma_table_info(t.name) c "
-                                "WHERE t.type = 'table' AND c.name = 'UpdatedOn'");
-    while (statement.executeStep())
-        names.push_back(statement.getColumn(0).getString());
-    statement.reset();
-    for (const std::string& name : names) {
+    for (const std::string& name :
+         texts(database,
+               "SELECT t.name FROM sqlite_schema t JOIN pragma_table_info(t.name) c "
+               "WHERE t.type = 'table' AND c.name = 'UpdatedOn'")) {
         std::string trigger =
             "CREATE TRIGGER \"{table}_Updated\" AFTER UPDATE ON \"{table}\" "
             "WHEN NEW.UpdatedOn IS OLD.UpdatedOn BEGIN UPDATE \"{table}\" SET UpdatedOn = {now} WHERE ID = "
@@ -64,6 +70,23 @@ void addUpdateTriggers(SQLite::Database& database) {
         replaceAll(trigger, "{now}", currentTime);
         database.exec(trigger);
     }
+}
+
+/// Columns that tables have since a version; tables are made where they are missing.
+struct AddedColumn {
+    int since;
+    const char *table, *definition;
+};
+constexpr AddedColumn addedColumns[] = {
+    {2, "Vendors", "Locked INTEGER NOT NULL DEFAULT 0"},
+};
+
+int versionOf(SQLite::Database& database) {
+    return database.execAndGet("PRAGMA user_version").getInt();
+}
+
+void setVersion(SQLite::Database& database) {
+    database.exec("PRAGMA user_version = " + std::to_string(version));
 }
 
 }  // namespace
@@ -75,7 +98,36 @@ void create(SQLite::Database& database) {
     database.exec(file("demo.sql"));
     addUpdateTriggers(database);
     database.exec("PRAGMA application_id = " + std::to_string(applicationId));
-    database.exec("PRAGMA user_version = " + std::to_string(version));
+    setVersion(database);
+    transaction.commit();
+}
+
+void upgrade(SQLite::Database& database) {
+    if (versionOf(database) >= version) return;
+    SQLite::Database model(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+    model.exec(tables());
+    model.exec(file("views.sql"));
+    addUpdateTriggers(model);
+
+    SQLite::Transaction transaction(database, SQLite::TransactionBehavior::IMMEDIATE);
+    const int before = versionOf(database);
+    if (before >= version) return;  // another program was faster
+    // Views are made anew; the triggers of a view go with it.
+    for (const std::string& view : texts(database, "SELECT name FROM sqlite_schema WHERE type = 'view'"))
+        database.exec("DROP VIEW \"" + view + "\"");
+    for (const AddedColumn& column : addedColumns) {
+        if (before < column.since)
+            database.exec("ALTER TABLE " + std::string(column.table) + " ADD COLUMN " + column.definition);
+    }
+    const std::vector<std::string> there = texts(database, "SELECT name FROM sqlite_schema");
+    SQLite::Statement parts(model,
+                            "SELECT name, sql FROM sqlite_schema WHERE sql IS NOT NULL AND name NOT LIKE "
+                            "'sqlite\\_%' ESCAPE '\\' ORDER BY rowid");
+    while (parts.executeStep()) {
+        if (std::ranges::find(there, parts.getColumn(0).getString()) == there.end())
+            database.exec(parts.getColumn(1).getString());
+    }
+    setVersion(database);
     transaction.commit();
 }
 

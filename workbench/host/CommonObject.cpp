@@ -29,6 +29,10 @@ constexpr StatementMember nameMembers[] = {
      "SELECT dbo.BuildEmployeeName(FirstName, MiddleInitial, LastName) FROM Employees WHERE ID = {0}"},
     {"GetCustomerName", "SELECT CustomerName FROM Customers WHERE ID = {0}"},
     {"GetShippingMethodName", "SELECT ShippingMethod FROM ShippingMethods WHERE ID = {0}"},
+    {"GetVendorCostMethodName",
+     "SELECT CASE {0} WHEN 1 THEN '% of MSRP' WHEN 2 THEN 'Cost from Product' WHEN 3 THEN 'Price from "
+     "Product' "
+     "ELSE '' END"},
     {"GetOrderStatusNameFromID", "SELECT StatusName FROM OrderStatusCodes WHERE ID = {0}"},
     {"GetProductNameFromID", "SELECT Product FROM Products WHERE ID = {0}"},
     {"GetProductFileFromID2", "SELECT ProductFile FROM Products WHERE ID = {0}"},
@@ -46,6 +50,10 @@ constexpr StatementMember loadMembers[] = {
     {"LoadShippingMethods",
      "SELECT ID, ShippingMethod AS Entry FROM ShippingMethods ORDER BY ShippingMethod"},
     {"LoadTerms", "SELECT ID, Terms AS Entry FROM Terms ORDER BY Terms"},
+    {"LoadTaxGroups", "SELECT ID, SalesTaxGroup AS Entry FROM SalesTaxGroups ORDER BY SalesTaxGroup"},
+    {"LoadSalesAccounts", "SELECT ID, Account AS Entry FROM Accounts WHERE AccountType = 1 ORDER BY Account"},
+    {"LoadPurchaseAccounts",
+     "SELECT ID, Account AS Entry FROM Accounts WHERE AccountType = 2 ORDER BY Account"},
     {"LoadVendors", "SELECT ID, VendorName AS Entry FROM Vendors WHERE Active <> 0 ORDER BY VendorName"},
     {"LoadDesigners",
      "SELECT ID, dbo.BuildEmployeeName(FirstName, MiddleInitial, LastName) AS Entry FROM Employees "

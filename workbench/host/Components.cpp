@@ -1,5 +1,6 @@
 #include "workbench/host/Components.h"
 
+#include "workbench/host/ExpressionEngine.h"
 #include "workbench/host/ImportExportEngine.h"
 #include "workbench/host/NumericFieldChecker.h"
 
@@ -15,6 +16,8 @@ struct Component {
 constexpr Component components[] = {
     {"tslnnum5.Checker",
      [](const ContextPtr&) -> ObjectPtr { return std::make_shared<NumericFieldChecker>(); }},
+    {"tslnfe5.Engine",
+     [](const ContextPtr& context) -> ObjectPtr { return std::make_shared<ExpressionEngine>(context); }},
     {"tslniee5.Engine",
      [](const ContextPtr& context) -> ObjectPtr { return std::make_shared<ImportExportEngine>(context); }},
 };

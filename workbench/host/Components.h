@@ -9,7 +9,8 @@
 namespace tsln::workbench {
 
 /// Creates one of the host's components by its program identifier, which compares without letter case: the
-/// numeric-field checker and the import/export engine. Others raise HostError(code::classNotRegistered).
+/// numeric-field checker, the expression editor and the import/export engine. Others raise
+/// HostError(code::classNotRegistered).
 ObjectPtr createComponent(std::string_view programId, const std::shared_ptr<HostContext>& context);
 
 /// The program identifiers of the components there are.

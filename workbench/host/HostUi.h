@@ -1,6 +1,8 @@
 #pragma once
 
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "screens/Desktop.h"
 
@@ -32,6 +34,13 @@ struct Reply {
     bool doNotShowAgain = false;  ///< Style1WithMemory only
 };
 
+/// An expression for the user to edit.
+struct ExpressionEdit {
+    std::string expression;
+    std::string title;               ///< of the window; empty for its own
+    std::vector<std::string> names;  ///< that an expression may hold, for the user to choose from
+};
+
 /// What the host needs of whoever shows its windows.
 class HostUi {
   public:
@@ -39,6 +48,9 @@ class HostUi {
     /// Shows the message and returns when it is answered. A message closed without an answer gives Cancel
     /// where there is one, else No or Ok.
     virtual Reply showMessage(const Message& message) = 0;
+    /// Lets the user edit an expression; the edited text, or none when he cancels. Without a window for it,
+    /// every edit is cancelled.
+    virtual std::optional<std::string> editExpression(const ExpressionEdit&) { return std::nullopt; }
 };
 
 }  // namespace tsln::workbench

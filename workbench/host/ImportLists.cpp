@@ -5,31 +5,76 @@
 namespace tsln::workbench {
 namespace {
 
-constexpr ImportReference role{"SecurityRole", "SecurityRoles", "Name", "SecurityRoleID"};
+/// The columns that tell rows apart.
+namespace keys {
+using Names = const std::string_view[];
+constexpr Names Account{"Account"}, Charge{"ChargeName"}, Code{"Code"}, Criteria{"Criteria"},
+    // a price group and a cost group may have the same name
+    DiscountGroup{"DiscountGroup", "DiscountGroupType"}, GroupName{"GroupName"}, ItemName{"ItemName"},
+    JobType{"JobType"}, Label{"Label"}, Manufacturer{"Manufacturer"}, Mount{"Mount"}, Name{"Name"},
+    OrderType{"OrderType"}, PaymentMethod{"PaymentMethod"}, ProductType{"ProductType"}, Range{"Range"},
+    ReferralMethod{"ReferralMethod"}, Room{"Room"}, SalesTaxGroup{"SalesTaxGroup"},
+    ShippingMethod{"ShippingMethod"}, Terms{"Terms"}, Access{"SecurityRoleID", "Activity"},
+    OptionDetail{"OptionName", "Location"}, OptionDefault{"OptionName", "ProductID"},
+    Callout{"OptionName", "ProductTypeID", "ProductID", "Style", "ColorWhen", "ColorCriteria"},
+    Discount{"DiscountGroupID", "DiscountLevel", "ProductID", "Style", "OptionName", "TierLevel"},
+    Template{"TemplateType", "GroupName", "TemplateName"},
+    Measurement{"CustomerID", "Location", "Room", "Item", "Mount"};
+}  // namespace keys
+
+/// What the names in a list stand for.
+namespace references {
+using Rows = const ImportReference[];
+constexpr ImportReference product{"ProductID", "Products", {{{"Product", "Product"}}}, true};
+constexpr Rows Product{product}, Role{{"SecurityRoleID", "SecurityRoles", {{{"SecurityRole", "Name"}}}}},
+    Callout{{"ProductTypeID", "ProductTypes", {{{"ProductType", "ProductType"}}}, true}, product},
+    Discount{{"DiscountGroupID",
+              "DiscountGroups",
+              {{{"DiscountGroup", "DiscountGroup"}, {"DiscountGroupType", "DiscountGroupType"}}}},
+             product},
+    Charge{{"CustomerTypeID", "CustomerTypes", {{{"CustomerType", "Name"}}}, true},
+           {"VendorID", "Vendors", {{{"Vendor", "VendorName"}}}, true},
+           {"SalesAccountID", "Accounts", {{{"SalesAccount", "Account"}}}, true},
+           {"PurchaseAccountID", "Accounts", {{{"PurchaseAccount", "Account"}}}, true}},
+    Customer{{"CustomerID",
+              "Customers",
+              {{{"CustomerName", "CustomerName"}, {"AccountNumber", "AccountNumber"}}}}};
+}  // namespace references
+
+constexpr bool rowsRepeat = true;
 
 constexpr ImportList importLists[] = {
-    {"Manufacturers", {"Manufacturer"}},
-    {"ProductTypes", {"ProductType"}},
-    {"Terms", {"Terms"}},
-    {"PhoneLabels", {"Label"}},
-    {"EmailLabels", {"Label"}},
-    {"CustomerTypes", {"Name"}},
-    {"RequireDepositCriteria", {"Criteria"}},
-    {"ShippingMethods", {"ShippingMethod"}},
-    {"ReferralMethods", {"ReferralMethod"}},
-    {"JobTypes", {"JobType"}},
-    {"Groups", {"GroupName"}},
-    {"DeliveryRanges", {"Range"}},
-    // A price group and a cost group may have the same name.
-    {"DiscountGroups", {"DiscountGroup", "DiscountGroupType"}},
-    {"FieldMeasureCriteria", {"Criteria"}},
-    {"OrderTypes", {"OrderType"}},
-    {"PaymentMethods", {"PaymentMethod"}},
-    {"SecurityRoles", {"Name"}},
-    {"SecurityRoleAccess", {"SecurityRoleID", "Activity"}, &role},
-    {"MeasurementRooms", {"Room"}},
-    {"MeasurementItems", {"ItemName"}},
-    {"MeasurementMounts", {"Mount"}},
+    {"Manufacturers", keys::Manufacturer},
+    {"ProductTypes", keys::ProductType},
+    {"Terms", keys::Terms},
+    {"OptionDetailSettings", keys::OptionDetail},
+    {"OptionDefaults", keys::OptionDefault, references::Product},
+    {"PhoneLabels", keys::Label},
+    {"EmailLabels", keys::Label},
+    {"CustomerTypes", keys::Name},
+    {"RequireDepositCriteria", keys::Criteria, {}, rowsRepeat},
+    {"ShippingMethods", keys::ShippingMethod},
+    {"ReferralMethods", keys::ReferralMethod},
+    {"JobTypes", keys::JobType},
+    {"Groups", keys::GroupName},
+    {"DeliveryRanges", keys::Range},
+    {"DiscountGroups", keys::DiscountGroup},
+    {"FieldMeasureCriteria", keys::Criteria, {}, rowsRepeat},
+    {"OrderTypes", keys::OrderType},
+    {"PaymentMethods", keys::PaymentMethod},
+    {"SalesTaxCodes", keys::Code},
+    {"SalesTaxGroups", keys::SalesTaxGroup},
+    {"AdditionalCharges", keys::Charge, references::Charge},
+    {"EmailTemplates", keys::Template, {}, rowsRepeat},
+    {"CustomerMeasurements", keys::Measurement, references::Customer, rowsRepeat},
+    {"OptionCallouts", keys::Callout, references::Callout, rowsRepeat},
+    {"Discounts", keys::Discount, references::Discount, rowsRepeat},
+    {"SecurityRoles", keys::Name},
+    {"SecurityRoleAccess", keys::Access, references::Role},
+    {"MeasurementRooms", keys::Room},
+    {"MeasurementItems", keys::ItemName},
+    {"MeasurementMounts", keys::Mount},
+    {"Accounts", keys::Account},
 };
 
 }  // namespace

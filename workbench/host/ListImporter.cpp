@@ -24,7 +24,10 @@ constexpr std::string_view identityColumn = "UniqueID";
 constexpr std::string_view notTakenOver[] = {"ID", "AddedOn", "UpdatedOn"};
 
 struct Value {
-    std::string column, text;
+    std::string column;
+    std::optional<std::string> text;  ///< none: it refers to nothing
+
+    std::string sql() const { return text ? literal(*text) : "NULL"; }
 };
 
 /// The text as the database compares it.
@@ -32,11 +35,75 @@ std::string comparable(std::string_view text) {
     return encodeUtf8(decodeFolded(modSharedStrings::trim(text)));
 }
 
+/// The rows that other lists name, by their names.
+class ReferencedRows {
+  public:
+    ReferencedRows(Company& company, const ImportReference& reference) : reference_(reference) {
+        std::string columns = "ID";
+        for (const ImportReference::Name& name : reference.nameColumns())
+            columns += ", " + bracketed(name.nameColumn);
+        const Records rows =
+            Records::parse(company.read("SELECT " + columns + " FROM " + bracketed(reference.table)));
+        for (const Record row : rows) {
+            std::string key;
+            for (const ImportReference::Name& name : reference.nameColumns())
+                key += comparable(modSharedXML::readText(name.nameColumn, row)) + '\0';
+            keys_.try_emplace(std::move(key), std::to_string(modSharedXML::readLong("ID", row)));
+        }
+    }
+
+    bool isNamedBy(std::string_view column) const {
+        return std::ranges::any_of(reference_.nameColumns(), [&](const ImportReference::Name& name) {
+            return sameName(name.column, column);
+        });
+    }
+    /// The identity of the row it refers to travels beside the name, which is what counts here.
+    bool isIdentifiedBy(std::string_view column) const {
+        return sameName(column, std::string(reference_.names[0].column) + std::string(identityColumn));
+    }
+
+    /// Puts the key into the place of the names; nothing happens when the record has none of them.
+    void resolve(std::vector<Value>& values) const {
+        std::string key, first;
+        bool named = false;
+        for (const ImportReference::Name& name : reference_.nameColumns()) {
+            const auto value =
+                std::ranges::find_if(values, [&](const Value& v) { return sameName(v.column, name.column); });
+            std::string text;
+            if (value != values.end()) {
+                named = true;
+                text = value->text.value_or("");
+                values.erase(value);
+            }
+            if (key.empty()) first = text;
+            key += comparable(text) + '\0';
+        }
+        if (!named) return;
+        Value result{std::string(reference_.keyColumn), {}};
+        if (!(reference_.optional && comparable(first).empty())) {
+            const auto found = keys_.find(key);
+            if (found == keys_.end()) {
+                throw ImportError("There is no '" + first + "' in " + std::string(reference_.table) + ".");
+            }
+            result.text = found->second;
+        }
+        if (std::ranges::any_of(values, [&](const Value& v) { return sameName(v.column, result.column); })) {
+            throw ImportError("The column " + result.column + " stands there twice.");
+        }
+        values.push_back(std::move(result));
+    }
+
+  private:
+    const ImportReference& reference_;
+    std::unordered_map<std::string, std::string> keys_;
+};
+
 class SectionImport {
   public:
     SectionImport(Company& company, const ImportList& list) : company_(company), list_(list) {
         readRows();
-        if (list.reference) readReferenced();
+        for (const ImportReference& reference : list.references)
+            referenced_.emplace_back(company, reference);
     }
 
     std::size_t run(pugi::xml_node section) {
@@ -62,25 +129,15 @@ class SectionImport {
 
     void readRows() {
         std::string columns = "ID";
-        for (const std::string_view key : list_.keyColumns())
+        for (const std::string_view key : list_.keys)
             columns += ", " + bracketed(key);
-        const Records rows =
-            Records::parse(company_.read("SELECT " + columns + " FROM " + bracketed(list_.name)));
+        const Records rows = Records::parse(
+            company_.read("SELECT " + columns + " FROM " + bracketed(list_.name) + " ORDER BY ID"));
         for (const Record row : rows) {
             std::string key;
-            for (const std::string_view column : list_.keyColumns())
+            for (const std::string_view column : list_.keys)
                 key += comparable(modSharedXML::readText(column, row)) + '\0';
-            rows_.try_emplace(std::move(key), modSharedXML::readLong("ID", row));
-        }
-    }
-
-    void readReferenced() {
-        const ImportReference& reference = *list_.reference;
-        const Records rows = Records::parse(company_.read("SELECT ID, " + bracketed(reference.nameColumn) +
-                                                          " FROM " + bracketed(reference.table)));
-        for (const Record row : rows) {
-            referenced_.try_emplace(comparable(modSharedXML::readText(reference.nameColumn, row)),
-                                    std::to_string(modSharedXML::readLong("ID", row)));
+            rows_[std::move(key)].ids.push_back(modSharedXML::readLong("ID", row));
         }
     }
 
@@ -94,15 +151,15 @@ class SectionImport {
         }
     }
 
-    /// A reference's own identity travels beside its name, which is what counts here.
     bool isPassedOver(std::string_view column) const {
         return std::ranges::any_of(notTakenOver,
                                    [&](std::string_view name) { return sameName(name, column); }) ||
-               (list_.reference &&
-                sameName(column, std::string(list_.reference->column) + std::string(identityColumn)));
+               std::ranges::any_of(referenced_,
+                                   [&](const ReferencedRows& rows) { return rows.isIdentifiedBy(column); });
     }
     bool isReference(std::string_view column) const {
-        return list_.reference && sameName(column, list_.reference->column);
+        return std::ranges::any_of(referenced_,
+                                   [&](const ReferencedRows& rows) { return rows.isNamedBy(column); });
     }
 
     void checkColumns(pugi::xml_node section) const {
@@ -133,29 +190,22 @@ class SectionImport {
                 text += part.value();
             }
             text = modSharedXML::decodeFieldText(text);
-            if (isReference(column)) {
-                const auto found = referenced_.find(comparable(text));
-                if (found == referenced_.end()) {
-                    throw ImportError("There is no '" + text + "' in " + std::string(list_.reference->table) +
-                                      ".");
-                }
-                column = list_.reference->keyColumn;
-                text = found->second;
-            }
             if (std::ranges::any_of(result, [&](const Value& v) { return sameName(v.column, column); })) {
                 throw ImportError("The column " + column + " stands there twice.");
             }
             result.push_back({std::move(column), std::move(text)});
         }
+        for (const ReferencedRows& rows : referenced_)
+            rows.resolve(result);
         return result;
     }
 
     std::string key(const std::vector<Value>& values) const {
         std::string result;
-        for (const std::string_view column : list_.keyColumns()) {
+        for (const std::string_view column : list_.keys) {
             const auto value =
                 std::ranges::find_if(values, [&](const Value& v) { return sameName(v.column, column); });
-            const std::string text = value == values.end() ? "" : comparable(value->text);
+            const std::string text = value == values.end() ? "" : comparable(value->text.value_or(""));
             if (text.empty() && column == list_.keys.front()) {
                 throw ImportError("The column " + std::string(column) + ", which names it, is empty.");
             }
@@ -165,13 +215,13 @@ class SectionImport {
     }
 
     void import(const std::vector<Value>& values) {
-        std::string rowKey = key(values);
-        const auto existing = rows_.find(rowKey);
-        if (existing != rows_.end()) {
-            update(existing->second, values);
+        Alike& alike = rows_[key(values)];
+        const std::size_t which = list_.rowsRepeat ? alike.imported++ : 0;
+        if (which < alike.ids.size()) {
+            update(alike.ids[which], values);
         } else {
             insert(values);
-            rows_.emplace(std::move(rowKey), company_.lastInsertId());
+            alike.ids.push_back(company_.lastInsertId());
         }
     }
 
@@ -179,7 +229,7 @@ class SectionImport {
         std::string changes;
         for (const Value& value : values) {
             if (sameName(value.column, identityColumn)) continue;
-            changes += (changes.empty() ? "" : ", ") + bracketed(value.column) + " = " + literal(value.text);
+            changes += (changes.empty() ? "" : ", ") + bracketed(value.column) + " = " + value.sql();
         }
         company_.execute("UPDATE " + bracketed(list_.name) + " SET " + changes +
                          " WHERE ID = " + std::to_string(id));
@@ -188,9 +238,9 @@ class SectionImport {
     void insert(const std::vector<Value>& values) {
         std::string columns, texts;
         for (const Value& value : values) {
-            if (sameName(value.column, identityColumn) && !isFree(value.text)) continue;
+            if (sameName(value.column, identityColumn) && !isFree(value.text.value_or(""))) continue;
             columns += (columns.empty() ? "" : ", ") + bracketed(value.column);
-            texts += (texts.empty() ? "" : ", ") + literal(value.text);
+            texts += (texts.empty() ? "" : ", ") + value.sql();
         }
         company_.execute("INSERT INTO " + bracketed(list_.name) + " (" + columns + ") VALUES(" + texts + ")");
     }
@@ -207,10 +257,16 @@ class SectionImport {
         return identities_->insert(comparable(identity)).second;
     }
 
+    /// Rows of the same keys, in their order, and how many of them the file has had so far.
+    struct Alike {
+        std::vector<std::int32_t> ids;
+        std::size_t imported = 0;
+    };
+
     Company& company_;
     const ImportList& list_;
-    std::unordered_map<std::string, std::int32_t> rows_;       // by the texts of their keys
-    std::unordered_map<std::string, std::string> referenced_;  // keys by name
+    std::unordered_map<std::string, Alike> rows_;  // by the texts of their keys
+    std::vector<ReferencedRows> referenced_;
     std::optional<std::unordered_set<std::string>> identities_;
 };
 

@@ -16,7 +16,8 @@ class ImportError : public std::runtime_error {
 };
 
 /// Writes the records of one section into the table of its list: a row of the same name is updated, others
-/// are inserted; of a name that stands twice, the last counts.
+/// are inserted; of a name that stands twice, the last counts, unless the list's rows may be alike. What a
+/// column names must stand in this company.
 ///
 /// Identifiers and dates of change are never taken over; the identity across companies is, for a new row, as
 /// long as no other row has it. To be called within a transaction. Returns the number of records. Throws

@@ -45,6 +45,23 @@ std::int32_t numberOf(MessageAnswer answer) {
     return 2;
 }
 
+/// What a connection last reported, a line each.
+std::string errorsOf(Object& connection) {
+    std::string text;
+    const Variant errors = connection.get("Errors");
+    const std::int32_t count = errors.object().get("Count").toLong();
+    for (std::int32_t i = 0; i < count; ++i) {
+        if (i > 0) text += "\n";
+        text += textOf(errors.object().get("Item", i).object().get("Description"));
+    }
+    return text;
+}
+
+std::string detailOf(const Variant& value) {
+    if (!value.isObject()) return textOf(value);
+    return value.toObject() ? errorsOf(value.object()) : std::string();
+}
+
 }  // namespace
 
 Variant showMessage(HostContext& context, MessageStyle style, Arguments a) {
@@ -83,8 +100,7 @@ Variant showMessageWithMemory(HostContext& context, Arguments a) {
 Variant showError(HostContext& context, MessageStyle style, Arguments a) {
     Message message{.style = style, .text = explained(a[0]), .explanation = explained(a[1])};
     for (std::size_t i = 2; i < a.count(); ++i) {
-        // A connection stands for what it last reported.
-        const std::string detail = a[i].isObject() ? context.lastSqlError.text : textOf(a[i]);
+        const std::string detail = detailOf(a[i]);
         if (detail.empty()) continue;
         if (!message.detail.empty()) message.detail += "\n";
         message.detail += detail;

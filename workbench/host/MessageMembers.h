@@ -22,8 +22,8 @@ Variant showMessage(HostContext& context, MessageStyle style, Arguments a);
 /// their texts, for each user by himself.
 Variant showMessageWithMemory(HostContext& context, Arguments a);
 
-/// Message, explanation, the database's words; what some callers add is further detail. A LoggedError goes to
-/// the event log, too.
+/// Message, explanation, the database's words or the connection that has them among its errors; what some
+/// callers add is further detail. A LoggedError goes to the event log, too.
 Variant showError(HostContext& context, MessageStyle style, Arguments a);
 
 }  // namespace tsln::workbench

@@ -3,7 +3,9 @@
 #include "automation/NumericText.h"
 #include "shared/modSharedSQL.h"
 #include "workbench/host/ActivityObject.h"
+#include "workbench/host/AddressText.h"
 #include "workbench/host/CommonObject.h"
+#include "workbench/host/ConnectionObject.h"
 #include "workbench/host/DatabaseObject.h"
 #include "workbench/host/HostDate.h"
 #include "workbench/host/MessageMembers.h"
@@ -25,7 +27,8 @@ SharedCode::SharedCode(const std::shared_ptr<HostContext>& context)
       options_(std::make_shared<OptionsObject>(context)),
       messages_(std::make_shared<MessagesObject>(context)),
       activity_(std::make_shared<ActivityObject>(context)),
-      profiles_(std::make_shared<ProfilesObject>(context)) {}
+      profiles_(std::make_shared<ProfilesObject>(context)),
+      connection_(std::make_shared<ConnectionObject>(context)) {}
 
 /// The text alone, or with the kind of event before or behind it; a further text is its source.
 Variant SharedCode::RecordEvent(Arguments a) {
@@ -51,6 +54,26 @@ Variant SharedCode::OperatingMode() {
     if (const auto stored = context().options.get({}, {"OperatingMode", "Application"}))
         readNumber(*stored, mode);
     return mode;
+}
+
+/// The text, which comes back in its normal form, and by reference the six fields of CombineAddress. The
+/// eighth, whether addresses are validated, is the caller's own. Answers whether the address is complete.
+Variant SharedCode::ParseAddress(Arguments a) {
+    a.require(1, 8);
+    const Address address = parseAddress(textOf(a[0]));
+    a.assign(0, combineAddress(address));
+    const std::string* fields[] = {&address.line1, &address.line2, &address.city,
+                                   &address.state, &address.zip,   &address.country};
+    for (std::size_t i = 0; i < std::size(fields); ++i)
+        a.assign(i + 1, *fields[i]);
+    return address.isComplete();
+}
+
+/// Two lines, city, state, zip, country.
+Variant SharedCode::CombineAddress(Arguments a) {
+    a.require(1, 6);
+    return combineAddress(
+        {textOf(a[0]), textOf(a[1]), textOf(a[2]), textOf(a[3]), textOf(a[4]), textOf(a[5])});
 }
 
 Variant SharedCode::invoke(std::string_view member, Access access, Arguments arguments) {
@@ -106,8 +129,9 @@ Variant SharedCode::invoke(std::string_view member, Access access, Arguments arg
              return Variant(sqlDateText(a[0].toDate()));
          }},
         {"PSDFile", [](Self& self, Arguments) { return self.PSDFile(); }},
-        // The company has no connection object of this kind yet, and the module knows how to go without.
-        {"CurrentCompanyConn", [](Self&, Arguments) { return Variant(ObjectPtr()); }},
+        {"CurrentCompanyConn", [](Self& self, Arguments) { return Variant(self.connection_); }},
+        {"ParseAddress", [](Self& self, Arguments a) { return self.ParseAddress(a); }},
+        {"CombineAddress", [](Self& self, Arguments a) { return self.CombineAddress(a); }},
         {"OperatingMode", [](Self& self, Arguments) { return self.OperatingMode(); }},
         // The second argument is the length in bits.
         {"GetSHA2",

@@ -5,7 +5,8 @@
 namespace tsln::workbench {
 
 /// The shared-code object that the host hands to the module: messages, the event log, small helpers, and the
-/// sub-objects "Database", "Common", "Security", "Options", "Messages", "Activity" and "Profiles".
+/// sub-objects "Database", "Common", "Security", "Options", "Messages", "Activity" and "Profiles" and the
+/// company's connection.
 ///
 /// Members that the host does not offer raise the unknown-member error.
 class SharedCode : public HostObject {
@@ -17,8 +18,10 @@ class SharedCode : public HostObject {
     Variant RecordEvent(Arguments a);
     Variant PSDFile();
     Variant OperatingMode();
+    Variant ParseAddress(Arguments a);
+    Variant CombineAddress(Arguments a);
 
-    ObjectPtr database_, common_, security_, options_, messages_, activity_, profiles_;
+    ObjectPtr database_, common_, security_, options_, messages_, activity_, profiles_, connection_;
 };
 
 }  // namespace tsln::workbench

@@ -69,7 +69,7 @@ TEST_F(CompanyTest, HasAViewForEachExport) {
         EXPECT_NO_THROW(company_.read("SELECT * FROM " + views.getColumn(0).getString()));
         ++count;
     }
-    EXPECT_EQ(count, 22);
+    EXPECT_EQ(count, 31);
     EXPECT_NE(company_.read("SELECT * FROM vwExportingManufacturers").find("<Manufacturer>"),
               std::string::npos);
     company_.execute("INSERT INTO Terms (Terms) VALUES ('Net 30')");

@@ -82,7 +82,8 @@ TEST_F(PackageProgramTest, InstallsEverySet) {
                                                         {"EmailLabels", "Label"},
                                                         {"MeasurementRooms", "Room"},
                                                         {"MeasurementItems", "ItemName"},
-                                                        {"MeasurementMounts", "Mount"}};
+                                                        {"MeasurementMounts", "Mount"},
+                                                        {"Accounts", "Account"}};
     std::string keys;
     for (auto [table, name] : sets) {
         company_.execute(std::string("DELETE FROM ") + table);

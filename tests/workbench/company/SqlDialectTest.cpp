@@ -52,7 +52,7 @@ TEST_F(SqlDialectTest, ReadsTables) {
          "r.EmployeeID = e.ID "
          "AND r.SecurityRoleID = 1)",
          "admin"},
-        {"SELECT Range FROM DeliveryRanges WHERE NOT ID IS NULL", ""},
+        {"SELECT Range FROM DeliveryRanges WHERE ID = 1 AND NOT ID IS NULL", "Next available"},
         {"SELECT COUNT(*) AS Result FROM Groups WHERE GroupType = 1", "4"},
         {"SELECT PortfolioTags.Tag, Portfolio.FileName FROM PortfolioTags INNER JOIN Portfolio ON "
          "PortfolioTags.PortfolioID "

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,8 @@ class RecordingUi : public HostUi {
   public:
     std::vector<Message> shown;
     std::deque<Reply> replies;  ///< Ok when there is none left
+    std::vector<ExpressionEdit> edits;
+    std::optional<std::string> edited;  ///< what the user makes of an expression; cancelled when empty
 
     Reply showMessage(const Message& message) override {
         shown.push_back(message);
@@ -29,15 +32,19 @@ class RecordingUi : public HostUi {
         replies.pop_front();
         return reply;
     }
+    std::optional<std::string> editExpression(const ExpressionEdit& edit) override {
+        edits.push_back(edit);
+        return edited;
+    }
 };
 
 /// A folder of its own that goes with the test.
 class TestFolder {
   public:
-    TestFolder() {
+    explicit TestFolder(const std::string& suffix = "") {
         const auto* test = testing::UnitTest::GetInstance()->current_test_info();
         path_ = std::filesystem::path(testing::TempDir()) /
-                ("host " + std::string(test->test_suite_name()) + "." + test->name());
+                ("host " + std::string(test->test_suite_name()) + "." + test->name() + suffix);
         std::filesystem::remove_all(path_);
         std::filesystem::create_directories(path_);
     }
@@ -70,9 +77,11 @@ inline std::string textOfFile(const std::string& path) {
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-/// An open demonstration company with the user named, its event log empty.
+/// An open demonstration company, or a copy of another, with the user named, its event log empty.
 struct HostStage {
-    explicit HostStage(std::string_view login = "admin", OpenMode mode = OpenMode::Create) {
+    explicit HostStage(std::string_view login = "admin", OpenMode mode = OpenMode::Create,
+                       const std::string& copyOf = "") {
+        if (!copyOf.empty()) std::filesystem::copy_file(copyOf, folder.file("test.company"));
         Company(folder.file("test.company")).execute("DELETE FROM EventLog");
         session = std::make_unique<CompanySession>(folder.file("test.company"), login, ui, mode);
     }

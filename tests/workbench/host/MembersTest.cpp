@@ -3,6 +3,7 @@
 #include "screens/Controls.h"
 #include "screens/Screen.h"
 #include "tests/workbench/host/HostStage.h"
+#include "workbench/host/ExpressionText.h"
 #include "workbench/host/MessageMembers.h"
 #include "workbench/host/TextOf.h"
 
@@ -81,6 +82,8 @@ TEST(Members, AnswerFromTheCompany) {
                    {"Common.GetEmployeeName", {3}, "Priya K Lindqvist"},
                    {"Common.GetShippingMethodName", {"2"}, "Parcel carrier"},
                    {"Common.GetOrderStatusNameFromID", {1}, "New quote"},
+                   {"Common.GetVendorCostMethodName", {2}, "Cost from Product"},
+                   {"Common.GetVendorCostMethodName", {0}, ""},
                    {"Common.GetProductNameFromID", {3}, "Brightvane cellular single"},
                    {"Common.GetProductFileFromID2", {3}, "BRV-CELL1"},
                    {"Common.GetCustomerName", {9999}, ""},
@@ -113,7 +116,7 @@ TEST(Members, AnswerFromTheCompany) {
                    {"FixDateForSQLInsert", {"no date"}, "!"},
                    {"GetSHA2", {"abc"}, "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad"},
                    {"GetSHA2", {"abc", 7}, "!There is no digest of 7 bits."},
-                   {"CurrentCompanyConn", {}, "nothing"},
+                   {"CurrentCompanyConn", {}, "object"},
                    {"OperatingMode", {}, "0"},
                    {"ShowSelectBySearch",
                     {1, 2},
@@ -319,7 +322,12 @@ TEST(Members, LoadersFillComboBoxes) {
     const Case cases[] = {
         {"LoadTerms", {}, ""},
         {"LoadEmailLabels", {}, "Accounts=1;Home=2;Work=3;"},
-        {"LoadLocations", {}, "Merriden Falls showroom=1;Oxbow Landing=2;"},
+        {"LoadLocations", {}, "Merriden Falls showroom=1;Oxbow Landing=2;Tamarack Point=3;"},
+        {"LoadTaxGroups", {}, "Exempt=4;Merriden County=1;Oxbow County=2;State only=3;"},
+        {"LoadPurchaseAccounts",
+         {},
+         "Contract Installers=10;Freight In=11;Purchases - Blinds and Shades=7;Purchases - Draperies=8;"
+         "Purchases - Shutters=9;"},
         {"LoadSalesReps", {false}, "Priya K Lindqvist=3;Owen T Marchbanks=4;Dana Whitfield=1;"},
         {"LoadSalesReps", {true}, "Priya K Lindqvist=3;Owen T Marchbanks=4;Hester L Pym=8;Dana Whitfield=1;"},
         {"LoadInstallers", {}, "Bram Okonjo=7;Teodor J Vask=6;"},
@@ -347,6 +355,37 @@ TEST(Members, LoadersFillComboBoxes) {
                  HostError);
     EXPECT_EQ(screen.entries(), "stale=99;") << "a failed load leaves the entries";
     EXPECT_THROW(stage.part("Common")->call("LoadTerms", ObjectPtr()), HostError);
+}
+
+TEST(Members, ExpressionsAreEditedInTheHostsWindow) {
+    HostStage stage;
+    const ObjectPtr engine = stage.session->createObject("tslnfe5.Engine");
+    EXPECT_THROW(engine->call("ShowEditExpression", "a"), HostError) << "not initialized";
+    engine->call("Initialize", stage.session->sharedCode());
+    EXPECT_EQ(engine->call("ShowEditExpression", "Width > 96"), Variant("Width > 96")) << "cancelled";
+    stage.ui.edited = "";
+    EXPECT_EQ(engine->call("ShowEditExpression2", "Width > 96", "Tax code"), Variant("")) << "emptied";
+    ASSERT_EQ(stage.ui.edits.size(), 2U);
+    EXPECT_EQ(stage.ui.edits[0].title, "");
+    EXPECT_EQ(stage.ui.edits[1].expression, "Width > 96");
+    EXPECT_EQ(stage.ui.edits[1].title, "Tax code");
+    EXPECT_THAT(stage.ui.edits[0].names, testing::IsSupersetOf({"Width", "Room Location"}));
+    engine->call("PreTerminate");
+    EXPECT_THROW(engine->call("ShowEditExpression", "a"), HostError);
+}
+
+TEST(Members, AnExpressionsFaultIsNamed) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"", ""},
+        {"Product type is Shutters", ""},
+        {"([Width] > 96) and \"a ) b\" <> [Room]", ""},
+        {"(Width > 96", "A \")\" is missing at the end."},
+        {"Width > 96)", "There is a \")\" without its beginning."},
+        {"([Width)]", "There is a \")\" where a \"]\" is due."},
+        {"Room = \"Kitchen", "A quotation mark is not closed."},
+    };
+    for (const auto& [expression, fault] : cases)
+        EXPECT_EQ(expressionFault(expression), fault) << expression;
 }
 
 TEST(Members, ThePackageSourceNamesTheCompany) {

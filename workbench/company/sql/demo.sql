@@ -1,5 +1,5 @@
 -- The company that a new file begins with: a made-up retailer of blinds, shades, shutters and draperies.
--- Terms, delivery ranges and the measurement lists are left empty, so that their screens offer the defaults.
+-- Terms and the measurement lists are left empty, so that their screens offer the defaults.
 
 INSERT INTO Company (Name, Email, WebSite, Phone1Label, Phone1, Phone2Label, Phone2, Phone3Label, Phone3, Phone4Label,
     Phone4, BillToAddress1, BillToCity, BillToState, BillToZip, BillToCountry, ShipToAddress1, ShipToCity, ShipToState,
@@ -57,26 +57,40 @@ INSERT INTO JobTypes (JobType) VALUES ('Commercial'), ('New construction'), ('Re
 INSERT INTO OrderTypes (OrderType) VALUES ('Retail'), ('Trade'), ('Warranty'), ('Remake');
 INSERT INTO ProductTypes (ProductType, EstDeliveryDays) VALUES
     ('Cellular shades', 14), ('Draperies', 28), ('Faux wood blinds', 10), ('Roller shades', 12), ('Roman shades', 21),
-    ('Shutters', 42), ('Vertical blinds', 10), ('Wood blinds', 14);
+    ('Shutters', 42), ('Vertical blinds', 10), ('Wood blinds', 14), ('Awnings', 35);
 INSERT INTO Manufacturers (Manufacturer) VALUES
     ('Aldermoor Blind Works'), ('Brightvane Shades'), ('Copperfold Drapery Mill'), ('Driftmark Shutters'),
-    ('Everley & Toft'), ('Fernhollow Textiles');
+    ('Everley & Toft'), ('Fernhollow Textiles'), ('Larkspur Awnings');
 INSERT INTO Groups (GroupName, Description) VALUES
     ('Builders', 'Home builders and their site offices'), ('Designers', 'Interior designers with trade terms'),
     ('Newsletter', 'Receives the spring and fall newsletter'), ('Property managers', 'Apartment and office buildings');
 INSERT INTO CustomerTypes (Name, RoundUnitPrice, RoundUnitPriceTo, RoundUnitPriceDirection) VALUES
     ('Retail', 1, 1, 1), ('Trade', 0, 0, 0), ('Commercial', 1, 0.5, 0);
+INSERT INTO DeliveryRanges (Range) VALUES
+    ('Next available'), ('1 to 2 weeks'), ('2 to 4 weeks'), ('4 to 6 weeks'), ('6 to 8 weeks'), ('Customer will call');
 INSERT INTO PhoneLabels (Label) VALUES ('Assistant'), ('Fax'), ('Home'), ('Mobile'), ('Site office'), ('Work');
 INSERT INTO EmailLabels (Label) VALUES ('Accounts'), ('Home'), ('Work');
 INSERT INTO Locations (LocationName, Email, Phone1Label, Phone1, ShipToAddress1, ShipToCity, ShipToState, ShipToZip,
     ShipToCountry, StoreNumber, MarketName, Region) VALUES
     ('Merriden Falls showroom', 'falls@lanternlight.example', 'Main', '(555) 010-0140', '418 Halcyon Row', 'Merriden Falls', 'WI', '53099', 'USA', '01', 'Merriden', 'North'),
-    ('Oxbow Landing', 'oxbow@lanternlight.example', 'Main', '(555) 010-0142', '7 Ferry Steps', 'Oxbow Landing', 'WI', '53098', 'USA', '02', 'Oxbow', 'South');
+    ('Oxbow Landing', 'oxbow@lanternlight.example', 'Main', '(555) 010-0142', '7 Ferry Steps', 'Oxbow Landing', 'WI', '53098', 'USA', '02', 'Oxbow', 'South'),
+    ('Tamarack Point', 'tamarack@lanternlight.example', 'Main', '(555) 010-0143', '30 Lakeshore Drive', 'Tamarack Point', 'WI', '53097', 'USA', '03', 'Oxbow', 'South');
 INSERT INTO FieldMeasureCriteria (Criteria) VALUES ('Product type is Shutters'), ('Width over 96');
 INSERT INTO QuoteApproval (Criteria) VALUES ('Total over 10000'), ('Margin under 0.25');
 INSERT INTO RequireDepositCriteria (Criteria, DepositPercent) VALUES ('Total over 500', 25), ('Total over 2500', 50);
 INSERT INTO DiscountGroups (DiscountGroup, DiscountGroupType) VALUES
     ('Standard', 0), ('Vendor', 1), ('Customer', 2), ('Designers', 0), ('Volume buyers', 2), ('Early buy', 1);
+INSERT INTO SalesTaxCodes (Code, Rate, Vendor) VALUES
+    ('WI-STATE', 5, 'State Revenue Office'), ('MERRIDEN-CTY', 0.5, 'Merriden County Treasurer'),
+    ('OXBOW-CTY', 0.4, 'Oxbow County Treasurer'), ('LAKES-DIST', 0.1, 'Lakes District Board'), ('EXEMPT', 0, '');
+INSERT INTO SalesTaxGroups (SalesTaxGroup, Description) VALUES
+    ('Merriden County', 'Deliveries within Merriden County'), ('Oxbow County', 'Deliveries within Oxbow County, lakes included'),
+    ('State only', 'Deliveries elsewhere in the state'), ('Exempt', 'Resellers and public bodies with a certificate');
+INSERT INTO SalesTaxGroupCodes (SalesTaxGroupID, SalesTaxCodeID) VALUES (1, 1), (1, 2), (2, 1), (2, 3), (2, 4), (3, 1), (4, 5);
+INSERT INTO Accounts (Account, AccountType) VALUES
+    ('Sales - Blinds and Shades', 1), ('Sales - Draperies', 1), ('Sales - Shutters', 1), ('Installation Income', 1),
+    ('Freight Income', 1), ('Discounts Given', 1), ('Purchases - Blinds and Shades', 2), ('Purchases - Draperies', 2),
+    ('Purchases - Shutters', 2), ('Contract Installers', 2), ('Freight In', 2), ('Sales - Awnings', 1);
 INSERT INTO OrderStatusCodes (State, StatusName, Sequence) VALUES
     (1, 'New quote', 1), (1, 'Sent to customer', 2), (1, 'Declined', 3), (2, 'Sold', 1), (2, 'Field measured', 2),
     (2, 'Invoiced', 3), (3, 'Ordered', 1), (3, 'Received', 2), (3, 'Installed', 3);
@@ -103,19 +117,54 @@ INSERT INTO Products (Product, ProductTypeID, ManufacturerID, ProductFile, Activ
     ('Copperfold pinch pleat', 2, 3, 'COP-PINCH', 1), ('Copperfold roman flat', 5, 3, 'COP-ROMAN', 1),
     ('Driftmark basswood shutter', 6, 4, 'DRI-BASS', 1), ('Everley vertical vane', 7, 5, 'EVE-VERT', 1),
     ('Everley sheer shade', 4, 5, 'EVE-SHEER', 1), ('Fernhollow ripplefold', 2, 6, 'FER-RIPPLE', 0);
+UPDATE Products SET
+    SalesAccountID = CASE WHEN ProductTypeID IN (2, 5) THEN 2 WHEN ProductTypeID = 6 THEN 3 ELSE 1 END,
+    PurchaseAccountID = CASE WHEN ProductTypeID IN (2, 5) THEN 8 WHEN ProductTypeID = 6 THEN 9 ELSE 7 END;
 INSERT INTO ProductVendors (ProductID, VendorID, IsDefault, DiscountGroupID)
-    SELECT ID, ManufacturerID + 1, 1, 2 FROM Products;
+    SELECT ID, ManufacturerID + 1, 1, CASE WHEN ManufacturerID = 2 THEN 6 ELSE 2 END FROM Products;
+INSERT INTO ProductRefreshHistory (ProductID, ProductTypeID, ManufacturerID, RefreshedOn)
+    SELECT ID, ProductTypeID, ManufacturerID, strftime('%Y-%m-%dT%H:%M:%S', '2024-02-05 07:30:00', printf('+%d days', ID * 11))
+    FROM Products WHERE Active;
 INSERT INTO ProductTags (ProductID, Tag) VALUES (1, 'Best seller'), (3, 'Best seller'), (3, 'Insulating'), (7, 'Premium');
 INSERT INTO Portfolio (FileName, Description) VALUES
     ('bay-window-shutters.jpg', 'Bay window'), ('kitchen-roman.jpg', 'Kitchen'), ('nursery-cellular.jpg', 'Nursery');
 INSERT INTO PortfolioTags (PortfolioID, Tag) VALUES (1, 'Shutters'), (1, 'Living room'), (2, 'Kitchen'), (3, 'Cellular');
 INSERT INTO Discounts (DiscountGroupID, DiscountLevel, ProductID, Multiplier, Markup) VALUES
     (1, 1, 1, 0.7, 0), (1, 1, 3, 0.65, 0), (4, 1, 1, 0.6, 0), (2, 1, 1, 0.45, 0), (3, 2, 3, 0, 0.2);
+INSERT INTO Discounts (DiscountGroupID, DiscountLevel, ProductID, Style, OptionName, Multiplier, TierLevel, Margin) VALUES
+    (4, 2, 7, 'Arched', NULL, 0.75, NULL, 0), (4, 3, 7, 'Arched', 'Finish', 0.8, NULL, 0), (5, 1, NULL, NULL, NULL, 0, '10', 0.35);
+
+INSERT INTO AdditionalCharges (ChargeType, ChargeCode, Enabled, GroupName, ChargeName, Description, Cost, ChargeMethod, Value,
+    Taxable, AutoAddToQuotes, StartsOn, EndsOn, Criteria, CustomerTypeID, VendorID, SalesAccountID, PurchaseAccountID,
+    ExportChargeName, Category, Sequence) VALUES
+    (8, '4be1d20c', 1, 'Installation', 'Standard installation', 'Blinds and shades', 9, 11, '18', 0, 1, NULL, NULL, '', NULL, NULL, 4, 10, 'INSTALL', 1, 1),
+    (8, '90c7a3f1', 1, 'Installation', 'Shutter installation', 'Per square foot', 2.5, 15, '4.5', 0, 0, NULL, NULL, 'Product type is Shutters', NULL, NULL, 4, 10, 'INSTALL', 1, 2),
+    (8, '1d5f88ab', 1, 'Shipping', 'Freight', 'Oversize freight', 45, 1, '65', 1, 0, NULL, NULL, 'Width over 96', NULL, NULL, 5, 11, 'FREIGHT', 2, 1),
+    (8, 'c02e6b74', 0, '', 'Trip charge', '', 20, 1, '35', 0, 0, NULL, NULL, '', NULL, NULL, 4, 10, 'TRIP', 3, 1),
+    (2, '77aa31e9', 1, 'Season', 'Spring shutter event', 'Ten percent of all shutters', 0, 12, '-10', 1, 1, '2024-03-01T00:00:00', '2024-05-31T00:00:00', 'Product type is Shutters', 1, NULL, 6, NULL, 'PROMO', 3, 1),
+    (1, 'e3390d5c', 1, '', 'Brightvane free lift', '', -12, 11, '0', 0, 0, '2024-01-01T00:00:00', '2024-12-31T00:00:00', '', NULL, 3, 6, 7, 'VPROMO', 3, 1),
+    (4, '5a71f0d2', 1, '', 'Trade price adjustment', '', 0, 8, '-5', 1, 0, NULL, NULL, '', 3, NULL, 1, NULL, '', 3, 1),
+    (256, 'bb04c916', 1, '', 'Copperfold fuel surcharge', '', 0, 5, '2', 0, 0, NULL, NULL, '', NULL, 4, NULL, 8, '', 2, 1);
+INSERT INTO OptionDetailSettings (Location, Sequence, Show, OptionName, Prefix, isBold) VALUES
+    (0, 1, 1, 'Room Location', 'Room', 1), (0, 2, 1, 'Pattern', '', 0), (0, 3, 1, 'Finish', 'Finish', 0),
+    (0, 9999, 0, 'Hold Downs', '', 0), (1, 1, 1, 'Mount', 'Mount', 0), (1, 2, 1, 'Control Side', 'Control', 0);
+INSERT INTO OptionDefaults (ProductID, OptionName, OptionValue) VALUES
+    (NULL, 'Mount', 'Inside'), (NULL, 'Control Side', 'Right'), (1, 'Ladder', 'Cloth tape'), (3, 'Lift', 'Cordless'), (7, 'Louver', '3 1/2 inch');
+INSERT INTO OptionCallouts (ProductTypeID, ProductID, Style, OptionName, Color, ColorWhen, ColorCriteria, Message) VALUES
+    (NULL, NULL, '', 'Room Location', 13434879, 1, '', 'Ask which room this is for.'),
+    (6, NULL, '', 'Finish', 255, 2, 'Custom', 'A custom finish needs a sample and two more weeks.'),
+    (6, 7, 'Arched', 'Height', 65535, 0, '', 'Arches are measured at the crown.'),
+    (1, 3, '', 'Lift', 255, 2, 'Corded', 'Corded lifts need the safety sheet signed.');
+INSERT INTO EmailTemplates (GroupName, TemplateType, TemplateName, Favorite, Description, CcAddress, BCcAddress, Subject, BodyText) VALUES
+    ('Appointments', 1, 'Measure appointment', 1, 'Confirms a field measure', '', '', 'Your measure appointment', 'Dear <<FirstName>>,' || char(13, 10) || 'we look forward to seeing you.'),
+    ('Orders', 4, 'Quote enclosed', 1, 'Goes out with a quote', '', 'sales@lanternlight.example', 'Your quote <<OrderNumber>>', 'Please find your quote enclosed.'),
+    ('Orders', 4, 'Ready to install', 0, '', '', '', 'Your order has arrived', 'Call us to set a date for the installation.'),
+    ('Vendors', 2, 'Claim', 0, 'Damage in transit', 'warehouse@lanternlight.example', '', 'Claim', 'We received a damaged parcel.');
 
 INSERT INTO Customers (CustomerName, AccountNumber, CompanyName, Contact, FirstName, LastName, Phone1Label, Phone1, Phone2Label,
     Phone3Label, Email1Label, Email1, Email2Label, BillToAddress1, BillToCity, BillToState, BillToZip, BillToCountry,
     DiscountGroupID, CustomerTypeID, SalesRepID, InstallerID, DesignerID, ShippingMethodID, ReferralMethodID, LocationID,
-    CreditLimit, CustomerDiscountGroupID, Active, Notes)
+    CreditLimit, CustomerDiscountGroupID, SalesTaxGroupID, Active, Notes)
 WITH RECURSIVE
     count(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM count WHERE n < 60),
     firsts(i, first) AS (VALUES (0, 'Adela'), (1, 'Barnaby'), (2, 'Clementine'), (3, 'Dorian'), (4, 'Effie'), (5, 'Fabian'),
@@ -137,7 +186,8 @@ SELECT coalesce(firm, last || ', ' || first), printf('C%04d', 1000 + n), coalesc
     printf('%d %s', 100 + n * 13, street), town, 'WI', zip, 'USA',
     CASE WHEN firm IS NULL THEN 1 ELSE 4 END, CASE WHEN firm IS NULL THEN 1 ELSE 3 END,
     CASE n % 3 WHEN 0 THEN 1 WHEN 1 THEN 3 ELSE 4 END, 6 + n % 2, CASE WHEN n % 4 = 0 THEN 5 END,
-    CASE WHEN n % 5 = 0 THEN 2 ELSE 1 END, 1 + n % 6, 1 + n % 2, CASE WHEN firm IS NULL THEN 0 ELSE 5000 END, 3, n % 19 <> 0,
+    CASE WHEN n % 5 = 0 THEN 2 ELSE 1 END, 1 + n * n % 11 % 5, 1 + n % 3 % 2, CASE WHEN firm IS NULL THEN 0 ELSE 5000 END,
+    CASE WHEN firm IS NULL THEN 3 ELSE 5 END, CASE WHEN n % 12 = 11 THEN 4 ELSE 1 + n % 3 END, n % 19 <> 0,
     CASE WHEN n % 7 = 0 THEN 'Prefers mornings.' || char(13, 10) || 'Mind the dog.' END
 FROM count JOIN firsts ON firsts.i = n % 12 JOIN lasts ON lasts.i = n * 5 % 23 LEFT JOIN firms USING (n)
     JOIN streets ON streets.i = n % 7 JOIN towns ON towns.i = n % 4 ORDER BY n;
@@ -147,14 +197,25 @@ INSERT INTO GroupedCustomers (GroupID, CustomerID)
     SELECT CASE WHEN ID % 12 = 5 THEN 4 ELSE 1 END, ID FROM Customers WHERE CompanyName <> ''
     UNION ALL SELECT 3, ID FROM Customers WHERE ID % 4 = 0;
 
+INSERT INTO CustomerMeasurements (CustomerID, Location, Room, Item, Mount, Width, Length, Remarks)
+WITH windows(room, item, mount, width, length, remarks) AS (VALUES
+    ('Living room', 'Window 1', 'Inside', '35 1/2', '60', ''), ('Living room', 'Window 1', 'Inside', '35 1/2', '60', ''),
+    ('Kitchen', 'Window', 'Outside', '47 3/8', '36', 'Crank handle stands out 2"'),
+    ('Master bedroom', 'Sliding door', 'Wall', '72', '80 1/4', ''))
+SELECT ID, CASE WHEN CompanyName = '' THEN 'House' ELSE 'Office' END, room, item, mount, width, length, remarks
+FROM Customers JOIN windows WHERE Customers.ID % 8 = 3;
 INSERT INTO Jobs (JobName, CustomerID, JobTypeID, Created)
-    SELECT LastName || ' residence', ID, 3, '2024-03-01T09:00:00' FROM Customers WHERE ID % 6 = 1;
+    SELECT LastName || CASE WHEN CompanyName = '' THEN ' residence' ELSE ' offices' END, ID,
+        CASE WHEN CompanyName <> '' THEN 1 WHEN ID % 12 = 1 THEN 3 ELSE 2 END, '2024-03-01T09:00:00'
+    FROM Customers WHERE ID % 6 IN (1, 5);
 INSERT INTO Orders (OrderNumber, State, StatusID, CustomerID, OrderTypeID, ShippingMethodID, ReferralMethodID, LocationID,
-    SalesRepID, InstallerID, Sidemark, Total, ShipToAddress1, ShipToCity, ShipToState, ShipToZip, ShipToCountry, Created,
+    DeliveryRangeID, SalesTaxGroupID, JobID, SalesRepID, InstallerID, Sidemark, Total, ShipToAddress1, ShipToCity, ShipToState, ShipToZip, ShipToCountry, Created,
     CreatedBy)
 WITH RECURSIVE count(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM count WHERE n < 40)
-SELECT 10000 + n, 1 + n % 3, CASE n % 3 WHEN 0 THEN 1 + n % 2 WHEN 1 THEN 4 + n % 3 ELSE 7 + n % 3 END, c.ID, 1 + n % 2,
-    c.ShippingMethodID, c.ReferralMethodID, c.LocationID, c.SalesRepID, c.InstallerID, c.LastName || ' ' || n,
+SELECT 10000 + n, 1 + n % 3, CASE n % 3 WHEN 0 THEN 1 + n % 2 WHEN 1 THEN 4 + n % 3 ELSE 7 + n % 3 END, c.ID,
+    CASE WHEN n % 13 = 0 THEN 3 WHEN c.CompanyName = '' THEN 1 ELSE 2 END,
+    c.ShippingMethodID, c.ReferralMethodID, c.LocationID, 1 + n % 5, c.SalesTaxGroupID,
+    (SELECT min(Jobs.ID) FROM Jobs WHERE Jobs.CustomerID = c.ID), c.SalesRepID, c.InstallerID, c.LastName || ' ' || n,
     round(180 + n * n * 7.35, 2), c.BillToAddress1, c.BillToCity, c.BillToState, c.BillToZip, c.BillToCountry,
     strftime('%Y-%m-%dT%H:%M:%S', '2024-01-08 09:30:00', printf('+%d days', n * 6)), c.SalesRepID
 FROM count JOIN Customers c ON c.ID = 1 + n * 7 % 60 ORDER BY n;

@@ -98,6 +98,16 @@ CREATE TABLE QuoteApproval ({id}, Criteria {text}, {bookkeeping}) STRICT;
 CREATE TABLE RequireDepositCriteria ({id}, Criteria {text}, DepositPercent REAL NOT NULL DEFAULT 0, {bookkeeping}) STRICT;
 -- DiscountGroupType: 0 price, 1 cost, 2 customer
 CREATE TABLE DiscountGroups ({id}, DiscountGroup {text}, DiscountGroupType INTEGER NOT NULL DEFAULT 0, {bookkeeping}) STRICT;
+-- Rate: percent
+CREATE TABLE SalesTaxCodes ({id},
+    Code {text}, Rate REAL NOT NULL DEFAULT 0, Vendor {text}, Exported INTEGER NOT NULL DEFAULT 0, {bookkeeping}) STRICT;
+CREATE TABLE SalesTaxGroups ({id},
+    SalesTaxGroup {text}, Description {text}, Exported INTEGER NOT NULL DEFAULT 0, {bookkeeping}) STRICT;
+CREATE TABLE SalesTaxGroupCodes ({id},
+    SalesTaxGroupID INTEGER NOT NULL, SalesTaxCodeID INTEGER NOT NULL, {bookkeeping}) STRICT;
+-- AccountType: 1 sales, 2 purchase
+CREATE TABLE Accounts ({id},
+    Account {text}, AccountType INTEGER NOT NULL DEFAULT 1, Exported INTEGER NOT NULL DEFAULT 0, {bookkeeping}) STRICT;
 -- State: 1 quote, 2 sale, 3 order
 CREATE TABLE OrderStatusCodes ({id},
     State INTEGER NOT NULL DEFAULT 1, StatusName {text}, Sequence INTEGER NOT NULL DEFAULT 0, {bookkeeping}) STRICT;
@@ -114,7 +124,7 @@ CREATE TABLE Vendors ({id},
     OOP_Process INTEGER NOT NULL DEFAULT 0, OOP_VendorID {text}, CostMethod INTEGER NOT NULL DEFAULT 0, Notes {text},
     Active INTEGER NOT NULL DEFAULT 1, ValidateAddresses INTEGER NOT NULL DEFAULT 0,
     Margin REAL NOT NULL DEFAULT 0, MarginAD REAL NOT NULL DEFAULT 0, Exported INTEGER NOT NULL DEFAULT 0,
-    {bookkeeping}) STRICT;
+    Locked INTEGER NOT NULL DEFAULT 0, {bookkeeping}) STRICT;
 
 CREATE TABLE Customers ({id},
     CustomerName {text}, AccountNumber {text}, CompanyName {text}, Contact {text},
@@ -134,6 +144,11 @@ CREATE TABLE CustomerAddresses ({id},
     CustomerID INTEGER NOT NULL, AddressLabel {text}, Address1 {text}, Address2 {text}, City {text}, State {text},
     Zip {text}, Country {text}, isDefault INTEGER NOT NULL DEFAULT 0, {bookkeeping}) STRICT;
 CREATE INDEX CustomerAddresses_Customer ON CustomerAddresses (CustomerID);
+-- Width and Length are kept as they were written down.
+CREATE TABLE CustomerMeasurements ({id},
+    CustomerID INTEGER NOT NULL, Location {text}, Room {text}, Item {text}, Mount {text}, Width {text}, Length {text},
+    Remarks {text}, {bookkeeping}) STRICT;
+CREATE INDEX CustomerMeasurements_Customer ON CustomerMeasurements (CustomerID);
 CREATE TABLE GroupedCustomers ({id}, GroupID INTEGER NOT NULL, CustomerID INTEGER NOT NULL, {bookkeeping}) STRICT;
 
 -- Orders and what belongs to them -------------------------------------------------------------------------------
@@ -174,3 +189,34 @@ CREATE TABLE Discounts ({id},
     DiscountGroupID INTEGER NOT NULL, DiscountLevel INTEGER NOT NULL DEFAULT 1, ProductID INTEGER, Style {text},
     OptionName {text}, Multiplier REAL NOT NULL DEFAULT 0, TierLevel {text}, Markup REAL NOT NULL DEFAULT 0,
     Margin REAL NOT NULL DEFAULT 0, {bookkeeping}) STRICT;
+
+-- What pricing and order entry add -------------------------------------------------------------------------------
+
+-- ChargeType: 1 vendor promotion, 2 customer promotion, 4 item price adjustment, 8 additional charge, 256 item cost
+-- adjustment. Category: 1 installation, 2 shipping, 3 other. Value: an amount, a percentage or a price line's name.
+CREATE TABLE AdditionalCharges ({id},
+    ChargeType INTEGER NOT NULL DEFAULT 8, ChargeCode {text}, Enabled INTEGER NOT NULL DEFAULT 1, GroupName {text},
+    ChargeName {text}, Description {text}, Cost REAL NOT NULL DEFAULT 0, ChargeMethod INTEGER NOT NULL DEFAULT 1,
+    Value {text}, Taxable INTEGER NOT NULL DEFAULT 0, AutoAddToQuotes INTEGER NOT NULL DEFAULT 0,
+    AutoAddToPOs INTEGER NOT NULL DEFAULT 0, ApplyToPOs INTEGER NOT NULL DEFAULT 0, StartsOn TEXT, EndsOn TEXT,
+    Criteria {text}, CustomerTypeID INTEGER, VendorID INTEGER, Notes {text},
+    IncludeWithProductItems INTEGER NOT NULL DEFAULT 0, SalesAccountID INTEGER, PurchaseAccountID INTEGER,
+    ExportChargeName {text}, Exported INTEGER NOT NULL DEFAULT 0, Category INTEGER NOT NULL DEFAULT 3,
+    Sequence INTEGER NOT NULL DEFAULT 0, GroupAction INTEGER NOT NULL DEFAULT 0, {bookkeeping}) STRICT;
+-- Location: 0 the line's description, 1 the second description. Sequence 9999: not placed yet
+CREATE TABLE OptionDetailSettings ({id},
+    Location INTEGER NOT NULL DEFAULT 0, Sequence INTEGER NOT NULL DEFAULT 9999, Show INTEGER NOT NULL DEFAULT 1,
+    OptionName {text}, Prefix {text}, isBold INTEGER NOT NULL DEFAULT 0, {bookkeeping}) STRICT;
+-- without ProductID: for every product
+CREATE TABLE OptionDefaults ({id}, ProductID INTEGER, OptionName {text}, OptionValue {text}, {bookkeeping}) STRICT;
+-- ColorWhen: 0 always, 1 when the value is empty, 2 when it contains ColorCriteria
+CREATE TABLE OptionCallouts ({id},
+    ProductTypeID INTEGER, ProductID INTEGER, Style {text}, OptionName {text}, Color INTEGER NOT NULL DEFAULT 0,
+    ColorWhen INTEGER NOT NULL DEFAULT 0, ColorCriteria {text}, Message {text}, {bookkeeping}) STRICT;
+
+-- Messages ------------------------------------------------------------------------------------------------------
+
+-- TemplateType: 1 customer, 2 vendor, 3 employee, 4 quote, sale or order
+CREATE TABLE EmailTemplates ({id},
+    GroupName {text}, TemplateType INTEGER NOT NULL DEFAULT 1, TemplateName {text}, Favorite INTEGER NOT NULL DEFAULT 0,
+    Description {text}, CcAddress {text}, BCcAddress {text}, Subject {text}, BodyText {text}, {bookkeeping}) STRICT;

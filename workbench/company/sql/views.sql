@@ -1,4 +1,5 @@
--- What the export of each list writes: the record without its key, which means nothing in another company.
+-- What the export of each list writes: the record without its key, which means nothing in another company. What a
+-- record refers to is written by its name, an empty text where it refers to nothing.
 
 CREATE VIEW vwExporting_Terms AS
     SELECT Terms, DueDays, Discount, DiscountDays, Exported, UniqueID, AddedOn, UpdatedOn FROM Terms;
@@ -46,9 +47,44 @@ CREATE VIEW vwExporting_SecurityRoleAccess AS
     SELECT r.UniqueID AS SecurityRoleUniqueID, r.Name AS SecurityRole, a.Activity, a.Access
     FROM SecurityRoleAccess a JOIN SecurityRoles r ON r.ID = a.SecurityRoleID;
 CREATE VIEW vwExporting_Discounts AS
-    SELECT g.DiscountGroup, g.DiscountGroupType, p.Product, d.DiscountLevel, d.Style, d.OptionName, d.Multiplier,
-        d.TierLevel, d.Markup, d.Margin, d.UniqueID, d.AddedOn, d.UpdatedOn
+    SELECT g.DiscountGroup, g.DiscountGroupType, ifnull(p.Product, '') AS Product, d.DiscountLevel, d.Style, d.OptionName,
+        d.Multiplier, d.TierLevel, d.Markup, d.Margin, d.UniqueID, d.AddedOn, d.UpdatedOn
     FROM Discounts d JOIN DiscountGroups g ON g.ID = d.DiscountGroupID LEFT JOIN Products p ON p.ID = d.ProductID;
+CREATE VIEW vwExporting_SalesTaxCodes AS
+    SELECT Code, Rate, Vendor, Exported, UniqueID, AddedOn, UpdatedOn FROM SalesTaxCodes;
+CREATE VIEW vwExporting_SalesTaxGroups AS
+    SELECT SalesTaxGroup, Description, Exported, UniqueID, AddedOn, UpdatedOn FROM SalesTaxGroups;
+CREATE VIEW vwExporting_Accounts AS
+    SELECT Account, AccountType, Exported, UniqueID, AddedOn, UpdatedOn FROM Accounts;
+CREATE VIEW vwExporting_AdditionalCharges AS
+    SELECT c.ChargeType, c.ChargeCode, c.Enabled, c.GroupName, c.ChargeName, c.Description, c.Cost, c.ChargeMethod,
+        c.Value, c.Taxable, c.AutoAddToQuotes, c.AutoAddToPOs, c.ApplyToPOs, c.StartsOn, c.EndsOn, c.Criteria,
+        ifnull(t.Name, '') AS CustomerType, ifnull(v.VendorName, '') AS Vendor, c.Notes, c.IncludeWithProductItems,
+        ifnull(s.Account, '') AS SalesAccount, ifnull(p.Account, '') AS PurchaseAccount, c.ExportChargeName, c.Exported,
+        c.Category, c.Sequence, c.GroupAction, c.UniqueID, c.AddedOn, c.UpdatedOn
+    FROM AdditionalCharges c LEFT JOIN CustomerTypes t ON t.ID = c.CustomerTypeID LEFT JOIN Vendors v ON v.ID = c.VendorID
+        LEFT JOIN Accounts s ON s.ID = c.SalesAccountID LEFT JOIN Accounts p ON p.ID = c.PurchaseAccountID;
+CREATE VIEW vwExporting_OptionDetailSettings AS
+    SELECT Location, Sequence, Show, OptionName, Prefix, isBold, UniqueID, AddedOn, UpdatedOn FROM OptionDetailSettings;
+CREATE VIEW vwExporting_OptionDefaults AS
+    SELECT ifnull(p.Product, '') AS Product, d.OptionName, d.OptionValue, d.UniqueID, d.AddedOn, d.UpdatedOn
+    FROM OptionDefaults d LEFT JOIN Products p ON p.ID = d.ProductID;
+CREATE VIEW vwExporting_OptionCallouts AS
+    SELECT ifnull(t.ProductType, '') AS ProductType, ifnull(p.Product, '') AS Product, c.Style, c.OptionName, c.Color,
+        c.ColorWhen, c.ColorCriteria, c.Message, c.UniqueID, c.AddedOn, c.UpdatedOn
+    FROM OptionCallouts c LEFT JOIN ProductTypes t ON t.ID = c.ProductTypeID LEFT JOIN Products p ON p.ID = c.ProductID;
+CREATE VIEW vwExporting_EmailTemplates AS
+    SELECT GroupName, TemplateType, TemplateName, Favorite, Description, CcAddress, BCcAddress, Subject, BodyText, UniqueID,
+        AddedOn, UpdatedOn FROM EmailTemplates;
+CREATE VIEW vwExporting_CustomerMeasurements AS
+    SELECT c.CustomerName, ifnull(c.AccountNumber, '') AS AccountNumber, m.Location, m.Room, m.Item, m.Mount, m.Width,
+        m.Length, m.Remarks, m.UniqueID, m.AddedOn, m.UpdatedOn
+    FROM CustomerMeasurements m JOIN Customers c ON c.ID = m.CustomerID;
+
+-- What screens show beside a table's own columns.
+
+CREATE VIEW vwScreen_Accounts AS
+    SELECT *, CASE AccountType WHEN 1 THEN 'Sales' WHEN 2 THEN 'Purchase' ELSE '' END AS FriendlyAccountType FROM Accounts;
 
 -- Procedures. A call is an insert into a view of the procedure's name; the trigger does the work.
 

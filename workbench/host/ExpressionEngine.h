@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "workbench/host/HostContext.h"
+
+namespace tsln::workbench {
+
+/// The component "tslnfe5.Engine": lets the user edit an expression in a window of its own.
+///
+/// "Initialize" takes the shared-code object, "PreTerminate" lets go of it. "ShowEditExpression" (expression)
+/// and "ShowEditExpression2" (expression, the window's title) answer with the edited text, or with what they
+/// were given when the user cancels.
+class ExpressionEngine : public HostObject {
+  public:
+    using HostObject::HostObject;
+    Variant invoke(std::string_view member, Access access, Arguments arguments) override;
+
+  private:
+    Variant edit(Arguments a);
+    std::vector<std::string> names() const;
+
+    ObjectPtr sharedCode_;
+};
+
+}  // namespace tsln::workbench

@@ -1,0 +1,25 @@
+#include "workbench/host/ExpressionText.h"
+
+namespace tsln::workbench {
+
+std::string expressionFault(std::string_view expression) {
+    std::string closing;  // what the open brackets wait for
+    bool quoted = false;
+    for (const char c : expression) {
+        if (c == '"') quoted = !quoted;
+        if (quoted) continue;
+        if (c == '(' || c == '[') {
+            closing += c == '(' ? ')' : ']';
+        } else if (c == ')' || c == ']') {
+            if (closing.empty()) return std::string("There is a \"") + c + "\" without its beginning.";
+            if (closing.back() != c)
+                return std::string("There is a \"") + c + "\" where a \"" + closing.back() + "\" is due.";
+            closing.pop_back();
+        }
+    }
+    if (quoted) return "A quotation mark is not closed.";
+    if (!closing.empty()) return std::string("A \"") + closing.back() + "\" is missing at the end.";
+    return {};
+}
+
+}  // namespace tsln::workbench
