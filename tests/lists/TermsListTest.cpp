@@ -234,7 +234,7 @@ TEST(ListScreen, ReferencedRowsAreRefusedWithTheirCountAndTheLoopGoesOn) {
          "There."},
     };
     lists::ListDescription guarded = lists::termsList;
-    guarded.deletionChecks = checks;
+    guarded.deletionChecks.assign(std::begin(checks), std::end(checks));
     TermsStage stage;
     stage.host->on("Database.ExecuteScaler", [](Arguments a) {
         return Variant(a[0].toText().ends_with("Customers WHERE TermsID = 2") ? 7 : 0);
