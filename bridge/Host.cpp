@@ -29,6 +29,10 @@ Variant Database::ExecuteScaler(std::string_view sql, std::string_view field,
     return call("ExecuteScaler", sql, field, otherwise);
 }
 
+Variant Database::ExecuteScaler(std::string_view sql) const {
+    return call("ExecuteScaler", sql);
+}
+
 bool Database::ExecuteNonQuery(std::string_view sql) const {
     return call("ExecuteNonQuery", sql).toBoolean();
 }
@@ -93,6 +97,11 @@ std::optional<Connection> Host::currentCompanyConnection() const {
     ObjectPtr connection = sharedCode()->get("CurrentCompanyConn").toObject();
     if (!connection) return std::nullopt;
     return Connection(std::move(connection));
+}
+
+Connection Host::companyConnection() const {
+    if (auto connection = currentCompanyConnection()) return *connection;
+    throw HostError(code::objectNotSet, "Library", "The host has no open connection to the company.");
 }
 
 std::string Host::PSDFile() const {

@@ -52,6 +52,7 @@ class Database : HostPart {
     /// The first column of the first row. The member's name is spelled so. Which further arguments a caller
     /// passes is part of the call.
     Variant ExecuteScaler(std::string_view sql, std::string_view field, std::string_view otherwise) const;
+    Variant ExecuteScaler(std::string_view sql) const;
     /// True when the statement ran.
     bool ExecuteNonQuery(std::string_view sql) const;
     /// The `ID` of the row that the INSERT made, less than 1 when it failed.
@@ -111,6 +112,8 @@ class Host {
     Options options() const { return Options(library_); }
     /// The company's open connection; nothing when there is none.
     std::optional<Connection> currentCompanyConnection() const;
+    /// The same; raises HostError(code::objectNotSet) when there is none.
+    Connection companyConnection() const;
 
     ObjectPtr sharedCode() const;
     /// Path of the package definition file that the package processor is given.

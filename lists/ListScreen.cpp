@@ -213,7 +213,9 @@ void ListScreen::showSaved(std::int32_t ID, std::optional<std::size_t> edited) {
 
 void ListScreen::cmdNew_Click() {
     const std::int32_t ID = edit(0);
-    if (ID > 0) showSaved(ID, std::nullopt);
+    if (ID <= 0) return;
+    showSaved(ID, std::nullopt);
+    added(ID);
 }
 
 void ListScreen::cmdEdit_Click() {

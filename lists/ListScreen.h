@@ -52,6 +52,8 @@ class ListScreen : public HostScreen {
     /// Sets which buttons are enabled, after every load, change and change of the selection.
     virtual void updateButtons();
     virtual void cmdNew_Click();
+    /// A row was added by New; it is shown and selected.
+    virtual void added([[maybe_unused]] std::int32_t ID) {}
     virtual void cmdEdit_Click();
     /// Deletes the selected rows for good.
     virtual void deleteSelected();

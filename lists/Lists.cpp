@@ -1,10 +1,15 @@
 #include "lists/Lists.h"
 
+#include "lists/AccountingApplication.h"
 #include "lists/Criteria.h"
 #include "lists/CustomerTypes.h"
+#include "lists/DiscountGroups.h"
 #include "lists/EditDialog.h"
 #include "lists/ListScreen.h"
 #include "lists/Locations.h"
+#include "lists/MoveListReferences.h"
+#include "lists/SalesTaxGroupCodes.h"
+#include "lists/SalesTaxGroups.h"
 #include "lists/Tags.h"
 
 namespace tsln::lists {
@@ -29,6 +34,8 @@ const ListDescription* const plainLists[] = {
     &measurementMountsList,
     &fieldMeasureCriteriaList,
     &quoteApprovalList,
+    &salesTaxCodesList,
+    &accountsList,
 };
 
 template <class S = ListScreen>
@@ -74,6 +81,18 @@ void plugIn(Library& library) {
     });
 
     plugInTags(library);
+    plugInDiscountGroups(library);
+
+    plugInList<SalesTaxGroupsScreen>(library, salesTaxGroupsList);
+    plugInDialog(library, salesTaxGroupsList);
+    library.plugIn(Operation::ShowSalesTaxGroupCodes, [](Library& self, Arguments a) {
+        return Variant(assignSalesTaxCodes(self, a[0].toLong()));
+    });
+    library.plugIn(Operation::ShowMoveReferences, [](Library& self, Arguments a) {
+        return Variant(moveListReferences(self, a[0].toInteger(), a[1].toLong()));
+    });
+    library.plugIn(Operation::ShowChooseAccouningApplication,
+                   [](Library& self, Arguments) { return Variant(chooseAccountingApplication(self)); });
 }
 
 }  // namespace tsln::lists

@@ -21,6 +21,7 @@ extern const ListDescription phoneLabelsList, emailLabelsList;
 extern const ListDescription measurementRoomsList, measurementItemsList, measurementMountsList;
 extern const ListDescription locationsList;
 extern const ListDescription productTagsList, portfolioTagsList;
+extern const ListDescription discountGroupsList, salesTaxCodesList, salesTaxGroupsList, accountsList;
 extern const ListDescription fieldMeasureCriteriaList, quoteApprovalList, depositCriteriaList;
 
 }  // namespace tsln::lists
