@@ -12,7 +12,7 @@ std::optional<std::string> editExpression(HostScreen& screen, const std::string&
         return std::nullopt;
     }
     const Component engine(std::move(editor), screen.host());
-    const Variant edited = engine->call("ShowEditExpression2", expression, "");
+    const Variant edited = engine->call("ShowEditExpression2", expression, screen.caption());
     if (!edited.isText()) return std::nullopt;
     return edited.toText();
 }

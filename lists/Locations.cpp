@@ -30,8 +30,8 @@ const ListDescription locationsList{
     .table = "Locations",
     .orderBy = "LocationName",
     .columns = {{"Location", 180, "LocationName"},
-                {"City", 120, "ShipToCity"},
-                {"Phone", 110, "Phone1"},
+                {"City", 130, "ShipToCity"},
+                {"Phone", 130, "Phone1"},
                 {"Store", 60, "StoreNumber"},
                 {"Region", 90, "Region"}},
     .securityArea = 112,
@@ -116,8 +116,8 @@ Layout LocationDialog::fieldLayout() {
         return form(std::move(rows));
     };
     return row({
-        stretch(column({fields({"txtName", "txtEmail", "txtWebSite"}), phone(1), phone(2), phone(3), phone(4),
-                        spring()})),
+        stretch(column({fields({"txtName", "txtEmail", "txtWebSite"}),
+                        framed(grpPhones, column({phone(1), phone(2), phone(3), phone(4)})), spring()})),
         stretch(column({stretch(fields({"txtShipToAddress"})), row({spring(), item(cmdCopyAddress)}),
                         fields({"txtStoreNumber", "txtMarketNumber", "txtMarketName", "txtRegion"})})),
     });

@@ -20,6 +20,7 @@ class LocationDialog : public EditDialog {
   public:
     LocationDialog(Library& library, const ListDescription& description);
 
+    Frame grpPhones{*this, "grpPhones", "Phone Numbers"};
     Button cmdCopyAddress{*this, "cmdCopyAddress", "&Copy Company Address"};
 
   protected:

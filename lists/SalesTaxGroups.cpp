@@ -25,7 +25,7 @@ const ListDescription salesTaxGroupsList{
     .caption = "Sales Tax Groups",
     .table = "SalesTaxGroups",
     .orderBy = "SalesTaxGroup",
-    .columns = {{"Group", 180, "SalesTaxGroup"}, {"Description", 300, "Description"}},
+    .columns = {{"Group", 160, "SalesTaxGroup"}, {"Description", 360, "Description"}},
     .securityArea = 203,
     .listKind = 21,
     .moveReferencesCode = 12,
