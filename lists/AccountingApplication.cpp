@@ -9,23 +9,19 @@ constexpr std::string_view section = "Accounting";
 }  // namespace
 
 AccountingApplication::AccountingApplication(Library& library)
-    : HostScreen(library, "frmChooseAccountingApplication") {
+    : TaskDialog(library, "frmChooseAccountingApplication") {
     setCaption("Choose Accounting Application");
     cboApp.addItem("", 0);
     cboApp.addItem("QuickBooks Desktop", 1);
     cboApp.setListIndex(0);
-    cmdOK.onClick = [this] { cmdOK_Click(); };
-    cmdCancel.onClick = [this] { hide(); };
 }
 
-Layout AccountingApplication::layout() {
-    using namespace tsln::layout;
-    return column({form({field("&Accounting application:", cboApp)}), spring(),
-                   row({spring(), item(cmdOK), item(cmdCancel)})});
+Layout AccountingApplication::content() {
+    return layout::form({layout::field("&Accounting application:", cboApp)});
 }
 
 void AccountingApplication::Form_Load() {
-    restoreWindowPosition(*this);
+    TaskDialog::Form_Load();
     cmdOK.setEnabled(false);  // an option that could not be read is not written over
     const Variant stored = host().options().GetCompanyOption(option, section, 0);
     if (stored.isNumeric()) cboApp.choose(stored.toLong());
@@ -34,8 +30,7 @@ void AccountingApplication::Form_Load() {
 
 void AccountingApplication::cmdOK_Click() {
     host().options().SetCompanyOption(option, section, cboApp.chosen().value_or(0));
-    Cancelled = false;
-    hide();
+    accept();
 }
 
 bool chooseAccountingApplication(Library& library) {

@@ -1,29 +1,20 @@
 #pragma once
 
-#include "bridge/HostScreen.h"
-#include "screens/Controls.h"
+#include "lists/TaskDialog.h"
 
 namespace tsln::lists {
 
 /// Records which accounting application the company uses.
-class AccountingApplication : public HostScreen {
+class AccountingApplication : public TaskDialog {
   public:
     explicit AccountingApplication(Library& library);
 
     ComboBox cboApp{*this, "cboApp"};
-    Button cmdOK{*this, "cmdOK", "OK", Button::Role::Default};
-    Button cmdCancel{*this, "cmdCancel", "Cancel", Button::Role::Cancel};
-
-    bool Cancelled = true;
-
-    Layout layout() override;
 
   protected:
     void Form_Load() override;
-    void Form_Unload() override { saveWindowPosition(*this); }
-
-  private:
-    void cmdOK_Click();
+    Layout content() override;
+    void cmdOK_Click() override;
 };
 
 /// Shows the choice; true when it was cancelled.

@@ -9,7 +9,7 @@ class DepositCriteriaScreen : public ListScreen {
   public:
     DepositCriteriaScreen(Library& library, const ListDescription& description);
 
-    CheckBox chkEnforce{*this, "chkEnforce", "&Enforce deposit requirements"};
+    CheckBox chkEnforce{*this, "chkEnforce", "En&force deposit requirements"};
 
   protected:
     void listLoaded() override;

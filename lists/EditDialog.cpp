@@ -28,7 +28,7 @@ class Working {
 }  // namespace
 
 EditDialog::EditDialog(Library& library, const ListDescription& description)
-    : HostScreen(library, screenName(description)), list_(description), description_(description.dialog) {
+    : TaskDialog(library, screenName(description)), list_(description), description_(description.dialog) {
     for (const EditField& field : description_.fields)
         fields_.emplace_back(*this, field);
     for (FieldControl& field : fields_) {
@@ -38,20 +38,16 @@ EditDialog::EditDialog(Library& library, const ListDescription& description)
         cmdExpression_ = std::make_unique<Button>(*this, "cmdExpression", "E&xpression...");
         cmdExpression_->onClick = [this] { cmdExpression_Click(); };
     }
-    cmdOK.onClick = [this] { cmdOK_Click(); };
-    cmdCancel.onClick = [this] { cancel(); };
+    Cancelled = false;
 }
 
 std::string EditDialog::screenName(const ListDescription& description) {
     return std::string(description.screenName) + "_Edit";
 }
 
-Layout EditDialog::layout() {
-    using namespace tsln::layout;
-    std::vector<Layout> buttons;
-    if (cmdExpression_) buttons.push_back(item(*cmdExpression_));
-    buttons.insert(buttons.end(), {spring(), item(cmdOK), item(cmdCancel)});
-    return column({stretch(fieldLayout()), row(std::move(buttons))});
+std::vector<Layout> EditDialog::furtherButtons() {
+    if (!cmdExpression_) return {};
+    return {layout::item(*cmdExpression_)};
 }
 
 Layout EditDialog::fieldLayout() {
@@ -68,24 +64,13 @@ FieldControl& EditDialog::field(std::string_view control) {
     return *found;
 }
 
-void EditDialog::Form_Load() {
-    restoreWindowPosition(*this);
-}
-
-void EditDialog::Form_Activate() {
-    if (activated_) return;
-    activated_ = true;
-    desktop().yield();
+void EditDialog::opened() {
     loadRow();
     loaded();
 }
 
 bool EditDialog::Form_QueryUnload(bool byCloseBox) {
     return !(byCloseBox && busy_);
-}
-
-void EditDialog::Form_Unload() {
-    saveWindowPosition(*this);
 }
 
 void EditDialog::loadRow() {
@@ -182,14 +167,7 @@ bool EditDialog::save() {
 
 void EditDialog::cmdOK_Click() {
     const Working working(busy_);
-    if (!validate() || !save()) return;
-    Cancelled = false;
-    hide();
-}
-
-void EditDialog::cancel() {
-    Cancelled = true;
-    hide();
+    if (validate() && save()) accept();
 }
 
 void EditDialog::cmdExpression_Click() {

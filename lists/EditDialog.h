@@ -4,37 +4,31 @@
 #include <string>
 #include <vector>
 
-#include "bridge/HostScreen.h"
 #include "lists/FieldControl.h"
 #include "lists/ListDescription.h"
-#include "screens/Controls.h"
+#include "lists/TaskDialog.h"
 #include "shared/modSharedSQL.h"
 
 namespace tsln::lists {
 
 /// The edit dialog of a lookup table: adds one row or changes one. What row it is stands in the description,
-/// which must outlive it. A dialog with ways of its own derives and overrides just those.
-class EditDialog : public HostScreen {
+/// which must outlive it. Left by the title bar it does not count as cancelled. A dialog with ways of its own
+/// derives and overrides just those.
+class EditDialog : public TaskDialog {
   public:
     EditDialog(Library& library, const ListDescription& description);
     /// The name under which a list's dialog is shown.
     static std::string screenName(const ListDescription& description);
 
-    Button cmdOK{*this, "cmdOK", "OK", Button::Role::Default};
-    Button cmdCancel{*this, "cmdCancel", "Cancel", Button::Role::Cancel};
-
     /// The row that is edited, 0 for a new one; once a new row is saved, its key.
     std::int32_t ID = 0;
-    /// The dialog was left by its Cancel button. The title bar's close box does not count.
-    bool Cancelled = false;
-
-    Layout layout() override;
 
   protected:
-    void Form_Load() override;
-    void Form_Activate() override;
     bool Form_QueryUnload(bool byCloseBox) override;
-    void Form_Unload() override;
+    Layout content() override { return fieldLayout(); }
+    std::vector<Layout> furtherButtons() override;
+    void opened() override;
+    void cmdOK_Click() override;
 
     /// The field of that control, which the description must have.
     FieldControl& field(std::string_view control);
@@ -46,10 +40,7 @@ class EditDialog : public HostScreen {
     /// The row, or the empty dialog for a new one, is shown.
     virtual void loaded() {}
 
-    void cancel();
-
   private:
-    void cmdOK_Click();
     void cmdExpression_Click();
     void loadRow();
     bool validate();
@@ -62,7 +53,6 @@ class EditDialog : public HostScreen {
     const DialogDescription& description_;
     std::vector<FieldControl> fields_;
     std::unique_ptr<Button> cmdExpression_;
-    bool activated_ = false;
     bool busy_ = false;
 };
 

@@ -16,19 +16,16 @@ std::string_view withoutBrackets(std::string_view column) {
 
 }  // namespace
 
-MoveListReferences::MoveListReferences(Library& library) : HostScreen(library, "frmMoveListReferences") {
+MoveListReferences::MoveListReferences(Library& library) : TaskDialog(library, "frmMoveListReferences") {
     setCaption("Move References");
     txtName.setLocked(true);
     txtName.accessibleName = "Entry whose references move";
     cmdOK.setEnabled(false);
-    cmdOK.onClick = [this] { cmdOK_Click(); };
-    cmdCancel.onClick = [this] { hide(); };
 }
 
-Layout MoveListReferences::layout() {
+Layout MoveListReferences::content() {
     using namespace tsln::layout;
-    return column({item(lblHeading), item(txtName), form({field("&To reference instead:", cboReplacement)}),
-                   spring(), row({spring(), item(cmdOK), item(cmdCancel)})});
+    return column({item(lblHeading), item(txtName), form({field("&To reference instead:", cboReplacement)})});
 }
 
 bool MoveListReferences::initialize(std::int16_t listCode, std::int32_t ID) {
@@ -42,10 +39,7 @@ bool MoveListReferences::initialize(std::int16_t listCode, std::int32_t ID) {
     return true;
 }
 
-void MoveListReferences::Form_Activate() {
-    if (activated_) return;
-    activated_ = true;
-    desktop().yield();
+void MoveListReferences::opened() {
     setFocus(cboReplacement);
     txtName.setText(
         host()
@@ -96,8 +90,7 @@ void MoveListReferences::cmdOK_Click() {
     if (!moved) return;
     tell(format("Update complete. A total of {0} references where updated.", *moved),
          MessageIcon::Information);
-    Cancelled = false;
-    hide();
+    accept();
 }
 
 bool moveListReferences(Library& library, std::int16_t listCode, std::int32_t ID) {

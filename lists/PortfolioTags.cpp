@@ -35,10 +35,8 @@ void PortfolioTagsScreen::cmdEdit_Click() {
     if (!library().ShowEditPortfiolioTag(std::string(rptItems.cell(*record, 0)))) loadList();
 }
 
-PortfolioTagDialog::PortfolioTagDialog(Library& library) : HostScreen(library, "frmPortfolioTags_Edit") {
+PortfolioTagDialog::PortfolioTagDialog(Library& library) : TaskDialog(library, "frmPortfolioTags_Edit") {
     setCaption("Rename Portfolio Tag");
-    cmdOK.onClick = [this] { cmdOK_Click(); };
-    cmdCancel.onClick = [this] { hide(); };
 }
 
 void PortfolioTagDialog::initialize(std::string tag) {
@@ -47,9 +45,8 @@ void PortfolioTagDialog::initialize(std::string tag) {
     setFocus(txtTag);
 }
 
-Layout PortfolioTagDialog::layout() {
-    using namespace tsln::layout;
-    return column({form({field("&Tag:", txtTag)}), spring(), row({spring(), item(cmdOK), item(cmdCancel)})});
+Layout PortfolioTagDialog::content() {
+    return layout::form({layout::field("&Tag:", txtTag)});
 }
 
 void PortfolioTagDialog::cmdOK_Click() {
@@ -67,8 +64,7 @@ void PortfolioTagDialog::cmdOK_Click() {
         reportDatabaseFailure("There was a problem renaming the tags.");
         return;
     }
-    Cancelled = false;
-    hide();
+    accept();
 }
 
 }  // namespace tsln::lists

@@ -54,29 +54,21 @@ void ProductTagsScreen::cmdNew_Click() {
 
 // The dialog ----------------------------------------------------------------------------------------------
 
-ProductTagsDialog::ProductTagsDialog(Library& library) : HostScreen(library, "frmProductTags_Edit") {
+ProductTagsDialog::ProductTagsDialog(Library& library) : TaskDialog(library, "frmProductTags_Edit") {
     setCaption("Add Product Tags");
     lstUsed.columns = {{"Tags in Use", 200}};
     rptTags.columns = {{"Tags of This Product", 200}};
     rptTags.accessibleName = "Tags of this product";
     lstUsed.accessibleName = "Tags in use";
-    cmdOK.onClick = [this] { cmdOK_Click(); };
-    cmdCancel.onClick = [this] {
-        Cancelled = true;
-        hide();
-    };
+    Cancelled = false;  // closing it by the title bar counts as accepted, as in the other dialogs of rows
 }
 
-Layout ProductTagsDialog::layout() {
+Layout ProductTagsDialog::content() {
     using namespace tsln::layout;
-    return column({form({field("&New tag:", txtTag)}), stretch(row({fill(lstUsed), fill(rptTags)})),
-                   row({spring(), item(cmdOK), item(cmdCancel)})});
+    return column({form({field("&New tag:", txtTag)}), stretch(row({fill(lstUsed), fill(rptTags)}))});
 }
 
-void ProductTagsDialog::Form_Activate() {
-    if (activated_) return;
-    activated_ = true;
-    desktop().yield();
+void ProductTagsDialog::opened() {
     setFocus(txtTag);
     const Records own =
         host().database().ExecuteRead(format("SELECT Tag FROM ProductTags WHERE ProductID = {0}", ID));
@@ -113,8 +105,7 @@ void ProductTagsDialog::cmdOK_Click() {
     for (const CheckList::Entry& entry : lstUsed.entries()) {
         if (entry.ticked && !add(insertChosen, "<st>", entry.cells.front())) return;
     }
-    Cancelled = false;
-    hide();
+    accept();
 }
 
 }  // namespace tsln::lists

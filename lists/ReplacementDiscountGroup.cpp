@@ -3,16 +3,12 @@
 namespace tsln::lists {
 
 ReplacementDiscountGroup::ReplacementDiscountGroup(Library& library)
-    : HostScreen(library, "frmGetReplacementDiscountGroup") {
+    : TaskDialog(library, "frmGetReplacementDiscountGroup") {
     setCaption("Replacement Discount Group");
-    cmdOK.onClick = [this] { cmdOK_Click(); };
-    cmdCancel.onClick = [this] { hide(); };
 }
 
-Layout ReplacementDiscountGroup::layout() {
-    using namespace tsln::layout;
-    return column({form({field("&New discount group:", cboDiscountGroup)}), spring(),
-                   row({spring(), item(cmdOK), item(cmdCancel)})});
+Layout ReplacementDiscountGroup::content() {
+    return layout::form({layout::field("&New discount group:", cboDiscountGroup)});
 }
 
 bool ReplacementDiscountGroup::initialize(std::int32_t goes) {
@@ -37,8 +33,7 @@ void ReplacementDiscountGroup::cmdOK_Click() {
         return;
     }
     ID = *chosen;
-    Cancelled = false;
-    hide();
+    accept();
 }
 
 std::int32_t chooseReplacementDiscountGroup(Library& library, std::int32_t ID) {

@@ -6,26 +6,19 @@
 
 namespace tsln::lists {
 
-SalesTaxGroupCodes::SalesTaxGroupCodes(Library& library) : HostScreen(library, "frmSalesTaxGroupCodes") {
+SalesTaxGroupCodes::SalesTaxGroupCodes(Library& library) : TaskDialog(library, "frmSalesTaxGroupCodes") {
     setCaption("Sales Tax Group Codes");
     lstCodes.columns = {{"Code", 140}, {"Rate (%)", 70, true}, {"Vendor/Agency", 220}};
     cmdOK.setEnabled(false);
-    cmdOK.onClick = [this] { cmdOK_Click(); };
-    cmdClose.onClick = [this] {
-        closedByClose = true;
-        hide();
-    };
+    Cancelled = false;
 }
 
-Layout SalesTaxGroupCodes::layout() {
+Layout SalesTaxGroupCodes::content() {
     using namespace tsln::layout;
-    return column({item(lblCodes), fill(lstCodes), row({spring(), item(cmdOK), item(cmdClose)})});
+    return column({item(lblCodes), fill(lstCodes)});
 }
 
-void SalesTaxGroupCodes::Form_Activate() {
-    if (activated_) return;
-    activated_ = true;
-    desktop().yield();
+void SalesTaxGroupCodes::opened() {
     setFocus(lstCodes);
     const std::string ID = std::to_string(groupID);
     const Records group = host().database().ExecuteRead("SELECT * FROM SalesTaxGroups WHERE ID = " + ID);
@@ -68,14 +61,14 @@ void SalesTaxGroupCodes::cmdOK_Click() {
             return;
         }
     }
-    hide();
+    accept();
 }
 
 bool assignSalesTaxCodes(Library& library, std::int32_t groupID) {
     const auto closed = library.screens().show(
         "frmSalesTaxGroupCodes", [&] { return std::make_shared<SalesTaxGroupCodes>(library); },
         [&](SalesTaxGroupCodes& screen) { screen.groupID = groupID; });
-    return closed->closedByClose;
+    return closed->Cancelled;
 }
 
 }  // namespace tsln::lists

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "lists/ListScreen.h"
+#include "lists/TaskDialog.h"
 #include "screens/CheckList.h"
 
 namespace tsln::lists {
@@ -23,32 +24,24 @@ class ProductTagsScreen : public ListScreen {
 };
 
 /// Adds tags to a product: a typed one, and any that are used elsewhere.
-class ProductTagsDialog : public HostScreen {
+class ProductTagsDialog : public TaskDialog {
   public:
     explicit ProductTagsDialog(Library& library);
 
     TextBox txtTag{*this, "txtTag"};
     CheckList lstUsed{*this, "lstUsed"};
     ReportControl rptTags{*this, "rptTags"};
-    Button cmdOK{*this, "cmdOK", "OK", Button::Role::Default};
-    Button cmdCancel{*this, "cmdCancel", "Cancel", Button::Role::Cancel};
 
     std::int32_t ID = 0;  ///< the product
-    bool Cancelled = false;
-
-    Layout layout() override;
 
   protected:
-    void Form_Load() override { restoreWindowPosition(*this); }
-    void Form_Activate() override;
-    void Form_Unload() override { saveWindowPosition(*this); }
+    Layout content() override;
+    void opened() override;
+    void cmdOK_Click() override;
 
   private:
-    void cmdOK_Click();
     /// Adds the tag unless the product has it; false when that failed, which has been told.
     bool add(std::string_view insert, std::string_view placeholder, const std::string& tag);
-
-    bool activated_ = false;
 };
 
 /// The tags of all portfolio files. They are renamed and deleted; files get their tags elsewhere.
@@ -62,26 +55,20 @@ class PortfolioTagsScreen : public ListScreen {
 };
 
 /// Renames a portfolio tag everywhere at once.
-class PortfolioTagDialog : public HostScreen {
+class PortfolioTagDialog : public TaskDialog {
   public:
     explicit PortfolioTagDialog(Library& library);
 
     TextBox txtTag{*this, "txtTag"};
-    Button cmdOK{*this, "cmdOK", "OK", Button::Role::Default};
-    Button cmdCancel{*this, "cmdCancel", "Cancel", Button::Role::Cancel};
-
-    bool Cancelled = true;  ///< closing it by the title bar renames nothing
 
     /// Hands it the tag that is to get another name.
     void initialize(std::string tag);
-    Layout layout() override;
 
   protected:
-    void Form_Load() override { restoreWindowPosition(*this); }
-    void Form_Unload() override { saveWindowPosition(*this); }
+    Layout content() override;
+    void cmdOK_Click() override;
 
   private:
-    void cmdOK_Click();
     std::string tag_;
 };
 

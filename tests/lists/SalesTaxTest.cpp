@@ -180,7 +180,7 @@ TEST(SalesTaxGroupCodes, AFailureIsToldAndCanBeTriedAgain) {
     EXPECT_EQ(stage.desktop.boxes.size(), 1U);
     fill(stage);
     stage.desktop.user<SalesTaxGroupCodes>("frmSalesTaxGroupCodes",
-                                           [](SalesTaxGroupCodes& screen) { screen.cmdClose.userPress(); });
+                                           [](SalesTaxGroupCodes& screen) { screen.cmdCancel.userPress(); });
     EXPECT_TRUE(stage.library->ShowSalesTaxGroupCodes(7));
     EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"), IsEmpty());
 }
