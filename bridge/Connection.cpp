@@ -1,5 +1,7 @@
 #include "bridge/Connection.h"
 
+#include <algorithm>
+
 namespace tsln {
 
 Recordset::~Recordset() {
@@ -44,7 +46,8 @@ Recordset Connection::read(std::string_view sql) const {
 std::vector<std::string> Connection::errors() const {
     std::vector<std::string> descriptions;
     const ObjectPtr errors = connection_->get("Errors").toObject();
-    const std::int32_t count = errors ? errors->get("Count").toLong() : 0;
+    const std::int32_t count = errors ? std::max(errors->get("Count").toLong(), 0) : 0;
+    descriptions.reserve(static_cast<std::size_t>(count));
     for (std::int32_t i = 0; i < count; ++i)
         descriptions.push_back(errors->get("Item", i).object().get("Description").toText());
     return descriptions;

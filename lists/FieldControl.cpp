@@ -22,7 +22,7 @@ double fractionOf(const std::string& percentage) {
 }
 
 /// A stored number without the zeros that the database may add; other text as it is.
-std::string normalNumber(std::string text) {
+std::string normalNumber(const std::string& text) {
     const auto number = parseNumber(text);
     return number ? numberText(*number) : text;
 }

@@ -140,7 +140,7 @@ void LocationDialog::addTags(FieldControl& field, std::vector<modSharedSQL::Tag>
 /// The parts of the address box, which shows the address as the host has put it right.
 Address LocationDialog::parseAddress() {
     std::string text = address().text();
-    const Address parts = host().ParseAddress(text, validateAddresses_);
+    Address parts = host().ParseAddress(text, validateAddresses_);
     address().setText(std::move(text));
     return parts;
 }
