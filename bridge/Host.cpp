@@ -1,6 +1,9 @@
 #include "bridge/Host.h"
 
+#include <algorithm>
+
 #include "bridge/Library.h"
+#include "screens/Controls.h"
 
 namespace tsln {
 namespace {
@@ -26,6 +29,10 @@ Variant Database::ExecuteScaler(std::string_view sql, std::string_view field,
     return call("ExecuteScaler", sql, field, otherwise);
 }
 
+Variant Database::ExecuteScaler(std::string_view sql) const {
+    return call("ExecuteScaler", sql);
+}
+
 bool Database::ExecuteNonQuery(std::string_view sql) const {
     return call("ExecuteNonQuery", sql).toBoolean();
 }
@@ -43,12 +50,58 @@ bool Common::RecordExists(std::string_view table, std::string_view column, std::
     return call("RecordExists", table, column, value, ID).toBoolean();
 }
 
+std::string Common::GetDiscountGroupName(std::int32_t ID) const {
+    return call("GetDiscountGroupName", ID).toText();
+}
+
+std::string Common::GetProductNameFromID(std::int32_t ID) const {
+    return call("GetProductNameFromID", ID).toText();
+}
+
+void Common::LoadPhoneLabels(ComboBox& combo) const {
+    call("LoadPhoneLabels", combo.automation());
+}
+
+void Common::LoadComboFromQuery(ComboBox& combo, std::string_view sql, std::string_view shown,
+                                std::string_view stored, bool blankEntry) const {
+    call("LoadComboFromQuery", combo.automation(), sql, shown, stored, blankEntry);
+}
+
+Variant Options::GetCompanyOption(std::string_view name, std::string_view section,
+                                  const Variant& otherwise) const {
+    return call("GetCompanyOption", name, section, otherwise);
+}
+
+void Options::SetCompanyOption(std::string_view name, std::string_view section, const Variant& value) const {
+    call("SetCompanyOption", name, section, value);
+}
+
+Variant Options::GetUserOption(std::string_view name, std::string_view section,
+                               const Variant& otherwise) const {
+    return call("GetUserOption", name, section, otherwise);
+}
+
+void Options::SetUserOption(std::string_view name, std::string_view section, const Variant& value) const {
+    call("SetUserOption", name, section, value);
+}
+
 bool Security::CanDo(std::int32_t area, Right right) const {
     return call("CanDo", area, static_cast<std::int32_t>(right)).toBoolean();
 }
 
 ObjectPtr Host::sharedCode() const {
     return sharedCodeOf(library_);
+}
+
+std::optional<Connection> Host::currentCompanyConnection() const {
+    ObjectPtr connection = sharedCode()->get("CurrentCompanyConn").toObject();
+    if (!connection) return std::nullopt;
+    return Connection(std::move(connection));
+}
+
+Connection Host::companyConnection() const {
+    if (auto connection = currentCompanyConnection()) return *connection;
+    throw HostError(code::objectNotSet, "Library", "The host has no open connection to the company.");
 }
 
 std::string Host::PSDFile() const {
@@ -62,6 +115,43 @@ void Host::ShowAndLogErrorMessage(std::string_view message, std::string_view exp
 
 void Host::ShowMessageStyle1(std::string_view message, std::string_view advice) const {
     sharedCode()->call("ShowMessageStyle1", message, advice);
+}
+
+void Host::ShowMessageStyle1WithMemory(std::string_view message, std::string_view advice) const {
+    sharedCode()->call("ShowMessageStyle1WithMemory", message, advice);
+}
+
+void Host::RecordEvent(std::string_view text) const {
+    sharedCode()->call("RecordEvent", text);
+}
+
+std::string Host::CombineAddress(const Address& a) const {
+    return sharedCode()->call("CombineAddress", a[0], a[1], a[2], a[3], a[4], a[5]).toText();
+}
+
+Address Host::ParseAddress(std::string& text, bool& validate) const {
+    Variant whole(text), flag(validate);
+    std::array<Variant, 6> parts;
+    std::vector<Argument> arguments{Argument::byReference(whole)};
+    for (Variant& part : parts) {
+        part = "";
+        arguments.push_back(Argument::byReference(part));
+    }
+    arguments.push_back(Argument::byReference(flag));
+    sharedCode()->invoke("ParseAddress", Access::Call, Arguments(arguments));
+
+    Address address;
+    for (std::size_t i = 0; i < parts.size(); ++i)
+        address[i] = parts[i].toText();
+    text = whole.toText();
+    validate = flag.toBoolean();
+    const auto empty = [](const std::string& part) { return part.empty(); };
+    if (!std::ranges::all_of(text, [](char c) { return c == ' ' || c == '\r' || c == '\n'; }) &&
+        std::ranges::all_of(address, empty)) {
+        // A host that makes nothing of an address must not make it vanish.
+        throw HostError(code::fail, "ParseAddress", "The address cannot be read.");
+    }
+    return address;
 }
 
 }  // namespace tsln

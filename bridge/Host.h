@@ -1,20 +1,28 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "automation/Object.h"
+#include "bridge/Connection.h"
 #include "shared/modSharedXML.h"
 
 namespace tsln {
 
+class ComboBox;
 class Library;
 using modSharedXML::Record;
 using modSharedXML::Records;
 
 /// The text that the host replaces by its standard explanation of a database failure.
 inline constexpr std::string_view standardExplanation = "{standard explanation}";
+/// The same in words, for the screens that give it so.
+inline constexpr std::string_view saveAgainExplanation =
+    "This typically happens if the database is in use by another user or program. Try saving again. If the "
+    "problem persists, close the program, restart and try again.";
 
 /// A sub-object of the host's shared-code object. It holds no reference: every call fetches the shared-code
 /// object from the library and the sub-object from that, so a host may replace either between two calls.
@@ -44,6 +52,7 @@ class Database : HostPart {
     /// The first column of the first row. The member's name is spelled so. Which further arguments a caller
     /// passes is part of the call.
     Variant ExecuteScaler(std::string_view sql, std::string_view field, std::string_view otherwise) const;
+    Variant ExecuteScaler(std::string_view sql) const;
     /// True when the statement ran.
     bool ExecuteNonQuery(std::string_view sql) const;
     /// The `ID` of the row that the INSERT made, less than 1 when it failed.
@@ -57,6 +66,14 @@ class Common : HostPart {
     /// True when a row other than `ID` has this value in the column.
     bool RecordExists(std::string_view table, std::string_view column, std::string_view value,
                       std::int32_t ID) const;
+    std::string GetDiscountGroupName(std::int32_t ID) const;
+    std::string GetProductNameFromID(std::int32_t ID) const;
+    /// Fills the combo box with the company's phone labels.
+    void LoadPhoneLabels(ComboBox& combo) const;
+    /// Fills the combo box with a query's rows: their `shown` column and, as the stored number, their
+    /// `stored` column; a blank entry before them if wanted.
+    void LoadComboFromQuery(ComboBox& combo, std::string_view sql, std::string_view shown,
+                            std::string_view stored, bool blankEntry) const;
 };
 
 /// Rights to the data of a list, as CanDo() takes them.
@@ -69,6 +86,19 @@ class Security : HostPart {
     bool CanDo(std::int32_t area, Right right) const;
 };
 
+/// The settings of the company and of the user. `section` may be empty.
+class Options : HostPart {
+  public:
+    explicit Options(Library& library) : HostPart(library, "Options") {}
+    Variant GetCompanyOption(std::string_view name, std::string_view section, const Variant& otherwise) const;
+    void SetCompanyOption(std::string_view name, std::string_view section, const Variant& value) const;
+    Variant GetUserOption(std::string_view name, std::string_view section, const Variant& otherwise) const;
+    void SetUserOption(std::string_view name, std::string_view section, const Variant& value) const;
+};
+
+/// A postal address: two lines, city, state, zip and country, in the order of its columns.
+using Address = std::array<std::string, 6>;
+
 /// The host as the screens see it: its services by name, nothing kept between calls.
 /// Every call may raise HostError: what the host raised, code::objectNotSet where the host has no such
 /// sub-object or the library is not initialised, code::typeMismatch for a result of the wrong type.
@@ -79,6 +109,11 @@ class Host {
     Database database() const { return Database(library_); }
     Common common() const { return Common(library_); }
     Security security() const { return Security(library_); }
+    Options options() const { return Options(library_); }
+    /// The company's open connection; nothing when there is none.
+    std::optional<Connection> currentCompanyConnection() const;
+    /// The same; raises HostError(code::objectNotSet) when there is none.
+    Connection companyConnection() const;
 
     ObjectPtr sharedCode() const;
     /// Path of the package definition file that the package processor is given.
@@ -88,6 +123,16 @@ class Host {
                                 std::string_view detail) const;
     /// The host's standard message box; `message` may hold "<Bold>" markup.
     void ShowMessageStyle1(std::string_view message, std::string_view advice) const;
+    /// The same, which the user can choose not to see again.
+    void ShowMessageStyle1WithMemory(std::string_view message, std::string_view advice) const;
+    /// Writes an entry to the host's event log.
+    void RecordEvent(std::string_view text) const;
+
+    /// The address as one text of several lines.
+    std::string CombineAddress(const Address& address) const;
+    /// The parts of such a text. The host may put the text and the user's wish to have addresses validated
+    /// right on the way.
+    Address ParseAddress(std::string& text, bool& validate) const;
 
   private:
     Library& library_;

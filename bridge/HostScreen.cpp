@@ -27,7 +27,7 @@ std::string positionKey(const Screen& screen) {
 
 }  // namespace
 
-void HostScreen::reportDatabaseFailure(std::string_view message) {
+void HostScreen::reportDatabaseFailure(std::string_view message, std::string_view explanation) {
     std::string detail;
     try {
         detail = host().database().LastSQLErrorDescription();
@@ -35,7 +35,7 @@ void HostScreen::reportDatabaseFailure(std::string_view message) {
         detail = error.what();
     }
     try {
-        host().ShowAndLogErrorMessage(message, standardExplanation, detail);
+        host().ShowAndLogErrorMessage(message, explanation, detail);
     } catch (const std::exception&) {
         // The host cannot tell it, the user must still know.
         tell(std::string(message) + "\n\n" + detail, MessageIcon::Critical);

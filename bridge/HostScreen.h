@@ -27,7 +27,7 @@ class HostScreen : public Screen {
                MessageAnswer::Yes;
     }
     /// Reports a failed statement with the database's own words.
-    void reportDatabaseFailure(std::string_view message);
+    void reportDatabaseFailure(std::string_view message, std::string_view explanation = standardExplanation);
 
   protected:
     void Form_Help() override;

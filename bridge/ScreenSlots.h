@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 #include "screens/Screen.h"
 
@@ -27,16 +28,22 @@ class ScreenSlots {
 
     /// Opens a screen the way every entry point does: its shared instance is loaded, `setup` hands it the
     /// arguments, it is shown modally, and the slot is empty again afterwards, whatever happened. The result
-    /// is the closed screen, from which the caller reads what it returns. A screen that is open already
-    /// raises HostError(code::alreadyShown).
+    /// is the closed screen, from which the caller reads what it returns. A setup that returns false has
+    /// found nothing to show, and the screen is unloaded without. A screen that is open already raises
+    /// HostError(code::alreadyShown).
     template <class Make, class Setup>
     auto show(std::string_view name, Make make, Setup setup) {
         auto screen = instance(name, make);
         if (screen->shown()) screen->showModal();  // raises; the open one keeps its slot
         const Release release{*this, std::string(name)};
         screen->load();
-        setup(*screen);
-        screen->showModal();
+        bool wanted = true;
+        if constexpr (std::is_same_v<decltype(setup(*screen)), bool>) {
+            wanted = setup(*screen);
+        } else {
+            setup(*screen);
+        }
+        if (wanted) screen->showModal();
         screen->unload();
         return screen;
     }

@@ -2,6 +2,7 @@
 
 #include "desktop/ScreenDialog.h"
 #include "desktop/Text.h"
+#include "screens/CheckList.h"
 #include "screens/Controls.h"
 #include "screens/ReportControl.h"
 
@@ -32,6 +33,7 @@ ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, Control& control
     if (auto* button = dynamic_cast<Button*>(&control)) return makeView(dialog, parent, *button);
     if (auto* textBox = dynamic_cast<TextBox*>(&control)) return makeView(dialog, parent, *textBox);
     if (auto* checkBox = dynamic_cast<CheckBox*>(&control)) return makeView(dialog, parent, *checkBox);
+    if (auto* checkList = dynamic_cast<CheckList*>(&control)) return makeView(dialog, parent, *checkList);
     if (auto* comboBox = dynamic_cast<ComboBox*>(&control)) return makeView(dialog, parent, *comboBox);
     if (auto* report = dynamic_cast<ReportControl*>(&control)) return makeView(dialog, parent, *report);
     if (auto* frame = dynamic_cast<Frame*>(&control)) return makeView(dialog, parent, *frame);

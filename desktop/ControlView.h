@@ -12,6 +12,7 @@ class wxKeyEvent;
 namespace tsln {
 class Button;
 class CheckBox;
+class CheckList;
 class ComboBox;
 class Frame;
 class Label;
@@ -82,6 +83,7 @@ ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, Label& label);
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, Button& button);
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, TextBox& box);
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, CheckBox& box);
+ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, CheckList& list);
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, ComboBox& box);
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, ReportControl& report);
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, Frame& frame);

@@ -1,16 +1,14 @@
 #include "lists/EditDialog.h"
 
-#include <cmath>
+#include <algorithm>
+#include <stdexcept>
 
-#include "automation/NumericText.h"
-#include "bridge/NumericField.h"
-#include "shared/modSharedSQL.h"
+#include "lists/ExpressionEditor.h"
 #include "shared/modSharedStrings.h"
 
 namespace tsln::lists {
 namespace {
 
-using modSharedSQL::doubleQuotes;
 using modSharedSQL::fillTags;
 using modSharedSQL::format;
 using modSharedSQL::Tag;
@@ -27,120 +25,82 @@ class Working {
     bool& busy_;
 };
 
-/// A percentage as it is typed, as the fraction that is stored: four decimals, half to even.
-double fractionOf(const std::string& percentage) {
-    const double fraction = static_cast<double>(Variant(percentage).toSingle()) / 100;
-    return std::nearbyint(fraction * 10'000) / 10'000;
-}
-
 }  // namespace
 
-EditDialog::EditDialog(Library& library, const EditDescription& description)
-    : HostScreen(library, std::string(description.screenName)), description_(description) {
-    for (const EditField& field : description.fields) {
-        Field& made = fields_.emplace_back(Field{field, nullptr, nullptr});
-        if (field.kind == EditField::Kind::Check) {
-            made.check =
-                std::make_unique<CheckBox>(*this, std::string(field.control), std::string(field.label));
-            continue;
-        }
-        made.text = std::make_unique<TextBox>(*this, std::string(field.control));
-        if (field.kind == EditField::Kind::Name) continue;
-        made.text->rightAligned = true;
-        made.text->widthInCharacters = 10;
+EditDialog::EditDialog(Library& library, const ListDescription& description)
+    : TaskDialog(library, screenName(description)), list_(description), description_(description.dialog) {
+    for (const EditField& field : description_.fields)
+        fields_.emplace_back(*this, field);
+    for (FieldControl& field : fields_) {
+        if (field.isNumeric()) field.control().onLeave = [&field] { field.correct(); };
     }
-    for (Field& field : fields_) {
-        if (field.text && field.description.kind != EditField::Kind::Name) {
-            field.text->onLeave = [this, &field] { checkNumber(field); };
-        }
+    if (description_.expression) {
+        cmdExpression_ = std::make_unique<Button>(*this, "cmdExpression", "E&xpression...");
+        cmdExpression_->onClick = [this] { cmdExpression_Click(); };
     }
-    cmdOK.onClick = [this] { cmdOK_Click(); };
-    cmdCancel.onClick = [this] { cmdCancel_Click(); };
+    Cancelled = false;
 }
 
-Layout EditDialog::layout() {
-    using namespace tsln::layout;
+std::string EditDialog::screenName(const ListDescription& description) {
+    return std::string(description.screenName) + "_Edit";
+}
+
+std::vector<Layout> EditDialog::furtherButtons() {
+    if (!cmdExpression_) return {};
+    return {layout::item(*cmdExpression_)};
+}
+
+Layout EditDialog::fieldLayout() {
     std::vector<Layout> rows;
-    for (const Field& field : fields_) {
-        rows.push_back(field.check ? item(*field.check)
-                                   : tsln::layout::field(std::string(field.description.label), *field.text));
-    }
-    return column({form(std::move(rows)), spring(), row({spring(), item(cmdOK), item(cmdCancel)})});
+    for (const FieldControl& field : fields_)
+        rows.push_back(field.layout());
+    return tsln::layout::form(std::move(rows));
 }
 
-void EditDialog::Form_Load() {
-    restoreWindowPosition(*this);
+FieldControl& EditDialog::field(std::string_view control) {
+    const auto found = std::ranges::find_if(
+        fields_, [&](const FieldControl& field) { return field.description().control == control; });
+    if (found == fields_.end()) throw std::out_of_range("no field " + std::string(control));
+    return *found;
 }
 
-void EditDialog::Form_Activate() {
-    if (activated_) return;
-    activated_ = true;
-    desktop().yield();
+void EditDialog::opened() {
     loadRow();
+    loaded();
 }
 
 bool EditDialog::Form_QueryUnload(bool byCloseBox) {
     return !(byCloseBox && busy_);
 }
 
-void EditDialog::Form_Unload() {
-    saveWindowPosition(*this);
-}
-
 void EditDialog::loadRow() {
     setCaption(std::string(ID == 0 ? description_.newCaption : description_.editCaption));
-    setFocus(*fields_.front().text);
+    setFocus(fields_.front().control());
+    // A row that could not be read must not be saved over with empty fields.
+    cmdOK.setEnabled(ID <= 0);
+    for (FieldControl& field : fields_)
+        field.loadEntries(host());
     if (ID > 0) {
-        // A row that could not be read must not be saved over with empty fields.
-        cmdOK.setEnabled(false);
         const Records records =
-            host().database().ExecuteRead(format("SELECT * FROM {0} WHERE ID = {1}", description_.table, ID));
-        for (Field& field : fields_)
-            fill(field, records.first());
+            host().database().ExecuteRead(format("SELECT * FROM {0} WHERE ID = {1}", list_.table, ID));
+        for (FieldControl& field : fields_)
+            showField(field, records.first());
         cmdOK.setEnabled(true);
+    } else {
+        for (FieldControl& field : fields_)
+            field.showNew();
     }
-    for (Field& field : fields_) {
-        if (field.description.kind == EditField::Kind::Percent) checkNumber(field);
-    }
-}
-
-void EditDialog::fill(Field& field, const Record& row) {
-    const std::string_view column = field.description.column;
-    switch (field.description.kind) {
-        case EditField::Kind::Name:
-        case EditField::Kind::Whole:
-            field.text->setText(modSharedXML::readText(column, row));
-            break;
-        case EditField::Kind::Percent:
-            field.text->setText(numberText(modSharedXML::readSingle(column, row) * 100));
-            break;
-        case EditField::Kind::Check:
-            field.check->setChecked(modSharedXML::readBoolean(column, row));
-            break;
-    }
-}
-
-void EditDialog::checkNumber(Field& field) {
-    const NumericBounds bounds{.maximum = field.description.maximum};
-    switch (field.description.kind) {
-        case EditField::Kind::Whole:
-            checkWholeNumberField(*field.text, bounds);
-            break;
-        case EditField::Kind::Percent:
-            checkDecimalField(*field.text, bounds);
-            break;
-        case EditField::Kind::Name:
-        case EditField::Kind::Check:
-            break;
+    for (FieldControl& field : fields_) {
+        if (field.description().kind == EditField::Kind::Percent) field.correct();
     }
 }
 
 bool EditDialog::validate() {
-    for (Field& field : fields_)
-        checkNumber(field);
+    for (FieldControl& field : fields_)
+        field.correct();
 
-    const Field& nameField = fields_.front();
-    TextBox& name = *nameField.text;
+    const FieldControl& nameField = fields_.front();
+    TextBox& name = nameField.text();
     name.setText(modSharedStrings::trim(name.text()));
     if (name.text().empty()) {
         tell(description_.required, MessageIcon::Exclamation);
@@ -148,31 +108,47 @@ bool EditDialog::validate() {
         return false;
     }
     if (!description_.duplicate.empty() &&
-        host().common().RecordExists(description_.table, nameField.description.column, name.text(), ID)) {
+        host().common().RecordExists(list_.table, nameField.description().column, name.text(), ID)) {
         tell(description_.duplicate, MessageIcon::Exclamation);
+        return false;
+    }
+    for (const FieldControl& field : fields_) {
+        if (field.complaint().empty()) continue;
+        tell(field.complaint(), MessageIcon::Exclamation);
+        field.control().setFocus();
         return false;
     }
     return true;
 }
 
-std::string EditDialog::value(const Field& field) const {
-    switch (field.description.kind) {
-        case EditField::Kind::Name:
-            return doubleQuotes(field.text->text());
-        case EditField::Kind::Whole:
-            return field.text->text();
-        case EditField::Kind::Percent:
-            return numberText(fractionOf(field.text->text()));
-        case EditField::Kind::Check:
-            return std::to_string(field.check->value());
+std::string EditDialog::insertStatement() const {
+    if (!description_.insert.empty()) return std::string(description_.insert);
+    std::string columns, values;
+    for (const FieldControl& field : fields_) {
+        columns += (columns.empty() ? "" : ",") + std::string(field.description().column);
+        values += (values.empty() ? "" : ", ") + field.placeholder();
     }
-    return {};
+    return format("INSERT INTO {0} ({1}) VALUES({2})", list_.table, columns, values);
 }
 
-std::string EditDialog::filled(std::string_view statement) const {
+std::string EditDialog::updateStatement() const {
+    if (!description_.update.empty()) return std::string(description_.update);
+    std::string assignments;
+    for (const FieldControl& field : fields_) {
+        if (!assignments.empty()) assignments += ", ";
+        assignments += std::string(field.description().column) + " = " + field.placeholder();
+    }
+    return format("UPDATE {0} SET {1} WHERE ID = <id>", list_.table, assignments);
+}
+
+void EditDialog::addTags(FieldControl& field, std::vector<Tag>& tags) {
+    tags.emplace_back(field.description().tag, field.statementText());
+}
+
+std::string EditDialog::filled(std::string_view statement) {
     std::vector<Tag> tags;
-    for (const Field& field : fields_)
-        tags.emplace_back(field.description.tag, value(field));
+    for (FieldControl& field : fields_)
+        addTags(field, tags);
     tags.emplace_back("<id>", ID);
     return fillTags(statement, tags);
 }
@@ -180,32 +156,24 @@ std::string EditDialog::filled(std::string_view statement) const {
 bool EditDialog::save() {
     bool saved = false;
     if (ID > 0) {
-        saved = host().database().ExecuteNonQuery(filled(description_.update));
+        saved = host().database().ExecuteNonQuery(filled(updateStatement()));
     } else {
-        ID = host().database().ExecuteNonQueryWithID(filled(description_.insert));
+        ID = host().database().ExecuteNonQueryWithID(filled(insertStatement()));
         saved = ID >= 1;
     }
-    if (!saved) reportDatabaseFailure(description_.saveFailure);
+    if (!saved) reportDatabaseFailure(description_.saveFailure, description_.saveExplanation);
     return saved;
 }
 
 void EditDialog::cmdOK_Click() {
     const Working working(busy_);
-    if (!validate() || !save()) return;
-    Cancelled = false;
-    hide();
+    if (validate() && save()) accept();
 }
 
-void EditDialog::cmdCancel_Click() {
-    Cancelled = true;
-    hide();
-}
-
-std::int32_t showDialog(Library& library, const EditDescription& description, std::int32_t ID) {
-    const auto closed = library.screens().show(
-        description.screenName, [&] { return std::make_shared<EditDialog>(library, description); },
-        [&](EditDialog& dialog) { dialog.ID = ID; });
-    return closed->Cancelled ? 0 : closed->ID;
+void EditDialog::cmdExpression_Click() {
+    TextBox& name = fields_.front().text();
+    if (const auto edited = editExpression(*this, name.text())) name.setText(*edited);
+    name.setFocus();
 }
 
 }  // namespace tsln::lists

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "bridge/Component.h"
 #include "shared/modSharedSQL.h"
 #include "shared/modSharedStrings.h"
 
@@ -59,28 +60,6 @@ constexpr KindRow kindRows[] = {
 
 const FileFilter fileFilters[] = {{"XML Files", "*.xml"}, {"Text Files", "*.txt"}, {"All Files", "*.*"}};
 
-/// The host's import/export engine, initialised and in the end terminated.
-class ImportExportEngine {
-  public:
-    explicit ImportExportEngine(HostScreen& screen)
-        : engine_(screen.desktop().createObject("tslniee5.Engine")) {
-        engine_->call("Initialize", screen.host().sharedCode());
-    }
-    ~ImportExportEngine() {
-        try {
-            engine_->call("PreTerminate");
-        } catch (const std::exception&) {
-            // The work is done or has failed already; there is nothing left to tell.
-        }
-    }
-    ImportExportEngine(const ImportExportEngine&) = delete;
-    ImportExportEngine& operator=(const ImportExportEngine&) = delete;
-    Object* operator->() const { return engine_.get(); }
-
-  private:
-    ObjectPtr engine_;
-};
-
 /// Runs the engine's work; an engine that is missing or raises has failed.
 template <class Work>
 bool succeeded(Work work) {
@@ -112,7 +91,7 @@ void importList(HostScreen& screen, std::int16_t kind) {
     const auto file = screen.desktop().openFile(screen, "Open", fileFilters);
     if (!file || file->empty()) return;
     const bool imported = succeeded([&] {
-        const ImportExportEngine engine(screen);
+        const Component engine(screen.desktop().createObject("tslniee5.Engine"), screen.host());
         return engine->call("ImportFile", *file, list.listName);
     });
     const std::string name = modSharedStrings::toLower(list.displayName);
@@ -129,7 +108,7 @@ void exportList(HostScreen& screen, std::int16_t kind) {
     const auto file = screen.desktop().saveFile(screen, "Save As", fileFilters);
     if (!file || file->empty()) return;
     const bool exported = succeeded([&] {
-        const ImportExportEngine engine(screen);
+        const Component engine(screen.desktop().createObject("tslniee5.Engine"), screen.host());
         engine->put("SimpleExport", portableExport(screen.desktop()));
         engine->call("AddToExport", list.listName, list.exportQuery);
         return engine->call("DoExport", *file);

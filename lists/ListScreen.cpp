@@ -1,5 +1,8 @@
 #include "lists/ListScreen.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "lists/ListCommands.h"
 #include "lists/ListKinds.h"
 #include "lists/modSharedReportControl.h"
@@ -25,17 +28,31 @@ class RowReader {
 
     std::int32_t ID(const Record& record) const { return modSharedXML::readLong("ID", record, 0); }
     std::span<const std::string_view> cells(const Record& record) {
-        for (std::size_t i = 0; i < columns_.size(); ++i) {
-            cells_[i] = modSharedXML::viewText(columns_[i].field, record, decoded_[i]);
-        }
+        for (std::size_t i = 0; i < columns_.size(); ++i)
+            cells_[i] = cell(columns_[i], record, decoded_[i]);
         return cells_;
     }
 
   private:
+    static std::string_view cell(const ListColumn& column, const Record& record, std::string& decoded) {
+        if (column.show == ListColumn::Show::YesNo)
+            return modSharedXML::readBoolean(column.field, record) ? "Yes" : "No";
+        if (column.show == ListColumn::Show::Choice) {
+            const std::int32_t number = modSharedXML::readLong(column.field, record);
+            const auto choice = std::ranges::find(column.choices, number, &Choice::number);
+            if (choice != column.choices.end()) return choice->caption;
+        }
+        return modSharedXML::viewText(column.field, record, decoded);
+    }
+
     std::span<const ListColumn> columns_;
     std::vector<std::string> decoded_;
     std::vector<std::string_view> cells_;
 };
+
+std::string_view sourceOf(const ListDescription& list) {
+    return list.view.empty() ? list.table : list.view;
+}
 
 }  // namespace
 
@@ -95,11 +112,15 @@ ListScreen::ListScreen(Library& library, const ListDescription& description)
 
 Layout ListScreen::layout() {
     using namespace tsln::layout;
-    return column({
-        row({item(cmdNew), item(cmdEdit), item(cmdDelete), item(cmdMore)}),
-        fill(rptItems),
-        framed(grpOK, row({spring(), item(cmdHelp), item(cmdClose)})),
-    });
+    std::vector<Layout> buttons;
+    for (Button* button : {&cmdNew, &cmdEdit, &cmdDelete, &cmdMore}) {
+        if (button->visible()) buttons.push_back(item(*button));
+    }
+    std::ranges::move(furtherButtons(), std::back_inserter(buttons));
+    std::vector<Layout> parts{row(std::move(buttons)), fill(rptItems)};
+    std::ranges::move(belowList(), std::back_inserter(parts));
+    parts.push_back(framed(grpOK, row({spring(), item(cmdHelp), item(cmdClose)})));
+    return column(std::move(parts));
 }
 
 void ListScreen::Form_Load() {
@@ -107,8 +128,8 @@ void ListScreen::Form_Load() {
     for (const ListColumn& column : description_.columns) {
         rptItems.columns.push_back({.caption = std::string(column.caption),
                                     .width = column.width,
-                                    .rightAligned = column.numeric,
-                                    .numeric = column.numeric});
+                                    .rightAligned = column.show == ListColumn::Show::Number,
+                                    .numeric = column.show == ListColumn::Show::Number});
     }
     buildListCommands(cbContext, description_.listKind.has_value(), false);
     auto& more = cbContext.popup(command::more)->commands;
@@ -128,6 +149,10 @@ void ListScreen::Form_Activate() {
     activated_ = true;
     desktop().yield();
     loadList();
+    welcome();
+}
+
+void ListScreen::welcome() {
     if (rptItems.recordCount() == 0 && description_.defaults && can(Right::Add) && can(Right::Edit) &&
         ask(description_.defaults->question)) {
         installDefaults();
@@ -150,11 +175,14 @@ void ListScreen::cmdClose_Click() {
 // The rows
 // --------------------------------------------------------------------------------------------------------
 
+std::string ListScreen::loadStatement() const {
+    return format("SELECT * FROM {0} ORDER BY {1}", sourceOf(description_), description_.orderBy);
+}
+
 void ListScreen::loadList() {
     {
         const Busy busy(*this);
-        const Records records = host().database().ExecuteRead(
-            format("SELECT * FROM {0} ORDER BY {1}", description_.table, description_.orderBy));
+        const Records records = host().database().ExecuteRead(loadStatement());
         // The rows are in hand before the old ones go: a failed load leaves the list as it was.
         rptItems.clearRecords();
         RowReader reader(description_.columns);
@@ -163,11 +191,12 @@ void ListScreen::loadList() {
         rptItems.populate();
     }
     updateButtons();
+    listLoaded();
 }
 
 void ListScreen::showSaved(std::int32_t ID, std::optional<std::size_t> edited) {
     const Records records =
-        host().database().ExecuteRead(format("SELECT * FROM {0} WHERE ID = {1}", description_.table, ID));
+        host().database().ExecuteRead(format("SELECT * FROM {0} WHERE ID = {1}", sourceOf(description_), ID));
     const Record row = records.first();
     if (!row) return;  // gone again by another user's hand: what is shown stays until the next load
     RowReader reader(description_.columns);
@@ -184,7 +213,9 @@ void ListScreen::showSaved(std::int32_t ID, std::optional<std::size_t> edited) {
 
 void ListScreen::cmdNew_Click() {
     const std::int32_t ID = edit(0);
-    if (ID > 0) showSaved(ID, std::nullopt);
+    if (ID <= 0) return;
+    showSaved(ID, std::nullopt);
+    added(ID);
 }
 
 void ListScreen::cmdEdit_Click() {
@@ -234,14 +265,18 @@ void ListScreen::deleteSelected() {
 
 bool ListScreen::mayDelete(std::size_t record) {
     for (const DeletionCheck& check : description_.deletionChecks) {
-        const std::string statement = format(check.count, rptItems.id(record));
-        const std::int32_t count = host().database().ExecuteScaler(statement, "", "0").toLong();
-        if (count > 0) {
-            host().ShowMessageStyle1(format(check.message, rptItems.cell(record, 0), count), check.advice);
+        const std::int32_t references = count(format(check.count, rptItems.id(record)));
+        if (references > 0) {
+            host().ShowMessageStyle1(format(check.message, rptItems.cell(record, 0), references),
+                                     check.advice);
             return false;
         }
     }
     return true;
+}
+
+std::int32_t ListScreen::count(const std::string& statement) const {
+    return host().database().ExecuteScaler(statement, "", "0").toLong();
 }
 
 void ListScreen::updateButtons() {
@@ -283,7 +318,7 @@ void ListScreen::cbContext_Execute(int id) {
             loadList();
             break;
         case command::exportList:
-            exportList(*this, *description_.listKind);
+            exportRows();
             break;
         case command::moveReferences:
             library().ShowMoveReferences(*description_.moveReferencesCode, selectedID(rptItems));
@@ -302,11 +337,8 @@ void ListScreen::installDefaults() {
     loadList();
 }
 
-bool showList(Library& library, const ListDescription& description) {
-    const auto closed = library.screens().show(
-        description.screenName, [&] { return std::make_shared<ListScreen>(library, description); },
-        [](ListScreen&) {});
-    return closed->closedByClose;
+void ListScreen::exportRows() {
+    exportList(*this, *description_.listKind);
 }
 
 }  // namespace tsln::lists

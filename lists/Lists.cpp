@@ -1,40 +1,98 @@
 #include "lists/Lists.h"
 
+#include "lists/AccountingApplication.h"
+#include "lists/Criteria.h"
+#include "lists/CustomerTypes.h"
+#include "lists/DiscountGroups.h"
 #include "lists/EditDialog.h"
 #include "lists/ListScreen.h"
+#include "lists/Locations.h"
+#include "lists/MoveListReferences.h"
+#include "lists/SalesTaxGroupCodes.h"
+#include "lists/SalesTaxGroups.h"
+#include "lists/Tags.h"
 
 namespace tsln::lists {
 namespace {
 
-struct ListEntry {
-    Operation operation;
-    const ListDescription& description;
-};
-struct DialogEntry {
-    Operation operation;
-    const EditDescription& description;
+/// Lists and dialogs that need no class of their own.
+const ListDescription* const plainLists[] = {
+    &termsList,
+    &paymentMethodsList,
+    &shippingMethodsList,
+    &referralMethodsList,
+    &jobTypesList,
+    &orderTypesList,
+    &productTypesList,
+    &manufacturersList,
+    &groupsList,
+    &deliveryRangesList,
+    &phoneLabelsList,
+    &emailLabelsList,
+    &measurementRoomsList,
+    &measurementItemsList,
+    &measurementMountsList,
+    &fieldMeasureCriteriaList,
+    &quoteApprovalList,
+    &salesTaxCodesList,
+    &accountsList,
 };
 
-const ListEntry listEntries[] = {
-    {Operation::ShowTerms, termsList},
-};
-const DialogEntry dialogEntries[] = {
-    {Operation::ShowEditTerms, termsDialog},
-};
+template <class S = ListScreen>
+void plugInList(Library& library, const ListDescription& list) {
+    library.plugIn(list.open, [&list](Library& self, Arguments) { return Variant(showList<S>(self, list)); });
+}
+
+template <class D = EditDialog>
+void plugInDialog(Library& library, const ListDescription& list) {
+    library.plugIn(list.edit, [&list](Library& self, Arguments a) {
+        return Variant(showDialog<D>(self, list, a[0].toLong()));
+    });
+}
+
+/// Asks the manufacturers' dialog whether the rooms' was cancelled (deliberate, and so is leaving that dialog
+/// in its slot). It was not, so the result is the room's key after Cancel as well.
+Variant showMeasurementRoomDialog(Library& library, Arguments a) {
+    const auto closed = runDialog(library, measurementRoomsList, a[0].toLong());
+    const auto asked = library.screens().instance(EditDialog::screenName(manufacturersList), [&] {
+        return std::make_shared<EditDialog>(library, manufacturersList);
+    });
+    return asked->Cancelled ? 0 : closed->ID;
+}
 
 }  // namespace
 
 void plugIn(Library& library) {
-    for (const ListEntry& entry : listEntries) {
-        library.plugIn(entry.operation, [&entry](Library& self, Arguments) {
-            return Variant(showList(self, entry.description));
-        });
+    for (const ListDescription* list : plainLists) {
+        plugInList(library, *list);
+        plugInDialog(library, *list);
     }
-    for (const DialogEntry& entry : dialogEntries) {
-        library.plugIn(entry.operation, [&entry](Library& self, Arguments a) {
-            return Variant(showDialog(self, entry.description, a[0].toLong()));
-        });
-    }
+    library.plugIn(measurementRoomsList.edit, showMeasurementRoomDialog);
+
+    plugInList<CustomerTypesScreen>(library, customerTypesList);
+    plugInDialog(library, customerTypesList);
+    plugInList<DepositCriteriaScreen>(library, depositCriteriaList);
+    plugInDialog(library, depositCriteriaList);
+
+    plugInList<LocationsScreen>(library, locationsList);
+    // Unlike the others it answers whether it was cancelled (deliberate).
+    library.plugIn(locationsList.edit, [](Library& self, Arguments a) {
+        return Variant(runDialog<LocationDialog>(self, locationsList, a[0].toLong())->Cancelled);
+    });
+
+    plugInTags(library);
+    plugInDiscountGroups(library);
+
+    plugInList<SalesTaxGroupsScreen>(library, salesTaxGroupsList);
+    plugInDialog(library, salesTaxGroupsList);
+    library.plugIn(Operation::ShowSalesTaxGroupCodes, [](Library& self, Arguments a) {
+        return Variant(assignSalesTaxCodes(self, a[0].toLong()));
+    });
+    library.plugIn(Operation::ShowMoveReferences, [](Library& self, Arguments a) {
+        return Variant(moveListReferences(self, a[0].toInteger(), a[1].toLong()));
+    });
+    library.plugIn(Operation::ShowChooseAccouningApplication,
+                   [](Library& self, Arguments) { return Variant(chooseAccountingApplication(self)); });
 }
 
 }  // namespace tsln::lists

@@ -61,7 +61,7 @@ TEST(Growth, AThousandListsAndDialogsLeaveNothingBehind) {
         return Variant(self.screens().show("frmTerms", make, [](BriefList&) {})->closedByClose);
     });
     library->plugIn(Operation::ShowEditTerms, [](Library& self, Arguments a) {
-        const auto make = [&] { return std::make_shared<BriefDialog>(self, lists::termsDialog); };
+        const auto make = [&] { return std::make_shared<BriefDialog>(self, lists::termsList); };
         return Variant(
             self.screens().show("frmTerms_Edit", make, [&](BriefDialog& d) { d.ID = a[0].toLong(); })->ID);
     });

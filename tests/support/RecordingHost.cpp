@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <set>
 
+#include "shared/modSharedXML.h"
+
 namespace tsln::test {
 namespace {
 
@@ -18,8 +20,71 @@ class Document : public Object {
     std::string xml_;
 };
 
+/// The rows of a query as a connection hands them out.
+class Rows : public Object {
+  public:
+    explicit Rows(const std::string& xml) : rows_(modSharedXML::Records::parse(xml)), at_(rows_.begin()) {}
+    Variant invoke(std::string_view member, Access, Arguments) override {
+        if (sameName(member, "EOF")) return at_ == rows_.end();
+        if (sameName(member, "MoveNext")) return ++at_, Variant();
+        if (sameName(member, "Close")) return {};
+        if (sameName(member, "Fields")) return std::make_shared<Fields>(*at_);
+        raiseUnknownMember("Recordset", member);
+    }
+
+  private:
+    class Fields : public Object {
+      public:
+        explicit Fields(modSharedXML::Record row) : row_(row) {}
+        Variant invoke(std::string_view member, Access, Arguments a) override {
+            if (sameName(member, "Value")) return value_;
+            if (!sameName(member, "Item")) raiseUnknownMember("Fields", member);
+            const auto field = std::make_shared<Fields>(row_);
+            const std::string name = a[0].toText();
+            if (!row_.node().child(name.c_str())) {
+                field->value_ = Null();
+            } else {
+                field->value_ = modSharedXML::readText(name, row_);
+            }
+            return field;
+        }
+
+      private:
+        modSharedXML::Record row_;
+        Variant value_;
+    };
+    modSharedXML::Records rows_;
+    modSharedXML::Records::Iterator at_;
+};
+
+/// The errors of a connection, and each of them.
+class Errors : public Object {
+  public:
+    explicit Errors(std::vector<std::string> texts) : texts_(std::move(texts)) {}
+    Variant invoke(std::string_view member, Access, Arguments a) override {
+        if (sameName(member, "Count")) return static_cast<std::int32_t>(texts_.size());
+        if (sameName(member, "Description")) return texts_.front();
+        if (!sameName(member, "Item")) raiseUnknownMember("Errors", member);
+        return std::make_shared<Errors>(std::vector{texts_.at(static_cast<std::size_t>(a[0].toLong()))});
+    }
+
+  private:
+    std::vector<std::string> texts_;
+};
+
+/// Fills a combo box from a query, as the host does.
+void fillCombo(Object& combo, const std::string& xml, Arguments a) {
+    const auto rows = modSharedXML::Records::parse(xml);
+    combo.call("Clear");
+    if (a[4].toBoolean()) combo.call("AddItem", "");
+    for (const modSharedXML::Record row : rows) {
+        combo.call("AddItem", modSharedXML::readText(a[2].toText(), row));
+        combo.put("ItemData", combo.get("NewIndex"), modSharedXML::readLong(a[3].toText(), row));
+    }
+}
+
 const std::set<std::string> subObjects{"Database", "Common",   "Security", "Options",
-                                       "Messages", "Activity", "Profiles"};
+                                       "Messages", "Activity", "Profiles", "CurrentCompanyConn"};
 
 std::string describe(const Variant& value) {
     return value.isObject() ? "object" : value.toText();
@@ -88,16 +153,26 @@ Variant RecordingHost::answer(const std::string& path, Access access, Arguments 
                 return {};
         }
     }
-    if (fetch) return part(path + ".");
-    const auto own = answers_.find(path);
-    return own != answers_.end() ? own->second(arguments) : usualAnswer(path, arguments);
+    if (const auto own = answers_.find(path); own != answers_.end()) return own->second(arguments);
+    return fetch ? part(path + ".") : usualAnswer(path, arguments);
 }
 
 Variant RecordingHost::usualAnswer(const std::string& path, Arguments arguments) {
-    if (path == "Database.ExecuteRead") {
-        const auto found = rows_.find(arguments[0].toText());
-        return makeDocument(found == rows_.end() ? "<Records/>" : found->second);
+    const auto rowsOf = [&](const std::string& sql) {
+        const auto found = rows_.find(sql);
+        return found == rows_.end() ? "<Records/>" : found->second;
+    };
+    if (path == "Database.ExecuteRead") return makeDocument(rowsOf(arguments[0].toText()));
+    if (path == "CurrentCompanyConn.Execute" && arguments[0].toText() == failStatement) {
+        throw HostError(code::fail, "Connection", "The statement failed.");
     }
+    if (path == "CurrentCompanyConn.Execute") return std::make_shared<Rows>(rowsOf(arguments[0].toText()));
+    if (path == "CurrentCompanyConn.Errors") return std::make_shared<Errors>(connectionErrors);
+    if (path == "Common.LoadComboFromQuery") {
+        fillCombo(arguments[0].object(), rowsOf(arguments[1].toText()), arguments);
+        return {};
+    }
+    if (path == "Options.GetUserOption" || path == "Options.GetCompanyOption") return arguments[2];
     if (path == "Database.ExecuteScaler") return 0;
     if (path == "Database.ExecuteNonQuery") return true;
     if (path == "Database.ExecuteNonQueryWithID") return 1;

@@ -16,7 +16,8 @@ namespace tsln::test {
 /// A call is known by its path: "ShowMessageStyle1" on the shared-code object, "Database.ExecuteRead" on a
 /// sub-object, "tslniee5.Engine.DoExport" on a component. Without an answer of the test's own a host with
 /// every right and an empty database answers. Any one call, the fetching of a sub-object included, can be
-/// made to fail.
+/// made to fail. "CurrentCompanyConn" is a sub-object like the others, a connection that runs every statement
+/// and has the rows of the SELECTs.
 class RecordingHost : public std::enable_shared_from_this<RecordingHost> {
   public:
     static std::shared_ptr<RecordingHost> make();
@@ -32,6 +33,11 @@ class RecordingHost : public std::enable_shared_from_this<RecordingHost> {
     }
     /// The result text of a SELECT; statements without one have no rows.
     void rows(std::string sql, std::string records) { rows_[std::move(sql)] = std::move(records); }
+
+    /// The statement that fails when it is run on the company's connection.
+    std::string failStatement;
+    /// The descriptions of the errors that the connection then reports.
+    std::vector<std::string> connectionErrors;
 
     /// Everything asked, in order, as "Path(argument, ...)"; fetched sub-objects are not listed.
     std::vector<std::string> calls;

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "automation/Object.h"
+
+namespace tsln {
+
+/// The rows of a query that was run on a connection, one at a time. Closed in the end.
+class Recordset {
+  public:
+    /// `rows` may be nothing, which has no rows.
+    explicit Recordset(ObjectPtr rows) : rows_(std::move(rows)) {}
+    ~Recordset();
+    Recordset(const Recordset&) = delete;
+    Recordset& operator=(const Recordset&) = delete;
+
+    bool atEnd() const;
+    void next() const;
+    /// Of the current row; the database's "no value" is the empty text or 0.
+    std::string text(std::string_view field) const;
+    std::int32_t number(std::string_view field) const;
+
+  private:
+    Variant value(std::string_view field) const;
+    ObjectPtr rows_;
+};
+
+/// The company's open connection, an ADO connection of the host's. Every call may raise HostError.
+class Connection {
+  public:
+    /// `connection` must not be nothing.
+    explicit Connection(ObjectPtr connection) : connection_(std::move(connection)) {}
+
+    /// Runs a statement; one that fails raises HostError, and what was wrong stands in errors().
+    void Execute(std::string_view sql) const;
+    Recordset read(std::string_view sql) const;
+    /// The descriptions of the errors that the connection reports.
+    std::vector<std::string> errors() const;
+
+  private:
+    ObjectPtr connection_;
+};
+
+}  // namespace tsln

@@ -1,0 +1,44 @@
+#include "lists/AccountingApplication.h"
+
+namespace tsln::lists {
+namespace {
+
+constexpr std::string_view option = "Application";
+constexpr std::string_view section = "Accounting";
+
+}  // namespace
+
+AccountingApplication::AccountingApplication(Library& library)
+    : TaskDialog(library, "frmChooseAccountingApplication") {
+    setCaption("Choose Accounting Application");
+    cboApp.addItem("", 0);
+    cboApp.addItem("QuickBooks Desktop", 1);
+    cboApp.setListIndex(0);
+}
+
+Layout AccountingApplication::content() {
+    return layout::form({layout::field("&Accounting application:", cboApp)});
+}
+
+void AccountingApplication::Form_Load() {
+    TaskDialog::Form_Load();
+    cmdOK.setEnabled(false);  // an option that could not be read is not written over
+    const Variant stored = host().options().GetCompanyOption(option, section, 0);
+    if (stored.isNumeric()) cboApp.choose(stored.toLong());
+    cmdOK.setEnabled(true);
+}
+
+void AccountingApplication::cmdOK_Click() {
+    host().options().SetCompanyOption(option, section, cboApp.chosen().value_or(0));
+    accept();
+}
+
+bool chooseAccountingApplication(Library& library) {
+    return library.screens()
+        .show(
+            "frmChooseAccountingApplication",
+            [&] { return std::make_shared<AccountingApplication>(library); }, [](AccountingApplication&) {})
+        ->Cancelled;
+}
+
+}  // namespace tsln::lists

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "lists/TaskDialog.h"
+
+namespace tsln::lists {
+
+/// Records which accounting application the company uses.
+class AccountingApplication : public TaskDialog {
+  public:
+    explicit AccountingApplication(Library& library);
+
+    ComboBox cboApp{*this, "cboApp"};
+
+  protected:
+    void Form_Load() override;
+    Layout content() override;
+    void cmdOK_Click() override;
+};
+
+/// Shows the choice; true when it was cancelled.
+bool chooseAccountingApplication(Library& library);
+
+}  // namespace tsln::lists

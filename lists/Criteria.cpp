@@ -1,0 +1,90 @@
+#include "lists/Criteria.h"
+
+#include "lists/Lists.h"
+
+namespace tsln::lists {
+namespace {
+
+using Kind = EditField::Kind;
+using Show = ListColumn::Show;
+
+constexpr std::string_view enforceOption = "EnforceDepositRequirements";
+constexpr std::string_view noSection;
+
+}  // namespace
+
+const ListDescription fieldMeasureCriteriaList{
+    .open = Operation::ShowFieldMeasureCriteria,
+    .edit = Operation::ShowEditFieldMeasureCriteria,
+    .screenName = "frmFieldMeasureCriteria",
+    .caption = "Field Measure Criteria",
+    .table = "FieldMeasureCriteria",
+    .orderBy = "Criteria",
+    .columns = {{"Criteria", 380, "Criteria"}},
+    .listKind = 16,
+    .deleteFailure = "There was a problem deleting one or more field measure criteria(s).",
+    .dialog = {
+        .newCaption = "New Field Measure Criteria",
+        .editCaption = "Edit Field Measure Criteria",
+        .fields = {{Kind::Name, "txtCriteria", "&Criteria:", "Criteria", "<m>"}},
+        .required = "You must enter a valid Field Measure Criteria.",
+        .saveFailure = "There was a problem saving this Field Measure Criteria.",
+    }};
+
+const ListDescription quoteApprovalList{
+    .open = Operation::ShowQuoteApprovalCriteria,
+    .edit = Operation::ShowEditQuoteApproval,
+    .screenName = "frmQuoteApprovalCriteria",
+    .caption = "Quote Approval Criteria",
+    .table = "QuoteApproval",
+    .orderBy = "Criteria",
+    .columns = {{"Criteria", 380, "Criteria"}},
+    .listKind = 19,  // deliberate: there is no such kind, so import and export do nothing here
+    .deleteFailure = "There was a problem deleting one or more quote approval criteria(s).",
+    .dialog = {
+        .newCaption = "New Quote Approval Criteria",
+        .editCaption = "Edit Quote Approval Criteria",
+        .fields = {{Kind::Name, "txtCriteria", "&Criteria:", "Criteria", "<c>"}},
+        .required = "You must enter valid criteria.",
+        .saveFailure = "There was a problem saving this quote approval.",
+    }};
+
+const ListDescription depositCriteriaList{
+    .open = Operation::ShowRequireDepositCriteria,
+    .edit = Operation::ShowEditDepositCriteria,
+    .screenName = "frmRequireDepositCriteria",
+    .caption = "Deposit Criteria",
+    .table = "RequireDepositCriteria",
+    .orderBy = "DepositPercent",
+    .columns = {{"Criteria", 300, "Criteria"}, {"Deposit (%)", 85, "DepositPercent", Show::Number}},
+    .listKind = 9,
+    .deleteFailure = "There was a problem deleting one or more deposit criteria.",
+    .dialog = {
+        .newCaption = "New Deposit Criteria",
+        .editCaption = "Edit Deposit Criteria",
+        .fields = {{Kind::Name, "txtCriteria", "&Criteria:", "Criteria", "<c>"},
+                   {Kind::Decimal, "txtPercent", "&Deposit (%):", "DepositPercent", "<d>", 100}},
+        .required = "You must enter valid criteria.",
+        .saveFailure = "There was a problem saving this deposit criteria.",
+    }};
+
+DepositCriteriaScreen::DepositCriteriaScreen(Library& library, const ListDescription& description)
+    : ListScreen(library, description) {
+    chkEnforce.setEnabled(false);
+}
+
+void DepositCriteriaScreen::listLoaded() {
+    // Read once: an import that loads the list again must not undo what the user has ticked since.
+    if (optionRead_) return;
+    chkEnforce.setChecked(host().options().GetUserOption(enforceOption, noSection, false).toBoolean());
+    chkEnforce.setEnabled(true);
+    optionRead_ = true;
+}
+
+void DepositCriteriaScreen::Form_Unload() {
+    ListScreen::Form_Unload();
+    // An option that could not be read is not written over.
+    if (optionRead_) host().options().SetUserOption(enforceOption, noSection, chkEnforce.checked());
+}
+
+}  // namespace tsln::lists

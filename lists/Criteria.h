@@ -1,0 +1,23 @@
+#pragma once
+
+#include "lists/ListScreen.h"
+
+namespace tsln::lists {
+
+/// The deposit criteria, with the user's option whether orders are held to them.
+class DepositCriteriaScreen : public ListScreen {
+  public:
+    DepositCriteriaScreen(Library& library, const ListDescription& description);
+
+    CheckBox chkEnforce{*this, "chkEnforce", "En&force deposit requirements"};
+
+  protected:
+    void listLoaded() override;
+    void Form_Unload() override;
+    std::vector<Layout> belowList() override { return {layout::item(chkEnforce)}; }
+
+  private:
+    bool optionRead_ = false;
+};
+
+}  // namespace tsln::lists

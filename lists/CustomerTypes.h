@@ -1,0 +1,16 @@
+#pragma once
+
+#include "lists/ListScreen.h"
+
+namespace tsln::lists {
+
+/// The customer types: a company keeps at least one.
+class CustomerTypesScreen : public ListScreen {
+  public:
+    using ListScreen::ListScreen;
+
+  protected:
+    bool mayDelete(std::size_t record) override;
+};
+
+}  // namespace tsln::lists

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "lists/ListDescription.h"
+#include "shared/modSharedStrings.h"
+
+namespace tsln::lists {
+
+/// A type of discount group: its number, its caption, and the name of the group of that type which every
+/// company needs.
+struct DiscountGroupType {
+    std::int32_t number;
+    std::string_view caption;
+    std::string_view requiredGroup;
+};
+inline constexpr DiscountGroupType discountGroupTypes[] = {
+    {0, "Price", "standard"},
+    {1, "Cost", "vendor"},
+    {2, "Customer", "customer"},
+};
+
+/// The name as names of required groups are compared: without blanks around it and letter case.
+inline std::string comparableGroupName(std::string_view name) {
+    return modSharedStrings::toLower(modSharedStrings::trim(name));
+}
+
+}  // namespace tsln::lists

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "lists/EditDialog.h"
+#include "lists/ListScreen.h"
+
+namespace tsln::lists {
+
+/// The discount groups. Deleting one is an operation of the library of its own.
+class DiscountGroupsScreen : public ListScreen {
+  public:
+    using ListScreen::ListScreen;
+
+  protected:
+    void deleteSelected() override;
+    void exportRows() override;
+};
+
+/// The dialog of a discount group. The groups every company needs cannot be changed.
+class DiscountGroupDialog : public EditDialog {
+  public:
+    using EditDialog::EditDialog;
+
+  protected:
+    void loaded() override;
+};
+
+/// Gives the library the list, its dialog and the operations to delete a group.
+void plugInDiscountGroups(Library& library);
+
+}  // namespace tsln::lists

@@ -1,0 +1,103 @@
+#include "lists/MoveListReferences.h"
+
+#include "lists/ListDescription.h"
+#include "shared/modSharedSQL.h"
+
+namespace tsln::lists {
+namespace {
+
+using modSharedSQL::format;
+
+/// The column's name as the rows of a result have it.
+std::string_view withoutBrackets(std::string_view column) {
+    if (column.starts_with('[')) column = column.substr(1, column.size() - 2);
+    return column;
+}
+
+}  // namespace
+
+MoveListReferences::MoveListReferences(Library& library) : TaskDialog(library, "frmMoveListReferences") {
+    setCaption("Move References");
+    txtName.setLocked(true);
+    txtName.accessibleName = "Entry whose references move";
+    cmdOK.setEnabled(false);
+}
+
+Layout MoveListReferences::content() {
+    using namespace tsln::layout;
+    return column({item(lblHeading), item(txtName), form({field("&To reference instead:", cboReplacement)})});
+}
+
+bool MoveListReferences::initialize(std::int16_t listCode, std::int32_t ID) {
+    list_ = findReferencedList(listCode);
+    ID_ = ID;
+    if (!list_) {
+        tell(format("There is no list with the code {0}.", listCode), MessageIcon::Exclamation);
+        return false;
+    }
+    lblHeading.setCaption(std::string(list_->heading));
+    return true;
+}
+
+void MoveListReferences::opened() {
+    setFocus(cboReplacement);
+    txtName.setText(
+        host()
+            .database()
+            .ExecuteScaler(format("SELECT {0} FROM {1} WHERE ID = {2}", list_->nameColumn, list_->table, ID_))
+            .toText());
+    host().common().LoadComboFromQuery(
+        cboReplacement,
+        format("SELECT ID, {0} FROM {1} WHERE ID <> {2}", list_->nameColumn, list_->table, ID_),
+        withoutBrackets(list_->nameColumn), "ID", list_->blankAllowed);
+    cmdOK.setEnabled(true);
+}
+
+bool MoveListReferences::mayMoveTo(std::int32_t replacement) {
+    if (replacement > 0) return true;
+    if (list_->blankAllowed) return ask("Are you sure you want to change to a blank reference?");
+    tell("You cannot have a blank reference", MessageIcon::Exclamation);
+    cboReplacement.setFocus();
+    return false;
+}
+
+std::optional<std::int64_t> MoveListReferences::move(std::int32_t replacement) {
+    const std::string target = replacement > 0 ? std::to_string(replacement) : "NULL";
+    const Database database = host().database();
+    std::int64_t moved = 0;
+    // Each update stands for itself: what has been moved before one fails stays moved, and another try moves
+    // the rest.
+    for (const Reference& reference : list_->references) {
+        // The host does not tell how many rows an update changes.
+        const std::int64_t rows =
+            database.ExecuteScaler(format(countReferences(reference.table, reference.column), ID_), "", "0")
+                .toLong();
+        const std::string update = format("UPDATE {2} SET {3} = {0} WHERE {3} = {1}", target, ID_,
+                                          reference.table, reference.column);
+        if (!database.ExecuteNonQuery(update)) {
+            reportDatabaseFailure(reference.failure());
+            return std::nullopt;
+        }
+        moved += rows;
+    }
+    return moved;
+}
+
+void MoveListReferences::cmdOK_Click() {
+    const std::int32_t replacement = cboReplacement.chosen().value_or(0);
+    if (!mayMoveTo(replacement)) return;
+    const auto moved = move(replacement);
+    if (!moved) return;
+    tell(format("Update complete. A total of {0} references where updated.", *moved),
+         MessageIcon::Information);
+    accept();
+}
+
+bool moveListReferences(Library& library, std::int16_t listCode, std::int32_t ID) {
+    const auto closed = library.screens().show(
+        "frmMoveListReferences", [&] { return std::make_shared<MoveListReferences>(library); },
+        [&](MoveListReferences& screen) { return screen.initialize(listCode, ID); });
+    return closed->Cancelled;
+}
+
+}  // namespace tsln::lists

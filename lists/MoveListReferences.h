@@ -1,0 +1,37 @@
+#pragma once
+
+#include "lists/ListReferences.h"
+#include "lists/TaskDialog.h"
+
+namespace tsln::lists {
+
+/// Points everything that refers to one entry of a list at another entry.
+class MoveListReferences : public TaskDialog {
+  public:
+    explicit MoveListReferences(Library& library);
+
+    Label lblHeading{*this, "lblHeading", ""};
+    TextBox txtName{*this, "txtName"};
+    ComboBox cboReplacement{*this, "cboReplacement"};
+
+    /// Hands it the entry whose references move. False when there is no such list, which has been told.
+    bool initialize(std::int16_t listCode, std::int32_t ID);
+
+  protected:
+    Layout content() override;
+    void opened() override;
+    void cmdOK_Click() override;
+
+  private:
+    bool mayMoveTo(std::int32_t replacement);
+    /// How many references were moved; nothing when an update failed, which has been told.
+    std::optional<std::int64_t> move(std::int32_t replacement);
+
+    const ReferencedList* list_ = nullptr;
+    std::int32_t ID_ = 0;
+};
+
+/// Shows the dialog; true when it was cancelled.
+bool moveListReferences(Library& library, std::int16_t listCode, std::int32_t ID);
+
+}  // namespace tsln::lists

@@ -1,0 +1,70 @@
+#include "lists/Lists.h"
+#include "lists/Tags.h"
+#include "lists/modSharedReportControl.h"
+#include "shared/modSharedSQL.h"
+#include "shared/modSharedStrings.h"
+
+namespace tsln::lists {
+
+const ListDescription portfolioTagsList{
+    .open = Operation::ShowPortfolioTags,
+    .edit = Operation::ShowEditPortfiolioTag,
+    .screenName = "frmPortfolioTags",
+    .caption = "Portfolio Tags",
+    .table = "PortfolioTags",
+    .orderBy = "Tag",
+    .columns = {{"Tag", 160, "Tag"}, {"Portfolio File", 280, "FileName"}},
+    .deleteFailure = "There was a problem deleting one or more portfolio tags(s).",
+};
+
+PortfolioTagsScreen::PortfolioTagsScreen(Library& library, const ListDescription& description)
+    : ListScreen(library, description) {
+    cmdNew.setVisible(false);
+}
+
+std::string PortfolioTagsScreen::loadStatement() const {
+    return "SELECT PortfolioTags.ID, PortfolioTags.Tag, Portfolio.FileName FROM PortfolioTags INNER JOIN "
+           "Portfolio ON PortfolioTags.PortfolioID = Portfolio.ID ORDER BY PortfolioTags.Tag, "
+           "Portfolio.FileName";
+}
+
+void PortfolioTagsScreen::cmdEdit_Click() {
+    const auto record = modSharedReportControl::focusedRecord(rptItems);
+    if (!record) return;
+    // A new name may stand in many rows.
+    if (!library().ShowEditPortfiolioTag(std::string(rptItems.cell(*record, 0)))) loadList();
+}
+
+PortfolioTagDialog::PortfolioTagDialog(Library& library) : TaskDialog(library, "frmPortfolioTags_Edit") {
+    setCaption("Rename Portfolio Tag");
+}
+
+void PortfolioTagDialog::initialize(std::string tag) {
+    tag_ = std::move(tag);
+    txtTag.setText(tag_);
+    setFocus(txtTag);
+}
+
+Layout PortfolioTagDialog::content() {
+    return layout::form({layout::field("&Tag:", txtTag)});
+}
+
+void PortfolioTagDialog::cmdOK_Click() {
+    using modSharedSQL::doubleQuotes;
+    txtTag.setText(modSharedStrings::trim(txtTag.text()));
+    if (txtTag.text().empty()) {
+        tell("You must enter a valid tag name.", MessageIcon::Exclamation);
+        txtTag.setFocus();
+        return;
+    }
+    const std::string statement =
+        modSharedSQL::fillTags("UPDATE PortfolioTags SET Tag = '<new>' WHERE Tag = '<old>'",
+                               {{"<new>", doubleQuotes(txtTag.text())}, {"<old>", doubleQuotes(tag_)}});
+    if (!host().database().ExecuteNonQuery(statement)) {
+        reportDatabaseFailure("There was a problem renaming the tags.");
+        return;
+    }
+    accept();
+}
+
+}  // namespace tsln::lists

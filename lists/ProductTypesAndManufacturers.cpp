@@ -1,0 +1,69 @@
+#include "lists/Lists.h"
+
+namespace tsln::lists {
+namespace {
+
+using Kind = EditField::Kind;
+using Show = ListColumn::Show;
+
+/// What products are of may go only once no product is.
+DeletionCheck usedByProducts(const std::string& noun, std::string_view column) {
+    return {countReferences("Products", column),
+            "The " + noun + " <Bold>{0}</Bold> cannot be deleted because it's being used by {1} products.",
+            "In order to delete this " + noun +
+                " you must first change all the products that are using it to reference a different " + noun +
+                ", or delete the product(s) that are referencing it."};
+}
+
+}  // namespace
+
+const ListDescription productTypesList{
+    .open = Operation::ShowProductTypes,
+    .edit = Operation::ShowEditProductTypes,
+    .screenName = "frmProductTypes",
+    .caption = "Product Types",
+    .table = "ProductTypes",
+    .orderBy = "ProductType",
+    .columns = {{"Product Type", 220, "ProductType"},
+                {"Est. Delivery Days", 120, "EstDeliveryDays", Show::Number}},
+    .securityArea = 100,
+    .listKind = 2,
+    .moveReferencesCode = 3,
+    .deletionChecks = {usedByProducts("product type", "ProductTypeID")},
+    .deleteFailure = "There was a problem deleting one or more product type(s).",
+    .busyState = true,
+    .dialog = {
+        .newCaption = "New Product Type",
+        .editCaption = "Edit Product Type",
+        .fields = {{Kind::Name, "txtProductType", "&Product type:", "ProductType", "<c>"},
+                   {Kind::Whole, "txtDeliveryDays", "&Estimated delivery (days):", "EstDeliveryDays", "<d>",
+                    999}},
+        .required = "You must enter valid product type.",
+        .duplicate = "This product type already exists.",
+        .saveFailure = "There was a problem saving this product type.",
+    }};
+
+const ListDescription manufacturersList{
+    .open = Operation::ShowManufacturers,
+    .edit = Operation::ShowEditManufacturers,
+    .screenName = "frmManufacturers",
+    .caption = "Manufacturers",
+    .table = "Manufacturers",
+    .orderBy = "Manufacturer",
+    .columns = {{"Manufacturer", 280, "Manufacturer"}},
+    .securityArea = 101,
+    .listKind = 1,
+    .moveReferencesCode = 4,
+    .deletionChecks = {usedByProducts("manufacturer", "ManufacturerID")},
+    .deleteFailure = "There was a problem deleting one or more manufacturer(s).",
+    .busyState = true,
+    .dialog = {
+        .newCaption = "New Manufacturer",
+        .editCaption = "Edit Manufacturer",
+        .fields = {{Kind::Name, "txtManufacturer", "&Manufacturer:", "Manufacturer", "<m>"}},
+        .required = "You must enter a valid Manufacturer.",
+        .duplicate = "Manufacturer already exists.",
+        .saveFailure = "There was a problem saving this manufacturer.",
+    }};
+
+}  // namespace tsln::lists

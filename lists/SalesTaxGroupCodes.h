@@ -1,0 +1,27 @@
+#pragma once
+
+#include "lists/TaskDialog.h"
+#include "screens/CheckList.h"
+
+namespace tsln::lists {
+
+/// Assigns sales tax codes to a sales tax group. Left by the title bar it does not count as cancelled.
+class SalesTaxGroupCodes : public TaskDialog {
+  public:
+    explicit SalesTaxGroupCodes(Library& library);
+
+    Label lblCodes{*this, "lblCodes", "&Tick the sales tax codes that make up this group:"};
+    CheckList lstCodes{*this, "lstCodes"};
+
+    std::int32_t groupID = 0;
+
+  protected:
+    Layout content() override;
+    void opened() override;
+    void cmdOK_Click() override;
+};
+
+/// Shows the screen for a group; true when it was left by its Cancel button.
+bool assignSalesTaxCodes(Library& library, std::int32_t groupID);
+
+}  // namespace tsln::lists

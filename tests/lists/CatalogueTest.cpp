@@ -1,0 +1,314 @@
+#include <fstream>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "lists/EditDialog.h"
+#include "lists/ListScreen.h"
+#include "tests/lists/Acts.h"
+#include "tests/lists/Catalogue.h"
+#include "tests/support/TempFolder.h"
+
+namespace tsln::test {
+namespace {
+
+using lists::EditDialog;
+using lists::ListScreen;
+using testing::AllOf;
+using testing::Contains;
+using testing::Each;
+using testing::ElementsAre;
+using testing::ElementsAreArray;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+std::string dialogName(const Member& m) {
+    return m.screen + "_Edit";
+}
+std::string readStatement(const Member& m) {
+    return "SELECT * FROM " + (m.view.empty() ? m.table : m.view) + " WHERE ID = 7";
+}
+std::string readByDialog(const Member& m) {
+    return "SELECT * FROM " + m.table + " WHERE ID = 7";
+}
+std::string deleteStatement(const Member& m) {
+    return "DELETE FROM " + m.table + " WHERE ID = 7";
+}
+std::string rowSeven(const Member& m) {
+    return "<Records><Record><ID>7</ID>" + m.row + "</Record></Records>";
+}
+
+/// A company with the member's row 7, and what moving references would be called with.
+struct MemberStage : Stage {
+    std::vector<std::string> moved;
+
+    explicit MemberStage(const Member& m) {
+        fill(*this, m);
+        library->plugIn(Operation::ShowMoveReferences, [this](Library&, Arguments a) {
+            moved.push_back(a[0].toText() + ", " + a[1].toText());
+            return Variant(false);
+        });
+    }
+    static void fill(Stage& stage, const Member& m) {
+        stage.host->rows(m.load, rowSeven(m));
+        stage.host->rows(readStatement(m), rowSeven(m));
+        stage.host->rows(readByDialog(m), rowSeven(m));
+        // Enough rows of every kind that the last of a list is never at stake.
+        stage.host->on("Database.ExecuteScaler", [](Arguments a) {
+            return Variant(a[0].toText().find(" WHERE ") == std::string::npos ? 5 : 0);
+        });
+    }
+};
+
+std::vector<std::string> rowTexts(const ListScreen& list, std::size_t row) {
+    std::vector<std::string> cells;
+    for (std::size_t c = 0; c < list.rptItems.columns.size(); ++c)
+        cells.emplace_back(list.rptItems.rowText(row, c));
+    return cells;
+}
+
+void typeAll(Screen& dialog, const Member& m) {
+    for (const Member::Entry& entry : m.typed)
+        enter(dialog, entry.control, entry.text);
+}
+
+TEST(Catalogue, OpensWithItsColumnsRowsRightsAndCommands) {
+    for (const Member& m : catalogue) {
+        SCOPED_TRACE(m.screen);
+        MemberStage stage(m);
+        stage.desktop.popupChoices = {0, 28250};
+        stage.desktop.user<ListScreen>(m.screen, [&](ListScreen& list) {
+            std::vector<std::string> captions;
+            for (const auto& column : list.rptItems.columns)
+                captions.push_back(column.caption);
+            EXPECT_EQ(captions, m.columns);
+            ASSERT_EQ(list.rptItems.rowCount(), 1U);
+            EXPECT_EQ(rowTexts(list, 0), m.cells);
+            selectAll(list.rptItems);
+            EXPECT_TRUE(list.cmdEdit.enabled() && list.cmdDelete.enabled());
+            list.cmdMore.userPress();
+            list.cmdMore.userPress();
+            list.cmdClose.userPress();
+        });
+        EXPECT_TRUE(open(stage, m.open).toBoolean());
+        EXPECT_EQ(stage.host->callsOf("Database.ExecuteRead").front(), m.load);
+
+        std::vector<int> commands;
+        for (const Command& command : stage.desktop.popups.at(0).commands)
+            commands.push_back(command.id);
+        std::vector<int> expected{28001, 28003, 28201, 28202};
+        if (m.moveCode > 0) expected.push_back(28250);
+        if (!m.package.empty()) expected.push_back(28251);
+        EXPECT_EQ(commands, expected);
+
+        const auto rights = stage.host->callsOf("Security.CanDo");
+        if (m.area == 0) {
+            EXPECT_THAT(rights, IsEmpty());
+        } else {
+            EXPECT_THAT(rights, AllOf(Contains(std::to_string(m.area) + ", 8"),
+                                      Each(StartsWith(std::to_string(m.area) + ", "))));
+        }
+        if (m.moveCode > 0) {
+            EXPECT_THAT(stage.moved, ElementsAre(std::to_string(m.moveCode) + ", 7"));
+        } else {
+            EXPECT_THAT(stage.moved, IsEmpty());
+        }
+    }
+}
+
+TEST(Catalogue, OffersItsDefaultsWhileItIsEmpty) {
+    const TempFolder temp("tessaline-defaults-");
+    std::ofstream(temp.file("tsln5pkg.exe")) << "#";
+    for (const Member& m : catalogue) {
+        SCOPED_TRACE(m.screen);
+        Stage stage;
+        stage.desktop.folder = temp.path();
+        stage.desktop.answers = {MessageAnswer::Yes};
+        stage.desktop.popupChoices = {28251};
+        stage.desktop.user<ListScreen>(m.screen, [](ListScreen& list) { list.cmdMore.userPress(); });
+        open(stage, m.open);
+        if (m.package.empty()) {
+            EXPECT_THAT(stage.desktop.boxes, IsEmpty());
+            EXPECT_THAT(stage.desktop.commandLines, IsEmpty());
+            continue;
+        }
+        EXPECT_THAT(stage.desktop.boxes,
+                    ElementsAre(Box{m.question, MessageButtons::YesNo, MessageIcon::Question}));
+        const std::string commandLine =
+            temp.file("tsln5pkg.exe") + " /Keys:" + m.package + " /PSD:\"/psd/company.psd\"";
+        EXPECT_THAT(stage.desktop.commandLines, ElementsAre(commandLine, commandLine));
+        EXPECT_THAT(stage.host->callsOf("Database.ExecuteRead"), ElementsAre(m.load, m.load, m.load));
+    }
+}
+
+TEST(Catalogue, AddsAndEditsARow) {
+    for (const Member& m : catalogue) {
+        SCOPED_TRACE(m.screen);
+        MemberStage stage(m);
+        stage.host->on("Database.ExecuteNonQueryWithID", Variant(7));
+        stage.desktop.user<EditDialog>(dialogName(m), [&](EditDialog& dialog) {
+            EXPECT_EQ(dialog.caption(), m.newCaption);
+            typeAll(dialog, m);
+            dialog.cmdOK.userPress();
+        });
+        stage.desktop.user<EditDialog>(dialogName(m), [&](EditDialog& dialog) {
+            EXPECT_EQ(dialog.caption(), m.editCaption);
+            dialog.cmdOK.userPress();
+        });
+        stage.desktop.user<ListScreen>(m.screen, [&](ListScreen& list) {
+            list.cmdNew.userPress();
+            EXPECT_EQ(list.rptItems.rowCount(), 2U);
+            list.cmdEdit.userPress();
+            EXPECT_EQ(list.rptItems.rowCount(), 2U);
+            EXPECT_EQ(rowTexts(list, 1), m.cells);
+        });
+        open(stage, m.open);
+        EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQueryWithID"), ElementsAre(m.insert));
+        EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"), ElementsAre(m.update));
+        EXPECT_THAT(stage.host->callsOf("Database.ExecuteRead"),
+                    ElementsAre(m.load, readStatement(m), readByDialog(m), readStatement(m)));
+        EXPECT_THAT(stage.desktop.boxes, IsEmpty());
+    }
+}
+
+TEST(Catalogue, RefusesAnEmptyAndADuplicateNameAndTellsAFailedSave) {
+    for (const Member& m : catalogue) {
+        SCOPED_TRACE(m.screen);
+        MemberStage stage(m);
+        bool exists = true;
+        stage.host->on("Common.RecordExists", [&](Arguments) { return Variant(exists); });
+        stage.host->on("Database.ExecuteNonQueryWithID", Variant(0));
+        const std::string& nameControl = m.typed.front().control;
+        stage.desktop.user<EditDialog>(dialogName(m), [&](EditDialog& dialog) {
+            typeAll(dialog, m);
+            enter(dialog, nameControl, "   ");
+            dialog.cmdOK.userPress();
+            EXPECT_EQ(dialog.focusedControl(), dialog.control(nameControl));
+            enter(dialog, nameControl, " O'Neil ");
+            if (!m.duplicate.empty()) dialog.cmdOK.userPress();
+            exists = false;
+            dialog.cmdOK.userPress();
+            EXPECT_TRUE(dialog.shown());
+            dialog.cmdCancel.userPress();
+        });
+        EXPECT_EQ(open(stage, m.edit, 0).toLong(), 0);
+
+        std::vector<Box> told{{m.required, MessageButtons::Ok, MessageIcon::Exclamation}};
+        std::vector<std::string> asked;
+        if (!m.duplicate.empty()) {
+            told.push_back({m.duplicate, MessageButtons::Ok, MessageIcon::Exclamation});
+            asked.assign(2, m.table + ", " + m.duplicateColumn + ", O'Neil, 0");
+        }
+        EXPECT_EQ(stage.desktop.boxes, told);
+        EXPECT_EQ(stage.host->callsOf("Common.RecordExists"), asked);
+        EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQueryWithID"), ElementsAre(m.insert));
+        EXPECT_THAT(stage.host->callsOf("ShowAndLogErrorMessage"),
+                    ElementsAre(m.saveFailure + ", {standard explanation}, the database's own words"));
+    }
+}
+
+TEST(Catalogue, RefusesToDeleteWhatIsReferredTo) {
+    for (const Member& m : catalogue) {
+        for (std::size_t i = 0; i < m.checks.size(); ++i) {
+            SCOPED_TRACE(m.screen + " check " + std::to_string(i));
+            MemberStage stage(m);
+            stage.host->on("Database.ExecuteScaler", [&](Arguments a) {
+                return Variant(a[0].toText() == m.checks[i].statement ? 3 : 0);
+            });
+            stage.desktop.user<ListScreen>(m.screen, [](ListScreen& list) {
+                selectAll(list.rptItems);
+                list.cmdDelete.userPress();
+                EXPECT_EQ(list.rptItems.rowCount(), 1U);
+            });
+            open(stage, m.open);
+            // What comes after the first that counts is not asked.
+            std::vector<std::string> asked;
+            for (std::size_t c = 0; c <= i; ++c)
+                asked.push_back(m.checks[c].statement + ", , 0");
+            EXPECT_EQ(stage.host->callsOf("Database.ExecuteScaler"), asked);
+            EXPECT_THAT(stage.host->callsOf("ShowMessageStyle1"),
+                        ElementsAre(m.checks[i].message + ", " + m.checks[i].advice));
+            EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"), IsEmpty());
+        }
+    }
+}
+
+TEST(Catalogue, DeletesARowAndTellsAFailedDelete) {
+    for (const Member& m : catalogue) {
+        SCOPED_TRACE(m.screen);
+        MemberStage stage(m);
+        int tries = 0;
+        stage.host->on("Database.ExecuteNonQuery", [&](Arguments) { return Variant(++tries > 1); });
+        stage.desktop.user<ListScreen>(m.screen, [](ListScreen& list) {
+            selectAll(list.rptItems);
+            list.cmdDelete.userPress();
+            EXPECT_EQ(list.rptItems.rowCount(), 1U);
+            list.cmdDelete.userPress();
+            EXPECT_EQ(list.rptItems.rowCount(), 0U);
+        });
+        open(stage, m.open);
+        EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"),
+                    ElementsAre(deleteStatement(m), deleteStatement(m)));
+        EXPECT_THAT(stage.host->callsOf("ShowAndLogErrorMessage"),
+                    ElementsAre(m.deleteFailure + ", {standard explanation}, the database's own words"));
+        EXPECT_THAT(stage.desktop.boxes, IsEmpty());
+    }
+}
+
+TEST(Catalogue, ExportsAndImports) {
+    for (const Member& m : catalogue) {
+        SCOPED_TRACE(m.screen);
+        MemberStage stage(m);
+        stage.desktop.popupChoices = {28003, 28001};
+        stage.desktop.files = {"/out.xml", "/in.xml"};
+        stage.desktop.user<ListScreen>(m.screen, [](ListScreen& list) {
+            list.cmdMore.userPress();
+            list.cmdMore.userPress();
+        });
+        open(stage, m.open);
+        if (m.listName.empty()) {
+            EXPECT_THAT(stage.desktop.fileDialogs, IsEmpty());
+            EXPECT_THAT(stage.desktop.boxes, IsEmpty());
+            continue;
+        }
+        EXPECT_THAT(stage.host->callsOf("tslniee5.Engine.AddToExport"),
+                    ElementsAre(m.listName + ", " + m.exportQuery));
+        EXPECT_THAT(stage.host->callsOf("tslniee5.Engine.ImportFile"), ElementsAre("/in.xml, " + m.listName));
+        EXPECT_THAT(stage.host->callsOf("Database.ExecuteRead"), ElementsAre(m.load, m.load));
+    }
+}
+
+TEST(Catalogue, EveryHostFaultIsToldAndLosesNothing) {
+    for (const Member& m : catalogue) {
+        SCOPED_TRACE(m.screen);
+        const auto scenario = [&](Stage& stage) {
+            MemberStage::fill(stage, m);
+            stage.host->on("Database.ExecuteNonQueryWithID", Variant(7));
+            const auto okOrCancel = [&](EditDialog& dialog, bool typed) {
+                if (typed) typeAll(dialog, m);
+                dialog.cmdOK.userPress();
+                if (!dialog.shown()) return;
+                EXPECT_TRUE(stage.told()) << "still open, and nobody said why";
+                EXPECT_TRUE(!typed || entered(dialog, m.typed.front().control) == "O'Neil");
+                dialog.cmdCancel.userPress();
+            };
+            stage.desktop.user<EditDialog>(dialogName(m), [&](EditDialog& d) { okOrCancel(d, true); });
+            stage.desktop.user<EditDialog>(dialogName(m), [&](EditDialog& d) { okOrCancel(d, false); });
+            stage.desktop.user<ListScreen>(m.screen, [&](ListScreen& list) {
+                list.cmdNew.userPress();
+                selectAll(list.rptItems);
+                list.cmdEdit.userPress();
+                list.cmdDelete.userPress();
+                EXPECT_FALSE(list.pointerBusy());
+                list.cmdClose.userPress();
+            });
+            EXPECT_TRUE(open(stage, m.open).toBoolean());
+        };
+        sweepFaults(scenario, [](Stage& stage) {
+            stage.library->screens().release("frmManufacturers_Edit");  // the rooms' dialog leaves it there
+        });
+    }
+}
+
+}  // namespace
+}  // namespace tsln::test
