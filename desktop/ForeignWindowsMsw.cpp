@@ -48,7 +48,6 @@ ForeignWindows::ForeignWindows() {
 }
 
 ForeignWindows::~ForeignWindows() {
-    if (disabled_.empty()) return;
     enable();
     if (const HWND window = static_cast<HWND>(foremost_); IsWindow(window)) SetActiveWindow(window);
 }

@@ -54,11 +54,22 @@ class PassedArguments {
 
 }  // namespace
 
+DispatchObject::DispatchObject(IDispatch* dispatch) : dispatch_(dispatch) {
+    dispatch->QueryInterface(IID_PPV_ARGS(&scripted_));
+}
+
 DISPID DispatchObject::idOf(std::string_view member) const {
     std::wstring name = toWide(member);
-    wchar_t* names[] = {name.data()};
     DISPID id = DISPID_UNKNOWN;
-    const HRESULT result = dispatch_->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id);
+    HRESULT result;
+    if (scripted_) {
+        const BSTR text = SysAllocString(name.c_str());
+        result = scripted_->GetDispID(text, fdexNameCaseInsensitive, &id);
+        SysFreeString(text);
+    } else {
+        wchar_t* names[] = {name.data()};
+        result = dispatch_->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id);
+    }
     if (result == DISP_E_UNKNOWNNAME || (SUCCEEDED(result) && id == DISPID_UNKNOWN))
         raiseUnknownMember("Automation", member);
     if (FAILED(result)) throw HostError(result, std::string(member), textOf(result));
@@ -66,7 +77,9 @@ DISPID DispatchObject::idOf(std::string_view member) const {
 }
 
 Variant DispatchObject::invoke(std::string_view member, Access access, Arguments arguments) {
-    const ComPtr<IDispatch> alive = dispatch_;  // whatever the call does to the holder of this object
+    // Whatever the call does to the holder of this object.
+    const ComPtr<IDispatch> alive = dispatch_;
+    const ComPtr<IDispatchEx> scripted = scripted_;
     const DISPID id = idOf(member);
     PassedArguments passed(arguments);
     DISPID putId = DISPID_PROPERTYPUT;
@@ -81,10 +94,12 @@ Variant DispatchObject::invoke(std::string_view member, Access access, Arguments
     }
     OwnedVariant result;
     EXCEPINFO told{};
+    VARIANT* const wanted = access == Access::Put ? nullptr : result.get();
     UINT wrongArgument = 0;
     const HRESULT answer =
-        alive->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters,
-                      access == Access::Put ? nullptr : result.get(), &told, &wrongArgument);
+        scripted ? scripted->InvokeEx(id, LOCALE_USER_DEFAULT, flags, &parameters, wanted, &told, nullptr)
+                 : alive->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters, wanted, &told,
+                                 &wrongArgument);
     if (FAILED(answer)) throw errorOf(answer, told, std::string(member));
     passed.writeBack();
     return fromCom(*result);

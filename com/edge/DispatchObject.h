@@ -11,7 +11,7 @@ namespace tsln::com {
 class DispatchObject : public Object {
   public:
     /// Takes a reference of its own. `dispatch` is not null.
-    explicit DispatchObject(IDispatch* dispatch) : dispatch_(dispatch) {}
+    explicit DispatchObject(IDispatch* dispatch);
 
     IDispatch* dispatch() const noexcept { return dispatch_.Get(); }
 
@@ -21,6 +21,7 @@ class DispatchObject : public Object {
     DISPID idOf(std::string_view member) const;
 
     ComPtr<IDispatch> dispatch_;
+    ComPtr<IDispatchEx> scripted_;  // objects of script engines may answer by name through this one alone
 };
 
 /// Creates a component of the platform by its program identifier. Raises HostError with

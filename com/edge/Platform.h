@@ -12,6 +12,7 @@
 
 #include <windows.h>
 // clang-format off: stand on the one above
+#include <dispex.h>
 #include <ole2.h>
 #include <oleauto.h>
 // clang-format on

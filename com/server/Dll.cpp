@@ -34,9 +34,7 @@ STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, LPVOID* out) {
     *out = nullptr;
     if (classId != __uuidof(::Library)) return CLASS_E_CLASSNOTAVAILABLE;
     return guarded(
-        [&]() -> HRESULT {
-            return adopt<IClassFactory>(new ClassFactory)->QueryInterface(iid, out);
-        },
+        [&]() -> HRESULT { return adopt<IClassFactory>(new ClassFactory)->QueryInterface(iid, out); },
         nullptr);
 }
 

@@ -55,8 +55,7 @@ std::shared_ptr<FrontEnd> FrontEnd::shared() {
 }
 
 FrontEnd::FrontEnd()
-    : desktop_([](std::string_view id) { return createComponent(id); }, {}),
-      look_(createLook()) {}
+    : desktop_([](std::string_view id) { return createComponent(id); }, {}), look_(createLook()) {}
 
 FrontEnd::~FrontEnd() {
     if (thread_) {

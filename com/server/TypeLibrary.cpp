@@ -43,8 +43,11 @@ HRESULT registerTypeLibrary() noexcept {
 }
 
 HRESULT unregisterTypeLibrary() noexcept {
-    const HRESULT result = UnRegisterTypeLib(LIBID_tslnmaint5, majorVersion, minorVersion, 0, thisSystem);
-    return result == TYPE_E_REGISTRYACCESS || result == TYPE_E_LIBNOTREGISTERED ? S_OK : result;
+    // What is told of a library that is not registered differs from system to system.
+    BSTR path = nullptr;
+    if (FAILED(QueryPathOfRegTypeLib(LIBID_tslnmaint5, majorVersion, minorVersion, 0, &path))) return S_OK;
+    SysFreeString(path);
+    return UnRegisterTypeLib(LIBID_tslnmaint5, majorVersion, minorVersion, 0, thisSystem);
 }
 
 }  // namespace tsln::com

@@ -174,13 +174,13 @@ TEST(InitialSyncComplete, EveryStepCounts) {
 TEST(RunPackageProcessor, BuildsTheCommandLine) {
     const TempFolder temp("tessaline-package-");
     const std::string folder = temp.path();
-    std::ofstream(folder + "/tsln5pkg.exe") << "#";
+    const std::string program = temp.file("tsln5pkg.exe");
+    std::ofstream(program) << "#";
     Stage stage;
     stage.desktop.folder = folder;
     stage.library->RunPackageProcessor("TSLN50_Terms", true);
     stage.library->RunPackageProcessor("", true);
     stage.library->RunPackageProcessor("A;B", false);
-    const std::string program = folder + "/tsln5pkg.exe";
     EXPECT_THAT(stage.desktop.commandLines,
                 ElementsAre(program + " /Keys:TSLN50_Terms /PSD:\"/psd/company.psd\"",
                             program + " /EnterKeys /PSD:\"/psd/company.psd\""));

@@ -25,7 +25,7 @@ class TempFolder {
     TempFolder& operator=(const TempFolder&) = delete;
 
     const std::string& path() const noexcept { return path_; }
-    std::string file(const std::string& name) const { return path_ + "/" + name; }
+    std::string file(const std::string& name) const { return (std::filesystem::path(path_) / name).string(); }
 
   private:
     std::string path_;

@@ -63,6 +63,20 @@ std::vector<HWND> childrenOf(HWND window) {
     return children;
 }
 
+/// Posts a message, since what it opens may be modal, and waits until the window has gone or is disabled. A
+/// screen that is at work takes no click and does not close; a user would try again.
+void postUntilEffect(HWND window, HWND to, UINT message, WPARAM parameter, const std::string& what) {
+    const auto hasEffect = [window] { return !IsWindowVisible(window) || !IsWindowEnabled(window); };
+    waitFor<bool>(
+        [&] {
+            PostMessageW(to, message, parameter, 0);
+            for (int i = 0; i < 25 && !hasEffect(); ++i)
+                Sleep(pause);
+            return hasEffect();
+        },
+        "The effect of " + what);
+}
+
 }  // namespace
 
 HWND WindowDriver::window(const std::string& caption) {
@@ -97,17 +111,7 @@ void WindowDriver::press(const std::string& caption, const std::string& button) 
     const HWND at = child(
         caption, [&](HWND w) { return isClass(w, L"Button") && captionOf(w) == button; },
         "Button '" + button + "'");
-    const HWND top = GetAncestor(at, GA_ROOT);
-    const auto hasEffect = [top] { return !IsWindowVisible(top) || !IsWindowEnabled(top); };
-    // A screen that is at work does not take a click; a user would click again.
-    waitFor<bool>(
-        [&] {
-            PostMessageW(at, BM_CLICK, 0, 0);  // what it opens may be modal
-            for (int i = 0; i < 25 && !hasEffect(); ++i)
-                Sleep(pause);
-            return hasEffect();
-        },
-        "The effect of '" + button + "'");
+    postUntilEffect(GetAncestor(at, GA_ROOT), at, BM_CLICK, 0, "'" + button + "'");
 }
 
 HWND WindowDriver::field(const std::string& caption, std::size_t number) {
@@ -143,7 +147,8 @@ std::string WindowDriver::read(const std::string& window, std::size_t number) {
 }
 
 void WindowDriver::close(const std::string& caption) {
-    PostMessageW(window(caption), WM_SYSCOMMAND, SC_CLOSE, 0);
+    const HWND at = window(caption);
+    postUntilEffect(at, at, WM_SYSCOMMAND, SC_CLOSE, "closing '" + caption + "'");
 }
 
 void WindowDriver::waitForRows(const std::string& window, int count) {

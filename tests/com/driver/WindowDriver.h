@@ -29,7 +29,7 @@ class WindowDriver {
     /// Replaces the text of the window's entry field of that number, from 0 in the order of the keyboard.
     void fill(const std::string& window, std::size_t field, const std::string& text);
     std::string read(const std::string& window, std::size_t field);
-    /// Clicks the close box.
+    /// Clicks the close box of a window that closes then, or asks by another one.
     void close(const std::string& window);
     /// Waits until the window's list has that many rows.
     void waitForRows(const std::string& window, int count);

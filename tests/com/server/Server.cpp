@@ -17,8 +17,10 @@ void closeEverything() {
             [](HWND window, LPARAM) -> BOOL {
                 DWORD process = 0;
                 GetWindowThreadProcessId(window, &process);
-                if (process == GetCurrentProcessId() && IsWindowVisible(window) && IsWindowEnabled(window))
+                if (process == GetCurrentProcessId() && IsWindowVisible(window) && IsWindowEnabled(window)) {
                     PostMessageW(window, WM_CLOSE, 0, 0);
+                    PostMessageW(window, WM_COMMAND, IDNO, 0);  // a question has no close box
+                }
                 return TRUE;
             },
             0);

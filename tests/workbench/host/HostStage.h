@@ -13,6 +13,7 @@
 #include "bridge/Library.h"
 #include "lists/Lists.h"
 #include "tests/support/ScriptedDesktop.h"
+#include "tests/support/TempFolder.h"
 #include "workbench/host/CompanySession.h"
 
 namespace tsln::workbench {
@@ -38,38 +39,19 @@ class RecordingUi : public HostUi {
     }
 };
 
-/// A folder of its own that goes with the test.
-class TestFolder {
+/// A folder of its own that goes with the test, and its files.
+class TestFolder : public test::TempFolder {
   public:
-    explicit TestFolder(const std::string& suffix = "") {
-        const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-        path_ = std::filesystem::path(testing::TempDir()) /
-                ("host " + std::string(test->test_suite_name()) + "." + test->name() + suffix);
-        std::filesystem::remove_all(path_);
-        std::filesystem::create_directories(path_);
-    }
-    ~TestFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path_, ignored);
-    }
-    TestFolder(const TestFolder&) = delete;
-    TestFolder& operator=(const TestFolder&) = delete;
-
-    std::string file(const std::string& name) const { return (path_ / name).string(); }
     std::string write(const std::string& name, const std::string& text) const {
         std::ofstream(file(name), std::ios::binary) << text;
         return file(name);
     }
     std::vector<std::string> names() const {
         std::vector<std::string> result;
-        for (const auto& entry : std::filesystem::directory_iterator(path_)) {
+        for (const auto& entry : std::filesystem::directory_iterator(path()))
             result.push_back(entry.path().filename().string());
-        }
         return result;
     }
-
-  private:
-    std::filesystem::path path_;
 };
 
 inline std::string textOfFile(const std::string& path) {

@@ -1,3 +1,5 @@
+#include <regex>
+
 #include <gmock/gmock.h>
 
 #include "screens/Controls.h"
@@ -11,7 +13,6 @@ namespace tsln::workbench {
 namespace {
 
 using testing::HasSubstr;
-using testing::MatchesRegex;
 
 /// Calls "Part.Member" or "Member"; a failure reads "!" and its text.
 std::string asked(const HostStage& stage, std::string_view path, std::vector<Variant> values) {
@@ -123,8 +124,8 @@ TEST(Members, AnswerFromTheCompany) {
                     "!Object doesn't support this property or method: ShowSelectBySearch"},
                });
     EXPECT_THAT(asked(stage, "Database.LastSQLErrorDescription", {}), HasSubstr("NoSuchTable"));
-    EXPECT_THAT(asked(stage, "Common.CreateGUID", {}),
-                MatchesRegex("[0-9A-F]{8}-[0-9A-F]{4}-4[0-9A-F]{3}-.*"));
+    EXPECT_TRUE(std::regex_match(asked(stage, "Common.CreateGUID", {}),
+                                 std::regex("[0-9A-F]{8}-[0-9A-F]{4}-4[0-9A-F]{3}-[89AB].*")));
     EXPECT_NE(asked(stage, "Common.CreateGUID", {}), asked(stage, "Common.CreateGUID", {}));
     EXPECT_EQ(stage.value("SELECT TagLine1 FROM Company"), "new");
     EXPECT_TRUE(std::filesystem::is_directory(stage.folder.file("Reports")));

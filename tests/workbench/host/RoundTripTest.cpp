@@ -12,7 +12,7 @@ using testing::HasSubstr;
 
 /// A company with rows in every list, alike ones where a list may have them.
 const std::string& filledCompany() {
-    static const TestFolder folder(" filled");
+    static const TestFolder folder;
     static const std::string path = [] {
         Company company(folder.file("filled.company"));
         for (const char* sql : {
