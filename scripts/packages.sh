@@ -1,10 +1,14 @@
-# The Debian packages that the project needs, and how they get onto the machine. Sourced by run and test.
+# The Debian packages that the project needs, how they get onto the machine, and how a preset is built. Sourced by the
+# other scripts.
 
 build_packages=(g++ cmake ninja-build ccache pkg-config libwxgtk3.2-dev libgtk-3-dev libpugixml-dev libsqlite3-dev
     libsqlitecpp-dev libcli11-dev libssl-dev)
 test_packages=(libgtest-dev libgmock-dev)
 # A display of its own where there is none: the server, a window manager, and what makes windows look complete.
 display_packages=(xvfb metacity adwaita-icon-theme fonts-inter)
+# The cross-build for Windows: the interface compiler, the interfaces it reads, and what makes the library's sources.
+windows_packages=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools libwine-dev libwine ccache cmake
+    ninja-build make dpkg-dev tcl pkg-config)
 
 # need PACKAGE...: installs those that are missing, and says so.
 need() {
@@ -21,16 +25,25 @@ need() {
         >/dev/null
 }
 
-# build PRESET: configures when needed and builds; quiet unless it fails.
+# build PRESET [CONFIGURE OPTION...]: configures when needed and builds; quiet unless it fails.
 build() {
     local log
     log=$(mktemp)
-    if ! { cmake --preset "$1" -DCMAKE_CXX_COMPILER_LAUNCHER=ccache && cmake --build --preset "$1"; } >"$log" 2>&1; then
+    if ! { cmake --preset "$@" -DCMAKE_CXX_COMPILER_LAUNCHER=ccache && cmake --build --preset "$1"; } >"$log" 2>&1; then
         tail -n 60 "$log" >&2
         echo "The build failed; the whole of its output is in $log" >&2
         return 1
     fi
     rm -f "$log"
+}
+
+# build_for_windows 64|32: the preset of these bits, with the libraries cross-built for it.
+build_for_windows() {
+    local libraries
+    need "${windows_packages[@]}"
+    libraries=$(scripts/windows-libraries "$1")
+    # wxWidgets is the last of them, and is found by its own program.
+    build "windows-$1" "-DCMAKE_PREFIX_PATH=$libraries" -DwxWidgets_CONFIG_EXECUTABLE="${libraries##*;}/bin/wx-config"
 }
 
 # The Debian archive that this machine installs from.

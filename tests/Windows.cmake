@@ -8,6 +8,8 @@ else()
 endif()
 set(onWine ${CMAKE_SOURCE_DIR}/scripts/on-wine ${bits})
 
+# All tests share one Windows, with its registry and its display, and run in it one after the other.
+
 # tsln_windows_test(NAME FOLDER USES TARGET...): the tests of a folder as one program.
 function(tsln_windows_test name folder)
     cmake_parse_arguments(TEST "" "" "USES" ${ARGN})
@@ -18,7 +20,8 @@ function(tsln_windows_test name folder)
         target_link_libraries(test_${name} PRIVATE GTest::gmock_main)
     endif()
     add_test(NAME ${name} COMMAND ${onWine} $<TARGET_FILE:test_${name}>)
-    set_tests_properties(${name} PROPERTIES TIMEOUT 900 ENVIRONMENT TSLN_BUILD=${CMAKE_BINARY_DIR})
+    set_tests_properties(${name} PROPERTIES TIMEOUT 900 RESOURCE_LOCK windows
+                                              ENVIRONMENT TSLN_BUILD=${CMAKE_BINARY_DIR})
 endfunction()
 
 tsln_windows_test(automation automation USES tsln_automation)
@@ -37,8 +40,12 @@ tsln_windows_test(com_server com/server
     USES tsln_com_edge tsln_window_driver tsln_workbench_host tsln_test_support tsln_interface)
 add_dependencies(test_com_server tslnmaint5 tsln_interface_files)
 
-# The class is registered in the Windows that all tests share, so those that need it run one after the other.
-add_test(NAME com_script COMMAND ${CMAKE_SOURCE_DIR}/tests/com/run-script ${bits} $<TARGET_FILE:tslnmaint5>
-                                 ${CMAKE_CURRENT_SOURCE_DIR}/com/road.vbs $<TARGET_FILE:window_driver>)
-set_tests_properties(com_script PROPERTIES TIMEOUT 300 ENVIRONMENT TSLN_BUILD=${CMAKE_BINARY_DIR})
-set_tests_properties(com_script com_server com_edge PROPERTIES RESOURCE_LOCK windows)
+# The package as a user has it: unpacked, registered by its script, used from a script, unregistered.
+add_test(NAME package COMMAND ${CMAKE_CPACK_COMMAND} -B ${CMAKE_BINARY_DIR}/package
+                              --config ${CMAKE_BINARY_DIR}/CPackConfig.cmake)
+set_tests_properties(package PROPERTIES FIXTURES_SETUP package)
+add_test(NAME com_script COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/com/run-script ${bits}
+    ${CMAKE_BINARY_DIR}/package/${package}.zip ${CMAKE_CURRENT_SOURCE_DIR}/com/road.vbs
+    $<TARGET_FILE:window_driver>)
+set_tests_properties(com_script PROPERTIES TIMEOUT 300 FIXTURES_REQUIRED package RESOURCE_LOCK windows
+                                           ENVIRONMENT TSLN_BUILD=${CMAKE_BINARY_DIR})
