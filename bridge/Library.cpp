@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "automation/FilePath.h"
 #include "bridge/Host.h"
 #include "shared/modSharedStrings.h"
 
@@ -94,8 +95,7 @@ void Library::runPackageProcessor(const std::string& keys, bool wait) {
     const std::string program =
         modSharedStrings::appendPathSeparator(desktop_.applicationFolder()) + "tsln5pkg.exe";
     std::error_code ignored;
-    if (!std::filesystem::exists(std::filesystem::path(std::u8string(program.begin(), program.end())),
-                                 ignored)) {
+    if (!std::filesystem::exists(pathOf(program), ignored)) {
         desktop_.messageBox(nullptr, "The TSLN 5 Package Processor cannot be found.", MessageButtons::Ok,
                             MessageIcon::Exclamation);
         return;

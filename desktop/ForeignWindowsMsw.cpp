@@ -13,16 +13,15 @@ bool isForeign(HWND window) {
     return IsWindowVisible(window) && !wxFindWinFromHandle(window);
 }
 
+BOOL CALLBACK collectForeign(HWND window, LPARAM list) {
+    if (isForeign(window)) reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
+    return TRUE;
+}
+
 /// The foreign top-level windows of this thread, the foremost first.
 std::vector<HWND> foreignWindows() {
     std::vector<HWND> found;
-    EnumThreadWindows(
-        GetCurrentThreadId(),
-        [](HWND window, LPARAM list) -> BOOL {
-            if (isForeign(window)) reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&found));
+    EnumThreadWindows(GetCurrentThreadId(), collectForeign, reinterpret_cast<LPARAM>(&found));
     return found;
 }
 

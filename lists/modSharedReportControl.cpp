@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "automation/FilePath.h"
 #include "screens/Screen.h"
 
 namespace tsln::modSharedReportControl {
@@ -34,7 +35,7 @@ std::string asText(const ReportControl& items) {
 }
 
 bool writeFile(const std::string& path, const std::string& text) {
-    std::ofstream file(std::filesystem::path(std::u8string(path.begin(), path.end())), std::ios::binary);
+    std::ofstream file(pathOf(path), std::ios::binary);
     file.write(text.data(), static_cast<std::streamsize>(text.size()));
     file.close();
     return !file.fail();

@@ -4,6 +4,8 @@
 #include <random>
 #include <string>
 
+#include "automation/FilePath.h"
+
 namespace tsln::test {
 
 /// A folder of a test's own, gone with the test. Its name has a blank in it unless the test wants another.
@@ -14,18 +16,18 @@ class TempFolder {
         const std::filesystem::path base = std::filesystem::temp_directory_path();
         std::random_device random;
         do {
-            path_ = (base / (begin + std::to_string(random()))).string();
-        } while (!std::filesystem::create_directory(path_));
+            path_ = utf8Of(base / pathOf(begin + std::to_string(random())));
+        } while (!std::filesystem::create_directory(pathOf(path_)));
     }
     ~TempFolder() {
         std::error_code ignored;
-        std::filesystem::remove_all(path_, ignored);
+        std::filesystem::remove_all(pathOf(path_), ignored);
     }
     TempFolder(const TempFolder&) = delete;
     TempFolder& operator=(const TempFolder&) = delete;
 
     const std::string& path() const noexcept { return path_; }
-    std::string file(const std::string& name) const { return (std::filesystem::path(path_) / name).string(); }
+    std::string file(const std::string& name) const { return utf8Of(pathOf(path_) / pathOf(name)); }
 
   private:
     std::string path_;

@@ -2,6 +2,7 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "automation/FilePath.h"
 #include "bridge/Library.h"
 #include "desktop/WxDesktop.h"
 #include "lists/Lists.h"
@@ -21,7 +22,7 @@ std::string settingsFile() {
                                          "tessaline";
     std::error_code ignored;  // settings that cannot be kept cost no more than a window's place
     std::filesystem::create_directories(folder, ignored);
-    return (folder / "settings.ini").string();
+    return utf8Of(folder / "settings.ini");
 }
 
 }  // namespace

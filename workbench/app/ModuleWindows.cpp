@@ -25,7 +25,8 @@ class ComponentFactory : public com::ComObject<IClassFactory> {
         if (outer) return CLASS_E_NOAGGREGATION;
         return com::guarded(
             [&]() -> HRESULT {
-                return com::adopt(com::newDispatch(session_.createObject(programId_)))->QueryInterface(iid, out);
+                return com::adopt(com::newDispatch(session_.createObject(programId_)))
+                    ->QueryInterface(iid, out);
             },
             nullptr);
     }

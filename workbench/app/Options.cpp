@@ -5,6 +5,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include "automation/FilePath.h"
 #include "bridge/Operations.h"
 
 namespace tsln::workbench {
@@ -23,7 +24,7 @@ std::filesystem::path dataFolder() {
 }
 
 std::string demonstrationCompany() {
-    return (dataFolder() / "tessaline" / "Demonstration.company").string();
+    return utf8Of(dataFolder() / "tessaline" / "Demonstration.company");
 }
 
 /// What the operation on the command line lacks; empty when it can be called.
@@ -78,14 +79,14 @@ std::optional<Options> readCommandLine(int argc, const char* const* argv, int& e
     }
     std::error_code ignored;  // a folder that cannot be made shows when the company is
     if (!options.tour.empty() && options.company.empty()) {
-        options.tour = std::filesystem::absolute(options.tour).string();
-        std::filesystem::create_directories(options.tour, ignored);
+        options.tour = utf8Of(std::filesystem::absolute(pathOf(options.tour)));
+        std::filesystem::create_directories(pathOf(options.tour), ignored);
         options.company = options.tour + "/tour.company";
-        std::filesystem::remove(options.company, ignored);
+        std::filesystem::remove(pathOf(options.company), ignored);
     }
     if (options.company.empty()) {
         options.company = demonstrationCompany();
-        std::filesystem::create_directories(std::filesystem::path(options.company).parent_path(), ignored);
+        std::filesystem::create_directories(pathOf(options.company).parent_path(), ignored);
     }
     return options;
 }

@@ -5,6 +5,7 @@
 
 #include <wx/defs.h>
 
+#include "automation/FilePath.h"
 #include "workbench/app/VirtualUser.h"
 
 namespace tsln::workbench {
@@ -56,7 +57,7 @@ enum class MoreCommand { Import = 1, Export, Print, Save, MoveReferences, Instal
 Script termsTour(Company& company, std::string folder) {
     Album album(folder);
     const std::string exported = "terms.xml";  // relative: dialogs start in the working folder
-    std::filesystem::current_path(folder);
+    std::filesystem::current_path(pathOf(folder));
     std::filesystem::remove(exported);
 
     const auto chooseMore = [](MoreCommand command) -> Script::Wait {

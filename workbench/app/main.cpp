@@ -2,6 +2,7 @@
 
 #include "workbench/app/Console.h"
 #include "workbench/app/WorkbenchApp.h"
+#include "workbench/company/CommandLine.h"
 #include "workbench/host/SecurityObject.h"
 
 #ifdef __WXGTK__

@@ -6,6 +6,7 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <sqlite3.h>
 
+#include "automation/FilePath.h"
 #include "workbench/company/NewFile.h"
 #include "workbench/company/Schema.h"
 #include "workbench/company/SqlFunctions.h"
@@ -15,15 +16,6 @@ namespace tsln::workbench {
 namespace {
 
 namespace fs = std::filesystem;
-
-fs::path fromUtf8(const std::string& path) {
-    return std::u8string(path.begin(), path.end());
-}
-
-std::string toUtf8(const fs::path& path) {
-    const std::u8string text = path.u8string();
-    return {text.begin(), text.end()};
-}
 
 using Reason = CompanyFileError::Reason;
 
@@ -98,7 +90,7 @@ void checkIsCompany(SQLite::Database& database, const std::string& path) {
 
 void checkIsFile(const std::string& path) {
     std::error_code error;
-    fs::file_status status = fs::status(fromUtf8(path), error);
+    fs::file_status status = fs::status(pathOf(path), error);
     std::string file = "The company file " + quoted(path);
     if (status.type() == fs::file_type::not_found)
         throw CompanyFileError(Reason::CannotOpen, file + " does not exist.");
@@ -119,12 +111,13 @@ void checkIsFile(const std::string& path) {
 std::unique_ptr<SQLite::Database> openCompanyFile(const std::string& path, OpenMode access) {
     if (path.empty()) throw CompanyFileError(Reason::CannotOpen, "No company file was named.");
     std::error_code error;
-    if (access == OpenMode::Create && fs::symlink_status(fromUtf8(path), error).type() == fs::file_type::not_found)
+    if (access == OpenMode::Create &&
+        fs::symlink_status(pathOf(path), error).type() == fs::file_type::not_found)
         create(path);
     checkIsFile(path);
 
     // The path in full, so that no name means something else to SQLite (":memory:").
-    std::string file = toUtf8(fs::absolute(fromUtf8(path), error));
+    std::string file = utf8Of(fs::absolute(pathOf(path), error));
     int flags = access == OpenMode::ReadOnly ? SQLite::OPEN_READONLY : SQLite::OPEN_READWRITE;
     try {
         auto database = std::make_unique<SQLite::Database>(error ? path : file, flags, busyMilliseconds);

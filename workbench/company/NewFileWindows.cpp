@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include "automation/FilePath.h"
 #include "workbench/company/NewFile.h"
 
 namespace tsln::workbench {
@@ -81,7 +82,7 @@ class TemporaryFile {
 }  // namespace
 
 std::string writeNewFile(const std::string& path, const unsigned char* bytes, std::size_t size) {
-    const std::wstring wide = std::filesystem::path(std::u8string(path.begin(), path.end())).wstring();
+    const std::wstring wide = pathOf(path).wstring();
     TemporaryFile file(wide + L".new-" + std::to_wstring(GetCurrentProcessId()));
     const bool written = file.isOpen() && file.write(bytes, size) && file.moveTo(wide);
     return written ? std::string() : sentence(GetLastError());

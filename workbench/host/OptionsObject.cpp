@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "automation/FilePath.h"
 #include "workbench/host/TextOf.h"
 
 namespace tsln::workbench {
@@ -49,10 +50,10 @@ Variant OptionsObject::UserFileLocation(Arguments a) {
     for (const Location& location : locations) {
         if (!sameName(location.name, kind)) continue;
         std::error_code ignored;
-        fs::path folder = fs::absolute(fs::path(context().company.path()), ignored).parent_path();
+        fs::path folder = fs::absolute(pathOf(context().company.path()), ignored).parent_path();
         if (*location.folder) folder /= location.folder;
         fs::create_directories(folder, ignored);
-        return folder.string();
+        return utf8Of(folder);
     }
     throw HostError(code::badIndex, "Options", "There is no file location '" + kind + "'.");
 }

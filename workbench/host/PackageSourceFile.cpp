@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "automation/FilePath.h"
 #include "automation/HostError.h"
 #include "workbench/company/PackageSource.h"
 
@@ -11,16 +12,16 @@ std::string writePackageSourceFor(const Company& company) {
     namespace fs = std::filesystem;
     try {
         // In full: the processor may run in another folder.
-        const fs::path file = fs::absolute(company.path());
-        const PackageSource source{file.string()};
-        std::string beside = file.string() + ".psd";
+        const fs::path file = fs::absolute(pathOf(company.path()));
+        const PackageSource source{utf8Of(file)};
+        std::string beside = source.company + ".psd";
         try {
             writePackageSource(beside, source);
             return beside;
         } catch (const PackageSourceError&) {
             // A name of its own for each company, or two that are open would share the file.
             const std::string name = "tessaline-" + std::to_string(fs::hash_value(file)) + ".psd";
-            std::string elsewhere = (fs::temp_directory_path() / name).string();
+            std::string elsewhere = utf8Of(fs::temp_directory_path() / name);
             writePackageSource(elsewhere, source);
             return elsewhere;
         }

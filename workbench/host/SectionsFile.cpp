@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "automation/FilePath.h"
+
 namespace tsln::workbench {
 namespace {
 
@@ -16,10 +18,6 @@ namespace fs = std::filesystem;
 
 /// In bytes: enough for any root that is ours.
 constexpr std::size_t beginningSize = std::size_t{64} * 1024;
-
-fs::path toPath(const std::string& path) {
-    return fs::path(std::u8string(path.begin(), path.end()));
-}
 
 [[noreturn]] void refuse(const std::string& path, const std::string& why) {
     throw SectionsFileError("The file '" + path + "' " + why);
@@ -61,7 +59,7 @@ std::string randomSuffix() {
 
 void readSectionsFile(const std::string& path, pugi::xml_document& document) {
     std::error_code error;
-    const fs::path file = toPath(path);
+    const fs::path file = pathOf(path);
     const fs::file_status status = fs::status(file, error);
     if (status.type() == fs::file_type::not_found) refuse(path, "does not exist.");
     if (status.type() == fs::file_type::directory) refuse(path, "is a folder.");
@@ -90,7 +88,7 @@ void readSectionsFile(const std::string& path, pugi::xml_document& document) {
 }
 
 void writeSectionsFile(const std::string& path, const pugi::xml_document& document) {
-    const fs::path file = toPath(path);
+    const fs::path file = pathOf(path);
     fs::path temporary = file;
     temporary += randomSuffix();
     std::error_code error;

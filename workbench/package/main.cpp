@@ -18,6 +18,7 @@
 #include <thread>
 #include <vector>
 
+#include "workbench/company/CommandLine.h"
 #include "workbench/company/PackageSource.h"
 #include "workbench/company/TextOrder.h"
 #include "workbench/package/Packages.h"
@@ -66,10 +67,10 @@ std::chrono::milliseconds readDelay(const std::string& text) {
     return std::chrono::milliseconds(std::stoi(text));
 }
 
-Options readOptions(int count, char** arguments) {
+Options readOptions(const std::vector<std::string>& words) {
     Options options;
-    for (int i = 1; i < count; ++i) {
-        std::string_view argument = arguments[i];
+    for (std::size_t i = 1; i < words.size(); ++i) {
+        const std::string& argument = words[i];
         if (auto keys = valueOf(argument, "/Keys:")) {
             options.keys = *keys;
         } else if (auto psd = valueOf(argument, "/PSD:")) {
@@ -79,7 +80,7 @@ Options readOptions(int count, char** arguments) {
         } else if (compareText(argument, "/EnterKeys") == 0) {
             options.enterKeys = true;
         } else {
-            throw Failure{BadCommandLine, "The option '" + std::string(argument) + "' is not known."};
+            throw Failure{BadCommandLine, "The option '" + argument + "' is not known."};
         }
     }
     if (options.psd.empty()) throw Failure{BadCommandLine, "The option /PSD: is missing."};
@@ -115,8 +116,8 @@ Company openCompany(const std::string& path) try {
     throw Failure{NoCompany, error.what()};
 }
 
-void run(int count, char** arguments) {
-    Options options = readOptions(count, arguments);
+void run(const std::vector<std::string>& words) {
+    Options options = readOptions(words);
     std::vector<std::string> keys = splitKeys(options.enterKeys ? askForKeys() : options.keys);
     if (keys.empty()) throw Failure{NoKeys, "There are no package keys to install."};
 
@@ -150,7 +151,7 @@ void run(int count, char** arguments) {
 
 int main(int count, char** arguments) {
     try {
-        run(count, arguments);
+        run(commandLineWords(count, arguments));
         return Done;
     } catch (const Failure& failure) {
         std::cerr << failure.text << std::endl;

@@ -1,5 +1,6 @@
 #include "tests/com/driver/WindowDriver.h"
 
+#include <algorithm>
 #include <commctrl.h>
 
 #include "com/edge/Wide.h"
@@ -35,31 +36,20 @@ bool isClass(HWND window, const wchar_t* name) {
     return lstrcmpiW(text, name) == 0;
 }
 
+BOOL CALLBACK collectVisible(HWND window, LPARAM list) {
+    if (IsWindowVisible(window)) reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
+    return TRUE;
+}
+
 HWND findTop(const std::function<bool(HWND)>& isMeant) {
-    struct Search {
-        const std::function<bool(HWND)>& isMeant;
-        HWND found = nullptr;
-    } search{isMeant};
-    EnumWindows(
-        [](HWND window, LPARAM parameter) -> BOOL {
-            auto& wanted = *reinterpret_cast<Search*>(parameter);
-            if (!IsWindowVisible(window) || !wanted.isMeant(window)) return TRUE;
-            wanted.found = window;
-            return FALSE;
-        },
-        reinterpret_cast<LPARAM>(&search));
-    return search.found;
+    const std::vector<HWND> windows = topWindows();
+    const auto found = std::ranges::find_if(windows, isMeant);
+    return found == windows.end() ? nullptr : *found;
 }
 
 std::vector<HWND> childrenOf(HWND window) {
     std::vector<HWND> children;
-    EnumChildWindows(
-        window,
-        [](HWND child, LPARAM list) -> BOOL {
-            if (IsWindowVisible(child)) reinterpret_cast<std::vector<HWND>*>(list)->push_back(child);
-            return TRUE;
-        },
-        reinterpret_cast<LPARAM>(&children));
+    EnumChildWindows(window, collectVisible, reinterpret_cast<LPARAM>(&children));
     return children;
 }
 
@@ -78,6 +68,22 @@ void postUntilEffect(HWND window, HWND to, UINT message, WPARAM parameter, const
 }
 
 }  // namespace
+
+std::vector<HWND> topWindows() {
+    std::vector<HWND> windows;
+    EnumWindows(collectVisible, reinterpret_cast<LPARAM>(&windows));
+    return windows;
+}
+
+std::vector<HWND> ownInputWindows() {
+    std::vector<HWND> windows = topWindows();
+    std::erase_if(windows, [](HWND window) {
+        DWORD process = 0;
+        GetWindowThreadProcessId(window, &process);
+        return process != GetCurrentProcessId() || !IsWindowEnabled(window);
+    });
+    return windows;
+}
 
 HWND WindowDriver::window(const std::string& caption) {
     return waitFor<HWND>(
@@ -160,11 +166,10 @@ void WindowDriver::waitForRows(const std::string& window, int count) {
 
 std::vector<std::string> WindowDriver::captions() {
     std::vector<std::string> all;
-    findTop([&](HWND w) {
-        const std::string caption = captionOf(w);
-        if (!caption.empty()) all.push_back(caption + (IsWindowEnabled(w) ? "" : " (disabled)"));
-        return false;
-    });
+    for (const HWND window : topWindows()) {
+        const std::string caption = captionOf(window);
+        if (!caption.empty()) all.push_back(caption + (IsWindowEnabled(window) ? "" : " (disabled)"));
+    }
     return all;
 }
 

@@ -15,6 +15,11 @@ class DriverError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+/// The visible top-level windows of all programs, the foremost first.
+std::vector<HWND> topWindows();
+/// Those of this program that take input.
+std::vector<HWND> ownInputWindows();
+
 /// A user at the windows of any program: finds them by their captions and acts on them by the system's own
 /// messages. Works from another thread or process than the windows'. Texts are UTF-8; the "&" of captions
 /// counts. Everything waits until it is possible, and throws DriverError when that takes too long.

@@ -52,7 +52,7 @@ class RoadTest : public ::testing::Test {
             .toText();
     }
 
-    TempFolder folder;
+    TempFolder folder{"Größe "};  // as people call their folders
     SilentUi ui;
     CompanySession session{folder.file("Road.company"), "admin", ui};
     ComPtr<ILibrary> library = newLibrary();
@@ -105,6 +105,21 @@ TEST_F(RoadTest, TermsAreListedAddedEditedAndDeleted) {
         ASSERT_EQ(S_OK, callByName(library.Get(), "ShowTerms", {}, result.get()));
         EXPECT_EQ(VARIANT_FALSE, V_BOOL(result.get()));
     }
+    EXPECT_TRUE(ui.told.empty());
+}
+
+TEST_F(RoadTest, DefaultsComeFromTheProgramBesideTheHost) {
+    session.company().execute("DELETE FROM Terms");
+    const User user([&](WindowDriver& at) {
+        at.press("Tessaline", "&Yes");
+        at.window("Terms");  // has waited for the other program
+        while (session.company().scalar("SELECT COUNT(*) FROM Terms").toLong() < 3)
+            Sleep(50);
+        at.waitForRows("Terms", session.company().scalar("SELECT COUNT(*) FROM Terms").toLong());
+        at.press("Terms", "&Close");
+    });
+    VARIANT_BOOL closed;
+    ASSERT_EQ(S_OK, library->ShowTerms(&closed));
     EXPECT_TRUE(ui.told.empty());
 }
 
@@ -280,17 +295,7 @@ class Stubborn {
 
     void run() {
         while (!done_) {
-            EnumWindows(
-                [](HWND window, LPARAM self) -> BOOL {
-                    DWORD process = 0;
-                    GetWindowThreadProcessId(window, &process);
-                    if (process != GetCurrentProcessId() || !IsWindowVisible(window) ||
-                        !IsWindowEnabled(window))
-                        return TRUE;
-                    reinterpret_cast<Stubborn*>(self)->act(window);
-                    return FALSE;
-                },
-                reinterpret_cast<LPARAM>(this));
+            if (const std::vector<HWND> windows = ownInputWindows(); !windows.empty()) act(windows.front());
             Sleep(15);
         }
     }

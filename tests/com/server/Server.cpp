@@ -13,17 +13,10 @@ namespace {
 /// ever.
 void closeEverything() {
     for (int i = 0; i < 100; ++i) {
-        EnumWindows(
-            [](HWND window, LPARAM) -> BOOL {
-                DWORD process = 0;
-                GetWindowThreadProcessId(window, &process);
-                if (process == GetCurrentProcessId() && IsWindowVisible(window) && IsWindowEnabled(window)) {
-                    PostMessageW(window, WM_CLOSE, 0, 0);
-                    PostMessageW(window, WM_COMMAND, IDNO, 0);  // a question has no close box
-                }
-                return TRUE;
-            },
-            0);
+        for (const HWND window : ownInputWindows()) {
+            PostMessageW(window, WM_CLOSE, 0, 0);
+            PostMessageW(window, WM_COMMAND, IDNO, 0);  // a question has no close box
+        }
         Sleep(50);
     }
 }
