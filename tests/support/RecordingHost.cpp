@@ -25,6 +25,7 @@ class Rows : public Object {
   public:
     explicit Rows(const std::string& xml) : rows_(modSharedXML::Records::parse(xml)), at_(rows_.begin()) {}
     Variant invoke(std::string_view member, Access, Arguments) override {
+        if (sameName(member, "State")) return 1;
         if (sameName(member, "EOF")) return at_ == rows_.end();
         if (sameName(member, "MoveNext")) return ++at_, Variant();
         if (sameName(member, "Close")) return {};
