@@ -4,6 +4,8 @@
 
 #include <wx/button.h>
 #include <wx/gbsizer.h>
+#include <wx/notebook.h>
+#include <wx/panel.h>
 #include <wx/sizer.h>
 #include <wx/statbox.h>
 #include <wx/stattext.h>
@@ -13,6 +15,7 @@
 #include "desktop/ScreenDialog.h"
 #include "desktop/Text.h"
 #include "screens/Controls.h"
+#include "screens/TabControl.h"
 
 namespace tsln::desktop {
 namespace {
@@ -57,6 +60,8 @@ LayoutBuilder::Part LayoutBuilder::make(const Layout& layout, wxWindow* parent) 
         case Layout::Kind::Column:
         case Layout::Kind::Form:
             return makeBox(layout, parent);
+        case Layout::Kind::Tabs:
+            return makeTabs(layout, parent);
         case Layout::Kind::Spring:
             return {};
     }
@@ -107,6 +112,29 @@ LayoutBuilder::Part LayoutBuilder::makeBox(const Layout& layout, wxWindow* paren
         part.window = inside;
     }
     return part;
+}
+
+/// A page for each layout, with a margin of its own.
+LayoutBuilder::Part LayoutBuilder::makeTabs(const Layout& layout, wxWindow* parent) {
+    auto& tabs = dynamic_cast<TabControl&>(*layout.control);
+    ControlView* view = dialog_.addView(makeView(dialog_, parent, tabs));
+    auto& book = static_cast<wxNotebook&>(view->window());
+    for (std::size_t i = 0; i < layout.children.size() && i < tabs.captions().size(); ++i) {
+        auto* page = new wxPanel(&book);
+        const Part content = make(layout.children[i], page);
+        auto* margin = new wxBoxSizer(wxVERTICAL);
+        const wxSizerFlags flags = wxSizerFlags(1).Expand().Border(wxALL, dialog_.FromDIP(dialogMargin));
+        if (content.sizer) {
+            margin->Add(content.sizer, flags);
+        } else if (content.window) {
+            margin->Add(content.window, flags);
+        }
+        page->SetSizer(margin);
+        page->SetSize(margin->GetMinSize());  // windows of no size at all upset the toolkit
+        page->Layout();
+        book.AddPage(page, toWx(tabs.captions()[i]));
+    }
+    return {.window = &book, .view = view, .isGroup = true, .growsWide = true, .growsHigh = true};
 }
 
 LayoutBuilder::Part LayoutBuilder::fillBox(const Layout& layout, wxWindow* parent, wxSizer* sizer) {
@@ -167,14 +195,25 @@ wxWindow* LayoutBuilder::makeLabel(const Layout& field, wxWindow* parent) {
     return new wxStaticText(parent, wxID_ANY, toWx(field.caption));
 }
 
+/// What stands behind the label: a control, or several of which the first takes the label.
+LayoutBuilder::Part LayoutBuilder::fieldContent(const Layout& field, wxWindow* parent) {
+    if (field.control) return makeControl(*field.control, parent, toWx(field.caption));
+    lastLabel_ = toWx(field.caption);
+    const Part part = field.children.empty() ? Part() : make(field.children.front(), parent);
+    lastLabel_.clear();
+    return part;
+}
+
 LayoutBuilder::Part LayoutBuilder::makeField(const Layout& layout, wxWindow* parent) {
     auto* row = new wxBoxSizer(wxHORIZONTAL);
     wxWindow* label = makeLabel(layout, parent);
     row->Add(label, wxSizerFlags().CentreVertical());
     row->AddSpacer(2 * gap_);
-    Part part = makeControl(*layout.control, parent, toWx(layout.caption));
+    Part part = fieldContent(layout, parent);
     if (part.view) part.view->setLabel(label);
-    if (part.window) row->Add(part.window, wxSizerFlags(part.growsWide ? 1 : 0).CentreVertical());
+    const auto flags = wxSizerFlags(part.growsWide ? 1 : 0).CentreVertical();
+    if (part.window) row->Add(part.window, flags);
+    if (part.sizer) row->Add(part.sizer, flags);
     part.window = nullptr;
     part.sizer = row;
     part.isGroup = part.isGroup || part.growsWide;
@@ -188,16 +227,20 @@ LayoutBuilder::Part LayoutBuilder::makeForm(const Layout& layout, wxWindow* pare
     for (const Layout& child : layout.children) {
         if (child.kind == Layout::Kind::Field) {
             wxWindow* label = makeLabel(child, parent);
-            const Part part = makeControl(*child.control, parent, toWx(child.caption));
-            if (!part.view) {
+            const Part part = fieldContent(child, parent);
+            if (!part.window && !part.sizer) {
                 label->Destroy();
                 continue;
             }
-            part.view->setLabel(label);
+            if (part.view) part.view->setLabel(label);
             const int labelSide = part.growsHigh ? wxALIGN_TOP | wxTOP : wxALIGN_CENTRE_VERTICAL;
             grid->Add(label, {row, 0}, {1, 1}, labelSide, dialog_.FromDIP(4));
             const int fill = part.growsHigh || part.growsWide ? int(wxEXPAND) : int(wxALIGN_CENTRE_VERTICAL);
-            grid->Add(part.window, {row, 1}, {1, 1}, fill);
+            if (part.sizer) {
+                grid->Add(part.sizer, {row, 1}, {1, 1}, fill);
+            } else {
+                grid->Add(part.window, {row, 1}, {1, 1}, fill);
+            }
             whole.growsHigh = whole.growsHigh || part.growsHigh;
         } else {
             const Part part = make(child, parent);

@@ -38,6 +38,8 @@ class LayoutBuilder {
     Part makeControl(Control& control, wxWindow* parent, const wxString& label);
     Part makeBox(const Layout& layout, wxWindow* parent);
     Part makeForm(const Layout& layout, wxWindow* parent);
+    Part makeTabs(const Layout& layout, wxWindow* parent);
+    Part fieldContent(const Layout& field, wxWindow* parent);
     Part makeField(const Layout& layout, wxWindow* parent);
     Part fillBox(const Layout& layout, wxWindow* parent, wxSizer* sizer);
     wxWindow* makeLabel(const Layout& field, wxWindow* parent);

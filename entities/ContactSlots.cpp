@@ -30,9 +30,9 @@ constexpr ContactSlotNames phoneSlots[] = {
 };
 constexpr ContactSlotNames emailSlots[] = {
     {"Email1Label", "Email1", "cboEmail1Label", "txtEmail1", "<e1l>", "<e1>", "DefaultEmail1Label", "Home",
-     "E-mail 1 (&5):", "E-mail address 1"},
+     "&E-mail 1:", "E-mail address 1"},
     {"Email2Label", "Email2", "cboEmail2Label", "txtEmail2", "<e2l>", "<e2>", "DefaultEmail2Label", "Work",
-     "E-mail 2 (&6):", "E-mail address 2"},
+     "E-&mail 2:", "E-mail address 2"},
 };
 
 /// The default labels are those of customers, whatever the record.

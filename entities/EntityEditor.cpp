@@ -34,7 +34,9 @@ EntityEditor::EntityEditor(Library& library, std::string name) : HostScreen(libr
 
 Layout EntityEditor::layout() {
     using namespace tsln::layout;
-    return column({stretch(content()), row({spring(), item(cmdOK), item(cmdCancel)})});
+    std::vector<Layout> bottom = besideButtons();
+    bottom.insert(bottom.end(), {spring(), item(cmdOK), item(cmdCancel)});
+    return column({stretch(content()), row(std::move(bottom))});
 }
 
 bool EntityEditor::open(std::int32_t record) {

@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "bridge/HostScreen.h"
 #include "entities/SaveWithHistory.h"
@@ -37,6 +38,8 @@ class EntityEditor : public HostScreen {
     bool Form_QueryUnload(bool byCloseBox) override { return !(byCloseBox && saving_); }
 
     virtual Layout content() = 0;
+    /// What stands to the left of the buttons.
+    virtual std::vector<Layout> besideButtons() { return {}; }
     virtual const Entity& entity() const = 0;
     virtual void loadLists() = 0;
     virtual void showDefaults() = 0;

@@ -92,20 +92,20 @@ Layout VendorEditor::content() {
     for (Layout& slot : contacts.fields())
         general.push_back(std::move(slot));
     general.push_back(field("", {item(chkActive), item(chkExported)}));
-    return column({
-        row({item(imgLocked), fill(lblLocked)}),
-        stretch(
-            tabs(TabControl1,
-                 {column({form(std::move(general)), spring()}),
-                  row({stretch(framed(grpBillTo, column({fill(billTo.box)}))),
-                       stretch(framed(grpShipTo, column({fill(shipTo.box), item(lblCopyBilling)})))}),
-                  column({form({field("&Terms:", cboTerms), field("&Margin (%):", margin.box),
-                                field("Margin A&D (%):", marginAD.box), field("", {item(chkSplitPOs)}),
-                                field("", {item(chkElectronic)}), field("Electronic &order ID:", txtOOPID),
-                                field("Un&ique ID:", txtUniqueID)}),
-                          spring()}),
-                  column({fill(txtNotes)})})),
-    });
+    return tabs(TabControl1,
+                {column({form(std::move(general)), spring()}),
+                 row({stretch(framed(grpBillTo, column({fill(billTo.box)}))),
+                      stretch(framed(grpShipTo, column({fill(shipTo.box), item(lblCopyBilling)})))}),
+                 column({form({field("&Terms:", cboTerms), field("&Margin (%):", margin.box),
+                               field("Margin A&D (%):", marginAD.box), field("", {item(chkSplitPOs)}),
+                               field("", {item(chkElectronic)}), field("Electronic &order ID:", txtOOPID),
+                               field("Un&ique ID:", txtUniqueID)}),
+                         spring()}),
+                 column({fill(txtNotes)})});
+}
+
+std::vector<Layout> VendorEditor::besideButtons() {
+    return {layout::item(imgLocked), layout::item(lblLocked)};
 }
 
 const Entity& VendorEditor::entity() const {

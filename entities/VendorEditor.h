@@ -18,9 +18,7 @@ class VendorEditor : public EntityEditor {
     explicit VendorEditor(Library& library);
 
     Picture imgLocked{*this, "imgLocked", Picture::Kind::Lock};
-    Label lblLocked{*this, "lblLocked",
-                    "This vendor is locked. Its name, web site, phones, e-mail addresses, addresses and "
-                    "ordering cannot be changed here."};
+    Label lblLocked{*this, "lblLocked", "This vendor is locked. Some of it cannot be changed."};
     TabControl TabControl1{*this, "TabControl1", {"General", "Addresses", "Purchasing", "Notes"}};
 
     TextBox txtName{*this, "txtName"};
@@ -57,6 +55,7 @@ class VendorEditor : public EntityEditor {
 
   protected:
     Layout content() override;
+    std::vector<Layout> besideButtons() override;
     const Entity& entity() const override;
     void loadLists() override;
     void showDefaults() override;
