@@ -69,6 +69,11 @@ void EntityEditor::keepsEnter(TextBox& box, std::function<void()> onLeave) {
     };
 }
 
+void EntityEditor::sendTo(TextBox& box) {
+    cmdOK.setRole(Button::Role::Default);  // a box of several lines may have had the focus
+    box.setFocus();
+}
+
 void EntityEditor::cmdOK_Click() {
     bool saved = false;
     {

@@ -54,6 +54,9 @@ class EntityEditor : public HostScreen {
     /// Enter starts a new line in this box and presses OK everywhere else. `onLeave` runs when it is left.
     void keepsEnter(TextBox& box, std::function<void()> onLeave = {});
 
+    /// Puts the user into a box of one line that is to be put right.
+    void sendTo(TextBox& box);
+
   private:
     void readRow();
     void cmdOK_Click();

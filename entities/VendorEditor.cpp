@@ -172,7 +172,7 @@ bool VendorEditor::validate() {
     if (name.empty()) {
         tell("You must enter a name for this vendor.", MessageIcon::Exclamation);
         TabControl1.select(0);
-        txtName.setFocus();
+        sendTo(txtName);
         return false;
     }
     // No more than a warning: two vendors may bear one name.

@@ -161,8 +161,9 @@ std::string describeChanges(const Document& comparison, std::string_view table,
                     table, column, modSharedXML::decodeFieldText(field.attribute(which).value()), sharedCode);
             };
             if (!text.empty()) text += "\r\n";
-            text +=
-                std::string(displayName(table, column)) + ": " + shown("Before") + " to " + shown("After");
+            text += std::string(displayName(table, column)) + ": ";
+            text += shown("Before") + " to ";
+            text += shown("After");
         }
         return text;
     });
