@@ -8,10 +8,12 @@
 namespace tsln::workbench {
 namespace {
 
-const RecordKind kinds[] = {
+constexpr std::string_view vendorColumns[] = {"Vendor", "Contact", "City", "Active", "Locked"};
+
+constexpr RecordKind kinds[] = {
     {.edit = Operation::ShowEditVendor,
      .caption = "Vendors",
-     .columns = {"Vendor", "Contact", "City", "Active", "Locked"},
+     .columns = vendorColumns,
      .list = "SELECT ID, VendorName, Contact, BillToCity, CASE WHEN Active <> 0 THEN 'Yes' ELSE 'No' END, "
              "CASE WHEN Locked <> 0 THEN 'Yes' ELSE '' END FROM Vendors ORDER BY VendorName, ID",
      .history = "SELECT REPLACE(ActivityDate, 'T', ' '), Activity FROM VendorActivity WHERE VendorID = {0} "

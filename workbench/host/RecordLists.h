@@ -14,10 +14,10 @@ namespace tsln::workbench {
 /// A kind of record that an operation of the library edits by its identifier.
 struct RecordKind {
     Operation edit;
-    std::string_view caption;               ///< "Vendors"
-    std::vector<std::string_view> columns;  ///< captions of the list's columns
-    std::string_view list;                  ///< query: the identifier, then a field a column
-    std::string_view history;               ///< query: date and text of the record {0}, the latest first
+    std::string_view caption;                   ///< "Vendors"
+    std::span<const std::string_view> columns;  ///< captions of the list's columns
+    std::string_view list;                      ///< query: the identifier, then a field a column
+    std::string_view history;                   ///< query: date and text of the record {0}, the latest first
 };
 
 /// The kind of record that the operation edits; null when it edits none, or none that is listed.
