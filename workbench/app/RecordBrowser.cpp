@@ -36,9 +36,8 @@ RecordBrowser::RecordBrowser(wxWindow* owner, CompanySession& session, ObjectPtr
         new wxListCtrl(splitter, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxLC_REPORT | wxLC_SINGLE_SEL);
     list_->SetName(GetTitle());
     list_->AppendColumn("ID", wxLIST_FORMAT_RIGHT, FromDIP(50));
-    for (std::size_t i = 0; i < kind.columns.size(); ++i)
-        list_->AppendColumn(toWx(std::string(kind.columns[i])), wxLIST_FORMAT_LEFT,
-                            FromDIP(i == 0 ? 210 : 110));
+    for (const std::string_view caption : kind.columns)
+        list_->AppendColumn(toWx(std::string(caption)));
     list_->Bind(wxEVT_LIST_ITEM_SELECTED, [this](wxListEvent&) { showHistory(); });
     list_->Bind(wxEVT_LIST_ITEM_ACTIVATED, [this](wxListEvent&) { edit(selected()); });
     history_ = new wxTextCtrl(splitter, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
@@ -70,6 +69,8 @@ RecordBrowser::RecordBrowser(wxWindow* owner, CompanySession& session, ObjectPtr
     SetSizerAndFit(all);
     CentreOnParent();
     fill(0);
+    for (int column = 0; column < list_->GetColumnCount(); ++column)
+        list_->SetColumnWidth(column, wxLIST_AUTOSIZE_USEHEADER);
     list_->SetFocus();
 }
 
