@@ -323,6 +323,7 @@ bool ScreenDialog::pressKey(const wxKeyEvent& key) {
     noticeFocus();
     ControlView* focus = viewWithKeyboard();
     if (focus && focus->takesKey(key)) return true;
+    if (key.GetModifiers() == wxMOD_CONTROL && turnPage(key.GetKeyCode())) return true;
     if (key.GetModifiers() == wxMOD_ALT) return pressMnemonic(key);
     if (key.HasAnyModifiers()) return false;
     const int code = key.GetKeyCode();
@@ -340,6 +341,18 @@ bool ScreenDialog::pressKey(const wxKeyEvent& key) {
         default:
             return false;
     }
+}
+
+/// Ctrl+Page Down and Up turn the pages, also from a box that would scroll by them.
+bool ScreenDialog::turnPage(int keyCode) {
+    if (keyCode != WXK_PAGEDOWN && keyCode != WXK_PAGEUP) return false;
+    for (const ControlViewPtr& view : views_) {
+        auto* book = dynamic_cast<wxBookCtrlBase*>(&view->window());
+        if (!book || !view->control().enabled() || !view->control().visible()) continue;
+        book->AdvanceSelection(keyCode == WXK_PAGEDOWN);
+        return true;
+    }
+    return false;
 }
 
 /// Presses the first button that is meant; false when the screen has none.

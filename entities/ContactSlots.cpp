@@ -107,8 +107,8 @@ void ContactSlots::setEnabled(bool enabled) {
 std::vector<Layout> ContactSlots::fields() {
     std::vector<Layout> fields;
     for (Slot& slot : slots_) {
-        fields.push_back(layout::field(std::string(slot.names.caption),
-                                       {layout::item(slot.label), layout::fill(slot.box)}));
+        fields.push_back(layout::row(
+            {layout::field(std::string(slot.names.caption), slot.label), layout::fill(slot.box)}));
     }
     return fields;
 }

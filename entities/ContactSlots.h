@@ -28,7 +28,7 @@ class ContactSlots {
     void trim();
     void addTags(StatementTags& tags) const;
     void setEnabled(bool enabled);
-    /// A field for each, to stand in a form.
+    /// A row for each, to stand in a form.
     std::vector<Layout> fields();
 
   private:

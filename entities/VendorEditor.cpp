@@ -91,14 +91,14 @@ Layout VendorEditor::content() {
                                 field("Account n&umber:", txtAccountNumber), field("&Web site:", txtWebSite)};
     for (Layout& slot : contacts.fields())
         general.push_back(std::move(slot));
-    general.push_back(field("", {item(chkActive), item(chkExported)}));
+    general.push_back(row({field("", chkActive), item(chkExported)}));
     return tabs(TabControl1,
                 {column({form(std::move(general)), spring()}),
                  row({stretch(framed(grpBillTo, column({fill(billTo.box)}))),
                       stretch(framed(grpShipTo, column({fill(shipTo.box), item(lblCopyBilling)})))}),
                  column({form({field("&Terms:", cboTerms), field("&Margin (%):", margin.box),
-                               field("Margin A&D (%):", marginAD.box), field("", {item(chkSplitPOs)}),
-                               field("", {item(chkElectronic)}), field("Electronic &order ID:", txtOOPID),
+                               field("Margin A&D (%):", marginAD.box), field("", chkSplitPOs),
+                               field("", chkElectronic), field("Electronic &order ID:", txtOOPID),
                                field("Un&ique ID:", txtUniqueID)}),
                          spring()}),
                  column({fill(txtNotes)})});

@@ -15,8 +15,7 @@ struct Layout {
     Control* control = nullptr;    ///< Item, Field: the control; Row, Column: the Frame around it, if any;
                                    ///< Tabs: the TabControl
     std::string caption;           ///< Field: the label before the control
-    std::vector<Layout> children;  ///< Row, Column, Form; Tabs: what stands on each page, in their order;
-                                   ///< Field: instead of a control, what stands behind the label
+    std::vector<Layout> children;  ///< Row, Column, Form; Tabs: what stands on each page, in their order
     bool stretches = false;        ///< takes what room is left in the direction of its parent
 };
 
@@ -45,11 +44,6 @@ inline Layout form(std::vector<Layout> fields) {
 /// A control with its label. The label's "&" marks the control's mnemonic.
 inline Layout field(std::string caption, Control& control) {
     return {.kind = Layout::Kind::Field, .control = &control, .caption = std::move(caption)};
-}
-/// Several controls with one label, which names the first of them.
-inline Layout field(std::string caption, std::vector<Layout> controls) {
-    return {
-        .kind = Layout::Kind::Field, .caption = std::move(caption), .children = {row(std::move(controls))}};
 }
 /// The pages of a tab control: a layout for each.
 inline Layout tabs(Control& tabControl, std::vector<Layout> pages) {

@@ -19,8 +19,7 @@ using testing::HasSubstr;
 class VendorWindow : public testing::Test {
   protected:
     VendorWindow() {
-        host->on("Common.LoadPhoneLabels",
-                 [](Arguments a) { return a[0].object().call("AddItem", "Home"); });
+        host->on("Common.LoadPhoneLabels", [](Arguments a) { return a[0].object().call("AddItem", "Home"); });
         library.Initialize(host->sharedCode());
         editor.open(0);
         editor.load();
@@ -56,6 +55,9 @@ TEST_F(VendorWindow, IsFilledInByKeysAndSaved) {
     user.type("a").key(WXK_RETURN).type("b").until("two lines", [&] {
         return editor.billTo.box.text() == "a\r\nb";
     });
+    user.key(WXK_PAGEDOWN, wxMOD_CONTROL).key(WXK_PAGEUP, wxMOD_CONTROL);  // also from within
+    user.until("back", [&] { return editor.TabControl1.selected() == 1; });
+    untilFocused(editor.billTo.box);
     user.key(WXK_TAB, wxMOD_CONTROL);
     untilFocused(editor.shipTo.box);
     user.key(WXK_TAB, wxMOD_CONTROL);
