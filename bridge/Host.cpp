@@ -13,6 +13,13 @@ ObjectPtr sharedCodeOf(Library& library) {
     throw HostError(code::objectNotSet, "Library", "The library has not been initialized.");
 }
 
+/// A text that goes on into the company: whatever else the host answers must not be taken for one.
+std::string textOf(const Variant& result, std::string_view member) {
+    if (result.isText()) return result.toText();
+    if (result.isEmpty() || result.isNull()) return {};
+    throw HostError(code::typeMismatch, std::string(member), std::string(member) + " answered with no text.");
+}
+
 }  // namespace
 
 ObjectPtr HostPart::fetch() const {
@@ -62,6 +69,22 @@ void Common::LoadPhoneLabels(ComboBox& combo) const {
     call("LoadPhoneLabels", combo.automation());
 }
 
+void Common::LoadEmailLabels(ComboBox& combo) const {
+    call("LoadEmailLabels", combo.automation());
+}
+
+void Common::LoadTerms(ComboBox& combo) const {
+    call("LoadTerms", combo.automation());
+}
+
+std::string Common::CreateGUID() const {
+    return textOf(call("CreateGUID"), "CreateGUID");
+}
+
+std::string Common::FormatAsGUID(std::string_view guid) const {
+    return textOf(call("FormatAsGUID", guid), "FormatAsGUID");
+}
+
 void Common::LoadComboFromQuery(ComboBox& combo, std::string_view sql, std::string_view shown,
                                 std::string_view stored, bool blankEntry) const {
     call("LoadComboFromQuery", combo.automation(), sql, shown, stored, blankEntry);
@@ -87,6 +110,22 @@ void Options::SetUserOption(std::string_view name, std::string_view section, con
 
 bool Security::CanDo(std::int32_t area, Right right) const {
     return call("CanDo", area, static_cast<std::int32_t>(right)).toBoolean();
+}
+
+void Activity::RecordCustomerActivity(std::int32_t ID, std::string_view text) const {
+    call("RecordCustomerActivity", ID, text);
+}
+
+void Activity::RecordVendorActivity(std::int32_t ID, std::string_view text) const {
+    call("RecordVendorActivity", ID, text);
+}
+
+void Activity::RecordEmployeeActivity(std::int32_t ID, std::string_view text) const {
+    call("RecordEmployeeActivity", ID, text);
+}
+
+void Messages::PostMessage(std::int32_t code, std::int32_t about) const {
+    call("PostMessage", code, about);
 }
 
 ObjectPtr Host::sharedCode() const {
@@ -125,8 +164,24 @@ void Host::RecordEvent(std::string_view text) const {
     sharedCode()->call("RecordEvent", text);
 }
 
+void Host::RecordEvent(std::int32_t type, std::string_view text) const {
+    sharedCode()->call("RecordEvent", type, text);
+}
+
+std::string Host::FixForSQLInsert(std::string_view text) const {
+    std::string safe = textOf(sharedCode()->call("FixForSQLInsert", text), "FixForSQLInsert");
+    // A host that makes nothing of a text must not make it vanish.
+    if (safe.empty() && !text.empty())
+        throw HostError(code::fail, "FixForSQLInsert", "The text cannot be made safe.");
+    return safe;
+}
+
 std::string Host::CombineAddress(const Address& a) const {
-    return sharedCode()->call("CombineAddress", a[0], a[1], a[2], a[3], a[4], a[5]).toText();
+    std::string text =
+        textOf(sharedCode()->call("CombineAddress", a[0], a[1], a[2], a[3], a[4], a[5]), "CombineAddress");
+    if (text.empty() && a != Address())
+        throw HostError(code::fail, "CombineAddress", "The address cannot be shown.");
+    return text;
 }
 
 Address Host::ParseAddress(std::string& text, bool& validate) const {

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "automation/Object.h"
-#include "bridge/Connection.h"
+#include "shared/Connection.h"
 #include "shared/modSharedXML.h"
 
 namespace tsln {
@@ -70,6 +70,12 @@ class Common : HostPart {
     std::string GetProductNameFromID(std::int32_t ID) const;
     /// Fills the combo box with the company's phone labels.
     void LoadPhoneLabels(ComboBox& combo) const;
+    void LoadEmailLabels(ComboBox& combo) const;
+    /// The same with the payment terms; an entry's stored number is the terms' `ID`.
+    void LoadTerms(ComboBox& combo) const;
+    std::string CreateGUID() const;
+    /// The GUID in braces.
+    std::string FormatAsGUID(std::string_view guid) const;
     /// Fills the combo box with a query's rows: their `shown` column and, as the stored number, their
     /// `stored` column; a blank entry before them if wanted.
     void LoadComboFromQuery(ComboBox& combo, std::string_view sql, std::string_view shown,
@@ -96,6 +102,23 @@ class Options : HostPart {
     void SetUserOption(std::string_view name, std::string_view section, const Variant& value) const;
 };
 
+/// The activity histories of single records.
+class Activity : HostPart {
+  public:
+    explicit Activity(Library& library) : HostPart(library, "Activity") {}
+    void RecordCustomerActivity(std::int32_t ID, std::string_view text) const;
+    void RecordVendorActivity(std::int32_t ID, std::string_view text) const;
+    void RecordEmployeeActivity(std::int32_t ID, std::string_view text) const;
+};
+
+/// Notices to the rest of the host.
+class Messages : HostPart {
+  public:
+    explicit Messages(Library& library) : HostPart(library, "Messages") {}
+    /// `code` says what happened, `about` to which record.
+    void PostMessage(std::int32_t code, std::int32_t about) const;
+};
+
 /// A postal address: two lines, city, state, zip and country, in the order of its columns.
 using Address = std::array<std::string, 6>;
 
@@ -110,6 +133,8 @@ class Host {
     Common common() const { return Common(library_); }
     Security security() const { return Security(library_); }
     Options options() const { return Options(library_); }
+    Activity activity() const { return Activity(library_); }
+    Messages messages() const { return Messages(library_); }
     /// The company's open connection; nothing when there is none.
     std::optional<Connection> currentCompanyConnection() const;
     /// The same; raises HostError(code::objectNotSet) when there is none.
@@ -127,6 +152,10 @@ class Host {
     void ShowMessageStyle1WithMemory(std::string_view message, std::string_view advice) const;
     /// Writes an entry to the host's event log.
     void RecordEvent(std::string_view text) const;
+    /// The same for an event of this type.
+    void RecordEvent(std::int32_t type, std::string_view text) const;
+    /// The text made safe to stand between a statement's single quotes.
+    std::string FixForSQLInsert(std::string_view text) const;
 
     /// The address as one text of several lines.
     std::string CombineAddress(const Address& address) const;

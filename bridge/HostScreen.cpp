@@ -21,6 +21,11 @@ constexpr PositionValue positionValues[] = {
     {"Height", &Screen::Placement::height},
 };
 
+/// The platform's numbers of a window's state. Minimised is no state to come back to.
+constexpr std::string_view stateValue = "WindowState";
+constexpr int stateNormal = 0;
+constexpr int stateMaximized = 2;
+
 std::string positionKey(const Screen& screen) {
     return std::string(settingsKey) + "\\Window Positions\\" + screen.name();
 }
@@ -55,22 +60,28 @@ void HostScreen::reportError(const std::exception& error) noexcept {
     }
 }
 
-void restoreWindowPosition(Screen& screen) {
+void restoreWindowPosition(Screen& screen, WindowValues which) {
     const std::string key = positionKey(screen);
     for (const auto& [name, member] : positionValues) {
         const auto stored = screen.desktop().readSetting(key, name);
         const auto number = stored ? parseNumber(*stored) : std::nullopt;
         if (number && std::abs(*number) < 100'000) screen.placement.*member = static_cast<int>(*number);
     }
+    if (which == WindowValues::Place) return;
+    const auto state = screen.desktop().readSetting(key, stateValue);
+    screen.placement.maximized = state && parseNumber(*state) == stateMaximized;
 }
 
-void saveWindowPosition(Screen& screen) {
+void saveWindowPosition(Screen& screen, WindowValues which) {
     const std::string key = positionKey(screen);
     for (const auto& [name, member] : positionValues) {
         if (const auto value = screen.placement.*member) {
             screen.desktop().writeSetting(key, name, std::to_string(*value));
         }
     }
+    if (which == WindowValues::Place) return;
+    screen.desktop().writeSetting(key, stateValue,
+                                  std::to_string(screen.placement.maximized ? stateMaximized : stateNormal));
 }
 
 }  // namespace tsln

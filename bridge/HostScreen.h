@@ -37,10 +37,15 @@ class HostScreen : public Screen {
     Library& library_;
 };
 
-/// Puts a screen where its user left it. Left, Width and Height are kept under the window positions key in a
-/// value set named after the screen; values that are no numbers are passed over.
-void restoreWindowPosition(Screen& screen);
-void saveWindowPosition(Screen& screen);
+/// Which values of a screen's window are kept: the editors keep, besides its place and size, whether it fills
+/// the display.
+enum class WindowValues { Place, PlaceAndState };
+
+/// Puts a screen where its user left it. Left, Width and Height, and WindowState if wanted, are kept under
+/// the window positions key in a value set named after the screen; values that are no numbers are passed
+/// over.
+void restoreWindowPosition(Screen& screen, WindowValues which = WindowValues::Place);
+void saveWindowPosition(Screen& screen, WindowValues which = WindowValues::Place);
 
 /// The user settings of the application.
 inline constexpr std::string_view settingsKey = "Software\\Kestrane\\Tessaline\\5.0";

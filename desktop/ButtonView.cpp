@@ -16,7 +16,6 @@ class ButtonView : public ControlView {
           window_(new wxButton(parent, wxID_ANY, toWx(button.caption()))) {
         setWindow(window_);
         window_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { press(); });
-        if (button.role() == Button::Role::Default) window_->SetDefault();
     }
 
     bool takesKey(const wxKeyEvent& key) override {
@@ -32,7 +31,21 @@ class ButtonView : public ControlView {
         act([this] { button_.userPress(); });
     }
 
+    /// The toolkit draws the default button as such.
+    void updateRole() {
+        const bool isDefault = button_.role() == Button::Role::Default;
+        if (isDefault == isDefault_) return;
+        isDefault_ = isDefault;
+        auto& top = static_cast<wxTopLevelWindow&>(dialog());
+        if (isDefault) {
+            window_->SetDefault();
+        } else if (top.GetDefaultItem() == window_) {
+            top.SetDefaultItem(nullptr);
+        }
+    }
+
     void updateContent() override {
+        updateRole();
         const wxString caption = toWx(button_.caption());
         if (caption == window_->GetLabel()) return;
         window_->SetLabel(caption);
@@ -41,6 +54,7 @@ class ButtonView : public ControlView {
 
     Button& button_;
     wxButton* window_;
+    bool isDefault_ = false;
 };
 
 }  // namespace

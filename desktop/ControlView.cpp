@@ -4,7 +4,10 @@
 #include "desktop/Text.h"
 #include "screens/CheckList.h"
 #include "screens/Controls.h"
+#include "screens/LinkLabel.h"
+#include "screens/Picture.h"
 #include "screens/ReportControl.h"
+#include "screens/TabControl.h"
 
 namespace tsln::desktop {
 
@@ -37,6 +40,9 @@ ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, Control& control
     if (auto* comboBox = dynamic_cast<ComboBox*>(&control)) return makeView(dialog, parent, *comboBox);
     if (auto* report = dynamic_cast<ReportControl*>(&control)) return makeView(dialog, parent, *report);
     if (auto* frame = dynamic_cast<Frame*>(&control)) return makeView(dialog, parent, *frame);
+    if (auto* link = dynamic_cast<LinkLabel*>(&control)) return makeView(dialog, parent, *link);
+    if (auto* picture = dynamic_cast<Picture*>(&control)) return makeView(dialog, parent, *picture);
+    if (auto* tabs = dynamic_cast<TabControl*>(&control)) return makeView(dialog, parent, *tabs);
     return nullptr;
 }
 

@@ -16,7 +16,10 @@ class CheckList;
 class ComboBox;
 class Frame;
 class Label;
+class LinkLabel;
+class Picture;
 class ReportControl;
+class TabControl;
 class TextBox;
 }  // namespace tsln
 
@@ -87,6 +90,9 @@ ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, CheckList& list)
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, ComboBox& box);
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, ReportControl& report);
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, Frame& frame);
+ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, LinkLabel& label);
+ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, Picture& picture);
+ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, TabControl& tabs);
 
 /// The view of a control of whatever kind; null for a kind that shows no window.
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, Control& control);

@@ -4,6 +4,8 @@
 
 #include <wx/button.h>
 #include <wx/gbsizer.h>
+#include <wx/notebook.h>
+#include <wx/panel.h>
 #include <wx/sizer.h>
 #include <wx/statbox.h>
 #include <wx/stattext.h>
@@ -13,6 +15,7 @@
 #include "desktop/ScreenDialog.h"
 #include "desktop/Text.h"
 #include "screens/Controls.h"
+#include "screens/TabControl.h"
 
 namespace tsln::desktop {
 namespace {
@@ -21,6 +24,12 @@ constexpr int dialogMargin = 12;  // pixels at 96 per inch
 
 bool isColumn(const Layout& layout) {
     return layout.kind != Layout::Kind::Row;
+}
+
+/// A row with a label before its first control.
+bool beginsWithField(const Layout& layout) {
+    return layout.kind == Layout::Kind::Row && !layout.control && !layout.children.empty() &&
+           layout.children.front().kind == Layout::Kind::Field;
 }
 
 /// What a screen reader says for a label: without the mnemonic's mark and the colon.
@@ -57,6 +66,8 @@ LayoutBuilder::Part LayoutBuilder::make(const Layout& layout, wxWindow* parent) 
         case Layout::Kind::Column:
         case Layout::Kind::Form:
             return makeBox(layout, parent);
+        case Layout::Kind::Tabs:
+            return makeTabs(layout, parent);
         case Layout::Kind::Spring:
             return {};
     }
@@ -109,7 +120,9 @@ LayoutBuilder::Part LayoutBuilder::makeBox(const Layout& layout, wxWindow* paren
     return part;
 }
 
-LayoutBuilder::Part LayoutBuilder::fillBox(const Layout& layout, wxWindow* parent, wxSizer* sizer) {
+/// `firstLabel`: stands elsewhere, and belongs to the field that the layout begins with.
+LayoutBuilder::Part LayoutBuilder::fillBox(const Layout& layout, wxWindow* parent, wxSizer* sizer,
+                                           wxWindow* firstLabel) {
     const bool column = isColumn(layout);
     const bool onlyButtons = std::ranges::all_of(layout.children, [](const Layout& child) {
         return child.kind == Layout::Kind::Spring || dynamic_cast<Button*>(child.control);
@@ -122,7 +135,7 @@ LayoutBuilder::Part LayoutBuilder::fillBox(const Layout& layout, wxWindow* paren
             sizer->AddStretchSpacer();
             continue;
         }
-        const Part part = make(child, parent);
+        const Part part = first && firstLabel ? makeLabelled(child, parent, firstLabel) : make(child, parent);
         if (!part.window && !part.sizer) continue;
         // Groups keep more distance than single controls.
         if (!first) sizer->AddSpacer(part.isGroup || afterGroup ? 2 * gap_ : gap_);
@@ -149,15 +162,19 @@ LayoutBuilder::Part LayoutBuilder::fillBox(const Layout& layout, wxWindow* paren
     return whole;
 }
 
-/// Buttons side by side or one below the other are of one width.
+/// Buttons side by side or one below the other are of one width, but for those with long captions: they would
+/// make the row too wide.
 void LayoutBuilder::equalizeButtons(const std::vector<Layout>& children) {
     std::vector<wxWindow*> buttons;
     int width = wxButton::GetDefaultSize(&dialog_).x;
+    const int most = width * 3 / 2;
     for (const Layout& child : children) {
         if (child.kind != Layout::Kind::Item || !dynamic_cast<Button*>(child.control)) continue;
-        const ControlView* view = dialog_.viewOf(*child.control);
-        buttons.push_back(&view->window());
-        width = std::max(width, buttons.back()->GetBestSize().x);
+        wxWindow& button = dialog_.viewOf(*child.control)->window();
+        const int best = button.GetBestSize().x;
+        if (best > most) continue;
+        buttons.push_back(&button);
+        width = std::max(width, best);
     }
     for (wxWindow* button : buttons)
         button->SetMinSize({width, -1});
@@ -167,13 +184,19 @@ wxWindow* LayoutBuilder::makeLabel(const Layout& field, wxWindow* parent) {
     return new wxStaticText(parent, wxID_ANY, toWx(field.caption));
 }
 
+/// The control of a field whose label stands already.
+LayoutBuilder::Part LayoutBuilder::makeLabelled(const Layout& field, wxWindow* parent, wxWindow* label) {
+    const Part part = makeControl(*field.control, parent, toWx(field.caption));
+    if (part.view) part.view->setLabel(label);
+    return part;
+}
+
 LayoutBuilder::Part LayoutBuilder::makeField(const Layout& layout, wxWindow* parent) {
     auto* row = new wxBoxSizer(wxHORIZONTAL);
     wxWindow* label = makeLabel(layout, parent);
     row->Add(label, wxSizerFlags().CentreVertical());
     row->AddSpacer(2 * gap_);
-    Part part = makeControl(*layout.control, parent, toWx(layout.caption));
-    if (part.view) part.view->setLabel(label);
+    Part part = makeLabelled(layout, parent, label);
     if (part.window) row->Add(part.window, wxSizerFlags(part.growsWide ? 1 : 0).CentreVertical());
     part.window = nullptr;
     part.sizer = row;
@@ -186,14 +209,19 @@ LayoutBuilder::Part LayoutBuilder::makeForm(const Layout& layout, wxWindow* pare
     Part whole{.sizer = grid, .isGroup = true, .growsWide = true};
     int row = 0;
     for (const Layout& child : layout.children) {
-        if (child.kind == Layout::Kind::Field) {
+        if (beginsWithField(child)) {
+            // Its label stands under the others, the rest beside it.
+            wxWindow* label = makeLabel(child.children.front(), parent);
+            const Part part = fillBox(child, parent, new wxBoxSizer(wxHORIZONTAL), label);
+            grid->Add(label, {row, 0}, {1, 1}, wxALIGN_CENTRE_VERTICAL);
+            grid->Add(part.sizer, {row, 1}, {1, 1}, wxEXPAND);
+        } else if (child.kind == Layout::Kind::Field) {
             wxWindow* label = makeLabel(child, parent);
-            const Part part = makeControl(*child.control, parent, toWx(child.caption));
+            const Part part = makeLabelled(child, parent, label);
             if (!part.view) {
                 label->Destroy();
                 continue;
             }
-            part.view->setLabel(label);
             const int labelSide = part.growsHigh ? wxALIGN_TOP | wxTOP : wxALIGN_CENTRE_VERTICAL;
             grid->Add(label, {row, 0}, {1, 1}, labelSide, dialog_.FromDIP(4));
             const int fill = part.growsHigh || part.growsWide ? int(wxEXPAND) : int(wxALIGN_CENTRE_VERTICAL);
@@ -216,10 +244,34 @@ LayoutBuilder::Part LayoutBuilder::makeForm(const Layout& layout, wxWindow* pare
     }
     if (grid->GetChildren().empty()) return whole;
     // A form of nothing but what spans both columns has no second one to grow.
-    const bool hasFields = std::ranges::any_of(
-        layout.children, [](const Layout& child) { return child.kind == Layout::Kind::Field; });
+    const bool hasFields = std::ranges::any_of(layout.children, [](const Layout& child) {
+        return child.kind == Layout::Kind::Field || beginsWithField(child);
+    });
     grid->AddGrowableCol(hasFields ? 1 : 0, 1);
     return whole;
+}
+
+/// A page for each layout, with a margin of its own.
+LayoutBuilder::Part LayoutBuilder::makeTabs(const Layout& layout, wxWindow* parent) {
+    auto& tabs = dynamic_cast<TabControl&>(*layout.control);
+    ControlView* view = dialog_.addView(makeView(dialog_, parent, tabs));
+    auto& book = static_cast<wxNotebook&>(view->window());
+    for (std::size_t i = 0; i < layout.children.size() && i < tabs.captions().size(); ++i) {
+        auto* page = new wxPanel(&book);
+        const Part content = make(layout.children[i], page);
+        auto* margin = new wxBoxSizer(wxVERTICAL);
+        const wxSizerFlags flags = wxSizerFlags(1).Expand().Border(wxALL, dialog_.FromDIP(dialogMargin));
+        if (content.sizer) {
+            margin->Add(content.sizer, flags);
+        } else if (content.window) {
+            margin->Add(content.window, flags);
+        }
+        page->SetSizer(margin);
+        page->SetSize(margin->GetMinSize());  // windows of no size at all upset the toolkit
+        page->Layout();
+        book.AddPage(page, toWx(tabs.captions()[i]));
+    }
+    return {.window = &book, .view = view, .isGroup = true, .growsWide = true, .growsHigh = true};
 }
 
 }  // namespace tsln::desktop

@@ -35,11 +35,13 @@ class LayoutBuilder {
         bool growsHigh = false;
     };
     Part make(const Layout& layout, wxWindow* parent);
+    Part makeTabs(const Layout& layout, wxWindow* parent);
     Part makeControl(Control& control, wxWindow* parent, const wxString& label);
     Part makeBox(const Layout& layout, wxWindow* parent);
     Part makeForm(const Layout& layout, wxWindow* parent);
     Part makeField(const Layout& layout, wxWindow* parent);
-    Part fillBox(const Layout& layout, wxWindow* parent, wxSizer* sizer);
+    Part makeLabelled(const Layout& field, wxWindow* parent, wxWindow* label);
+    Part fillBox(const Layout& layout, wxWindow* parent, wxSizer* sizer, wxWindow* firstLabel = nullptr);
     wxWindow* makeLabel(const Layout& field, wxWindow* parent);
     void equalizeButtons(const std::vector<Layout>& children);
 

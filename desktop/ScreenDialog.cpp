@@ -1,8 +1,10 @@
 #include "desktop/ScreenDialog.h"
 
 #include <algorithm>
+#include <ranges>
 #include <utility>
 
+#include <wx/bookctrl.h>
 #include <wx/display.h>
 #include <wx/sizer.h>
 #include <wx/utils.h>
@@ -12,6 +14,8 @@
 #include "desktop/Placement.h"
 #include "desktop/Text.h"
 #include "screens/Controls.h"
+#include "screens/Picture.h"
+#include "screens/TabControl.h"
 
 namespace tsln::desktop {
 namespace {
@@ -27,7 +31,17 @@ bool isButton(const Control& control, Button::Role role) {
 
 bool takesFocus(const Control& control) {
     return control.enabled() && control.visible() && !dynamic_cast<const Label*>(&control) &&
-           !dynamic_cast<const Frame*>(&control);
+           !dynamic_cast<const Frame*>(&control) && !dynamic_cast<const Picture*>(&control) &&
+           !dynamic_cast<const TabControl*>(&control);
+}
+
+/// Its page of a tab control, if it stands on one, is the one that shows.
+bool isOnShownPage(const wxWindow& window) {
+    for (const wxWindow* at = &window; at->GetParent(); at = at->GetParent()) {
+        const auto* book = dynamic_cast<const wxBookCtrlBase*>(at->GetParent());
+        if (book && book->GetCurrentPage() != at) return false;
+    }
+    return true;
 }
 
 void setPointer(wxWindow& window, const wxCursor& cursor) {
@@ -183,10 +197,13 @@ wxSize ScreenDialog::naturalSize() {
         wxSize preferred = view->preferredSize();
         preferred.IncTo(least.back());
         view->window().SetMinSize(preferred);
+        view->window().InvalidateBestSize();  // and those of the windows around it
     }
     const wxSize client = GetSizer()->CalcMin();
-    for (std::size_t i = 0; i < views_.size(); ++i)
+    for (std::size_t i = 0; i < views_.size(); ++i) {
         views_[i]->window().SetMinSize(least[i]);
+        views_[i]->window().InvalidateBestSize();
+    }
     return client;
 }
 
@@ -244,9 +261,10 @@ void ScreenDialog::rememberPlacement() {
 
 // Focus -------------------------------------------------------------------------------------------
 
-/// The view that has the keyboard, or null. The screen's frames have it only by what they hold.
+/// The view that has the keyboard, or null. The screen's frames have it only by what they hold; a tab control
+/// has it itself only where nothing on its pages does, and those were made after it.
 ControlView* ScreenDialog::viewWithKeyboard() const {
-    for (const ControlViewPtr& view : views_) {
+    for (const ControlViewPtr& view : views_ | std::views::reverse) {
         if (!dynamic_cast<Frame*>(&view->control()) && hasKeyboard(view->window())) return view.get();
     }
     return nullptr;
@@ -280,6 +298,7 @@ void ScreenDialog::noticeFocus() {
     act([this, before, now] {
         screen_.userFocused(now->control());
         if (before) before->control().userLeft();
+        now->control().userEntered();
     });
 }
 
@@ -304,6 +323,7 @@ bool ScreenDialog::pressKey(const wxKeyEvent& key) {
     noticeFocus();
     ControlView* focus = viewWithKeyboard();
     if (focus && focus->takesKey(key)) return true;
+    if (key.GetModifiers() == wxMOD_CONTROL && turnPage(key.GetKeyCode())) return true;
     if (key.GetModifiers() == wxMOD_ALT) return pressMnemonic(key);
     if (key.HasAnyModifiers()) return false;
     const int code = key.GetKeyCode();
@@ -323,6 +343,18 @@ bool ScreenDialog::pressKey(const wxKeyEvent& key) {
     }
 }
 
+/// Ctrl+Page Down and Up turn the pages, also from a box that would scroll by them.
+bool ScreenDialog::turnPage(int keyCode) {
+    if (keyCode != WXK_PAGEDOWN && keyCode != WXK_PAGEUP) return false;
+    for (const ControlViewPtr& view : views_) {
+        auto* book = dynamic_cast<wxBookCtrlBase*>(&view->window());
+        if (!book || !view->control().enabled() || !view->control().visible()) continue;
+        book->AdvanceSelection(keyCode == WXK_PAGEDOWN);
+        return true;
+    }
+    return false;
+}
+
 /// Presses the first button that is meant; false when the screen has none.
 bool ScreenDialog::press(bool (*isMeant)(const Control& control)) {
     for (const ControlViewPtr& view : views_) {
@@ -337,7 +369,7 @@ bool ScreenDialog::pressMnemonic(const wxKeyEvent& key) {
     const auto found = viewsByMnemonic_.find(key.GetKeyCode());
     if (found == viewsByMnemonic_.end()) return false;
     for (ControlView* view : found->second) {
-        if (!takesFocus(view->control())) continue;
+        if (!takesFocus(view->control()) || !isOnShownPage(view->window())) continue;
         view->mnemonic();
         return true;
     }

@@ -63,6 +63,7 @@ class ScreenDialog : public wxDialog, private ScreenView {
     void onActivate(wxActivateEvent& event);
     void onKey(wxKeyEvent& event);
     bool pressKey(const wxKeyEvent& key);
+    bool turnPage(int keyCode);
     bool pressMnemonic(const wxKeyEvent& key);
     bool press(bool (*isMeant)(const Control& control));
 

@@ -51,6 +51,10 @@ void Control::userLeft() {
     fire(onLeave);
 }
 
+void Control::userEntered() {
+    fire(onEnter);
+}
+
 ObjectPtr Control::automation() {
     if (!automation_) automation_ = std::make_shared<Automation>(*this);
     return automation_;

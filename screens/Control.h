@@ -38,6 +38,9 @@ class Control {
     /// Runs when the focus leaves the control, before the control that takes it gets its first event.
     std::function<void()> onLeave;
     void userLeft();
+    /// Runs when the user has moved the focus here, after the `onLeave` of the control that had it.
+    std::function<void()> onEnter;
+    void userEntered();
 
     /// The control as the host sees it. The reference may outlive the control: its members then raise an
     /// error.

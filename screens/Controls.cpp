@@ -41,6 +41,12 @@ void Button::setCaption(std::string caption) {
     changed();
 }
 
+void Button::setRole(Role role) {
+    if (role_ == role) return;
+    role_ = role;
+    changed();
+}
+
 void Button::userPress() {
     if (enabled() && visible()) fire(onClick);
 }

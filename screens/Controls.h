@@ -37,6 +37,7 @@ class Button : public Control {
     const std::string& caption() const noexcept { return caption_; }
     void setCaption(std::string caption);
     Role role() const noexcept { return role_; }
+    void setRole(Role role);
 
     std::function<void()> onClick;
     /// The user presses the button; nothing happens while it is disabled.

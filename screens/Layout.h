@@ -10,11 +10,12 @@ namespace tsln {
 /// How a screen's controls stand, in rows, columns and labelled fields. The front end turns it into sizers;
 /// there are no pixel positions. The order of the controls is their tab order.
 struct Layout {
-    enum class Kind { Item, Row, Column, Form, Field, Spring };
+    enum class Kind { Item, Row, Column, Form, Field, Spring, Tabs };
     Kind kind = Kind::Item;
-    Control* control = nullptr;    ///< Item, Field: the control; Row, Column: the Frame around it, if any
+    Control* control = nullptr;    ///< Item, Field: the control; Row, Column: the Frame around it, if any;
+                                   ///< Tabs: the TabControl
     std::string caption;           ///< Field: the label before the control
-    std::vector<Layout> children;  ///< Row, Column, Form
+    std::vector<Layout> children;  ///< Row, Column, Form; Tabs: what stands on each page, in their order
     bool stretches = false;        ///< takes what room is left in the direction of its parent
 };
 
@@ -43,6 +44,10 @@ inline Layout form(std::vector<Layout> fields) {
 /// A control with its label. The label's "&" marks the control's mnemonic.
 inline Layout field(std::string caption, Control& control) {
     return {.kind = Layout::Kind::Field, .control = &control, .caption = std::move(caption)};
+}
+/// The pages of a tab control: a layout for each.
+inline Layout tabs(Control& tabControl, std::vector<Layout> pages) {
+    return {.kind = Layout::Kind::Tabs, .control = &tabControl, .children = std::move(pages)};
 }
 /// Empty room that grows.
 inline Layout spring() {

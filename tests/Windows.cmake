@@ -28,6 +28,7 @@ tsln_windows_test(automation automation USES tsln_automation)
 tsln_windows_test(shared shared USES tsln_shared)
 tsln_windows_test(bridge bridge USES tsln_test_support)
 tsln_windows_test(lists lists USES tsln_test_support)
+tsln_windows_test(entities entities USES tsln_test_support)
 tsln_windows_test(workbench_host workbench/host USES tsln_workbench_host tsln_test_support)
 tsln_windows_test(com_edge com/edge USES tsln_com_edge)
 

@@ -7,6 +7,7 @@
 #include "com/server/FrontEnd.h"
 #include "com/server/LateCall.h"
 #include "com/server/TypeLibrary.h"
+#include "entities/Entities.h"
 #include "lists/Lists.h"
 
 namespace tsln::com {
@@ -103,6 +104,7 @@ class LibraryClass : public ComObject<ILibrary, ISupportErrorInfo> {
     LibraryClass()
         : frontEnd_(FrontEnd::shared()), library_(std::make_shared<tsln::Library>(frontEnd_->desktop())) {
         lists::plugIn(*library_);
+        entities::plugIn(*library_);
     }
 
 // A slot for every row of the table. An argument is a triple that PARAMETER declares and GIVEN reads.

@@ -8,6 +8,7 @@
 
 #include "desktop/NativeWindow.h"
 #include "screens/Controls.h"
+#include "screens/TabControl.h"
 
 namespace tsln::desktop::test {
 namespace {
@@ -142,11 +143,14 @@ wxWindow* Robot::windowOf(const Control& control) const {
 
 Control* Robot::focused() const {
     if (!dialog() || !dialog()->IsActive()) return nullptr;
+    Control* tabs = nullptr;  // they have the keyboard themselves when nothing on their pages has
     for (Control* control : screen_.controls()) {
         const wxWindow* window = windowOf(*control);
-        if (window && !dynamic_cast<Frame*>(control) && hasKeyboard(*window)) return control;
+        if (!window || dynamic_cast<Frame*>(control) || !hasKeyboard(*window)) continue;
+        if (!dynamic_cast<TabControl*>(control)) return control;
+        tabs = control;
     }
-    return nullptr;
+    return tabs;
 }
 
 }  // namespace tsln::desktop::test

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include "shared/modSharedSQL.h"
 #include "shared/modSharedXML.h"
 
 namespace tsln::test {
@@ -25,6 +26,7 @@ class Rows : public Object {
   public:
     explicit Rows(const std::string& xml) : rows_(modSharedXML::Records::parse(xml)), at_(rows_.begin()) {}
     Variant invoke(std::string_view member, Access, Arguments) override {
+        if (sameName(member, "State")) return 1;
         if (sameName(member, "EOF")) return at_ == rows_.end();
         if (sameName(member, "MoveNext")) return ++at_, Variant();
         if (sameName(member, "Close")) return {};
@@ -37,10 +39,16 @@ class Rows : public Object {
       public:
         explicit Fields(modSharedXML::Record row) : row_(row) {}
         Variant invoke(std::string_view member, Access, Arguments a) override {
+            if (sameName(member, "Name")) return name_;
             if (sameName(member, "Value")) return value_;
+            const auto columns = row_.node().children();
+            if (sameName(member, "Count"))
+                return static_cast<std::int32_t>(std::distance(columns.begin(), columns.end()));
             if (!sameName(member, "Item")) raiseUnknownMember("Fields", member);
             const auto field = std::make_shared<Fields>(row_);
-            const std::string name = a[0].toText();
+            const std::string name =
+                a[0].isText() ? a[0].toText() : std::next(columns.begin(), a[0].toLong())->name();
+            field->name_ = name;
             if (!row_.node().child(name.c_str())) {
                 field->value_ = Null();
             } else {
@@ -51,6 +59,7 @@ class Rows : public Object {
 
       private:
         modSharedXML::Record row_;
+        std::string name_;
         Variant value_;
     };
     modSharedXML::Records rows_;
@@ -81,6 +90,16 @@ void fillCombo(Object& combo, const std::string& xml, Arguments a) {
         combo.call("AddItem", modSharedXML::readText(a[2].toText(), row));
         combo.put("ItemData", combo.get("NewIndex"), modSharedXML::readLong(a[3].toText(), row));
     }
+}
+
+/// An address as it is edited: a part a line.
+std::string joinLines(Arguments parts) {
+    std::string text;
+    for (const Argument& part : parts.all()) {
+        const std::string line = part.value().toText();
+        text += (text.empty() || line.empty() ? "" : "\r\n") + line;
+    }
+    return text;
 }
 
 const std::set<std::string> subObjects{"Database", "Common",   "Security", "Options",
@@ -179,6 +198,11 @@ Variant RecordingHost::usualAnswer(const std::string& path, Arguments arguments)
     if (path == "Database.LastSQLErrorDescription") return "the database's own words";
     if (path == "Common.RecordExists") return false;
     if (path == "Security.CanDo") return true;
+    if (path == "FixForSQLInsert") return modSharedSQL::doubleQuotes(arguments[0].toText());
+    if (path == "CombineAddress") return joinLines(arguments);
+    if (path == "ParseAddress") return arguments.assign(1, arguments[0]), true;  // all of it the first line
+    if (path == "Common.CreateGUID") return "0123ABCD";
+    if (path == "Common.FormatAsGUID") return "{" + arguments[0].toText() + "}";
     if (path == "PSDFile") return "/psd/company.psd";
     if (path == "tslniee5.Engine.ImportFile" || path == "tslniee5.Engine.DoExport") return true;
     return {};

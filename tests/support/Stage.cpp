@@ -2,10 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include "entities/Entities.h"
+#include "lists/Lists.h"
+
 namespace tsln::test {
 
 Stage::Stage() {
     lists::plugIn(*library);
+    entities::plugIn(*library);
     desktop.components = [this](std::string_view programId) { return host->component(programId); };
     library->Initialize(host->sharedCode());
 }

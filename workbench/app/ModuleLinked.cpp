@@ -5,6 +5,7 @@
 #include "automation/FilePath.h"
 #include "bridge/Library.h"
 #include "desktop/WxDesktop.h"
+#include "entities/Entities.h"
 #include "lists/Lists.h"
 #include "workbench/app/Module.h"
 #include "workbench/host/CompanySession.h"
@@ -39,6 +40,7 @@ Module::Module(const CompanySession& session, OnProcessEnd onProcessEnd)
     parts_->desktop.onProcessEnd = std::move(onProcessEnd);
     auto library = std::make_shared<Library>(parts_->desktop);
     lists::plugIn(*library);
+    entities::plugIn(*library);
     parts_->library = std::move(library);
 }
 

@@ -26,6 +26,8 @@ OperationPanel::OperationPanel(wxWindow* parent, ObjectPtr library, ObjectPtr sh
     fields_ = new wxFlexGridSizer(2, FromDIP(wxSize(10, 6)));
     open_ = new wxButton(this, wxID_ANY, "&Open");
     open_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { run(); });
+    browse_ = new wxButton(this, wxID_ANY, "&Browse...");
+    browse_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { onBrowse(operation_->operation); });
     result_ = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, wxST_ELLIPSIZE_END);
     result_->SetName("Result");
 
@@ -36,6 +38,7 @@ OperationPanel::OperationPanel(wxWindow* parent, ObjectPtr library, ObjectPtr sh
     column->Add(fields_, wxSizerFlags().Border(wxTOP, gap));
     auto* line = new wxBoxSizer(wxHORIZONTAL);
     line->Add(open_, wxSizerFlags().CenterVertical());
+    line->Add(browse_, wxSizerFlags().CenterVertical().Border(wxLEFT, gap));
     line->Add(result_, wxSizerFlags(1).CenterVertical().Border(wxLEFT, 2 * gap));
     column->Add(line, wxSizerFlags().Expand().Border(wxTOP, gap));
     auto* margin = new wxBoxSizer(wxVERTICAL);
@@ -64,6 +67,7 @@ void OperationPanel::show(Operation operation) {
     }
     const bool offered = operation_->visibility == Visibility::Public;
     open_->Enable(offered);
+    browse_->Show(canBrowse && canBrowse(operation));
     showResult(offered ? "" : "The module keeps this operation to itself.", false);
 }
 

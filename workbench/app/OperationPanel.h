@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -22,6 +23,10 @@ class OperationPanel : public wxPanel {
     /// Calls the operation with the arguments as they are typed and shows the result, or what it raised.
     void run();
 
+    /// Whether the operation edits records that can be chosen from a list, and what shows that list.
+    std::function<bool(Operation)> canBrowse;
+    std::function<void(Operation)> onBrowse;
+
   private:
     void showResult(const wxString& text, bool failed);
     Argument argument(std::size_t i) const;
@@ -34,6 +39,7 @@ class OperationPanel : public wxPanel {
     wxFlexGridSizer* fields_;
     std::vector<wxTextCtrl*> arguments_;
     wxButton* open_;
+    wxButton* browse_;
     wxStaticText* result_;
 };
 

@@ -14,8 +14,12 @@ wxString text(const std::string& utf8) {
 }
 
 /// What stands in a row between the member and the result.
+/// On one line, as a row shows it.
 wxString arguments(const TraceEntry& entry) {
-    return text(entry.statement.empty() ? entry.arguments : entry.statement);
+    wxString line = text(entry.statement.empty() ? entry.arguments : entry.statement);
+    line.Replace("\r\n", " ");
+    line.Replace("\n", " ");
+    return line;
 }
 
 wxString duration(const TraceEntry& entry) {

@@ -6,6 +6,7 @@
 
 #include "workbench/app/OperationPanel.h"
 #include "workbench/app/OperationTree.h"
+#include "workbench/app/RecordBrowser.h"
 #include "workbench/app/TracePanel.h"
 
 namespace tsln::workbench {
@@ -38,6 +39,10 @@ WorkbenchFrame::WorkbenchFrame(CompanySession& session, const ObjectPtr& library
     tree_->onOpen = [this](Operation operation) {
         operation_->show(operation);
         operation_->run();
+    };
+    operation_->canBrowse = [](Operation operation) { return recordKindOf(operation) != nullptr; };
+    operation_->onBrowse = [this, &session, library](Operation operation) {
+        RecordBrowser(this, session, library, *recordKindOf(operation)).ShowModal();
     };
     if (const auto first = tree_->selected()) operation_->show(*first);
     session.tracer()->observe([this](const TraceEntry& entry) { trace_->add(entry); });

@@ -38,9 +38,9 @@ void replaceAll(std::string& text, std::string_view what, std::string_view by) {
 std::string tables() {
     std::string sql = file("tables.sql");
     replaceAll(sql, "{bookkeeping}",
-               "UniqueID {text} NOT NULL DEFAULT " + std::string(newUniqueId) +
-                   ", AddedOn TEXT NOT NULL DEFAULT {now}, "
-                   "UpdatedOn TEXT NOT NULL DEFAULT {now}");
+               "UniqueID {text} NOT NULL DEFAULT {uniqueid}, AddedOn TEXT NOT NULL DEFAULT {now}, "
+               "UpdatedOn TEXT NOT NULL DEFAULT {now}");
+    replaceAll(sql, "{uniqueid}", newUniqueId);
     replaceAll(sql, "{id}", "ID INTEGER PRIMARY KEY AUTOINCREMENT");
     replaceAll(sql, "{text}", "TEXT COLLATE NOCASE");
     replaceAll(sql, "{now}", currentTime);
@@ -81,6 +81,24 @@ constexpr AddedColumn addedColumns[] = {
     {2, "Vendors", "Locked INTEGER NOT NULL DEFAULT 0"},
 };
 
+/// Columns that tables had before a version.
+struct DroppedColumn {
+    int since;
+    const char *table, *name;
+    const char* trigger;  ///< that keeps it
+};
+constexpr DroppedColumn droppedColumns[] = {
+    {3, "Vendors", "UpdatedOn", "Vendors_Updated"},
+};
+
+void drop(SQLite::Database& database, const DroppedColumn& column) {
+    database.exec("DROP TRIGGER IF EXISTS " + std::string(column.trigger));
+    const std::string table(column.table), name(column.name);
+    const auto columns = texts(database, "SELECT name FROM pragma_table_info('" + table + "')");
+    if (std::ranges::find(columns, name) != columns.end())
+        database.exec("ALTER TABLE " + table + " DROP COLUMN " + name);
+}
+
 int versionOf(SQLite::Database& database) {
     return database.execAndGet("PRAGMA user_version").getInt();
 }
@@ -118,6 +136,9 @@ void upgrade(SQLite::Database& database) {
     for (const AddedColumn& column : addedColumns) {
         if (before < column.since)
             database.exec("ALTER TABLE " + std::string(column.table) + " ADD COLUMN " + column.definition);
+    }
+    for (const DroppedColumn& column : droppedColumns) {
+        if (before < column.since) drop(database, column);
     }
     const std::vector<std::string> there = texts(database, "SELECT name FROM sqlite_schema");
     SQLite::Statement parts(model,

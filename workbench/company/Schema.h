@@ -9,7 +9,7 @@ namespace tsln::workbench::schema {
 /// Marks an SQLite file as a company (PRAGMA application_id).
 inline constexpr int applicationId = 0x54534C4E;
 /// PRAGMA user_version of the files that this program makes.
-inline constexpr int version = 2;
+inline constexpr int version = 3;
 /// The oldest version that upgrade() knows.
 inline constexpr int oldestVersion = 1;
 

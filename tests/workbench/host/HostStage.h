@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include "bridge/Library.h"
+#include "entities/Entities.h"
 #include "lists/Lists.h"
 #include "tests/support/ScriptedDesktop.h"
 #include "tests/support/TempFolder.h"
@@ -88,6 +89,7 @@ struct ModuleStage : HostStage {
     explicit ModuleStage(std::string_view login = "admin", OpenMode mode = OpenMode::Create)
         : HostStage(login, mode) {
         lists::plugIn(*library);
+        entities::plugIn(*library);
         desktop.components = [this](std::string_view programId) { return session->createObject(programId); };
         library->Initialize(session->sharedCode());
     }

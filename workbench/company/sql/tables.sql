@@ -114,6 +114,7 @@ CREATE TABLE OrderStatusCodes ({id},
 
 -- Vendors and customers -----------------------------------------------------------------------------------------
 
+-- Without UpdatedOn: the editor's history tells every column of a vendor that changes.
 CREATE TABLE Vendors ({id},
     VendorName {text}, WebSite {text},
     Phone1Label {text}, Phone1 {text}, Phone2Label {text}, Phone2 {text}, Phone3Label {text}, Phone3 {text},
@@ -124,7 +125,8 @@ CREATE TABLE Vendors ({id},
     OOP_Process INTEGER NOT NULL DEFAULT 0, OOP_VendorID {text}, CostMethod INTEGER NOT NULL DEFAULT 0, Notes {text},
     Active INTEGER NOT NULL DEFAULT 1, ValidateAddresses INTEGER NOT NULL DEFAULT 0,
     Margin REAL NOT NULL DEFAULT 0, MarginAD REAL NOT NULL DEFAULT 0, Exported INTEGER NOT NULL DEFAULT 0,
-    Locked INTEGER NOT NULL DEFAULT 0, {bookkeeping}) STRICT;
+    Locked INTEGER NOT NULL DEFAULT 0, UniqueID {text} NOT NULL DEFAULT {uniqueid},
+    AddedOn TEXT NOT NULL DEFAULT {now}) STRICT;
 
 CREATE TABLE Customers ({id},
     CustomerName {text}, AccountNumber {text}, CompanyName {text}, Contact {text},

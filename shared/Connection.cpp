@@ -1,8 +1,13 @@
-#include "bridge/Connection.h"
+#include "shared/Connection.h"
 
 #include <algorithm>
 
 namespace tsln {
+namespace {
+
+constexpr std::int32_t stateOpen = 1;
+
+}  // namespace
 
 Recordset::~Recordset() {
     if (!rows_) return;
@@ -13,6 +18,10 @@ Recordset::~Recordset() {
     }
 }
 
+bool Recordset::isOpen() const {
+    return rows_ && (rows_->get("State").toLong() & stateOpen) != 0;
+}
+
 bool Recordset::atEnd() const {
     return !rows_ || rows_->get("EOF").toBoolean();
 }
@@ -21,8 +30,24 @@ void Recordset::next() const {
     rows_->call("MoveNext");
 }
 
-Variant Recordset::value(std::string_view field) const {
-    return rows_->get("Fields").object().get("Item", field).object().get("Value");
+ObjectPtr Recordset::field(const Variant& which) const {
+    return rows_->get("Fields").object().get("Item", which).toObject();
+}
+
+Variant Recordset::value(std::string_view name) const {
+    return Variant(field(name)).object().get("Value");
+}
+
+Variant Recordset::value(std::int32_t place) const {
+    return Variant(field(place)).object().get("Value");
+}
+
+std::string Recordset::name(std::int32_t place) const {
+    return Variant(field(place)).object().get("Name").toText();
+}
+
+std::int32_t Recordset::fieldCount() const {
+    return rows_->get("Fields").object().get("Count").toLong();
 }
 
 std::string Recordset::text(std::string_view field) const {
@@ -33,6 +58,11 @@ std::string Recordset::text(std::string_view field) const {
 std::int32_t Recordset::number(std::string_view field) const {
     const Variant held = value(field);
     return held.isNull() ? 0 : held.toLong();
+}
+
+float Recordset::single(std::string_view field) const {
+    const Variant held = value(field);
+    return held.isNull() ? 0 : held.toSingle();
 }
 
 void Connection::Execute(std::string_view sql) const {

@@ -17,13 +17,22 @@ class Recordset {
     Recordset(const Recordset&) = delete;
     Recordset& operator=(const Recordset&) = delete;
 
+    /// It has rows to give; what a statement other than a query returns has not.
+    bool isOpen() const;
     bool atEnd() const;
     void next() const;
     /// Of the current row; the database's "no value" is the empty text or 0.
     std::string text(std::string_view field) const;
     std::int32_t number(std::string_view field) const;
+    float single(std::string_view field) const;
+
+    std::int32_t fieldCount() const;
+    /// A field by its place, from 0: its name, and its value in the current row.
+    std::string name(std::int32_t field) const;
+    Variant value(std::int32_t field) const;
 
   private:
+    ObjectPtr field(const Variant& which) const;
     Variant value(std::string_view field) const;
     ObjectPtr rows_;
 };

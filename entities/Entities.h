@@ -1,0 +1,13 @@
+#pragma once
+
+namespace tsln {
+class Library;
+}
+
+/// The editors of the company's master records: vendors and those that follow their pattern.
+namespace tsln::entities {
+
+/// Plugs the operations of the editors into the library.
+void plugIn(Library& library);
+
+}  // namespace tsln::entities

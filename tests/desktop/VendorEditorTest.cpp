@@ -1,0 +1,98 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <wx/notebook.h>
+#include <wx/toplevel.h>
+
+#include "bridge/Library.h"
+#include "entities/VendorEditor.h"
+#include "tests/desktop/Robot.h"
+#include "tests/support/RecordingHost.h"
+
+namespace tsln::desktop::test {
+namespace {
+
+using entities::VendorEditor;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+/// The vendor editor in a window, as its operation opens it.
+class VendorWindow : public testing::Test {
+  protected:
+    VendorWindow() {
+        host->on("Common.LoadPhoneLabels", [](Arguments a) { return a[0].object().call("AddItem", "Home"); });
+        library.Initialize(host->sharedCode());
+        editor.open(0);
+        editor.load();
+    }
+    void untilFocused(Control& control) {
+        user.until("focus on " + control.name(), [&] { return user.focused() == &control; });
+    }
+    wxNotebook& book() { return dynamic_cast<wxNotebook&>(*user.windowOf(editor.TabControl1)); }
+
+    std::shared_ptr<tsln::test::RecordingHost> host = tsln::test::RecordingHost::make();
+    WxDesktop desktop{[this](std::string_view programId) { return host->component(programId); }, ""};
+    Library library{desktop};
+    VendorEditor editor{library};
+    Robot user{editor};
+};
+
+TEST_F(VendorWindow, IsFilledInByKeysAndSaved) {
+    untilFocused(editor.txtName);  // not the tabs
+    user.type("Quay").key('U', wxMOD_ALT);
+    untilFocused(editor.txtAccountNumber);
+    user.type("7").key('2', wxMOD_ALT);
+    untilFocused(*editor.control("cboPhone2Label"));
+    user.key(WXK_TAB).key(WXK_TAB);  // past the list's own button
+    untilFocused(*editor.control("txtPhone2"));
+    user.type("555");
+
+    user.key(WXK_PAGEDOWN, wxMOD_CONTROL).until("second page", [&] {
+        return editor.TabControl1.selected() == 1;
+    });
+    user.click(editor.billTo.box);
+    untilFocused(editor.billTo.box);
+    user.then([&] { EXPECT_FALSE(dynamic_cast<wxTopLevelWindow*>(user.dialog())->GetDefaultItem()); });
+    user.type("a").key(WXK_RETURN).type("b").until("two lines", [&] {
+        return editor.billTo.box.text() == "a\r\nb";
+    });
+    user.key(WXK_PAGEDOWN, wxMOD_CONTROL).key(WXK_PAGEUP, wxMOD_CONTROL);  // also from within
+    user.until("back", [&] { return editor.TabControl1.selected() == 1; });
+    untilFocused(editor.billTo.box);
+    user.key(WXK_TAB, wxMOD_CONTROL);
+    untilFocused(editor.shipTo.box);
+    user.key(WXK_TAB, wxMOD_CONTROL);
+    untilFocused(editor.lblCopyBilling);
+    user.key(WXK_RETURN).until("copied", [&] { return editor.shipTo.box.text() == "a\r\nb"; });
+
+    user.key(WXK_PAGEDOWN, wxMOD_CONTROL).until("third page", [&] {
+        return editor.TabControl1.selected() == 2;
+    });
+    user.key('N', wxMOD_ALT).pause();  // the name is on a page that does not show
+    user.key('M', wxMOD_ALT);
+    untilFocused(editor.margin.box);
+    user.type("50").key(WXK_RETURN).show();
+    EXPECT_FALSE(editor.Cancelled);
+    const auto inserted = host->callsOf("Database.ExecuteNonQueryWithID");
+    ASSERT_EQ(inserted.size(), 1U);
+    for (const char* part :
+         {"('Quay', ", "'Work', '555'", "'a\r\nb', '', '', '', '', '', 'a\r\nb', ", " 0.5, 0, 0)"})
+        EXPECT_THAT(inserted[0], HasSubstr(part));
+}
+
+TEST_F(VendorWindow, SendsTheUserBackToTheName) {
+    user.then([&] { book().SetSelection(3); });
+    user.until("notes", [&] { return editor.TabControl1.selected() == 3; }).click(editor.txtNotes).type("n");
+    user.until("typed", [&] { return editor.txtNotes.text() == "n"; });
+    user.then([&] {
+        const int high = user.windowOf(editor.txtNotes)->GetSize().y;
+        EXPECT_GT(high, user.dialog()->GetSize().y / 2) << "the notes have the page to themselves";
+    });
+    user.click(editor.cmdOK).until("message", [] { return Robot::find<wxDialog>() != nullptr; });
+    user.key(WXK_RETURN).until("back", [&] { return book().GetSelection() == 0; });
+    untilFocused(editor.txtName);
+    user.type("V").key(WXK_RETURN).show();
+    EXPECT_FALSE(editor.Cancelled);
+}
+
+}  // namespace
+}  // namespace tsln::desktop::test

@@ -1,0 +1,158 @@
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <gmock/gmock.h>
+
+#include "entities/VendorEditor.h"
+#include "tests/workbench/host/HostStage.h"
+#include "workbench/host/RecordLists.h"
+
+namespace tsln::workbench {
+namespace {
+
+using entities::VendorEditor;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::MatchesRegex;
+
+const RecordKind& vendors = *recordKindOf(Operation::ShowEditVendor);
+
+template <class Act>
+std::int32_t edit(test::ScriptedDesktop& desktop, Library& library, std::int32_t ID, Act act) {
+    desktop.user<VendorEditor>("frmEditVendor", act);
+    return library.ShowEditVendor(ID);
+}
+
+TextBox& box(Screen& editor, std::string_view name) {
+    return dynamic_cast<TextBox&>(*editor.control(name));
+}
+
+std::vector<std::string> history(HostStage& stage, std::int32_t ID) {
+    std::vector<std::string> texts;
+    for (const HistoryEntry& entry : historyOf(stage.session->company(), vendors, ID))
+        texts.push_back(entry.text);
+    return texts;
+}
+
+void accept(VendorEditor& editor) {
+    editor.cmdOK.userPress();
+}
+
+TEST(VendorOnCompany, IsAddedReadBackAndItsChangesAreInTheHistory) {
+    ModuleStage stage;
+    stage.run("INSERT INTO Terms (Terms) VALUES('Net 15')");
+    const std::int32_t ID = edit(stage.desktop, *stage.library, 0, [](VendorEditor& editor) {
+        editor.txtName.userType(" O'Brien & Daughters ");
+        box(editor, "txtPhone2").userType("555");
+        editor.billTo.box.userType("9 Quay Rd\r\nSuite 4\r\ntoronto, on m5v 2t6\r\nCanada");
+        editor.lblCopyBilling.userFollow("Hyperlink_BillingToShipping");
+        editor.margin.box.userType("12.5");
+        editor.txtNotes.userType("two\r\nlines");
+        editor.cmdOK.userPress();
+    });
+    ASSERT_GT(ID, 0);
+    const std::string where = " FROM Vendors WHERE ID = " + std::to_string(ID);
+    const std::pair<const char*, const char*> stored[] = {
+        {"VendorName", "O'Brien & Daughters"},
+        {"BillToAddress1 + ';' + BillToAddress2 + ';' + BillToCity + ';' + BillToState + ';' + BillToZip + "
+         "';' + "
+         "BillToCountry",
+         "9 Quay Rd;Suite 4;toronto;on;m5v 2t6;Canada"},
+        {"ShipToZip", "m5v 2t6"},
+        {"Phone3Label", "Mobile"},
+        {"TermsID", "1"},
+        {"Margin", "0.125"},
+        {"Notes", "two\r\nlines"},
+        {"Active", "1"}};
+    for (const auto& [column, value] : stored)
+        EXPECT_EQ(stage.value("SELECT " + std::string(column) + where), value) << column;
+    EXPECT_THAT(stage.value("SELECT UniqueID" + where), MatchesRegex("\\{[0-9A-F-]{36}\\}"));
+    EXPECT_EQ(stage.value("SELECT Activity FROM CustomerActivity WHERE CustomerID = " + std::to_string(ID)),
+              "Vendor added.");
+    EXPECT_EQ(stage.lastEvent(), "Vendor 'O'Brien & Daughters was added.");
+    EXPECT_EQ(stage.session->notices().back().code, 6001);
+    EXPECT_EQ(stage.session->notices().back().about, std::to_string(ID));
+
+    const std::string guid = stage.value("SELECT UniqueID" + where);
+    EXPECT_EQ(edit(stage.desktop, *stage.library, ID, accept), ID);
+    EXPECT_THAT(history(stage, ID), IsEmpty()) << "nothing changed";
+    EXPECT_EQ(stage.session->notices().back().code, 6003);
+    EXPECT_EQ(stage.lastEvent(), "Vendor 'O'Brien & Daughters was updated.");
+
+    EXPECT_EQ(edit(stage.desktop, *stage.library, ID,
+                   [](VendorEditor& editor) {
+                       EXPECT_EQ(editor.billTo.box.text(),
+                                 "9 Quay Rd\r\nSuite 4\r\ntoronto, on m5v 2t6\r\nCanada");
+                       EXPECT_EQ(editor.margin.box.text(), "12.5");
+                       editor.txtContact.userType("Orla");
+                       editor.cboTerms.setListIndex(-1);
+                       editor.margin.box.userType("40");
+                       editor.chkActive.userCheck(false);
+                       editor.txtNotes.userType("one");
+                       editor.cmdOK.userPress();
+                   }),
+              ID);
+    EXPECT_THAT(history(stage, ID), ElementsAre("Vendor updated:\r\nContact:  to Orla\r\nTermsID: 1 to \r\n"
+                                                "Notes: two\r\nlines to one\r\nActive: 1 to 0\r\n"
+                                                "Margin: 0.125 to 0.4"));
+    EXPECT_EQ(stage.value("SELECT UniqueID" + where), guid);
+    EXPECT_EQ(stage.value("SELECT TermsID" + where), "-");
+    EXPECT_THAT(stage.ui.shown, IsEmpty());
+    EXPECT_THAT(stage.desktop.boxes, IsEmpty());
+    const auto listed = listRecords(stage.session->company(), vendors);
+    const auto own = std::ranges::find(listed, ID, &ListedRecord::ID);
+    ASSERT_NE(own, listed.end());
+    EXPECT_THAT(own->cells, ElementsAre("O'Brien & Daughters", "Orla", "toronto", "No", ""));
+}
+
+TEST(VendorOnCompany, TwoEditorsOfOneVendorTellEachChangeTruthfully) {
+    ModuleStage first;
+    // Another workstation with the same company.
+    RecordingUi ui;
+    CompanySession session(first.folder.file("test.company"), "priya", ui);
+    test::ScriptedDesktop desktop;
+    const auto second = std::make_shared<Library>(desktop);
+    entities::plugIn(*second);
+    second->Initialize(session.sharedCode());
+
+    edit(first.desktop, *first.library, 3, [&](VendorEditor& editor) {
+        editor.txtContact.userType("Changed first, saved last");
+        edit(desktop, *second, 3, [](VendorEditor& other) {
+            box(other, "txtPhone1").userType("1-800");
+            other.cmdOK.userPress();
+        });
+        editor.cmdOK.userPress();
+    });
+    // The one saved last takes the other's change back without knowing, and says so.
+    EXPECT_THAT(history(first, 3),
+                ElementsAre("Vendor updated:\r\nPhone1: 1-800 to (555) 010-0203\r\nContact: Lucasta Bell to "
+                            "Changed first, saved last",
+                            "Vendor updated:\r\nPhone1: (555) 010-0203 to 1-800"));
+    EXPECT_EQ(first.value("SELECT EmployeeID FROM VendorActivity ORDER BY ID"), "3")
+        << "put down to each user";
+    second->PreTerminate();
+}
+
+TEST(VendorOnCompany, WhatTheDatabaseRefusesIsToldAndTheInputStays) {
+    ModuleStage stage;
+    for (const char* act : {"INSERT", "UPDATE"}) {
+        SQLite::Database(stage.folder.file("test.company"), SQLite::OPEN_READWRITE)
+            .exec("CREATE TRIGGER Refuse" + std::string(act) + " BEFORE " + act +
+                  " ON Vendors BEGIN SELECT RAISE(ABORT, 'Refused: " + act + "'); END");
+    }
+    for (const std::int32_t ID : {0, 4}) {
+        edit(stage.desktop, *stage.library, ID, [&](VendorEditor& editor) {
+            editor.txtName.userType("In use");
+            editor.cmdOK.userPress();
+            EXPECT_TRUE(editor.shown());
+            EXPECT_EQ(editor.txtName.text(), "In use");
+        });
+    }
+    ASSERT_EQ(stage.ui.shown.size(), 2U);
+    EXPECT_EQ(stage.ui.shown[0].text, "The vendor 'In use could not be added.");
+    EXPECT_EQ(stage.ui.shown[1].text, "The vendor 'In use could not be updated.");
+    EXPECT_EQ(stage.ui.shown[1].detail, "Refused: UPDATE");
+    EXPECT_EQ(stage.value("SELECT COUNT(*) FROM Vendors WHERE VendorName = 'In use'"), "0");
+    EXPECT_THAT(stage.session->notices(), IsEmpty());
+}
+
+}  // namespace
+}  // namespace tsln::workbench

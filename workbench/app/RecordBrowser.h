@@ -1,0 +1,40 @@
+#pragma once
+
+#include <vector>
+
+#include <wx/listctrl.h>
+#include <wx/srchctrl.h>
+#include <wx/wx.h>
+
+#include "automation/Object.h"
+#include "workbench/host/CompanySession.h"
+#include "workbench/host/RecordLists.h"
+
+namespace tsln::workbench {
+
+/// The company's records of one kind, to open them by, and the activity history of the selected one.
+class RecordBrowser : public wxDialog {
+  public:
+    /// `session` and `kind` must outlive the browser.
+    RecordBrowser(wxWindow* owner, CompanySession& session, ObjectPtr library, const RecordKind& kind);
+
+  private:
+    void fill(std::int32_t selected);
+    void showHistory();
+    /// Opens the editor on the record, or on a new one for 0, and shows what became of it.
+    void edit(std::int32_t ID);
+    /// The selected record's identifier; 0 when none is.
+    std::int32_t selected() const;
+    void complain(const std::exception& error);
+
+    CompanySession& session_;
+    ObjectPtr library_;
+    const RecordKind& kind_;
+    std::vector<ListedRecord> shown_;
+    wxSearchCtrl* search_;
+    wxListCtrl* list_;
+    wxTextCtrl* history_;
+    wxButton* edit_;
+};
+
+}  // namespace tsln::workbench

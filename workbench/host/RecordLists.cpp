@@ -1,0 +1,48 @@
+#include "workbench/host/RecordLists.h"
+
+#include <algorithm>
+
+#include "shared/modSharedSQL.h"
+#include "workbench/host/TextOf.h"
+
+namespace tsln::workbench {
+namespace {
+
+constexpr std::string_view vendorColumns[] = {"Vendor", "Contact", "City", "Active", "Locked"};
+
+constexpr RecordKind kinds[] = {
+    {.edit = Operation::ShowEditVendor,
+     .caption = "Vendors",
+     .columns = vendorColumns,
+     .list = "SELECT ID, VendorName, Contact, BillToCity, CASE WHEN Active <> 0 THEN 'Yes' ELSE 'No' END, "
+             "CASE WHEN Locked <> 0 THEN 'Yes' ELSE '' END FROM Vendors ORDER BY VendorName, ID",
+     .history = "SELECT REPLACE(ActivityDate, 'T', ' '), Activity FROM VendorActivity WHERE VendorID = {0} "
+                "ORDER BY ID DESC"},
+};
+
+}  // namespace
+
+const RecordKind* recordKindOf(Operation operation) {
+    const auto found = std::ranges::find(kinds, operation, &RecordKind::edit);
+    return found == std::end(kinds) ? nullptr : found;
+}
+
+std::vector<ListedRecord> listRecords(Company& company, const RecordKind& kind) {
+    std::vector<ListedRecord> records;
+    for (const std::vector<Variant>& row : company.run(kind.list).rows) {
+        ListedRecord& record = records.emplace_back();
+        record.ID = row.at(0).toLong();
+        for (std::size_t i = 0; i < kind.columns.size(); ++i)
+            record.cells.push_back(textOf(row.at(i + 1)));
+    }
+    return records;
+}
+
+std::vector<HistoryEntry> historyOf(Company& company, const RecordKind& kind, std::int32_t ID) {
+    std::vector<HistoryEntry> entries;
+    for (const std::vector<Variant>& row : company.run(modSharedSQL::format(kind.history, ID)).rows)
+        entries.push_back({textOf(row.at(0)), textOf(row.at(1))});
+    return entries;
+}
+
+}  // namespace tsln::workbench

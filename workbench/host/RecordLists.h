@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "bridge/Operations.h"
+#include "workbench/company/Company.h"
+
+namespace tsln::workbench {
+
+/// A kind of record that an operation of the library edits by its identifier.
+struct RecordKind {
+    Operation edit;
+    std::string_view caption;                   ///< "Vendors"
+    std::span<const std::string_view> columns;  ///< captions of the list's columns
+    std::string_view list;                      ///< query: the identifier, then a field a column
+    std::string_view history;                   ///< query: date and text of the record {0}, the latest first
+};
+
+/// The kind of record that the operation edits; null when it edits none, or none that is listed.
+const RecordKind* recordKindOf(Operation operation);
+
+struct ListedRecord {
+    std::int32_t ID = 0;
+    std::vector<std::string> cells;  ///< one a column of its kind
+};
+/// All records of the kind, in the order they are shown. Throws SqlError.
+std::vector<ListedRecord> listRecords(Company& company, const RecordKind& kind);
+
+struct HistoryEntry {
+    std::string date;  ///< UTC, as "2011-03-04 10:20:30"
+    std::string text;
+};
+/// The record's activity, the latest first. Throws SqlError.
+std::vector<HistoryEntry> historyOf(Company& company, const RecordKind& kind, std::int32_t ID);
+
+}  // namespace tsln::workbench
