@@ -123,6 +123,30 @@ TEST_F(RoadTest, DefaultsComeFromTheProgramBesideTheHost) {
     EXPECT_TRUE(ui.told.empty());
 }
 
+// The host fills the editor's lists through the controls it is handed, and gives the row as a recordset.
+TEST_F(RoadTest, AVendorIsEditedAndItsHistoryTellsTheChange) {
+    const std::string contact = session.company().scalar("SELECT Contact FROM Vendors WHERE ID = 3").toText();
+    ASSERT_FALSE(contact.empty());
+    session.company().execute("DELETE FROM VendorActivity");
+    LONG key = 3;
+    LONG saved = 0;
+    {
+        const User user([&](WindowDriver& at) {
+            at.window("Edit Vendor");
+            while (at.read("Edit Vendor", 1) != contact)
+                Sleep(20);
+            at.fill("Edit Vendor", 1, "Åse O'Neill");
+            at.press("Edit Vendor", "OK");
+        });
+        ASSERT_EQ(S_OK, library->ShowEditVendor(&key, &saved));
+    }
+    EXPECT_EQ(3, saved);
+    EXPECT_EQ("Åse O'Neill", session.company().scalar("SELECT Contact FROM Vendors WHERE ID = 3").toText());
+    EXPECT_EQ("Vendor updated:\r\nContact: " + contact + " to Åse O'Neill",
+              session.company().scalar("SELECT Activity FROM VendorActivity WHERE VendorID = 3").toText());
+    EXPECT_TRUE(ui.told.empty()) << ui.told.front();
+}
+
 TEST_F(RoadTest, NothingOfTheHostIsHeldAfterAScreen) {
     const auto open = [&] {
         const User user([](WindowDriver& at) { at.press("Terms", "&Close"); });
