@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <vector>
 
 #include <wx/gdicmn.h>
@@ -24,8 +25,14 @@ class ForeignWindows {
     /// activates an enabled window then, and would pick one of another program.
     void enable() noexcept;
 
-    /// Keeps a window that has no parent above the foreign window that was in front, as its owner.
-    void own(wxTopLevelWindow& window) const;
+    /// Keeps a window that has no parent above the foreign window that was in front, as its owner. Should the
+    /// owner be destroyed before this object, the system destroys the window as well, and `onLost` is called.
+    /// To be called once at most.
+    void own(wxTopLevelWindow& window, std::function<void()> onLost);
+
+    /// The program is ending: tells its message loop so again, after a loop of ours has taken the word from
+    /// the queue. The exit code that came with it is lost; it becomes 0.
+    static void passQuitOn() noexcept;
 
     /// Where that foreign window is; empty when there is none.
     static wxRect foremostRect();
@@ -33,6 +40,8 @@ class ForeignWindows {
   private:
     void* foremost_ = nullptr;
     std::vector<void*> disabled_;
+    void* owned_ = nullptr;  // while there is a window to watch
+    std::function<void()> onLost_;
 };
 
 }  // namespace tsln::desktop

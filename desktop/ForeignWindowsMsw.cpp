@@ -34,6 +34,28 @@ HWND foremostOf(const std::vector<HWND>& windows) {
     return nullptr;
 }
 
+constexpr wchar_t lostProperty[] = L"tslnmaint5.lost";
+constexpr wchar_t procedureProperty[] = L"tslnmaint5.procedure";
+
+/// Gives the window its own procedure back.
+WNDPROC unwatch(HWND window) {
+    RemovePropW(window, lostProperty);
+    const auto own = reinterpret_cast<WNDPROC>(RemovePropW(window, procedureProperty));
+    SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(own));
+    return own;
+}
+
+LRESULT CALLBACK watch(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message != WM_DESTROY) {
+        const auto own = reinterpret_cast<WNDPROC>(GetPropW(window, procedureProperty));
+        return CallWindowProcW(own, window, message, wParam, lParam);
+    }
+    const auto onLost = static_cast<std::function<void()>*>(GetPropW(window, lostProperty));
+    const WNDPROC own = unwatch(window);
+    (*onLost)();
+    return CallWindowProcW(own, window, message, wParam, lParam);
+}
+
 }  // namespace
 
 ForeignWindows::ForeignWindows() {
@@ -48,6 +70,7 @@ ForeignWindows::ForeignWindows() {
 
 ForeignWindows::~ForeignWindows() {
     enable();
+    if (const HWND owned = static_cast<HWND>(owned_); IsWindow(owned)) unwatch(owned);
     if (const HWND window = static_cast<HWND>(foremost_); IsWindow(window)) SetActiveWindow(window);
 }
 
@@ -59,9 +82,20 @@ void ForeignWindows::enable() noexcept {
     }
 }
 
-void ForeignWindows::own(wxTopLevelWindow& window) const {
-    if (foremost_ && !window.GetParent())
-        SetWindowLongPtrW(GetHwndOf(&window), GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(foremost_));
+void ForeignWindows::own(wxTopLevelWindow& window, std::function<void()> onLost) {
+    if (!foremost_ || window.GetParent()) return;
+    const HWND owned = GetHwndOf(&window);
+    SetWindowLongPtrW(owned, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(foremost_));
+    owned_ = owned;
+    onLost_ = std::move(onLost);
+    // The toolkit does not tell of windows that it has not destroyed itself.
+    SetPropW(owned, lostProperty, &onLost_);
+    SetPropW(owned, procedureProperty, reinterpret_cast<HANDLE>(GetWindowLongPtrW(owned, GWLP_WNDPROC)));
+    SetWindowLongPtrW(owned, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(watch));
+}
+
+void ForeignWindows::passQuitOn() noexcept {
+    PostQuitMessage(0);
 }
 
 wxRect ForeignWindows::foremostRect() {

@@ -8,7 +8,9 @@ ForeignWindows::~ForeignWindows() = default;
 
 void ForeignWindows::enable() noexcept {}
 
-void ForeignWindows::own(wxTopLevelWindow&) const {}
+void ForeignWindows::own(wxTopLevelWindow&, std::function<void()>) {}
+
+void ForeignWindows::passQuitOn() noexcept {}
 
 wxRect ForeignWindows::foremostRect() {
     return {};

@@ -100,11 +100,14 @@ void ScreenDialog::run() {
     // The window system may never tell of the first activation (no window manager, another program in front).
     CallAfter([this] { activateFirst(); });
     ForeignWindows foreign;
-    foreign.own(*this);
+    foreign.own(*this, [this] { CallAfter([this] { abandon(); }); });
     foreign_ = &foreign;
     Raise();
     ShowModal();
     foreign_ = nullptr;
+    if (!screen_.shown()) return;
+    abandon();  // the loop was told to end, and the ones below are told in turn
+    ForeignWindows::passQuitOn();
 }
 
 void ScreenDialog::EndModal(int result) {
@@ -156,7 +159,19 @@ void ScreenDialog::requestClose() {
         closePending_ = true;
         return;
     }
-    act([this] { screen_.userClose(); });
+    act([this] {
+        if (abandoned_) {
+            screen_.unload();
+            screen_.hide();
+        } else {
+            screen_.userClose();
+        }
+    });
+}
+
+void ScreenDialog::abandon() {
+    abandoned_ = true;
+    requestClose();
 }
 
 // What the screen tells ---------------------------------------------------------------------------

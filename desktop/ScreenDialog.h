@@ -58,6 +58,7 @@ class ScreenDialog : public wxDialog, private ScreenView {
     void noticeFocus();
     void activateFirst();
     void requestClose();
+    void abandon();
     void showPointer();
 
     void onActivate(wxActivateEvent& event);
@@ -79,6 +80,7 @@ class ScreenDialog : public wxDialog, private ScreenView {
     bool activated_ = false;
     bool leftFront_ = false;  // another window came to the front since the screen was activated
     bool closePending_ = false;
+    bool abandoned_ = false;  // the window is gone or the program ends: the screen has no say
     bool pointerBusy_ = false;
 };
 

@@ -11,6 +11,7 @@
 #include <wx/utils.h>
 
 #include "desktop/Dialogs.h"
+#include "desktop/ForeignWindows.h"
 #include "desktop/HelpWindow.h"
 #include "desktop/Process.h"
 #include "desktop/ReportPrinter.h"
@@ -134,7 +135,15 @@ ProcessEnd WxDesktop::runAndWait(std::string_view commandLine) {
     {
         const wxWindowDisabler disabler;
         const ActiveLoop loop;
-        end = runProcess(commandLine, [&] { loop->DispatchTimeout(waitSlice); });
+        bool quitting = false;  // the program is to end, but not before the one that was started
+        end = runProcess(commandLine, [&] {
+            if (quitting) {
+                wxMilliSleep(waitSlice);
+            } else {
+                quitting = loop->DispatchTimeout(waitSlice) == 0;
+            }
+        });
+        if (quitting) ForeignWindows::passQuitOn();
     }
     restoreFocus();
     if (onProcessEnd) onProcessEnd(commandLine, end);

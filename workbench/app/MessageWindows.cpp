@@ -131,7 +131,7 @@ Reply MessageWindows::showMessage(const Message& message) {
                          : overScreen ? nullptr
                                       : wxTheApp->GetTopWindow(),
                          message);
-    screens.own(dialog);
+    screens.own(dialog, [&dialog] { dialog.CallAfter([&dialog] { dialog.EndModal(wxID_CANCEL); }); });
     const int answer = dialog.ShowModal();
     return {.answer = answer == wxID_YES  ? MessageAnswer::Yes
                       : answer == wxID_NO ? MessageAnswer::No

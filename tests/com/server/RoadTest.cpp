@@ -76,7 +76,7 @@ TEST_F(RoadTest, TermsAreListedAddedEditedAndDeleted) {
     EXPECT_EQ(VARIANT_TRUE, closed);
     const std::int32_t id =
         session.company().scalar("SELECT ID FROM Terms WHERE Terms = 'Net 45 “quoted” ''text'''").toLong();
-    ASSERT_GT(id, 0);
+    ASSERT_GT(id, 0) << session.company().scalar("SELECT TOP 1 Terms FROM Terms ORDER BY ID DESC").toText();
     EXPECT_EQ(
         45, session.company().scalar("SELECT DueDays FROM Terms WHERE ID = " + std::to_string(id)).toLong());
 
@@ -203,6 +203,42 @@ TEST_F(RoadTest, TheHostsWindowsTakeNoInputMeanwhile) {
     EXPECT_EQ(host, GetActiveWindow());
     for (const HWND window : {host, palette, asleep})
         DestroyWindow(window);
+}
+
+TEST_F(RoadTest, TheHostMayEndWhileAScreenIsOpen) {
+    const DWORD thread = GetCurrentThreadId();
+    {
+        const User user([&](WindowDriver& at) {
+            at.waitForRows("Terms", 1);
+            PostThreadMessageW(thread, WM_QUIT, 0, 0);
+            EXPECT_TRUE(at.gone("Terms"));
+        });
+        VARIANT_BOOL closed = VARIANT_TRUE;
+        EXPECT_EQ(S_OK, library->ShowTerms(&closed));
+        EXPECT_EQ(VARIANT_FALSE, closed);
+    }
+    MSG message{};  // the host's own loop is still to end
+    EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+}
+
+TEST_F(RoadTest, TheHostMayDestroyItsWindowWhileAScreenIsOpen) {
+    const HWND host = CreateWindowExW(0, L"STATIC", L"The host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 50, 50,
+                                      200, 200, nullptr, nullptr, nullptr, nullptr);
+    {
+        const User user([&](WindowDriver& at) {
+            at.waitForRows("Terms", 1);
+            PostMessageW(host, WM_CLOSE, 0, 0);
+            EXPECT_TRUE(at.gone("The host"));
+            EXPECT_TRUE(at.gone("Terms"));
+        });
+        VARIANT_BOOL closed = VARIANT_TRUE;
+        EXPECT_EQ(S_OK, library->ShowTerms(&closed));
+        EXPECT_EQ(VARIANT_FALSE, closed);
+    }
+    const User user([](WindowDriver& at) { at.press("Terms", "&Close"); });
+    VARIANT_BOOL closed = VARIANT_FALSE;
+    EXPECT_EQ(S_OK, library->ShowTerms(&closed));
+    EXPECT_EQ(VARIANT_TRUE, closed);
 }
 
 TEST_F(RoadTest, WindowPositionsLieInTheRegistry) {

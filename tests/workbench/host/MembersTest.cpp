@@ -1,9 +1,8 @@
-#include <regex>
-
 #include <gmock/gmock.h>
 
 #include "screens/Controls.h"
 #include "screens/Screen.h"
+#include "tests/support/Regex.h"
 #include "tests/workbench/host/HostStage.h"
 #include "workbench/host/ExpressionText.h"
 #include "workbench/host/MessageMembers.h"
@@ -124,8 +123,8 @@ TEST(Members, AnswerFromTheCompany) {
                     "!Object doesn't support this property or method: ShowSelectBySearch"},
                });
     EXPECT_THAT(asked(stage, "Database.LastSQLErrorDescription", {}), HasSubstr("NoSuchTable"));
-    EXPECT_TRUE(std::regex_match(asked(stage, "Common.CreateGUID", {}),
-                                 std::regex("[0-9A-F]{8}-[0-9A-F]{4}-4[0-9A-F]{3}-[89AB].*")));
+    EXPECT_THAT(asked(stage, "Common.CreateGUID", {}),
+                test::IsLike("[0-9A-F]{8}-[0-9A-F]{4}-4[0-9A-F]{3}-[89AB].*"));
     EXPECT_NE(asked(stage, "Common.CreateGUID", {}), asked(stage, "Common.CreateGUID", {}));
     EXPECT_EQ(stage.value("SELECT TagLine1 FROM Company"), "new");
     EXPECT_TRUE(std::filesystem::is_directory(stage.folder.file("Reports")));

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "entities/VendorEditor.h"
+#include "tests/support/Regex.h"
 #include "tests/workbench/host/HostStage.h"
 #include "workbench/host/RecordLists.h"
 
@@ -11,7 +12,6 @@ namespace {
 using entities::VendorEditor;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::MatchesRegex;
 
 const RecordKind& vendors = *recordKindOf(Operation::ShowEditVendor);
 
@@ -64,7 +64,7 @@ TEST(VendorOnCompany, IsAddedReadBackAndItsChangesAreInTheHistory) {
         {"Active", "1"}};
     for (const auto& [column, value] : stored)
         EXPECT_EQ(stage.value("SELECT " + std::string(column) + where), value) << column;
-    EXPECT_THAT(stage.value("SELECT UniqueID" + where), MatchesRegex("\\{[0-9A-F-]{36}\\}"));
+    EXPECT_THAT(stage.value("SELECT UniqueID" + where), test::IsLike("\\{[0-9A-F-]{36}\\}"));
     EXPECT_EQ(stage.value("SELECT Activity FROM CustomerActivity WHERE CustomerID = " + std::to_string(ID)),
               "Vendor added.");
     EXPECT_EQ(stage.lastEvent(), "Vendor 'O'Brien & Daughters was added.");
