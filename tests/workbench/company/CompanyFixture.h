@@ -34,9 +34,8 @@ class TemporaryFolder {
 };
 
 class CompanyTest : public testing::Test {
-  protected:
+  public:
     /// The rows in one line: columns split by "|", rows by ";". NULL columns are left out.
-    std::string rows(const std::string& sql) { return rows(company_, sql); }
     static std::string rows(Company& company, const std::string& sql) {
         pugi::xml_document document;
         std::string xml = company.read(sql);
@@ -54,6 +53,9 @@ class CompanyTest : public testing::Test {
         }
         return result;
     }
+
+  protected:
+    std::string rows(const std::string& sql) { return rows(company_, sql); }
     /// The text that the statement fails with.
     std::string failure(const std::string& sql) {
         try {
