@@ -3,6 +3,7 @@
 #include <wx/wx.h>
 
 #include "desktop/Text.h"
+#include "workbench/app/OverScreens.h"
 #include "workbench/host/ExpressionText.h"
 
 namespace tsln::workbench {
@@ -102,8 +103,10 @@ class ExpressionDialog : public wxDialog {
 
 }  // namespace
 
-std::optional<std::string> editExpressionInWindow(wxWindow* owner, const ExpressionEdit& edit) {
-    ExpressionDialog dialog(owner, edit);
+std::optional<std::string> editExpressionInWindow(const ExpressionEdit& edit) {
+    const OverScreens place;
+    ExpressionDialog dialog(place.owner(), edit);
+    place.own(dialog);
     if (dialog.ShowModal() != wxID_OK) return std::nullopt;
     return dialog.changed() ? dialog.expression() : edit.expression;
 }

@@ -5,7 +5,8 @@
 #include <wx/statbmp.h>
 #include <wx/wx.h>
 
-#include "desktop/ForeignWindows.h"
+#include "workbench/app/ExpressionWindow.h"
+#include "workbench/app/OverScreens.h"
 #include "workbench/host/Markup.h"
 
 namespace tsln::workbench {
@@ -123,21 +124,19 @@ class MessageDialog : public wxDialog {
 }  // namespace
 
 Reply MessageWindows::showMessage(const Message& message) {
-    wxWindow* owner = wxGetActiveWindow();
-    // On Windows the module's screens are windows of another toolkit.
-    const bool overScreen = !desktop::ForeignWindows::foremostRect().IsEmpty();
-    desktop::ForeignWindows screens;
-    MessageDialog dialog(owner        ? wxGetTopLevelParent(owner)
-                         : overScreen ? nullptr
-                                      : wxTheApp->GetTopWindow(),
-                         message);
-    screens.own(dialog);
+    const OverScreens place;
+    MessageDialog dialog(place.owner(), message);
+    place.own(dialog);
     const int answer = dialog.ShowModal();
     return {.answer = answer == wxID_YES  ? MessageAnswer::Yes
                       : answer == wxID_NO ? MessageAnswer::No
                       : answer == wxID_OK ? MessageAnswer::Ok
                                           : MessageAnswer::Cancel,
             .doNotShowAgain = dialog.doNotShowAgain()};
+}
+
+std::optional<std::string> MessageWindows::editExpression(const ExpressionEdit& edit) {
+    return editExpressionInWindow(edit);
 }
 
 }  // namespace tsln::workbench
