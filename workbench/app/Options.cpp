@@ -45,10 +45,11 @@ std::optional<Options> readCommandLine(int argc, const char* const* argv, int& e
         "Tessaline workbench: the maintenance module in a small host with an embedded company database.",
         "tessaline-workbench");
     Options options;
-    line.add_option("--company", options.company,
-                    "Company file; made with demonstration data when it does not exist (default: " +
-                        demonstrationCompany() + ")")
-        ->type_name("FILE");
+    auto* company =
+        line.add_option("--company", options.company,
+                        "Company file; made with demonstration data when it does not exist (default: " +
+                            demonstrationCompany() + ")")
+            ->type_name("FILE");
     line.add_option("--user", options.user,
                     "Login name: \"admin\" may do all, \"viewer\" may only look (default: admin)")
         ->type_name("NAME");
@@ -56,14 +57,25 @@ std::optional<Options> readCommandLine(int argc, const char* const* argv, int& e
                                  "Call an operation with its arguments, print its result and end")
                      ->type_name("OPERATION [ARGUMENT...]")
                      ->expected(1, 4);
-    line.add_option(
-            "--tour", options.tour,
-            "Go through the terms list on a fresh company as a user at the keyboard, and save a picture of "
-            "each step in the folder")
-        ->type_name("FOLDER")
-        ->excludes(show);
+    auto* tour = line.add_option("--tour", options.tour,
+                                 "Go through the terms list on a fresh company as a user at the keyboard, "
+                                 "and save a picture of "
+                                 "each step in the folder")
+                     ->type_name("FOLDER")
+                     ->excludes(show);
+    // It changes rows so that screens have something to say, so it keeps off companies that exist.
+    auto* gallery =
+        line.add_option("--gallery", options.gallery,
+                        "Open every screen over a fresh company and save a picture of each window in the "
+                        "folder (default: tessaline-gallery among the temporary files)")
+            ->type_name("[FOLDER]")
+            ->expected(0, 1)
+            ->excludes(show)
+            ->excludes(tour)
+            ->excludes(company);
     line.footer(
-        "Exit codes: 1 the operation or the tour failed, 2 wrong command line, 3 the company file cannot be "
+        "Exit codes: 1 the operation, the tour or the gallery failed, 2 wrong command line, 3 the company "
+        "file cannot be "
         "used, 4 no such user, 5 no display.");
     try {
         line.parse(argc, argv);
@@ -77,10 +89,14 @@ std::optional<Options> readCommandLine(int argc, const char* const* argv, int& e
         return std::nullopt;
     }
     std::error_code ignored;  // a folder that cannot be made shows when the company is
-    if (!options.tour.empty() && options.company.empty()) {
-        options.tour = std::filesystem::absolute(options.tour).string();
-        std::filesystem::create_directories(options.tour, ignored);
-        options.company = options.tour + "/tour.company";
+    if (gallery->count() > 0 && options.gallery.empty())
+        options.gallery = (std::filesystem::temp_directory_path() / "tessaline-gallery").string();
+    for (std::string* folder : {&options.tour, &options.gallery}) {
+        if (folder->empty()) continue;
+        *folder = std::filesystem::absolute(*folder).string();
+        std::filesystem::create_directories(*folder, ignored);
+        if (!options.company.empty()) continue;
+        options.company = *folder + "/fresh.company";
         std::filesystem::remove(options.company, ignored);
     }
     if (options.company.empty()) {
