@@ -23,6 +23,12 @@ bool isColumn(const Layout& layout) {
     return layout.kind != Layout::Kind::Row;
 }
 
+/// A row with a label before its first control.
+bool beginsWithField(const Layout& layout) {
+    return layout.kind == Layout::Kind::Row && !layout.control && !layout.children.empty() &&
+           layout.children.front().kind == Layout::Kind::Field;
+}
+
 /// What a screen reader says for a label: without the mnemonic's mark and the colon.
 wxString spokenName(const wxString& label) {
     wxString name = wxControl::RemoveMnemonics(label);
@@ -109,7 +115,9 @@ LayoutBuilder::Part LayoutBuilder::makeBox(const Layout& layout, wxWindow* paren
     return part;
 }
 
-LayoutBuilder::Part LayoutBuilder::fillBox(const Layout& layout, wxWindow* parent, wxSizer* sizer) {
+/// `firstLabel`: stands elsewhere, and belongs to the field that the layout begins with.
+LayoutBuilder::Part LayoutBuilder::fillBox(const Layout& layout, wxWindow* parent, wxSizer* sizer,
+                                           wxWindow* firstLabel) {
     const bool column = isColumn(layout);
     const bool onlyButtons = std::ranges::all_of(layout.children, [](const Layout& child) {
         return child.kind == Layout::Kind::Spring || dynamic_cast<Button*>(child.control);
@@ -122,7 +130,7 @@ LayoutBuilder::Part LayoutBuilder::fillBox(const Layout& layout, wxWindow* paren
             sizer->AddStretchSpacer();
             continue;
         }
-        const Part part = make(child, parent);
+        const Part part = first && firstLabel ? makeLabelled(child, parent, firstLabel) : make(child, parent);
         if (!part.window && !part.sizer) continue;
         // Groups keep more distance than single controls.
         if (!first) sizer->AddSpacer(part.isGroup || afterGroup ? 2 * gap_ : gap_);
@@ -149,15 +157,19 @@ LayoutBuilder::Part LayoutBuilder::fillBox(const Layout& layout, wxWindow* paren
     return whole;
 }
 
-/// Buttons side by side or one below the other are of one width.
+/// Buttons side by side or one below the other are of one width, but for those with long captions: they would
+/// make the row too wide.
 void LayoutBuilder::equalizeButtons(const std::vector<Layout>& children) {
     std::vector<wxWindow*> buttons;
     int width = wxButton::GetDefaultSize(&dialog_).x;
+    const int most = width * 3 / 2;
     for (const Layout& child : children) {
         if (child.kind != Layout::Kind::Item || !dynamic_cast<Button*>(child.control)) continue;
-        const ControlView* view = dialog_.viewOf(*child.control);
-        buttons.push_back(&view->window());
-        width = std::max(width, buttons.back()->GetBestSize().x);
+        wxWindow& button = dialog_.viewOf(*child.control)->window();
+        const int best = button.GetBestSize().x;
+        if (best > most) continue;
+        buttons.push_back(&button);
+        width = std::max(width, best);
     }
     for (wxWindow* button : buttons)
         button->SetMinSize({width, -1});
@@ -167,13 +179,19 @@ wxWindow* LayoutBuilder::makeLabel(const Layout& field, wxWindow* parent) {
     return new wxStaticText(parent, wxID_ANY, toWx(field.caption));
 }
 
+/// The control of a field whose label stands already.
+LayoutBuilder::Part LayoutBuilder::makeLabelled(const Layout& field, wxWindow* parent, wxWindow* label) {
+    const Part part = makeControl(*field.control, parent, toWx(field.caption));
+    if (part.view) part.view->setLabel(label);
+    return part;
+}
+
 LayoutBuilder::Part LayoutBuilder::makeField(const Layout& layout, wxWindow* parent) {
     auto* row = new wxBoxSizer(wxHORIZONTAL);
     wxWindow* label = makeLabel(layout, parent);
     row->Add(label, wxSizerFlags().CentreVertical());
     row->AddSpacer(2 * gap_);
-    Part part = makeControl(*layout.control, parent, toWx(layout.caption));
-    if (part.view) part.view->setLabel(label);
+    Part part = makeLabelled(layout, parent, label);
     if (part.window) row->Add(part.window, wxSizerFlags(part.growsWide ? 1 : 0).CentreVertical());
     part.window = nullptr;
     part.sizer = row;
@@ -186,14 +204,19 @@ LayoutBuilder::Part LayoutBuilder::makeForm(const Layout& layout, wxWindow* pare
     Part whole{.sizer = grid, .isGroup = true, .growsWide = true};
     int row = 0;
     for (const Layout& child : layout.children) {
-        if (child.kind == Layout::Kind::Field) {
+        if (beginsWithField(child)) {
+            // Its label stands under the others, the rest beside it.
+            wxWindow* label = makeLabel(child.children.front(), parent);
+            const Part part = fillBox(child, parent, new wxBoxSizer(wxHORIZONTAL), label);
+            grid->Add(label, {row, 0}, {1, 1}, wxALIGN_CENTRE_VERTICAL);
+            grid->Add(part.sizer, {row, 1}, {1, 1}, wxEXPAND);
+        } else if (child.kind == Layout::Kind::Field) {
             wxWindow* label = makeLabel(child, parent);
-            const Part part = makeControl(*child.control, parent, toWx(child.caption));
+            const Part part = makeLabelled(child, parent, label);
             if (!part.view) {
                 label->Destroy();
                 continue;
             }
-            part.view->setLabel(label);
             const int labelSide = part.growsHigh ? wxALIGN_TOP | wxTOP : wxALIGN_CENTRE_VERTICAL;
             grid->Add(label, {row, 0}, {1, 1}, labelSide, dialog_.FromDIP(4));
             const int fill = part.growsHigh || part.growsWide ? int(wxEXPAND) : int(wxALIGN_CENTRE_VERTICAL);
@@ -216,8 +239,9 @@ LayoutBuilder::Part LayoutBuilder::makeForm(const Layout& layout, wxWindow* pare
     }
     if (grid->GetChildren().empty()) return whole;
     // A form of nothing but what spans both columns has no second one to grow.
-    const bool hasFields = std::ranges::any_of(
-        layout.children, [](const Layout& child) { return child.kind == Layout::Kind::Field; });
+    const bool hasFields = std::ranges::any_of(layout.children, [](const Layout& child) {
+        return child.kind == Layout::Kind::Field || beginsWithField(child);
+    });
     grid->AddGrowableCol(hasFields ? 1 : 0, 1);
     return whole;
 }

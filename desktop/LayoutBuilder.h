@@ -39,7 +39,8 @@ class LayoutBuilder {
     Part makeBox(const Layout& layout, wxWindow* parent);
     Part makeForm(const Layout& layout, wxWindow* parent);
     Part makeField(const Layout& layout, wxWindow* parent);
-    Part fillBox(const Layout& layout, wxWindow* parent, wxSizer* sizer);
+    Part makeLabelled(const Layout& field, wxWindow* parent, wxWindow* label);
+    Part fillBox(const Layout& layout, wxWindow* parent, wxSizer* sizer, wxWindow* firstLabel = nullptr);
     wxWindow* makeLabel(const Layout& field, wxWindow* parent);
     void equalizeButtons(const std::vector<Layout>& children);
 

@@ -39,7 +39,9 @@ class Inspection {
     void look(const wxWindow& parent) {
         std::vector<const wxWindow*> shown;
         for (const wxWindow* child : parent.GetChildren()) {
-            if (child->IsShown() && !child->IsTopLevel()) shown.push_back(child);
+            // A frame keeps its status bar below its client area.
+            const bool isBar = dynamic_cast<const wxStatusBar*>(child) != nullptr;
+            if (child->IsShown() && !child->IsTopLevel() && !isBar) shown.push_back(child);
         }
         // Panes may be drawn too small for all they hold.
         const bool holdsAll =
@@ -61,15 +63,13 @@ class Inspection {
         const bool hasCaption =
             dynamic_cast<const wxStaticText*>(&control) || dynamic_cast<const wxAnyButton*>(&control) ||
             dynamic_cast<const wxCheckBox*>(&control) || dynamic_cast<const wxStaticBox*>(&control);
-        const bool isField = dynamic_cast<const wxTextEntry*>(&control) != nullptr;
         constexpr long mayBeCut =
             wxST_ELLIPSIZE_END | wxST_ELLIPSIZE_MIDDLE | wxST_ELLIPSIZE_START | wxST_NO_AUTORESIZE;
         const bool ellipsized =
             dynamic_cast<const wxStaticText*>(&control) && (control.GetWindowStyle() & mayBeCut) != 0;
         const wxSize size = control.GetSize(), best = control.GetBestSize();
         if (hasCaption && !ellipsized && size.x < best.x) tell(control, "is cut off at its end");
-        if ((hasCaption || isField) && size.y < best.y && !control.HasFlag(wxTE_MULTILINE))
-            tell(control, "is cut off below");
+        if (hasCaption && size.y < best.y) tell(control, "is cut off below");
         if (const auto* list = dynamic_cast<const wxListCtrl*>(&control)) lookAtColumns(*list);
     }
 

@@ -2,6 +2,7 @@
 
 #include <wx/wx.h>
 
+#include "desktop/NativeWindow.h"
 #include "desktop/Text.h"
 #include "workbench/app/OverScreens.h"
 #include "workbench/host/ExpressionText.h"
@@ -26,6 +27,7 @@ class ExpressionDialog : public wxDialog {
         text_ = new wxTextCtrl(this, wxID_ANY, toWx(edit.expression), wxDefaultPosition,
                                FromDIP(wxSize(420, 110)), wxTE_MULTILINE);
         text_->SetName("Expression");
+        desktop::setTextMargin(*text_, FromDIP(6));
         text_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) {
             changed_ = true;
             tellFault();

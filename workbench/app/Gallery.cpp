@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include <wx/app.h>
+#include <wx/listctrl.h>
 #include <wx/toplevel.h>
 
 #include "automation/HostError.h"
@@ -149,6 +150,13 @@ void prepare(Company& company, std::string_view statements) {
         company.execute(statement);
 }
 
+bool listHasKeyboard() {
+    for (const wxWindow* window = wxWindow::FindFocus(); window; window = window->GetParent()) {
+        if (dynamic_cast<const wxListCtrl*>(window)) return true;
+    }
+    return false;
+}
+
 void act(const Keystroke& stroke) {
     if (stroke.kind == Keystroke::Kind::Press) press(stroke.key, stroke.modifiers);
     if (stroke.kind == Keystroke::Kind::Type) type(stroke.text);
@@ -168,6 +176,10 @@ Script galleryRound(ObjectPtr library, Company& company, wxTopLevelWindow& workb
         Windows windows(album, stop.name, workbench);
         const std::shared_ptr<Call> call = begin(library, stop);
         co_await settled(call);
+        if (!call->returned && listHasKeyboard()) {
+            press(WXK_HOME);  // a list says more with a row selected
+            co_await settled(call);
+        }
         if (!call->returned) windows.takeNew();
         for (const Keystroke& stroke : readKeys(stop.keys)) {
             act(stroke);

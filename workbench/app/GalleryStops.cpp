@@ -13,39 +13,46 @@ namespace {
 
 using enum Operation;
 
-/// Arguments of operations for which the first row of their table, or nothing, says little.
-const GalleryStop particulars[] = {
-    {"ShowMoveReferences", ShowMoveReferences, {"1", "1"}},
-    {"ShowGetReplacementDiscountGroup", ShowGetReplacementDiscountGroup, {"4"}},
-    {"ShowDeleteDiscountGroup", ShowDeleteDiscountGroup, {"4"}},
-    {"ShowEditDiscountGroups", ShowEditDiscountGroups, {"4"}},
-    {"ShowEditPortfiolioTag", ShowEditPortfiolioTag, {"Kitchen"}},
-    {"ShowEditVendor", ShowEditVendor, {"3"}},
-    {"ShowEditCustomer", ShowEditCustomer, {"5"}},
-    {"ShowProductTags", ShowProductTags, {"3"}},
-    {"ShowEditProductTags", ShowEditProductTags, {"3"}},
+/// What suits an operation better than the usual arguments.
+struct Particular {
+    Operation operation;
+    std::vector<std::string> arguments;
+    std::string_view prepare = {};
+    bool makesRows = true;  ///< an operation that edits a row makes a new one for 0
 };
-
-constexpr std::string_view moreMenu = "Alt+m";
+const Particular particulars[] = {
+    {ShowMoveReferences, {"1", "1"}},
+    {ShowGetReplacementDiscountGroup, {"4"}},
+    {ShowDeleteDiscountGroup, {"4"}},
+    {ShowEditDiscountGroups, {"4"}},
+    {ShowEditPortfiolioTag, {"Kitchen"}},
+    {ShowEditVendor, {"3"}},
+    {ShowEditCustomer, {"5"}},
+    {ShowProductTags, {"3"}},
+    {ShowEditProductTags, {"3"}, {}, false},
+    {ShowEditMeasurementRoom, {"1"}, "INSERT INTO MeasurementRooms (Room) VALUES ('Sun porch')"},
+    {ShowEditMeasurementItem, {"1"}, "INSERT INTO MeasurementItems (ItemName) VALUES ('Transom')"},
+    {ShowEditMeasurementMount, {"1"}, "INSERT INTO MeasurementMounts (Mount) VALUES ('Ceiling')"},
+};
 
 /// What a call alone does not show.
 const GalleryStop further[] = {
-    {"list-several-selected", ShowManufacturers, {}, "Home Shift+Down Shift+Down *"},
-    {"list-more-commands", ShowTerms, {}, moreMenu},
+    {"list-several-selected", ShowManufacturers, {}, "Shift+Down Shift+Down *"},
+    {"list-more-commands", ShowTerms, {}, "Alt+m"},
     {"list-help", ShowTerms, {}, "F1"},
     {"list-print-preview", ShowTerms, {}, "Alt+m Down Down Down Enter ..."},
     {"list-export", ShowTerms, {}, "Alt+m Down Down Enter"},
     {"list-import", ShowTerms, {}, "Alt+m Down Enter"},
     {"list-save", ShowTerms, {}, "Alt+m Down Down Down Down Enter"},
-    {"defaults-installed", ShowMeasurementRooms, {}, "Enter ... *"},
+    {"defaults-installed", ShowMeasurementRooms, {}, "Enter ... *", "DELETE FROM MeasurementRooms"},
     {"message-required", ShowEditTerms, {"0"}, "Enter"},
     {"message-duplicate", ShowEditPaymentMethods, {"0"}, "=Cash Enter"},
-    {"message-referenced", ShowShippingMethods, {}, "Home Delete"},
+    {"message-referenced", ShowShippingMethods, {}, "Delete"},
     {"message-required-group", ShowEditDiscountGroups, {"1"}},
     {"message-last-of-its-kind",
      ShowCustomerTypes,
      {},
-     "Home Delete",
+     "Delete",
      "UPDATE Customers SET CustomerTypeID = 1;DELETE FROM CustomerTypes WHERE ID > 1;"
      "UPDATE Customers SET CustomerTypeID = 0"},
     {"message-save-failed", ShowEditLocation, {"0"}, "=New_showroom Enter"},
@@ -83,13 +90,16 @@ std::string usual(const OperationArgument& argument) {
     }
 }
 
-std::vector<std::string> usualArguments(const OperationInfo& row) {
-    const auto particular = std::ranges::find(particulars, row.operation, &GalleryStop::operation);
-    if (particular != std::end(particulars)) return particular->arguments;
-    std::vector<std::string> arguments;
-    for (const OperationArgument& argument : row.arguments())
-        arguments.push_back(usual(argument));
-    return arguments;
+GalleryStop stopAt(const OperationInfo& row, const Particular* particular) {
+    GalleryStop stop{std::string(row.name), row.operation};
+    if (particular) {
+        stop.arguments = particular->arguments;
+        stop.prepare = particular->prepare;
+    } else {
+        for (const OperationArgument& argument : row.arguments())
+            stop.arguments.push_back(usual(argument));
+    }
+    return stop;
 }
 
 struct NamedKey {
@@ -137,11 +147,14 @@ std::vector<GalleryStop> galleryStops() {
         for (const Operation operation : group.operations) {
             const OperationInfo& row = info(operation);
             if (!opensScreen(row)) continue;
-            GalleryStop stop{std::string(row.name), operation, usualArguments(row)};
-            if (editsRow(row)) {
+            const auto found = std::ranges::find(particulars, operation, &Particular::operation);
+            const Particular* particular = found == std::end(particulars) ? nullptr : &*found;
+            GalleryStop stop = stopAt(row, particular);
+            if (editsRow(row) && (!particular || particular->makesRows)) {
                 GalleryStop forNew = stop;
                 forNew.name += "-new";
                 forNew.arguments.front() = "0";
+                forNew.prepare = {};
                 stops.push_back(std::move(forNew));
             }
             stops.push_back(std::move(stop));

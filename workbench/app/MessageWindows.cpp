@@ -56,9 +56,9 @@ class MessageText : public wxHtmlWindow {
         const bool heading = message.advice.empty() && message.explanation.empty();
         page += heading ? html(message.text) : "<font size=\"+1\">" + html(message.text) + "</font>";
         for (const std::string* part : {&message.advice, &message.explanation}) {
-            if (!part->empty()) page += "<p>" + html(*part) + "</p>";
+            if (!part->empty()) page += "<br><br>" + html(*part);
         }
-        if (!message.detail.empty()) page += "<p><tt>" + escaped(message.detail) + "</tt></p>";
+        if (!message.detail.empty()) page += "<br><br><tt>" + escaped(message.detail) + "</tt>";
         SetPage(page + "</body></html>");
         SetName(text(plainText(message.text)));
 

@@ -57,13 +57,14 @@ std::optional<Options> readCommandLine(int argc, const char* const* argv, int& e
                                  "Call an operation with its arguments, print its result and end")
                      ->type_name("OPERATION [ARGUMENT...]")
                      ->expected(1, 4);
-    auto* tour = line.add_option("--tour", options.tour,
-                                 "Go through the terms list on a fresh company as a user at the keyboard, "
-                                 "and save a picture of "
-                                 "each step in the folder")
-                     ->type_name("FOLDER")
-                     ->excludes(show);
-    // It changes rows so that screens have something to say, so it keeps off companies that exist.
+    // These two delete rows, so they keep off companies that exist.
+    auto* tour =
+        line.add_option("--tour", options.tour,
+                        "Go through the terms list on a fresh company as a user at the keyboard, and save "
+                        "a picture of each step in the folder")
+            ->type_name("FOLDER")
+            ->excludes(show)
+            ->excludes(company);
     auto* gallery =
         line.add_option("--gallery", options.gallery,
                         "Open every screen over a fresh company and save a picture of each window in the "
@@ -75,8 +76,7 @@ std::optional<Options> readCommandLine(int argc, const char* const* argv, int& e
             ->excludes(company);
     line.footer(
         "Exit codes: 1 the operation, the tour or the gallery failed, 2 wrong command line, 3 the company "
-        "file cannot be "
-        "used, 4 no such user, 5 no display.");
+        "file cannot be used, 4 no such user, 5 no display.");
     try {
         line.parse(argc, argv);
         if (!options.show.empty()) {

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <string>
 
+#include <SQLiteCpp/SQLiteCpp.h>
 #include <gtest/gtest.h>
 #include <pugixml.hpp>
 
@@ -33,6 +34,13 @@ class TemporaryFolder {
     std::filesystem::path path_;
 };
 
+/// Takes the demonstration's terms away, as if there had never been any.
+inline void forgetTerms(const std::string& path) {
+    SQLite::Database(path, SQLite::OPEN_READWRITE)
+        .exec("DELETE FROM Terms; DELETE FROM sqlite_sequence WHERE name = 'Terms'");
+}
+
+/// A company whose terms are the test's own.
 class CompanyTest : public testing::Test {
   public:
     /// The rows in one line: columns split by "|", rows by ";". NULL columns are left out.
@@ -55,6 +63,7 @@ class CompanyTest : public testing::Test {
     }
 
   protected:
+    CompanyTest() { forgetTerms(company_.path()); }
     std::string rows(const std::string& sql) { return rows(company_, sql); }
     /// The text that the statement fails with.
     std::string failure(const std::string& sql) {
