@@ -86,7 +86,6 @@ class ReportView : public ControlView {
         switch (code) {
             case WXK_UP:
             case WXK_DOWN:
-            case WXK_HOME:
                 // The toolkit thinks itself on the first row from the start and would step over it.
                 if (report_.focusedRow() || report_.rowCount() == 0) return false;
                 list_->goTo(0);

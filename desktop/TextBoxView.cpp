@@ -72,7 +72,7 @@ class TextBoxView : public ControlView {
         if (text != now && !asShown) {
             window_->ChangeValue(text);
             // As on entering the box by the keyboard: typing replaces what has just been put in.
-            if (window_->HasFocus() && !box_.multiLine) window_->SelectAll();
+            if (window_->HasFocus() && !box_.multiLine && !box_.locked()) window_->SelectAll();
         }
         shown_ = text;
         shownAs_ = known_ = window_->GetValue();

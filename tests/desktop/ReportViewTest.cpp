@@ -76,6 +76,32 @@ TEST_F(ReportViewTest, TheWholeSelectionIsReportedOnceForEachAct) {
                                           "selection 1", "selection 2"));
 }
 
+TEST_F(ReportViewTest, TheFirstKeySelectsTheFirstRowAndShiftGoesOnFromThere) {
+    for (const int first : {WXK_DOWN, WXK_UP, WXK_HOME}) {
+        SampleList screen(desktop, 10);
+        Robot user(screen);
+        user.key(first);
+        untilNoted(user, screen, "selection 1");
+        user.then([&] { EXPECT_THAT(screen.rptItems.selectedRows(), ElementsAre(0)); });
+        user.key(WXK_DOWN, wxMOD_SHIFT);
+        untilNoted(user, screen, "selection 2");
+        user.key(WXK_DOWN, wxMOD_SHIFT);
+        untilNoted(user, screen, "selection 3");
+        user.then([&] { EXPECT_THAT(screen.rptItems.selectedRows(), ElementsAre(0, 1, 2)); });
+        // The same from a row that was found by its letters, and from one that the screen has selected.
+        user.type("net 5");
+        untilNoted(user, screen, "selection 1", 2);
+        user.key(WXK_UP, wxMOD_SHIFT);
+        untilNoted(user, screen, "selection 2", 2);
+        user.then([&] { EXPECT_THAT(screen.rptItems.selectedRows(), ElementsAre(4, 5)); });
+        user.then([&] { screen.rptItems.selectRow(7); });
+        user.key(WXK_DOWN, wxMOD_SHIFT);
+        untilNoted(user, screen, "selection 2", 3);
+        user.then([&] { EXPECT_THAT(screen.rptItems.selectedRows(), ElementsAre(7, 8)); });
+        user.key(WXK_ESCAPE).show();
+    }
+}
+
 TEST_F(ReportViewTest, DoubleClickOpensAndHeaderSorts) {
     SampleList screen(desktop, 20);
     Robot user(screen);

@@ -128,11 +128,16 @@ class Windows {
     Windows(Album& album, std::string stop, const wxTopLevelWindow& workbench)
         : album_(album), stop_(std::move(stop)), workbench_(workbench) {}
 
-    void takeNew() {
+    bool isFrontNew() {
         const std::vector<const void*> open = openWindows();
         std::erase_if(seen_,
                       [&](const void* window) { return std::ranges::find(open, window) == open.end(); });
-        if (const void* front = frontWindow(); front && seen_.insert(front).second) take();
+        const void* front = frontWindow();
+        return front && !seen_.contains(front);
+    }
+    void takeFront() {
+        seen_.insert(frontWindow());
+        take();
     }
     void take() { album_.take(++count_ == 1 ? stop_ : stop_ + "-" + std::to_string(count_), &workbench_); }
 
@@ -157,6 +162,14 @@ bool listHasKeyboard() {
     return false;
 }
 
+/// A look at what has opened, the stop's own keys, then Esc until everything is closed.
+std::vector<Keystroke> strokesAt(const GalleryStop& stop) {
+    std::vector<Keystroke> strokes{{.kind = Keystroke::Kind::Look}};
+    std::ranges::move(readKeys(stop.keys), std::back_inserter(strokes));
+    strokes.insert(strokes.end(), mostWindows, {.key = WXK_ESCAPE});
+    return strokes;
+}
+
 void act(const Keystroke& stroke) {
     if (stroke.kind == Keystroke::Kind::Press) press(stroke.key, stroke.modifiers);
     if (stroke.kind == Keystroke::Kind::Type) type(stroke.text);
@@ -175,22 +188,17 @@ Script galleryRound(ObjectPtr library, Company& company, wxTopLevelWindow& workb
         prepare(company, stop.prepare);
         Windows windows(album, stop.name, workbench);
         const std::shared_ptr<Call> call = begin(library, stop);
-        co_await settled(call);
-        if (!call->returned && listHasKeyboard()) {
-            press(WXK_HOME);  // a list says more with a row selected
-            co_await settled(call);
-        }
-        if (!call->returned) windows.takeNew();
-        for (const Keystroke& stroke : readKeys(stop.keys)) {
+        for (const Keystroke& stroke : strokesAt(stop)) {
             act(stroke);
             co_await settled(call, stroke.kind == Keystroke::Kind::Wait ? timeForAProcess : timeToDraw);
             if (call->returned) break;
-            stroke.kind == Keystroke::Kind::Picture ? windows.take() : windows.takeNew();
-        }
-        for (int i = 0; i < mostWindows && !call->returned; ++i) {
-            press(WXK_ESCAPE);
-            co_await settled(call);
-            if (!call->returned) windows.takeNew();
+            if (stroke.kind == Keystroke::Kind::Picture) {
+                windows.take();
+            } else if (windows.isFrontNew()) {
+                if (listHasKeyboard()) press(WXK_HOME);  // a list says more with a row selected
+                co_await settled(call);
+                windows.takeFront();
+            }
         }
         if (!call->returned) throw ScriptFailure(stop.name + ": Esc does not close its windows.");
         if (call->notBuilt) {

@@ -29,7 +29,8 @@ struct Keystroke {
     enum class Kind {
         Press,
         Type,
-        Picture,  ///< looks at the windows as they are now
+        Look,     ///< at what has opened
+        Picture,  ///< at the windows as they are now, new or not
         Wait,     ///< gives a process the time to end
     };
     Kind kind = Kind::Press;

@@ -47,7 +47,7 @@ class MessageText : public wxHtmlWindow {
   public:
     MessageText(wxWindow* parent, const Message& message)
         : wxHtmlWindow(parent, wxID_ANY, wxDefaultPosition, parent->FromDIP(wxSize(420, 60)),
-                       wxHW_SCROLLBAR_AUTO) {
+                       wxHW_SCROLLBAR_AUTO | wxBORDER_NONE) {
         SetStandardFonts(parent->GetFont().GetPointSize(), parent->GetFont().GetFaceName());
         SetBorders(0);
         const wxString background = parent->GetBackgroundColour().GetAsString(wxC2S_HTML_SYNTAX);
@@ -66,7 +66,7 @@ class MessageText : public wxHtmlWindow {
         const int mostHeight = FromDIP(360);
         GetInternalRepresentation()->Layout(width);
         const int height = GetInternalRepresentation()->GetHeight() + FromDIP(4);
-        SetMinClientSize(wxSize(width, std::min(height, mostHeight)));
+        SetMinSize(wxSize(width, std::min(height, mostHeight)));  // there is no border
     }
 
     // The buttons take the keyboard, so that Enter and Esc answer at once.
