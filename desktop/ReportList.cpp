@@ -216,12 +216,9 @@ void ReportList::goTo(std::size_t row) {
                  wxLIST_STATE_SELECTED | wxLIST_STATE_FOCUSED);
 #else
     // The generic list goes on by Shift from where its own keys have been, and from nowhere else.
+    SetItemState(std::max(item - 1, 0L), wxLIST_STATE_FOCUSED, wxLIST_STATE_FOCUSED);
     wxKeyEvent key(wxEVT_CHAR);
-    key.m_keyCode = WXK_HOME;
-    if (row > 0) {
-        SetItemState(item - 1, wxLIST_STATE_FOCUSED, wxLIST_STATE_FOCUSED);
-        key.m_keyCode = WXK_DOWN;
-    }
+    key.m_keyCode = row == 0 ? WXK_HOME : WXK_DOWN;
     rowsWindow().HandleWindowEvent(key);
 #endif
     EnsureVisible(item);

@@ -1,3 +1,5 @@
+#include <array>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <wx/imaglist.h>
@@ -100,6 +102,18 @@ TEST_F(ReportViewTest, TheFirstKeySelectsTheFirstRowAndShiftGoesOnFromThere) {
         user.then([&] { EXPECT_THAT(screen.rptItems.selectedRows(), ElementsAre(7, 8)); });
         user.key(WXK_ESCAPE).show();
     }
+}
+
+TEST_F(ReportViewTest, TheFirstRowOfAnEmptyListIsShownSelected) {
+    SampleList screen(desktop, 0);
+    Robot user(screen);
+    user.then([&] {
+        screen.rptItems.addRecord(1, std::array<std::string_view, 1>{"Net 30"});
+        screen.rptItems.populate();
+        screen.rptItems.selectRow(0);
+        EXPECT_EQ(list(user, screen).GetItemState(0, wxLIST_STATE_SELECTED), wxLIST_STATE_SELECTED);
+    });
+    user.key(WXK_ESCAPE).show();
 }
 
 TEST_F(ReportViewTest, DoubleClickOpensAndHeaderSorts) {

@@ -19,7 +19,7 @@ namespace {
 
 using std::chrono::milliseconds;
 
-constexpr milliseconds timeToDraw{400};
+constexpr milliseconds timeToDraw{300};
 constexpr milliseconds timeForAProcess{4000};
 constexpr int mostWindows = 12;  ///< that one stop opens one after the other
 
