@@ -123,10 +123,13 @@ Keystroke readKey(const std::string& word) {
     }
     Keystroke stroke;
     std::string_view rest = word;
-    for (const NamedKey& modifier : modifierKeys) {
-        if (!rest.starts_with(modifier.name)) continue;
-        stroke.modifiers |= modifier.key;
-        rest.remove_prefix(modifier.name.size());
+    for (bool more = true; more;) {
+        const auto modifier = std::ranges::find_if(
+            modifierKeys, [&](const NamedKey& key) { return rest.starts_with(key.name); });
+        more = modifier != std::end(modifierKeys);
+        if (!more) continue;
+        stroke.modifiers |= modifier->key;
+        rest.remove_prefix(modifier->name.size());
     }
     const auto named = std::ranges::find(namedKeys, rest, &NamedKey::name);
     if (named != std::end(namedKeys)) {
