@@ -1,14 +1,19 @@
 #include "desktop/Dialogs.h"
 
+#include <algorithm>
+
+#include <wx/dcscreen.h>
 #include <wx/filedlg.h>
 #include <wx/filename.h>
 #include <wx/menu.h>
 #include <wx/msgdlg.h>
+#include <wx/settings.h>
 // clang-format off: needs the one above
 #include <wx/generic/msgdlgg.h>
 // clang-format on
 
 #include "desktop/ForeignWindows.h"
+#include "desktop/LineBreaks.h"
 #include "desktop/Text.h"
 
 namespace tsln::desktop {
@@ -21,6 +26,7 @@ using MessageDialog = wxMessageDialog;
 #endif
 
 constexpr char messageTitle[] = "Tessaline";
+constexpr int messageWidth = 440;  // pixels at 96 per inch
 
 long styleOf(MessageButtons buttons) {
     switch (buttons) {
@@ -75,6 +81,26 @@ void fillMenu(wxMenu& menu, const Command& popup) {
     }
 }
 
+#ifdef __WXGTK__
+wxString wrappedMessage(const wxString& text) {
+    wxScreenDC device;
+    device.SetFont(wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT));
+    const int width = std::min(device.FromDIP(messageWidth), device.GetSize().x * 2 / 3);
+    std::vector<wxString> lines =
+        wrapLines(text, width, [&](const wxString& part) { return device.GetTextExtent(part).x; });
+    // The buttons must stay within reach, however long the text is.
+    const auto most = static_cast<std::size_t>(device.GetSize().y * 2 / 3 / device.GetCharHeight());
+    if (lines.size() > most) {
+        lines.resize(most);
+        lines.back() << " ...";
+    }
+    wxString wrapped;
+    for (const wxString& line : lines)
+        wrapped << (&line == lines.data() ? "" : "\n") << line;
+    return wrapped;
+}
+#endif
+
 }  // namespace
 
 MessageAnswer askMessage(wxWindow* owner, const wxString& text, MessageButtons buttons, MessageIcon icon) {
@@ -82,6 +108,7 @@ MessageAnswer askMessage(wxWindow* owner, const wxString& text, MessageButtons b
     if (!owner) foreign.emplace();
     MessageDialog box(owner, text, messageTitle, styleOf(buttons) | styleOf(icon) | wxCENTRE);
 #ifdef __WXGTK__
+    box.SetMessage(wrappedMessage(text));  // this dialog does not wrap by itself
     if (buttons == MessageButtons::YesNo) box.SetEscapeId(wxID_NO);
 #endif
     switch (box.ShowModal()) {

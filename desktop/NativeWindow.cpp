@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include <wx/textctrl.h>
 #include <wx/toplevel.h>
 #include <wx/window.h>
 #if wxUSE_ACCESSIBILITY
@@ -31,6 +32,13 @@ bool hasKeyboard(const wxWindow& window) {
     if (!top || !top->GetHandle() || !window.GetHandle()) return false;
     GtkWidget* focus = gtk_window_get_focus(GTK_WINDOW(top->GetHandle()));
     return focus && (focus == window.GetHandle() || gtk_widget_is_ancestor(focus, window.GetHandle()));
+}
+
+void setTextMargin(wxTextCtrl& text, int pixels) {
+    GtkWidget* view = gtk_bin_get_child(GTK_BIN(text.GetHandle()));
+    gtk_text_view_set_left_margin(GTK_TEXT_VIEW(view), pixels);
+    gtk_text_view_set_right_margin(GTK_TEXT_VIEW(view), pixels);
+    gtk_text_view_set_top_margin(GTK_TEXT_VIEW(view), pixels / 2);
 }
 
 #else
@@ -66,6 +74,10 @@ bool hasKeyboard(const wxWindow& window) {
         if (at == &window) return true;
     }
     return false;
+}
+
+void setTextMargin(wxTextCtrl& text, int pixels) {
+    text.SetMargins(pixels);
 }
 
 #endif

@@ -143,6 +143,11 @@ void ReportList::countGroups() {
 
 void ReportList::showSelection() {
     const auto& wanted = report_.selectedRows();
+    if (wanted.size() == 1 && report_.focusedRow() == wanted.front() &&
+        (selection() != std::vector(wanted.begin(), wanted.end()) || focusedRow() != wanted.front())) {
+        goTo(wanted.front());
+        return;
+    }
     if (!std::ranges::equal(selection(), wanted)) {
         if (wanted.size() == report_.rowCount()) {
             SetItemState(-1, wxLIST_STATE_SELECTED, wxLIST_STATE_SELECTED);  // as one range
@@ -206,8 +211,16 @@ std::optional<std::size_t> ReportList::rowAt(const wxPoint& onScreen) const {
 void ReportList::goTo(std::size_t row) {
     const long item = static_cast<long>(row);
     SetItemState(-1, 0, wxLIST_STATE_SELECTED);
+#ifdef __WXMSW__
     SetItemState(item, wxLIST_STATE_SELECTED | wxLIST_STATE_FOCUSED,
                  wxLIST_STATE_SELECTED | wxLIST_STATE_FOCUSED);
+#else
+    // The generic list goes on by Shift from where its own keys have been, and from nowhere else.
+    SetItemState(std::max(item - 1, 0L), wxLIST_STATE_FOCUSED, wxLIST_STATE_FOCUSED);
+    wxKeyEvent key(wxEVT_CHAR);
+    key.m_keyCode = row == 0 ? WXK_HOME : WXK_DOWN;
+    rowsWindow().HandleWindowEvent(key);
+#endif
     EnsureVisible(item);
 }
 

@@ -19,8 +19,8 @@ constexpr auto typingPause = std::chrono::seconds(1);  // after that a letter st
 
 constexpr int leastWide = 260;  // pixels at 96 per inch
 constexpr int leastHigh = 160;
-constexpr int mostWide = 900;  // at first; the user may make it wider
-constexpr int firstHigh = 340;
+constexpr int mostWide = 900;   // at first; the user may make it wider
+constexpr int firstHigh = 340;  // shared by the lists of a screen
 
 class ReportView : public ControlView {
   public:
@@ -51,7 +51,11 @@ class ReportView : public ControlView {
     wxSize preferredSize() const override {
         constexpr int scrollBar = 24;
         const int wide = list_->ToDIP(list_->naturalWidth()) + scrollBar;
-        return list_->FromDIP(wxSize(std::clamp(wide, leastWide, mostWide), firstHigh));
+        const auto lists = std::ranges::count_if(report_.screen().controls(), [](const Control* control) {
+            return dynamic_cast<const ReportControl*>(control) != nullptr;
+        });
+        const int high = std::max(firstHigh / static_cast<int>(lists), leastHigh);
+        return list_->FromDIP(wxSize(std::clamp(wide, leastWide, mostWide), high));
     }
 
     wxPoint popupPosition() const override {

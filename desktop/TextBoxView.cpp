@@ -4,6 +4,7 @@
 #include <wx/textctrl.h>
 
 #include "desktop/ControlView.h"
+#include "desktop/NativeWindow.h"
 #include "desktop/ScreenDialog.h"
 #include "desktop/Text.h"
 #include "screens/Controls.h"
@@ -12,6 +13,7 @@ namespace tsln::desktop {
 namespace {
 
 constexpr int shortField = 20;  // characters; shorter boxes keep their width instead of filling the row
+constexpr int textMargin = 6;   // pixels at 96 per inch between the text of several lines and its border
 constexpr int linesOfText = 5;  // the least height of a box of several lines
 
 /// Toolkit and platform disagree on line ends: controls hold CR LF, windows show LF.
@@ -37,7 +39,10 @@ class TextBoxView : public ControlView {
           window_(new wxTextCtrl(parent, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize, styleOf(box))) {
         setWindow(window_);
         wxSize least = window_->GetSizeFromTextSize(widthOfCharacters(*window_, box.widthInCharacters));
-        if (box.multiLine) least.y = linesOfText * window_->GetCharHeight() + window_->FromDIP(10);
+        if (box.multiLine) {
+            least.y = linesOfText * window_->GetCharHeight() + window_->FromDIP(10);
+            setTextMargin(*window_, window_->FromDIP(textMargin));
+        }
         window_->SetMinSize(least);
         window_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { act([] {}); });
     }
@@ -67,7 +72,7 @@ class TextBoxView : public ControlView {
         if (text != now && !asShown) {
             window_->ChangeValue(text);
             // As on entering the box by the keyboard: typing replaces what has just been put in.
-            if (window_->HasFocus() && !box_.multiLine) window_->SelectAll();
+            if (window_->HasFocus() && !box_.multiLine && !box_.locked()) window_->SelectAll();
         }
         shown_ = text;
         shownAs_ = known_ = window_->GetValue();

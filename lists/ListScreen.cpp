@@ -149,6 +149,7 @@ void ListScreen::Form_Activate() {
     activated_ = true;
     desktop().yield();
     loadList();
+    desktop().yield();  // what is asked or told now is about the rows that are to be seen
     welcome();
 }
 

@@ -117,9 +117,10 @@ Layout LocationDialog::fieldLayout() {
     };
     return row({
         stretch(column({fields({"txtName", "txtEmail", "txtWebSite"}),
-                        framed(grpPhones, column({phone(1), phone(2), phone(3), phone(4)})), spring()})),
-        stretch(column({stretch(fields({"txtShipToAddress"})), row({spring(), item(cmdCopyAddress)}),
-                        fields({"txtStoreNumber", "txtMarketNumber", "txtMarketName", "txtRegion"})})),
+                        framed(grpPhones, form({phone(1), phone(2), phone(3), phone(4)})), spring()})),
+        stretch(form({stretch(field("txtShipToAddress").layout()), row({spring(), item(cmdCopyAddress)}),
+                      field("txtStoreNumber").layout(), field("txtMarketNumber").layout(),
+                      field("txtMarketName").layout(), field("txtRegion").layout()})),
     });
 }
 

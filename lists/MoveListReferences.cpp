@@ -40,7 +40,6 @@ bool MoveListReferences::initialize(std::int16_t listCode, std::int32_t ID) {
 }
 
 void MoveListReferences::opened() {
-    setFocus(cboReplacement);
     txtName.setText(
         host()
             .database()
@@ -51,6 +50,7 @@ void MoveListReferences::opened() {
         format("SELECT ID, {0} FROM {1} WHERE ID <> {2}", list_->nameColumn, list_->table, ID_),
         withoutBrackets(list_->nameColumn), "ID", list_->blankAllowed);
     cmdOK.setEnabled(true);
+    setFocus(cboReplacement);  // now that it has entries: an empty one may refuse the keyboard
 }
 
 bool MoveListReferences::mayMoveTo(std::int32_t replacement) {

@@ -1,3 +1,5 @@
+#include <array>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <wx/imaglist.h>
@@ -74,6 +76,44 @@ TEST_F(ReportViewTest, TheWholeSelectionIsReportedOnceForEachAct) {
     std::erase_if(screen.notes, [](const std::string& note) { return !note.starts_with("selection"); });
     EXPECT_THAT(screen.notes, ElementsAre("selection 1", "selection 6", "selection 5", "selection 100",
                                           "selection 1", "selection 2"));
+}
+
+TEST_F(ReportViewTest, TheFirstKeySelectsTheFirstRowAndShiftGoesOnFromThere) {
+    for (const int first : {WXK_DOWN, WXK_UP, WXK_HOME}) {
+        SampleList screen(desktop, 10);
+        Robot user(screen);
+        user.key(first);
+        untilNoted(user, screen, "selection 1");
+        user.then([&] { EXPECT_THAT(screen.rptItems.selectedRows(), ElementsAre(0)); });
+        user.key(WXK_DOWN, wxMOD_SHIFT);
+        untilNoted(user, screen, "selection 2");
+        user.key(WXK_DOWN, wxMOD_SHIFT);
+        untilNoted(user, screen, "selection 3");
+        user.then([&] { EXPECT_THAT(screen.rptItems.selectedRows(), ElementsAre(0, 1, 2)); });
+        // The same from a row that was found by its letters, and from one that the screen has selected.
+        user.type("net 5");
+        untilNoted(user, screen, "selection 1", 2);
+        user.key(WXK_UP, wxMOD_SHIFT);
+        untilNoted(user, screen, "selection 2", 2);
+        user.then([&] { EXPECT_THAT(screen.rptItems.selectedRows(), ElementsAre(4, 5)); });
+        user.then([&] { screen.rptItems.selectRow(7); });
+        user.key(WXK_DOWN, wxMOD_SHIFT);
+        untilNoted(user, screen, "selection 2", 3);
+        user.then([&] { EXPECT_THAT(screen.rptItems.selectedRows(), ElementsAre(7, 8)); });
+        user.key(WXK_ESCAPE).show();
+    }
+}
+
+TEST_F(ReportViewTest, TheFirstRowOfAnEmptyListIsShownSelected) {
+    SampleList screen(desktop, 0);
+    Robot user(screen);
+    user.then([&] {
+        screen.rptItems.addRecord(1, std::array<std::string_view, 1>{"Net 30"});
+        screen.rptItems.populate();
+        screen.rptItems.selectRow(0);
+        EXPECT_EQ(list(user, screen).GetItemState(0, wxLIST_STATE_SELECTED), wxLIST_STATE_SELECTED);
+    });
+    user.key(WXK_ESCAPE).show();
 }
 
 TEST_F(ReportViewTest, DoubleClickOpensAndHeaderSorts) {

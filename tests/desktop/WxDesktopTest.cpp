@@ -5,6 +5,7 @@
 #include <wx/html/htmlwin.h>
 #include <wx/msgdlg.h>
 #include <wx/print.h>
+#include <wx/stattext.h>
 #include <wx/uiaction.h>
 // clang-format off: needs wx/msgdlg.h before it
 #include <wx/generic/msgdlgg.h>
@@ -138,6 +139,43 @@ TEST_F(BoxTest, MessageBoxesAnswerByKeyAndCloseBox) {
     }
     closeScreen();
     EXPECT_EQ(next, std::size(cases));
+}
+
+TEST_F(BoxTest, AMessageBoxShowsALongTextWhole) {
+    const std::string sentence = "The group 'A & B' will delete all discounts for that group. Are you sure? ";
+    const std::string texts[] = {"Short.", "One line.\nAnd another.",
+                                 sentence + sentence + sentence + sentence,
+                                 std::string(300, 'w') + " and " + std::string(300, 'M')};
+    const auto withoutBlanks = [](std::string text) {
+        std::erase_if(text, [](char c) { return c == ' ' || c == '\n'; });
+        return text;
+    };
+    std::size_t next = 0;
+    screen.onNew = [&] {
+        desktop.messageBox(&screen, texts[next++], MessageButtons::YesNo, MessageIcon::Question);
+    };
+    for (const std::string& text : texts) {
+        user.key('N', wxMOD_ALT);
+        untilFound<wxGenericMessageDialog>("the box is open");
+        user.then([&] {
+            const auto* box = Robot::find<wxGenericMessageDialog>();
+            std::string shown;
+            for (const wxWindow* child : box->GetChildren()) {
+                const auto* line = dynamic_cast<const wxStaticText*>(child);
+                if (!line) continue;
+                shown += line->GetLabelText().utf8_string();
+                EXPECT_TRUE(box->GetClientRect().Contains(line->GetRect())) << shown;
+                EXPECT_GE(line->GetSize().x, line->GetBestSize().x) << shown;
+            }
+            EXPECT_EQ(withoutBlanks(shown), withoutBlanks(text));
+            EXPECT_LT(box->GetSize().x, 640);
+        });
+        user.key(WXK_ESCAPE);
+        user.until("the box is closed", [] { return !Robot::find<wxGenericMessageDialog>(); });
+        user.pointAt(screen.cmdNew).until("active again", [&] { return user.dialog()->IsActive(); });
+    }
+    closeScreen();
+    EXPECT_EQ(next, std::size(texts));
 }
 
 TEST_F(BoxTest, APopupReturnsTheChosenCommandAndRefusesADisabledOne) {

@@ -26,7 +26,7 @@ struct Member {
     std::vector<std::string> cells;  ///< as the list shows them
     std::string question, package;
     std::vector<Check> checks;
-    std::string deleteFailure;
+    std::string deleteFailure;  ///< empty: the list deletes in a way of its own
 
     struct Entry {
         std::string control, text;
@@ -34,8 +34,9 @@ struct Member {
     std::string newCaption, editCaption;
     std::vector<Entry> typed;  ///< into the empty dialog; the first is the name
     std::string required, duplicate, duplicateColumn, saveFailure;
-    std::string insert;  ///< of what was typed
-    std::string update;  ///< of row 7, saved as it was loaded
+    std::string insert;          ///< of what was typed
+    std::string update;          ///< of row 7, saved as it was loaded
+    std::string toldOfNew = {};  ///< what the list tells when a row has been added
 };
 
 /// Every list whose dialog saves one row.

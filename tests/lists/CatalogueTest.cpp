@@ -48,6 +48,7 @@ struct MemberStage : Stage {
             moved.push_back(a[0].toText() + ", " + a[1].toText());
             return Variant(false);
         });
+        library->plugIn(Operation::ShowSalesTaxGroupCodes, [](Library&, Arguments) { return Variant(true); });
     }
     static void fill(Stage& stage, const Member& m) {
         stage.host->rows(m.load, rowSeven(m));
@@ -122,6 +123,7 @@ TEST(Catalogue, OffersItsDefaultsWhileItIsEmpty) {
     for (const Member& m : catalogue) {
         SCOPED_TRACE(m.screen);
         Stage stage;
+        stage.host->on("Database.ExecuteScaler", Variant(5));  // there are tax codes
         stage.desktop.folder = temp.path();
         stage.desktop.answers = {MessageAnswer::Yes};
         stage.desktop.popupChoices = {28251};
@@ -167,7 +169,9 @@ TEST(Catalogue, AddsAndEditsARow) {
         EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"), ElementsAre(m.update));
         EXPECT_THAT(stage.host->callsOf("Database.ExecuteRead"),
                     ElementsAre(m.load, readStatement(m), readByDialog(m), readStatement(m)));
-        EXPECT_THAT(stage.desktop.boxes, IsEmpty());
+        std::vector<Box> told;
+        if (!m.toldOfNew.empty()) told.push_back({m.toldOfNew, MessageButtons::Ok, MessageIcon::Information});
+        EXPECT_EQ(stage.desktop.boxes, told);
     }
 }
 
@@ -235,6 +239,7 @@ TEST(Catalogue, RefusesToDeleteWhatIsReferredTo) {
 
 TEST(Catalogue, DeletesARowAndTellsAFailedDelete) {
     for (const Member& m : catalogue) {
+        if (m.deleteFailure.empty()) continue;
         SCOPED_TRACE(m.screen);
         MemberStage stage(m);
         int tries = 0;

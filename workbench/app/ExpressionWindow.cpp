@@ -2,7 +2,9 @@
 
 #include <wx/wx.h>
 
+#include "desktop/NativeWindow.h"
 #include "desktop/Text.h"
+#include "workbench/app/OverScreens.h"
 #include "workbench/host/ExpressionText.h"
 
 namespace tsln::workbench {
@@ -25,6 +27,7 @@ class ExpressionDialog : public wxDialog {
         text_ = new wxTextCtrl(this, wxID_ANY, toWx(edit.expression), wxDefaultPosition,
                                FromDIP(wxSize(420, 110)), wxTE_MULTILINE);
         text_->SetName("Expression");
+        desktop::setTextMargin(*text_, FromDIP(6));
         text_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) {
             changed_ = true;
             tellFault();
@@ -102,8 +105,10 @@ class ExpressionDialog : public wxDialog {
 
 }  // namespace
 
-std::optional<std::string> editExpressionInWindow(wxWindow* owner, const ExpressionEdit& edit) {
-    ExpressionDialog dialog(owner, edit);
+std::optional<std::string> editExpressionInWindow(const ExpressionEdit& edit) {
+    OverScreens place;
+    ExpressionDialog dialog(place.owner(), edit);
+    place.own(dialog);
     if (dialog.ShowModal() != wxID_OK) return std::nullopt;
     return dialog.changed() ? dialog.expression() : edit.expression;
 }

@@ -5,7 +5,8 @@
 #include <wx/statbmp.h>
 #include <wx/wx.h>
 
-#include "desktop/ForeignWindows.h"
+#include "workbench/app/ExpressionWindow.h"
+#include "workbench/app/OverScreens.h"
 #include "workbench/host/Markup.h"
 
 namespace tsln::workbench {
@@ -46,7 +47,7 @@ class MessageText : public wxHtmlWindow {
   public:
     MessageText(wxWindow* parent, const Message& message)
         : wxHtmlWindow(parent, wxID_ANY, wxDefaultPosition, parent->FromDIP(wxSize(420, 60)),
-                       wxHW_SCROLLBAR_AUTO) {
+                       wxHW_SCROLLBAR_AUTO | wxBORDER_NONE) {
         SetStandardFonts(parent->GetFont().GetPointSize(), parent->GetFont().GetFaceName());
         SetBorders(0);
         const wxString background = parent->GetBackgroundColour().GetAsString(wxC2S_HTML_SYNTAX);
@@ -55,9 +56,9 @@ class MessageText : public wxHtmlWindow {
         const bool heading = message.advice.empty() && message.explanation.empty();
         page += heading ? html(message.text) : "<font size=\"+1\">" + html(message.text) + "</font>";
         for (const std::string* part : {&message.advice, &message.explanation}) {
-            if (!part->empty()) page += "<p>" + html(*part) + "</p>";
+            if (!part->empty()) page += "<br><br>" + html(*part);
         }
-        if (!message.detail.empty()) page += "<p><tt>" + escaped(message.detail) + "</tt></p>";
+        if (!message.detail.empty()) page += "<br><br><tt>" + escaped(message.detail) + "</tt>";
         SetPage(page + "</body></html>");
         SetName(text(plainText(message.text)));
 
@@ -65,7 +66,7 @@ class MessageText : public wxHtmlWindow {
         const int mostHeight = FromDIP(360);
         GetInternalRepresentation()->Layout(width);
         const int height = GetInternalRepresentation()->GetHeight() + FromDIP(4);
-        SetMinClientSize(wxSize(width, std::min(height, mostHeight)));
+        SetMinSize(wxSize(width, std::min(height, mostHeight)));  // there is no border
     }
 
     // The buttons take the keyboard, so that Enter and Esc answer at once.
@@ -123,21 +124,19 @@ class MessageDialog : public wxDialog {
 }  // namespace
 
 Reply MessageWindows::showMessage(const Message& message) {
-    wxWindow* owner = wxGetActiveWindow();
-    // On Windows the module's screens are windows of another toolkit.
-    const bool overScreen = !desktop::ForeignWindows::foremostRect().IsEmpty();
-    desktop::ForeignWindows screens;
-    MessageDialog dialog(owner        ? wxGetTopLevelParent(owner)
-                         : overScreen ? nullptr
-                                      : wxTheApp->GetTopWindow(),
-                         message);
-    screens.own(dialog, [&dialog] { dialog.CallAfter([&dialog] { dialog.EndModal(wxID_CANCEL); }); });
+    OverScreens place;
+    MessageDialog dialog(place.owner(), message);
+    place.own(dialog);
     const int answer = dialog.ShowModal();
     return {.answer = answer == wxID_YES  ? MessageAnswer::Yes
                       : answer == wxID_NO ? MessageAnswer::No
                       : answer == wxID_OK ? MessageAnswer::Ok
                                           : MessageAnswer::Cancel,
             .doNotShowAgain = dialog.doNotShowAgain()};
+}
+
+std::optional<std::string> MessageWindows::editExpression(const ExpressionEdit& edit) {
+    return editExpressionInWindow(edit);
 }
 
 }  // namespace tsln::workbench

@@ -46,10 +46,11 @@ std::optional<Options> readCommandLine(int argc, const char* const* argv, int& e
         "Tessaline workbench: the maintenance module in a small host with an embedded company database.",
         "tessaline-workbench");
     Options options;
-    line.add_option("--company", options.company,
-                    "Company file; made with demonstration data when it does not exist (default: " +
-                        demonstrationCompany() + ")")
-        ->type_name("FILE");
+    auto* company =
+        line.add_option("--company", options.company,
+                        "Company file; made with demonstration data when it does not exist (default: " +
+                            demonstrationCompany() + ")")
+            ->type_name("FILE");
     line.add_option("--user", options.user,
                     "Login name: \"admin\" may do all, \"viewer\" may only look (default: admin)")
         ->type_name("NAME");
@@ -57,15 +58,26 @@ std::optional<Options> readCommandLine(int argc, const char* const* argv, int& e
                                  "Call an operation with its arguments, print its result and end")
                      ->type_name("OPERATION [ARGUMENT...]")
                      ->expected(1, 4);
-    line.add_option(
-            "--tour", options.tour,
-            "Go through the terms list on a fresh company as a user at the keyboard, and save a picture of "
-            "each step in the folder")
-        ->type_name("FOLDER")
-        ->excludes(show);
+    // These two delete rows, so they keep off companies that exist.
+    auto* tour =
+        line.add_option("--tour", options.tour,
+                        "Go through the terms list on a fresh company as a user at the keyboard, and save "
+                        "a picture of each step in the folder")
+            ->type_name("FOLDER")
+            ->excludes(show)
+            ->excludes(company);
+    auto* gallery =
+        line.add_option("--gallery", options.gallery,
+                        "Open every screen over a fresh company and save a picture of each window in the "
+                        "folder (default: tessaline-gallery among the temporary files)")
+            ->type_name("[FOLDER]")
+            ->expected(0, 1)
+            ->excludes(show)
+            ->excludes(tour)
+            ->excludes(company);
     line.footer(
-        "Exit codes: 1 the operation or the tour failed, 2 wrong command line, 3 the company file cannot be "
-        "used, 4 no such user, 5 no display.");
+        "Exit codes: 1 the operation, the tour or the gallery failed, 2 wrong command line, 3 the company "
+        "file cannot be used, 4 no such user, 5 no display.");
     try {
         line.parse(argc, argv);
         if (!options.show.empty()) {
@@ -78,10 +90,14 @@ std::optional<Options> readCommandLine(int argc, const char* const* argv, int& e
         return std::nullopt;
     }
     std::error_code ignored;  // a folder that cannot be made shows when the company is
-    if (!options.tour.empty() && options.company.empty()) {
-        options.tour = utf8Of(std::filesystem::absolute(pathOf(options.tour)));
-        std::filesystem::create_directories(pathOf(options.tour), ignored);
-        options.company = options.tour + "/tour.company";
+    if (gallery->count() > 0 && options.gallery.empty())
+        options.gallery = utf8Of(std::filesystem::temp_directory_path() / "tessaline-gallery");
+    for (std::string* folder : {&options.tour, &options.gallery}) {
+        if (folder->empty()) continue;
+        *folder = utf8Of(std::filesystem::absolute(pathOf(*folder)));
+        std::filesystem::create_directories(pathOf(*folder), ignored);
+        if (!options.company.empty()) continue;
+        options.company = *folder + "/fresh.company";
         std::filesystem::remove(pathOf(options.company), ignored);
     }
     if (options.company.empty()) {

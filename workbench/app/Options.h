@@ -8,7 +8,7 @@ namespace tsln::workbench {
 
 /// How the workbench ends, besides 0.
 enum ExitCode {
-    exitFailed = 1,   ///< the shown operation raised an error, or the tour did not come out
+    exitFailed = 1,   ///< the shown operation raised an error, the tour or the gallery did not come out
     exitUsage = 2,    ///< the command line cannot be understood
     exitCompany = 3,  ///< the company file cannot be used
     exitUser = 4,     ///< there is no such user
@@ -20,8 +20,9 @@ struct Options {
     std::string company;         ///< path of the company file
     std::string user = "admin";  ///< login name
     std::vector<std::string>
-        show;          ///< an operation and its arguments, to be called without the workbench window
-    std::string tour;  ///< folder for the pictures of the tour
+        show;             ///< an operation and its arguments, to be called without the workbench window
+    std::string tour;     ///< folder for the pictures of the tour
+    std::string gallery;  ///< folder for the pictures of every screen
 };
 
 /// Reads the command line. When there is nothing to run (help was asked for, or the line is in error), what

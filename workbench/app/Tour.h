@@ -13,7 +13,7 @@ namespace tsln::workbench {
 /// Import, print preview, help. Each step is a picture in `folder`, and the company database must hold after
 /// each step what the step was for; the first that does not ends the tour with ScriptFailure.
 ///
-/// The company's terms table must be empty, and the terms list not be open.
+/// The company loses its terms: an empty list is where the tour begins. The terms list must not be open.
 Script termsTour(Company& company, std::string folder);
 
 }  // namespace tsln::workbench

@@ -4,6 +4,7 @@
 
 #include "shared/modSharedXML.h"
 #include "workbench/app/Console.h"
+#include "workbench/app/Gallery.h"
 #include "workbench/app/ProcessEndMessage.h"
 #include "workbench/app/Tour.h"
 #include "workbench/app/VirtualUser.h"
@@ -58,7 +59,18 @@ bool WorkbenchApp::OnInit() {
     auto* frame = new WorkbenchFrame(session_, traced);
     SetTopWindow(frame);
     frame->Show();
-    if (!options_.tour.empty()) startTour();
+    if (!options_.tour.empty()) {
+        std::printf("A tour of the terms list; its pictures are in %s\n", options_.tour.c_str());
+        start(termsTour(session_.company(), options_.tour), options_.tour, [this] {
+            printTerms(options_.company);
+            std::printf("Every step came out as expected.\n");
+        });
+    }
+    if (!options_.gallery.empty()) {
+        std::printf("Every screen; its pictures are in %s\n", options_.gallery.c_str());
+        start(galleryRound(module_->library(), session_.company(), *frame, galleryStops(), options_.gallery),
+              options_.gallery, [] { std::printf("Every window is drawn as it should be.\n"); });
+    }
     return true;
 }
 
@@ -68,7 +80,7 @@ int WorkbenchApp::OnRun() {
 }
 
 int WorkbenchApp::OnExit() {
-    tour_.reset();
+    script_.reset();
     if (module_) module_->library()->call("PreTerminate");
     module_.reset();
     return wxApp::OnExit();
@@ -89,19 +101,17 @@ void WorkbenchApp::callOperation() {
     ExitMainLoop();
 }
 
-void WorkbenchApp::startTour() {
-    std::printf("A tour of the terms list; its pictures are in %s\n", options_.tour.c_str());
-    tour_ = std::make_unique<ScriptRunner>(
-        termsTour(session_.company(), options_.tour), [this](const std::exception_ptr& failure) {
+void WorkbenchApp::start(Script script, const std::string& folder, std::function<void()> tellEnd) {
+    script_ = std::make_unique<ScriptRunner>(
+        std::move(script), [this, folder, tellEnd = std::move(tellEnd)](const std::exception_ptr& failure) {
             try {
                 if (failure) std::rethrow_exception(failure);
-                printTerms(options_.company);
-                std::printf("Every step came out as expected.\n");
+                tellEnd();
                 GetTopWindow()->Close();
             } catch (const std::exception& error) {
                 std::fflush(stdout);
-                saveScreenshot(options_.tour + "/failure.png");
-                std::fprintf(stderr, "The tour did not come out: %s\n", error.what());
+                saveScreenshot(folder + "/failure.png");
+                std::fprintf(stderr, "Something did not come out: %s\n", error.what());
                 // Modal windows may be open, and nobody is there to close them.
                 std::_Exit(exitFailed);
             }

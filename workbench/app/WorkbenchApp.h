@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <memory>
+#include <string>
 
 #include <wx/wx.h>
 
@@ -24,14 +26,15 @@ class WorkbenchApp : public wxApp {
 
   private:
     void callOperation();
-    void startTour();
+    /// Runs a script that drives the program and ends it. Pictures go to the folder.
+    void start(Script script, const std::string& folder, std::function<void()> tellEnd);
     void tellProcessEnd(std::string_view commandLine, ProcessEnd end);
 
     const Options options_;
     MessageWindows messages_;
     CompanySession session_;
     std::unique_ptr<Module> module_;
-    std::unique_ptr<ScriptRunner> tour_;
+    std::unique_ptr<ScriptRunner> script_;
     int exitCode_ = 0;
 };
 

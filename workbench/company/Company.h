@@ -14,7 +14,7 @@ namespace tsln::workbench {
 /// Why a company file cannot be used. what() is a sentence for the user; the file is untouched.
 class CompanyFileError : public std::runtime_error {
   public:
-    enum class Reason { CannotCreate, CannotOpen, NotACompany, Locked, NewerVersion };
+    enum class Reason { CannotCreate, CannotOpen, NotACompany, Locked, NewerVersion, OlderVersion };
     CompanyFileError(Reason reason, const std::string& text) : std::runtime_error(text), reason_(reason) {}
     Reason reason() const noexcept { return reason_; }
 
@@ -55,7 +55,8 @@ enum class OpenMode {
 class Company {
   public:
     /// Opens the file, making it with a retailer's demonstration data when it does not exist and `access`
-    /// lets it. A file made comes into being whole or not at all. Throws CompanyFileError.
+    /// lets it. A file made comes into being whole or not at all; one of an older version is brought up to
+    /// date, its rows as they were. Throws CompanyFileError.
     explicit Company(const std::string& path, OpenMode access = OpenMode::Create);
     ~Company();
     Company(const Company&) = delete;

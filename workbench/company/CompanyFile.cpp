@@ -80,11 +80,32 @@ void checkIsCompany(SQLite::Database& database, const std::string& path) {
                                    " was made by a newer version of this program, which is "
                                    "needed to open it.");
     }
-    if (version < schema::version) {
+    if (version < schema::oldestVersion) {
         throw CompanyFileError(Reason::NotACompany,
                                "The company file " + quoted(path) +
                                    " was made by a version of this program that is no longer "
                                    "known.");
+    }
+}
+
+/// Brings a company of an older version up to date, for which it must be writable.
+void upgrade(SQLite::Database& database, const std::string& path) {
+    if (pragma(database, "user_version") >= schema::version) return;
+    const std::string file =
+        "The company file " + quoted(path) + " was made by an older version of this program";
+    if (sqlite3_db_readonly(database.getHandle(), "main") != 0) {
+        throw CompanyFileError(Reason::OlderVersion,
+                               file +
+                                   " and must be brought up to date, but it can only be read. Open it once "
+                                   "where it can be written.");
+    }
+    try {
+        schema::upgrade(database);
+    } catch (const SQLite::Exception& failure) {
+        const int code = failure.getErrorCode();
+        if (code == SQLITE_BUSY || code == SQLITE_LOCKED) throw;
+        throw CompanyFileError(Reason::OlderVersion, file + " and cannot be brought up to date: " +
+                                                         failure.what() + ". It is as it was.");
     }
 }
 
@@ -125,6 +146,7 @@ std::unique_ptr<SQLite::Database> openCompanyFile(const std::string& path, OpenM
         // "Name" in double quotes is a name only, never a text when there is no such column.
         sqlite3_db_config(database->getHandle(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
         addSqlFunctions(*database);
+        upgrade(*database, path);
         return database;
     } catch (const SQLite::Exception& failure) {
         reportOpenFailure(path, failure);

@@ -1,42 +1,36 @@
 #pragma once
 
-#include <cstdlib>
 #include <filesystem>
 #include <string>
 
+#include <SQLiteCpp/SQLiteCpp.h>
 #include <gtest/gtest.h>
 #include <pugixml.hpp>
 
+#include "tests/support/TempFolder.h"
 #include "workbench/company/Company.h"
 
 namespace tsln::workbench {
 
-/// A folder that goes away with the test.
-class TemporaryFolder {
+/// A folder that goes away with the test, and how many files are in it.
+class TemporaryFolder : public test::TempFolder {
   public:
-    TemporaryFolder() {
-        std::string name = (std::filesystem::temp_directory_path() / "company-XXXXXX").string();
-        path_ = ::mkdtemp(name.data());
-    }
-    ~TemporaryFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path_, ignored);
-    }
-    std::string file(const std::string& name) const { return (path_ / name).string(); }
-    std::string path() const { return path_.string(); }
     std::size_t size() const {
-        return std::size_t(
-            std::distance(std::filesystem::directory_iterator(path_), std::filesystem::directory_iterator()));
+        return std::size_t(std::distance(std::filesystem::directory_iterator(pathOf(path())),
+                                         std::filesystem::directory_iterator()));
     }
-
-  private:
-    std::filesystem::path path_;
 };
 
+/// Takes the demonstration's terms away, as if there had never been any.
+inline void forgetTerms(const std::string& path) {
+    SQLite::Database(path, SQLite::OPEN_READWRITE)
+        .exec("DELETE FROM Terms; DELETE FROM sqlite_sequence WHERE name = 'Terms'");
+}
+
+/// A company whose terms are the test's own.
 class CompanyTest : public testing::Test {
-  protected:
+  public:
     /// The rows in one line: columns split by "|", rows by ";". NULL columns are left out.
-    std::string rows(const std::string& sql) { return rows(company_, sql); }
     static std::string rows(Company& company, const std::string& sql) {
         pugi::xml_document document;
         std::string xml = company.read(sql);
@@ -54,6 +48,10 @@ class CompanyTest : public testing::Test {
         }
         return result;
     }
+
+  protected:
+    CompanyTest() { forgetTerms(company_.path()); }
+    std::string rows(const std::string& sql) { return rows(company_, sql); }
     /// The text that the statement fails with.
     std::string failure(const std::string& sql) {
         try {

@@ -1,4 +1,5 @@
 #include <SQLiteCpp/SQLiteCpp.h>
+#include <gmock/gmock.h>
 
 #include "tests/workbench/company/CompanyFixture.h"
 #include "workbench/company/Schema.h"
@@ -22,11 +23,10 @@ std::string partsOf(SQLite::Database& database) {
     return parts;
 }
 
-TEST_F(CompanyTest, AnOlderCompanyIsUpgradedAndKeepsItsRows) {
-    SQLite::Database file(company_.path(), SQLite::OPEN_READWRITE);
+/// Makes the company what it was in version 1.
+void makeOlder(const std::string& path) {
+    SQLite::Database file(path, SQLite::OPEN_READWRITE);
     addSqlFunctions(file);
-    const std::string now = partsOf(file);
-    const std::string customers = rows("SELECT * FROM Customers ORDER BY ID");
     for (const char* sql :
          {"DROP VIEW vwScreen_Accounts", "DROP VIEW vwExporting_Accounts",
           "DROP VIEW vwExporting_AdditionalCharges", "DROP VIEW vwExporting_CustomerMeasurements",
@@ -35,26 +35,65 @@ TEST_F(CompanyTest, AnOlderCompanyIsUpgradedAndKeepsItsRows) {
           "ALTER TABLE Vendors DROP COLUMN Locked", "PRAGMA user_version = 1"}) {
         file.exec(sql);
     }
-    ASSERT_NE(partsOf(file), now);
+}
 
-    // While it cannot be written, it stays as it is.
+TEST(SchemaTest, OpeningAnOlderCompanyUpgradesItAndKeepsItsRows) {
+    using Reason = CompanyFileError::Reason;
+    TemporaryFolder folder;
+    const std::string path = folder.file("older.company");
+    const auto rows = [](Company& company, const char* sql) { return CompanyTest::rows(company, sql); };
+    const auto refusal = [&](OpenMode access) {
+        try {
+            Company company(path, access);
+            return std::string();
+        } catch (const CompanyFileError& error) {
+            EXPECT_EQ(error.reason(), access == OpenMode::ReadOnly ? Reason::OlderVersion : Reason::Locked);
+            return std::string(error.what());
+        }
+    };
+    std::string customers;
     {
-        SQLite::Database other(company_.path(), SQLite::OPEN_READWRITE);
-        other.exec("BEGIN IMMEDIATE");
-        EXPECT_THROW(schema::upgrade(file), SQLite::Exception);
-        EXPECT_EQ(file.execAndGet("PRAGMA user_version").getInt(), 1);
+        Company company(path);
+        customers = rows(company, "SELECT * FROM Customers ORDER BY ID");
     }
-    schema::upgrade(file);
-    EXPECT_EQ(partsOf(file), now);
-    EXPECT_EQ(file.execAndGet("PRAGMA user_version").getInt(), schema::version);
-    EXPECT_EQ(rows("SELECT * FROM Customers ORDER BY ID"), customers);
-    EXPECT_EQ(rows("SELECT COUNT(*) FROM Accounts"), "0");
-    EXPECT_EQ(rows("SELECT DISTINCT Locked FROM Vendors"), "0");
-    company_.execute("INSERT INTO Accounts (Account) VALUES ('Sales')");
-    EXPECT_NE(company_.read("SELECT * FROM vwExporting_Accounts").find("Sales"), std::string::npos);
+    SQLite::Database file(path, SQLite::OPEN_READWRITE);
+    const std::string now = partsOf(file);
+    makeOlder(path);
+    const std::string older = partsOf(file);
+    ASSERT_NE(older, now);
 
-    schema::upgrade(file);
-    EXPECT_EQ(rows("SELECT COUNT(*) FROM Accounts"), "1") << "one of this version is left alone";
+    EXPECT_THAT(refusal(OpenMode::ReadOnly), testing::HasSubstr("older version of this program"));
+    file.exec("BEGIN IMMEDIATE");
+    EXPECT_THAT(refusal(OpenMode::ReadWrite), testing::HasSubstr("in use by another program"));
+    file.exec("ROLLBACK");
+    EXPECT_EQ(partsOf(file), older) << "a file that is refused stays as it was";
+    EXPECT_EQ(file.execAndGet("PRAGMA user_version").getInt(), 1);
+
+    {
+        Company company(path, OpenMode::ReadWrite);
+        EXPECT_EQ(partsOf(file), now);
+        EXPECT_EQ(file.execAndGet("PRAGMA user_version").getInt(), schema::version);
+        EXPECT_EQ(rows(company, "SELECT * FROM Customers ORDER BY ID"), customers);
+        EXPECT_EQ(rows(company, "SELECT COUNT(*) FROM Accounts"), "0");
+        EXPECT_EQ(rows(company, "SELECT DISTINCT Locked FROM Vendors"), "0");
+        company.execute("INSERT INTO Accounts (Account) VALUES ('Sales')");
+    }
+    Company company(path, OpenMode::ReadOnly);
+    EXPECT_EQ(rows(company, "SELECT Account FROM vwExporting_Accounts"), "Sales")
+        << "one of this version is left alone";
+}
+
+TEST(SchemaTest, AnUpgradeThatFailsHalfwayLeavesTheFileAsItWas) {
+    TemporaryFolder folder;
+    const std::string path = folder.file("older.company");
+    { Company company(path); }
+    makeOlder(path);
+    SQLite::Database file(path, SQLite::OPEN_READWRITE);
+    file.exec("ALTER TABLE Vendors ADD COLUMN Locked TEXT");  // in the way of the column that is to come
+    const std::string before = partsOf(file);
+    EXPECT_THROW(Company company(path), CompanyFileError);
+    EXPECT_EQ(partsOf(file), before);
+    EXPECT_EQ(file.execAndGet("PRAGMA user_version").getInt(), 1);
 }
 
 }  // namespace

@@ -15,6 +15,7 @@
 #include "lists/Lists.h"
 #include "tests/support/ScriptedDesktop.h"
 #include "tests/support/TempFolder.h"
+#include "tests/workbench/company/CompanyFixture.h"
 #include "workbench/host/CompanySession.h"
 
 namespace tsln::workbench {
@@ -60,12 +61,14 @@ inline std::string textOfFile(const std::string& path) {
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-/// An open demonstration company, or a copy of another, with the user named, its event log empty.
+/// An open demonstration company, or a copy of another, with the user named, its event log empty and
+/// its terms the test's own.
 struct HostStage {
     explicit HostStage(std::string_view login = "admin", OpenMode mode = OpenMode::Create,
                        const std::string& copyOf = "") {
         if (!copyOf.empty()) std::filesystem::copy_file(copyOf, folder.file("test.company"));
         Company(folder.file("test.company")).execute("DELETE FROM EventLog");
+        if (copyOf.empty()) forgetTerms(folder.file("test.company"));
         session = std::make_unique<CompanySession>(folder.file("test.company"), login, ui, mode);
     }
 

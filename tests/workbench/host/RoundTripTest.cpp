@@ -16,7 +16,7 @@ const std::string& filledCompany() {
     static const std::string path = [] {
         Company company(folder.file("filled.company"));
         for (const char* sql : {
-                 "INSERT INTO Terms (Terms,DueDays,Discount,DiscountDays,Exported) VALUES('Net 30', 30, "
+                 "INSERT INTO Terms (Terms,DueDays,Discount,DiscountDays,Exported) VALUES('Net 90', 90, "
                  "0.025, 10, 1)",
                  "INSERT INTO Terms (Terms) VALUES('COD')",
                  "INSERT INTO MeasurementRooms (Room) VALUES('Sun room'), ('Kitchen')",

@@ -1,5 +1,5 @@
 -- The company that a new file begins with: a made-up retailer of blinds, shades, shutters and draperies.
--- Terms and the measurement lists are left empty, so that their screens offer the defaults.
+-- The measurement lists are left empty, so that their screens offer the defaults.
 
 INSERT INTO Company (Name, Email, WebSite, Phone1Label, Phone1, Phone2Label, Phone2, Phone3Label, Phone3, Phone4Label,
     Phone4, BillToAddress1, BillToCity, BillToState, BillToZip, BillToCountry, ShipToAddress1, ShipToCity, ShipToState,
@@ -47,6 +47,9 @@ INSERT INTO CompanyOptions (Section, OptionName, OptionValue) VALUES
     ('Customers', 'DefaultPhone3Label', 'Mobile'), ('Customers', 'DefaultEmail1Label', 'Home'),
     ('Customers', 'DefaultEmail2Label', 'Work');
 
+INSERT INTO Terms (Terms, DueDays, Discount, DiscountDays) VALUES
+    ('Due on receipt', 0, 0, 0), ('Net 15', 15, 0, 0), ('Net 30', 30, 0, 0), ('2% 10 Net 30', 30, 0.02, 10),
+    ('Half down, balance at installation', 0, 0, 0), ('Net 60', 60, 0, 0);
 INSERT INTO PaymentMethods (PaymentMethod, PaymentType) VALUES
     ('Cash', 1), ('Check', 2), ('Credit card', 3), ('Bank transfer', 4), ('Store credit', 0);
 INSERT INTO ShippingMethods (ShippingMethod, TaskType) VALUES
@@ -223,6 +226,10 @@ INSERT INTO Payments (OrderID, CustomerID, PaymentMethodID, Amount, PaidOn)
     SELECT ID, CustomerID, 1 + ID % 3, round(Total / 2, 2), Created FROM Orders WHERE State > 1;
 INSERT INTO PurchaseOrders (PONumber, VendorID, OrderID, ShippingMethodID, SentOn)
     SELECT 500 + ID, 2 + ID % 6, ID, 2, Created FROM Orders WHERE State = 3;
+
+UPDATE Customers SET TermsID = CASE WHEN CompanyName <> '' THEN 3 ELSE 5 END;
+UPDATE Vendors SET TermsID = CASE WHEN ID % 4 = 0 THEN 4 ELSE 3 END WHERE ID > 1;
+UPDATE Orders SET TermsID = (SELECT TermsID FROM Customers WHERE Customers.ID = Orders.CustomerID);
 
 -- The list of what was added would be of one second otherwise.
 UPDATE Customers SET AddedOn = strftime('%Y-%m-%dT%H:%M:%S', '2022-02-01 15:00:00', printf('+%d days', ID * 9));
