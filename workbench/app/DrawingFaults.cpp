@@ -2,6 +2,7 @@
 
 #include <map>
 
+#include <wx/bookctrl.h>
 #include <wx/display.h>
 #include <wx/listctrl.h>
 #include <wx/scrolwin.h>
@@ -45,7 +46,8 @@ class Inspection {
         }
         // Panes may be drawn too small for all they hold.
         const bool holdsAll =
-            !dynamic_cast<const wxSplitterWindow*>(&parent) && !parent.CanScroll(wxVERTICAL);
+            !dynamic_cast<const wxSplitterWindow*>(&parent) && !parent.CanScroll(wxVERTICAL) &&
+            !dynamic_cast<const wxBookCtrlBase*>(&parent);  // has its tabs outside its client area
         for (const wxWindow* child : shown) {
             lookAtText(*child);
             lookAtAccessKey(*child);
