@@ -11,13 +11,11 @@ std::string textOf(HRESULT result);
 /// What an object told of the error that ended a call; takes the texts over and leaves `told` empty.
 HostError errorOf(HRESULT result, EXCEPINFO& told, const std::string& member);
 
-/// Runs `call`, which answers a result code, and lets no C++ exception out: a failure is told to the caller
-/// by `told` where that is given (late-bound calls), else by the thread's error object.
-HRESULT guarded(const auto& call, EXCEPINFO* told) noexcept;
-
-/// Tells the running exception, for guarded(). `iid` is the interface whose method failed.
+/// Tells the running exception, as guarded() does.
 HRESULT tellException(EXCEPINFO* told) noexcept;
 
+/// Runs `call`, which answers a result code, and lets no C++ exception out: a failure is told to the caller
+/// by `told` where that is given (late-bound calls), else by the thread's error object.
 HRESULT guarded(const auto& call, EXCEPINFO* told) noexcept {
     try {
         return call();
