@@ -29,6 +29,13 @@ class ReportList : public wxListCtrl {
     std::optional<std::size_t> rowAt(const wxPoint& onScreen) const;
     /// The inner window that holds the rows and takes the input.
     wxWindow& rowsWindow() const;
+#ifndef __WXMSW__
+    /// The generic list does nothing where it takes itself for focused, also when its rows have lost the
+    /// keyboard while the window was disabled.
+    void SetFocus() override {
+        rowsWindow().SetFocus();
+    }
+#endif
     /// Lets one column take the width that is left.
     void stretchColumn();
     /// The width at which every column shows its caption whole and has the width it asks for, in pixels.

@@ -10,6 +10,10 @@
 #include <wx/stopwatch.h>
 #include <wx/timer.h>
 #include <wx/uiaction.h>
+// clang-format off: needs wx's own header first
+#include <wx/generic/msgdlgg.h>
+#include <wx/msgdlg.h>
+// clang-format on
 
 #include "desktop/Process.h"
 #include "desktop/WxDesktop.h"
@@ -90,6 +94,25 @@ TEST(Process, ScreensLiveButTakeNoInputWhileItRuns) {
     EXPECT_EQ(screen.txtName.text(), "x");
     EXPECT_EQ(screen.count("cancel"), 1u);
     EXPECT_LT(processorSeconds, 0.5) << "it waits in a busy loop";
+}
+
+TEST(Process, AListThatAskedFirstHasTheKeyboardWhenTheProcessEnds) {
+    WxDesktop desktop(nullptr, "");
+    SampleList screen(desktop, 10);
+    screen.onNew = [&] {
+        desktop.messageBox(&screen, "Would you?", MessageButtons::YesNo, MessageIcon::Question);
+        desktop.runAndWait("sleep 0.5");
+        screen.note("ended");
+    };
+    Robot user(screen);
+    user.key('N', wxMOD_ALT).until("the box is open", [] {
+        return Robot::find<wxGenericMessageDialog>() != nullptr;
+    });
+    user.then([] {}).key(WXK_RETURN);
+    user.until("ended", [&] { return screen.count("ended") == 1; });
+    user.until("focus is back", [&] { return user.focused() == &screen.rptItems; });
+    user.key(WXK_HOME).until("a row is selected", [&] { return screen.rptItems.selectedRows().size() == 1; });
+    user.key(WXK_ESCAPE).show();
 }
 
 TEST(Process, OpensAProgramWithItsArgumentsAndDoesNotWait) {

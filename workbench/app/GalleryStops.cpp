@@ -47,7 +47,7 @@ const GalleryStop further[] = {
     {"defaults-installed", ShowMeasurementRooms, {}, "Enter ... *", "DELETE FROM MeasurementRooms"},
     {"message-required", ShowEditTerms, {"0"}, "Enter"},
     {"message-duplicate", ShowEditPaymentMethods, {"0"}, "=Cash Enter"},
-    {"message-referenced", ShowShippingMethods, {}, "Down Delete"},
+    {"message-referenced", ShowShippingMethods, {}, "End Delete"},
     {"message-required-group", ShowEditDiscountGroups, {"1"}},
     {"message-last-of-its-kind",
      ShowCustomerTypes,
