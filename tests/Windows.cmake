@@ -48,5 +48,7 @@ set_tests_properties(package PROPERTIES FIXTURES_SETUP package)
 add_test(NAME com_script COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/com/run-script ${bits}
     ${CMAKE_BINARY_DIR}/package/${package}.zip ${CMAKE_CURRENT_SOURCE_DIR}/com/road.vbs
     $<TARGET_FILE:window_driver>)
-set_tests_properties(com_script PROPERTIES TIMEOUT 300 FIXTURES_REQUIRED package RESOURCE_LOCK windows
+add_test(NAME com_workbench COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/com/run-workbench ${bits}
+    ${CMAKE_BINARY_DIR}/package/${package}.zip $<TARGET_FILE:window_driver>)
+set_tests_properties(com_script com_workbench PROPERTIES TIMEOUT 300 FIXTURES_REQUIRED package RESOURCE_LOCK windows
                                            ENVIRONMENT TSLN_BUILD=${CMAKE_BINARY_DIR})

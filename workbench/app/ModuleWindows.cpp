@@ -1,4 +1,6 @@
 #ifdef _WIN32
+#include <algorithm>
+
 #include "com/edge/ComObject.h"
 #include "com/edge/Conversion.h"
 #include "com/edge/DispatchObject.h"
@@ -6,7 +8,6 @@
 #include "com/edge/Wide.h"
 #include "workbench/app/Module.h"
 #include "workbench/host/CompanySession.h"
-#include "workbench/host/Components.h"
 
 namespace tsln::workbench {
 namespace {
@@ -37,47 +38,50 @@ class ComponentFactory : public com::ComObject<IClassFactory> {
     std::string_view programId_;
 };
 
-/// A component that the platform offers under its program identifier as long as this lives. Which class that
-/// identifier stands for is told by the program's manifest, so that nothing need be registered.
-class OfferedComponent {
-  public:
-    OfferedComponent(const CompanySession& session, std::string_view programId) {
-        CLSID classId;
-        HRESULT result = CLSIDFromProgID(com::toWide(programId).c_str(), &classId);
-        const ComPtr<IClassFactory> factory =
-            com::adopt<IClassFactory>(new ComponentFactory(session, programId));
-        if (SUCCEEDED(result)) {
-            result = CoRegisterClassObject(classId, factory.Get(), CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER,
-                                           REGCLS_MULTIPLEUSE, &cookie_);
-        }
-        if (FAILED(result)) throw HostError(result, std::string(programId), com::textOf(result));
-    }
-    ~OfferedComponent() {
-        if (cookie_) CoRevokeClassObject(cookie_);
-    }
-    OfferedComponent(const OfferedComponent&) = delete;
-    OfferedComponent& operator=(const OfferedComponent&) = delete;
-
-  private:
-    DWORD cookie_ = 0;
+/// The classes of the program's manifest, by which the platform finds the components: nothing need be
+/// registered.
+struct OfferedClass {
+    CLSID classId;
+    std::string_view programId;
 };
+constexpr OfferedClass offeredClasses[] = {
+    {{0x2f9c6a10, 0x41d7, 0x4a5e, {0x8a, 0x57, 0x6b, 0x0c, 0x7a, 0x3f, 0x1e, 0x01}}, "tslnnum5.Checker"},
+    {{0x2f9c6a11, 0x41d7, 0x4a5e, {0x8a, 0x57, 0x6b, 0x0c, 0x7a, 0x3f, 0x1e, 0x01}}, "tslniee5.Engine"},
+    {{0x2f9c6a12, 0x41d7, 0x4a5e, {0x8a, 0x57, 0x6b, 0x0c, 0x7a, 0x3f, 0x1e, 0x01}}, "tslnfe5.Engine"},
+};
+
+/// Whose components they are; null while no module is loaded.
+const CompanySession* offering = nullptr;
 
 }  // namespace
 
+/// The platform takes the program for the server of its manifest's classes, and asks it as it would ask a
+/// DLL.
+STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, void** out) {
+    if (!out) return E_POINTER;
+    *out = nullptr;
+    const auto offered = std::ranges::find_if(
+        offeredClasses, [&](const OfferedClass& row) { return IsEqualCLSID(row.classId, classId); });
+    if (!offering || offered == std::end(offeredClasses)) return CLASS_E_CLASSNOTAVAILABLE;
+    return com::guarded(
+        [&] {
+            return com::adopt(new ComponentFactory(*offering, offered->programId))->QueryInterface(iid, out);
+        },
+        nullptr);
+}
+
 struct Module::Parts {
-    std::vector<std::unique_ptr<OfferedComponent>> components;
     ObjectPtr library;
 };
 
 Module::Module(const CompanySession& session, OnProcessEnd) : parts_(std::make_unique<Parts>()) {
-    for (const std::string_view programId : componentNames())
-        parts_->components.push_back(std::make_unique<OfferedComponent>(session, programId));
+    offering = &session;
     parts_->library = com::createComponent("tslnmaint5.Library");
 }
 
 Module::~Module() {
-    parts_->library.reset();
     parts_.reset();
+    offering = nullptr;
     CoFreeUnusedLibraries();
 }
 

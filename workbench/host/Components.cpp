@@ -24,13 +24,6 @@ constexpr Component components[] = {
 
 }  // namespace
 
-std::vector<std::string_view> componentNames() {
-    std::vector<std::string_view> names;
-    for (const Component& component : components)
-        names.push_back(component.programId);
-    return names;
-}
-
 ObjectPtr createComponent(std::string_view programId, const ContextPtr& context) {
     for (const Component& component : components) {
         if (sameName(component.programId, programId)) return component.create(context);

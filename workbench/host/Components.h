@@ -2,7 +2,6 @@
 
 #include <memory>
 #include <string_view>
-#include <vector>
 
 #include "workbench/host/HostContext.h"
 
@@ -12,8 +11,5 @@ namespace tsln::workbench {
 /// numeric-field checker, the expression editor and the import/export engine. Others raise
 /// HostError(code::classNotRegistered).
 ObjectPtr createComponent(std::string_view programId, const std::shared_ptr<HostContext>& context);
-
-/// The program identifiers of the components there are.
-std::vector<std::string_view> componentNames();
 
 }  // namespace tsln::workbench

@@ -113,11 +113,31 @@ HWND WindowDriver::child(const std::string& caption, const std::function<bool(HW
         what + " of '" + caption + "'");
 }
 
-void WindowDriver::press(const std::string& caption, const std::string& button) {
-    const HWND at = child(
-        caption, [&](HWND w) { return isClass(w, L"Button") && captionOf(w) == button; },
-        "Button '" + button + "'");
-    postUntilEffect(GetAncestor(at, GA_ROOT), at, BM_CLICK, 0, "'" + button + "'");
+HWND WindowDriver::button(const std::string& window, const std::string& caption) {
+    return child(
+        window, [&](HWND w) { return isClass(w, L"Button") && captionOf(w) == caption; },
+        "Button '" + caption + "'");
+}
+
+void WindowDriver::press(const std::string& window, const std::string& caption) {
+    const HWND at = button(window, caption);
+    postUntilEffect(GetAncestor(at, GA_ROOT), at, BM_CLICK, 0, "'" + caption + "'");
+}
+
+void WindowDriver::choose(const std::string& window, const std::string& caption, int item) {
+    const HWND at = button(window, caption);
+    const auto findMenu = [] { return findTop([](HWND w) { return isClass(w, L"#32768"); }); };
+    waitFor<bool>(
+        [&] {
+            PostMessageW(at, BM_CLICK, 0, 0);
+            for (int i = 0; i < 25 && !findMenu(); ++i)
+                Sleep(pause);
+            return findMenu() != nullptr;
+        },
+        "The menu of '" + caption + "'");
+    for (int i = 0; i < item; ++i)
+        PostMessageW(findMenu(), WM_KEYDOWN, VK_DOWN, 0);
+    PostMessageW(findMenu(), WM_KEYDOWN, VK_RETURN, 0);
 }
 
 HWND WindowDriver::field(const std::string& caption, std::size_t number) {

@@ -31,6 +31,8 @@ class WindowDriver {
     bool gone(const std::string& caption);
     /// Presses a button that closes its window or opens another one, by its caption.
     void press(const std::string& window, const std::string& button);
+    /// Presses a button that opens a menu, and chooses the menu's item of that number, from 1.
+    void choose(const std::string& window, const std::string& button, int item);
     /// Replaces the text of the window's entry field of that number, from 0 in the order of the keyboard.
     void fill(const std::string& window, std::size_t field, const std::string& text);
     std::string read(const std::string& window, std::size_t field);
@@ -43,6 +45,7 @@ class WindowDriver {
 
   private:
     HWND child(const std::string& window, const std::function<bool(HWND)>& isMeant, const std::string& what);
+    HWND button(const std::string& window, const std::string& caption);
     HWND field(const std::string& window, std::size_t number);
 };
 

@@ -1,6 +1,6 @@
 // A user at the windows, for tests whose own language cannot be one. Each argument is a step:
 //   press:WINDOW|BUTTON   fill:WINDOW|FIELD|TEXT   close:WINDOW   wait:WINDOW   gone:WINDOW
-//   rows:WINDOW|NUMBER
+//   rows:WINDOW|NUMBER   choose:WINDOW|BUTTON|ITEM
 // Ends with 0 when all steps came out. The first that does not is told on the error output and ends it
 // with 1.
 
@@ -42,6 +42,7 @@ void take(WindowDriver& user, const std::string& step) {
         if (!user.gone(words[0])) throw DriverError("The window '" + words[0] + "' did not go");
         return;
     }
+    if (act == "choose" && words.size() == 3) return user.choose(words[0], words[1], std::stoi(words[2]));
     if (act == "rows" && words.size() == 2) return user.waitForRows(words[0], std::stoi(words[1]));
     throw DriverError("No such step");
 }
