@@ -82,16 +82,9 @@ class ReportView : public ControlView {
             act([this] { report_.userSelectAll(); });
             return true;
         }
+        if (!report_.focusedRow() && enterRows(key)) return true;
         if (key.HasAnyModifiers()) return false;
         switch (code) {
-            case WXK_UP:
-            case WXK_DOWN:
-                // The toolkit thinks itself on the first row from the start and would step over it.
-                if (report_.focusedRow() || report_.rowCount() == 0) return false;
-                list_->goTo(0);
-                selectionMayHaveChanged();
-                act([] {});
-                return true;
             case WXK_RETURN:
             case WXK_NUMPAD_ENTER:
                 act([this] {
@@ -117,6 +110,29 @@ class ReportView : public ControlView {
         list_->showReport();
         showing_ = false;
         unreported_ = false;
+    }
+
+    /// Takes the first key that moves within the rows. The toolkit's list is either on the first row from the
+    /// start and would step over it, or, if its rows came after the keyboard, on none and stays there.
+    bool enterRows(const wxKeyEvent& key) {
+        if (report_.rowCount() == 0 || (key.GetModifiers() & ~wxMOD_SHIFT) != 0) return false;
+        switch (key.GetKeyCode()) {
+            case WXK_UP:
+            case WXK_DOWN:
+            case WXK_HOME:
+            case WXK_PAGEUP:
+            case WXK_PAGEDOWN:
+                list_->goTo(0);
+                break;
+            case WXK_END:
+                list_->goTo(report_.rowCount() - 1);
+                break;
+            default:
+                return false;
+        }
+        selectionMayHaveChanged();
+        act([] {});
+        return true;
     }
 
     /// One act of the user changes the state of many rows; the list tells of each, or of none. So whatever

@@ -104,7 +104,25 @@ TEST_F(ReportViewTest, TheFirstKeySelectsTheFirstRowAndShiftGoesOnFromThere) {
     }
 }
 
-TEST_F(ReportViewTest, TheFirstRowOfAnEmptyListIsShownSelected) {
+TEST_F(ReportViewTest, RowsThatComeAfterTheKeyboardTakeTheFirstKey) {
+    const struct {
+        int key;
+        std::size_t row;
+    } cases[] = {{WXK_DOWN, 0}, {WXK_HOME, 0}, {WXK_PAGEDOWN, 0}, {WXK_END, 2}};
+    for (const auto& test : cases) {
+        SampleList screen(desktop, 0);
+        Robot user(screen);
+        user.then([&] {
+            for (int i = 1; i <= 3; ++i)
+                screen.rptItems.addRecord(i, std::array<std::string_view, 1>{"Net 30"});
+            screen.rptItems.populate();
+        });
+        user.key(test.key);
+        untilNoted(user, screen, "selection 1");
+        user.then([&] { EXPECT_THAT(screen.rptItems.selectedRows(), ElementsAre(test.row)); });
+        user.key(WXK_ESCAPE).show();
+    }
+    // One that the screen selects is shown so, too.
     SampleList screen(desktop, 0);
     Robot user(screen);
     user.then([&] {
