@@ -156,7 +156,7 @@ std::vector<GalleryStop> galleryStops() {
             if (editsRow(row) && (!particular || particular->makesRows)) {
                 GalleryStop forNew = stop;
                 forNew.name += "-new";
-                forNew.arguments = {"0"};
+                forNew.arguments.front().assign(1, '0');
                 forNew.prepare = {};
                 stops.push_back(std::move(forNew));
             }
