@@ -64,7 +64,8 @@ TEST(VendorOnCompany, IsAddedReadBackAndItsChangesAreInTheHistory) {
         {"Active", "1"}};
     for (const auto& [column, value] : stored)
         EXPECT_EQ(stage.value("SELECT " + std::string(column) + where), value) << column;
-    EXPECT_THAT(stage.value("SELECT UniqueID" + where), test::IsHexLike("{xxxxxxxx-xxxx-4xxx-xxxx-xxxxxxxxxxxx}"));
+    EXPECT_THAT(stage.value("SELECT UniqueID" + where),
+                test::IsHexLike("{xxxxxxxx-xxxx-4xxx-xxxx-xxxxxxxxxxxx}"));
     EXPECT_EQ(stage.value("SELECT Activity FROM CustomerActivity WHERE CustomerID = " + std::to_string(ID)),
               "Vendor added.");
     EXPECT_EQ(stage.lastEvent(), "Vendor 'O'Brien & Daughters was added.");
