@@ -1,0 +1,294 @@
+#include "shared/RowReader.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstring>
+
+namespace tsln::modSharedXML {
+namespace {
+
+constexpr std::size_t noField = SIZE_MAX;
+constexpr std::size_t mostElements =
+    1024;  // of different names that are learned; more are no table's columns
+
+bool isBlank(char c) {
+    return c == ' ' || c == '\n' || c == '\r' || c == '\t';
+}
+
+const char* skipBlanks(const char* at) {
+    while (isBlank(*at))
+        ++at;
+    return at;
+}
+
+/// True when the zero-terminated text at `at` begins with `what`.
+bool startsWith(const char* at, std::string_view what) {
+    return std::strncmp(at, what.data(), what.size()) == 0;
+}
+
+enum Class : unsigned char { Plain, Encoded, Stop };
+
+/// What a byte of a value means to who looks for its end.
+constexpr auto classes = [] {
+    std::array<Class, 256> result{};
+    result['&'] = result['\r'] = Encoded;
+    result['<'] = result['\0'] = Stop;
+    return result;
+}();
+
+Class classOf(char c) {
+    return classes[static_cast<unsigned char>(c)];
+}
+
+void appendUtf8(std::string& out, std::uint32_t c) {
+    const auto put = [&](std::uint32_t byte) { out += static_cast<char>(byte); };
+    if (c < 0x80) return put(c);
+    if (c < 0x800) {
+        put(0xC0 | c >> 6);
+    } else {
+        if (c < 0x10000) {
+            put(0xE0 | c >> 12);
+        } else {
+            put(0xF0 | c >> 18);
+            put(0x80 | (c >> 12 & 0x3F));
+        }
+        put(0x80 | (c >> 6 & 0x3F));
+    }
+    put(0x80 | (c & 0x3F));
+}
+
+constexpr std::pair<std::string_view, char> entities[] = {
+    {"&amp;", '&'}, {"&lt;", '<'}, {"&gt;", '>'}, {"&quot;", '"'}, {"&apos;", '\''}};
+
+/// Decodes the reference that `text` begins with and returns its length; 0 for a form that is left to the
+/// parser.
+std::size_t decodeNumeric(std::string_view text, std::string& out) {
+    const bool hexadecimal = text.size() > 2 && text[2] == 'x';
+    const char* const digits = text.data() + (hexadecimal ? 3 : 2);
+    const char* const end = text.data() + std::min<std::size_t>(text.size(), 12);
+    std::uint32_t c = 0;
+    if (digits >= end) return 0;
+    const auto [stop, error] = std::from_chars(digits, end, c, hexadecimal ? 16 : 10);
+    if (error != std::errc() || stop == end || *stop != ';' || c == 0 || c > 0x10FFFF) return 0;
+    appendUtf8(out, c);
+    return static_cast<std::size_t>(stop - text.data()) + 1;
+}
+
+/// The value as the parser decodes it.
+std::string parseValue(std::string_view value) {
+    pugi::xml_document document;
+    std::string text = "<v>";
+    text.append(value).append("</v>");
+    document.load_buffer(text.data(), text.size(), parseOptions, pugi::encoding_utf8);
+    return document.first_child().text().get();
+}
+
+/// An element's text with references decoded and line ends made one character, as XML has it.
+std::string decodeXml(std::string_view value) {
+    std::string out;
+    out.reserve(value.size());
+    for (std::size_t i = 0; i < value.size();) {
+        const char c = value[i];
+        if (classOf(c) != Encoded) {
+            out += c;
+            ++i;
+        } else if (c == '\r') {
+            out += '\n';
+            i += value.substr(i, 2) == "\r\n" ? 2 : 1;
+        } else if (value.substr(i, 2) == "&#") {
+            const std::size_t length = decodeNumeric(value.substr(i), out);
+            if (length == 0) return parseValue(value);
+            i += length;
+        } else {
+            const auto* const known = std::ranges::find_if(
+                entities, [&](const auto& entity) { return value.substr(i).starts_with(entity.first); });
+            const bool found = known != std::end(entities);
+            out += found ? known->second : c;
+            i += found ? known->first.size() : 1;
+        }
+    }
+    return out;
+}
+
+}  // namespace
+
+RowReader::RowReader(std::string text, std::span<const std::string_view> fields, Way way)
+    : text_(std::move(text)),
+      names_(fields.begin(), fields.end()),
+      values_(fields.size()),
+      scratch_(fields.size()) {
+    for (const std::string& name : names_)
+        places_.push_back(static_cast<std::size_t>(std::ranges::find(names_, name) - names_.begin()));
+    at_ = text_.data();
+    if (way == Way::Nodes) goOnByNodes();
+}
+
+bool RowReader::next() {
+    if (byNodes_ && rows_ > 0 && record_ != records_.end()) ++record_;
+    if (!byNodes_ && !ended_) {
+        Found found = started_ ? Found::Row : scanStart();
+        if (found == Found::Row) found = scanRow();
+        ended_ = found == Found::End;
+        if (found == Found::Unusual) goOnByNodes();
+    }
+    if (ended_ || (byNodes_ && record_ == records_.end())) {
+        ended_ = true;
+        return false;
+    }
+    if (byNodes_) ++rows_;
+    return true;
+}
+
+void RowReader::goOnByNodes() {
+    byNodes_ = true;
+    records_ = Records::parse(std::move(text_));
+    record_ = records_.begin();
+    for (std::size_t i = 0; i < rows_ && record_ != records_.end(); ++i)
+        ++record_;
+}
+
+// One pass
+// --------------------------------------------------------------------------------------------------------
+
+RowReader::Found RowReader::scanStart() {
+    started_ = true;
+    at_ = skipBlanks(at_);
+    if (at_ == text_.data() + text_.size()) return Found::End;
+    if (startsWith(at_, "<?xml ")) {
+        const char* const end = std::strstr(at_, "?>");
+        if (!end) return Found::Unusual;
+        at_ = skipBlanks(end + 2);
+    }
+    constexpr std::string_view open = "<Records>";
+    constexpr std::string_view none = "<Records/>";
+    if (startsWith(at_, none) && *skipBlanks(at_ + none.size()) == '\0' &&
+        skipBlanks(at_ + none.size()) == text_.data() + text_.size()) {
+        return Found::End;
+    }
+    if (!startsWith(at_, open)) return Found::Unusual;
+    at_ += open.size();
+    return Found::Row;
+}
+
+RowReader::Found RowReader::scanRow() {
+    constexpr std::string_view open = "<Record>";
+    constexpr std::string_view none = "<Record/>";
+    constexpr std::string_view end = "</Records>";
+    at_ = skipBlanks(at_);
+    if (startsWith(at_, open)) {
+        at_ += open.size();
+        return scanFields();
+    }
+    if (startsWith(at_, none)) {
+        at_ += none.size();
+        ++rows_;
+        return Found::Row;
+    }
+    if (startsWith(at_, end)) {
+        const char* const rest = skipBlanks(at_ + end.size());
+        if (rest == text_.data() + text_.size()) return Found::End;
+    }
+    return Found::Unusual;
+}
+
+RowReader::Found RowReader::scanFields() {
+    constexpr std::string_view end = "</Record>";
+    const std::size_t row = rows_ + 1;
+    std::size_t expected = 0;
+    for (;;) {
+        at_ = skipBlanks(at_);
+        if (at_[0] != '<') return Found::Unusual;
+        if (at_[1] == '/') break;
+        const Element* element = matchElement(expected);
+        if (!element) element = learnElement(expected);
+        if (!element) return Found::Unusual;
+        const char* value = at_ + element->open.size();
+        const char* stop = value;
+        bool encoded = false;
+        if (value[-1] == '/') {  // "<Name/>"
+            at_ = value + 1;
+        } else {
+            for (Class c = classOf(*stop); c != Stop; c = classOf(*++stop))
+                encoded |= c == Encoded;
+            if (!startsWith(stop, element->close)) return Found::Unusual;
+            at_ = stop + element->close.size();
+        }
+        // Of columns with the same name the first counts.
+        if (element->field == noField || values_[element->field].row == row) continue;
+        values_[element->field] = {row, {value, static_cast<std::size_t>(stop - value)}, encoded};
+    }
+    if (!startsWith(at_, end)) return Found::Unusual;
+    at_ += end.size();
+    rows_ = row;
+    return Found::Row;
+}
+
+/// The element that begins here, if it was met before; `expected` is the place after it then.
+const RowReader::Element* RowReader::matchElement(std::size_t& expected) const {
+    const std::size_t count = elements_.size();
+    for (std::size_t tried = 0, i = expected; tried < count; ++tried, ++i) {
+        if (i >= count) i = 0;
+        const std::string& open = elements_[i].open;
+        const std::size_t name = open.size() - 1;
+        if (std::strncmp(at_, open.data(), name) != 0) continue;
+        if (at_[name] == '>' || (at_[name] == '/' && at_[name + 1] == '>')) {
+            expected = i + 1;
+            return &elements_[i];
+        }
+    }
+    return nullptr;
+}
+
+/// Takes up an element that was not met before; none when it has more than a name.
+const RowReader::Element* RowReader::learnElement(std::size_t& expected) {
+    const char* end = at_ + 1;
+    const auto isName = [](char c) {
+        return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '_' ||
+               c == '-' || c == '.';
+    };
+    while (isName(*end))
+        ++end;
+    const std::string name(at_ + 1, end);
+    const bool whole = *end == '>' || (*end == '/' && end[1] == '>');
+    const bool started = !name.empty() && name[0] > '9';  // no digit, point or hyphen
+    if (!whole || !started || elements_.size() == mostElements) return nullptr;
+    const auto asked = std::ranges::find(names_, name);
+    const std::size_t field =
+        asked == names_.end() ? noField : static_cast<std::size_t>(asked - names_.begin());
+    elements_.push_back({"<" + name + ">", "</" + name + ">", field});
+    expected = elements_.size();
+    return &elements_.back();
+}
+
+std::size_t RowReader::expectedRows() const {
+    if (byNodes_) return records_.count();
+    if (rows_ == 0) return 0;
+    const auto read = static_cast<std::size_t>(at_ - text_.data());
+    return text_.size() / std::max<std::size_t>(read / rows_, 1) + 1;
+}
+
+// Fields
+// ------------------------------------------------------------------------------------------------------------
+
+std::string_view RowReader::text(std::size_t field) {
+    std::string& scratch = scratch_[field];
+    if (byNodes_) return viewText(names_[field], *record_, scratch);
+    const Value& value = values_[places_[field]];
+    if (value.row != rows_) return {};
+    if (!value.encoded) return value.text;
+    std::string decoded = decodeXml(value.text);
+    const std::string_view shown = decodeFieldText(decoded, scratch);
+    if (shown.data() == decoded.data()) scratch = std::move(decoded);
+    return scratch;
+}
+
+std::int32_t RowReader::readLong(std::size_t field, std::int32_t otherwise) {
+    return toLong(text(field), otherwise);
+}
+
+bool RowReader::readBoolean(std::size_t field, bool otherwise) {
+    return toBoolean(text(field), otherwise);
+}
+
+}  // namespace tsln::modSharedXML
