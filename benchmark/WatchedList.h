@@ -33,6 +33,7 @@ class WatchedList : public BenchList {
   protected:
     std::string loadStatement() const override;
     void listLoaded() override;
+    void welcome() override {}  // nobody is there to be asked
 
   private:
     std::optional<std::size_t> mostID_;

@@ -24,6 +24,7 @@ struct Options {
 bool startToolkit(int argc, char** argv) {
     if (!std::getenv("DISPLAY") && !std::getenv("WAYLAND_DISPLAY")) return false;
     wxApp::SetInstance(new wxApp);
+    argc = 1;  // the toolkit would read the options, too
     if (!wxEntryStart(argc, argv)) return false;
     wxTheApp->CallOnInit();
     wxTheApp->SetExitOnFrameDelete(false);
