@@ -9,8 +9,13 @@ namespace tsln {
 std::size_t ReportRecords::add(std::int32_t id, std::span<const std::string_view> cells) {
     const std::size_t record = ids_.size();
     cells_.resize(cells_.size() + columns_);
-    store(cells_.data() + record * columns_, cells);
     ids_.push_back(id);
+    try {
+        store(cells_.data() + record * columns_, cells);
+    } catch (...) {
+        truncate(record);
+        throw;
+    }
     return record;
 }
 
@@ -20,14 +25,21 @@ void ReportRecords::replace(std::size_t record, std::span<const std::string_view
 }
 
 void ReportRecords::store(Text* place, std::span<const std::string_view> cells) {
-    for (std::size_t c = 0; c < columns_; ++c) {
-        const std::string_view cell = c < cells.size() ? cells[c] : std::string_view();
-        if (text_.size() + cell.size() > std::numeric_limits<std::uint32_t>::max()) {
-            throw std::length_error("The list holds more than 4 GB of text.");
-        }
-        place[c] = {static_cast<std::uint32_t>(text_.size()), static_cast<std::uint32_t>(cell.size())};
-        text_.append(cell);
+    const std::size_t given = std::min(cells.size(), columns_);
+    std::size_t at = text_.size();
+    std::size_t end = at;
+    for (const std::string_view cell : cells.first(given))
+        end += cell.size();
+    if (end > std::numeric_limits<std::uint32_t>::max()) {
+        throw std::length_error("The list holds more than 4 GB of text.");
     }
+    text_.resize(end);
+    for (const std::string_view cell : cells.first(given)) {
+        *place++ = {static_cast<std::uint32_t>(at), static_cast<std::uint32_t>(cell.size())};
+        cell.copy(text_.data() + at, cell.size());
+        at += cell.size();
+    }
+    std::fill_n(place, columns_ - given, Text());
 }
 
 void ReportRecords::move(std::size_t from, std::size_t to) {

@@ -1,9 +1,13 @@
 #include "shared/RowReader.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
+#include <bit>
 #include <cstring>
+
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
 
 namespace tsln::modSharedXML {
 namespace {
@@ -22,23 +26,56 @@ const char* skipBlanks(const char* at) {
     return at;
 }
 
-/// True when the zero-terminated text at `at` begins with `what`.
-bool startsWith(const char* at, std::string_view what) {
-    return std::strncmp(at, what.data(), what.size()) == 0;
+template <class T>
+T load(const char* at) {
+    T value;
+    std::memcpy(&value, at, sizeof value);
+    return value;
 }
 
-enum Class : unsigned char { Plain, Encoded, Stop };
+/// True when the bytes are the same. Names are too short for a call of memcmp to be worth it.
+inline bool same(const char* a, const char* b, std::size_t size) {
+    if (size >= 8) {
+        const std::size_t last = size - 8;
+        for (std::size_t i = 0; i < last; i += 8) {
+            if (load<std::uint64_t>(a + i) != load<std::uint64_t>(b + i)) return false;
+        }
+        return load<std::uint64_t>(a + last) == load<std::uint64_t>(b + last);
+    }
+    if (size >= 4) {
+        const std::size_t last = size - 4;
+        return load<std::uint32_t>(a) == load<std::uint32_t>(b) &&
+               load<std::uint32_t>(a + last) == load<std::uint32_t>(b + last);
+    }
+    return std::equal(a, a + size, b);
+}
 
-/// What a byte of a value means to who looks for its end.
-constexpr auto classes = [] {
-    std::array<Class, 256> result{};
-    result['&'] = result['\r'] = Encoded;
-    result['<'] = result['\0'] = Stop;
-    return result;
-}();
+/// True when the text from `at` to `end` begins with `what`.
+inline bool startsWith(const char* at, const char* end, std::string_view what) {
+    return static_cast<std::size_t>(end - at) >= what.size() && same(at, what.data(), what.size());
+}
 
-Class classOf(char c) {
-    return classes[static_cast<unsigned char>(c)];
+/// The end of the value that begins at `at`: its "<", or the zero behind the text. `encoded` is set when there
+/// is a reference or a carriage return on the way.
+inline const char* skipValue(const char* at, [[maybe_unused]] const char* end, bool& encoded) {
+#ifdef __SSE2__
+    const auto all = [](char c) { return _mm_set1_epi8(c); };
+    for (; end - at >= 16; at += 16) {
+        const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
+        const auto found = [&](char c) { return _mm_cmpeq_epi8(bytes, all(c)); };
+        const auto stops = static_cast<unsigned>(_mm_movemask_epi8(_mm_or_si128(found('<'), found('\0'))));
+        const auto codes = static_cast<unsigned>(_mm_movemask_epi8(_mm_or_si128(found('&'), found('\r'))));
+        if (stops == 0) {
+            encoded |= codes != 0;
+            continue;
+        }
+        encoded |= (codes & (stops - 1) & ~stops) != 0;  // those before the first stop
+        return at + std::countr_zero(stops);
+    }
+#endif
+    for (; *at != '<' && *at != '\0'; ++at)
+        encoded |= *at == '&' || *at == '\r';
+    return at;
 }
 
 void appendUtf8(std::string& out, std::uint32_t c) {
@@ -90,7 +127,7 @@ std::string decodeXml(std::string_view value) {
     out.reserve(value.size());
     for (std::size_t i = 0; i < value.size();) {
         const char c = value[i];
-        if (classOf(c) != Encoded) {
+        if (c != '&' && c != '\r') {
             out += c;
             ++i;
         } else if (c == '\r') {
@@ -121,6 +158,7 @@ RowReader::RowReader(std::string text, std::span<const std::string_view> fields,
     for (const std::string& name : names_)
         places_.push_back(static_cast<std::size_t>(std::ranges::find(names_, name) - names_.begin()));
     at_ = text_.data();
+    end_ = at_ + text_.size();
     if (way == Way::Nodes) goOnByNodes();
 }
 
@@ -154,19 +192,16 @@ void RowReader::goOnByNodes() {
 RowReader::Found RowReader::scanStart() {
     started_ = true;
     at_ = skipBlanks(at_);
-    if (at_ == text_.data() + text_.size()) return Found::End;
-    if (startsWith(at_, "<?xml ")) {
+    if (at_ == end_) return Found::End;
+    if (startsWith(at_, end_, "<?xml ")) {
         const char* const end = std::strstr(at_, "?>");
         if (!end) return Found::Unusual;
         at_ = skipBlanks(end + 2);
     }
     constexpr std::string_view open = "<Records>";
     constexpr std::string_view none = "<Records/>";
-    if (startsWith(at_, none) && *skipBlanks(at_ + none.size()) == '\0' &&
-        skipBlanks(at_ + none.size()) == text_.data() + text_.size()) {
-        return Found::End;
-    }
-    if (!startsWith(at_, open)) return Found::Unusual;
+    if (startsWith(at_, end_, none) && skipBlanks(at_ + none.size()) == end_) return Found::End;
+    if (!startsWith(at_, end_, open)) return Found::Unusual;
     at_ += open.size();
     return Found::Row;
 }
@@ -174,89 +209,87 @@ RowReader::Found RowReader::scanStart() {
 RowReader::Found RowReader::scanRow() {
     constexpr std::string_view open = "<Record>";
     constexpr std::string_view none = "<Record/>";
-    constexpr std::string_view end = "</Records>";
+    constexpr std::string_view close = "</Records>";
     at_ = skipBlanks(at_);
-    if (startsWith(at_, open)) {
+    if (startsWith(at_, end_, open)) {
         at_ += open.size();
         return scanFields();
     }
-    if (startsWith(at_, none)) {
+    if (startsWith(at_, end_, none)) {
         at_ += none.size();
         ++rows_;
         return Found::Row;
     }
-    if (startsWith(at_, end)) {
-        const char* const rest = skipBlanks(at_ + end.size());
-        if (rest == text_.data() + text_.size()) return Found::End;
-    }
+    if (startsWith(at_, end_, close) && skipBlanks(at_ + close.size()) == end_) return Found::End;
     return Found::Unusual;
 }
 
 RowReader::Found RowReader::scanFields() {
-    constexpr std::string_view end = "</Record>";
+    constexpr std::string_view close = "</Record>";
     const std::size_t row = rows_ + 1;
+    const char* const end = end_;
+    const char* at = at_;
     std::size_t expected = 0;
     for (;;) {
-        at_ = skipBlanks(at_);
-        if (at_[0] != '<') return Found::Unusual;
-        if (at_[1] == '/') break;
-        const Element* element = matchElement(expected);
-        if (!element) element = learnElement(expected);
+        at = skipBlanks(at);
+        if (at[0] != '<') return Found::Unusual;
+        if (at[1] == '/') break;
+        const Element* element = matchElement(at, expected);
+        if (!element) element = learnElement(at, expected);
         if (!element) return Found::Unusual;
-        const char* value = at_ + element->open.size();
+        const char* value = at + element->open.size();
         const char* stop = value;
         bool encoded = false;
-        if (value[-1] == '/') {  // "<Name/>"
-            at_ = value + 1;
+        if (*value == '/') {  // "<Name/>"
+            at = value + 2;
         } else {
-            for (Class c = classOf(*stop); c != Stop; c = classOf(*++stop))
-                encoded |= c == Encoded;
-            if (!startsWith(stop, element->close)) return Found::Unusual;
-            at_ = stop + element->close.size();
+            stop = skipValue(++value, end, encoded);
+            if (!startsWith(stop, end, element->close)) return Found::Unusual;
+            at = stop + element->close.size();
         }
         // Of columns with the same name the first counts.
         if (element->field == noField || values_[element->field].row == row) continue;
         values_[element->field] = {row, {value, static_cast<std::size_t>(stop - value)}, encoded};
     }
-    if (!startsWith(at_, end)) return Found::Unusual;
-    at_ += end.size();
+    if (!startsWith(at, end, close)) return Found::Unusual;
+    at_ = at + close.size();
     rows_ = row;
     return Found::Row;
 }
 
 /// The element that begins here, if it was met before; `expected` is the place after it then.
-const RowReader::Element* RowReader::matchElement(std::size_t& expected) const {
+inline const RowReader::Element* RowReader::matchElement(const char* at, std::size_t& expected) const {
     const std::size_t count = elements_.size();
     for (std::size_t tried = 0, i = expected; tried < count; ++tried, ++i) {
         if (i >= count) i = 0;
-        const std::string& open = elements_[i].open;
-        const std::size_t name = open.size() - 1;
-        if (std::strncmp(at_, open.data(), name) != 0) continue;
-        if (at_[name] == '>' || (at_[name] == '/' && at_[name + 1] == '>')) {
+        const Element& element = elements_[i];
+        if (!startsWith(at, end_, element.open)) continue;
+        const char* const behind = at + element.open.size();
+        if (*behind == '>' || (*behind == '/' && behind[1] == '>')) {
             expected = i + 1;
-            return &elements_[i];
+            return &element;
         }
     }
     return nullptr;
 }
 
 /// Takes up an element that was not met before; none when it has more than a name.
-const RowReader::Element* RowReader::learnElement(std::size_t& expected) {
-    const char* end = at_ + 1;
+const RowReader::Element* RowReader::learnElement(const char* at, std::size_t& expected) {
+    const char* end = at + 1;
     const auto isName = [](char c) {
         return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '_' ||
                c == '-' || c == '.';
     };
     while (isName(*end))
         ++end;
-    const std::string name(at_ + 1, end);
+    const std::string name(at + 1, end);
     const bool whole = *end == '>' || (*end == '/' && end[1] == '>');
     const bool started = !name.empty() && name[0] > '9';  // no digit, point or hyphen
     if (!whole || !started || elements_.size() == mostElements) return nullptr;
     const auto asked = std::ranges::find(names_, name);
     const std::size_t field =
         asked == names_.end() ? noField : static_cast<std::size_t>(asked - names_.begin());
-    elements_.push_back({"<" + name + ">", "</" + name + ">", field});
+    elements_.push_back({"<" + name, "</" + name + ">", field});
     expected = elements_.size();
     return &elements_.back();
 }
@@ -271,13 +304,10 @@ std::size_t RowReader::expectedRows() const {
 // Fields
 // ------------------------------------------------------------------------------------------------------------
 
-std::string_view RowReader::text(std::size_t field) {
+std::string_view RowReader::decodedText(std::size_t field) {
     std::string& scratch = scratch_[field];
     if (byNodes_) return viewText(names_[field], *record_, scratch);
-    const Value& value = values_[places_[field]];
-    if (value.row != rows_) return {};
-    if (!value.encoded) return value.text;
-    std::string decoded = decodeXml(value.text);
+    std::string decoded = decodeXml(values_[places_[field]].text);
     const std::string_view shown = decodeFieldText(decoded, scratch);
     if (shown.data() == decoded.data()) scratch = std::move(decoded);
     return scratch;

@@ -29,7 +29,12 @@ class RowReader {
 
     // The current row's fields, as modSharedXML's readers of these names read them. Views are good until the
     // field is asked for again or the next row.
-    std::string_view text(std::size_t field);
+    std::string_view text(std::size_t field) {
+        if (byNodes_) return decodedText(field);
+        const Value& value = values_[places_[field]];
+        if (value.row != rows_) return {};
+        return value.encoded ? decodedText(field) : value.text;
+    }
     std::int32_t readLong(std::size_t field, std::int32_t otherwise = 0);
     bool readBoolean(std::size_t field, bool otherwise = false);
 
@@ -40,7 +45,7 @@ class RowReader {
     enum class Found { Row, End, Unusual };
     /// An element of a row as it was met before: rows mostly have the same ones in the same order.
     struct Element {
-        std::string open;   // "<Name>"
+        std::string open;   // "<Name"
         std::string close;  // "</Name>"
         std::size_t field;  // which of those asked for, or none of them
     };
@@ -53,8 +58,9 @@ class RowReader {
     Found scanStart();
     Found scanRow();
     Found scanFields();
-    const Element* matchElement(std::size_t& expected) const;
-    const Element* learnElement(std::size_t& expected);
+    const Element* matchElement(const char* at, std::size_t& expected) const;
+    const Element* learnElement(const char* at, std::size_t& expected);
+    std::string_view decodedText(std::size_t field);
     void goOnByNodes();
 
     std::string text_;
@@ -63,7 +69,8 @@ class RowReader {
     std::vector<Value> values_;         // by field
     std::vector<std::string> scratch_;  // by field
     std::vector<Element> elements_;
-    const char* at_ = nullptr;
+    const char* at_ = nullptr;   // in the text
+    const char* end_ = nullptr;  // of the text
     std::size_t rows_ = 0;  // read so far
     bool started_ = false;
     bool ended_ = false;
