@@ -1,6 +1,7 @@
 #include "lists/ListRows.h"
 
 #include <algorithm>
+#include <optional>
 #include <vector>
 
 namespace tsln::lists {
@@ -11,13 +12,17 @@ using modSharedXML::RowReader;
 constexpr std::size_t sample = 64;  // rows by which the room for all of them is reckoned
 constexpr std::size_t spare = 32;   // of the reckoned room one part in so many is added
 
-std::string_view cell(const ListColumn& column, RowReader& rows, std::size_t field) {
+/// What a column shows in place of its field's text; nothing where it shows just that.
+std::optional<std::string_view> shownInstead(const ListColumn& column, const RowReader& rows,
+                                             std::size_t field) {
     if (column.show == ListColumn::Show::YesNo) return rows.readBoolean(field) ? "Yes" : "No";
-    if (column.show == ListColumn::Show::Choice) {
-        const auto choice = std::ranges::find(column.choices, rows.readLong(field), &Choice::number);
-        if (choice != column.choices.end()) return choice->caption;
-    }
-    return rows.text(field);
+    const auto choice = std::ranges::find(column.choices, rows.readLong(field), &Choice::number);
+    if (choice == column.choices.end()) return std::nullopt;
+    return choice->caption;
+}
+
+bool showsItsText(const ListColumn& column) {
+    return column.show == ListColumn::Show::Text || column.show == ListColumn::Show::Number;
 }
 
 void makeRoom(ReportRecords& records, std::size_t expected) {
@@ -33,11 +38,19 @@ ReportRecords readListRows(std::string text, std::span<const ListColumn> columns
         fields.push_back(column.field);
     RowReader rows(std::move(text), fields, way);
     ReportRecords records(columns.size());
-    std::vector<std::string_view> cells(columns.size());
+    std::vector<std::string_view> cells;
+    const bool asTheyAre = std::ranges::all_of(columns, showsItsText);
     while (rows.next()) {
-        for (std::size_t i = 0; i < columns.size(); ++i)
-            cells[i] = cell(columns[i], rows, i + 1);
-        records.add(rows.readLong(0), cells);
+        std::span<const std::string_view> shown = rows.texts().subspan(1);
+        if (!asTheyAre) {
+            cells.assign(shown.begin(), shown.end());
+            for (std::size_t i = 0; i < columns.size(); ++i) {
+                if (!showsItsText(columns[i]))
+                    cells[i] = shownInstead(columns[i], rows, i + 1).value_or(cells[i]);
+            }
+            shown = cells;
+        }
+        records.add(rows.readLong(0), shown);
         if (records.count() == sample) makeRoom(records, rows.expectedRows());
     }
     return records;

@@ -1,8 +1,8 @@
 #include "shared/RowReader.h"
 
 #include <algorithm>
-#include <charconv>
 #include <bit>
+#include <charconv>
 #include <cstring>
 
 #ifdef __SSE2__
@@ -55,8 +55,8 @@ inline bool startsWith(const char* at, const char* end, std::string_view what) {
     return static_cast<std::size_t>(end - at) >= what.size() && same(at, what.data(), what.size());
 }
 
-/// The end of the value that begins at `at`: its "<", or the zero behind the text. `encoded` is set when there
-/// is a reference or a carriage return on the way.
+/// The end of the value that begins at `at`: its "<", or the zero behind the text. `encoded` is set when
+/// there is a reference or a carriage return on the way.
 inline const char* skipValue(const char* at, [[maybe_unused]] const char* end, bool& encoded) {
 #ifdef __SSE2__
     const auto all = [](char c) { return _mm_set1_epi8(c); };
@@ -122,30 +122,37 @@ std::string parseValue(std::string_view value) {
 }
 
 /// An element's text with references decoded and line ends made one character, as XML has it.
-std::string decodeXml(std::string_view value) {
-    std::string out;
-    out.reserve(value.size());
+void decodeXml(std::string_view value, std::string& out) {
+    out.clear();
+    std::size_t copied = 0;
     for (std::size_t i = 0; i < value.size();) {
-        const char c = value[i];
-        if (c != '&' && c != '\r') {
-            out += c;
+        if (value[i] != '&' && value[i] != '\r') {
             ++i;
-        } else if (c == '\r') {
+            continue;
+        }
+        out.append(value, copied, i - copied);
+        const std::string_view rest = value.substr(i);
+        std::size_t length = 1;
+        if (rest[0] == '\r') {
             out += '\n';
-            i += value.substr(i, 2) == "\r\n" ? 2 : 1;
-        } else if (value.substr(i, 2) == "&#") {
-            const std::size_t length = decodeNumeric(value.substr(i), out);
-            if (length == 0) return parseValue(value);
-            i += length;
+            length = rest.starts_with("\r\n") ? 2 : 1;
+        } else if (rest.starts_with("&#")) {
+            length = decodeNumeric(rest, out);
+            if (length == 0) {
+                out = parseValue(value);
+                return;
+            }
         } else {
             const auto* const known = std::ranges::find_if(
-                entities, [&](const auto& entity) { return value.substr(i).starts_with(entity.first); });
+                entities, [&](const auto& entity) { return rest.starts_with(entity.first); });
             const bool found = known != std::end(entities);
-            out += found ? known->second : c;
-            i += found ? known->first.size() : 1;
+            out += found ? known->second : '&';
+            length = found ? known->first.size() : 1;
         }
+        i += length;
+        copied = i;
     }
-    return out;
+    out.append(value, copied);
 }
 
 }  // namespace
@@ -153,29 +160,31 @@ std::string decodeXml(std::string_view value) {
 RowReader::RowReader(std::string text, std::span<const std::string_view> fields, Way way)
     : text_(std::move(text)),
       names_(fields.begin(), fields.end()),
-      values_(fields.size()),
+      texts_(fields.size()),
       scratch_(fields.size()) {
-    for (const std::string& name : names_)
-        places_.push_back(static_cast<std::size_t>(std::ranges::find(names_, name) - names_.begin()));
+    for (std::size_t i = 0; i < names_.size(); ++i) {
+        const auto first = static_cast<std::size_t>(std::ranges::find(names_, names_[i]) - names_.begin());
+        if (first != i) repeated_.emplace_back(i, first);
+    }
     at_ = text_.data();
     end_ = at_ + text_.size();
     if (way == Way::Nodes) goOnByNodes();
 }
 
 bool RowReader::next() {
-    if (byNodes_ && rows_ > 0 && record_ != records_.end()) ++record_;
-    if (!byNodes_ && !ended_) {
+    if (ended_) return false;
+    std::ranges::fill(texts_, std::string_view());
+    if (byNodes_ && rows_ > 0) ++record_;
+    if (!byNodes_) {
         Found found = started_ ? Found::Row : scanStart();
         if (found == Found::Row) found = scanRow();
         ended_ = found == Found::End;
         if (found == Found::Unusual) goOnByNodes();
     }
-    if (ended_ || (byNodes_ && record_ == records_.end())) {
-        ended_ = true;
-        return false;
-    }
-    if (byNodes_) ++rows_;
-    return true;
+    if (byNodes_) readNodes();
+    for (const auto& [field, first] : repeated_)
+        texts_[field] = texts_[first];
+    return !ended_;
 }
 
 void RowReader::goOnByNodes() {
@@ -184,6 +193,14 @@ void RowReader::goOnByNodes() {
     record_ = records_.begin();
     for (std::size_t i = 0; i < rows_ && record_ != records_.end(); ++i)
         ++record_;
+}
+
+void RowReader::readNodes() {
+    ended_ = record_ == records_.end();
+    if (ended_) return;
+    ++rows_;
+    for (std::size_t i = 0; i < names_.size(); ++i)
+        texts_[i] = viewText(names_[i], *record_, scratch_[i]);
 }
 
 // One pass
@@ -226,7 +243,6 @@ RowReader::Found RowReader::scanRow() {
 
 RowReader::Found RowReader::scanFields() {
     constexpr std::string_view close = "</Record>";
-    const std::size_t row = rows_ + 1;
     const char* const end = end_;
     const char* at = at_;
     std::size_t expected = 0;
@@ -247,13 +263,14 @@ RowReader::Found RowReader::scanFields() {
             if (!startsWith(stop, end, element->close)) return Found::Unusual;
             at = stop + element->close.size();
         }
-        // Of columns with the same name the first counts.
-        if (element->field == noField || values_[element->field].row == row) continue;
-        values_[element->field] = {row, {value, static_cast<std::size_t>(stop - value)}, encoded};
+        // Of columns with the same name the first counts, an empty one, too.
+        if (element->field == noField || texts_[element->field].data()) continue;
+        const std::string_view text(value, static_cast<std::size_t>(stop - value));
+        texts_[element->field] = encoded ? decode(element->field, text) : text;
     }
     if (!startsWith(at, end, close)) return Found::Unusual;
     at_ = at + close.size();
-    rows_ = row;
+    ++rows_;
     return Found::Row;
 }
 
@@ -301,24 +318,14 @@ std::size_t RowReader::expectedRows() const {
     return text_.size() / std::max<std::size_t>(read / rows_, 1) + 1;
 }
 
-// Fields
-// ------------------------------------------------------------------------------------------------------------
-
-std::string_view RowReader::decodedText(std::size_t field) {
+/// The value as modSharedXML::readText reads it.
+std::string_view RowReader::decode(std::size_t field, std::string_view value) {
     std::string& scratch = scratch_[field];
-    if (byNodes_) return viewText(names_[field], *record_, scratch);
-    std::string decoded = decodeXml(values_[places_[field]].text);
-    const std::string_view shown = decodeFieldText(decoded, scratch);
-    if (shown.data() == decoded.data()) scratch = std::move(decoded);
+    decodeXml(value, decoded_);
+    const std::string_view text = decodeFieldText(decoded_, scratch);
+    if (text.data() != decoded_.data()) return text;
+    std::swap(scratch, decoded_);
     return scratch;
-}
-
-std::int32_t RowReader::readLong(std::size_t field, std::int32_t otherwise) {
-    return toLong(text(field), otherwise);
-}
-
-bool RowReader::readBoolean(std::size_t field, bool otherwise) {
-    return toBoolean(text(field), otherwise);
 }
 
 }  // namespace tsln::modSharedXML

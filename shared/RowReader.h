@@ -4,6 +4,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "shared/modSharedXML.h"
@@ -27,16 +28,14 @@ class RowReader {
     /// HostError(code::fail), which may come after rows were given: keep them apart until the end.
     bool next();
 
-    // The current row's fields, as modSharedXML's readers of these names read them. Views are good until the
-    // field is asked for again or the next row.
-    std::string_view text(std::size_t field) {
-        if (byNodes_) return decodedText(field);
-        const Value& value = values_[places_[field]];
-        if (value.row != rows_) return {};
-        return value.encoded ? decodedText(field) : value.text;
+    /// The current row's fields as modSharedXML::readText reads them. Good until the next row.
+    std::span<const std::string_view> texts() const noexcept { return texts_; }
+    std::int32_t readLong(std::size_t field, std::int32_t otherwise = 0) const {
+        return toLong(texts_[field], otherwise);
     }
-    std::int32_t readLong(std::size_t field, std::int32_t otherwise = 0);
-    bool readBoolean(std::size_t field, bool otherwise = false);
+    bool readBoolean(std::size_t field, bool otherwise = false) const {
+        return toBoolean(texts_[field], otherwise);
+    }
 
     /// How many rows there are in all, about, going by those read so far; 0 before the first.
     std::size_t expectedRows() const;
@@ -49,29 +48,26 @@ class RowReader {
         std::string close;  // "</Name>"
         std::size_t field;  // which of those asked for, or none of them
     };
-    struct Value {
-        std::size_t row = 0;  // of which it is
-        std::string_view text;
-        bool encoded = false;
-    };
-
     Found scanStart();
     Found scanRow();
     Found scanFields();
     const Element* matchElement(const char* at, std::size_t& expected) const;
     const Element* learnElement(const char* at, std::size_t& expected);
-    std::string_view decodedText(std::size_t field);
+    std::string_view decode(std::size_t field, std::string_view value);
     void goOnByNodes();
+    void readNodes();
 
     std::string text_;
     std::vector<std::string> names_;
-    std::vector<std::size_t> places_;   // by field: the first one of the same name, which has its value
-    std::vector<Value> values_;         // by field
-    std::vector<std::string> scratch_;  // by field
+    std::vector<std::string_view> texts_;  // by field
+    std::vector<std::string> scratch_;     // by field: what had to be decoded
+    /// Fields that are asked for again, each with the first of the same name.
+    std::vector<std::pair<std::size_t, std::size_t>> repeated_;
+    std::string decoded_;
     std::vector<Element> elements_;
     const char* at_ = nullptr;   // in the text
     const char* end_ = nullptr;  // of the text
-    std::size_t rows_ = 0;  // read so far
+    std::size_t rows_ = 0;       // read so far
     bool started_ = false;
     bool ended_ = false;
 
