@@ -37,7 +37,8 @@ std::string row(const Line& line) {
 }  // namespace
 
 void Report::add(Line line) {
-    std::fprintf(stderr, "  %s\n", row(line).substr(2, row(line).size() - 5).c_str());
+    std::fprintf(stderr, "  %s: %s %s\n", line.what.c_str(), number(line.value.median).c_str(),
+                 line.unit.c_str());
     lines_.push_back(std::move(line));
 }
 

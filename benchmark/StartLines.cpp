@@ -46,7 +46,10 @@ void startOnce(int argc, char** argv) {
     part("the toolkit, which the host may have started already", begin, toolkit);
     part("library created, screens plugged in", toolkit, created);
     part("initialized with the host", created, initialized);
-    part("window built and shown", moments.started, moments.loading);
+    part("screen made, its window begun", moments.started, moments.building);
+    part("window built and shown", moments.building, moments.built);
+    part("window activated", moments.built, moments.activated);
+    part("waiting messages dealt with", moments.activated, moments.loading);
     part("100 rows read into the list", moments.loading, moments.loaded);
     part("rows drawn", moments.loaded, moments.drawn);
     part("library created to first screen shown", toolkit, moments.drawn);

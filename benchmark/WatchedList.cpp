@@ -40,6 +40,18 @@ WatchedList::Moments WatchedList::open(Library& library, std::optional<std::size
     return screen.moments_;
 }
 
+Layout WatchedList::layout() {
+    moments_.building = Clock::now();
+    // Posted before the window's own events: what it does first once it is built and shown.
+    wxTheApp->CallAfter([this] { moments_.built = Clock::now(); });
+    return BenchList::layout();
+}
+
+void WatchedList::Form_Activate() {
+    moments_.activated = Clock::now();
+    BenchList::Form_Activate();
+}
+
 std::string WatchedList::loadStatement() const {
     moments_.loading = Clock::now();
     if (!mostID_) return BenchList::loadStatement();

@@ -14,7 +14,7 @@ class WatchedList : public BenchList {
   public:
     using Clock = std::chrono::steady_clock;
     struct Moments {
-        Clock::time_point started, loading, loaded, drawn;
+        Clock::time_point started, building, built, activated, loading, loaded, drawn;
         double seconds(Clock::time_point from, Clock::time_point to) const {
             return std::chrono::duration<double>(to - from).count();
         }
@@ -30,7 +30,10 @@ class WatchedList : public BenchList {
     static Moments open(Library& library, std::optional<std::size_t> mostID,
                         const std::function<void(desktop::ReportList&)>& whileOpen = nullptr);
 
+    Layout layout() override;
+
   protected:
+    void Form_Activate() override;
     std::string loadStatement() const override;
     void listLoaded() override;
     void welcome() override {}  // nobody is there to be asked
