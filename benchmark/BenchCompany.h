@@ -39,7 +39,12 @@ class BenchList : public lists::ListScreen {
   public:
     using lists::ListScreen::ListScreen;
     using lists::ListScreen::loadList;
-    using lists::ListScreen::loadStatement;
+
+    /// What is read in place of the list's own statement; empty: that one.
+    std::string statement;
+    std::string loadStatement() const override {
+        return statement.empty() ? ListScreen::loadStatement() : statement;
+    }
 };
 
 }  // namespace tsln::bench

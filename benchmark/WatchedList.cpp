@@ -54,8 +54,7 @@ void WatchedList::Form_Activate() {
 
 std::string WatchedList::loadStatement() const {
     moments_.loading = Clock::now();
-    if (!mostID_) return BenchList::loadStatement();
-    return "SELECT * FROM Terms WHERE ID <= " + std::to_string(*mostID_) + " ORDER BY Terms";
+    return BenchList::loadStatement();
 }
 
 void WatchedList::listLoaded() {

@@ -23,8 +23,10 @@ class WatchedList : public BenchList {
     };
 
     /// `mostID`: only rows up to this `ID` are read.
-    WatchedList(Library& library, std::optional<std::size_t> mostID)
-        : BenchList(library, lists::termsList), mostID_(mostID) {}
+    WatchedList(Library& library, std::optional<std::size_t> mostID) : BenchList(library, lists::termsList) {
+        if (mostID)
+            statement = "SELECT * FROM Terms WHERE ID <= " + std::to_string(*mostID) + " ORDER BY Terms";
+    }
 
     /// Opens the list, does something with it once its rows are drawn, and closes it.
     static Moments open(Library& library, std::optional<std::size_t> mostID,
@@ -39,7 +41,6 @@ class WatchedList : public BenchList {
     void welcome() override {}  // nobody is there to be asked
 
   private:
-    std::optional<std::size_t> mostID_;
     mutable Moments moments_;
     bool loaded_ = false;
 };
