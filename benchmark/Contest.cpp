@@ -1,16 +1,21 @@
 #include "benchmark/Contest.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <numeric>
+#include <time.h>
 
 namespace tsln::bench {
 
-double secondsOf(const std::function<void()>& work) {
-    const auto start = std::chrono::steady_clock::now();
+double secondsOf(const std::function<void()>& work, bool ofProcessor) {
+    const auto now = [clock = ofProcessor ? CLOCK_PROCESS_CPUTIME_ID : CLOCK_MONOTONIC] {
+        timespec time{};
+        clock_gettime(clock, &time);
+        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
+    };
+    const double start = now();
     work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    return now() - start;
 }
 
 void use(std::size_t result) {
@@ -34,7 +39,7 @@ Contest::Contest(std::vector<Contestant> contestants, Patience patience) : secon
         for (std::size_t turn = 0; turn < contestants.size(); ++turn) {
             const std::size_t i = (number + turn) % contestants.size();
             contestants[i].prepare();
-            const double took = secondsOf(contestants[i].run);
+            const double took = secondsOf(contestants[i].run, patience.ofProcessor);
             if (counts) seconds_[i].push_back(took);
             spent += took;
         }

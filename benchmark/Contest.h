@@ -18,6 +18,8 @@ struct Patience {
     double seconds = 3;  ///< of all contestants together
     std::size_t leastRounds = 5;
     std::size_t mostRounds = 41;
+    /// Count the processor's seconds, which other programs do not lengthen. Off for what waits for others.
+    bool ofProcessor = true;
 };
 
 /// Several numbers as their middle and the two between which the middle half of them lies.
@@ -44,8 +46,9 @@ class Contest {
     std::vector<std::vector<double>> seconds_;
 };
 
-/// Seconds that something takes.
-double secondsOf(const std::function<void()>& work);
+/// Seconds that something takes, of the processor (this program's, the system's for it included) or of the
+/// clock on the wall.
+double secondsOf(const std::function<void()>& work, bool ofProcessor = true);
 
 /// Keeps a result from being left out as unused.
 void use(std::size_t result);

@@ -43,13 +43,14 @@ inline constexpr Group groups[] = {
 /// Measures a thing at sizes from 1,000 to `most` rows, some rounds each, and adds the curve of the medians.
 template <class Make>
 void measureGrowth(const Settings& settings, Report& report, std::string_view what, std::size_t most,
-                   const Make& make) {
+                   const Make& make, bool ofProcessor = true) {
     if (!settings.growth) return;
     Curve curve{.what = std::string(what), .rows = {}, .seconds = {}};
     constexpr std::size_t sizes[] = {1'000, 3'000, 10'000, 30'000, 100'000, 300'000, 1'000'000};
     for (const std::size_t rows : sizes) {
         if (rows > most) break;
-        const Contest contest({make(rows)}, {.seconds = 0.3, .leastRounds = 3, .mostRounds = 15});
+        const Contest contest(
+            {make(rows)}, {.seconds = 0.3, .leastRounds = 3, .mostRounds = 15, .ofProcessor = ofProcessor});
         curve.rows.push_back(static_cast<double>(rows));
         curve.seconds.push_back(spreadOf(contest.seconds(0)).median);
     }

@@ -24,13 +24,16 @@ struct Stage {
 /// Acts on rows all over the list, each act drawn and dealt with before the next; the seconds they took.
 template <class Act>
 double secondsOfActs(desktop::ReportList& list, const Act& act) {
-    return secondsOf([&] {
-        for (int i = 0; i < steps; ++i) {
-            act(static_cast<long>((static_cast<long long>(i) * 7919 + 13) % 100 * list.GetItemCount() / 100));
-            wxEventLoopBase::GetActive()->YieldFor(wxEVT_CATEGORY_ALL);
-            list.rowsWindow().Update();
-        }
-    });
+    return secondsOf(
+        [&] {
+            for (int i = 0; i < steps; ++i) {
+                act(static_cast<long>((static_cast<long long>(i) * 7919 + 13) % 100 * list.GetItemCount() /
+                                      100));
+                wxEventLoopBase::GetActive()->YieldFor(wxEVT_CATEGORY_ALL);
+                list.rowsWindow().Update();
+            }
+        },
+        false);
 }
 
 void measureActs(const Settings& settings, Report& report, Library& library) {
@@ -71,11 +74,14 @@ void measureWindow(const Settings& settings, Report& report) {
         measureActs(settings, report, *stage.library);
     }
     std::unique_ptr<Stage> stage;
-    measureGrowth(settings, report, "opening the list's window", settings.mostRows, [&](std::size_t rows) {
-        stage.reset();
-        stage = std::make_unique<Stage>(rows, "");
-        return Contestant{"window", [&] { WatchedList::open(*stage->library, std::nullopt); }};
-    });
+    measureGrowth(
+        settings, report, "opening the list's window", settings.mostRows,
+        [&](std::size_t rows) {
+            stage.reset();
+            stage = std::make_unique<Stage>(rows, "");
+            return Contestant{"window", [&] { WatchedList::open(*stage->library, std::nullopt); }};
+        },
+        false);
 }
 
 }  // namespace tsln::bench
