@@ -124,7 +124,12 @@ Date Variant::toDate() const {
     return dateOfNumber(toNumber<double>(value_));
 }
 
-std::string Variant::toText() const {
+std::string Variant::toText() && {
+    if (auto* text = std::get_if<std::string>(&value_)) return std::move(*text);
+    return std::as_const(*this).toText();
+}
+
+std::string Variant::toText() const& {
     return std::visit(Overloaded{
                           [](std::monostate) { return std::string(); },
                           [](bool value) { return std::string(value ? "True" : "False"); },

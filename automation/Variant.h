@@ -81,7 +81,8 @@ class Variant {
     float toSingle() const;
     double toDouble() const;
     Date toDate() const;
-    std::string toText() const;
+    std::string toText() const&;
+    std::string toText() &&;  ///< hands a text that is held over
 
     /// The object, which may be nothing (null). A value that is no object raises code::typeMismatch.
     ObjectPtr toObject() const;

@@ -31,6 +31,10 @@ Records Database::ExecuteRead(std::string_view sql) const {
     return modSharedXML::readRecords(call("ExecuteRead", sql));
 }
 
+std::string Database::ExecuteReadText(std::string_view sql) const {
+    return modSharedXML::readDocument(call("ExecuteRead", sql));
+}
+
 Variant Database::ExecuteScaler(std::string_view sql, std::string_view field,
                                 std::string_view otherwise) const {
     return call("ExecuteScaler", sql, field, otherwise);

@@ -49,6 +49,8 @@ class Database : HostPart {
     explicit Database(Library& library) : HostPart(library, "Database") {}
     /// The rows of a SELECT.
     Records ExecuteRead(std::string_view sql) const;
+    /// The same, as the text of the result's document.
+    std::string ExecuteReadText(std::string_view sql) const;
     /// The first column of the first row. The member's name is spelled so. Which further arguments a caller
     /// passes is part of the call.
     Variant ExecuteScaler(std::string_view sql, std::string_view field, std::string_view otherwise) const;

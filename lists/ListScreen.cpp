@@ -5,6 +5,7 @@
 
 #include "lists/ListCommands.h"
 #include "lists/ListKinds.h"
+#include "lists/ListRows.h"
 #include "lists/modSharedReportControl.h"
 #include "shared/modSharedSQL.h"
 #include "shared/modSharedStrings.h"
@@ -19,36 +20,6 @@ using modSharedReportControl::selectedID;
 using modSharedSQL::format;
 
 constexpr std::string_view busyMark = " (Busy...)";
-
-/// Reads a row's `ID` and the cells of the list's columns. Its result is good until the next call.
-class RowReader {
-  public:
-    explicit RowReader(std::span<const ListColumn> columns)
-        : columns_(columns), decoded_(columns.size()), cells_(columns.size()) {}
-
-    std::int32_t ID(const Record& record) const { return modSharedXML::readLong("ID", record, 0); }
-    std::span<const std::string_view> cells(const Record& record) {
-        for (std::size_t i = 0; i < columns_.size(); ++i)
-            cells_[i] = cell(columns_[i], record, decoded_[i]);
-        return cells_;
-    }
-
-  private:
-    static std::string_view cell(const ListColumn& column, const Record& record, std::string& decoded) {
-        if (column.show == ListColumn::Show::YesNo)
-            return modSharedXML::readBoolean(column.field, record) ? "Yes" : "No";
-        if (column.show == ListColumn::Show::Choice) {
-            const std::int32_t number = modSharedXML::readLong(column.field, record);
-            const auto choice = std::ranges::find(column.choices, number, &Choice::number);
-            if (choice != column.choices.end()) return choice->caption;
-        }
-        return modSharedXML::viewText(column.field, record, decoded);
-    }
-
-    std::span<const ListColumn> columns_;
-    std::vector<std::string> decoded_;
-    std::vector<std::string_view> cells_;
-};
 
 std::string_view sourceOf(const ListDescription& list) {
     return list.view.empty() ? list.table : list.view;
@@ -180,15 +151,15 @@ std::string ListScreen::loadStatement() const {
     return format("SELECT * FROM {0} ORDER BY {1}", sourceOf(description_), description_.orderBy);
 }
 
+ReportRecords ListScreen::readRows(const std::string& statement) const {
+    return readListRows(host().database().ExecuteReadText(statement), description_.columns);
+}
+
 void ListScreen::loadList() {
     {
         const Busy busy(*this);
-        const Records records = host().database().ExecuteRead(loadStatement());
         // The rows are in hand before the old ones go: a failed load leaves the list as it was.
-        rptItems.clearRecords();
-        RowReader reader(description_.columns);
-        for (const Record& record : records)
-            rptItems.addRecord(reader.ID(record), reader.cells(record));
+        rptItems.setRecords(readRows(loadStatement()));
         rptItems.populate();
     }
     updateButtons();
@@ -196,17 +167,18 @@ void ListScreen::loadList() {
 }
 
 void ListScreen::showSaved(std::int32_t ID, std::optional<std::size_t> edited) {
-    const Records records =
-        host().database().ExecuteRead(format("SELECT * FROM {0} WHERE ID = {1}", sourceOf(description_), ID));
-    const Record row = records.first();
-    if (!row) return;  // gone again by another user's hand: what is shown stays until the next load
-    RowReader reader(description_.columns);
+    const ReportRecords saved =
+        readRows(format("SELECT * FROM {0} WHERE ID = {1}", sourceOf(description_), ID));
+    if (saved.count() == 0) return;  // gone again by another user's hand: it stays until the next load
+    std::vector<std::string_view> cells;
+    for (std::size_t c = 0; c < saved.columns(); ++c)
+        cells.push_back(saved.cell(0, c));
     if (edited) {
-        rptItems.replaceRecord(*edited, reader.cells(row));
+        rptItems.replaceRecord(*edited, cells);
         rptItems.populate();
         return;
     }
-    const std::size_t added = rptItems.addRecord(ID, reader.cells(row));
+    const std::size_t added = rptItems.addRecord(ID, cells);
     rptItems.populate();
     if (const auto shown = rptItems.findRow(added)) rptItems.selectRow(*shown);
     updateButtons();

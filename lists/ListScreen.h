@@ -77,6 +77,7 @@ class ListScreen : public HostScreen {
   private:
     class Busy;
 
+    ReportRecords readRows(const std::string& statement) const;
     void cmdDelete_Click();
     void cmdClose_Click();
     void cbContext_Update(Command& command);

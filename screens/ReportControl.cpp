@@ -1,11 +1,10 @@
 #include "screens/ReportControl.h"
 
 #include <algorithm>
-#include <limits>
 #include <numeric>
 #include <stdexcept>
 
-#include "automation/NumericText.h"
+#include "screens/RecordOrder.h"
 #include "screens/Screen.h"
 #include "shared/modSharedStrings.h"
 
@@ -15,36 +14,20 @@ namespace tsln {
 // ---------------------------------------------------------------------------------------------------------
 
 std::size_t ReportControl::recordCount() const noexcept {
-    return ids_.size() - removedCount_;
-}
-
-ReportControl::Text ReportControl::store(std::string_view text) {
-    if (text_.size() + text.size() > std::numeric_limits<std::uint32_t>::max()) {
-        throw std::length_error("The list holds more than 4 GB of text.");
-    }
-    const Text stored{static_cast<std::uint32_t>(text_.size()), static_cast<std::uint32_t>(text.size())};
-    text_.append(text);
-    return stored;
-}
-
-void ReportControl::storeCells(std::size_t record, std::span<const std::string_view> cells) {
-    for (std::size_t c = 0; c < columns.size(); ++c) {
-        cells_[record * columns.size() + c] = c < cells.size() ? store(cells[c]) : Text{};
-    }
+    return records_.count() - removedCount_;
 }
 
 std::size_t ReportControl::addRecord(std::int32_t id, std::span<const std::string_view> cells) {
-    const std::size_t record = ids_.size();
-    cells_.resize(cells_.size() + columns.size());
-    storeCells(record, cells);
-    ids_.push_back(id);
+    if (records_.columns() != columns.size() && records_.count() == 0) {
+        records_ = ReportRecords(columns.size());
+    }
+    const std::size_t record = records_.add(id, cells);
     removed_.push_back(false);
     return record;
 }
 
 void ReportControl::replaceRecord(std::size_t record, std::span<const std::string_view> cells) {
-    if (record >= ids_.size()) throw std::out_of_range("ReportControl: no such record");
-    storeCells(record, cells);
+    records_.replace(record, cells);
 }
 
 void ReportControl::removeRecord(std::size_t record) {
@@ -54,36 +37,31 @@ void ReportControl::removeRecord(std::size_t record) {
 }
 
 void ReportControl::clearRecords() {
-    text_.clear();
-    cells_.clear();
-    ids_.clear();
-    removed_.clear();
+    setRecords(ReportRecords(columns.size()));
+}
+
+void ReportControl::setRecords(ReportRecords records) {
+    if (records.columns() != columns.size()) throw std::out_of_range("ReportControl: other columns");
+    records_ = std::move(records);
+    removed_.assign(records_.count(), false);
     removedCount_ = 0;
     rows_.clear();
     selected_.clear();
     focusedRow_.reset();
 }
 
-void ReportControl::reserve(std::size_t records, std::size_t textBytes) {
-    text_.reserve(text_.size() + textBytes);
-    cells_.reserve(cells_.size() + records * columns.size());
-    ids_.reserve(ids_.size() + records);
-    removed_.reserve(removed_.size() + records);
-}
-
 std::int32_t ReportControl::id(std::size_t record) const {
-    return ids_.at(record);
+    return records_.id(record);
 }
 
 std::string_view ReportControl::cell(std::size_t record, std::size_t column) const {
-    if (column >= columns.size()) throw std::out_of_range("ReportControl: no such column");
-    const Text& text = cells_.at(record * columns.size() + column);
-    return std::string_view(text_).substr(text.offset, text.length);
+    return records_.cell(record, column);
 }
 
 std::optional<std::size_t> ReportControl::findRecord(std::int32_t id) const {
-    for (std::size_t i = 0; i < ids_.size(); ++i) {
-        if (ids_[i] == id && !removed_[i]) return i;
+    const std::vector<std::int32_t>& ids = records_.ids();
+    for (std::size_t i = 0; i < ids.size(); ++i) {
+        if (ids[i] == id && !removed_[i]) return i;
     }
     return std::nullopt;
 }
@@ -93,56 +71,32 @@ std::optional<std::size_t> ReportControl::findRecord(std::int32_t id) const {
 
 /// Closes the gaps that removed records left; returns each record's new index by its old one.
 std::vector<std::uint32_t> ReportControl::compact() {
-    std::vector<std::uint32_t> moved(ids_.size());
+    std::vector<std::uint32_t> moved(records_.count(), Row::noRecord);
     std::size_t kept = 0;
-    for (std::size_t i = 0; i < ids_.size(); ++i) {
-        if (removed_[i]) {
-            moved[i] = Row::noRecord;
-            continue;
-        }
+    for (std::size_t i = 0; i < moved.size(); ++i) {
+        if (removed_[i]) continue;
         moved[i] = static_cast<std::uint32_t>(kept);
-        ids_[kept] = ids_[i];
-        std::copy_n(cells_.begin() + static_cast<std::ptrdiff_t>(i * columns.size()), columns.size(),
-                    cells_.begin() + static_cast<std::ptrdiff_t>(kept * columns.size()));
-        ++kept;
+        records_.move(i, kept++);
     }
-    ids_.resize(kept);
-    cells_.resize(kept * columns.size());
+    records_.truncate(kept);
     removed_.assign(kept, false);
     removedCount_ = 0;
     return moved;
 }
 
 std::vector<std::uint32_t> ReportControl::orderedRecords() const {
-    std::vector<std::uint32_t> order(ids_.size());
+    std::vector<std::uint32_t> order(records_.count());
     std::iota(order.begin(), order.end(), 0U);
-    const auto sortByText = [&](std::size_t column, bool descending) {
-        std::ranges::stable_sort(order, [&](std::uint32_t a, std::uint32_t b) {
-            const int compared = modSharedStrings::compareNoCase(cell(a, column), cell(b, column));
-            return descending ? compared > 0 : compared < 0;
-        });
-    };
     if (sortOrder_ && sortOrder_->column < columns.size()) {
-        const std::size_t column = sortOrder_->column;
-        const bool descending = sortOrder_->descending;
-        if (columns[column].numeric) {
-            std::vector<double> keys(ids_.size());
-            for (std::size_t i = 0; i < keys.size(); ++i) {
-                keys[i] = parseNumber(cell(i, column)).value_or(-std::numeric_limits<double>::infinity());
-            }
-            std::ranges::stable_sort(order, [&](std::uint32_t a, std::uint32_t b) {
-                return descending ? keys[a] > keys[b] : keys[a] < keys[b];
-            });
-        } else {
-            sortByText(column, descending);
-        }
+        const auto sort = columns[sortOrder_->column].numeric ? sortByNumber : sortByText;
+        sort(order, records_, sortOrder_->column, sortOrder_->descending);
     }
-    if (groupColumn_ && *groupColumn_ < columns.size()) sortByText(*groupColumn_, false);
+    if (groupColumn_ && *groupColumn_ < columns.size()) sortByText(order, records_, *groupColumn_, false);
     return order;
 }
 
 void ReportControl::populate() {
-    std::vector<bool> wasSelected(ids_.size());
+    std::vector<bool> wasSelected(records_.count());
     for (const std::size_t row : selected_) {
         if (!rows_[row].isGroup()) wasSelected[rows_[row].record] = true;
     }
@@ -155,7 +109,7 @@ void ReportControl::populate() {
 
     if (removedCount_ > 0) {
         const auto moved = compact();
-        std::vector<bool> stillSelected(ids_.size());
+        std::vector<bool> stillSelected(records_.count());
         for (std::size_t i = 0; i < wasSelected.size(); ++i) {
             if (wasSelected[i] && moved[i] != Row::noRecord) stillSelected[moved[i]] = true;
         }
@@ -166,15 +120,15 @@ void ReportControl::populate() {
     rows_.clear();
     selected_.clear();
     focusedRow_.reset();
-    rows_.reserve(ids_.size());
+    rows_.reserve(records_.count());
     const bool grouped = groupColumn_ && *groupColumn_ < columns.size();
     std::uint32_t before = Row::noRecord;
     std::ptrdiff_t place = 0;
     std::optional<std::size_t> successor;
     for (const std::uint32_t record : orderedRecords()) {
         if (grouped &&
-            (before == Row::noRecord || modSharedStrings::compareNoCase(cell(before, *groupColumn_),
-                                                                        cell(record, *groupColumn_)) != 0)) {
+            (before == Row::noRecord ||
+             !modSharedStrings::equalNoCase(cell(before, *groupColumn_), cell(record, *groupColumn_)))) {
             rows_.push_back({.firstOfGroup = record});
         }
         before = record;

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "screens/Control.h"
+#include "screens/ReportRecords.h"
 
 namespace tsln {
 
@@ -16,8 +17,7 @@ namespace tsln {
 ///
 /// Two views of the same data: *records* in the order they were added, each with its `ID` and its cells, and
 /// *rows* as the user sees them, sorted and with group rows between; populate() makes the rows from the
-/// records. Cell texts lie in one block of memory, so a list of 100,000 records costs a handful of
-/// allocations. Indexes are zero-based. An index that does not exist raises std::out_of_range.
+/// records. Indexes are zero-based. An index that does not exist raises std::out_of_range.
 class ReportControl : public Control {
   public:
     ReportControl(Screen& screen, std::string name) : Control(screen, std::move(name)) {}
@@ -40,8 +40,8 @@ class ReportControl : public Control {
     /// Takes the record out; indexes of the others stay as they are until the next populate().
     void removeRecord(std::size_t record);
     void clearRecords();
-    /// Room for so many more records and bytes of text, to spare growing in steps.
-    void reserve(std::size_t records, std::size_t textBytes);
+    /// Takes these, which have as many columns, in place of all records there are.
+    void setRecords(ReportRecords records);
     std::int32_t id(std::size_t record) const;
     std::string_view cell(std::size_t record, std::size_t column) const;
     /// The record with this `ID`, if there is one.
@@ -108,19 +108,11 @@ class ReportControl : public Control {
     Variant invoke(std::string_view member, Access access, Arguments arguments) override;
 
   private:
-    struct Text {
-        std::uint32_t offset = 0;
-        std::uint32_t length = 0;
-    };
-    Text store(std::string_view text);
-    void storeCells(std::size_t record, std::span<const std::string_view> cells);
     std::vector<std::uint32_t> compact();
     std::vector<std::uint32_t> orderedRecords() const;
 
-    std::string text_;               // every cell's characters, one after another
-    std::vector<Text> cells_;        // recordCount * columns
-    std::vector<std::int32_t> ids_;  // by record
-    std::vector<bool> removed_;      // by record
+    ReportRecords records_;
+    std::vector<bool> removed_;  // by record
     std::size_t removedCount_ = 0;
     std::vector<Row> rows_;
     std::vector<std::size_t> selected_;  // ascending, so that what a selection costs depends on its own size

@@ -80,7 +80,30 @@ int compareNoCase(std::string_view a, std::string_view b) noexcept {
 }
 
 bool equalNoCase(std::string_view a, std::string_view b) noexcept {
-    return compareNoCase(a, b) == 0;
+    return a == b || compareNoCase(a, b) == 0;
+}
+
+char* writeSortKey(char* to, std::string_view text) noexcept {
+    while (!text.empty()) {
+        const auto byte = static_cast<unsigned char>(text.front());
+        if (byte > 1 && byte < 0x80) {
+            *to++ = byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte + ('a' - 'A')) : text.front();
+            text.remove_prefix(1);
+            continue;
+        }
+        const char32_t c = takeLower(text);
+        if (c <= 1) {  // zero is kept free, and one stands before what took its place
+            *to++ = 1;
+            *to++ = static_cast<char>(c + 1);
+        } else if (c < 0x10000) {
+            *to++ = static_cast<char>(0xC0 | c >> 6);
+            *to++ = static_cast<char>(0x80 | (c & 0x3F));
+        } else {
+            *to++ = static_cast<char>(0xFF);  // above all characters of two bytes
+            *to++ = static_cast<char>(c & 0xFF);
+        }
+    }
+    return to;
 }
 
 std::string replaceAll(std::string_view text, std::string_view what, std::string_view with) {

@@ -17,6 +17,14 @@ std::string toLower(std::string_view text);
 int compareNoCase(std::string_view a, std::string_view b) noexcept;
 bool equalNoCase(std::string_view a, std::string_view b) noexcept;
 
+/// Writes bytes for sorting many texts: compared as unsigned bytes, the shorter first where one begins with
+/// the other, they order as compareNoCase orders the texts. None of them is zero. Writes at most
+/// sortKeySize(text) bytes and returns the end.
+char* writeSortKey(char* to, std::string_view text) noexcept;
+inline std::size_t sortKeySize(std::string_view text) noexcept {
+    return 2 * text.size();
+}
+
 /// The text with every `what` replaced by `with`, left to right; what was put in is not looked at again.
 /// An empty `what` replaces nothing.
 std::string replaceAll(std::string_view text, std::string_view what, std::string_view with);

@@ -71,14 +71,11 @@ Records Records::read(std::string text) {
     Records records;
     if (text.find_first_not_of(" \t\r\n") == text.npos) return records;
 
-    // Values are stored in their elements, which halves the memory; blanks as a value are kept.
-    constexpr unsigned options =
-        pugi::parse_default | pugi::parse_ws_pcdata_single | pugi::parse_embed_pcdata;
     records.document_ = std::make_unique<Document>();
     Document& document = *records.document_;
     document.text = std::move(text);
     const pugi::xml_parse_result result = document.nodes.load_buffer_inplace(
-        document.text.data(), document.text.size(), options, pugi::encoding_utf8);
+        document.text.data(), document.text.size(), parseOptions, pugi::encoding_utf8);
     if (!result) {
         records.error_ = std::string("The query result is not well-formed XML: ") + result.description() +
                          " (byte " + std::to_string(result.offset) + ").";
@@ -97,7 +94,11 @@ Records Records::parse(std::string text) {
 }
 
 Records readRecords(const Variant& document) {
-    return Records::parse(document.object().get("xml").toText());
+    return Records::parse(readDocument(document));
+}
+
+std::string readDocument(const Variant& document) {
+    return document.object().get("xml").toText();
 }
 
 std::string_view viewText(std::string_view field, Record record, std::string& scratch) {
@@ -114,8 +115,23 @@ std::string readText(std::string_view field, Record record, std::string_view oth
     return std::string(text.empty() ? otherwise : text);
 }
 
+std::int32_t toLong(std::string_view text, std::int32_t otherwise) {
+    std::int32_t value = otherwise;
+    readNumber(text, value);
+    return value;
+}
+
+bool toBoolean(std::string_view text, bool otherwise) {
+    if (sameName(text, "yes")) return true;
+    if (sameName(text, "no")) return false;
+    bool value = otherwise;
+    tsln::readBoolean(text, value);
+    return value;
+}
+
 std::int32_t readLong(std::string_view field, Record record, std::int32_t otherwise) {
-    return readNumberField(field, record, otherwise);
+    std::string scratch;
+    return toLong(viewText(field, record, scratch), otherwise);
 }
 
 std::int16_t readInteger(std::string_view field, Record record, std::int16_t otherwise) {
@@ -128,12 +144,7 @@ float readSingle(std::string_view field, Record record, float otherwise) {
 
 bool readBoolean(std::string_view field, Record record, bool otherwise) {
     std::string scratch;
-    const std::string_view text = viewText(field, record, scratch);
-    if (sameName(text, "yes")) return true;
-    if (sameName(text, "no")) return false;
-    bool value = otherwise;
-    tsln::readBoolean(text, value);
-    return value;
+    return toBoolean(viewText(field, record, scratch), otherwise);
 }
 
 Date readDate(std::string_view field, Record record, Date otherwise) {

@@ -12,6 +12,11 @@
 /// Rows of query results: elements at "Records/Record" whose child elements are the columns.
 namespace tsln::modSharedXML {
 
+/// How documents are parsed. Values are stored in their elements, which halves the memory; blanks as a value
+/// are kept.
+inline constexpr unsigned parseOptions =
+    pugi::parse_default | pugi::parse_ws_pcdata_single | pugi::parse_embed_pcdata;
+
 /// One row, or no row. A light handle: copy it freely, but only while its Records live.
 class Record {
   public:
@@ -91,6 +96,9 @@ class Records {
 /// object code::typeMismatch, text that is no XML code::fail.
 Records readRecords(const Variant& document);
 
+/// The text of what "ExecuteRead" returned; raises as readRecords() does, but does not look into the text.
+std::string readDocument(const Variant& document);
+
 /// The field readers never fail: a missing row, a missing column (a NULL), an empty value and a value that
 /// cannot be converted or does not fit give the default. Field names compare with letter case; of columns
 /// with the same name the first counts.
@@ -106,6 +114,10 @@ Date readDate(std::string_view field, Record record, Date otherwise = {});
 /// The field's text, empty when there is none, without a copy wherever possible: the view points into the
 /// document or, when something had to be decoded, into `scratch`.
 std::string_view viewText(std::string_view field, Record record, std::string& scratch);
+
+/// The readers' conversions, of a field's text that is in hand.
+std::int32_t toLong(std::string_view text, std::int32_t otherwise = 0);
+bool toBoolean(std::string_view text, bool otherwise = false);
 
 /// Field text as it stands in a document: carriage returns as "&#13;", line feeds as "&#10;".
 std::string encodeFieldText(std::string_view text);

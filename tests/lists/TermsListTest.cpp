@@ -307,6 +307,24 @@ TEST(TermsList, MoreCommandsAreBuiltUpdatedAndExecuted) {
     EXPECT_EQ(stage.desktop.help[1].context, 40);
 }
 
+TEST(TermsList, ADamagedResultLeavesTheRowsThatAreShown) {
+    TermsStage stage;
+    grant(stage, {8, 16});
+    stage.desktop.popupChoices = {28251};
+    stage.desktop.user<ListScreen>("frmTerms", [&](ListScreen& list) {
+        select(list, {1});
+        std::string damaged = "<Records>";
+        for (int ID = 1; ID <= 200; ++ID)
+            damaged += termsRow(ID, "Net");
+        stage.host->rows(loadStatement, damaged + "<Record><ID>201</Record></Records>");
+        list.cmdMore.userPress();
+        EXPECT_THAT(names(list), ElementsAre("COD", "Net 15", "Net 30"));
+        EXPECT_THAT(list.rptItems.selectedRows(), ElementsAre(1));
+    });
+    stage.library->ShowTerms();
+    EXPECT_EQ(stage.host->callsOf("ShowAndLogErrorMessage").size(), 1U);
+}
+
 TEST(TermsList, ADisabledCommandIsNotExecuted) {
     TermsStage stage;
     grant(stage, {8});

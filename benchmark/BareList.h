@@ -1,0 +1,33 @@
+#pragma once
+
+#include "benchmark/QuietDesktop.h"
+#include "lists/ListDescription.h"
+#include "screens/ReportControl.h"
+#include "screens/Screen.h"
+
+namespace tsln::bench {
+
+/// A report control on a screen that nobody shows, with the columns of a list.
+class BareList {
+  public:
+    explicit BareList(std::span<const lists::ListColumn> columns) {
+        for (const lists::ListColumn& column : columns) {
+            report.columns.push_back({.caption = std::string(column.caption),
+                                      .numeric = column.show == lists::ListColumn::Show::Number});
+        }
+    }
+
+  private:
+    class OnlyScreen : public Screen {
+      public:
+        using Screen::Screen;
+        Layout layout() override { return {}; }
+    };
+    QuietDesktop desktop_;
+    OnlyScreen screen_{desktop_, "frmBareList"};
+
+  public:
+    ReportControl report{screen_, "report"};
+};
+
+}  // namespace tsln::bench

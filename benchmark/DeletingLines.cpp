@@ -1,0 +1,83 @@
+#include <algorithm>
+#include <numeric>
+
+#include "benchmark/BenchCompany.h"
+#include "benchmark/Lines.h"
+
+namespace tsln::bench {
+namespace {
+
+constexpr double mostToDatabase = 0.1;
+
+/// Passes calls on to a host's object, and its sub-objects' too, and adds up the seconds they take.
+class TimedHost : public Object {
+  public:
+    TimedHost(ObjectPtr target, double& seconds) : target_(std::move(target)), seconds_(seconds) {}
+    Variant invoke(std::string_view member, Access access, Arguments arguments) override {
+        Variant result;
+        seconds_ += secondsOf([&] { result = target_->invoke(member, access, arguments); });
+        if (sameName(member, "Database")) return std::make_shared<TimedHost>(result.toObject(), seconds_);
+        return result;
+    }
+
+  private:
+    ObjectPtr target_;
+    double& seconds_;
+};
+
+/// A terms list over a company, its host's time known apart.
+struct Stage {
+    explicit Stage(std::size_t rows) : company(rows, 0), screen(*library, lists::termsList) {
+        library->Initialize(std::make_shared<TimedHost>(company.session().sharedCode(), hostSeconds));
+        screen.load();
+        screen.loadList();
+    }
+    /// Deletes rows scattered over the list.
+    void select(std::size_t count) {
+        ReportControl& list = screen.rptItems;
+        std::vector<std::size_t> selected;
+        for (std::size_t i = 0; i < count; ++i)
+            selected.push_back(i * list.rowCount() / count);
+        list.userSelect(selected, selected.front());
+        hostSeconds = 0;
+    }
+    void press() { screen.cmdDelete.userPress(); }
+
+    BenchCompany company;
+    QuietDesktop desktop;
+    std::shared_ptr<Library> library = std::make_shared<Library>(desktop);
+    double hostSeconds = 0;
+    BenchList screen;
+};
+
+}  // namespace
+
+void measureDeleting(const Settings& settings, Report& report) {
+    constexpr std::size_t rounds = 5;
+    const std::size_t selected = settings.rows / 10;
+    std::vector<double> shares;
+    Stage stage(settings.rows);
+    for (std::size_t i = 0; i < rounds; ++i) {
+        stage.select(selected);
+        const double all = secondsOf([&] { stage.press(); });
+        shares.push_back((all - stage.hostSeconds) / stage.hostSeconds);
+    }
+    report.add(Line{"deleting a tenth of the rows, the module's share", "the host with its database",
+                    spreadOf(shares), Line::Goal::AtMost, mostToDatabase});
+
+    // Each row costs its statement, so the most that is deleted here is a tenth of the other curves' rows.
+    std::unique_ptr<Stage> fresh;
+    std::size_t count = 0;
+    measureGrowth(settings, report, "deleting the selected rows", settings.mostRows / 10,
+                  [&](std::size_t rows) {
+                      count = rows;
+                      return Contestant{"delete", [&] { fresh->press(); },
+                                        [&] {
+                                            fresh.reset();
+                                            fresh = std::make_unique<Stage>(2 * count);
+                                            fresh->select(count);
+                                        }};
+                  });
+}
+
+}  // namespace tsln::bench

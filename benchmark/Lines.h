@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <string_view>
+
+#include "benchmark/Report.h"
+
+namespace tsln::bench {
+
+struct Settings {
+    std::size_t rows = 100'000;        ///< of the lists like the terms
+    std::size_t mostRows = 1'000'000;  ///< at which growth ends
+    bool growth = true;
+
+    /// Customers have about ten times the text of terms.
+    std::size_t customers() const { return rows / 10; }
+};
+
+/// A group of lines that are measured together.
+struct Group {
+    std::string_view name;
+    bool onDisplay;  ///< needs real windows
+    void (*measure)(const Settings& settings, Report& report);
+};
+
+void measureList(const Settings& settings, Report& report);
+void measureMemory(const Settings& settings, Report& report);
+void measureCompany(const Settings& settings, Report& report);
+void measureWindow(const Settings& settings, Report& report);
+void measureSorting(const Settings& settings, Report& report);
+void measureStatements(const Settings& settings, Report& report);
+void measureDeleting(const Settings& settings, Report& report);
+void measureStart(const Settings& settings, Report& report);
+
+inline constexpr Group groups[] = {
+    {"list", false, measureList},         {"memory", false, measureMemory},
+    {"company", false, measureCompany},   {"window", true, measureWindow},
+    {"sorting", false, measureSorting},   {"statements", false, measureStatements},
+    {"deleting", false, measureDeleting}, {"start", true, measureStart},
+};
+
+/// Measures a thing at sizes from 1,000 to `most` rows, some rounds each, and adds the curve of the medians.
+template <class Make>
+void measureGrowth(const Settings& settings, Report& report, std::string_view what, std::size_t most,
+                   const Make& make, bool ofProcessor = true) {
+    if (!settings.growth) return;
+    Curve curve{.what = std::string(what), .rows = {}, .seconds = {}};
+    constexpr std::size_t sizes[] = {1'000, 3'000, 10'000, 30'000, 100'000, 300'000, 1'000'000};
+    for (const std::size_t rows : sizes) {
+        if (rows > most) break;
+        const Contest contest(
+            {make(rows)}, {.seconds = 0.3, .leastRounds = 3, .mostRounds = 15, .ofProcessor = ofProcessor});
+        curve.rows.push_back(static_cast<double>(rows));
+        curve.seconds.push_back(spreadOf(contest.seconds(0)).median);
+    }
+    report.add(std::move(curve));
+}
+
+}  // namespace tsln::bench

@@ -1,0 +1,41 @@
+#include "benchmark/BareList.h"
+#include "benchmark/HeapMeter.h"
+#include "benchmark/Lines.h"
+#include "benchmark/SampleRows.h"
+#include "lists/ListRows.h"
+#include "lists/Lists.h"
+
+namespace tsln::bench {
+namespace {
+
+constexpr double mostMemory = 1.0;
+
+using Way = modSharedXML::RowReader::Way;
+
+/// The heap at its fullest while a text becomes a list, beyond the text itself, by the text's size.
+double peakOver(const lists::ListDescription& list, std::string text, Way way) {
+    BareList bare(list.columns);
+    const auto size = static_cast<double>(text.size());
+    const HeapMeter meter;
+    bare.report.setRecords(lists::readListRows(std::move(text), list.columns, way));
+    bare.report.populate();
+    return static_cast<double>(meter.peak()) / size;
+}
+
+void measureRows(Report& report, const std::string& what, const lists::ListDescription& list,
+                 const std::string& text) {
+    const double ours = peakOver(list, text, Way::OnePass);
+    report.add(Line{.what = what, .against = "the text", .value = {ours, ours, ours}, .goal = mostMemory});
+    const double nodes = peakOver(list, text, Way::Nodes);
+    report.add(Line{.what = what + ", read by nodes", .against = "the text", .value = {nodes, nodes, nodes}});
+}
+
+}  // namespace
+
+void measureMemory(const Settings& settings, Report& report) {
+    measureRows(report, "memory beyond the text, 6 columns", lists::termsList, termsResult(settings.rows));
+    measureRows(report, "memory beyond the text, 45 columns", customersList(),
+                customersResult(settings.customers()));
+}
+
+}  // namespace tsln::bench

@@ -1,0 +1,140 @@
+#include "benchmark/Partners.h"
+
+#include <charconv>
+#include <cstring>
+#include <libxml/parser.h>
+#include <libxml/xpath.h>
+#include <map>
+#include <memory>
+#include <stdexcept>
+#include <vector>
+
+#include <pugixml.hpp>
+
+#include "workbench/host/QueryDocument.h"
+
+namespace tsln::bench {
+namespace {
+
+std::int32_t numberOf(std::string_view text) {
+    std::int32_t number = 0;
+    std::from_chars(text.data(), text.data() + text.size(), number);
+    return number;
+}
+
+template <class T, void (*release)(T*)>
+struct Release {
+    void operator()(T* what) const { release(what); }
+};
+using Document = std::unique_ptr<xmlDoc, Release<xmlDoc, xmlFreeDoc>>;
+using Context = std::unique_ptr<xmlXPathContext, Release<xmlXPathContext, xmlXPathFreeContext>>;
+using Path = std::unique_ptr<xmlXPathCompExpr, Release<xmlXPathCompExpr, xmlXPathFreeCompExpr>>;
+using Result = std::unique_ptr<xmlXPathObject, Release<xmlXPathObject, xmlXPathFreeObject>>;
+
+Path compile(const std::string& path) {
+    return Path(xmlXPathCompile(reinterpret_cast<const xmlChar*>(path.c_str())));
+}
+
+std::string textOf(xmlXPathContext* context, xmlNode* row, xmlXPathCompExpr* path) {
+    context->node = row;
+    const Result found(xmlXPathCompiledEval(path, context));
+    if (!found || !found->nodesetval || found->nodesetval->nodeNr == 0) return {};
+    xmlChar* const content = xmlNodeGetContent(found->nodesetval->nodeTab[0]);
+    std::string text(reinterpret_cast<const char*>(content));
+    xmlFree(content);
+    return text;
+}
+
+}  // namespace
+
+std::size_t visitByPugixml(std::string& text) {
+    pugi::xml_document document;
+    document.load_buffer_inplace(text.data(), text.size(), pugi::parse_default, pugi::encoding_utf8);
+    std::size_t bytes = 0;
+    for (const pugi::xml_node row : document.child("Records")) {
+        for (const pugi::xml_node field : row)
+            bytes += std::strlen(field.child_value());
+    }
+    return bytes;
+}
+
+ReportRecords fillByLibxml2(const std::string& text, std::span<const lists::ListColumn> columns) {
+    const Document document(xmlReadMemory(text.data(), static_cast<int>(text.size()), nullptr, "UTF-8",
+                                          XML_PARSE_HUGE | XML_PARSE_NONET));
+    if (!document) throw std::runtime_error("libxml2 does not read the sample.");
+    const Context context(xmlXPathNewContext(document.get()));
+    std::vector<Path> paths;
+    for (const lists::ListColumn& column : columns)
+        paths.push_back(compile(std::string(column.field)));
+    const Path idPath = compile("ID");
+    const Path rowPath = compile("/Records/Record");
+
+    ReportRecords records(columns.size());
+    std::vector<std::string> texts(columns.size());
+    std::vector<std::string_view> cells(columns.size());
+    const Result rows(xmlXPathCompiledEval(rowPath.get(), context.get()));
+    for (int i = 0; i < rows->nodesetval->nodeNr; ++i) {
+        xmlNode* const row = rows->nodesetval->nodeTab[i];
+        for (std::size_t c = 0; c < columns.size(); ++c)
+            cells[c] = texts[c] = textOf(context.get(), row, paths[c].get());
+        records.add(numberOf(textOf(context.get(), row, idPath.get())), cells);
+    }
+    return records;
+}
+
+ObjectPtr parsedDocument(const std::string& text) {
+    ObjectPtr document = workbench::makeQueryDocument(text);
+    document->get("documentElement");
+    return document;
+}
+
+ReportRecords fillLateBoundByName(Object& document, std::span<const lists::ListColumn> columns) {
+    const ObjectPtr rows = document.call("selectNodes", "//Records/Record").toObject();
+    const std::int32_t count = rows->get("length").toLong();
+    ReportRecords records(columns.size());
+    std::vector<std::string> texts(columns.size());
+    std::vector<std::string_view> cells(columns.size());
+    const auto field = [](Object& row, std::string_view name) {
+        const ObjectPtr node = row.call("selectSingleNode", name).toObject();
+        return node ? node->get("text").toText() : std::string();
+    };
+    for (std::int32_t i = 0; i < count; ++i) {
+        const ObjectPtr row = rows->get("item", i).toObject();
+        for (std::size_t c = 0; c < columns.size(); ++c)
+            cells[c] = texts[c] = field(*row, columns[c].field);
+        records.add(numberOf(field(*row, "ID")), cells);
+    }
+    return records;
+}
+
+ReportRecords fillLateBoundByChild(Object& document, std::span<const lists::ListColumn> columns) {
+    const ObjectPtr rows = document.call("selectNodes", "//Records/Record").toObject();
+    const std::int32_t count = rows->get("length").toLong();
+    std::map<std::string, std::size_t> places;
+    for (std::size_t c = 0; c < columns.size(); ++c)
+        places.emplace(columns[c].field, c);
+    ReportRecords records(columns.size());
+    std::vector<std::string> texts(columns.size());
+    std::vector<std::string_view> cells(columns.size());
+    for (std::int32_t i = 0; i < count; ++i) {
+        const ObjectPtr fields = rows->get("item", i).object().get("childNodes").toObject();
+        const std::int32_t fieldCount = fields->get("length").toLong();
+        std::int32_t id = 0;
+        for (std::string& old : texts)
+            old.clear();
+        for (std::int32_t f = 0; f < fieldCount; ++f) {
+            const ObjectPtr field = fields->get("item", f).toObject();
+            const std::string name = field->get("nodeName").toText();
+            if (name == "ID") id = numberOf(field->get("text").toText());
+            if (const auto place = places.find(name); place != places.end()) {
+                texts[place->second] = field->get("text").toText();
+            }
+        }
+        for (std::size_t c = 0; c < columns.size(); ++c)
+            cells[c] = texts[c];
+        records.add(id, cells);
+    }
+    return records;
+}
+
+}  // namespace tsln::bench

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "screens/Desktop.h"
+
+namespace tsln::bench {
+
+/// A desktop without windows, on which nothing happens.
+class QuietDesktop : public Desktop {
+  public:
+    void showModal(Screen&) override {}
+    MessageAnswer messageBox(Screen*, std::string_view, MessageButtons, MessageIcon) override { return {}; }
+    std::optional<std::string> openFile(Screen&, std::string_view, std::span<const FileFilter>) override {
+        return {};
+    }
+    std::optional<std::string> saveFile(Screen&, std::string_view, std::span<const FileFilter>) override {
+        return {};
+    }
+    int choosePopup(Screen&, const Command&, Control&) override { return 0; }
+    void printPreview(Screen&, const ReportControl&, std::string_view) override {}
+    void showHelp(Screen&, std::string_view, std::int32_t) override {}
+    void yield() override {}
+    ProcessEnd runAndWait(std::string_view) override { return {}; }
+    void shellOpen(std::string_view, std::string_view) override {}
+    std::string applicationFolder() override { return {}; }
+    std::optional<std::string> readSetting(std::string_view, std::string_view) override { return {}; }
+    void writeSetting(std::string_view, std::string_view, std::string_view) override {}
+    ObjectPtr createObject(std::string_view) override { return {}; }
+};
+
+}  // namespace tsln::bench

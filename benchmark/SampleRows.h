@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "lists/ListDescription.h"
+
+namespace tsln::bench {
+
+/// Rows as a company has them: made up, but of the right lengths, some fields empty, some with characters
+/// that a document must encode. The same in every run.
+
+/// Query results of `SELECT * FROM Terms` (6 columns) and of the customers (45 columns).
+std::string termsResult(std::size_t rows);
+std::string customersResult(std::size_t rows);
+/// The names of their columns in order, `ID` first.
+const std::vector<std::string>& termsColumns();
+const std::vector<std::string>& customersColumns();
+
+/// A list of the customers that shows every column.
+const lists::ListDescription& customersList();
+
+/// Names of people, many of them with beginnings in common, and the towns they live in.
+std::string personName(std::size_t row);
+std::string townName(std::size_t row);
+/// The value of a customer's column, counted from 0.
+std::string customerValue(std::size_t row, std::size_t column);
+
+}  // namespace tsln::bench

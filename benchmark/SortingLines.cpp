@@ -1,0 +1,88 @@
+#include <algorithm>
+#include <utility>
+
+#include "automation/NumericText.h"
+#include "benchmark/BareList.h"
+#include "benchmark/Lines.h"
+#include "benchmark/SampleRows.h"
+#include "shared/modSharedStrings.h"
+
+namespace tsln::bench {
+namespace {
+
+constexpr double mostToSort = 2;
+
+constexpr lists::ListColumn columns[] = {
+    {"Name", 200, "Name"}, {"Number", 80, "Number", lists::ListColumn::Show::Number}, {"Town", 80, "Town"}};
+enum { name, number, town };
+
+/// A list to sort and the keys it is sorted by, ready made.
+struct Sorting {
+    explicit Sorting(std::size_t rows) {
+        for (std::size_t row = 0; row < rows; ++row) {
+            const std::string texts[] = {personName(row), customerValue(row, 41), townName(row)};
+            const std::string_view cells[] = {texts[0], texts[1], texts[2]};
+            bare.report.addRecord(static_cast<std::int32_t>(row + 1), cells);
+            names.push_back(modSharedStrings::toLower(texts[0]));
+            towns.push_back(modSharedStrings::toLower(texts[2]));
+            numbers.push_back(parseNumber(texts[1]).value_or(0));
+        }
+        bare.report.populate();
+    }
+
+    BareList bare{columns};
+    std::vector<std::string> names;
+    std::vector<std::string> towns;
+    std::vector<double> numbers;
+
+    std::vector<std::string_view> nameKeys() const { return {names.begin(), names.end()}; }
+    std::vector<std::pair<std::string_view, std::string_view>> groupedKeys() const {
+        std::vector<std::pair<std::string_view, std::string_view>> keys;
+        for (std::size_t i = 0; i < names.size(); ++i)
+            keys.emplace_back(towns[i], names[i]);
+        return keys;
+    }
+    /// As a click on the header does it, the list being in its own order before.
+    Contestant click(int column, bool grouped = false) {
+        return {"list", [this, column] { bare.report.userClickHeader(static_cast<std::size_t>(column)); },
+                [this, grouped] {
+                    bare.report.sortBy(std::nullopt);
+                    bare.report.groupBy(grouped ? std::optional<std::size_t>(town) : std::nullopt);
+                }};
+    }
+};
+
+template <class Key>
+Contestant sortKeys(std::vector<Key>& keys, const std::vector<Key>& unsorted) {
+    return {"std::sort", [&] { std::sort(keys.begin(), keys.end()); }, [&] { keys = unsorted; }};
+}
+
+template <class Key>
+void measureSort(Report& report, const std::string& what, const Contestant& list,
+                 const std::vector<Key>& unsorted) {
+    std::vector<Key> keys;
+    const Contest contest({list, sortKeys(keys, unsorted)});
+    report.add(
+        Line{what, "std::sort of the keys alone", contest.ratio(0, 1), Line::Goal::AtMost, mostToSort});
+}
+
+}  // namespace
+
+void measureSorting(const Settings& settings, Report& report) {
+    {
+        Sorting sorting(settings.rows);
+        measureSort(report, "sorting by a text", sorting.click(name), sorting.nameKeys());
+        measureSort(report, "sorting by a number", sorting.click(number), sorting.numbers);
+        measureSort(report, "sorting by a text in groups", sorting.click(name, true), sorting.groupedKeys());
+    }
+    for (const bool grouped : {false, true}) {
+        std::unique_ptr<Sorting> sorting;
+        measureGrowth(settings, report, grouped ? "sorting in groups" : "sorting by a text",
+                      settings.mostRows, [&](std::size_t rows) {
+                          sorting = std::make_unique<Sorting>(rows);
+                          return sorting->click(name, grouped);
+                      });
+    }
+}
+
+}  // namespace tsln::bench

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+#include "screens/ReportRecords.h"
+
+namespace tsln {
+
+/// Puts record indexes in the order of a column's texts, without letter case as
+/// modSharedStrings::compareNoCase has it. Equal ones keep the order they come in. `order` holds indexes of
+/// records, each at most once.
+void sortByText(std::span<std::uint32_t> order, const ReportRecords& records, std::size_t column,
+                bool descending);
+/// The same by the numbers that the texts read as; text that is no number counts as below all numbers.
+void sortByNumber(std::span<std::uint32_t> order, const ReportRecords& records, std::size_t column,
+                  bool descending);
+
+}  // namespace tsln

@@ -1,0 +1,193 @@
+#include <random>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "automation/HostError.h"
+#include "shared/RowReader.h"
+
+namespace tsln::modSharedXML {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using Way = RowReader::Way;
+using Rows = std::vector<std::vector<std::string>>;
+
+const std::vector<std::string_view> fields{"ID", "Name", "Active", "Name", "Due.Days", "Nowhere"};
+
+/// Every row as its texts and conversions; what was raised comes as a last row of its own.
+Rows readAll(const std::string& text, Way way) {
+    Rows rows;
+    try {
+        RowReader reader(text, fields, way);
+        while (reader.next()) {
+            auto& row = rows.emplace_back(reader.texts().begin(), reader.texts().end());
+            row.push_back(std::to_string(reader.readLong(0, -7)));
+            row.push_back(std::to_string(reader.readLong(1, 5)));
+            row.push_back(reader.readBoolean(2, true) ? "yes" : "no");
+        }
+        if (reader.next()) rows.push_back({"a row after the last"});
+    } catch (const HostError& error) {
+        rows.push_back({"raised", error.what()});
+    }
+    return rows;
+}
+
+/// What one row's name is read as by the one pass.
+std::string nameIn(const std::string& row) {
+    RowReader reader("<Records><Record>" + row + "</Record></Records>", fields);
+    return reader.next() ? std::string(reader.texts()[1]) : "no row";
+}
+
+TEST(RowReader, ReadsValuesAsTheFieldReadersDo) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"<Name>Net 30</Name>", "Net 30"},
+        {"<Name></Name>", ""},
+        {"<Name/>", ""},
+        {"<Name/><Name>second</Name>", ""},
+        {"<Name>  </Name>", "  "},
+        {"<Name>first</Name><ID>1</ID><Name>second</Name>", "first"},
+        {"<NameOfOther>x</NameOfOther><Name>y</Name>", "y"},
+        {"<name>other case</name>", ""},
+        {"<Name>Baker &amp; Sons &lt;A&gt; &quot;q&quot; &apos;</Name>", "Baker & Sons <A> \"q\" '"},
+        {"<Name>one&amp;#13;&amp;#10;two</Name>", "one\r\ntwo"},
+        {"<Name>one&#13;&#10;two &#x41;&#233;</Name>", "one\r\ntwo Aé"},
+        {"<Name>one\r\ntwo\rthree</Name>", "one\ntwo\nthree"},
+        {"<Name>a & b &unknown; &#x; &#65</Name>", "a & b &unknown; &#x; &#65"},
+        {"<Name>a long value of which the end stands far behind &amp;</Name>",
+         "a long value of which the end stands far behind &"},
+        {"<Name kind='x'>attribute</Name>", "attribute"},
+        {"<Name>out <b>in</b></Name>", "out in"},
+        {"<Name><![CDATA[<raw>]]></Name>", "<raw>"},
+        {"<!-- note --><Name>comment</Name>", "comment"},
+        {"loose<Name>text</Name>", "text"},
+    };
+    for (const auto& [row, name] : cases) {
+        EXPECT_EQ(nameIn(row), name) << row;
+        const std::string text = "<Records><Record>" + std::string(row) + "</Record></Records>";
+        EXPECT_EQ(readAll(text, Way::OnePass), readAll(text, Way::Nodes)) << row;
+    }
+}
+
+TEST(RowReader, TakesDocumentsOfEveryShape) {
+    const char* const shapes[] = {
+        "",
+        " \r\n\t",
+        "<Records/>",
+        "<Records></Records>",
+        "<?xml "
+        "version=\"1.0\"?>\r\n<Records>\r\n\t<Record>\r\n\t\t<ID>1</ID>\r\n\t</Record>\r\n</Records>\r\n",
+        "<Records><Record/><Record></Record><Record><ID>3</ID></Record></Records>",
+        "\xEF\xBB\xBF<Records><Record><ID>1</ID></Record></Records>",
+        "<Other><Record><ID>1</ID></Record></Other>",
+        "<Records><Row><ID>1</ID></Row><Record><ID>2</ID></Record></Records>",
+        "<Records><Record><ID>1</ID></Record></Records><Records/>",
+        "<Records><Record><ID>1</ID></Record></Records> trailing",
+        "<Records><Record><ID>1</ID></Record><!-- end --></Records>",
+        "<Records kind='x'><Record><ID>1</ID></Record></Records>",
+    };
+    for (const char* shape : shapes)
+        EXPECT_EQ(readAll(shape, Way::OnePass), readAll(shape, Way::Nodes)) << shape;
+}
+
+TEST(RowReader, RaisesWhatIsWrongEvenBehindManyGoodRows) {
+    std::string text = "<Records>";
+    for (int i = 0; i < 100; ++i)
+        text += "<Record><ID>" + std::to_string(i) + "</ID><Name>n</Name></Record>";
+    RowReader reader(text + "<Record><ID>1</Name></Record></Records>", fields);
+    std::size_t rows = 0;
+    EXPECT_THROW(
+        {
+            while (reader.next())
+                ++rows;
+        },
+        HostError);
+    EXPECT_EQ(rows, 100u);
+    // Cut short anywhere, it is damaged, and both ways say so in the same words.
+    text = text.substr(0, 200) + "<Record><ID>1</ID></Record></Records>";
+    for (std::size_t size = 1; size < text.size(); ++size) {
+        const Rows found = readAll(text.substr(0, size), Way::OnePass);
+        ASSERT_FALSE(found.empty());
+        ASSERT_EQ(found.back()[0], "raised") << size;
+        ASSERT_EQ(found.back(), readAll(text.substr(0, size), Way::Nodes).back()) << size;
+    }
+}
+
+TEST(RowReader, ReckonsTheRowsFromThoseRead) {
+    std::string text = "<Records>";
+    for (int i = 1000; i < 3000; ++i)
+        text += "<Record><ID>" + std::to_string(i) + "</ID></Record>";
+    RowReader reader(text + "</Records>", fields);
+    EXPECT_EQ(reader.expectedRows(), 0u);
+    for (int i = 0; i < 50; ++i)
+        ASSERT_TRUE(reader.next());
+    EXPECT_NEAR(static_cast<double>(reader.expectedRows()), 2000, 20);
+}
+
+/// Documents put together at random from what makes a difference to a reader.
+class RandomDocument {
+  public:
+    explicit RandomDocument(unsigned seed) : random_(seed) {}
+
+    std::string make() {
+        std::string text = one({"", "", "<?xml version=\"1.0\" encoding=\"UTF-8\"?>", "\n"}) + "<Records>";
+        const std::size_t rows = below(30);
+        for (std::size_t i = 0; i < rows; ++i)
+            text += row();
+        text += "</Records>" + one({"", "", "\r\n", " "});
+        // Now and then a byte is changed, which mostly breaks the document.
+        if (below(4) == 0)
+            text[below(text.size())] = one({"<", ">", "&", "/", "\r", "x", std::string(1, '\0')})[0];
+        return text;
+    }
+
+  private:
+    std::size_t below(std::size_t limit) { return random_() % limit; }
+    std::string one(const std::vector<std::string>& choices) { return choices[below(choices.size())]; }
+    std::string row() {
+        if (below(40) == 0) return "<Record/>";
+        std::string text = "<Record>";
+        for (const char* name : {"ID", "Name", "Active", "Due.Days", "Other", "NameOfOther"}) {
+            if (below(4) == 0) continue;
+            const std::string used = below(25) == 0 ? "Name" : name;
+            text += below(60) == 0 ? "<" + used + "/>" : element(used);
+            if (below(80) == 0) text += one({" ", "\n", "<!-- x -->", "loose"});
+        }
+        return text + "</Record>" + (below(30) == 0 ? one({"\n", " ", "<Row/>"}) : "");
+    }
+    std::string element(const std::string& name) {
+        std::string value;
+        for (std::size_t i = below(5); i > 0; --i) {
+            value += one({"12",    "-1",   "Yes",   "Net 30",    " ",
+                          "&amp;", "&lt;", "&#13;", "&amp;#10;", "\r\n",
+                          "\r",    "é",    "\xE9",  "&amp;#",    "&",
+                          "&#1",   "]]>",  "'\"",   "$1,000",    "long text to go past sixteen bytes",
+                          "true"});
+        }
+        if (below(150) == 0) value += one({"<b>in</b>", "<![CDATA[x<y]]>", "<?pi?>", "<i/>"});
+        const std::string attribute = below(200) == 0 ? " kind=\"a\"" : "";
+        return "<" + name + attribute + ">" + value + "</" + name + (below(200) == 0 ? " >" : ">");
+    }
+
+    std::mt19937 random_;
+};
+
+TEST(RowReader, ReadsAnyDocumentAsItsNodesAreRead) {
+    std::size_t raised = 0;
+    for (unsigned seed = 0; seed < 1500; ++seed) {
+        const std::string text = RandomDocument(seed).make();
+        Rows byNodes = readAll(text, Way::Nodes);
+        Rows onePass = readAll(text, Way::OnePass);
+        if (!byNodes.empty() && byNodes.back()[0] == "raised") {
+            ++raised;
+            onePass.erase(onePass.begin(), onePass.end() - 1);  // rows before the damage do not count
+        }
+        ASSERT_EQ(onePass, byNodes) << text;
+    }
+    EXPECT_GT(raised, 50u) << "hardly a document was damaged";
+    EXPECT_LT(raised, 750u) << "hardly a document was whole";
+}
+
+}  // namespace
+}  // namespace tsln::modSharedXML
