@@ -103,7 +103,7 @@ void Report::plot(const std::string& file) const {
         "set xlabel 'rows'\nset ylabel 'milliseconds'\nplot ";
     for (const Curve& curve : curves_) {
         script += &curve == &curves_.front() ? "" : ", ";
-        script += "'-' with linespoints linewidth 2 title '" + curve.what + "'";
+        script += "'-' with linespoints linewidth 2 title \"" + curve.what + "\"";
     }
     script += "\n";
     for (const Curve& curve : curves_) {
