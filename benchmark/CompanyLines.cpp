@@ -80,12 +80,24 @@ void measureCompany(const Settings& settings, Report& report) {
     }
     std::unique_ptr<BenchCompany> company;
     std::unique_ptr<Stage> stage;
-    measureGrowth(settings, report, "statement to list, terms", settings.mostRows, [&](std::size_t rows) {
+    const auto makeCompany = [&](std::size_t rows) {
         stage.reset();
         company = std::make_unique<BenchCompany>(rows, 0);
         stage = std::make_unique<Stage>(*company, lists::termsList);
+    };
+    measureGrowth(settings, report, "statement to list, terms", settings.mostRows, [&](std::size_t rows) {
+        makeCompany(rows);
         return Contestant{"list", [&] { stage->screen.loadList(); }};
     });
+    std::unique_ptr<SQLite::Database> database;
+    measureGrowth(settings, report, "the same statement, SQLite alone", settings.mostRows,
+                  [&](std::size_t rows) {
+                      database.reset();
+                      makeCompany(rows);
+                      database = workbench::openCompanyFile(company->file(), workbench::OpenMode::ReadOnly);
+                      const std::string sql = workbench::translateSql(stage->screen.loadStatement()).sql;
+                      return Contestant{"SQLite", [&database, sql] { use(readBySqlite(*database, sql)); }};
+                  });
 }
 
 }  // namespace tsln::bench

@@ -1,6 +1,7 @@
 #include "benchmark/Report.h"
 
 #include <cstdio>
+#include <fstream>
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <stdexcept>
@@ -28,10 +29,11 @@ std::string outcome(const Line& line) {
 }
 
 std::string row(const Line& line) {
+    const bool single = line.value.low == line.value.high;
     const std::string note = line.note.empty() ? "" : " (" + line.note + ")";
     return "| " + line.what + note + " | " + line.against + " | " + number(line.value.median) + " " +
-           line.unit + " | " + number(line.value.low) + " to " + number(line.value.high) + " | " +
-           goalText(line) + " | " + outcome(line) + " |\n";
+           line.unit + " | " + (single ? "" : number(line.value.low) + " to " + number(line.value.high)) +
+           " | " + goalText(line) + " | " + outcome(line) + " |\n";
 }
 
 }  // namespace
@@ -88,7 +90,9 @@ std::string Report::json() const {
 }
 
 void Report::plot(const std::string& file) const {
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> gnuplot(popen("gnuplot", "w"), pclose);
+    std::unique_ptr<std::FILE, int (*)(std::FILE*)> gnuplot(popen("gnuplot", "w"), pclose);
+    if (curves_.empty())
+        throw std::runtime_error("Nothing was measured that grows; there is no picture to draw.");
     if (!gnuplot) throw std::runtime_error("gnuplot cannot be started.");
     std::string script =
         "set terminal svg size 900,620 font 'Inter,sans-serif,14' background '#ffffff'\n"
@@ -97,8 +101,10 @@ void Report::plot(const std::string& file) const {
         "'\n"
         "set logscale xy\nset format y '%g'\nset grid\nset key outside below maxcols 2\n"
         "set xlabel 'rows'\nset ylabel 'milliseconds'\nplot ";
-    for (const Curve& curve : curves_)
-        script += "'-' with linespoints linewidth 2 title '" + curve.what + "', ";
+    for (const Curve& curve : curves_) {
+        script += &curve == &curves_.front() ? "" : ", ";
+        script += "'-' with linespoints linewidth 2 title \"" + curve.what + "\"";
+    }
     script += "\n";
     for (const Curve& curve : curves_) {
         for (std::size_t i = 0; i < curve.rows.size(); ++i)
@@ -106,6 +112,8 @@ void Report::plot(const std::string& file) const {
         script += "e\n";
     }
     std::fputs(script.c_str(), gnuplot.get());
+    gnuplot.reset();
+    if (!std::ifstream(file)) throw std::runtime_error("The picture cannot be drawn to " + file + ".");
 }
 
 }  // namespace tsln::bench

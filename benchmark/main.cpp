@@ -1,9 +1,11 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
+#include <malloc.h>
 #include <string_view>
 
 #include <CLI/CLI.hpp>
+#include <climits>
 #include <wx/app.h>
 #include <wx/init.h>
 
@@ -70,6 +72,9 @@ int main(int argc, char** argv) {
         return line.exit(error) == 0 ? 0 : 2;
     }
 
+    // What is freed stays with the program, or each contestant would pay for the memory another gave back.
+    mallopt(M_TRIM_THRESHOLD, INT_MAX);
+    mallopt(M_MMAP_MAX, 0);
     const bool onDisplay = startToolkit(argc, argv);
     int result = 0;
     try {

@@ -6,6 +6,9 @@
 #include <cstring>
 #include <limits>
 #include <memory>
+#include <numeric>
+#include <string>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -17,10 +20,12 @@ namespace {
 
 constexpr std::size_t fewItems = 64;  // below, comparing is quicker than counting
 
-/// What is sorted: the eight bytes of its key that count now, and where it stood before.
+/// What is sorted: the eight bytes of its key that count now, where it stood before, and where its whole key
+/// is.
 struct Item {
     std::uint64_t key;
     std::uint32_t place;
+    std::uint32_t start;
 };
 
 bool before(const Item& a, const Item& b) {
@@ -55,40 +60,46 @@ void sortItems(std::span<Item> items, std::span<Item> spare) {
     if (from.data() != items.data()) std::ranges::copy(from, items.begin());
 }
 
-/// The keys of all records: bytes that order as their texts do, one key after another.
+/// The keys of all records: bytes that order as their texts do, with zeros behind them up to the next eight.
 class TextKeys {
   public:
-    TextKeys(std::span<const std::uint32_t> order, const ReportRecords& records, std::size_t column)
-        : starts_(order.size() + 1) {
+    static constexpr std::size_t word = sizeof(std::uint64_t);
+
+    TextKeys(const ReportRecords& records, std::size_t column) : starts_(records.count()) {
         std::size_t most = 0;
-        for (const std::uint32_t record : order)
-            most += modSharedStrings::sortKeySize(records.cell(record, column));
-        bytes_ = std::make_unique_for_overwrite<char[]>(most + sizeof(std::uint64_t));
-        char* end = bytes_.get();
-        for (std::size_t i = 0; i < order.size(); ++i) {
-            starts_[i] = static_cast<std::size_t>(end - bytes_.get());
-            end = modSharedStrings::writeSortKey(end, records.cell(order[i], column));
+        for (std::size_t i = 0; i < starts_.size(); ++i)
+            most += modSharedStrings::sortKeySize(records.cell(i, column)) + word;
+        fits_ = most <= std::numeric_limits<std::uint32_t>::max();
+        if (!fits_) return;
+        bytes_ = std::make_unique_for_overwrite<char[]>(most);
+        std::size_t at = 0;
+        for (std::size_t i = 0; i < starts_.size(); ++i) {
+            starts_[i] = static_cast<std::uint32_t>(at);
+            char* const start = bytes_.get() + at;
+            char* const end = modSharedStrings::writeSortKey(start, records.cell(i, column));
+            const auto size = static_cast<std::size_t>(end - start);
+            at += size + word - size % word;
+            std::fill(end, bytes_.get() + at, '\0');
         }
-        starts_.back() = static_cast<std::size_t>(end - bytes_.get());
     }
 
-    /// The part of a key behind its first `depth` bytes.
-    std::string_view rest(std::size_t place, std::size_t depth) const {
-        const std::size_t start = std::min(starts_[place] + depth, starts_[place + 1]);
-        return {bytes_.get() + start, starts_[place + 1] - start};
-    }
-    /// Eight bytes of the key as a number that orders as they do; zeros behind its end, which no key holds.
-    std::uint64_t eightBytes(std::size_t place, std::size_t depth) const {
-        const std::string_view bytes = rest(place, depth);
+    /// Whether there was room for them; if not, there are none.
+    bool fit() const noexcept { return fits_; }
+    std::uint32_t start(std::uint32_t record) const { return starts_[record]; }
+    /// A key from here on, with a zero at its end.
+    const char* at(std::size_t place) const { return bytes_.get() + place; }
+    /// Eight bytes of a key as a number that orders as they do. Its last byte is zero where the key ends.
+    std::uint64_t eightBytes(std::size_t place) const {
         std::uint64_t number = 0;
-        std::memcpy(&number, bytes.data(), std::min(bytes.size(), sizeof number));
+        std::memcpy(&number, at(place), word);
         if constexpr (std::endian::native == std::endian::little) number = __builtin_bswap64(number);
         return number;
     }
 
   private:
-    std::vector<std::size_t> starts_;
+    std::vector<std::uint32_t> starts_;
     std::unique_ptr<char[]> bytes_;
+    bool fits_ = false;
 };
 
 /// Items that are equal as far as their keys were looked at.
@@ -116,11 +127,19 @@ std::uint64_t orderOf(double value) {
 
 void sortByText(std::span<std::uint32_t> order, const ReportRecords& records, std::size_t column,
                 bool descending) {
-    const TextKeys keys(order, records, column);
+    const TextKeys keys(records, column);
+    if (!keys.fit()) {
+        std::ranges::stable_sort(order, [&](std::uint32_t a, std::uint32_t b) {
+            const int compared =
+                modSharedStrings::compareNoCase(records.cell(a, column), records.cell(b, column));
+            return descending ? compared > 0 : compared < 0;
+        });
+        return;
+    }
     std::vector<Item> items(order.size());
     std::vector<Item> spare(order.size());
     for (std::size_t i = 0; i < items.size(); ++i)
-        items[i].place = static_cast<std::uint32_t>(i);
+        items[i] = {0, static_cast<std::uint32_t>(i), keys.start(order[i])};
 
     const std::uint64_t turned = descending ? ~std::uint64_t{0} : 0;
     std::vector<Run> runs{{0, items.size(), 0}};
@@ -130,25 +149,69 @@ void sortByText(std::span<std::uint32_t> order, const ReportRecords& records, st
         const auto part = std::span(items).subspan(run.begin, run.end - run.begin);
         if (run.depth > 0 && part.size() <= fewItems) {
             std::ranges::sort(part, [&](const Item& a, const Item& b) {
-                const int compared = keys.rest(a.place, run.depth).compare(keys.rest(b.place, run.depth));
+                const int compared = std::strcmp(keys.at(a.start + run.depth), keys.at(b.start + run.depth));
                 if (compared == 0) return a.place < b.place;
                 return descending ? compared > 0 : compared < 0;
             });
             continue;
         }
-        for (Item& item : part)
-            item.key = keys.eightBytes(item.place, run.depth) ^ turned;
+        constexpr std::size_t ahead = 12;  // the keys lie all over the memory: some are asked for beforehand
+        for (std::size_t i = 0; i < part.size(); ++i) {
+            if (i + ahead < part.size()) __builtin_prefetch(keys.at(part[i + ahead].start + run.depth));
+            part[i].key = keys.eightBytes(part[i].start + run.depth) ^ turned;
+        }
         sortItems(part, spare);
         for (std::size_t begin = 0, end = 0; begin < part.size(); begin = end) {
             while (end < part.size() && part[end].key == part[begin].key)
                 ++end;
             const bool goesOn = ((part[begin].key ^ turned) & 0xFF) != 0;
             if (goesOn && end - begin > 1) {
-                runs.push_back({run.begin + begin, run.begin + end, run.depth + sizeof(std::uint64_t)});
+                runs.push_back({run.begin + begin, run.begin + end, run.depth + TextKeys::word});
             }
         }
     }
     applyOrder(order, items);
+}
+
+std::vector<std::uint32_t> rankTexts(const ReportRecords& records, std::size_t column) {
+    // Few texts are different from each other where rows are grouped, and the same one often follows itself.
+    std::unordered_map<std::string, std::uint32_t> numbers;
+    std::vector<const std::string*> keys;
+    std::vector<std::uint32_t> ranks(records.count());
+    std::string key;
+    std::string_view before;
+    for (std::size_t i = 0; i < ranks.size(); ++i) {
+        const std::string_view text = records.cell(i, column);
+        if (i > 0 && text == before) {
+            ranks[i] = ranks[i - 1];
+            continue;
+        }
+        before = text;
+        key.resize(modSharedStrings::sortKeySize(text));
+        key.resize(static_cast<std::size_t>(modSharedStrings::writeSortKey(key.data(), text) - key.data()));
+        const auto [entry, isNew] = numbers.try_emplace(key, static_cast<std::uint32_t>(keys.size()));
+        if (isNew) keys.push_back(&entry->first);
+        ranks[i] = entry->second;
+    }
+    std::vector<std::uint32_t> numbersInOrder(keys.size());
+    std::iota(numbersInOrder.begin(), numbersInOrder.end(), 0U);
+    std::ranges::sort(numbersInOrder, [&](std::uint32_t a, std::uint32_t b) { return *keys[a] < *keys[b]; });
+    std::vector<std::uint32_t> rankOf(keys.size());
+    for (std::size_t rank = 0; rank < rankOf.size(); ++rank)
+        rankOf[numbersInOrder[rank]] = static_cast<std::uint32_t>(rank);
+    for (std::uint32_t& rank : ranks)
+        rank = rankOf[rank];
+    return ranks;
+}
+
+void sortByRank(std::span<std::uint32_t> order, std::span<const std::uint32_t> ranks) {
+    const std::vector<std::uint32_t> was(order.begin(), order.end());
+    std::vector<std::uint32_t> starts(ranks.size() + 1);
+    for (const std::uint32_t record : was)
+        ++starts[ranks[record] + 1];
+    std::partial_sum(starts.begin(), starts.end(), starts.begin());
+    for (const std::uint32_t record : was)
+        order[starts[ranks[record]]++] = record;
 }
 
 void sortByNumber(std::span<std::uint32_t> order, const ReportRecords& records, std::size_t column,
@@ -159,7 +222,7 @@ void sortByNumber(std::span<std::uint32_t> order, const ReportRecords& records, 
     for (std::size_t i = 0; i < items.size(); ++i) {
         const double value =
             parseNumber(records.cell(order[i], column)).value_or(-std::numeric_limits<double>::infinity());
-        items[i] = {orderOf(value) ^ turned, static_cast<std::uint32_t>(i)};
+        items[i] = {orderOf(value) ^ turned, static_cast<std::uint32_t>(i), 0};
     }
     sortItems(items, spare);
     applyOrder(order, items);

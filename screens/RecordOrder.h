@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <span>
+#include <vector>
 
 #include "screens/ReportRecords.h"
 
@@ -15,5 +16,11 @@ void sortByText(std::span<std::uint32_t> order, const ReportRecords& records, st
 /// The same by the numbers that the texts read as; text that is no number counts as below all numbers.
 void sortByNumber(std::span<std::uint32_t> order, const ReportRecords& records, std::size_t column,
                   bool descending);
+
+/// For each record the rank of its text in a column among all different ones, from 0 in the order of
+/// sortByText.
+std::vector<std::uint32_t> rankTexts(const ReportRecords& records, std::size_t column);
+/// Puts record indexes in the order of their ranks, as rankTexts gives them; equal ones keep their order.
+void sortByRank(std::span<std::uint32_t> order, std::span<const std::uint32_t> ranks);
 
 }  // namespace tsln

@@ -6,7 +6,6 @@
 
 #include "screens/RecordOrder.h"
 #include "screens/Screen.h"
-#include "shared/modSharedStrings.h"
 
 namespace tsln {
 
@@ -91,7 +90,6 @@ std::vector<std::uint32_t> ReportControl::orderedRecords() const {
         const auto sort = columns[sortOrder_->column].numeric ? sortByNumber : sortByText;
         sort(order, records_, sortOrder_->column, sortOrder_->descending);
     }
-    if (groupColumn_ && *groupColumn_ < columns.size()) sortByText(order, records_, *groupColumn_, false);
     return order;
 }
 
@@ -121,14 +119,17 @@ void ReportControl::populate() {
     selected_.clear();
     focusedRow_.reset();
     rows_.reserve(records_.count());
-    const bool grouped = groupColumn_ && *groupColumn_ < columns.size();
+    std::vector<std::uint32_t> order = orderedRecords();
+    std::vector<std::uint32_t> groups;  // by record
+    if (groupColumn_ && *groupColumn_ < columns.size()) {
+        groups = rankTexts(records_, *groupColumn_);
+        sortByRank(order, groups);
+    }
     std::uint32_t before = Row::noRecord;
     std::ptrdiff_t place = 0;
     std::optional<std::size_t> successor;
-    for (const std::uint32_t record : orderedRecords()) {
-        if (grouped &&
-            (before == Row::noRecord ||
-             !modSharedStrings::equalNoCase(cell(before, *groupColumn_), cell(record, *groupColumn_)))) {
+    for (const std::uint32_t record : order) {
+        if (!groups.empty() && (before == Row::noRecord || groups[before] != groups[record])) {
             rows_.push_back({.firstOfGroup = record});
         }
         before = record;

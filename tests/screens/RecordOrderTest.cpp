@@ -88,6 +88,18 @@ TEST_P(RecordOrder, OfNumbersIsTheOneOfTheirValues) {
     }
 }
 
+TEST_P(RecordOrder, OfRanksIsTheOneOfTexts) {
+    const auto ranks = rankTexts(records, 1);
+    sortByText(expected, records, 1, false);
+    sortByRank(order, ranks);
+    ASSERT_EQ(order, expected);
+    for (std::size_t i = 1; i < order.size(); ++i) {
+        const bool same =
+            modSharedStrings::equalNoCase(records.cell(order[i - 1], 1), records.cell(order[i], 1));
+        ASSERT_EQ(ranks[order[i]], ranks[order[i - 1]] + (same ? 0 : 1)) << i;
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Sizes, RecordOrder, testing::Values(0, 1, 50, 65, 3000));
 
 TEST(RecordOrderOfLongTexts, EndsWhereTheyAreEqual) {
