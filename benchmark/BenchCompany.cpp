@@ -2,7 +2,7 @@
 
 #include <unistd.h>
 
-#include "benchmark/SampleRows.h"
+#include "benchmark/contest/SampleRows.h"
 #include "shared/modSharedSQL.h"
 
 namespace tsln::bench {

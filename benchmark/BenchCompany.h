@@ -4,10 +4,10 @@
 #include <memory>
 #include <string>
 
-#include "benchmark/QuietDesktop.h"
 #include "bridge/Library.h"
 #include "lists/ListScreen.h"
 #include "lists/Lists.h"
+#include "tests/support/QuietDesktop.h"
 #include "workbench/host/CompanySession.h"
 
 namespace tsln::bench {

@@ -1,9 +1,9 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 
-#include "benchmark/BareList.h"
 #include "benchmark/BenchCompany.h"
 #include "benchmark/Lines.h"
-#include "benchmark/SampleRows.h"
+#include "benchmark/contest/BareList.h"
+#include "benchmark/contest/SampleRows.h"
 #include "lists/ListRows.h"
 #include "workbench/company/CompanyFile.h"
 #include "workbench/company/SqlDialect.h"
@@ -19,7 +19,7 @@ struct Stage {
         library->Initialize(company.session().sharedCode());
         screen.load();
     }
-    QuietDesktop desktop;
+    test::QuietDesktop desktop;
     std::shared_ptr<Library> library = std::make_shared<Library>(desktop);
     BenchList screen;
 };

@@ -44,7 +44,7 @@ struct Stage {
     void press() { screen.cmdDelete.userPress(); }
 
     BenchCompany company;
-    QuietDesktop desktop;
+    test::QuietDesktop desktop;
     std::shared_ptr<Library> library = std::make_shared<Library>(desktop);
     double hostSeconds = 0;
     BenchList screen;

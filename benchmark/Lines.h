@@ -4,7 +4,7 @@
 #include <span>
 #include <string_view>
 
-#include "benchmark/Report.h"
+#include "benchmark/contest/Report.h"
 
 namespace tsln::bench {
 

@@ -1,8 +1,8 @@
-#include "benchmark/BareList.h"
+#include "benchmark/Libxml2Partner.h"
 #include "benchmark/Lines.h"
-#include "benchmark/Partners.h"
-#include "benchmark/SampleRows.h"
-#include "lists/ListRows.h"
+#include "benchmark/contest/Filling.h"
+#include "benchmark/contest/Partners.h"
+#include "benchmark/contest/SampleRows.h"
 #include "lists/Lists.h"
 
 namespace tsln::bench {
@@ -12,23 +12,6 @@ constexpr double mostToPugixml = 1.3;
 constexpr double leastToLibxml2 = 5;
 constexpr double leastToLateBound = 20;
 
-using Way = modSharedXML::RowReader::Way;
-
-/// A result that is made into a list, ready to show.
-struct Filling {
-    const lists::ListDescription& list;
-    std::string text;
-    BareList bare{list.columns};
-    std::string copy = {};
-
-    void takeCopy() { copy = text; }
-    void fill(Way way = Way::OnePass) { show(lists::readListRows(std::move(copy), list.columns, way)); }
-    void show(ReportRecords records) {
-        bare.report.setRecords(std::move(records));
-        bare.report.populate();
-    }
-};
-
 void measureRows(Report& report, const std::string& what, const lists::ListDescription& list,
                  std::string text) {
     Filling filling{list, std::move(text)};
@@ -37,7 +20,7 @@ void measureRows(Report& report, const std::string& what, const lists::ListDescr
 
     const Contest close({ours,
                          {"pugixml", [&] { use(visitByPugixml(filling.copy)); }, copy},
-                         {"nodes", [&] { filling.fill(Way::Nodes); }, copy}},
+                         {"nodes", [&] { filling.fill(Filling::Way::Nodes); }, copy}},
                         {.seconds = 6, .leastRounds = 11, .mostRounds = 101});
     report.add(
         Line{what, "pugixml, visiting each field", close.ratio(0, 1), Line::Goal::AtMost, mostToPugixml});

@@ -1,7 +1,7 @@
-#include "benchmark/BareList.h"
 #include "benchmark/HeapMeter.h"
 #include "benchmark/Lines.h"
-#include "benchmark/SampleRows.h"
+#include "benchmark/contest/BareList.h"
+#include "benchmark/contest/SampleRows.h"
 #include "lists/ListRows.h"
 #include "lists/Lists.h"
 

@@ -2,9 +2,9 @@
 #include <utility>
 
 #include "automation/NumericText.h"
-#include "benchmark/BareList.h"
 #include "benchmark/Lines.h"
-#include "benchmark/SampleRows.h"
+#include "benchmark/contest/BareList.h"
+#include "benchmark/contest/SampleRows.h"
 #include "shared/modSharedStrings.h"
 
 namespace tsln::bench {

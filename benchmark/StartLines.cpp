@@ -1,9 +1,7 @@
 #include "benchmark/StartLines.h"
 
 #include <cstdio>
-#include <cstring>
 #include <filesystem>
-#include <map>
 #include <memory>
 
 #include <wx/app.h>
@@ -11,18 +9,11 @@
 
 #include "benchmark/Lines.h"
 #include "benchmark/WatchedList.h"
+#include "benchmark/contest/StartParts.h"
 #include "desktop/WxDesktop.h"
 #include "entities/Entities.h"
 
 namespace tsln::bench {
-namespace {
-
-constexpr int starts = 9;
-
-}  // namespace
-
-// Each start is a process of its own: what is loaded and made once is part of it.
-
 void startOnce(int argc, char** argv) {
     BenchCompany company(100, 0);
     const auto begin = WatchedList::Clock::now();
@@ -39,10 +30,7 @@ void startOnce(int argc, char** argv) {
     library->Initialize(company.session().sharedCode());
     const auto initialized = WatchedList::Clock::now();
     const auto moments = WatchedList::open(*library, std::nullopt);
-    const auto part = [&](const char* what, WatchedList::Clock::time_point from,
-                          WatchedList::Clock::time_point to) {
-        std::printf("%.9f %s\n", moments.seconds(from, to), what);
-    };
+    const auto part = StartParts::print;
     part("the toolkit, which the host may have started already", begin, toolkit);
     part("library created, screens plugged in", toolkit, created);
     part("initialized with the host", created, initialized);
@@ -58,24 +46,12 @@ void startOnce(int argc, char** argv) {
 void measureStart(const Settings&, Report& report) {
     const std::string command =
         "'" + std::filesystem::read_symlink("/proc/self/exe").string() + "' --start-once";
-    std::vector<std::string> order;
-    std::map<std::string, std::vector<double>> parts;
-    for (int i = 0; i < starts; ++i) {
+    StartParts parts;
+    for (int i = 0; i < StartParts::starts; ++i) {
         const std::unique_ptr<std::FILE, int (*)(std::FILE*)> output(popen(command.c_str(), "r"), pclose);
-        char line[256];
-        while (output && std::fgets(line, sizeof line, output.get())) {
-            double seconds = 0;
-            int length = 0;
-            if (std::sscanf(line, "%lf %n", &seconds, &length) != 1) continue;
-            line[std::strcspn(line, "\n")] = '\0';
-            const std::string what = line + length;
-            if (!parts.contains(what)) order.push_back(what);
-            parts[what].push_back(seconds * 1000);
-        }
+        parts.read(output.get());
     }
-    for (const std::string& what : order)
-        report.add(
-            Line{.what = "start: " + what, .against = "", .value = spreadOf(parts[what]), .unit = "ms"});
+    parts.addTo(report, "start: ");
 }
 
 }  // namespace tsln::bench

@@ -1,5 +1,5 @@
 #include "benchmark/Lines.h"
-#include "benchmark/SampleRows.h"
+#include "benchmark/contest/SampleRows.h"
 #include "shared/modSharedSQL.h"
 
 namespace tsln::bench {

@@ -10,6 +10,7 @@
 #include <wx/init.h>
 
 #include "benchmark/Lines.h"
+#include "benchmark/ReportFiles.h"
 #include "benchmark/StartLines.h"
 
 namespace {
@@ -81,10 +82,10 @@ int main(int argc, char** argv) {
         Report report;
         measure(options, onDisplay, report);
         std::fputs(report.table().c_str(), stdout);
-        if (!options.json.empty() && !(std::ofstream(options.json) << report.json())) {
+        if (!options.json.empty() && !(std::ofstream(options.json) << toJson(report))) {
             throw std::runtime_error("The results cannot be written to " + options.json + ".");
         }
-        if (!options.plot.empty()) report.plot(options.plot);
+        if (!options.plot.empty()) plot(report, options.plot);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s\n", error.what());
         result = 1;

@@ -8,9 +8,9 @@ test_packages=(libgtest-dev libgmock-dev)
 bench_packages=(libxml2-dev nlohmann-json3-dev gnuplot-nox)
 # A display of its own where there is none: the server, a window manager, and what makes windows look complete.
 display_packages=(xvfb metacity adwaita-icon-theme fonts-inter)
-# The cross-build for Windows: the interface compiler, the interfaces it reads, and what makes the library's sources.
-windows_packages=(g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools libwine-dev libwine ccache cmake
-    ninja-build make dpkg-dev tcl pkg-config)
+# The cross-build for Windows: the interface compiler, the interfaces it reads, and what makes the libraries' sources.
+windows_packages=(g++ g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools libwine-dev libwine ccache
+    cmake ninja-build make dpkg-dev tcl pkg-config)
 
 # need PACKAGE...: installs those that are missing, and says so.
 need() {
@@ -39,13 +39,13 @@ build() {
     rm -f "$log"
 }
 
-# build_for_windows 64|32: the preset of these bits, with the libraries cross-built for it.
+# build_for_windows 64|32 [PRESET]: the preset of these bits or another of theirs, with the libraries cross-built for it.
 build_for_windows() {
     local libraries
     need "${windows_packages[@]}"
     libraries=$(scripts/windows-libraries "$1")
     # wxWidgets is the last of them, and is found by its own program.
-    build "windows-$1" "-DCMAKE_PREFIX_PATH=$libraries" -DwxWidgets_CONFIG_EXECUTABLE="${libraries##*;}/bin/wx-config"
+    build "${2:-windows-$1}" "-DCMAKE_PREFIX_PATH=$libraries" -DwxWidgets_CONFIG_EXECUTABLE="${libraries##*;}/bin/wx-config"
 }
 
 # The Debian archive that this machine installs from.

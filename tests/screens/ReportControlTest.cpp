@@ -5,33 +5,12 @@
 
 #include "screens/ReportControl.h"
 #include "screens/Screen.h"
+#include "tests/support/QuietDesktop.h"
 
 namespace tsln {
 namespace {
 
 using testing::ElementsAre;
-
-/// A desktop that nothing is asked of.
-class NoDesktop : public Desktop {
-    void showModal(Screen&) override {}
-    MessageAnswer messageBox(Screen*, std::string_view, MessageButtons, MessageIcon) override { return {}; }
-    std::optional<std::string> openFile(Screen&, std::string_view, std::span<const FileFilter>) override {
-        return {};
-    }
-    std::optional<std::string> saveFile(Screen&, std::string_view, std::span<const FileFilter>) override {
-        return {};
-    }
-    int choosePopup(Screen&, const Command&, Control&) override { return 0; }
-    void printPreview(Screen&, const ReportControl&, std::string_view) override {}
-    void showHelp(Screen&, std::string_view, std::int32_t) override {}
-    void yield() override {}
-    ProcessEnd runAndWait(std::string_view) override { return {}; }
-    void shellOpen(std::string_view, std::string_view) override {}
-    std::string applicationFolder() override { return {}; }
-    std::optional<std::string> readSetting(std::string_view, std::string_view) override { return {}; }
-    void writeSetting(std::string_view, std::string_view, std::string_view) override {}
-    ObjectPtr createObject(std::string_view) override { return {}; }
-};
 
 class ListOnly : public Screen {
   public:
@@ -56,7 +35,7 @@ class ReportControlTest : public testing::Test {
         return texts;
     }
 
-    NoDesktop desktop;
+    test::QuietDesktop desktop;
     ListOnly screen{desktop};
     ReportControl& list = screen.list;
 };
@@ -176,7 +155,7 @@ TEST_F(ReportControlTest, AgreesWithAPlainListThroughAnyHistory) {
 }
 
 TEST(ControlAutomation, AComboBoxIsFilledByTheHostAndOutlivesItsScreenSafely) {
-    NoDesktop desktop;
+    test::QuietDesktop desktop;
     ObjectPtr handed;
     {
         class ComboOnly : public Screen {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "benchmark/Contest.h"
+#include "benchmark/contest/Contest.h"
 
 namespace tsln::bench {
 
@@ -42,9 +42,9 @@ class Report {
 
     /// The lines as a Markdown table.
     std::string table() const;
-    std::string json() const;
-    /// The curves as an SVG picture by gnuplot. Throws std::runtime_error.
-    void plot(const std::string& file) const;
+
+    const std::vector<Line>& lines() const noexcept { return lines_; }
+    const std::vector<Curve>& curves() const noexcept { return curves_; }
 
   private:
     std::vector<Line> lines_;

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "benchmark/QuietDesktop.h"
 #include "lists/ListDescription.h"
 #include "screens/ReportControl.h"
 #include "screens/Screen.h"
+#include "tests/support/QuietDesktop.h"
 
 namespace tsln::bench {
 
@@ -23,7 +23,7 @@ class BareList {
         using Screen::Screen;
         Layout layout() override { return {}; }
     };
-    QuietDesktop desktop_;
+    test::QuietDesktop desktop_;
     OnlyScreen screen_{desktop_, "frmBareList"};
 
   public:

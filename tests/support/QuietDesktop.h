@@ -2,7 +2,7 @@
 
 #include "screens/Desktop.h"
 
-namespace tsln::bench {
+namespace tsln::test {
 
 /// A desktop without windows, on which nothing happens.
 class QuietDesktop : public Desktop {
@@ -27,4 +27,4 @@ class QuietDesktop : public Desktop {
     ObjectPtr createObject(std::string_view) override { return {}; }
 };
 
-}  // namespace tsln::bench
+}  // namespace tsln::test

@@ -1,4 +1,4 @@
-#include "benchmark/Contest.h"
+#include "benchmark/contest/Contest.h"
 
 #include <algorithm>
 #include <cmath>

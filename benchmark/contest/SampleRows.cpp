@@ -1,4 +1,4 @@
-#include "benchmark/SampleRows.h"
+#include "benchmark/contest/SampleRows.h"
 
 #include <array>
 

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 
 #include "automation/Object.h"
 #include "lists/ListDescription.h"
@@ -11,10 +13,11 @@ namespace tsln::bench {
 
 // Other ways to go through a query result.
 
+/// The number that a field holds; 0 for none.
+std::int32_t numberOf(std::string_view text);
+
 /// Parses with pugixml, in place, and looks at the text of every field of every row. Returns the bytes seen.
 std::size_t visitByPugixml(std::string& text);
-/// Makes libxml2's document of it and asks an XPath, compiled beforehand, for each column of each row.
-ReportRecords fillByLibxml2(const std::string& text, std::span<const lists::ListColumn> columns);
 /// The result as a document object that has made its nodes.
 ObjectPtr parsedDocument(const std::string& text);
 /// Asks such a document late-bound: the rows by "selectNodes", each column of each row by "selectSingleNode"

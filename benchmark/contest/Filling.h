@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+#include <utility>
+
+#include "benchmark/contest/BareList.h"
+#include "lists/ListRows.h"
+
+namespace tsln::bench {
+
+/// A result that is made into a list, ready to show.
+struct Filling {
+    using Way = modSharedXML::RowReader::Way;
+
+    const lists::ListDescription& list;
+    std::string text;
+    BareList bare{list.columns};
+    std::string copy = {};
+
+    void takeCopy() { copy = text; }
+    void fill(Way way = Way::OnePass) { show(lists::readListRows(std::move(copy), list.columns, way)); }
+    void show(ReportRecords records) {
+        bare.report.setRecords(std::move(records));
+        bare.report.populate();
+    }
+};
+
+}  // namespace tsln::bench

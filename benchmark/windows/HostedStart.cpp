@@ -1,0 +1,176 @@
+#include "benchmark/windows/HostedStart.h"
+
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <stdexcept>
+
+#include "benchmark/contest/StartParts.h"
+#include "com/edge/ComObject.h"
+#include "com/edge/Conversion.h"
+#include "tslnmaint5.h"  // made from the module's interface description: all that a client knows of it
+#include "workbench/host/CompanySession.h"
+// clang-format off: stands on those above
+#include <commctrl.h>
+// clang-format on
+
+namespace tsln::bench {
+namespace {
+
+using com::ComPtr;
+using Clock = StartParts::Clock;
+
+constexpr int rows = 100;
+constexpr UINT glance = 1;  // milliseconds between two looks at the list
+
+/// When the module had come how far with its first list. One at a time.
+class Onlooker {
+  public:
+    Onlooker() {
+        current = this;
+        hook_ = SetWindowsHookExW(WH_CALLWNDPROC, onMessage, nullptr, GetCurrentThreadId());
+        // A timer's turn comes when nothing else waits, so what has to be drawn is drawn by then.
+        timer_ = SetTimer(nullptr, 0, glance, onGlance);
+    }
+    ~Onlooker() {
+        KillTimer(nullptr, timer_);
+        UnhookWindowsHookEx(hook_);
+        current = nullptr;
+    }
+    Clock::time_point shown, drawn;
+
+  private:
+    static LRESULT CALLBACK onMessage(int code, WPARAM sender, LPARAM message) {
+        const auto& sent = *reinterpret_cast<const CWPSTRUCT*>(message);
+        if (code == HC_ACTION && sent.message == WM_SHOWWINDOW && sent.wParam && isScreen(sent.hwnd) &&
+            !current->screen_) {
+            current->screen_ = sent.hwnd;
+            current->shown = Clock::now();
+        }
+        return CallNextHookEx(nullptr, code, sender, message);
+    }
+    static void CALLBACK onGlance(HWND, UINT, UINT_PTR, DWORD) {
+        if (!current->screen_ || current->drawn != Clock::time_point()) return;
+        bool filled = false;
+        EnumChildWindows(current->screen_, lookForRows, reinterpret_cast<LPARAM>(&filled));
+        if (!filled) return;
+        current->drawn = Clock::now();
+        PostMessageW(current->screen_, WM_CLOSE, 0, 0);
+    }
+    static BOOL CALLBACK lookForRows(HWND window, LPARAM filled) {
+        wchar_t name[64];
+        GetClassNameW(window, name, 64);
+        if (lstrcmpiW(name, WC_LISTVIEWW) != 0 || SendMessageW(window, LVM_GETITEMCOUNT, 0, 0) != rows)
+            return TRUE;
+        *reinterpret_cast<bool*>(filled) = true;
+        return FALSE;
+    }
+    static bool isScreen(HWND window) {
+        wchar_t caption[64];
+        GetWindowTextW(window, caption, 64);
+        return GetAncestor(window, GA_ROOT) == window && lstrcmpW(caption, L"Terms") == 0;
+    }
+
+    static inline Onlooker* current = nullptr;
+    HHOOK hook_ = nullptr;
+    UINT_PTR timer_ = 0;
+    HWND screen_ = nullptr;
+};
+
+class SilentUi : public workbench::HostUi {
+    workbench::Reply showMessage(const workbench::Message&) override { return {}; }
+};
+
+/// A company with as many terms as the list is to show.
+class Company {
+  public:
+    Company() {
+        workbench::Company& company = session_.company();
+        company.execute("DELETE FROM Terms");
+        for (int i = 0; i < rows; ++i) {
+            const std::string number = std::to_string(i);
+            company.execute(
+                "INSERT INTO Terms (Terms, DueDays, Discount, DiscountDays, Exported) VALUES ('Net " +
+                number + "', " + number + ", 0, 0, 0)");
+        }
+    }
+    ~Company() {
+        std::error_code ignored;
+        std::filesystem::remove_all(folder_, ignored);  // what is still open stays
+    }
+    ObjectPtr sharedCode() const { return session_.sharedCode(); }
+
+  private:
+    static std::filesystem::path newFolder() {
+        const std::filesystem::path folder = std::filesystem::temp_directory_path() /
+                                             ("tessaline-bench-" + std::to_string(GetCurrentProcessId()));
+        std::filesystem::create_directories(folder);
+        return folder;
+    }
+    SilentUi ui_;
+    std::filesystem::path folder_ = newFolder();
+    workbench::CompanySession session_{(folder_ / "Start.company").string(), "admin", ui_};
+};
+
+std::wstring fileBeside(const wchar_t* name) {
+    wchar_t path[MAX_PATH];
+    GetModuleFileNameW(nullptr, path, MAX_PATH);
+    return std::filesystem::path(path).parent_path() / name;
+}
+
+void check(HRESULT result, const char* what) {
+    if (FAILED(result)) throw std::runtime_error(std::string(what) + " failed");
+}
+
+ComPtr<ILibrary> newLibrary(HMODULE module) {
+    const auto getClass = reinterpret_cast<decltype(&DllGetClassObject)>(
+        reinterpret_cast<void*>(GetProcAddress(module, "DllGetClassObject")));
+    ComPtr<IClassFactory> factory;
+    ComPtr<ILibrary> library;
+    if (!getClass) throw std::runtime_error("tslnmaint5.dll has no classes");
+    check(getClass(__uuidof(Library), IID_PPV_ARGS(&factory)), "The class");
+    check(factory->CreateInstance(nullptr, IID_PPV_ARGS(&library)), "Library");
+    return library;
+}
+
+}  // namespace
+
+void startOnce() {
+    const Company company;
+    const Onlooker onlooker;
+    ComPtr<IDispatch> sharedCode = com::adopt(com::newDispatch(company.sharedCode()));
+
+    const auto begin = Clock::now();
+    const HMODULE module = LoadLibraryW(fileBeside(L"tslnmaint5.dll").c_str());
+    if (!module) throw std::runtime_error("tslnmaint5.dll does not load");
+    const auto loaded = Clock::now();
+    const ComPtr<ILibrary> library = newLibrary(module);
+    const auto created = Clock::now();
+    check(library->Initialize(sharedCode.GetAddressOf()), "Initialize");
+    const auto initialized = Clock::now();
+    VARIANT_BOOL closed = VARIANT_FALSE;
+    check(library->ShowTerms(&closed), "ShowTerms");
+    check(library->PreTerminate(), "PreTerminate");
+
+    const auto part = StartParts::print;
+    part("module loaded", begin, loaded);
+    part("Library created", loaded, created);
+    part("initialized with the host", created, initialized);
+    part("toolkit started, screen made, its window shown", initialized, onlooker.shown);
+    part("100 rows read and drawn", onlooker.shown, onlooker.drawn);
+    part("Library created to first screen shown", loaded, onlooker.drawn);
+}
+
+void measureHostedStart(Report& report) {
+    wchar_t self[MAX_PATH];
+    GetModuleFileNameW(nullptr, self, MAX_PATH);
+    const std::wstring command = L"\"" + std::wstring(self) + L"\" --start-once";
+    StartParts parts;
+    for (int i = 0; i < StartParts::starts; ++i) {
+        const std::unique_ptr<std::FILE, int (*)(std::FILE*)> output(_wpopen(command.c_str(), L"r"), _pclose);
+        parts.read(output.get());
+    }
+    parts.addTo(report, "start as DLL: ");
+}
+
+}  // namespace tsln::bench
