@@ -55,7 +55,7 @@ std::shared_ptr<FrontEnd> FrontEnd::shared() {
 }
 
 FrontEnd::FrontEnd()
-    : desktop_([](std::string_view id) { return createComponent(id); }, {}), look_(createLook()) {}
+    : desktop_([](std::string_view id) { return createComponent(id); }, {}), look_(INVALID_HANDLE_VALUE) {}
 
 FrontEnd::~FrontEnd() {
     if (thread_) {
@@ -79,6 +79,7 @@ void FrontEnd::start() {
         wxEntryCleanup();
         throw HostError(code::fail, "tslnmaint5", "The maintenance screens cannot be opened.");
     }
+    if (look_ == INVALID_HANDLE_VALUE) look_ = createLook();
     thread_ = here;
 }
 
