@@ -54,6 +54,7 @@ void measureGrowth(const Settings& settings, Report& report, std::string_view wh
         curve.rows.push_back(static_cast<double>(rows));
         curve.seconds.push_back(spreadOf(contest.seconds(0)).median);
     }
+    if (curve.rows.size() < 2) return;  // too few rows to see any
     report.add(std::move(curve));
 }
 
