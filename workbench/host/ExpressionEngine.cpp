@@ -26,26 +26,15 @@ std::vector<std::string> ExpressionEngine::names() const {
 }
 
 Variant ExpressionEngine::edit(Arguments a) {
-    if (!sharedCode_) throw HostError(code::objectNotSet, "Engine", "The engine has not been initialized.");
+    sharedCode();  // must be there
     const std::string given = textOf(a[0]);
     const std::string title = a[1].isText() ? a[1].toText() : std::string();
     return context().ui.editExpression({given, title, names()}).value_or(given);
 }
 
-Variant ExpressionEngine::invoke(std::string_view member, Access access, Arguments arguments) {
+Variant ExpressionEngine::invokeOwn(std::string_view member, Access access, Arguments arguments) {
     using Self = ExpressionEngine;
     static constexpr Member<Self> members[] = {
-        {"Initialize",
-         [](Self& self, Arguments a) {
-             a.require(1, 1);
-             self.sharedCode_ = a[0].toObject();
-             return Variant();
-         }},
-        {"PreTerminate",
-         [](Self& self, Arguments) {
-             self.sharedCode_.reset();
-             return Variant();
-         }},
         {"ShowEditExpression",
          [](Self& self, Arguments a) {
              a.require(1, 1);

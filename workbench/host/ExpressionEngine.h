@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "workbench/host/HostContext.h"
+#include "workbench/host/EngineObject.h"
 
 namespace tsln::workbench {
 
@@ -12,16 +12,14 @@ namespace tsln::workbench {
 /// "Initialize" takes the shared-code object, "PreTerminate" lets go of it. "ShowEditExpression" (expression)
 /// and "ShowEditExpression2" (expression, the window's title) answer with the edited text, or with what they
 /// were given when the user cancels.
-class ExpressionEngine : public HostObject {
+class ExpressionEngine : public EngineObject {
   public:
-    using HostObject::HostObject;
-    Variant invoke(std::string_view member, Access access, Arguments arguments) override;
+    using EngineObject::EngineObject;
 
   private:
+    Variant invokeOwn(std::string_view member, Access access, Arguments arguments) override;
     Variant edit(Arguments a);
     std::vector<std::string> names() const;
-
-    ObjectPtr sharedCode_;
 };
 
 }  // namespace tsln::workbench

@@ -24,16 +24,12 @@ bool leavesOut(std::string_view column, bool simple) {
 
 }  // namespace
 
-void ImportExportEngine::requireInitialized() const {
-    if (!sharedCode_) throw HostError(code::objectNotSet, "Engine", "The engine has not been initialized.");
-}
-
 void ImportExportEngine::record(std::int32_t type, const std::string& text) {
-    sharedCode_->call("RecordEvent", type, text);
+    sharedCode().call("RecordEvent", type, text);
 }
 
 Variant ImportExportEngine::succeeded(std::string_view what, const std::function<void()>& work) {
-    requireInitialized();
+    sharedCode();  // must be there
     try {
         work();
         return true;
@@ -91,21 +87,9 @@ void ImportExportEngine::readFile(const std::string& path, const std::string& li
         record(EventLog::Notice, std::to_string(records) + " records were imported from '" + path + "'.");
 }
 
-Variant ImportExportEngine::invoke(std::string_view member, Access access, Arguments arguments) {
+Variant ImportExportEngine::invokeOwn(std::string_view member, Access access, Arguments arguments) {
     using Self = ImportExportEngine;
     static constexpr Member<Self> members[] = {
-        {"Initialize",
-         [](Self& self, Arguments a) {
-             a.require(1, 1);
-             self.sharedCode_ = a[0].toObject();
-             return Variant();
-         }},
-        {"PreTerminate",
-         [](Self& self, Arguments) {
-             self.sharedCode_.reset();
-             self.exports_.clear();
-             return Variant();
-         }},
         {"SimpleExport", [](Self& self, Arguments) { return Variant(self.simpleExport_); },
          [](Self& self, Arguments a) { self.simpleExport_ = a[0].toBoolean(); }},
         {"Verbose", [](Self& self, Arguments) { return Variant(self.verbose_); },

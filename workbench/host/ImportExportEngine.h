@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "workbench/host/HostContext.h"
+#include "workbench/host/EngineObject.h"
 
 namespace tsln::workbench {
 
@@ -18,12 +18,13 @@ namespace tsln::workbench {
 /// the file is made for other companies: identity, dates of change and the mark of having been sent to
 /// accounting stay out. "Verbose" writes how many records came in to the event log. "Is42Upgrade" is kept for
 /// whoever asks; the file of an upgrade is read the same.
-class ImportExportEngine : public HostObject {
+class ImportExportEngine : public EngineObject {
   public:
-    using HostObject::HostObject;
-    Variant invoke(std::string_view member, Access access, Arguments arguments) override;
+    using EngineObject::EngineObject;
 
   private:
+    Variant invokeOwn(std::string_view member, Access access, Arguments arguments) override;
+    void terminated() override { exports_.clear(); }
     struct Export {
         std::string list, query;
     };
@@ -33,9 +34,7 @@ class ImportExportEngine : public HostObject {
     /// Runs the work; what goes wrong becomes an event and the answer false.
     Variant succeeded(std::string_view what, const std::function<void()>& work);
     void record(std::int32_t type, const std::string& text);
-    void requireInitialized() const;
 
-    ObjectPtr sharedCode_;
     std::vector<Export> exports_;
     bool simpleExport_ = false;
     bool verbose_ = false;
