@@ -1,14 +1,14 @@
 #include "entities/ContactSlots.h"
 
-#include <iterator>
 #include <span>
 
 #include "shared/modSharedStrings.h"
 
 namespace tsln::entities {
 
-/// How a slot's columns, controls and tags are called, and the label of new records.
+/// How a slot's columns, controls and tags are called, who fills its labels, and the label of new records.
 struct ContactSlotNames {
+    void (Common::*loadLabels)(ComboBox& combo) const;
     std::string_view labelColumn, column;
     std::string_view combo, box;
     std::string_view labelTag, tag;
@@ -19,29 +19,25 @@ struct ContactSlotNames {
 namespace {
 
 constexpr ContactSlotNames phoneSlots[] = {
-    {"Phone1Label", "Phone1", "cboPhone1Label", "txtPhone1", "<p1l>", "<p1>", "DefaultPhone1Label", "Home",
-     "Phone &1:", "Phone number 1"},
-    {"Phone2Label", "Phone2", "cboPhone2Label", "txtPhone2", "<p2l>", "<p2>", "DefaultPhone2Label", "Work",
-     "Phone &2:", "Phone number 2"},
-    {"Phone3Label", "Phone3", "cboPhone3Label", "txtPhone3", "<p3l>", "<p3>", "DefaultPhone3Label", "Mobile",
-     "Phone &3:", "Phone number 3"},
-    {"Phone4Label", "Phone4", "cboPhone4Label", "txtPhone4", "<p4l>", "<p4>", "", "",
-     "Phone &4:", "Phone number 4"},
+    {&Common::LoadPhoneLabels, "Phone1Label", "Phone1", "cboPhone1Label", "txtPhone1", "<p1l>", "<p1>",
+     "DefaultPhone1Label", "Home", "Phone &1:", "Phone number 1"},
+    {&Common::LoadPhoneLabels, "Phone2Label", "Phone2", "cboPhone2Label", "txtPhone2", "<p2l>", "<p2>",
+     "DefaultPhone2Label", "Work", "Phone &2:", "Phone number 2"},
+    {&Common::LoadPhoneLabels, "Phone3Label", "Phone3", "cboPhone3Label", "txtPhone3", "<p3l>", "<p3>",
+     "DefaultPhone3Label", "Mobile", "Phone &3:", "Phone number 3"},
+    {&Common::LoadPhoneLabels, "Phone4Label", "Phone4", "cboPhone4Label", "txtPhone4", "<p4l>", "<p4>", "",
+     "", "Phone &4:", "Phone number 4"},
 };
 constexpr ContactSlotNames emailSlots[] = {
-    {"Email1Label", "Email1", "cboEmail1Label", "txtEmail1", "<e1l>", "<e1>", "DefaultEmail1Label", "Home",
-     "&E-mail 1:", "E-mail address 1"},
-    {"Email2Label", "Email2", "cboEmail2Label", "txtEmail2", "<e2l>", "<e2>", "DefaultEmail2Label", "Work",
-     "E-&mail 2:", "E-mail address 2"},
+    {&Common::LoadEmailLabels, "Email1Label", "Email1", "cboEmail1Label", "txtEmail1", "<e1l>", "<e1>",
+     "DefaultEmail1Label", "Home", "&E-mail 1:", "E-mail address 1"},
+    {&Common::LoadEmailLabels, "Email2Label", "Email2", "cboEmail2Label", "txtEmail2", "<e2l>", "<e2>",
+     "DefaultEmail2Label", "Work", "E-&mail 2:", "E-mail address 2"},
 };
 
 /// The default labels are those of customers, whatever the record.
 constexpr std::string_view optionSection = "Customers";
 constexpr int labelWidth = 14;  // characters
-
-bool isPhone(const ContactSlotNames& names) {
-    return &names >= std::begin(phoneSlots) && &names < std::end(phoneSlots);
-}
 
 }  // namespace
 
@@ -60,13 +56,9 @@ ContactSlots::ContactSlots(HostScreen& screen, int phones, int emails) : screen_
 }
 
 void ContactSlots::loadLabels() {
-    for (Slot& slot : slots_) {
-        if (isPhone(slot.names)) {
-            screen_.host().common().LoadPhoneLabels(slot.label);
-        } else {
-            screen_.host().common().LoadEmailLabels(slot.label);
-        }
-    }
+    const Common common = screen_.host().common();
+    for (Slot& slot : slots_)
+        (common.*slot.names.loadLabels)(slot.label);
 }
 
 void ContactSlots::showDefaultLabels() {
