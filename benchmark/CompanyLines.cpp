@@ -1,10 +1,13 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 
-#include "benchmark/BenchCompany.h"
+#include "benchmark/BenchList.h"
 #include "benchmark/Lines.h"
 #include "benchmark/contest/BareList.h"
+#include "benchmark/contest/BenchCompany.h"
 #include "benchmark/contest/SampleRows.h"
 #include "lists/ListRows.h"
+#include "lists/Lists.h"
+#include "tests/support/QuietDesktop.h"
 #include "workbench/company/CompanyFile.h"
 #include "workbench/company/SqlDialect.h"
 

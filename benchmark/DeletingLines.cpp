@@ -1,8 +1,11 @@
 #include <algorithm>
 #include <numeric>
 
-#include "benchmark/BenchCompany.h"
+#include "benchmark/BenchList.h"
 #include "benchmark/Lines.h"
+#include "benchmark/contest/BenchCompany.h"
+#include "lists/Lists.h"
+#include "tests/support/QuietDesktop.h"
 
 namespace tsln::bench {
 namespace {

@@ -6,7 +6,7 @@
 #include <stdexcept>
 #include <vector>
 
-#include "benchmark/contest/Partners.h"
+#include "shared/modSharedXML.h"
 
 namespace tsln::bench {
 namespace {
@@ -55,7 +55,7 @@ ReportRecords fillByLibxml2(const std::string& text, std::span<const lists::List
         xmlNode* const row = rows->nodesetval->nodeTab[i];
         for (std::size_t c = 0; c < columns.size(); ++c)
             cells[c] = texts[c] = textOf(context.get(), row, paths[c].get());
-        records.add(numberOf(textOf(context.get(), row, idPath.get())), cells);
+        records.add(modSharedXML::toLong(textOf(context.get(), row, idPath.get())), cells);
     }
     return records;
 }

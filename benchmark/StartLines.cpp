@@ -9,9 +9,11 @@
 
 #include "benchmark/Lines.h"
 #include "benchmark/WatchedList.h"
+#include "benchmark/contest/BenchCompany.h"
 #include "benchmark/contest/StartParts.h"
 #include "desktop/WxDesktop.h"
 #include "entities/Entities.h"
+#include "lists/Lists.h"
 
 namespace tsln::bench {
 void startOnce(int argc, char** argv) {

@@ -4,8 +4,9 @@
 #include <functional>
 #include <optional>
 
-#include "benchmark/BenchCompany.h"
+#include "benchmark/BenchList.h"
 #include "desktop/ReportList.h"
+#include "lists/Lists.h"
 
 namespace tsln::bench {
 

@@ -2,6 +2,7 @@
 
 #include "benchmark/Lines.h"
 #include "benchmark/WatchedList.h"
+#include "benchmark/contest/BenchCompany.h"
 #include "desktop/WxDesktop.h"
 
 namespace tsln::bench {

@@ -1,21 +1,15 @@
 #include "benchmark/contest/Partners.h"
 
-#include <charconv>
 #include <cstring>
 #include <map>
 #include <vector>
 
 #include <pugixml.hpp>
 
+#include "shared/modSharedXML.h"
 #include "workbench/host/QueryDocument.h"
 
 namespace tsln::bench {
-std::int32_t numberOf(std::string_view text) {
-    std::int32_t number = 0;
-    std::from_chars(text.data(), text.data() + text.size(), number);
-    return number;
-}
-
 std::size_t visitByPugixml(std::string& text) {
     pugi::xml_document document;
     document.load_buffer_inplace(text.data(), text.size(), pugi::parse_default, pugi::encoding_utf8);
@@ -47,7 +41,7 @@ ReportRecords fillLateBoundByName(Object& document, std::span<const lists::ListC
         const ObjectPtr row = rows->get("item", i).toObject();
         for (std::size_t c = 0; c < columns.size(); ++c)
             cells[c] = texts[c] = field(*row, columns[c].field);
-        records.add(numberOf(field(*row, "ID")), cells);
+        records.add(modSharedXML::toLong(field(*row, "ID")), cells);
     }
     return records;
 }
@@ -70,7 +64,7 @@ ReportRecords fillLateBoundByChild(Object& document, std::span<const lists::List
         for (std::int32_t f = 0; f < fieldCount; ++f) {
             const ObjectPtr field = fields->get("item", f).toObject();
             const std::string name = field->get("nodeName").toText();
-            if (name == "ID") id = numberOf(field->get("text").toText());
+            if (name == "ID") id = modSharedXML::toLong(field->get("text").toText());
             if (const auto place = places.find(name); place != places.end()) {
                 texts[place->second] = field->get("text").toText();
             }

@@ -1,9 +1,7 @@
 #pragma once
 
-#include <cstdint>
 #include <span>
 #include <string>
-#include <string_view>
 
 #include "automation/Object.h"
 #include "lists/ListDescription.h"
@@ -12,9 +10,6 @@
 namespace tsln::bench {
 
 // Other ways to go through a query result.
-
-/// The number that a field holds; 0 for none.
-std::int32_t numberOf(std::string_view text);
 
 /// Parses with pugixml, in place, and looks at the text of every field of every row. Returns the bytes seen.
 std::size_t visitByPugixml(std::string& text);

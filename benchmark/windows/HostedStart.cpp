@@ -5,11 +5,11 @@
 #include <memory>
 #include <stdexcept>
 
+#include "benchmark/contest/BenchCompany.h"
 #include "benchmark/contest/StartParts.h"
 #include "com/edge/ComObject.h"
 #include "com/edge/Conversion.h"
 #include "tslnmaint5.h"  // made from the module's interface description: all that a client knows of it
-#include "workbench/host/CompanySession.h"
 // clang-format off: stands on those above
 #include <commctrl.h>
 // clang-format on
@@ -77,48 +77,6 @@ class Onlooker {
     HWND screen_ = nullptr;
 };
 
-class SilentUi : public workbench::HostUi {
-    workbench::Reply showMessage(const workbench::Message&) override { return {}; }
-};
-
-/// A company with as many terms as the list is to show.
-class Company {
-  public:
-    Company() {
-        workbench::Company& company = session_.company();
-        company.execute("DELETE FROM Terms");
-        for (int i = 0; i < rows; ++i) {
-            const std::string number = std::to_string(i);
-            company.execute(
-                "INSERT INTO Terms (Terms, DueDays, Discount, DiscountDays, Exported) VALUES ('Net " +
-                number + "', " + number + ", 0, 0, 0)");
-        }
-        session_.tracer()->observe([this](const workbench::TraceEntry& call) {
-            if (call.statement.find("FROM Terms") == call.statement.npos) return;
-            answered = Clock::now();
-            asked = answered - call.duration;
-        });
-    }
-    ~Company() {
-        std::error_code ignored;
-        std::filesystem::remove_all(folder_, ignored);  // what is still open stays
-    }
-    ObjectPtr sharedCode() const { return session_.sharedCode(); }
-    /// When the module asked for the terms, and when it had them.
-    Clock::time_point asked, answered;
-
-  private:
-    static std::filesystem::path newFolder() {
-        const std::filesystem::path folder = std::filesystem::temp_directory_path() /
-                                             ("tessaline-bench-" + std::to_string(GetCurrentProcessId()));
-        std::filesystem::create_directories(folder);
-        return folder;
-    }
-    SilentUi ui_;
-    std::filesystem::path folder_ = newFolder();
-    workbench::CompanySession session_{(folder_ / "Start.company").string(), "admin", ui_};
-};
-
 std::wstring fileBeside(const wchar_t* name) {
     wchar_t path[MAX_PATH];
     GetModuleFileNameW(nullptr, path, MAX_PATH);
@@ -143,9 +101,15 @@ ComPtr<ILibrary> newLibrary(HMODULE module) {
 }  // namespace
 
 void startOnce() {
-    const Company company;
+    BenchCompany company(rows, 0);
+    Clock::time_point asked, answered;
+    company.session().tracer()->observe([&](const workbench::TraceEntry& call) {
+        if (call.statement.find("FROM Terms") == call.statement.npos) return;
+        answered = Clock::now();
+        asked = answered - call.duration;
+    });
     const Onlooker onlooker;
-    ComPtr<IDispatch> sharedCode = com::adopt(com::newDispatch(company.sharedCode()));
+    ComPtr<IDispatch> sharedCode = com::adopt(com::newDispatch(company.session().sharedCode()));
 
     const auto begin = Clock::now();
     const HMODULE module = LoadLibraryW(fileBeside(L"tslnmaint5.dll").c_str());
@@ -164,9 +128,9 @@ void startOnce() {
     part("Library created", loaded, created);
     part("initialized with the host", created, initialized);
     part("toolkit started, screen made, its window shown", initialized, onlooker.shown);
-    part("window drawn, waiting messages dealt with", onlooker.shown, company.asked);
-    part("100 rows got from the host", company.asked, company.answered);
-    part("rows read into the list and drawn", company.answered, onlooker.drawn);
+    part("window drawn, waiting messages dealt with", onlooker.shown, asked);
+    part("100 rows got from the host", asked, answered);
+    part("rows read into the list and drawn", answered, onlooker.drawn);
     part("Library created to first screen shown", loaded, onlooker.drawn);
 }
 

@@ -8,12 +8,12 @@
 
 namespace tsln::test {
 
-/// A folder of a test's own, gone with the test. Its name has a blank in it unless the test wants another.
+/// A folder of its owner's alone, gone with it. Its name has a blank in it unless another is wanted.
 class TempFolder {
   public:
-    explicit TempFolder(const std::string& begin = "tessaline test ") {
+    explicit TempFolder(const std::string& begin = "tessaline test ",
+                        const std::filesystem::path& base = std::filesystem::temp_directory_path()) {
         // Tests run side by side: a name of its own is one that could be made.
-        const std::filesystem::path base = std::filesystem::temp_directory_path();
         std::random_device random;
         do {
             path_ = utf8Of(base / pathOf(begin + std::to_string(random())));

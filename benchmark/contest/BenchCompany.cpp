@@ -1,6 +1,6 @@
-#include "benchmark/BenchCompany.h"
+#include "benchmark/contest/BenchCompany.h"
 
-#include <unistd.h>
+#include <filesystem>
 
 #include "benchmark/contest/SampleRows.h"
 #include "shared/modSharedSQL.h"
@@ -10,13 +10,9 @@ namespace {
 
 constexpr std::size_t rowsPerStatement = 200;
 
-std::filesystem::path newFolder() {
+std::filesystem::path fastestFolder() {
     const std::filesystem::path inMemory = "/dev/shm";
-    std::string name =
-        (std::filesystem::is_directory(inMemory) ? inMemory : std::filesystem::temp_directory_path()) /
-        "tessaline-bench-XXXXXX";
-    if (!mkdtemp(name.data())) throw std::runtime_error("No folder can be made for the company: " + name);
-    return name;
+    return std::filesystem::is_directory(inMemory) ? inMemory : std::filesystem::temp_directory_path();
 }
 
 template <class Row>
@@ -38,9 +34,8 @@ std::string quoted(const std::string& value) {
 }  // namespace
 
 BenchCompany::BenchCompany(std::size_t terms, std::size_t customers)
-    : folder_(newFolder()), file_((folder_ / "bench.company").string()) {
-    session_ = std::make_unique<workbench::CompanySession>(file_, "admin", ui_);
-    workbench::Company& company = session_->company();
+    : folder_("tessaline-bench-", fastestFolder()) {
+    workbench::Company& company = session_.company();
     company.execute("DELETE FROM Terms");
     company.execute("DELETE FROM Customers");
     insertRows(company, "Terms (Terms, DueDays, Discount, DiscountDays, Exported)", terms,
@@ -57,12 +52,6 @@ BenchCompany::BenchCompany(std::size_t terms, std::size_t customers)
             values += (c == 1 ? "" : ", ") + quoted(customerValue(row, c));
         return values;
     });
-}
-
-BenchCompany::~BenchCompany() {
-    session_.reset();
-    std::error_code ignored;  // what is left goes with the next start of the machine
-    std::filesystem::remove_all(folder_, ignored);
 }
 
 }  // namespace tsln::bench
