@@ -49,8 +49,7 @@ ReportList::ReportList(wxWindow* parent, const ReportControl& report)
 #endif
 }
 
-// Painting: called by the toolkit for what is in view, so nothing may be thrown and a row may be gone
-// --------------
+// Painting: called by the toolkit for what is in view, so nothing may be thrown and a row may be gone.
 
 wxString ReportList::OnGetItemText(long item, long column) const {
     const auto row = static_cast<std::size_t>(item);

@@ -144,8 +144,7 @@ void ListScreen::cmdClose_Click() {
     unload();
 }
 
-// The rows
-// --------------------------------------------------------------------------------------------------------
+// The rows --------------------------------------------------------------------------------------------
 
 std::string ListScreen::loadStatement() const {
     return format("SELECT * FROM {0} ORDER BY {1}", sourceOf(description_), description_.orderBy);
@@ -266,8 +265,7 @@ bool ListScreen::can(Right right) const {
     return !description_.securityArea || host().security().CanDo(*description_.securityArea, right);
 }
 
-// The commands
-// ----------------------------------------------------------------------------------------------------
+// The commands ----------------------------------------------------------------------------------------
 
 void ListScreen::cbContext_Update(Command& command) {
     switch (command.id) {

@@ -17,8 +17,7 @@ Variant invokeControl(Self& self, const Member<Self> (&members)[N], std::string_
 
 }  // namespace
 
-// Label
-// -----------------------------------------------------------------------------------------------------------
+// Label -----------------------------------------------------------------------------------------------
 
 void Label::setCaption(std::string caption) {
     caption_ = std::move(caption);
@@ -33,8 +32,7 @@ Variant Label::invoke(std::string_view member, Access access, Arguments argument
     return invokeControl(*this, members, member, access, arguments);
 }
 
-// Button
-// ----------------------------------------------------------------------------------------------------------
+// Button ----------------------------------------------------------------------------------------------
 
 void Button::setCaption(std::string caption) {
     caption_ = std::move(caption);
@@ -59,8 +57,7 @@ Variant Button::invoke(std::string_view member, Access access, Arguments argumen
     return invokeControl(*this, members, member, access, arguments);
 }
 
-// TextBox
-// ---------------------------------------------------------------------------------------------------------
+// TextBox ---------------------------------------------------------------------------------------------
 
 void TextBox::setText(std::string text) {
     if (text_ == text) return;
@@ -90,8 +87,7 @@ Variant TextBox::invoke(std::string_view member, Access access, Arguments argume
     return invokeControl(*this, members, member, access, arguments);
 }
 
-// CheckBox
-// --------------------------------------------------------------------------------------------------------
+// CheckBox --------------------------------------------------------------------------------------------
 
 void CheckBox::setChecked(bool checked) {
     if (checked_ == checked) return;
@@ -114,8 +110,7 @@ Variant CheckBox::invoke(std::string_view member, Access access, Arguments argum
     return invokeControl(*this, members, member, access, arguments);
 }
 
-// ComboBox
-// --------------------------------------------------------------------------------------------------------
+// ComboBox --------------------------------------------------------------------------------------------
 
 int ComboBox::addItem(std::string text, std::int32_t itemData) {
     entries_.push_back({std::move(text), itemData});

@@ -9,8 +9,7 @@
 
 namespace tsln {
 
-// Records
-// ---------------------------------------------------------------------------------------------------------
+// Records ---------------------------------------------------------------------------------------------
 
 std::size_t ReportControl::recordCount() const noexcept {
     return records_.count() - removedCount_;
@@ -65,8 +64,7 @@ std::optional<std::size_t> ReportControl::findRecord(std::int32_t id) const {
     return std::nullopt;
 }
 
-// Rows
-// ------------------------------------------------------------------------------------------------------------
+// Rows ------------------------------------------------------------------------------------------------
 
 /// Closes the gaps that removed records left; returns each record's new index by its old one.
 std::vector<std::uint32_t> ReportControl::compact() {
@@ -154,8 +152,7 @@ std::string_view ReportControl::rowText(std::size_t row, std::size_t column) con
     return column == 0 ? cell(shown.firstOfGroup, *groupColumn_) : std::string_view();
 }
 
-// Order
-// -----------------------------------------------------------------------------------------------------------
+// Order -----------------------------------------------------------------------------------------------
 
 void ReportControl::sortBy(std::optional<SortOrder> order) {
     sortOrder_ = order;
@@ -174,8 +171,7 @@ void ReportControl::userClickHeader(std::size_t column) {
     fire(onSelectionChanged);
 }
 
-// Selection
-// -------------------------------------------------------------------------------------------------------
+// Selection -------------------------------------------------------------------------------------------
 
 bool ReportControl::isSelected(std::size_t row) const {
     return std::ranges::binary_search(selected_, row);

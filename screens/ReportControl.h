@@ -31,8 +31,7 @@ class ReportControl : public Control {
     };
     std::vector<Column> columns;  ///< define them before the first record
 
-    // Records
-    // -------------------------------------------------------------------------------------------------
+    // Records -----------------------------------------------------------------------------------------
     std::size_t recordCount() const noexcept;  ///< without the removed ones
     /// Adds a record and returns its index; missing cells are empty. It is shown from the next populate() on.
     std::size_t addRecord(std::int32_t id, std::span<const std::string_view> cells);
@@ -47,8 +46,7 @@ class ReportControl : public Control {
     /// The record with this `ID`, if there is one.
     std::optional<std::size_t> findRecord(std::int32_t id) const;
 
-    // Rows
-    // ----------------------------------------------------------------------------------------------------
+    // Rows --------------------------------------------------------------------------------------------
     /// Makes the rows anew from the records, sorted and grouped; selection and focus stay with their records,
     /// and the focus of a removed record goes to the row that took its place.
     void populate();
@@ -65,8 +63,7 @@ class ReportControl : public Control {
     /// The text shown in a row's column; a group row shows the group's text in the first column.
     std::string_view rowText(std::size_t row, std::size_t column) const;
 
-    // Order
-    // ---------------------------------------------------------------------------------------------------
+    // Order -------------------------------------------------------------------------------------------
     struct SortOrder {
         std::size_t column = 0;
         bool descending = false;
@@ -82,8 +79,7 @@ class ReportControl : public Control {
     /// The user clicked a column's header: sort by it, or turn its order round.
     void userClickHeader(std::size_t column);
 
-    // Selection
-    // -----------------------------------------------------------------------------------------------
+    // Selection ---------------------------------------------------------------------------------------
     /// The selected rows from the first to the last, group rows included.
     const std::vector<std::size_t>& selectedRows() const noexcept { return selected_; }
     bool isSelected(std::size_t row) const;

@@ -60,8 +60,7 @@ class Screen {
     Placement placement;
     bool resizable = true;
 
-    // Life
-    // ----------------------------------------------------------------------------------------------------
+    // Life --------------------------------------------------------------------------------------------
     void load();
     bool loaded() const noexcept { return loaded_; }
     /// Shows the screen modally and returns when it is hidden or unloaded. A screen that is shown already

@@ -203,8 +203,7 @@ void RowReader::readNodes() {
         texts_[i] = viewText(names_[i], *record_, scratch_[i]);
 }
 
-// One pass
-// --------------------------------------------------------------------------------------------------------
+// One pass --------------------------------------------------------------------------------------------
 
 RowReader::Found RowReader::scanStart() {
     started_ = true;

@@ -48,8 +48,7 @@ class RecordingHost : public std::enable_shared_from_this<RecordingHost> {
     /// True when the host was asked to tell the user something.
     bool told() const;
 
-    // Faults
-    // --------------------------------------------------------------------------------------------------
+    // Faults ------------------------------------------------------------------------------------------
     enum class Fault { Raise, False, Nothing, WrongType, Empty };
     /// Makes the call of that number (from 0) fail.
     void failCall(int number, Fault fault) { fault_ = {number, fault}; }
