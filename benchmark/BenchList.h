@@ -2,15 +2,15 @@
 
 #include <string>
 
-#include "lists/ListScreen.h"
+#include "maintenance/ListScreen.h"
 
 namespace tsln::bench {
 
 /// A list screen whose work can be called and timed.
-class BenchList : public lists::ListScreen {
+class BenchList : public ListScreen {
   public:
-    using lists::ListScreen::ListScreen;
-    using lists::ListScreen::loadList;
+    using ListScreen::ListScreen;
+    using ListScreen::loadList;
 
     /// What is read in place of the list's own statement; empty: that one.
     std::string statement;

@@ -5,11 +5,11 @@
 #include "benchmark/contest/BareList.h"
 #include "benchmark/contest/BenchCompany.h"
 #include "benchmark/contest/SampleRows.h"
-#include "lists/ListRows.h"
+#include "maintenance/ListRows.h"
 #include "lists/Lists.h"
-#include "tests/support/QuietDesktop.h"
+#include "doubles/QuietDesktop.h"
 #include "workbench/company/CompanyFile.h"
-#include "workbench/company/SqlDialect.h"
+#include "workbench/sql/SqlDialect.h"
 
 namespace tsln::bench {
 namespace {
@@ -18,7 +18,7 @@ constexpr double mostToParts = 2;
 
 /// A list screen over a company, without windows.
 struct Stage {
-    Stage(BenchCompany& company, const lists::ListDescription& list) : screen(*library, list) {
+    Stage(BenchCompany& company, const ListDescription& list) : screen(*library, list) {
         library->Initialize(company.session().sharedCode());
         screen.load();
     }
@@ -41,7 +41,7 @@ std::size_t readBySqlite(SQLite::Database& database, const std::string& sql) {
 }
 
 void measureLoad(Report& report, const std::string& what, BenchCompany& company,
-                 const lists::ListDescription& list, const std::string& ownStatement = "") {
+                 const ListDescription& list, const std::string& ownStatement = "") {
     Stage stage(company, list);
     stage.screen.statement = ownStatement;
     const std::string statement = stage.screen.loadStatement();
@@ -55,7 +55,7 @@ void measureLoad(Report& report, const std::string& what, BenchCompany& company,
                            {"SQLite", [&] { use(readBySqlite(*database, sql)); }},
                            {"list",
                             [&] {
-                                bare.report.setRecords(lists::readListRows(std::move(copy), list.columns));
+                                bare.report.setRecords(readListRows(std::move(copy), list.columns));
                                 bare.report.populate();
                             },
                             [&] { copy = text; }}},

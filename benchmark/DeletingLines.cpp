@@ -5,7 +5,7 @@
 #include "benchmark/Lines.h"
 #include "benchmark/contest/BenchCompany.h"
 #include "lists/Lists.h"
-#include "tests/support/QuietDesktop.h"
+#include "doubles/QuietDesktop.h"
 
 namespace tsln::bench {
 namespace {

@@ -36,13 +36,13 @@ std::string textOf(xmlXPathContext* context, xmlNode* row, xmlXPathCompExpr* pat
 
 }  // namespace
 
-ReportRecords fillByLibxml2(const std::string& text, std::span<const lists::ListColumn> columns) {
+ReportRecords fillByLibxml2(const std::string& text, std::span<const ListColumn> columns) {
     const Document document(xmlReadMemory(text.data(), static_cast<int>(text.size()), nullptr, "UTF-8",
                                           XML_PARSE_HUGE | XML_PARSE_NONET));
     if (!document) throw std::runtime_error("libxml2 does not read the sample.");
     const Context context(xmlXPathNewContext(document.get()));
     std::vector<Path> paths;
-    for (const lists::ListColumn& column : columns)
+    for (const ListColumn& column : columns)
         paths.push_back(compile(std::string(column.field)));
     const Path idPath = compile("ID");
     const Path rowPath = compile("/Records/Record");

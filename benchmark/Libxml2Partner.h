@@ -3,12 +3,12 @@
 #include <span>
 #include <string>
 
-#include "lists/ListDescription.h"
+#include "maintenance/ListDescription.h"
 #include "screens/ReportRecords.h"
 
 namespace tsln::bench {
 
 /// Makes libxml2's document of it and asks an XPath, compiled beforehand, for each column of each row.
-ReportRecords fillByLibxml2(const std::string& text, std::span<const lists::ListColumn> columns);
+ReportRecords fillByLibxml2(const std::string& text, std::span<const ListColumn> columns);
 
 }  // namespace tsln::bench

@@ -11,7 +11,7 @@ namespace {
 constexpr double mostToPugixml = 1.3;
 constexpr double leastToLibxml2 = 5;
 
-void measureRows(Report& report, const std::string& what, const lists::ListDescription& list,
+void measureRows(Report& report, const std::string& what, const ListDescription& list,
                  std::string text) {
     Filling filling{list, std::move(text)};
     const auto copy = [&] { filling.takeCopy(); };
@@ -44,7 +44,7 @@ void measureRows(Report& report, const std::string& what, const lists::ListDescr
 }
 
 void measureCurve(const Settings& settings, Report& report, const std::string& what, std::size_t most,
-                  const lists::ListDescription& list, std::string (*makeText)(std::size_t)) {
+                  const ListDescription& list, std::string (*makeText)(std::size_t)) {
     std::unique_ptr<Filling> filling;
     measureGrowth(settings, report, what, most, [&](std::size_t rows) {
         filling.reset(new Filling{list, makeText(rows)});

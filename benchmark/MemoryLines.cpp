@@ -2,7 +2,7 @@
 #include "benchmark/Lines.h"
 #include "benchmark/contest/BareList.h"
 #include "benchmark/contest/SampleRows.h"
-#include "lists/ListRows.h"
+#include "maintenance/ListRows.h"
 #include "lists/Lists.h"
 
 namespace tsln::bench {
@@ -13,16 +13,16 @@ constexpr double mostMemory = 1.0;
 using Way = modSharedXML::RowReader::Way;
 
 /// The heap at its fullest while a text becomes a list, beyond the text itself, by the text's size.
-double peakOver(const lists::ListDescription& list, std::string text, Way way) {
+double peakOver(const ListDescription& list, std::string text, Way way) {
     BareList bare(list.columns);
     const auto size = static_cast<double>(text.size());
     const HeapMeter meter;
-    bare.report.setRecords(lists::readListRows(std::move(text), list.columns, way));
+    bare.report.setRecords(readListRows(std::move(text), list.columns, way));
     bare.report.populate();
     return static_cast<double>(meter.peak()) / size;
 }
 
-void measureRows(Report& report, const std::string& what, const lists::ListDescription& list,
+void measureRows(Report& report, const std::string& what, const ListDescription& list,
                  const std::string& text) {
     const double ours = peakOver(list, text, Way::OnePass);
     report.add(Line{.what = what, .against = "the text", .value = {ours, ours, ours}, .goal = mostMemory});

@@ -12,8 +12,8 @@ namespace {
 
 constexpr double mostToSort = 2;
 
-constexpr lists::ListColumn columns[] = {
-    {"Name", 200, "Name"}, {"Number", 80, "Number", lists::ListColumn::Show::Number}, {"Town", 80, "Town"}};
+constexpr ListColumn columns[] = {
+    {"Name", 200, "Name"}, {"Number", 80, "Number", ListColumn::Show::Number}, {"Town", 80, "Town"}};
 enum { name, number, town };
 
 /// A list to sort and the keys it is sorted by, ready made.

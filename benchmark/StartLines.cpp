@@ -12,8 +12,7 @@
 #include "benchmark/contest/BenchCompany.h"
 #include "benchmark/contest/StartParts.h"
 #include "desktop/WxDesktop.h"
-#include "entities/Entities.h"
-#include "lists/Lists.h"
+#include "module/Module.h"
 
 namespace tsln::bench {
 void startOnce(int argc, char** argv) {
@@ -26,8 +25,7 @@ void startOnce(int argc, char** argv) {
     const auto toolkit = WatchedList::Clock::now();
     desktop::WxDesktop desktop(nullptr, "");
     const auto library = std::make_shared<Library>(desktop);
-    lists::plugIn(*library);
-    entities::plugIn(*library);
+    plugInModule(*library);
     const auto created = WatchedList::Clock::now();
     library->Initialize(company.session().sharedCode());
     const auto initialized = WatchedList::Clock::now();

@@ -60,6 +60,20 @@ void HostScreen::reportError(const std::exception& error) noexcept {
     }
 }
 
+Busy::Busy(HostScreen& screen, std::initializer_list<Button*> buttons) : screen_(screen) {
+    ++screen_.busy_;
+    for (Button* button : buttons) {
+        if (button->enabled()) disabled_.push_back(button);
+        button->setEnabled(false);
+    }
+}
+
+Busy::~Busy() {
+    for (Button* button : disabled_)
+        button->setEnabled(true);
+    --screen_.busy_;
+}
+
 void restoreWindowPosition(Screen& screen, WindowValues which) {
     const std::string key = positionKey(screen);
     for (const auto& [name, member] : positionValues) {

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <initializer_list>
 #include <string>
+#include <vector>
 
 #include "bridge/Host.h"
 #include "bridge/Library.h"
@@ -30,11 +32,31 @@ class HostScreen : public Screen {
     void reportDatabaseFailure(std::string_view message, std::string_view explanation = standardExplanation);
 
   protected:
+    /// While the screen is busy, a request to close it by its close box is refused.
+    bool Form_QueryUnload(bool byCloseBox) override { return !(byCloseBox && busy_ > 0); }
     void Form_Help() override;
     void reportError(const std::exception& error) noexcept override;
 
   private:
+    friend class Busy;
+
     Library& library_;
+    int busy_ = 0;  // how many Busy there are
+};
+
+/// Marks a screen as busy while it lives. The buttons are disabled meanwhile; those that were enabled before are
+/// enabled again in the end.
+class Busy {
+  public:
+    /// The screen and its buttons must outlive it.
+    Busy(HostScreen& screen, std::initializer_list<Button*> buttons);
+    ~Busy();
+    Busy(const Busy&) = delete;
+    Busy& operator=(const Busy&) = delete;
+
+  private:
+    HostScreen& screen_;
+    std::vector<Button*> disabled_;
 };
 
 /// Which values of a screen's window are kept: the editors keep, besides its place and size, whether it fills

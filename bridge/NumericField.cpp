@@ -18,8 +18,9 @@ void check(TextBox& field, std::string_view member, const NumericBounds& bounds,
            double (*shape)(double)) noexcept {
     try {
         askHost(field, member, bounds);
+        return;  // what the host leaves in the field stands
     } catch (const std::exception&) {
-        // A host without the checker: the correction below is all there is.
+        // A host without the checker: the field is corrected here.
     }
     // Numeric text like "$5" or "1,000" is a number to the host but not to a statement.
     const bool plain = field.text().find_first_not_of("0123456789.-") == std::string::npos;

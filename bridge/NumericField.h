@@ -14,11 +14,11 @@ struct NumericBounds {
 /// Checks a whole-number field with the host's numeric-field checker, which corrects the text box in place.
 ///
 /// The checker is the component "tslnnum5.Checker", created for each check; its members "CheckInteger" and
-/// "CheckDecimal" take the text box, the minimum, the maximum and the default. Whatever it leaves behind, or
-/// when it is missing or raises, the field holds a plain number within the bounds afterwards: text that is no
-/// number becomes the default, a number outside becomes the nearest bound. Never throws.
+/// "CheckDecimal" take the text box, the minimum, the maximum and the default. The text that it leaves in the box
+/// stands. Where the component is missing or raises, the text is corrected here: one that is no number becomes the
+/// default, a number outside the bounds becomes the nearest bound. Never throws.
 void checkWholeNumberField(TextBox& field, const NumericBounds& bounds) noexcept;
-/// The same for a decimal field.
+/// Checks a decimal field, likewise.
 void checkDecimalField(TextBox& field, const NumericBounds& bounds) noexcept;
 
 }  // namespace tsln

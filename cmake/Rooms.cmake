@@ -30,9 +30,17 @@ function(tsln_target_name folder out)
     set(${out} ${name} PARENT_SCOPE)
 endfunction()
 
-# tsln_room(FOLDER [USES ROOM...] [LIBRARIES TARGET...] [WX]): the library of a folder.
+# tsln_room(FOLDER [IF CONDITION] [USES ROOM...] [LIBRARIES TARGET...] [WX]): the library of a folder, built where the
+# condition holds.
 function(tsln_room folder)
-    cmake_parse_arguments(ROOM "WX" "" "USES;LIBRARIES" ${ARGN})
+    cmake_parse_arguments(ROOM "WX" "" "IF;USES;LIBRARIES" ${ARGN})
+    set_property(GLOBAL APPEND PROPERTY TSLN_ROOMS "${folder}")
+    set_property(GLOBAL PROPERTY TSLN_USES_${folder} "${ROOM_USES}")
+    if(DEFINED ROOM_IF)
+        if(NOT (${ROOM_IF}))
+            return()
+        endif()
+    endif()
     tsln_target_name(${folder} target)
     file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${folder}/*.cpp)
     list(FILTER sources EXCLUDE REGEX "/(main|Dll)\\.cpp$")
@@ -46,13 +54,13 @@ function(tsln_room folder)
     target_link_libraries(${target} ${scope} tsln_options ${ROOM_LIBRARIES})
     foreach(used ${ROOM_USES})
         tsln_target_name(${used} usedTarget)
-        target_link_libraries(${target} ${scope} ${usedTarget})
+        if(TARGET ${usedTarget})  # not one that is built elsewhere only
+            target_link_libraries(${target} ${scope} ${usedTarget})
+        endif()
     endforeach()
     if(ROOM_WX AND sources)
         tsln_use_wx(${target})
     endif()
-    set_property(GLOBAL APPEND PROPERTY TSLN_ROOMS "${folder}")
-    set_property(GLOBAL PROPERTY TSLN_USES_${folder} "${ROOM_USES}")
 endfunction()
 
 # tsln_program(NAME FOLDER [USES ROOM...]): the program whose main.cpp stands in the folder; a folder that is no

@@ -9,7 +9,7 @@ constexpr std::string_view section = "Accounting";
 }  // namespace
 
 AccountingApplication::AccountingApplication(Library& library)
-    : TaskDialog(library, "frmChooseAccountingApplication") {
+    : RecordDialog(library, "frmChooseAccountingApplication") {
     setCaption("Choose Accounting Application");
     cboApp.addItem("", 0);
     cboApp.addItem("QuickBooks Desktop", 1);
@@ -21,16 +21,16 @@ Layout AccountingApplication::content() {
 }
 
 void AccountingApplication::Form_Load() {
-    TaskDialog::Form_Load();
+    RecordDialog::Form_Load();
     cmdOK.setEnabled(false);  // an option that could not be read is not written over
     const Variant stored = host().options().GetCompanyOption(option, section, 0);
     if (stored.isNumeric()) cboApp.choose(stored.toLong());
     cmdOK.setEnabled(true);
 }
 
-void AccountingApplication::cmdOK_Click() {
+bool AccountingApplication::save() {
     host().options().SetCompanyOption(option, section, cboApp.chosen().value_or(0));
-    accept();
+    return true;
 }
 
 bool chooseAccountingApplication(Library& library) {

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "lists/TaskDialog.h"
+#include "maintenance/RecordDialog.h"
 
 namespace tsln::lists {
 
 /// Records which accounting application the company uses.
-class AccountingApplication : public TaskDialog {
+class AccountingApplication : public RecordDialog {
   public:
     explicit AccountingApplication(Library& library);
 
@@ -14,7 +14,7 @@ class AccountingApplication : public TaskDialog {
   protected:
     void Form_Load() override;
     Layout content() override;
-    void cmdOK_Click() override;
+    bool save() override;
 };
 
 /// Shows the choice; true when it was cancelled.

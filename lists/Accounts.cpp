@@ -3,7 +3,6 @@
 namespace tsln::lists {
 namespace {
 
-using Kind = EditField::Kind;
 constexpr Choice accountTypes[] = {{1, "Sales"}, {2, "Purchase"}};
 
 }  // namespace
@@ -33,12 +32,9 @@ const ListDescription accountsList{
     .dialog = {
         .newCaption = "New Shipping Methods",
         .editCaption = "Edit Account",
-        .fields = {{Kind::Name, "txtAccount", "&Account:", "Account", "<a>"},
-                   {Kind::Choice, "cboAccountType", "Account &type:", "AccountType", "<t>", 0, accountTypes,
-                    "You must select an account type."},
+        .fields = {field::name("txtAccount", "&Account:", "Account", "<a>", "You must enter a valid account name.", "An account with this name already exists."),
+                   field::choice("cboAccountType", "Account &type:", "AccountType", "<t>", accountTypes).required("You must select an account type."),
                    exportedField},
-        .required = "You must enter a valid account name.",
-        .duplicate = "An account with this name already exists.",
         .saveFailure = "There was a problem saving this account.",
         .expression = true,
     }};

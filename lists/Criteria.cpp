@@ -5,7 +5,6 @@
 namespace tsln::lists {
 namespace {
 
-using Kind = EditField::Kind;
 using Show = ListColumn::Show;
 
 constexpr std::string_view enforceOption = "EnforceDepositRequirements";
@@ -26,8 +25,7 @@ const ListDescription fieldMeasureCriteriaList{
     .dialog = {
         .newCaption = "New Field Measure Criteria",
         .editCaption = "Edit Field Measure Criteria",
-        .fields = {{Kind::Name, "txtCriteria", "&Criteria:", "Criteria", "<m>"}},
-        .required = "You must enter a valid Field Measure Criteria.",
+        .fields = {field::name("txtCriteria", "&Criteria:", "Criteria", "<m>", "You must enter a valid Field Measure Criteria.")},
         .saveFailure = "There was a problem saving this Field Measure Criteria.",
     }};
 
@@ -44,8 +42,7 @@ const ListDescription quoteApprovalList{
     .dialog = {
         .newCaption = "New Quote Approval Criteria",
         .editCaption = "Edit Quote Approval Criteria",
-        .fields = {{Kind::Name, "txtCriteria", "&Criteria:", "Criteria", "<c>"}},
-        .required = "You must enter valid criteria.",
+        .fields = {field::name("txtCriteria", "&Criteria:", "Criteria", "<c>", "You must enter valid criteria.")},
         .saveFailure = "There was a problem saving this quote approval.",
     }};
 
@@ -62,9 +59,8 @@ const ListDescription depositCriteriaList{
     .dialog = {
         .newCaption = "New Deposit Criteria",
         .editCaption = "Edit Deposit Criteria",
-        .fields = {{Kind::Name, "txtCriteria", "&Criteria:", "Criteria", "<c>"},
-                   {Kind::Decimal, "txtPercent", "&Deposit (%):", "DepositPercent", "<d>", 100}},
-        .required = "You must enter valid criteria.",
+        .fields = {field::name("txtCriteria", "&Criteria:", "Criteria", "<c>", "You must enter valid criteria."),
+                   field::decimal("txtPercent", "&Deposit (%):", "DepositPercent", "<d>", 100)},
         .saveFailure = "There was a problem saving this deposit criteria.",
     }};
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "lists/ListScreen.h"
+#include "maintenance/ListScreen.h"
 
 namespace tsln::lists {
 

@@ -2,7 +2,6 @@
 
 namespace tsln::lists {
 
-using Kind = EditField::Kind;
 
 const ListDescription groupsList{
     .open = Operation::ShowGroups,
@@ -19,10 +18,8 @@ const ListDescription groupsList{
     .dialog = {
         .newCaption = "New Customer Groups",
         .editCaption = "Edit Customer Groups",
-        .fields = {{Kind::Name, "txtGroupName", "&Name:", "GroupName", "<m>"},
-                   {Kind::Memo, "txtDescription", "&Description:", "Description", "<d>"}},
-        .required = "You must enter a valid customer group name.",
-        .duplicate = "A customer group with this name already exists.",
+        .fields = {field::name("txtGroupName", "&Name:", "GroupName", "<m>", "You must enter a valid customer group name.", "A customer group with this name already exists."),
+                   field::lines("txtDescription", "&Description:", "Description", "<d>")},
         .saveFailure = "There was a problem saving this customer group.",
     }};
 

@@ -6,7 +6,6 @@
 namespace tsln::lists {
 namespace {
 
-using Kind = EditField::Kind;
 using Show = ListColumn::Show;
 
 constexpr Choice directions[] = {{0, "Down"}, {1, "Nearest"}};
@@ -40,17 +39,12 @@ const ListDescription customerTypesList{
     .dialog = {
         .newCaption = "New Customer Type",
         .editCaption = "Edit Customer Type",
-        .fields = {{Kind::Name, "txtName", "&Name:", "Name", "<n>"},
-                   {Kind::Check, "chkRound", "&Round unit prices", "RoundUnitPrice", "<rup>"},
-                   {Kind::Decimal, "txtRound", "Round &to:", "RoundUnitPriceTo", "<rupt>", 9999.99},
-                   {Kind::Choice, "cboDirection", "D&irection:", "RoundUnitPriceDirection", "<rupd>", 0,
-                    directions},
-                   {Kind::Choice, "cboOptionDiscountMethod", "&Option discounts:", "OptionDiscountMethod",
-                    "<odm>", 0, discountMethods},
-                   {Kind::Choice, "cboDiscountMethod", "&Discounts:", "DiscountMethod", "<dm>", 0,
-                    discountMethods}},
-        .required = "You must enter a valid name.",
-        .duplicate = "A customer type with this name already exists.",
+        .fields = {field::name("txtName", "&Name:", "Name", "<n>", "You must enter a valid name.", "A customer type with this name already exists."),
+                   field::check("chkRound", "&Round unit prices", "RoundUnitPrice", "<rup>"),
+                   field::decimal("txtRound", "Round &to:", "RoundUnitPriceTo", "<rupt>", 9999.99),
+                   field::choice("cboDirection", "D&irection:", "RoundUnitPriceDirection", "<rupd>", directions),
+                   field::choice("cboOptionDiscountMethod", "&Option discounts:", "OptionDiscountMethod", "<odm>", discountMethods),
+                   field::choice("cboDiscountMethod", "&Discounts:", "DiscountMethod", "<dm>", discountMethods)},
         .saveFailure = "There was a problem saving this customer type.",
         .insert = "INSERT INTO CustomerTypes (Name,RoundUnitPrice,RoundUnitPriceTo,RoundUnitPriceDirection,"
                   "OptionDiscountMethod,DiscountMethod) "

@@ -2,7 +2,6 @@
 
 namespace tsln::lists {
 
-using Kind = EditField::Kind;
 
 const ListDescription deliveryRangesList{
     .open = Operation::ShowDeliveryRanges,
@@ -20,9 +19,7 @@ const ListDescription deliveryRangesList{
     .dialog = {
         .newCaption = "New Delivery Range",
         .editCaption = "Edit Delivery Range",
-        .fields = {{Kind::Name, "txtRange", "&Delivery range:", "Range", "<m>"}},
-        .required = "You must enter a valid delivery range.",
-        .duplicate = "A delivery range with this name already exists.",
+        .fields = {field::name("txtRange", "&Delivery range:", "Range", "<m>", "You must enter a valid delivery range.", "A delivery range with this name already exists.")},
         .saveFailure = "There was a problem saving this delivery range.",
     }};
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "lists/ListDescription.h"
+#include "maintenance/ListDescription.h"
 #include "shared/modSharedStrings.h"
 
 namespace tsln::lists {

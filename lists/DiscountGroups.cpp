@@ -10,7 +10,6 @@
 namespace tsln::lists {
 namespace {
 
-using Kind = EditField::Kind;
 using Show = ListColumn::Show;
 
 constexpr Choice types[] = {{discountGroupTypes[0].number, discountGroupTypes[0].caption},
@@ -34,10 +33,8 @@ const ListDescription discountGroupsList{
     .dialog = {
         .newCaption = "New Discount Group",
         .editCaption = "Edit Discount Group",
-        .fields = {{Kind::Name, "txtDiscount", "&Discount group:", "DiscountGroup", "<sm>"},
-                   {Kind::Choice, "cboType", "&Type:", "DiscountGroupType", "<t>", 0, types}},
-        .required = "You must enter a valid discount group.",
-        .duplicate = "The discount group already exists.",
+        .fields = {field::name("txtDiscount", "&Discount group:", "DiscountGroup", "<sm>", "You must enter a valid discount group.", "The discount group already exists."),
+                   field::choice("cboType", "&Type:", "DiscountGroupType", "<t>", types)},
         .saveFailure = "There was a problem saving this discount group.",
         .expression = true,
     }};
@@ -59,8 +56,8 @@ void DiscountGroupsScreen::exportRows() {
     ListScreen::exportRows();
 }
 
-void DiscountGroupDialog::loaded() {
-    const std::string name = comparableGroupName(field("txtDiscount").text().text());
+void DiscountGroupDialog::filled() {
+    const std::string name = comparableGroupName(textBox("txtDiscount").text());
     if (std::ranges::find(discountGroupTypes, name, &DiscountGroupType::requiredGroup) ==
         std::end(discountGroupTypes)) {
         return;
@@ -74,7 +71,7 @@ void plugInDiscountGroups(Library& library) {
         return Variant(showList<DiscountGroupsScreen>(self, discountGroupsList));
     });
     library.plugIn(Operation::ShowEditDiscountGroups, [](Library& self, Arguments a) {
-        return Variant(showDialog<DiscountGroupDialog>(self, discountGroupsList, a[0].toLong()));
+        return Variant(runDialog<DiscountGroupDialog>(self, discountGroupsList, a[0].toLong())->result());
     });
     library.plugIn(Operation::CanDeleteDiscountGroup, [](Library& self, Arguments a) {
         return Variant(canDeleteDiscountGroup(self, a[0].toLong()));

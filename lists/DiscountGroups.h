@@ -1,7 +1,7 @@
 #pragma once
 
-#include "lists/EditDialog.h"
-#include "lists/ListScreen.h"
+#include "maintenance/RecordDialog.h"
+#include "maintenance/ListScreen.h"
 
 namespace tsln::lists {
 
@@ -16,12 +16,12 @@ class DiscountGroupsScreen : public ListScreen {
 };
 
 /// The dialog of a discount group. The groups every company needs cannot be changed.
-class DiscountGroupDialog : public EditDialog {
+class DiscountGroupDialog : public RecordDialog {
   public:
-    using EditDialog::EditDialog;
+    using RecordDialog::RecordDialog;
 
   protected:
-    void loaded() override;
+    void filled() override;
 };
 
 /// Gives the library the list, its dialog and the operations to delete a group.

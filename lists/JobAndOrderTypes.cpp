@@ -2,7 +2,6 @@
 
 namespace tsln::lists {
 
-using Kind = EditField::Kind;
 
 const ListDescription jobTypesList{
     .open = Operation::ShowJobTypes,
@@ -25,9 +24,7 @@ const ListDescription jobTypesList{
     .dialog = {
         .newCaption = "New Job Type",
         .editCaption = "Edit Job Type",
-        .fields = {{Kind::Name, "txtJobType", "&Job type:", "JobType", "<m>"}},
-        .required = "You must enter a valid job type.",
-        .duplicate = "This job type already exists.",
+        .fields = {field::name("txtJobType", "&Job type:", "JobType", "<m>", "You must enter a valid job type.", "This job type already exists.")},
         .saveFailure = "There was a problem saving this job type.",
     }};
 
@@ -46,9 +43,7 @@ const ListDescription orderTypesList{
     .dialog = {
         .newCaption = "New Order Type",
         .editCaption = "Edit Order Type",
-        .fields = {{Kind::Name, "txtOrderType", "&Order type:", "OrderType", "<m>"}},
-        .required = "You must enter a valid order type.",
-        .duplicate = "An order type with this name already exists.",
+        .fields = {field::name("txtOrderType", "&Order type:", "OrderType", "<m>", "You must enter a valid order type.", "An order type with this name already exists.")},
         .saveFailure = "There was a problem saving this order type.",
     }};
 

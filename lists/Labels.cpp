@@ -2,7 +2,6 @@
 
 namespace tsln::lists {
 
-using Kind = EditField::Kind;
 
 const ListDescription phoneLabelsList{
     .open = Operation::ShowPhoneLabels,
@@ -20,9 +19,7 @@ const ListDescription phoneLabelsList{
     .dialog = {
         .newCaption = "New Phone Label",
         .editCaption = "Edit Phone Label",
-        .fields = {{Kind::Name, "txtLabel", "&Phone label:", "Label", "<m>"}},
-        .required = "You must enter a valid Phone Label.",
-        .duplicate = "Phone Label already exists.",
+        .fields = {field::name("txtLabel", "&Phone label:", "Label", "<m>", "You must enter a valid Phone Label.", "Phone Label already exists.")},
         .saveFailure = "There was a problem saving this phone label.",
     }};
 
@@ -42,9 +39,7 @@ const ListDescription emailLabelsList{
     .dialog = {
         .newCaption = "New Email Label",
         .editCaption = "Edit Email Label",
-        .fields = {{Kind::Name, "txtLabel", "&Email label:", "Label", "<m>"}},
-        .required = "You must enter a valid Email Label.",
-        .duplicate = "Email Label already exists.",
+        .fields = {field::name("txtLabel", "&Email label:", "Label", "<m>", "You must enter a valid Email Label.", "Email Label already exists.")},
         .saveFailure = "There was a problem saving this email label.",
     }};
 

@@ -4,8 +4,8 @@
 #include "lists/Criteria.h"
 #include "lists/CustomerTypes.h"
 #include "lists/DiscountGroups.h"
-#include "lists/EditDialog.h"
-#include "lists/ListScreen.h"
+#include "maintenance/RecordDialog.h"
+#include "maintenance/ListScreen.h"
 #include "lists/Locations.h"
 #include "lists/MoveListReferences.h"
 #include "lists/SalesTaxGroupCodes.h"
@@ -43,10 +43,10 @@ void plugInList(Library& library, const ListDescription& list) {
     library.plugIn(list.open, [&list](Library& self, Arguments) { return Variant(showList<S>(self, list)); });
 }
 
-template <class D = EditDialog>
+template <class D = RecordDialog>
 void plugInDialog(Library& library, const ListDescription& list) {
     library.plugIn(list.edit, [&list](Library& self, Arguments a) {
-        return Variant(showDialog<D>(self, list, a[0].toLong()));
+        return Variant(runDialog<D>(self, list, a[0].toLong())->result());
     });
 }
 
@@ -54,8 +54,8 @@ void plugInDialog(Library& library, const ListDescription& list) {
 /// in its slot). It was not, so the result is the room's key after Cancel as well.
 Variant showMeasurementRoomDialog(Library& library, Arguments a) {
     const auto closed = runDialog(library, measurementRoomsList, a[0].toLong());
-    const auto asked = library.screens().instance(EditDialog::screenName(manufacturersList), [&] {
-        return std::make_shared<EditDialog>(library, manufacturersList);
+    const auto asked = library.screens().instance(dialogName(manufacturersList), [&] {
+        return std::make_shared<RecordDialog>(library, manufacturersList);
     });
     return asked->Cancelled ? 0 : closed->ID;
 }

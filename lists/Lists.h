@@ -1,7 +1,7 @@
 #pragma once
 
 #include "bridge/Library.h"
-#include "lists/ListDescription.h"
+#include "maintenance/ListDescription.h"
 
 namespace tsln::lists {
 
@@ -9,8 +9,8 @@ namespace tsln::lists {
 void plugIn(Library& library);
 
 /// "Exported to accounting", which several lists have last.
-inline constexpr EditField exportedField{EditField::Kind::Check, "chkExported", "&Exported to accounting",
-                                         "Exported", "<ex>"};
+inline constexpr FieldDescription exportedField =
+    field::check("chkExported", "&Exported to accounting", "Exported", "<ex>");
 
 extern const ListDescription termsList;
 extern const ListDescription paymentMethodsList, shippingMethodsList, referralMethodsList;

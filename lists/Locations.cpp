@@ -1,24 +1,12 @@
 #include "lists/Locations.h"
 
 #include "lists/Lists.h"
-#include "lists/modSharedReportControl.h"
+#include "maintenance/modSharedReportControl.h"
 
 namespace tsln::lists {
 namespace {
 
-using Kind = EditField::Kind;
-using modSharedSQL::doubleQuotes;
-
-/// The parts of an address as its columns end, and their tags.
-constexpr std::string_view addressParts[] = {"Address1", "Address2", "City", "State", "Zip", "Country"};
-constexpr std::string_view addressTags[] = {"<sa1>", "<sa2>", "<sy>", "<ss>", "<sz>", "<sc>"};
-
-Address readAddress(const std::string& prefix, const Record& row) {
-    Address address;
-    for (std::size_t i = 0; i < address.size(); ++i)
-        address[i] = modSharedXML::readText(prefix + std::string(addressParts[i]), row);
-    return address;
-}
+constexpr std::string_view addressBox = "txtShipToAddress";
 
 }  // namespace
 
@@ -42,23 +30,18 @@ const ListDescription locationsList{
     .dialog = {
         .newCaption = "New Location",
         .editCaption = "Edit Location",
-        .fields = {{Kind::Name, "txtName", "&Name:", "LocationName", "<name>"},
-                   {Kind::Text, "txtEmail", "&Email:", "Email", "<email>"},
-                   {Kind::Text, "txtWebSite", "&Web site:", "WebSite", "<web>"},
-                   {Kind::PhoneLabel, "cboPhone1Label", "Phone &1:", "Phone1Label", "<p1l>"},
-                   {Kind::Text, "txtPhone1", "Phone 1", "Phone1", "<p1>"},
-                   {Kind::PhoneLabel, "cboPhone2Label", "Phone &2:", "Phone2Label", "<p2l>"},
-                   {Kind::Text, "txtPhone2", "Phone 2", "Phone2", "<p2>"},
-                   {Kind::PhoneLabel, "cboPhone3Label", "Phone &3:", "Phone3Label", "<p3l>"},
-                   {Kind::Text, "txtPhone3", "Phone 3", "Phone3", "<p3>"},
-                   {Kind::PhoneLabel, "cboPhone4Label", "Phone &4:", "Phone4Label", "<p4l>"},
-                   {Kind::Text, "txtPhone4", "Phone 4", "Phone4", "<p4>"},
-                   {Kind::Memo, "txtShipToAddress", "Ship-to &address:", "ShipTo", {}},
-                   {Kind::Text, "txtStoreNumber", "&Store number:", "StoreNumber", "<sno>"},
-                   {Kind::Text, "txtMarketNumber", "&Market number:", "MarketNumber", "<mno>"},
-                   {Kind::Text, "txtMarketName", "Mar&ket name:", "MarketName", "<mname>"},
-                   {Kind::Text, "txtRegion", "&Region:", "Region", "<reg>"}},
-        .required = "You must enter a name for this location.",
+        .fields = field::join(
+            field::name("txtName", "&Name:", "LocationName", "<name>",
+                        "You must enter a name for this location."),
+            field::text("txtEmail", "&Email:", "Email", "<email>"),
+            field::text("txtWebSite", "&Web site:", "WebSite", "<web>"), field::phones(4, Rule::Text, false),
+            field::address(addressBox, "Ship-to &address:", "ShipTo",
+                           {"<sa1>", "<sa2>", "<sy>", "<ss>", "<sz>", "<sc>"}),
+            field::validateAddresses(),
+            field::text("txtStoreNumber", "&Store number:", "StoreNumber", "<sno>"),
+            field::text("txtMarketNumber", "&Market number:", "MarketNumber", "<mno>"),
+            field::text("txtMarketName", "Mar&ket name:", "MarketName", "<mname>"),
+            field::text("txtRegion", "&Region:", "Region", "<reg>")),
         .saveFailure = "There was a problem saving this location.",
         .saveExplanation = saveAgainExplanation,
         // The doubled MarketName here, and below that ValidateAddresses is not updated, are deliberate.
@@ -93,62 +76,21 @@ void LocationsScreen::cmdEdit_Click() {
 // The dialog ----------------------------------------------------------------------------------------------
 
 LocationDialog::LocationDialog(Library& library, const ListDescription& description)
-    : EditDialog(library, description) {
-    address().onLeave = [this] { address_Leave(); };
+    : RecordDialog(library, description) {
+    setValidateAddresses(true);  // of a new location
     cmdCopyAddress.onClick = [this] { cmdCopyAddress_Click(); };
 }
 
-Layout LocationDialog::phone(int number) {
-    const std::string n = std::to_string(number);
-    const FieldControl& label = field("cboPhone" + n + "Label");
-    TextBox& box = field("txtPhone" + n).text();
-    box.accessibleName = "Phone " + n;
-    box.widthInCharacters = 20;
-    return layout::row({label.layout(), layout::fill(box)});
-}
-
-Layout LocationDialog::fieldLayout() {
+Layout LocationDialog::content() {
     using namespace tsln::layout;
-    const auto fields = [this](std::initializer_list<std::string_view> controls) {
-        std::vector<Layout> rows;
-        for (const std::string_view control : controls)
-            rows.push_back(field(control).layout());
-        return form(std::move(rows));
-    };
     return row({
-        stretch(column({fields({"txtName", "txtEmail", "txtWebSite"}),
-                        framed(grpPhones, form({phone(1), phone(2), phone(3), phone(4)})), spring()})),
-        stretch(form({stretch(field("txtShipToAddress").layout()), row({spring(), item(cmdCopyAddress)}),
-                      field("txtStoreNumber").layout(), field("txtMarketNumber").layout(),
-                      field("txtMarketName").layout(), field("txtRegion").layout()})),
+        stretch(column({form({"txtName", "txtEmail", "txtWebSite"}),
+                        framed(grpPhones, tsln::layout::form(slots("Phone", 4))), spring()})),
+        stretch(tsln::layout::form(
+            {stretch(field(addressBox).layout()), row({spring(), item(cmdCopyAddress)}),
+             field("txtStoreNumber").layout(), field("txtMarketNumber").layout(),
+             field("txtMarketName").layout(), field("txtRegion").layout()})),
     });
-}
-
-void LocationDialog::showField(FieldControl& field, const Record& row) {
-    if (field.description().control != "txtShipToAddress") return field.show(row);
-    field.text().setText(host().CombineAddress(readAddress("ShipTo", row)));
-    validateAddresses_ = modSharedXML::readBoolean("ValidateAddresses", row);
-}
-
-void LocationDialog::addTags(FieldControl& field, std::vector<modSharedSQL::Tag>& tags) {
-    if (field.description().control != "txtShipToAddress") return EditDialog::addTags(field, tags);
-    const Address parts = parseAddress();
-    for (std::size_t i = 0; i < parts.size(); ++i)
-        tags.emplace_back(addressTags[i], doubleQuotes(parts[i]));
-    tags.emplace_back("<validateaddresses>", validateAddresses_);
-}
-
-/// The parts of the address box, which shows the address as the host has put it right.
-Address LocationDialog::parseAddress() {
-    std::string text = address().text();
-    Address parts = host().ParseAddress(text, validateAddresses_);
-    address().setText(std::move(text));
-    return parts;
-}
-
-void LocationDialog::address_Leave() {
-    if (address().text().empty()) validateAddresses_ = true;
-    parseAddress();
 }
 
 void LocationDialog::cmdCopyAddress_Click() {
@@ -156,8 +98,11 @@ void LocationDialog::cmdCopyAddress_Click() {
         "SELECT TOP 1 BillToAddress1, BillToAddress2, BillToCity, BillToState, BillToZip, BillToCountry FROM "
         "Company");
     if (company.empty()) return;  // what stands in the box is not thrown away for nothing
-    address().setText(host().CombineAddress(readAddress("BillTo", company.first())));
-    address().setFocus();
+    Address address;
+    for (std::size_t i = 0; i < address.size(); ++i)
+        address[i] = modSharedXML::readText("BillTo" + std::string(addressColumns[i]), company.first());
+    textBox(addressBox).setText(host().CombineAddress(address));
+    textBox(addressBox).setFocus();
 }
 
 }  // namespace tsln::lists

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "lists/EditDialog.h"
-#include "lists/ListScreen.h"
+#include "maintenance/RecordDialog.h"
+#include "maintenance/ListScreen.h"
 
 namespace tsln::lists {
 
@@ -16,7 +16,7 @@ class LocationsScreen : public ListScreen {
 };
 
 /// The dialog of a location, with its ship-to address in one box.
-class LocationDialog : public EditDialog {
+class LocationDialog : public RecordDialog {
   public:
     LocationDialog(Library& library, const ListDescription& description);
 
@@ -24,19 +24,10 @@ class LocationDialog : public EditDialog {
     Button cmdCopyAddress{*this, "cmdCopyAddress", "&Copy Company Address"};
 
   protected:
-    Layout fieldLayout() override;
-    void showField(FieldControl& field, const Record& row) override;
-    void addTags(FieldControl& field, std::vector<modSharedSQL::Tag>& tags) override;
+    Layout content() override;
 
   private:
-    TextBox& address() { return field("txtShipToAddress").text(); }
-    Layout phone(int number);
-    Address parseAddress();
-    void address_Leave();
     void cmdCopyAddress_Click();
-
-    /// The address is to be validated: stored with a new location, and the host's to change.
-    bool validateAddresses_ = true;
 };
 
 }  // namespace tsln::lists

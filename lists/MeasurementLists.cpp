@@ -3,7 +3,6 @@
 namespace tsln::lists {
 namespace {
 
-using Kind = EditField::Kind;
 
 constexpr std::int32_t measurementArea = 109;
 // The items' message speaks of rooms too (deliberate).
@@ -28,9 +27,8 @@ const ListDescription measurementRoomsList{
     .dialog = {
         .newCaption = "New Room",
         .editCaption = "Edit Room",
-        .fields = {{Kind::Name, "txtRoom", "&Room:", "Room", "<r>"}},
-        .required = "You must enter a valid Manufacturer.",  // deliberate: what users know it to say
-        .duplicate = "Room already exists.",
+        // The message speaks of a manufacturer (deliberate).
+        .fields = {field::name("txtRoom", "&Room:", "Room", "<r>", "You must enter a valid Manufacturer.", "Room already exists.")},
         .saveFailure = "There was a problem saving this room.",
     }};
 
@@ -51,9 +49,7 @@ const ListDescription measurementItemsList{
     .dialog = {
         .newCaption = "New Item",
         .editCaption = "Edit Item",
-        .fields = {{Kind::Name, "txtItemName", "&Item:", "ItemName", "<r>"}},
-        .required = "You must enter a valid item name.",
-        .duplicate = "Item already exists.",
+        .fields = {field::name("txtItemName", "&Item:", "ItemName", "<r>", "You must enter a valid item name.", "Item already exists.")},
         .saveFailure = "There was a problem saving this item.",
     }};
 
@@ -74,9 +70,7 @@ const ListDescription measurementMountsList{
     .dialog = {
         .newCaption = "New Mount",
         .editCaption = "Edit Mount",
-        .fields = {{Kind::Name, "txtMount", "&Mount:", "Mount", "<r>"}},
-        .required = "You must enter a valid mount.",
-        .duplicate = "Mount already exists.",
+        .fields = {field::name("txtMount", "&Mount:", "Mount", "<r>", "You must enter a valid mount.", "Mount already exists.")},
         .saveFailure = "There was a problem saving this mount.",
     }};
 

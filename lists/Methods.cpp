@@ -3,7 +3,6 @@
 namespace tsln::lists {
 namespace {
 
-using Kind = EditField::Kind;
 using Show = ListColumn::Show;
 
 constexpr Choice paymentTypes[] = {
@@ -33,16 +32,9 @@ const ListDescription paymentMethodsList{
     .dialog = {
         .newCaption = "New Payment Method",
         .editCaption = "Edit Payment Method",
-        .fields = {{Kind::Name, "txtPaymentMethod", "&Payment method:", "PaymentMethod", "<sm>"},
-                   {.kind = Kind::Choice,
-                    .control = "cboPaymentType",
-                    .label = "&Type:",
-                    .column = "PaymentType",
-                    .tag = "<t>",
-                    .choices = paymentTypes},
+        .fields = {field::name("txtPaymentMethod", "&Payment method:", "PaymentMethod", "<sm>", "You must enter a valid payment method.", "A payment method with this name already exists."),
+                   field::choice("cboPaymentType", "&Type:", "PaymentType", "<t>", paymentTypes),
                    exportedField},
-        .required = "You must enter a valid payment method.",
-        .duplicate = "A payment method with this name already exists.",
         .saveFailure = "There was a problem saving this payment method.",
     }};
 
@@ -67,16 +59,8 @@ const ListDescription shippingMethodsList{
     .dialog = {
         .newCaption = "New Shipping Methods",
         .editCaption = "Edit Shipping Methods",
-        .fields = {{Kind::Name, "txtShippingMethod", "&Shipping method:", "ShippingMethod", "<sm>"},
-                   {.kind = Kind::Choice,
-                    .control = "cboTaskType",
-                    .label = "&Task type:",
-                    .column = "TaskType",
-                    .tag = "<t>",
-                    .choices = taskTypes,
-                    .unchosen = "You must select a task type to add."}},
-        .required = "You must enter a valid shipping method.",
-        .duplicate = "The shipping method already exists.",
+        .fields = {field::name("txtShippingMethod", "&Shipping method:", "ShippingMethod", "<sm>", "You must enter a valid shipping method.", "The shipping method already exists."),
+                   field::choice("cboTaskType", "&Task type:", "TaskType", "<t>", taskTypes).required("You must select a task type to add.")},
         .saveFailure = "There was a problem saving this shipping method.",
     }};
 
@@ -99,9 +83,7 @@ const ListDescription referralMethodsList{
     .dialog = {
         .newCaption = "New Referral Method",
         .editCaption = "Edit Referral Method",
-        .fields = {{Kind::Name, "txtReferralMethod", "&Referral method:", "ReferralMethod", "<m>"}},
-        .required = "You must enter a valid Referral Method.",
-        .duplicate = "This referral method already exists.",
+        .fields = {field::name("txtReferralMethod", "&Referral method:", "ReferralMethod", "<m>", "You must enter a valid Referral Method.", "This referral method already exists.")},
         .saveFailure = "There was a problem saving this referral method.",
     }};
 

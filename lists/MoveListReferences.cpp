@@ -1,6 +1,6 @@
 #include "lists/MoveListReferences.h"
 
-#include "lists/ListDescription.h"
+#include "maintenance/ListDescription.h"
 #include "shared/modSharedSQL.h"
 
 namespace tsln::lists {
@@ -16,7 +16,7 @@ std::string_view withoutBrackets(std::string_view column) {
 
 }  // namespace
 
-MoveListReferences::MoveListReferences(Library& library) : TaskDialog(library, "frmMoveListReferences") {
+MoveListReferences::MoveListReferences(Library& library) : RecordDialog(library, "frmMoveListReferences") {
     setCaption("Move References");
     txtName.setLocked(true);
     txtName.accessibleName = "Entry whose references move";
@@ -56,8 +56,7 @@ void MoveListReferences::opened() {
 bool MoveListReferences::mayMoveTo(std::int32_t replacement) {
     if (replacement > 0) return true;
     if (list_->blankAllowed) return ask("Are you sure you want to change to a blank reference?");
-    tell("You cannot have a blank reference", MessageIcon::Exclamation);
-    cboReplacement.setFocus();
+    refuse("You cannot have a blank reference", &cboReplacement);
     return false;
 }
 
@@ -83,14 +82,14 @@ std::optional<std::int64_t> MoveListReferences::move(std::int32_t replacement) {
     return moved;
 }
 
-void MoveListReferences::cmdOK_Click() {
+bool MoveListReferences::save() {
     const std::int32_t replacement = cboReplacement.chosen().value_or(0);
-    if (!mayMoveTo(replacement)) return;
+    if (!mayMoveTo(replacement)) return false;
     const auto moved = move(replacement);
-    if (!moved) return;
+    if (!moved) return false;
     tell(format("Update complete. A total of {0} references where updated.", *moved),
          MessageIcon::Information);
-    accept();
+    return true;
 }
 
 bool moveListReferences(Library& library, std::int16_t listCode, std::int32_t ID) {

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "lists/ListReferences.h"
-#include "lists/TaskDialog.h"
+#include "maintenance/RecordDialog.h"
 
 namespace tsln::lists {
 
 /// Points everything that refers to one entry of a list at another entry.
-class MoveListReferences : public TaskDialog {
+class MoveListReferences : public RecordDialog {
   public:
     explicit MoveListReferences(Library& library);
 
@@ -20,7 +20,7 @@ class MoveListReferences : public TaskDialog {
   protected:
     Layout content() override;
     void opened() override;
-    void cmdOK_Click() override;
+    bool save() override;
 
   private:
     bool mayMoveTo(std::int32_t replacement);

@@ -1,6 +1,6 @@
 #include "lists/Lists.h"
 #include "lists/Tags.h"
-#include "lists/modSharedReportControl.h"
+#include "maintenance/modSharedReportControl.h"
 #include "shared/modSharedSQL.h"
 #include "shared/modSharedStrings.h"
 
@@ -35,7 +35,7 @@ void PortfolioTagsScreen::cmdEdit_Click() {
     if (!library().ShowEditPortfiolioTag(std::string(rptItems.cell(*record, 0)))) loadList();
 }
 
-PortfolioTagDialog::PortfolioTagDialog(Library& library) : TaskDialog(library, "frmPortfolioTags_Edit") {
+PortfolioTagDialog::PortfolioTagDialog(Library& library) : RecordDialog(library, "frmPortfolioTags_Edit") {
     setCaption("Rename Portfolio Tag");
 }
 
@@ -49,22 +49,21 @@ Layout PortfolioTagDialog::content() {
     return layout::form({layout::field("&Tag:", txtTag)});
 }
 
-void PortfolioTagDialog::cmdOK_Click() {
+bool PortfolioTagDialog::save() {
     using modSharedSQL::doubleQuotes;
     txtTag.setText(modSharedStrings::trim(txtTag.text()));
     if (txtTag.text().empty()) {
-        tell("You must enter a valid tag name.", MessageIcon::Exclamation);
-        txtTag.setFocus();
-        return;
+        refuse("You must enter a valid tag name.", &txtTag);
+        return false;
     }
     const std::string statement =
         modSharedSQL::fillTags("UPDATE PortfolioTags SET Tag = '<new>' WHERE Tag = '<old>'",
                                {{"<new>", doubleQuotes(txtTag.text())}, {"<old>", doubleQuotes(tag_)}});
     if (!host().database().ExecuteNonQuery(statement)) {
         reportDatabaseFailure("There was a problem renaming the tags.");
-        return;
+        return false;
     }
-    accept();
+    return true;
 }
 
 }  // namespace tsln::lists

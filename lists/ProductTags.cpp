@@ -54,7 +54,7 @@ void ProductTagsScreen::cmdNew_Click() {
 
 // The dialog ----------------------------------------------------------------------------------------------
 
-ProductTagsDialog::ProductTagsDialog(Library& library) : TaskDialog(library, "frmProductTags_Edit") {
+ProductTagsDialog::ProductTagsDialog(Library& library) : RecordDialog(library, "frmProductTags_Edit") {
     setCaption("Add Product Tags");
     lstUsed.columns = {{"Tags in Use", 200}};
     rptTags.columns = {{"Tags of This Product", 200}};
@@ -93,19 +93,18 @@ bool ProductTagsDialog::add(std::string_view insert, std::string_view placeholde
     return false;
 }
 
-void ProductTagsDialog::cmdOK_Click() {
+bool ProductTagsDialog::save() {
     txtTag.setText(modSharedStrings::trim(txtTag.text()));
     const bool chosen = std::ranges::any_of(lstUsed.entries(), &CheckList::Entry::ticked);
     if (txtTag.text().empty() && !chosen) {
-        tell("You must enter a valid tag name.", MessageIcon::Exclamation);
-        txtTag.setFocus();
-        return;
+        refuse("You must enter a valid tag name.", &txtTag);
+        return false;
     }
-    if (!txtTag.text().empty() && !add(insertTyped, "<t>", txtTag.text())) return;
+    if (!txtTag.text().empty() && !add(insertTyped, "<t>", txtTag.text())) return false;
     for (const CheckList::Entry& entry : lstUsed.entries()) {
-        if (entry.ticked && !add(insertChosen, "<st>", entry.cells.front())) return;
+        if (entry.ticked && !add(insertChosen, "<st>", entry.cells.front())) return false;
     }
-    accept();
+    return true;
 }
 
 }  // namespace tsln::lists

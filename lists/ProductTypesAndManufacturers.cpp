@@ -3,7 +3,6 @@
 namespace tsln::lists {
 namespace {
 
-using Kind = EditField::Kind;
 using Show = ListColumn::Show;
 
 /// What products are of may go only once no product is.
@@ -35,11 +34,8 @@ const ListDescription productTypesList{
     .dialog = {
         .newCaption = "New Product Type",
         .editCaption = "Edit Product Type",
-        .fields = {{Kind::Name, "txtProductType", "&Product type:", "ProductType", "<c>"},
-                   {Kind::Whole, "txtDeliveryDays", "&Estimated delivery (days):", "EstDeliveryDays", "<d>",
-                    999}},
-        .required = "You must enter valid product type.",
-        .duplicate = "This product type already exists.",
+        .fields = {field::name("txtProductType", "&Product type:", "ProductType", "<c>", "You must enter valid product type.", "This product type already exists."),
+                   field::whole("txtDeliveryDays", "&Estimated delivery (days):", "EstDeliveryDays", "<d>", 999)},
         .saveFailure = "There was a problem saving this product type.",
     }};
 
@@ -60,9 +56,7 @@ const ListDescription manufacturersList{
     .dialog = {
         .newCaption = "New Manufacturer",
         .editCaption = "Edit Manufacturer",
-        .fields = {{Kind::Name, "txtManufacturer", "&Manufacturer:", "Manufacturer", "<m>"}},
-        .required = "You must enter a valid Manufacturer.",
-        .duplicate = "Manufacturer already exists.",
+        .fields = {field::name("txtManufacturer", "&Manufacturer:", "Manufacturer", "<m>", "You must enter a valid Manufacturer.", "Manufacturer already exists.")},
         .saveFailure = "There was a problem saving this manufacturer.",
     }};
 

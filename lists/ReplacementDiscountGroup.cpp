@@ -3,7 +3,7 @@
 namespace tsln::lists {
 
 ReplacementDiscountGroup::ReplacementDiscountGroup(Library& library)
-    : TaskDialog(library, "frmGetReplacementDiscountGroup") {
+    : RecordDialog(library, "frmGetReplacementDiscountGroup") {
     setCaption("Replacement Discount Group");
 }
 
@@ -25,22 +25,21 @@ bool ReplacementDiscountGroup::initialize(std::int32_t goes) {
     return false;
 }
 
-void ReplacementDiscountGroup::cmdOK_Click() {
+bool ReplacementDiscountGroup::save() {
     const auto chosen = cboDiscountGroup.chosen();
     if (!chosen) {
-        tell("You must select a new discount group.", MessageIcon::Exclamation);
-        cboDiscountGroup.setFocus();
-        return;
+        refuse("You must select a new discount group.", &cboDiscountGroup);
+        return false;
     }
     ID = *chosen;
-    accept();
+    return true;
 }
 
 std::int32_t chooseReplacementDiscountGroup(Library& library, std::int32_t ID) {
     const auto closed = library.screens().show(
         "frmGetReplacementDiscountGroup", [&] { return std::make_shared<ReplacementDiscountGroup>(library); },
         [&](ReplacementDiscountGroup& screen) { return screen.initialize(ID); });
-    return closed->Cancelled ? 0 : closed->ID;
+    return closed->result();
 }
 
 }  // namespace tsln::lists

@@ -1,24 +1,22 @@
 #pragma once
 
-#include "lists/TaskDialog.h"
+#include "maintenance/RecordDialog.h"
 
 namespace tsln::lists {
 
-/// Lets the user choose the discount group that takes the place of one that is to go.
-class ReplacementDiscountGroup : public TaskDialog {
+/// Lets the user choose the discount group that takes the place of one that is to go; `ID` is the chosen one.
+class ReplacementDiscountGroup : public RecordDialog {
   public:
     explicit ReplacementDiscountGroup(Library& library);
 
     ComboBox cboDiscountGroup{*this, "cboDiscountGroup"};
-
-    std::int32_t ID = 0;  ///< the group that was chosen
 
     /// Offers every group but this one; false when there is none or they cannot be read, which has been told.
     bool initialize(std::int32_t goes);
 
   protected:
     Layout content() override;
-    void cmdOK_Click() override;
+    bool save() override;
 };
 
 /// Shows the choice; the chosen group, 0 when cancelled or when there is no other group.

@@ -2,7 +2,6 @@
 
 namespace tsln::lists {
 
-using Kind = EditField::Kind;
 using Show = ListColumn::Show;
 
 /// Rates are stored as percentages: 6 is six percent.
@@ -25,12 +24,10 @@ const ListDescription salesTaxCodesList{
     .dialog = {
         .newCaption = "New Sales Tax Code",
         .editCaption = "Edit Sales Tax Code",
-        .fields = {{Kind::Name, "txtCode", "&Code:", "Code", "<c>"},
-                   {Kind::Decimal, "txtRate", "&Rate (%):", "Rate", "<r>", 100},
-                   {Kind::Text, "txtVendor", "&Vendor/Agency:", "Vendor", "<v>"},
+        .fields = {field::name("txtCode", "&Code:", "Code", "<c>", "You must enter valid sales tax code.", "A sales tax code with this name already exists."),
+                   field::decimal("txtRate", "&Rate (%):", "Rate", "<r>", 100),
+                   field::text("txtVendor", "&Vendor/Agency:", "Vendor", "<v>"),
                    exportedField},
-        .required = "You must enter valid sales tax code.",
-        .duplicate = "A sales tax code with this name already exists.",
         .saveFailure = "There was a problem saving this sales tax code.",
         .insert = "INSERT INTO SalesTaxCodes (Code,Rate,Vendor,Exported) VALUES('<c>', <r>, '<v>',<ex>)",
         .expression = true,

@@ -6,7 +6,7 @@
 
 namespace tsln::lists {
 
-SalesTaxGroupCodes::SalesTaxGroupCodes(Library& library) : TaskDialog(library, "frmSalesTaxGroupCodes") {
+SalesTaxGroupCodes::SalesTaxGroupCodes(Library& library) : RecordDialog(library, "frmSalesTaxGroupCodes") {
     setCaption("Sales Tax Group Codes");
     lstCodes.columns = {{"Code", 140}, {"Rate (%)", 70, true}, {"Vendor/Agency", 220}};
     cmdOK.setEnabled(false);
@@ -43,12 +43,12 @@ void SalesTaxGroupCodes::opened() {
     cmdOK.setEnabled(true);  // not before: saving replaces the group's codes by those shown
 }
 
-void SalesTaxGroupCodes::cmdOK_Click() {
+bool SalesTaxGroupCodes::save() {
     const Database database = host().database();
     if (!database.ExecuteNonQuery("DELETE FROM SalesTaxGroupCodes WHERE SalesTaxGroupID = " +
                                   std::to_string(groupID))) {
         reportDatabaseFailure("Sales tax code selection could not be saved. (3738)", saveAgainExplanation);
-        return;
+        return false;
     }
     for (const CheckList::Entry& code : lstCodes.entries()) {
         if (!code.ticked) continue;
@@ -58,10 +58,10 @@ void SalesTaxGroupCodes::cmdOK_Click() {
         if (!database.ExecuteNonQuery(insert)) {
             reportDatabaseFailure("Sales tax code selection could not be saved. (3739)",
                                   saveAgainExplanation);
-            return;
+            return false;
         }
     }
-    accept();
+    return true;
 }
 
 bool assignSalesTaxCodes(Library& library, std::int32_t groupID) {

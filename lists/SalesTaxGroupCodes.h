@@ -1,12 +1,12 @@
 #pragma once
 
-#include "lists/TaskDialog.h"
+#include "maintenance/RecordDialog.h"
 #include "screens/CheckList.h"
 
 namespace tsln::lists {
 
 /// Assigns sales tax codes to a sales tax group. Left by the title bar it does not count as cancelled.
-class SalesTaxGroupCodes : public TaskDialog {
+class SalesTaxGroupCodes : public RecordDialog {
   public:
     explicit SalesTaxGroupCodes(Library& library);
 
@@ -18,7 +18,7 @@ class SalesTaxGroupCodes : public TaskDialog {
   protected:
     Layout content() override;
     void opened() override;
-    void cmdOK_Click() override;
+    bool save() override;
 };
 
 /// Shows the screen for a group; true when it was left by its Cancel button.

@@ -4,12 +4,11 @@
 
 #include "automation/NumericText.h"
 #include "lists/Lists.h"
-#include "lists/modSharedReportControl.h"
+#include "maintenance/modSharedReportControl.h"
 
 namespace tsln::lists {
 namespace {
 
-using Kind = EditField::Kind;
 using modSharedReportControl::selectedID;
 
 std::string combinedRate(const std::string& rate) {
@@ -33,11 +32,9 @@ const ListDescription salesTaxGroupsList{
     .dialog = {
         .newCaption = "New Sales Tax Group",
         .editCaption = "Edit Sales Tax Group",
-        .fields = {{Kind::Name, "txtSalesTaxGroup", "&Group:", "SalesTaxGroup", "<n>"},
-                   {Kind::Text, "txtDescription", "&Description:", "Description", "<d>"},
+        .fields = {field::name("txtSalesTaxGroup", "&Group:", "SalesTaxGroup", "<n>", "You must enter valid sales tax group name.", "A sales tax group with this name already exists."),
+                   field::text("txtDescription", "&Description:", "Description", "<d>"),
                    exportedField},
-        .required = "You must enter valid sales tax group name.",
-        .duplicate = "A sales tax group with this name already exists.",
         .saveFailure = "There was a problem saving this sales tax group.",
         .insert = "INSERT INTO SalesTaxGroups (SalesTaxGroup,Description,Exported) VALUES('<n>', '<d>',<ex>)",
     }};

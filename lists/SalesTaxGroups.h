@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "lists/ListScreen.h"
+#include "maintenance/ListScreen.h"
 
 namespace tsln::lists {
 

@@ -12,8 +12,8 @@ void plugInTags(Library& library) {
     library.plugIn(Operation::ShowEditProductTags, [](Library& self, Arguments a) {
         const auto closed = self.screens().show(
             "frmProductTags_Edit", [&] { return std::make_shared<ProductTagsDialog>(self); },
-            [&](ProductTagsDialog& dialog) { dialog.ID = a[0].toLong(); });
-        return Variant(closed->Cancelled ? 0 : closed->ID);
+            [&](ProductTagsDialog& dialog) { dialog.open(a[0].toLong()); });
+        return Variant(closed->result());
     });
     library.plugIn(Operation::ShowPortfolioTags, [](Library& self, Arguments) {
         showList<PortfolioTagsScreen>(self, portfolioTagsList);

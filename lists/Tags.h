@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "lists/ListScreen.h"
-#include "lists/TaskDialog.h"
+#include "maintenance/ListScreen.h"
+#include "maintenance/RecordDialog.h"
 #include "screens/CheckList.h"
 
 namespace tsln::lists {
@@ -23,8 +23,8 @@ class ProductTagsScreen : public ListScreen {
     bool named_ = false;
 };
 
-/// Adds tags to a product: a typed one, and any that are used elsewhere.
-class ProductTagsDialog : public TaskDialog {
+/// Adds tags to a product, whose key is its `ID`: a typed one, and any that are used elsewhere.
+class ProductTagsDialog : public RecordDialog {
   public:
     explicit ProductTagsDialog(Library& library);
 
@@ -32,12 +32,10 @@ class ProductTagsDialog : public TaskDialog {
     CheckList lstUsed{*this, "lstUsed"};
     ReportControl rptTags{*this, "rptTags"};
 
-    std::int32_t ID = 0;  ///< the product
-
   protected:
     Layout content() override;
     void opened() override;
-    void cmdOK_Click() override;
+    bool save() override;
 
   private:
     /// Adds the tag unless the product has it; false when that failed, which has been told.
@@ -55,7 +53,7 @@ class PortfolioTagsScreen : public ListScreen {
 };
 
 /// Renames a portfolio tag everywhere at once.
-class PortfolioTagDialog : public TaskDialog {
+class PortfolioTagDialog : public RecordDialog {
   public:
     explicit PortfolioTagDialog(Library& library);
 
@@ -66,7 +64,7 @@ class PortfolioTagDialog : public TaskDialog {
 
   protected:
     Layout content() override;
-    void cmdOK_Click() override;
+    bool save() override;
 
   private:
     std::string tag_;

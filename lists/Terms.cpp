@@ -3,7 +3,6 @@
 namespace tsln::lists {
 
 using Show = ListColumn::Show;
-using Kind = EditField::Kind;
 
 const ListDescription termsList{
     .open = Operation::ShowTerms,
@@ -25,13 +24,11 @@ const ListDescription termsList{
     .dialog = {
         .newCaption = "New Terms",
         .editCaption = "Edit Terms",
-        .fields = {{Kind::Name, "txtTerms", "&Terms:", "Terms", "<t>"},
-                   {Kind::Whole, "txtDueIn", "&Due in (days):", "DueDays", "<dd>", 999},
-                   {Kind::Percent, "txtDiscount", "D&iscount (%):", "Discount", "<dis>", 999.999},
-                   {Kind::Whole, "txtDiscountDays", "Discount da&ys:", "DiscountDays", "<d>", 999},
+        .fields = {field::name("txtTerms", "&Terms:", "Terms", "<t>", "You must enter a valid term.", "This term already exists."),
+                   field::whole("txtDueIn", "&Due in (days):", "DueDays", "<dd>", 999),
+                   field::percent("txtDiscount", "D&iscount (%):", "Discount", "<dis>", 999.999),
+                   field::whole("txtDiscountDays", "Discount da&ys:", "DiscountDays", "<d>", 999),
                    exportedField},
-        .required = "You must enter a valid term.",
-        .duplicate = "This term already exists.",
         .saveFailure = "There was a problem saving this term.",
     }};
 

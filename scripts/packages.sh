@@ -4,8 +4,9 @@
 build_packages=(g++ cmake ninja-build ccache pkg-config libwxgtk3.2-dev libgtk-3-dev libpugixml-dev libsqlite3-dev
     libsqlitecpp-dev libcli11-dev libssl-dev)
 test_packages=(libgtest-dev libgmock-dev)
-# The libraries that the benchmark compares with, what writes its results, and what draws them.
-bench_packages=(libxml2-dev nlohmann-json3-dev gnuplot-nox)
+# What the doubles it shares with the tests need, the libraries that it compares with, what writes its results, and
+# what draws them.
+bench_packages=(libgtest-dev libgmock-dev libxml2-dev nlohmann-json3-dev gnuplot-nox)
 # A display of its own where there is none: the server, a window manager, and what makes windows look complete.
 display_packages=(xvfb metacity adwaita-icon-theme fonts-inter)
 # The cross-build for Windows: the interface compiler, the interfaces it reads, and what makes the libraries' sources.

@@ -26,10 +26,11 @@ endfunction()
 
 tsln_windows_test(automation automation USES tsln_automation)
 tsln_windows_test(shared shared USES tsln_shared)
-tsln_windows_test(bridge bridge USES tsln_test_support)
-tsln_windows_test(lists lists USES tsln_test_support)
-tsln_windows_test(entities entities USES tsln_test_support)
-tsln_windows_test(workbench_host workbench/host USES tsln_workbench_host tsln_test_support)
+tsln_windows_test(bridge bridge USES tsln_doubles)
+tsln_windows_test(maintenance maintenance USES tsln_doubles)
+tsln_windows_test(lists lists USES tsln_doubles)
+tsln_windows_test(entities entities USES tsln_doubles)
+tsln_windows_test(workbench_host workbench/host USES tsln_workbench_host tsln_doubles)
 tsln_windows_test(com_edge com/edge USES tsln_com_edge)
 
 add_library(tsln_window_driver STATIC com/driver/WindowDriver.cpp)
@@ -38,7 +39,7 @@ add_executable(window_driver com/driver/main.cpp)
 target_link_libraries(window_driver PRIVATE tsln_window_driver)
 
 tsln_windows_test(com_server com/server
-    USES tsln_com_edge tsln_window_driver tsln_workbench_host tsln_test_support tsln_interface)
+    USES tsln_com_edge tsln_window_driver tsln_workbench_host tsln_doubles tsln_interface)
 add_dependencies(test_com_server tslnmaint5 tsln5pkg.exe tsln_interface_files)
 
 # The package as a user has it: unpacked, registered by its script, used from a script, unregistered.

@@ -1,19 +1,19 @@
 #pragma once
 
-#include "lists/ListDescription.h"
+#include "maintenance/ListDescription.h"
 #include "screens/ReportControl.h"
 #include "screens/Screen.h"
-#include "tests/support/QuietDesktop.h"
+#include "doubles/QuietDesktop.h"
 
 namespace tsln::bench {
 
 /// A report control on a screen that nobody shows, with the columns of a list.
 class BareList {
   public:
-    explicit BareList(std::span<const lists::ListColumn> columns) {
-        for (const lists::ListColumn& column : columns) {
+    explicit BareList(std::span<const ListColumn> columns) {
+        for (const ListColumn& column : columns) {
             report.columns.push_back({.caption = std::string(column.caption),
-                                      .numeric = column.show == lists::ListColumn::Show::Number});
+                                      .numeric = column.show == ListColumn::Show::Number});
         }
     }
 

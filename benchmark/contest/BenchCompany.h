@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "tests/support/TempFolder.h"
+#include "doubles/TempFolder.h"
 #include "workbench/host/CompanySession.h"
 
 namespace tsln::bench {

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "benchmark/contest/BareList.h"
-#include "lists/ListRows.h"
+#include "maintenance/ListRows.h"
 
 namespace tsln::bench {
 
@@ -12,13 +12,13 @@ namespace tsln::bench {
 struct Filling {
     using Way = modSharedXML::RowReader::Way;
 
-    const lists::ListDescription& list;
+    const ListDescription& list;
     std::string text;
     BareList bare{list.columns};
     std::string copy = {};
 
     void takeCopy() { copy = text; }
-    void fill(Way way = Way::OnePass) { show(lists::readListRows(std::move(copy), list.columns, way)); }
+    void fill(Way way = Way::OnePass) { show(readListRows(std::move(copy), list.columns, way)); }
     void show(ReportRecords records) {
         bare.report.setRecords(std::move(records));
         bare.report.populate();

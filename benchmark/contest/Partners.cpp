@@ -27,7 +27,7 @@ ObjectPtr parsedDocument(const std::string& text) {
     return document;
 }
 
-ReportRecords fillLateBoundByName(Object& document, std::span<const lists::ListColumn> columns) {
+ReportRecords fillLateBoundByName(Object& document, std::span<const ListColumn> columns) {
     const ObjectPtr rows = document.call("selectNodes", "//Records/Record").toObject();
     const std::int32_t count = rows->get("length").toLong();
     ReportRecords records(columns.size());
@@ -46,7 +46,7 @@ ReportRecords fillLateBoundByName(Object& document, std::span<const lists::ListC
     return records;
 }
 
-ReportRecords fillLateBoundByChild(Object& document, std::span<const lists::ListColumn> columns) {
+ReportRecords fillLateBoundByChild(Object& document, std::span<const ListColumn> columns) {
     const ObjectPtr rows = document.call("selectNodes", "//Records/Record").toObject();
     const std::int32_t count = rows->get("length").toLong();
     std::map<std::string, std::size_t> places;

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "automation/Object.h"
-#include "lists/ListDescription.h"
+#include "maintenance/ListDescription.h"
 #include "screens/ReportRecords.h"
 
 namespace tsln::bench {
@@ -17,8 +17,8 @@ std::size_t visitByPugixml(std::string& text);
 ObjectPtr parsedDocument(const std::string& text);
 /// Asks such a document late-bound: the rows by "selectNodes", each column of each row by "selectSingleNode"
 /// and "text".
-ReportRecords fillLateBoundByName(Object& document, std::span<const lists::ListColumn> columns);
+ReportRecords fillLateBoundByName(Object& document, std::span<const ListColumn> columns);
 /// The same by the rows' "childNodes", their "nodeName" and "text": fewer and cheaper calls.
-ReportRecords fillLateBoundByChild(Object& document, std::span<const lists::ListColumn> columns);
+ReportRecords fillLateBoundByChild(Object& document, std::span<const ListColumn> columns);
 
 }  // namespace tsln::bench

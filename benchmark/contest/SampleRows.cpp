@@ -189,9 +189,9 @@ std::string customersResult(std::size_t rows) {
     return result(rows, customersColumns(), customerValue);
 }
 
-const lists::ListDescription& customersList() {
-    static const lists::ListDescription list = [] {
-        lists::ListDescription description{.open = Operation::ShowTerms,
+const ListDescription& customersList() {
+    static const ListDescription list = [] {
+        ListDescription description{.open = Operation::ShowTerms,
                                            .edit = Operation::ShowEditTerms,
                                            .screenName = "frmCustomersOfTheBenchmark",
                                            .caption = "Customers",

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "lists/ListDescription.h"
+#include "maintenance/ListDescription.h"
 
 namespace tsln::bench {
 
@@ -19,7 +19,7 @@ const std::vector<std::string>& termsColumns();
 const std::vector<std::string>& customersColumns();
 
 /// A list of the customers that shows every column.
-const lists::ListDescription& customersList();
+const ListDescription& customersList();
 
 /// Names of people, many of them with beginnings in common, and the towns they live in.
 std::string personName(std::size_t row);

@@ -29,7 +29,7 @@ ObjectPtr systemDocument(const std::string& text) {
     return document;
 }
 
-void measureRows(Report& report, const std::string& what, const lists::ListDescription& list,
+void measureRows(Report& report, const std::string& what, const ListDescription& list,
                  std::string text) {
     Filling filling{list, std::move(text)};
     const auto copy = [&] { filling.takeCopy(); };

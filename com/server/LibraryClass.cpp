@@ -7,8 +7,7 @@
 #include "com/server/FrontEnd.h"
 #include "com/server/LateCall.h"
 #include "com/server/TypeLibrary.h"
-#include "entities/Entities.h"
-#include "lists/Lists.h"
+#include "module/Module.h"
 
 namespace tsln::com {
 namespace {
@@ -103,8 +102,7 @@ class LibraryClass : public ComObject<ILibrary, ISupportErrorInfo> {
   public:
     LibraryClass()
         : frontEnd_(FrontEnd::shared()), library_(std::make_shared<tsln::Library>(frontEnd_->desktop())) {
-        lists::plugIn(*library_);
-        entities::plugIn(*library_);
+        plugInModule(*library_);
     }
 
 // A slot for every row of the table. An argument is a triple that PARAMETER declares and GIVEN reads.

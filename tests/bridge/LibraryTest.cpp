@@ -3,9 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "lists/EditDialog.h"
-#include "tests/support/Stage.h"
-#include "tests/support/TempFolder.h"
+#include "maintenance/RecordDialog.h"
+#include "doubles/Stage.h"
+#include "doubles/TempFolder.h"
 
 namespace tsln::test {
 namespace {
@@ -46,7 +46,7 @@ TEST(Operations, StandInTheirOrder) {
 TEST(Library, AnswersByNameWithThePlatformsErrors) {
     Stage stage;
     Library& library = *stage.library;
-    stage.desktop.user<lists::EditDialog>("frmTerms_Edit", [](lists::EditDialog& d) { EXPECT_EQ(d.ID, 7); });
+    stage.desktop.user<RecordDialog>("frmTerms_Edit", [](RecordDialog& d) { EXPECT_EQ(d.ID, 7); });
     EXPECT_EQ(library.call("showeditterms", "7"), Variant(7));
     Variant byReference(std::int16_t{9});
     EXPECT_EQ(library.call("ShowEditTerms", Argument::byReference(byReference)), Variant(9));
@@ -123,7 +123,7 @@ TEST(Library, SubObjectsAreFetchedAnewForEveryCall) {
     Stage stage;
     const auto replacement = RecordingHost::make();
     replacement->on("Database.ExecuteNonQueryWithID", Variant(5));
-    stage.desktop.user<lists::EditDialog>("frmTerms_Edit", [&](lists::EditDialog& dialog) {
+    stage.desktop.user<RecordDialog>("frmTerms_Edit", [&](RecordDialog& dialog) {
         stage.library->Initialize(replacement->sharedCode());
         dynamic_cast<TextBox&>(*dialog.control("txtTerms")).userType("Net 1");
         dialog.cmdOK.userPress();

@@ -6,10 +6,10 @@
 
 #include "bridge/Library.h"
 #include "desktop/WxDesktop.h"
-#include "lists/EditDialog.h"
-#include "lists/ListScreen.h"
+#include "maintenance/RecordDialog.h"
+#include "maintenance/ListScreen.h"
 #include "lists/Lists.h"
-#include "tests/support/RecordingHost.h"
+#include "doubles/RecordingHost.h"
 
 namespace tsln::desktop::test {
 namespace {
@@ -23,7 +23,7 @@ long memoryInUse() {
 }
 
 /// A list and a dialog that close as soon as they have loaded.
-class BriefList : public lists::ListScreen {
+class BriefList : public ListScreen {
   public:
     using ListScreen::ListScreen;
 
@@ -35,13 +35,13 @@ class BriefList : public lists::ListScreen {
         cmdClose.userPress();
     }
 };
-class BriefDialog : public lists::EditDialog {
+class BriefDialog : public RecordDialog {
   public:
-    using EditDialog::EditDialog;
+    using RecordDialog::RecordDialog;
 
   protected:
     void Form_Activate() override {
-        EditDialog::Form_Activate();
+        RecordDialog::Form_Activate();
         cmdCancel.userPress();
     }
 };

@@ -6,7 +6,7 @@
 #include "bridge/Library.h"
 #include "entities/VendorEditor.h"
 #include "tests/desktop/Robot.h"
-#include "tests/support/RecordingHost.h"
+#include "doubles/RecordingHost.h"
 
 namespace tsln::desktop::test {
 namespace {

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "entities/VendorEditor.h"
-#include "tests/support/Stage.h"
+#include "doubles/Stage.h"
 
 namespace tsln::test {
 namespace {

@@ -4,7 +4,7 @@
 
 #include "screens/ReportControl.h"
 #include "screens/Screen.h"
-#include "tests/support/Stage.h"
+#include "doubles/Stage.h"
 
 /// What the user does on lists and dialogs, by the names of their controls.
 namespace tsln::test {

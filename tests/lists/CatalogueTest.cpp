@@ -3,17 +3,15 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "lists/EditDialog.h"
-#include "lists/ListScreen.h"
+#include "maintenance/RecordDialog.h"
+#include "maintenance/ListScreen.h"
 #include "tests/lists/Acts.h"
 #include "tests/lists/Catalogue.h"
-#include "tests/support/TempFolder.h"
+#include "doubles/TempFolder.h"
 
 namespace tsln::test {
 namespace {
 
-using lists::EditDialog;
-using lists::ListScreen;
 using testing::AllOf;
 using testing::Contains;
 using testing::Each;
@@ -148,12 +146,12 @@ TEST(Catalogue, AddsAndEditsARow) {
         SCOPED_TRACE(m.screen);
         MemberStage stage(m);
         stage.host->on("Database.ExecuteNonQueryWithID", Variant(7));
-        stage.desktop.user<EditDialog>(dialogName(m), [&](EditDialog& dialog) {
+        stage.desktop.user<RecordDialog>(dialogName(m), [&](RecordDialog& dialog) {
             EXPECT_EQ(dialog.caption(), m.newCaption);
             typeAll(dialog, m);
             dialog.cmdOK.userPress();
         });
-        stage.desktop.user<EditDialog>(dialogName(m), [&](EditDialog& dialog) {
+        stage.desktop.user<RecordDialog>(dialogName(m), [&](RecordDialog& dialog) {
             EXPECT_EQ(dialog.caption(), m.editCaption);
             dialog.cmdOK.userPress();
         });
@@ -183,7 +181,7 @@ TEST(Catalogue, RefusesAnEmptyAndADuplicateNameAndTellsAFailedSave) {
         stage.host->on("Common.RecordExists", [&](Arguments) { return Variant(exists); });
         stage.host->on("Database.ExecuteNonQueryWithID", Variant(0));
         const std::string& nameControl = m.typed.front().control;
-        stage.desktop.user<EditDialog>(dialogName(m), [&](EditDialog& dialog) {
+        stage.desktop.user<RecordDialog>(dialogName(m), [&](RecordDialog& dialog) {
             typeAll(dialog, m);
             enter(dialog, nameControl, "   ");
             dialog.cmdOK.userPress();
@@ -289,7 +287,7 @@ TEST(Catalogue, EveryHostFaultIsToldAndLosesNothing) {
         const auto scenario = [&](Stage& stage) {
             MemberStage::fill(stage, m);
             stage.host->on("Database.ExecuteNonQueryWithID", Variant(7));
-            const auto okOrCancel = [&](EditDialog& dialog, bool typed) {
+            const auto okOrCancel = [&](RecordDialog& dialog, bool typed) {
                 if (typed) typeAll(dialog, m);
                 dialog.cmdOK.userPress();
                 if (!dialog.shown()) return;
@@ -297,8 +295,8 @@ TEST(Catalogue, EveryHostFaultIsToldAndLosesNothing) {
                 EXPECT_TRUE(!typed || entered(dialog, m.typed.front().control) == "O'Neil");
                 dialog.cmdCancel.userPress();
             };
-            stage.desktop.user<EditDialog>(dialogName(m), [&](EditDialog& d) { okOrCancel(d, true); });
-            stage.desktop.user<EditDialog>(dialogName(m), [&](EditDialog& d) { okOrCancel(d, false); });
+            stage.desktop.user<RecordDialog>(dialogName(m), [&](RecordDialog& d) { okOrCancel(d, true); });
+            stage.desktop.user<RecordDialog>(dialogName(m), [&](RecordDialog& d) { okOrCancel(d, false); });
             stage.desktop.user<ListScreen>(m.screen, [&](ListScreen& list) {
                 list.cmdNew.userPress();
                 selectAll(list.rptItems);

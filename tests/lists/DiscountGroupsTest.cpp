@@ -9,7 +9,6 @@ namespace tsln::test {
 namespace {
 
 using lists::DiscountGroupDialog;
-using lists::ListScreen;
 using lists::ReplacementDiscountGroup;
 using testing::ElementsAre;
 using testing::IsEmpty;

@@ -12,8 +12,6 @@ namespace tsln::test {
 namespace {
 
 using lists::DepositCriteriaScreen;
-using lists::EditDialog;
-using lists::ListScreen;
 using lists::LocationDialog;
 using lists::PortfolioTagDialog;
 using lists::ProductTagsDialog;
@@ -53,7 +51,7 @@ TEST(ShippingMethods, ATaskTypeIsRequired) {
                      records("<Record><ID>7</ID><ShippingMethod>Van</ShippingMethod><TaskType>0</TaskType>"
                              "</Record>"));
     for (const std::int32_t ID : {0, 7}) {
-        stage.desktop.user<EditDialog>("frmShippingMethods_Edit", [](EditDialog& dialog) {
+        stage.desktop.user<RecordDialog>("frmShippingMethods_Edit", [](RecordDialog& dialog) {
             enter(dialog, "txtShippingMethod", "Truck");
             dialog.cmdOK.userPress();
             EXPECT_TRUE(dialog.shown());
@@ -69,12 +67,12 @@ TEST(ShippingMethods, ATaskTypeIsRequired) {
 TEST(MeasurementRooms, TheDialogAnswersWithItsRowAfterCancelToo) {
     Stage stage;
     for (const std::int32_t ID : {0, 7}) {
-        stage.desktop.user<EditDialog>("frmMeasurementRooms_Edit",
-                                       [](EditDialog& dialog) { dialog.cmdCancel.userPress(); });
+        stage.desktop.user<RecordDialog>("frmMeasurementRooms_Edit",
+                                       [](RecordDialog& dialog) { dialog.cmdCancel.userPress(); });
         EXPECT_EQ(stage.library->ShowEditMeasurementRoom(ID), ID);
     }
     // The manufacturers' dialog, which was asked, is as fresh as ever.
-    stage.desktop.user<EditDialog>("frmManufacturers_Edit", [](EditDialog& dialog) {
+    stage.desktop.user<RecordDialog>("frmManufacturers_Edit", [](RecordDialog& dialog) {
         EXPECT_EQ(dialog.ID, 5);
         dialog.cmdCancel.userPress();
     });

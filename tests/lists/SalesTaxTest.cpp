@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "lists/EditDialog.h"
+#include "maintenance/RecordDialog.h"
 #include "lists/SalesTaxGroupCodes.h"
 #include "lists/SalesTaxGroups.h"
 #include "tests/lists/Acts.h"
@@ -9,8 +9,6 @@
 namespace tsln::test {
 namespace {
 
-using lists::EditDialog;
-using lists::ListScreen;
 using lists::SalesTaxGroupCodes;
 using lists::SalesTaxGroupsScreen;
 using testing::ElementsAre;
@@ -90,7 +88,7 @@ TEST(SalesTaxGroups, LeadAFirstTimeUserFromCodesToAGroup) {
             return Variant(codes);
         });
         stage.desktop.user<ListScreen>("frmSalesTaxCodes", [&](ListScreen&) { codes = makesACode ? 1 : 0; });
-        stage.desktop.user<EditDialog>("frmSalesTaxGroups_Edit", [](EditDialog& dialog) {
+        stage.desktop.user<RecordDialog>("frmSalesTaxGroups_Edit", [](RecordDialog& dialog) {
             EXPECT_EQ(dialog.caption(), "New Sales Tax Group");
             dialog.cmdOK.userPress();
             enter(dialog, "txtSalesTaxGroup", "O'Neil");

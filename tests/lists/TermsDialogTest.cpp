@@ -1,15 +1,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "lists/EditDialog.h"
+#include "maintenance/RecordDialog.h"
 #include "shared/modSharedSQL.h"
 #include "shared/modSharedStrings.h"
-#include "tests/support/Stage.h"
+#include "doubles/Stage.h"
 
 namespace tsln::test {
 namespace {
 
-using lists::EditDialog;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -36,7 +35,7 @@ void type(Screen& dialog, const std::string& terms, const std::string& dueIn, co
 TEST(TermsDialog, LoadsTheRowAndSavesIt) {
     Stage stage;
     stage.host->rows(readSeven, rowSeven);
-    stage.desktop.user<EditDialog>("frmTerms_Edit", [](EditDialog& dialog) {
+    stage.desktop.user<RecordDialog>("frmTerms_Edit", [](RecordDialog& dialog) {
         EXPECT_EQ(dialog.caption(), "Edit Terms");
         EXPECT_EQ(box(dialog, "txtTerms").text(), "2% 10 Net 30");
         EXPECT_EQ(box(dialog, "txtDueIn").text(), "30");
@@ -60,7 +59,7 @@ TEST(TermsDialog, LoadsTheRowAndSavesIt) {
 TEST(TermsDialog, InsertsANewRowAndReturnsItsKey) {
     Stage stage;
     stage.host->on("Database.ExecuteNonQueryWithID", Variant(12));
-    stage.desktop.user<EditDialog>("frmTerms_Edit", [](EditDialog& dialog) {
+    stage.desktop.user<RecordDialog>("frmTerms_Edit", [](RecordDialog& dialog) {
         EXPECT_EQ(dialog.caption(), "New Terms");
         EXPECT_EQ(box(dialog, "txtDiscount").text(), "0") << "shown in its normal form from the start";
         type(dialog, "Net <d> {0}", "", "2.5", "");
@@ -78,19 +77,19 @@ TEST(TermsDialog, InsertsANewRowAndReturnsItsKey) {
 TEST(TermsDialog, EveryWayOut) {
     struct Way {
         const char* name;
-        std::function<void(EditDialog&)> leave;
+        std::function<void(RecordDialog&)> leave;
         std::int32_t opened, result;
     };
     const Way ways[] = {
-        {"Cancel", [](EditDialog& d) { d.cmdCancel.userPress(); }, 7, 0},
-        {"Cancel on a new row", [](EditDialog& d) { d.cmdCancel.userPress(); }, 0, 0},
-        {"the close box counts as accepted", [](EditDialog& d) { d.userClose(); }, 7, 7},
-        {"the close box on a new row", [](EditDialog& d) { d.userClose(); }, 0, 0},
+        {"Cancel", [](RecordDialog& d) { d.cmdCancel.userPress(); }, 7, 0},
+        {"Cancel on a new row", [](RecordDialog& d) { d.cmdCancel.userPress(); }, 0, 0},
+        {"the close box counts as accepted", [](RecordDialog& d) { d.userClose(); }, 7, 7},
+        {"the close box on a new row", [](RecordDialog& d) { d.userClose(); }, 0, 0},
     };
     for (const Way& way : ways) {
         Stage stage;
         stage.host->rows(readSeven, rowSeven);
-        stage.desktop.user<EditDialog>("frmTerms_Edit", [&](EditDialog& dialog) {
+        stage.desktop.user<RecordDialog>("frmTerms_Edit", [&](RecordDialog& dialog) {
             type(dialog, "changed", "1", "1", "1");
             way.leave(dialog);
             EXPECT_FALSE(dialog.shown());
@@ -103,7 +102,7 @@ TEST(TermsDialog, EveryWayOut) {
 TEST(TermsDialog, RefusesAnEmptyAndADuplicateName) {
     Stage stage;
     stage.host->on("Common.RecordExists", [](Arguments a) { return Variant(a[2].toText() == "Net 30"); });
-    stage.desktop.user<EditDialog>("frmTerms_Edit", [](EditDialog& dialog) {
+    stage.desktop.user<RecordDialog>("frmTerms_Edit", [](RecordDialog& dialog) {
         for (const char* name : {"   ", "Net 30"}) {
             type(dialog, name, "9", "1", "2");
             box(dialog, "txtDueIn").setFocus();
@@ -148,7 +147,7 @@ TEST(TermsDialog, NumbersAreCorrectedBeforeTheyReachTheDatabase) {
                 return Variant();
             });
             if (!withChecker) stage.desktop.components = nullptr;
-            stage.desktop.user<EditDialog>("frmTerms_Edit", [&](EditDialog& dialog) {
+            stage.desktop.user<RecordDialog>("frmTerms_Edit", [&](RecordDialog& dialog) {
                 type(dialog, "T", c.dueIn, c.discount, c.days);
                 dialog.cmdOK.userPress();
             });
@@ -171,7 +170,7 @@ TEST(TermsDialog, LeavingANumericFieldLetsTheHostCorrectItsTextBox) {
         a[0].object().put("Text", "77");
         return Variant();
     });
-    stage.desktop.user<EditDialog>("frmTerms_Edit", [](EditDialog& dialog) {
+    stage.desktop.user<RecordDialog>("frmTerms_Edit", [](RecordDialog& dialog) {
         box(dialog, "txtDueIn").userType("x");
         EXPECT_EQ(box(dialog, "txtDueIn").text(), "x");
         box(dialog, "txtDueIn").userLeft();
@@ -191,7 +190,7 @@ TEST(TermsDialog, AFailedSaveKeepsTheInputAndCanBeTriedAgain) {
         stage.host->on("Database.ExecuteNonQuery", [&](Arguments) { return Variant(++tries > 1); });
         stage.host->on("Database.ExecuteNonQueryWithID",
                        [&](Arguments) { return Variant(++tries > 1 ? 8 : -1); });
-        stage.desktop.user<EditDialog>("frmTerms_Edit", [](EditDialog& dialog) {
+        stage.desktop.user<RecordDialog>("frmTerms_Edit", [](RecordDialog& dialog) {
             type(dialog, "Net 5", "5", "1", "2");
             dialog.cmdOK.userPress();
             EXPECT_TRUE(dialog.shown());
@@ -208,13 +207,13 @@ TEST(TermsDialog, AFailedSaveKeepsTheInputAndCanBeTriedAgain) {
 
 TEST(TermsDialog, TheCloseBoxIsRefusedWhileItSaves) {
     Stage stage;
-    EditDialog* open = nullptr;
+    RecordDialog* open = nullptr;
     stage.host->on("Database.ExecuteNonQueryWithID", [&](Arguments) {
         open->userClose();
         EXPECT_TRUE(open->shown());
         return Variant(3);
     });
-    stage.desktop.user<EditDialog>("frmTerms_Edit", [&](EditDialog& dialog) {
+    stage.desktop.user<RecordDialog>("frmTerms_Edit", [&](RecordDialog& dialog) {
         open = &dialog;
         box(dialog, "txtTerms").userType("Net 1");
         dialog.cmdOK.userPress();
@@ -226,7 +225,7 @@ TEST(TermsDialog, ARowThatCouldNotBeReadCannotBeSavedOver) {
     for (const char* answer : {"<Records><Record>", "no xml at all"}) {
         Stage stage;
         stage.host->rows(readSeven, answer);
-        stage.desktop.user<EditDialog>("frmTerms_Edit", [](EditDialog& dialog) {
+        stage.desktop.user<RecordDialog>("frmTerms_Edit", [](RecordDialog& dialog) {
             box(dialog, "txtTerms").userType("typed into the void");
             dialog.cmdOK.userPress();
             EXPECT_TRUE(dialog.shown());
@@ -245,7 +244,7 @@ TEST(TermsDialog, OddNamesTravelWhole) {
                                  modSharedStrings::trim(longName)};
     for (const std::string& name : names) {
         Stage stage;
-        stage.desktop.user<EditDialog>("frmTerms_Edit", [&](EditDialog& dialog) {
+        stage.desktop.user<RecordDialog>("frmTerms_Edit", [&](RecordDialog& dialog) {
             box(dialog, "txtTerms").userType(name);
             dialog.cmdOK.userPress();
         });
@@ -261,7 +260,7 @@ TEST(TermsDialog, EveryHostFaultIsToldAndKeepsTheInput) {
         sweepFaults(
             [ID](Stage& stage) {
                 stage.host->rows(readSeven, rowSeven);
-                stage.desktop.user<EditDialog>("frmTerms_Edit", [&](EditDialog& dialog) {
+                stage.desktop.user<RecordDialog>("frmTerms_Edit", [&](RecordDialog& dialog) {
                     type(dialog, "Net 5", "5", "1", "2");
                     dialog.cmdOK.userPress();
                     if (dialog.shown()) {

@@ -4,14 +4,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "lists/ListScreen.h"
-#include "tests/support/Stage.h"
-#include "tests/support/TempFolder.h"
+#include "maintenance/ListScreen.h"
+#include "doubles/Stage.h"
+#include "doubles/TempFolder.h"
 
 namespace tsln::test {
 namespace {
 
-using lists::ListScreen;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -233,7 +232,7 @@ TEST(ListScreen, ReferencedRowsAreRefusedWithTheirCountAndTheLoopGoesOn) {
         {"SELECT COUNT(*) AS MyCount FROM Orders WHERE TermsID = {0}", "<Bold>{0}</Bold> has {1} orders.",
          "There."},
     };
-    lists::ListDescription guarded = lists::termsList;
+    ListDescription guarded = lists::termsList;
     guarded.deletionChecks.assign(std::begin(checks), std::end(checks));
     TermsStage stage;
     stage.host->on("Database.ExecuteScaler", [](Arguments a) {

@@ -5,7 +5,7 @@
 
 #include "screens/ReportControl.h"
 #include "screens/Screen.h"
-#include "tests/support/QuietDesktop.h"
+#include "doubles/QuietDesktop.h"
 
 namespace tsln {
 namespace {

@@ -5,8 +5,7 @@
 #include "automation/FilePath.h"
 #include "bridge/Library.h"
 #include "desktop/WxDesktop.h"
-#include "entities/Entities.h"
-#include "lists/Lists.h"
+#include "module/Module.h"
 #include "workbench/app/Module.h"
 #include "workbench/host/CompanySession.h"
 
@@ -39,8 +38,7 @@ Module::Module(const CompanySession& session, OnProcessEnd onProcessEnd)
                    settingsFile()}}) {
     parts_->desktop.onProcessEnd = std::move(onProcessEnd);
     auto library = std::make_shared<Library>(parts_->desktop);
-    lists::plugIn(*library);
-    entities::plugIn(*library);
+    plugInModule(*library);
     parts_->library = std::move(library);
 }
 

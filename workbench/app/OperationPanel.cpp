@@ -1,6 +1,6 @@
 #include "workbench/app/OperationPanel.h"
 
-#include "workbench/app/OperationGroups.h"
+#include "workbench/tour/OperationGroups.h"
 
 namespace tsln::workbench {
 namespace {

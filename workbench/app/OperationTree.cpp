@@ -2,7 +2,7 @@
 
 #include <wx/wupdlock.h>
 
-#include "workbench/app/OperationGroups.h"
+#include "workbench/tour/OperationGroups.h"
 
 namespace tsln::workbench {
 namespace {

@@ -4,10 +4,10 @@
 
 #include "shared/modSharedXML.h"
 #include "workbench/app/Console.h"
-#include "workbench/app/Gallery.h"
+#include "workbench/tour/Gallery.h"
 #include "workbench/app/ProcessEndMessage.h"
-#include "workbench/app/Tour.h"
-#include "workbench/app/VirtualUser.h"
+#include "workbench/tour/Tour.h"
+#include "workbench/tour/VirtualUser.h"
 #include "workbench/app/WorkbenchFrame.h"
 
 namespace tsln::workbench {

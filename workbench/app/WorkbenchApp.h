@@ -9,7 +9,7 @@
 #include "workbench/app/MessageWindows.h"
 #include "workbench/app/Module.h"
 #include "workbench/app/Options.h"
-#include "workbench/app/Script.h"
+#include "workbench/tour/Script.h"
 #include "workbench/host/CompanySession.h"
 
 namespace tsln::workbench {

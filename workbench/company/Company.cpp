@@ -7,7 +7,7 @@
 
 #include "workbench/company/CompanyFile.h"
 #include "workbench/company/RecordsXml.h"
-#include "workbench/company/SqlDialect.h"
+#include "workbench/sql/SqlDialect.h"
 
 namespace tsln::workbench {
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "automation/Variant.h"
+#include "workbench/sql/SqlError.h"
 
 namespace tsln::workbench {
 
@@ -20,16 +21,6 @@ class CompanyFileError : public std::runtime_error {
 
   private:
     Reason reason_;
-};
-
-/// A statement that the database, or the reader of the SQL Server dialect, refused. what() is its text.
-class SqlError : public std::runtime_error {
-  public:
-    SqlError(int sqlCode, const std::string& text) : std::runtime_error(text), code_(sqlCode) {}
-    int code() const noexcept { return code_; }
-
-  private:
-    int code_;
 };
 
 /// What a statement gave: a query its rows, any other the number of rows it changed.

@@ -9,7 +9,7 @@
 #include "automation/FilePath.h"
 #include "workbench/company/NewFile.h"
 #include "workbench/company/Schema.h"
-#include "workbench/company/SqlFunctions.h"
+#include "workbench/sql/SqlFunctions.h"
 
 namespace tsln::workbench {
 

@@ -8,7 +8,7 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <sqlite3.h>
 
-#include "workbench/company/TextOrder.h"
+#include "workbench/sql/TextOrder.h"
 
 namespace tsln::workbench {
 

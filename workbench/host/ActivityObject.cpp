@@ -1,7 +1,7 @@
 #include "workbench/host/ActivityObject.h"
 
 #include "shared/modSharedSQL.h"
-#include "workbench/company/SqlText.h"
+#include "workbench/sql/SqlText.h"
 #include "workbench/host/TextOf.h"
 
 namespace tsln::workbench {

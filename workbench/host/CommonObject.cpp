@@ -6,8 +6,8 @@
 #include "shared/modSharedSQL.h"
 #include "shared/modSharedStrings.h"
 #include "shared/modSharedXML.h"
-#include "workbench/company/Guid.h"
-#include "workbench/company/SqlText.h"
+#include "workbench/sql/Guid.h"
+#include "workbench/sql/SqlText.h"
 #include "workbench/host/TextOf.h"
 
 namespace tsln::workbench {

@@ -1,6 +1,6 @@
 #include "workbench/host/EventLog.h"
 
-#include "workbench/company/SqlText.h"
+#include "workbench/sql/SqlText.h"
 #include "workbench/host/HostDate.h"
 
 namespace tsln::workbench {

@@ -1,7 +1,7 @@
 #include "workbench/host/HostContext.h"
 
 #include "shared/modSharedXML.h"
-#include "workbench/company/SqlText.h"
+#include "workbench/sql/SqlText.h"
 
 namespace tsln::workbench {
 namespace {

@@ -4,7 +4,7 @@
 
 #include <pugixml.hpp>
 
-#include "workbench/company/SqlText.h"
+#include "workbench/sql/SqlText.h"
 #include "workbench/host/ListImporter.h"
 #include "workbench/host/SectionsFile.h"
 #include "workbench/host/TextOf.h"

@@ -9,8 +9,8 @@
 #include "automation/Object.h"
 #include "shared/modSharedStrings.h"
 #include "shared/modSharedXML.h"
-#include "workbench/company/SqlText.h"
-#include "workbench/company/TextOrder.h"
+#include "workbench/sql/SqlText.h"
+#include "workbench/sql/TextOrder.h"
 #include "workbench/host/ImportLists.h"
 
 namespace tsln::workbench {

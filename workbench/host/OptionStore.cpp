@@ -1,6 +1,6 @@
 #include "workbench/host/OptionStore.h"
 
-#include "workbench/company/SqlText.h"
+#include "workbench/sql/SqlText.h"
 
 namespace tsln::workbench {
 namespace {

@@ -6,8 +6,8 @@
 #include <pugixml.hpp>
 
 #include "workbench/company/EmbeddedFile.h"
-#include "workbench/company/SqlText.h"
-#include "workbench/company/TextOrder.h"
+#include "workbench/sql/SqlText.h"
+#include "workbench/sql/TextOrder.h"
 
 namespace tsln::workbench {
 

@@ -20,7 +20,7 @@
 
 #include "workbench/company/CommandLine.h"
 #include "workbench/company/PackageSource.h"
-#include "workbench/company/TextOrder.h"
+#include "workbench/sql/TextOrder.h"
 #include "workbench/package/Packages.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #include "com/edge/Conversion.h"
 #include "com/edge/Wide.h"
 #include "tests/com/server/Server.h"
-#include "tests/support/RecordingHost.h"
+#include "doubles/RecordingHost.h"
 
 namespace tsln::test {
 namespace {

@@ -10,8 +10,8 @@
 #include "com/edge/DispatchObject.h"
 #include "com/edge/Wide.h"
 #include "tests/com/server/Server.h"
-#include "tests/support/RecordingHost.h"
-#include "tests/support/TempFolder.h"
+#include "doubles/RecordingHost.h"
+#include "doubles/TempFolder.h"
 #include "workbench/host/CompanySession.h"
 
 namespace tsln::test {

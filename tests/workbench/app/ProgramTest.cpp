@@ -7,7 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tests/support/TempFolder.h"
+#include "doubles/TempFolder.h"
 #include "workbench/company/Company.h"
 
 namespace tsln::workbench {

@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 #include <pugixml.hpp>
 
-#include "tests/support/TempFolder.h"
+#include "doubles/TempFolder.h"
 #include "workbench/company/Company.h"
 
 namespace tsln::workbench {

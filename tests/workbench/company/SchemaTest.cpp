@@ -3,7 +3,7 @@
 
 #include "tests/workbench/company/CompanyFixture.h"
 #include "workbench/company/Schema.h"
-#include "workbench/company/SqlFunctions.h"
+#include "workbench/sql/SqlFunctions.h"
 
 namespace tsln::workbench {
 

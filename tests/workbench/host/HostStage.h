@@ -11,10 +11,9 @@
 #include <gtest/gtest.h>
 
 #include "bridge/Library.h"
-#include "entities/Entities.h"
-#include "lists/Lists.h"
-#include "tests/support/ScriptedDesktop.h"
-#include "tests/support/TempFolder.h"
+#include "module/Module.h"
+#include "doubles/ScriptedDesktop.h"
+#include "doubles/TempFolder.h"
 #include "tests/workbench/company/CompanyFixture.h"
 #include "workbench/host/CompanySession.h"
 
@@ -91,8 +90,7 @@ struct HostStage {
 struct ModuleStage : HostStage {
     explicit ModuleStage(std::string_view login = "admin", OpenMode mode = OpenMode::Create)
         : HostStage(login, mode) {
-        lists::plugIn(*library);
-        entities::plugIn(*library);
+        plugInModule(*library);
         desktop.components = [this](std::string_view programId) { return session->createObject(programId); };
         library->Initialize(session->sharedCode());
     }

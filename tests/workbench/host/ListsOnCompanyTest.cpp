@@ -2,8 +2,8 @@
 
 #include <gmock/gmock.h>
 
-#include "lists/EditDialog.h"
-#include "lists/ListScreen.h"
+#include "maintenance/RecordDialog.h"
+#include "maintenance/ListScreen.h"
 #include "lists/Locations.h"
 #include "lists/MoveListReferences.h"
 #include "lists/ReplacementDiscountGroup.h"
@@ -15,8 +15,6 @@
 namespace tsln::workbench {
 namespace {
 
-using lists::EditDialog;
-using lists::ListScreen;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -142,19 +140,19 @@ TEST(ListsOnCompany, SalesTaxCodesMakeUpAGroup) {
     stage.run("DELETE FROM SalesTaxGroupCodes");
     stage.run("DELETE FROM SalesTaxCodes");
     const auto addCode = [](const char* code, const char* rate) {
-        return [=](EditDialog& dialog) {
+        return [=](RecordDialog& dialog) {
             type(dialog, "txtCode", code);
             type(dialog, "txtRate", rate);
             dialog.cmdOK.userPress();
         };
     };
-    stage.desktop.user<EditDialog>("frmSalesTaxCodes_Edit", addCode("STATE", "6.0"));
-    stage.desktop.user<EditDialog>("frmSalesTaxCodes_Edit", addCode("COUNTY", "1.5"));
+    stage.desktop.user<RecordDialog>("frmSalesTaxCodes_Edit", addCode("STATE", "6.0"));
+    stage.desktop.user<RecordDialog>("frmSalesTaxCodes_Edit", addCode("COUNTY", "1.5"));
     stage.desktop.user<ListScreen>("frmSalesTaxCodes", [](ListScreen& list) {
         list.cmdNew.userPress();
         list.cmdNew.userPress();
     });
-    stage.desktop.user<EditDialog>("frmSalesTaxGroups_Edit", [](EditDialog& dialog) {
+    stage.desktop.user<RecordDialog>("frmSalesTaxGroups_Edit", [](RecordDialog& dialog) {
         type(dialog, "txtSalesTaxGroup", "Both");
         dialog.cmdOK.userPress();
     });
@@ -231,7 +229,7 @@ TEST(ListsOnCompany, TagsAreAddedAndRenamed) {
 
 TEST(ListsOnCompany, ACustomerTypeAndAnAccountAreSavedWithTheirChoices) {
     ModuleStage stage;
-    stage.desktop.user<EditDialog>("frmCustomerTypes_Edit", [](EditDialog& dialog) {
+    stage.desktop.user<RecordDialog>("frmCustomerTypes_Edit", [](RecordDialog& dialog) {
         type(dialog, "txtRound", "0.25");
         choose(dynamic_cast<ComboBox&>(*dialog.control("cboDirection")), "Nearest");
         dialog.cmdOK.userPress();
@@ -240,7 +238,7 @@ TEST(ListsOnCompany, ACustomerTypeAndAnAccountAreSavedWithTheirChoices) {
     EXPECT_EQ(stage.value("SELECT RoundUnitPriceTo FROM CustomerTypes WHERE ID = 2"), "0.25");
     EXPECT_EQ(stage.value("SELECT RoundUnitPriceDirection FROM CustomerTypes WHERE ID = 2"), "1");
 
-    stage.desktop.user<EditDialog>("frmAccounts_Edit", [](EditDialog& dialog) {
+    stage.desktop.user<RecordDialog>("frmAccounts_Edit", [](RecordDialog& dialog) {
         type(dialog, "txtAccount", "Petty cash");
         choose(dynamic_cast<ComboBox&>(*dialog.control("cboAccountType")), "Purchase");
         dialog.cmdOK.userPress();

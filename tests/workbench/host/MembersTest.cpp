@@ -2,7 +2,7 @@
 
 #include "screens/Controls.h"
 #include "screens/Screen.h"
-#include "tests/support/HexPattern.h"
+#include "doubles/HexPattern.h"
 #include "tests/workbench/host/HostStage.h"
 #include "workbench/host/ExpressionText.h"
 #include "workbench/host/MessageMembers.h"

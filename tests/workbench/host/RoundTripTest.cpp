@@ -2,7 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include "lists/ListKinds.h"
+#include "maintenance/ListKinds.h"
 #include "tests/workbench/host/HostStage.h"
 
 namespace tsln::workbench {
@@ -38,12 +38,12 @@ const std::string& filledCompany() {
 }
 
 struct RoundTripStage : HostStage {
-    explicit RoundTripStage(const lists::ListKind& listKind)
+    explicit RoundTripStage(const ListKind& listKind)
         : HostStage("admin", OpenMode::Create, filledCompany()), kind(listKind) {
         engine->call("Initialize", session->sharedCode());
     }
 
-    const lists::ListKind& kind;
+    const ListKind& kind;
     ObjectPtr engine = session->createObject("tslniee5.Engine");
 
     std::string table() const { return std::string(kind.listName); }
@@ -81,7 +81,7 @@ struct RoundTripStage : HostStage {
 TEST(RoundTrip, EveryKindComesBackTheSame) {
     int kinds = 0;
     for (std::int16_t number = 1; number <= 36; ++number) {
-        const lists::ListKind kind = lists::findListKind(number);
+        const ListKind kind = findListKind(number);
         if (kind.listName.empty()) continue;
         SCOPED_TRACE(kind.displayName);
         ++kinds;
@@ -123,7 +123,7 @@ TEST(RoundTrip, WhatARowRefersToMustBeThere) {
         {30, "UPDATE DiscountGroups SET DiscountGroupType = 1 WHERE ID = 1", "There is no 'Standard'"},
     };
     for (const auto& [number, spoil, why] : cases) {
-        const lists::ListKind kind = lists::findListKind(number);
+        const ListKind kind = findListKind(number);
         const RoundTripStage stage(kind);
         ASSERT_TRUE(stage.exportTo("full.xml", false));
         stage.run("DELETE FROM " + stage.table());

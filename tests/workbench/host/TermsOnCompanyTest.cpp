@@ -2,24 +2,22 @@
 
 #include <gmock/gmock.h>
 
-#include "lists/EditDialog.h"
-#include "lists/ListCommands.h"
-#include "lists/ListScreen.h"
+#include "maintenance/RecordDialog.h"
+#include "maintenance/ListCommands.h"
+#include "maintenance/ListScreen.h"
 #include "shared/modSharedStrings.h"
 #include "tests/workbench/host/HostStage.h"
-#include "workbench/company/SqlText.h"
+#include "workbench/sql/SqlText.h"
 #include "workbench/host/MessageMembers.h"
 
 namespace tsln::workbench {
 namespace {
 
-using lists::EditDialog;
-using lists::ListScreen;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-TextBox& box(EditDialog& dialog, const char* name) {
+TextBox& box(RecordDialog& dialog, const char* name) {
     return dynamic_cast<TextBox&>(*dialog.control(name));
 }
 
@@ -36,7 +34,7 @@ void select(ListScreen& list, std::size_t row) {
 
 /// Types a name and the days into the dialog and presses OK.
 auto typing(std::string name, std::string days = "30") {
-    return [=](EditDialog& dialog) {
+    return [=](RecordDialog& dialog) {
         box(dialog, "txtTerms").userType(name);
         box(dialog, "txtDueIn").userType(days);
         dialog.cmdOK.userPress();
@@ -53,24 +51,24 @@ TEST(TermsOnCompany, AreAddedEditedRefusedAndDeleted) {
     ModuleStage stage;
     stage.desktop.user<ListScreen>("frmTerms", [&](ListScreen& list) {
         EXPECT_THAT(names(list), IsEmpty());
-        stage.desktop.user<EditDialog>("frmTerms_Edit", [](EditDialog& dialog) {
+        stage.desktop.user<RecordDialog>("frmTerms_Edit", [](RecordDialog& dialog) {
             box(dialog, "txtTerms").userType("  Net 30 ");
             box(dialog, "txtDueIn").userType("5000");
             box(dialog, "txtDiscount").userType("2.5");
             dialog.cmdOK.userPress();
         });
         list.cmdNew.userPress();
-        stage.desktop.user<EditDialog>("frmTerms_Edit", typing("COD", "0"));
+        stage.desktop.user<RecordDialog>("frmTerms_Edit", typing("COD", "0"));
         list.cmdNew.userPress();
         EXPECT_THAT(names(list), ElementsAre("Net 30", "COD"));
 
-        stage.desktop.user<EditDialog>("frmTerms_Edit", typing("nET 30"));
+        stage.desktop.user<RecordDialog>("frmTerms_Edit", typing("nET 30"));
         list.cmdNew.userPress();
         ASSERT_EQ(stage.desktop.boxes.size(), 2U);
         EXPECT_EQ(stage.desktop.boxes[1].text, "This term already exists.");
 
         select(list, 1);
-        stage.desktop.user<EditDialog>("frmTerms_Edit", typing("Cash on delivery", "1"));
+        stage.desktop.user<RecordDialog>("frmTerms_Edit", typing("Cash on delivery", "1"));
         list.cmdEdit.userPress();
         select(list, 0);
         list.cmdDelete.userPress();
@@ -98,13 +96,13 @@ TEST(TermsOnCompany, OddNamesAreStoredAndReadBack) {
                                     longName};
     ModuleStage stage;
     for (const std::string& name : oddNames) {
-        stage.desktop.user<EditDialog>("frmTerms_Edit", typing(name));
+        stage.desktop.user<RecordDialog>("frmTerms_Edit", typing(name));
         const auto ID = stage.library->ShowEditTerms(0);
         ASSERT_GT(ID, 0) << name.substr(0, 40);
         const std::string where = " FROM Terms WHERE ID = " + std::to_string(ID);
         EXPECT_EQ(stage.value("SELECT Terms" + where), name);
         EXPECT_EQ(stage.value("SELECT COUNT(*) FROM Terms WHERE Terms = " + literal(name)), "1");
-        stage.desktop.user<EditDialog>("frmTerms_Edit", [&](EditDialog& dialog) {
+        stage.desktop.user<RecordDialog>("frmTerms_Edit", [&](RecordDialog& dialog) {
             EXPECT_EQ(box(dialog, "txtTerms").text(), name);
             box(dialog, "txtDueIn").userType("31");
             dialog.cmdOK.userPress();
@@ -114,7 +112,7 @@ TEST(TermsOnCompany, OddNamesAreStoredAndReadBack) {
         EXPECT_EQ(stage.value("SELECT DueDays" + where), "31");
     }
     // A name that is a later tag of the statement is filled again, as the templates have it.
-    stage.desktop.user<EditDialog>("frmTerms_Edit", typing("<d>"));
+    stage.desktop.user<RecordDialog>("frmTerms_Edit", typing("<d>"));
     EXPECT_EQ(
         stage.value("SELECT Terms FROM Terms WHERE ID = " + std::to_string(stage.library->ShowEditTerms(0))),
         "0");
@@ -128,14 +126,14 @@ TEST(TermsOnCompany, AreExportedAndImportedThroughTheScreen) {
     const std::string file = stage.folder.file("terms.xml");
     const std::string wrong = stage.folder.write("wrong.xml", "<Records/>");
     stage.desktop.user<ListScreen>("frmTerms", [&](ListScreen& list) {
-        more(stage, list, lists::command::exportList, file);
+        more(stage, list, command::exportList, file);
         select(list, 0);
         list.cmdDelete.userPress();
         EXPECT_THAT(names(list), IsEmpty());
-        more(stage, list, lists::command::import, file);
+        more(stage, list, command::import, file);
         EXPECT_THAT(names(list), ElementsAre("O'Brien"));
-        more(stage, list, lists::command::import, wrong);
-        more(stage, list, lists::command::exportList, stage.folder.file("no/folder.xml"));
+        more(stage, list, command::import, wrong);
+        more(stage, list, command::exportList, stage.folder.file("no/folder.xml"));
     });
     stage.library->ShowTerms();
     std::vector<std::string> texts;
@@ -170,7 +168,7 @@ TEST(TermsOnCompany, AViewerMayOnlyLook) {
 
 TEST(TermsOnCompany, AFailedSaveIsToldInTheDatabasesWordsAndKeepsTheInput) {
     ModuleStage stage("admin", OpenMode::ReadOnly);
-    stage.desktop.user<EditDialog>("frmTerms_Edit", [&](EditDialog& dialog) {
+    stage.desktop.user<RecordDialog>("frmTerms_Edit", [&](RecordDialog& dialog) {
         typing("Net 30")(dialog);
         EXPECT_TRUE(dialog.shown());
         EXPECT_EQ(box(dialog, "txtTerms").text(), "Net 30");

@@ -2,7 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "entities/VendorEditor.h"
-#include "tests/support/HexPattern.h"
+#include "doubles/HexPattern.h"
 #include "tests/workbench/host/HostStage.h"
 #include "workbench/host/RecordLists.h"
 

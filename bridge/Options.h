@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string_view>
+
+#include "bridge/HostPart.h"
+
+namespace tsln {
+
+/// The settings of the company and of the user. `section` may be empty.
+class Options : HostPart {
+  public:
+    explicit Options(Library& library) : HostPart(library, "Options") {}
+    Variant GetCompanyOption(std::string_view name, std::string_view section, const Variant& otherwise) const;
+    void SetCompanyOption(std::string_view name, std::string_view section, const Variant& value) const;
+    Variant GetUserOption(std::string_view name, std::string_view section, const Variant& otherwise) const;
+    void SetUserOption(std::string_view name, std::string_view section, const Variant& value) const;
+};
+
+}  // namespace tsln

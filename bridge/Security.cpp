@@ -1,0 +1,9 @@
+#include "bridge/Security.h"
+
+namespace tsln {
+
+bool Security::CanDo(std::int32_t area, Right right) const {
+    return call("CanDo", area, static_cast<std::int32_t>(right)).toBoolean();
+}
+
+}  // namespace tsln

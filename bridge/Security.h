@@ -1,0 +1,19 @@
+#pragma once
+
+#include <cstdint>
+
+#include "bridge/HostPart.h"
+
+namespace tsln {
+
+/// Rights to the data of a list, as CanDo() takes them.
+enum class Right : std::int32_t { Add = 8, Edit = 16, Delete = 32 };
+
+class Security : HostPart {
+  public:
+    explicit Security(Library& library) : HostPart(library, "Security") {}
+    /// True when the user holds the right in the security area.
+    bool CanDo(std::int32_t area, Right right) const;
+};
+
+}  // namespace tsln

@@ -1,0 +1,20 @@
+#include "maintenance/ExpressionEditor.h"
+
+#include "bridge/Component.h"
+
+namespace tsln {
+
+std::optional<std::string> editExpression(HostScreen& screen, const std::string& expression) {
+    ObjectPtr editor;
+    try {
+        editor = screen.desktop().createObject("tslnfe5.Engine");
+    } catch (const HostError&) {
+        return std::nullopt;
+    }
+    const Component engine(std::move(editor), screen.host());
+    const Variant edited = engine->call("ShowEditExpression2", expression, screen.caption());
+    if (!edited.isText()) return std::nullopt;
+    return edited.toText();
+}
+
+}  // namespace tsln

@@ -1,0 +1,302 @@
+#include "maintenance/Field.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "automation/NumericText.h"
+#include "shared/modSharedStrings.h"
+
+namespace tsln {
+namespace {
+
+// In characters.
+constexpr int numberWidth = 10;
+constexpr int linesWidth = 40;
+constexpr int addressWidth = 34;
+
+constexpr float percent = 100;
+
+/// A percentage as it is typed, as the fraction that is stored: four decimals, half to even.
+double fractionOf(const std::string& percentage) {
+    const double fraction = static_cast<double>(Variant(percentage).toSingle()) / percent;
+    return std::nearbyint(fraction * 10'000) / 10'000;
+}
+
+/// A stored number without the zeros that the database may add; other text as it is.
+std::string normalNumber(const std::string& text) {
+    const auto number = parseNumber(text);
+    return number ? numberText(*number) : text;
+}
+
+}  // namespace
+
+Field::Field(HostScreen& screen, const FieldDescription& description, bool& validateAddresses)
+    : screen_(screen), description_(description), validateAddresses_(validateAddresses) {
+    make();
+    if (!control_) return;
+    // A box of several lines may stand without its label.
+    control_->accessibleName = description.accessibleName.empty() && hasSeveralLines()
+                                   ? modSharedStrings::replaceAll(description.label, "&", "")
+                                   : description.accessibleName;
+}
+
+void Field::make() {
+    std::string name(description_.control);
+    switch (description_.rule) {
+        case Rule::ValidateAddresses:
+            return;
+        case Rule::Check:
+            control_ = std::make_unique<CheckBox>(screen_, std::move(name), std::string(description_.label));
+            return;
+        case Rule::Choice:
+        case Rule::Key:
+        case Rule::KeyOrNull:
+        case Rule::Label: {
+            auto combo = std::make_unique<ComboBox>(screen_, std::move(name));
+            combo->editable = description_.rule == Rule::Label;
+            if (description_.width > 0) combo->widthInCharacters = description_.width;
+            for (const tsln::Choice& choice : description_.choices)
+                combo->addItem(std::string(choice.caption), choice.number);
+            control_ = std::move(combo);
+            return;
+        }
+        case Rule::Text:
+        case Rule::Trimmed:
+        case Rule::Lines:
+        case Rule::Address:
+        case Rule::Whole:
+        case Rule::Decimal:
+        case Rule::Percent:
+        case Rule::Margin: {
+            auto box = std::make_unique<TextBox>(screen_, std::move(name));
+            box->multiLine = hasSeveralLines();
+            box->rightAligned = !isText();
+            if (!isText()) box->widthInCharacters = numberWidth;
+            if (description_.rule == Rule::Lines) box->widthInCharacters = linesWidth;
+            if (description_.rule == Rule::Address) box->widthInCharacters = addressWidth;
+            if (description_.width > 0) box->widthInCharacters = description_.width;
+            control_ = std::move(box);
+            return;
+        }
+    }
+}
+
+bool Field::hasSeveralLines() const noexcept {
+    return description_.rule == Rule::Lines || description_.rule == Rule::Address;
+}
+
+bool Field::isText() const noexcept {
+    switch (description_.rule) {
+        case Rule::Text:
+        case Rule::Trimmed:
+        case Rule::Lines:
+        case Rule::Label:
+        case Rule::Address:
+            return true;
+        default:
+            return false;
+    }
+}
+
+Control* Field::control() const {
+    return control_.get();
+}
+
+Layout Field::layout() const {
+    if (description_.rule == Rule::Check) return layout::item(*control_);
+    Layout made = layout::field(std::string(description_.label), *control_);
+    return hasSeveralLines() ? layout::stretch(std::move(made)) : made;
+}
+
+// Showing ---------------------------------------------------------------------------------------------
+
+void Field::loadEntries() {
+    if (!description_.loader) return;
+    const std::string typed = combo().text();
+    (screen_.host().common().*description_.loader)(combo());
+    if (combo().editable) combo().setText(typed);
+}
+
+void Field::showDefault() {
+    if (description_.rule == Rule::Choice && description_.requiredText.empty()) combo().setListIndex(0);
+    const DefaultOption& option = description_.option;
+    if (option.name.empty()) return;
+    const std::string value = screen_.host()
+                                  .options()
+                                  .GetCompanyOption(option.name, option.section, option.otherwise)
+                                  .toText();
+    if (description_.rule == Rule::Label) {
+        combo().setText(modSharedStrings::trim(value));
+        return;
+    }
+    std::int32_t number = -1;
+    readNumber(value, number);
+    combo().choose(number);
+}
+
+void Field::showFirst() {
+    if (description_.firstByDefault && combo().listIndex() < 0) combo().setListIndex(0);
+}
+
+void Field::show(const Row& row) {
+    const std::string_view column = description_.column;
+    switch (description_.rule) {
+        case Rule::Text:
+        case Rule::Trimmed:
+        case Rule::Lines:
+        case Rule::Whole:
+            text().setText(row.text(column));
+            break;
+        case Rule::Decimal:
+            text().setText(normalNumber(row.text(column)));
+            break;
+        case Rule::Percent:
+            text().setText(numberText(row.single(column) * percent));
+            break;
+        case Rule::Margin:
+            text().setText(numberText(row.single(column) * percent));
+            correctNumber();
+            break;
+        case Rule::Label:
+            combo().setText(row.text(column));
+            break;
+        case Rule::Choice:
+            chooseStored(row.number(column));
+            break;
+        case Rule::Key:
+        case Rule::KeyOrNull:
+            if (!combo().choose(row.number(column))) combo().setListIndex(-1);
+            break;
+        case Rule::Check:
+            check().setChecked(row.boolean(column));
+            break;
+        case Rule::Address: {
+            Address address;
+            for (std::size_t i = 0; i < address.size(); ++i)
+                address[i] = row.text(std::string(column) + std::string(addressColumns[i]));
+            text().setText(screen_.host().CombineAddress(address));
+            break;
+        }
+        case Rule::ValidateAddresses:
+            validateAddresses_ = row.boolean(column);
+            break;
+    }
+}
+
+void Field::chooseStored(std::int32_t number) {
+    if (combo().choose(number)) return;
+    combo().setListIndex(-1);
+    // A number of another version's choices is kept: saving must not turn it into one of these.
+    if (number != 0) combo().setListIndex(combo().addItem(std::to_string(number), number));
+}
+
+// What the user typed ---------------------------------------------------------------------------------
+
+void Field::left() {
+    if (description_.rule == Rule::Address) {
+        // An address taken away is to be validated once there is one again.
+        if (text().text().empty()) validateAddresses_ = true;
+        std::string shown = text().text();
+        screen_.host().ParseAddress(shown, validateAddresses_);
+        text().setText(std::move(shown));
+    } else {
+        correctNumber();
+    }
+}
+
+void Field::correctNumber() {
+    switch (description_.rule) {
+        case Rule::Whole:
+            checkWholeNumberField(text(), description_.bounds);
+            break;
+        case Rule::Decimal:
+        case Rule::Percent:
+        case Rule::Margin:
+            checkDecimalField(text(), description_.bounds);
+            break;
+        default:
+            break;
+    }
+}
+
+void Field::normalize() {
+    if (description_.rule == Rule::Trimmed) {
+        text().setText(modSharedStrings::trim(text().text()));
+    } else if (description_.rule != Rule::Margin) {
+        correctNumber();
+    }
+}
+
+std::string_view Field::complaint() const {
+    if (description_.requiredText.empty()) return {};
+    const auto* combo = dynamic_cast<const ComboBox*>(control());
+    const bool open = combo && !combo->editable ? !combo->chosen()
+                      : combo                   ? combo->text().empty()
+                                                : text().text().empty();
+    return open ? description_.requiredText : std::string_view();
+}
+
+// What is written -------------------------------------------------------------------------------------
+
+void Field::addTags(StatementTags& tags) const {
+    const std::string_view tag = description_.tag;
+    switch (description_.rule) {
+        case Rule::Text:
+        case Rule::Trimmed:
+        case Rule::Lines:
+            tags.text(tag, text().text());
+            break;
+        case Rule::Label:
+            tags.text(tag, combo().text());
+            break;
+        case Rule::Whole:
+        case Rule::Decimal:
+            tags.plain(tag, text().text());
+            break;
+        case Rule::Percent:
+            tags.plain(tag, numberText(fractionOf(text().text())));
+            break;
+        case Rule::Margin: {
+            float typed = 0;  // what reads as no number, such as the empty box of a missing record, is 0
+            readNumber(text().text(), typed);
+            tags.plain(tag, numberText(typed / percent));
+            break;
+        }
+        case Rule::Choice:
+        case Rule::Key:
+            tags.plain(tag, combo().chosen().value_or(0));
+            break;
+        case Rule::KeyOrNull:
+            tags.plain(tag, combo().text().empty() ? "NULL" : std::to_string(combo().chosen().value_or(0)));
+            break;
+        case Rule::Check:
+            tags.plain(tag, check().value());
+            break;
+        case Rule::Address: {
+            std::string shown = text().text();
+            const Address parts = screen_.host().ParseAddress(shown, validateAddresses_);
+            for (std::size_t i = 0; i < parts.size(); ++i)
+                tags.text(description_.tags[i], parts[i]);
+            break;
+        }
+        case Rule::ValidateAddresses:
+            tags.plain(tag, validateAddresses_);
+            break;
+    }
+}
+
+std::vector<std::pair<std::string, std::string>> Field::columns() const {
+    const auto placeholder = [this](std::string_view tag) {
+        return isText() ? "'" + std::string(tag) + "'" : std::string(tag);
+    };
+    if (description_.rule != Rule::Address)
+        return {{std::string(description_.column), placeholder(description_.tag)}};
+    std::vector<std::pair<std::string, std::string>> columns;
+    for (std::size_t i = 0; i < addressColumns.size(); ++i) {
+        columns.emplace_back(std::string(description_.column) + std::string(addressColumns[i]),
+                             placeholder(description_.tags[i]));
+    }
+    return columns;
+}
+
+}  // namespace tsln

@@ -1,0 +1,292 @@
+#include "maintenance/RecordDialog.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "maintenance/ExpressionEditor.h"
+#include "maintenance/Statements.h"
+#include "screens/TabControl.h"
+
+namespace tsln {
+namespace {
+
+using modSharedSQL::format;
+
+bool holds(const Layout& layout, const Control& control) {
+    return layout.control == &control ||
+           std::ranges::any_of(layout.children, [&](const Layout& child) { return holds(child, control); });
+}
+
+/// Turns the tab controls of the layout to the pages that hold the control.
+void turnTo(const Layout& layout, const Control& control) {
+    for (std::size_t i = 0; i < layout.children.size(); ++i) {
+        if (!holds(layout.children[i], control)) continue;
+        if (layout.kind == Layout::Kind::Tabs)
+            dynamic_cast<TabControl&>(*layout.control).select(static_cast<int>(i));
+        turnTo(layout.children[i], control);
+    }
+}
+
+}  // namespace
+
+std::string dialogName(const ListDescription& list) {
+    return std::string(list.screenName) + "_Edit";
+}
+
+RecordDialog::RecordDialog(Library& library, std::string name) : HostScreen(library, std::move(name)) {
+    cmdOK.onClick = [this] { cmdOK_Click(); };
+    cmdCancel.onClick = [this] { cancel(); };
+}
+
+RecordDialog::RecordDialog(Library& library, std::string name, const RecordDescription& record)
+    : RecordDialog(library, std::move(name)) {
+    record_ = &record;
+    table_ = record.table;
+    Cancelled = record.closingCancels;
+    makeFields();
+}
+
+RecordDialog::RecordDialog(Library& library, const ListDescription& list)
+    : RecordDialog(library, dialogName(list), list.dialog) {
+    table_ = list.table;
+}
+
+void RecordDialog::makeFields() {
+    for (const FieldDescription& description : record_->fields) {
+        Field& field = fields_.emplace_back(*this, description, validateAddresses_);
+        if (field.hasSeveralLines()) {
+            keepsEnter(field.text(), [&field] { field.left(); });
+        } else if (field.control()) {
+            field.control()->onLeave = [&field] { field.left(); };
+        }
+    }
+    if (record_->expression) {
+        cmdExpression_ = std::make_unique<Button>(*this, "cmdExpression", "E&xpression...");
+        cmdExpression_->onClick = [this] { cmdExpression_Click(); };
+    }
+}
+
+Field& RecordDialog::field(std::string_view name) {
+    const auto found = std::ranges::find_if(fields_, [&](const Field& field) {
+        return field.description().control == name || field.description().column == name;
+    });
+    if (found == fields_.end()) throw std::out_of_range("no field " + std::string(name));
+    return *found;
+}
+
+void RecordDialog::keepsEnter(TextBox& box, std::function<void()> onLeave) {
+    box.multiLine = true;
+    box.onEnter = [this] { cmdOK.setRole(Button::Role::Plain); };
+    box.onLeave = [this, onLeave = std::move(onLeave)] {
+        cmdOK.setRole(Button::Role::Default);
+        if (onLeave) onLeave();
+    };
+}
+
+// Layout ----------------------------------------------------------------------------------------------
+
+Layout RecordDialog::layout() {
+    using namespace tsln::layout;
+    std::vector<Layout> buttons = besideButtons();
+    buttons.insert(buttons.end(), {spring(), item(cmdOK), item(cmdCancel)});
+    return column({stretch(content()), row(std::move(buttons))});
+}
+
+Layout RecordDialog::content() {
+    std::vector<Layout> rows;
+    for (const Field& field : fields_) {
+        if (field.control()) rows.push_back(field.layout());
+    }
+    return layout::form(std::move(rows));
+}
+
+Layout RecordDialog::form(std::initializer_list<std::string_view> controls) {
+    std::vector<Layout> rows;
+    for (const std::string_view control : controls)
+        rows.push_back(field(control).layout());
+    return layout::form(std::move(rows));
+}
+
+std::vector<Layout> RecordDialog::slots(std::string_view kind, int count) {
+    std::vector<Layout> rows;
+    for (int i = 1; i <= count; ++i) {
+        const std::string slot = std::string(kind) + std::to_string(i);
+        rows.push_back(
+            layout::row({field("cbo" + slot + "Label").layout(), layout::fill(textBox("txt" + slot))}));
+    }
+    return rows;
+}
+
+std::vector<Layout> RecordDialog::besideButtons() {
+    if (!cmdExpression_) return {};
+    return {layout::item(*cmdExpression_)};
+}
+
+// Life ------------------------------------------------------------------------------------------------
+
+void RecordDialog::Form_Load() {
+    restoreWindowPosition(*this, record_ ? record_->windowValues : WindowValues::Place);
+}
+
+void RecordDialog::Form_Unload() {
+    saveWindowPosition(*this, record_ ? record_->windowValues : WindowValues::Place);
+}
+
+bool RecordDialog::open(std::int32_t recordID) {
+    ID = recordID;
+    return !record_ || !record_->filledBeforeShown || handle([this] { fill(); });
+}
+
+void RecordDialog::Form_Activate() {
+    if (activated_) return;
+    activated_ = true;
+    desktop().yield();
+    if (record_ && !record_->filledBeforeShown) fill();
+    opened();
+}
+
+void RecordDialog::fill() {
+    const bool newCaption = record_->filledBeforeShown ? isNew() : ID == 0;
+    setCaption(std::string(newCaption ? record_->newCaption : record_->editCaption));
+    focusFirstField();
+    // A row that could not be read must not be saved over with empty fields.
+    cmdOK.setEnabled(isNew());
+    for (Field& field : fields_)
+        field.loadEntries();
+    if (isNew()) {
+        for (Field& field : fields_)
+            field.showDefault();
+        defaultsShown();
+        for (Field& field : fields_)
+            field.showFirst();
+    } else {
+        readRow();
+        cmdOK.setEnabled(true);
+    }
+    // A percentage shows in its normal form from the start.
+    for (Field& field : fields_) {
+        if (field.description().rule == Rule::Percent) field.normalize();
+    }
+    filled();
+    focusFirstField();
+}
+
+void RecordDialog::focusFirstField() {
+    const auto usable = [](const Field& field) { return field.control() && field.control()->enabled(); };
+    if (const auto first = std::ranges::find_if(fields_, usable); first != fields_.end())
+        setFocus(*first->control());
+}
+
+void RecordDialog::readRow() {
+    const std::string statement = format("SELECT * FROM {0} WHERE ID = {1}", table_, ID);
+    if (record_->source == RecordDescription::Source::Query) {
+        const Records records = host().database().ExecuteRead(statement);
+        showRow(RecordRow(records.first()));
+    } else {
+        const Recordset rows = host().companyConnection().read(statement);
+        if (rows.isOpen() && !rows.atEnd()) showRow(RecordsetRow(rows));
+    }
+}
+
+void RecordDialog::showRow(const Row& row) {
+    for (Field& field : fields_)
+        field.show(row);
+    rowShown(row);
+}
+
+void RecordDialog::lockFields() {
+    for (Field& field : fields_) {
+        if (field.description().locks) field.control()->setEnabled(false);
+    }
+}
+
+// OK --------------------------------------------------------------------------------------------------
+
+void RecordDialog::cmdOK_Click() {
+    bool done = false;
+    {
+        const Busy busy(*this, {&cmdOK, &cmdCancel});
+        done = validate() && save();
+    }
+    if (done) accept();
+}
+
+void RecordDialog::accept() {
+    Cancelled = false;
+    hide();
+}
+
+void RecordDialog::cancel() {
+    Cancelled = true;
+    hide();
+}
+
+bool RecordDialog::validate() {
+    for (Field& field : fields_)
+        field.normalize();
+    return std::ranges::all_of(fields_, [this](Field& field) { return validateField(field); });
+}
+
+bool RecordDialog::validateField(Field& field) {
+    if (const std::string_view complaint = field.complaint(); !complaint.empty()) {
+        refuse(complaint, field.control());
+        return false;
+    }
+    const FieldDescription& description = field.description();
+    if (description.duplicateText.empty() ||
+        !host().common().RecordExists(table_, description.column, field.text().text(), ID)) {
+        return true;
+    }
+    tell(description.duplicateText, MessageIcon::Exclamation);
+    return false;
+}
+
+void RecordDialog::refuse(std::string_view message, Control* control) {
+    tell(message, MessageIcon::Exclamation);
+    if (!control) return;
+    turnTo(layout(), *control);
+    cmdOK.setRole(Button::Role::Default);  // a box of several lines may have had the focus
+    control->setFocus();
+}
+
+std::string RecordDialog::statement() {
+    StatementTags tags(host(), record_->safeText);
+    for (const Field& field : fields_) {
+        if (field.description().rule == Rule::ValidateAddresses) {
+            tags.plain(field.description().tag, validateAddresses());
+        } else {
+            field.addTags(tags);
+        }
+    }
+    // The statement that adds a master record has no such tag, and a text of the user's may look like it.
+    if (!isNew() || !record_->history) tags.plain("<id>", ID);
+    return tags.fill(isNew() ? insertStatement(table_, *record_, fields_)
+                             : updateStatement(table_, *record_, fields_));
+}
+
+bool RecordDialog::save() {
+    if (record_->history) {
+        return saveWithHistory(*this, *record_->history, ID,
+                               {.table = table_,
+                                .name = fields_.front().text().text(),
+                                .statement = [this] { return statement(); },
+                                .further = [this] { saveFurther(); }});
+    }
+    bool saved = false;
+    if (isNew()) {
+        ID = host().database().ExecuteNonQueryWithID(statement());
+        saved = ID >= 1;
+    } else {
+        saved = host().database().ExecuteNonQuery(statement());
+    }
+    if (!saved) reportDatabaseFailure(record_->saveFailure, record_->saveExplanation);
+    return saved;
+}
+
+void RecordDialog::cmdExpression_Click() {
+    TextBox& first = fields_.front().text();
+    if (const auto edited = editExpression(*this, first.text())) first.setText(*edited);
+    first.setFocus();
+}
+
+}  // namespace tsln

@@ -1,0 +1,76 @@
+#include "maintenance/modSharedReportControl.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+
+#include "automation/FilePath.h"
+#include "screens/Screen.h"
+
+namespace tsln::modSharedReportControl {
+namespace {
+
+const FileFilter fileFilters[] = {{"Text Files", "*.txt"}, {"All Files (*.*)", "*.*"}};
+
+void appendValue(std::string& line, std::string_view value) {
+    for (const char c : value)
+        line += c == '\t' || c == '\r' || c == '\n' ? ' ' : c;
+}
+
+std::string asText(const ReportControl& items) {
+    std::string text;
+    for (std::size_t c = 0; c < items.columns.size(); ++c) {
+        if (c > 0) text += '\t';
+        appendValue(text, items.columns[c].caption);
+    }
+    text += "\r\n";
+    for (std::size_t row = 0; row < items.rowCount(); ++row) {
+        for (std::size_t c = 0; c < items.columns.size(); ++c) {
+            if (c > 0) text += '\t';
+            appendValue(text, items.rowText(row, c));
+        }
+        text += "\r\n";
+    }
+    return text;
+}
+
+bool writeFile(const std::string& path, const std::string& text) {
+    std::ofstream file(pathOf(path), std::ios::binary);
+    file.write(text.data(), static_cast<std::streamsize>(text.size()));
+    file.close();
+    return !file.fail();
+}
+
+}  // namespace
+
+bool anySelected(const ReportControl& items) {
+    return std::ranges::any_of(items.selectedRows(),
+                               [&](std::size_t row) { return !items.row(row).isGroup(); });
+}
+
+bool oneFocused(const ReportControl& items) {
+    return focusedRecord(items).has_value();
+}
+
+std::optional<std::size_t> focusedRecord(const ReportControl& items) {
+    const auto focused = items.focusedRow();
+    if (!focused || items.selectedRows().empty() || items.row(*focused).isGroup()) return std::nullopt;
+    return items.row(*focused).record;
+}
+
+std::int32_t selectedID(const ReportControl& items) {
+    const auto record = focusedRecord(items);
+    return record ? items.id(*record) : 0;
+}
+
+void saveAsText(ReportControl& items) {
+    Screen& screen = items.screen();
+    const auto path = screen.desktop().saveFile(screen, "Save As", fileFilters);
+    if (!path || path->empty()) return;
+    if (!writeFile(*path, asText(items))) {
+        screen.desktop().messageBox(&screen, "Unable to write the file. (1472)", MessageButtons::Ok,
+                                    MessageIcon::Critical);
+    }
+}
+
+}  // namespace tsln::modSharedReportControl

@@ -1,0 +1,172 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "maintenance/ListCommands.h"
+#include "maintenance/ListKinds.h"
+#include "maintenance/ListScreen.h"
+#include "doubles/Stage.h"
+
+namespace tsln::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Box = ScriptedDesktop::Box;
+
+/// Opens the terms list and runs commands of its "More" popup.
+void runCommands(Stage& stage, std::deque<int> commands, std::deque<std::string> files,
+                 const ListDescription& list = lists::termsList) {
+    const auto count = commands.size();
+    stage.desktop.popupChoices = std::move(commands);
+    stage.desktop.files = std::move(files);
+    stage.desktop.user<ListScreen>("frmTerms", [count](ListScreen& screen) {
+        for (std::size_t i = 0; i < count; ++i)
+            screen.cmdMore.userPress();
+    });
+    lists::showList(*stage.library, list);
+}
+
+void fillList(Stage& stage) {
+    stage.host->rows("SELECT * FROM Terms ORDER BY Terms",
+                     "<Records><Record><ID>1</ID><Terms>COD</Terms></Record></Records>");
+}
+
+TEST(ListKinds, NamesAndExportQueries) {
+    EXPECT_EQ(findListKind(1).exportQuery, "SELECT * FROM vwExportingManufacturers");
+    EXPECT_EQ(findListKind(9).displayName, "Deposit Criteria");
+    EXPECT_EQ(findListKind(26).exportQuery,
+              "SELECT * FROM vwExporting_AdditionalCharges WHERE ChargeType = 256");
+    for (const std::int16_t none : {0, 19, 37, -1}) {
+        EXPECT_EQ(findListKind(none).listName, "");
+        EXPECT_EQ(findListKind(none).exportQuery, "");
+    }
+    int known = 0;
+    for (std::int16_t kind = 1; kind <= 36; ++kind)
+        known += findListKind(kind).listName.empty() ? 0 : 1;
+    EXPECT_EQ(known, 35);
+}
+
+TEST(ListKinds, ImportHandsTheFileToTheEngineAndReloads) {
+    Stage stage;
+    fillList(stage);
+    runCommands(stage, {28001, 28001}, {"/in/terms.xml"});
+    const auto& calls = stage.host->calls;
+    const auto engine = std::ranges::find_if(calls, [](auto& c) { return c.starts_with("tslniee5"); });
+    ASSERT_NE(engine, calls.end());
+    EXPECT_THAT(
+        std::vector(engine, engine + 3),
+        ElementsAre("tslniee5.Engine.Initialize(object)", "tslniee5.Engine.ImportFile(/in/terms.xml, Terms)",
+                    "tslniee5.Engine.PreTerminate()"));
+    EXPECT_THAT(stage.desktop.boxes,
+                ElementsAre(Box{"The terms were imported.", MessageButtons::Ok, MessageIcon::Information}));
+    EXPECT_EQ(stage.desktop.fileDialogs.at(0).title, "Open");
+    EXPECT_THAT(stage.desktop.fileDialogs.at(0).filters,
+                ElementsAre("XML Files|*.xml", "Text Files|*.txt", "All Files|*.*"));
+    EXPECT_EQ(stage.host->callsOf("Database.ExecuteRead").size(), 3U)
+        << "the list is loaded again after each";
+}
+
+TEST(ListKinds, ExportHandsTheQueryToTheEngine) {
+    for (const char* portable : {"1", "0", "", "nonsense"}) {
+        Stage stage;
+        fillList(stage);
+        if (*portable) stage.desktop.settings["Software\\Kestrane\\Tessaline\\5.0|PortableExport"] = portable;
+        runCommands(stage, {28003, 28003}, {"/out/terms {0}.xml"});
+        const auto& calls = stage.host->calls;
+        const auto engine = std::ranges::find_if(calls, [](auto& c) { return c.starts_with("tslniee5"); });
+        ASSERT_NE(engine, calls.end());
+        EXPECT_THAT(
+            std::vector(engine, engine + 5),
+            ElementsAre(
+                "tslniee5.Engine.Initialize(object)",
+                "tslniee5.Engine.SimpleExport=(" + std::string(*portable == '1' ? "True" : "False") + ")",
+                "tslniee5.Engine.AddToExport(Terms, SELECT * FROM vwExporting_Terms)",
+                "tslniee5.Engine.DoExport(/out/terms {0}.xml)", "tslniee5.Engine.PreTerminate()"));
+        EXPECT_THAT(stage.desktop.boxes, ElementsAre(Box{"The terms were exported to '/out/terms {0}.xml'",
+                                                         MessageButtons::Ok, MessageIcon::Information}));
+        EXPECT_EQ(stage.desktop.fileDialogs.at(0).title, "Save As");
+    }
+}
+
+TEST(ListKinds, FailuresAreToldAndTheEngineIsTerminatedAllTheSame) {
+    const auto raises = [](Arguments) -> Variant { throw HostError(code::fail, "Engine", "no"); };
+    for (const std::string member : {"ImportFile", "DoExport", "Initialize"}) {
+        for (const bool raise : {true, false}) {
+            Stage stage;
+            fillList(stage);
+            if (member == "Initialize" && !raise) {
+                stage.desktop.components = nullptr;  // no engine at all
+            } else if (raise) {
+                stage.host->on("tslniee5.Engine." + member, raises);
+            } else {
+                stage.host->on("tslniee5.Engine." + member, Variant(false));
+            }
+            const bool importing = member != "DoExport";
+            runCommands(stage, {importing ? 28001 : 28003}, {"/some/file"});
+            EXPECT_THAT(stage.desktop.boxes, ElementsAre(Box{importing ? "The terms could not be imported."
+                                                                       : "The terms could not be exported.",
+                                                             MessageButtons::Ok, MessageIcon::Exclamation}));
+            if (member != "Initialize") {
+                EXPECT_EQ(stage.host->callsOf("tslniee5.Engine.PreTerminate").size(), 1U);
+            }
+        }
+    }
+}
+
+TEST(ListKinds, AListWithoutARowNeitherAsksNorTells) {
+    ListDescription quoteApproval = lists::termsList;
+    quoteApproval.listKind = 19;
+    Stage stage;
+    fillList(stage);
+    runCommands(stage, {28001, 28003}, {"/a", "/b"}, quoteApproval);
+    EXPECT_THAT(stage.desktop.fileDialogs, IsEmpty());
+    EXPECT_THAT(stage.desktop.boxes, IsEmpty());
+}
+
+TEST(ListCommands, PopupsAreBuiltAsTheListAsksFor) {
+    struct Case {
+        bool importAndExport, contextPopups;
+        std::vector<int> popups, more;
+    };
+    for (const Case& c : {Case{true, false, {28200}, {28001, 28003, 28201, 28202}},
+                          Case{false, true, {28200, 28300, 28301, 28301}, {28201, 28202}}}) {
+        Stage stage;
+        ListScreen screen(*stage.library, lists::termsList);
+        CommandBars bars(screen, "cb");
+        lists::buildListCommands(bars, c.importAndExport, c.contextPopups);
+        std::vector<int> popups, more;
+        for (const Command& popup : bars.popups)
+            popups.push_back(popup.id);
+        for (const Command& command : bars.popups[0].commands)
+            more.push_back(command.id);
+        EXPECT_EQ(popups, c.popups);
+        EXPECT_EQ(more, c.more);
+        if (c.contextPopups) {
+            EXPECT_EQ(bars.popups[2].caption, "One Item");
+            EXPECT_EQ(bars.popups[3].commands.size(), 3U);
+        }
+    }
+}
+
+TEST(ListCommands, ContextCommandsFollowTheSelection) {
+    Stage stage;
+    fillList(stage);
+    stage.desktop.user<ListScreen>("frmTerms", [](ListScreen& list) {
+        const auto enabled = [&](int id, const ReportControl* items) {
+            Command command{.id = id};
+            lists::updateListCommand(command, items);
+            return command.enabled;
+        };
+        EXPECT_FALSE(enabled(28305, nullptr));
+        EXPECT_TRUE(enabled(28305, &list.rptItems));
+        EXPECT_FALSE(enabled(28306, &list.rptItems));
+        EXPECT_FALSE(enabled(28307, &list.rptItems));
+        list.rptItems.selectRow(0);
+        EXPECT_TRUE(enabled(28306, &list.rptItems));
+        EXPECT_TRUE(enabled(28307, &list.rptItems));
+    });
+    stage.library->ShowTerms();
+}
+
+}  // namespace
+}  // namespace tsln::test

@@ -1,0 +1,39 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "maintenance/ListRows.h"
+
+namespace tsln::lists {
+namespace {
+
+using testing::ElementsAre;
+using Way = modSharedXML::RowReader::Way;
+
+TEST(ListRows, AreShownAsTheirColumnsSayWhicheverWayTheyAreRead) {
+    const Choice kinds[] = {{0, "None"}, {2, "Two"}};
+    const ListColumn columns[] = {{"Name", 100, "Name"},
+                                  {"Active", 50, "Active", ListColumn::Show::YesNo},
+                                  {"Kind", 50, "Kind", ListColumn::Show::Choice, kinds},
+                                  {"Rate", 50, "Rate", ListColumn::Show::Number},
+                                  {"Number", 50, "ID"}};
+    const std::string text =
+        "<Records><Record><ID>7</ID><Name>A &amp; "
+        "B</Name><Active>yes</Active><Kind>2</Kind><Rate>0.50</Rate></Record>"
+        "<Record><Name>no more</Name></Record>"
+        "<Record><ID>x</ID><Name/><Active>0</Active><Kind>9</Kind></Record></Records>";
+    for (const Way way : {Way::OnePass, Way::Nodes}) {
+        const ReportRecords records = readListRows(text, columns, way);
+        EXPECT_THAT(records.ids(), ElementsAre(7, 0, 0));
+        std::vector<std::string> cells;
+        for (std::size_t row = 0; row < records.count(); ++row) {
+            for (std::size_t c = 0; c < records.columns(); ++c)
+                cells.emplace_back(records.cell(row, c));
+        }
+        EXPECT_THAT(cells, ElementsAre("A & B", "Yes", "Two", "0.50", "7",  //
+                                       "no more", "No", "None", "", "",     //
+                                       "", "No", "9", "", "x"));
+    }
+}
+
+}  // namespace
+}  // namespace tsln::lists

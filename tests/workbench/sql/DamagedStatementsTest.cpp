@@ -1,0 +1,90 @@
+#include <algorithm>
+#include <random>
+#include <vector>
+
+#include "tests/workbench/company/CompanyFixture.h"
+#include "workbench/sql/SqlTokens.h"
+
+namespace tsln::workbench {
+
+namespace {
+
+/// Damaged statements, made by cutting, doubling and mixing the words of good ones: each runs or is refused.
+class DamagedStatements : public CompanyTest {};
+
+TEST_F(DamagedStatements, RunOrAreRefused) {
+    const std::string statements[] = {
+        "SELECT TOP 1 VendorName + ' (' + CONVERT(varchar(10), CAST(AddedOn AS DATE), 101) + ')' AS Result "
+        "FROM Vendors "
+        "ORDER BY AddedOn DESC",
+        "SELECT DISTINCT t.[Terms], CASE WHEN LEN(x.Name) > 3 THEN LEFT(x.Name, 2) ELSE NULL END FROM Terms "
+        "t LEFT JOIN (SELECT "
+        "TOP 3 * FROM CustomerTypes) AS x ON x.ID = t.ID WHERE t.ID IN (1, 2) AND NOT t.Terms LIKE 'a%' "
+        "ESCAPE '!'",
+        "INSERT INTO Terms (Terms,DueDays) SELECT GroupName, COUNT(DISTINCT ID) FROM Groups GROUP BY "
+        "GroupName HAVING 1 < 2",
+        "UPDATE Terms SET Terms = 'it''s', DueDays = -DueDays * (2 - 1) / 3 WHERE ID BETWEEN 1 AND 5 OR "
+        "EXISTS (SELECT 1)",
+        "DELETE FROM Terms WHERE DATEADD(hh, 1, AddedOn) >= GETDATE() AND ID IS NOT NULL"};
+    std::vector<std::string> words;
+    for (const std::string& statement : statements) {
+        ASSERT_NO_THROW(company_.execute(statement)) << statement;
+        for (const SqlToken& token : tokenizeSql(statement)) {
+            if (token.kind == SqlToken::Kind::Text) {
+                words.push_back("'" + std::string(token.text) + "'");
+            } else if (token.kind == SqlToken::Kind::QuotedName) {
+                words.push_back("[" + std::string(token.text) + "]");
+            } else {
+                words.push_back(std::string(token.text));
+            }
+        }
+    }
+    std::mt19937 random(20240229);
+    auto below = [&](std::size_t n) { return random() % n; };
+    int ran = 0, refused = 0;
+    for (int round = 0; round < 4000; ++round) {
+        std::size_t first = below(words.size());
+        std::vector<std::string> damaged(words.begin() + long(first),
+                                         words.begin() + long(std::min(words.size(), first + 1 + below(40))));
+        if (round % 2 == 0) {  // a whole statement instead of a piece from anywhere
+            damaged.clear();
+            std::size_t start = 0;
+            for (std::size_t skip = below(5); skip > 0; --skip) {
+                start =
+                    std::size_t(std::find(words.begin() + long(start), words.end(), "") - words.begin()) + 1;
+            }
+            for (std::size_t i = start; i < words.size() && !words[i].empty(); ++i)
+                damaged.push_back(words[i]);
+        }
+        for (std::size_t change = 1 + below(3); change > 0 && !damaged.empty(); --change) {
+            std::size_t at = below(damaged.size());
+            switch (below(3)) {
+                case 0:
+                    damaged.erase(damaged.begin() + long(at));
+                    break;
+                case 1:
+                    damaged[at] = words[below(words.size())];
+                    break;
+                default:
+                    damaged.insert(damaged.begin() + long(at), words[below(words.size())]);
+            }
+        }
+        std::string sql;
+        for (const std::string& word : damaged)
+            sql += word + " ";
+        try {
+            company_.execute(sql);
+            ++ran;
+        } catch (const SqlError& error) {
+            EXPECT_STRNE(error.what(), "") << sql;
+            ++refused;
+        }
+    }
+    EXPECT_GT(ran, 50);
+    EXPECT_GT(refused, 1000);
+    EXPECT_EQ(rows("SELECT COUNT(*) FROM Customers"), "60");  // no statement reached beyond its tables
+}
+
+}  // namespace
+
+}  // namespace tsln::workbench

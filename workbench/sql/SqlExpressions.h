@@ -1,0 +1,57 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "workbench/sql/SqlRewriter.h"
+#include "workbench/sql/SqlVocabulary.h"
+
+namespace tsln::workbench {
+
+/// Translates values and conditions. A subquery within them is left to the translator of SELECT.
+class SqlExpressions : public SqlRewriter {
+  protected:
+    using SqlRewriter::SqlRewriter;
+    virtual ~SqlExpressions() = default;
+
+    void condition() { needs(Gives::Condition, either()); }
+    void value() { needs(Gives::Value, sum()); }
+
+    virtual void select() = 0;
+
+  private:
+    /// The server never takes a condition for a value or the other way round.
+    enum class Gives { Value, Condition };
+    void needs(Gives wanted, Gives given) const;
+
+    // From the loosest binding to the tightest.
+    Gives either();
+    Gives conjunction();
+    Gives negation();
+    Gives predicate();
+    Gives sum();
+    Gives product();
+    Gives sign();
+    Gives primary();
+
+    bool comparison(Gives left);
+    void choice();
+    void column();
+    void insertOpening(std::size_t start, std::vector<std::string_view> innermostFirst);
+
+    // Calls (SqlExpressionCalls.cpp).
+    void call();
+    void databaseCall();
+    void arguments(const SqlFunction& function, const std::string& name);
+    void dateCall(std::string_view target, int values);
+    void conditional();
+    void cast();
+    void convert();
+    void conversionEnd(const SqlType& type, std::optional<int> style);
+    SqlType type();
+    int typeNumber();
+};
+
+}  // namespace tsln::workbench

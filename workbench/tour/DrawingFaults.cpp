@@ -1,0 +1,133 @@
+#include "workbench/tour/DrawingFaults.h"
+
+#include <map>
+
+#include <wx/bookctrl.h>
+#include <wx/display.h>
+#include <wx/listctrl.h>
+#include <wx/scrolwin.h>
+#include <wx/splitter.h>
+#include <wx/statline.h>
+#include <wx/wx.h>
+
+namespace tsln::workbench {
+namespace {
+
+/// Looks at one top-level window.
+class Inspection {
+  public:
+    Inspection(const wxTopLevelWindow& window, std::vector<std::string>& faults)
+        : window_(window), faults_(faults) {
+        const int display = wxDisplay::GetFromWindow(&window);
+        const wxRect area =
+            wxDisplay(display == wxNOT_FOUND ? 0u : static_cast<unsigned>(display)).GetClientArea();
+        if (!area.Contains(window.GetScreenRect())) tell(window, "reaches beyond the display");
+        look(window);
+    }
+
+  private:
+    static wxString captionOf(const wxWindow& control) {
+        for (const wxString& text : {control.GetLabel(), control.GetName()}) {
+            if (!text.empty()) return text.BeforeFirst('\n');
+        }
+        return control.GetClassInfo()->GetClassName();
+    }
+    void tell(const wxWindow& control, const char* what) {
+        const wxString text = "\"" + window_.GetTitle() + "\": \"" + captionOf(control) + "\" " + what + ".";
+        faults_.push_back(text.utf8_string());
+    }
+
+    void look(const wxWindow& parent) {
+        std::vector<const wxWindow*> shown;
+        for (const wxWindow* child : parent.GetChildren()) {
+            // A frame keeps its status bar below its client area.
+            const bool isBar = dynamic_cast<const wxStatusBar*>(child) != nullptr;
+            if (child->IsShown() && !child->IsTopLevel() && !isBar) shown.push_back(child);
+        }
+        // Panes may be drawn too small for all they hold.
+        const bool holdsAll =
+            !dynamic_cast<const wxSplitterWindow*>(&parent) && !parent.CanScroll(wxVERTICAL) &&
+            !dynamic_cast<const wxBookCtrlBase*>(&parent);  // has its tabs outside its client area
+        for (const wxWindow* child : shown) {
+            lookAtText(*child);
+            lookAtAccessKey(*child);
+            if (holdsAll && !wxRect(parent.GetClientSize()).Contains(child->GetRect()))
+                tell(*child, "sticks out of its window");
+            look(*child);
+        }
+        for (std::size_t i = 0; i < shown.size(); ++i) {
+            for (std::size_t j = i + 1; j < shown.size(); ++j)
+                lookAtPair(*shown[i], *shown[j]);
+        }
+    }
+
+    void lookAtText(const wxWindow& control) {
+        const bool hasCaption =
+            dynamic_cast<const wxStaticText*>(&control) || dynamic_cast<const wxAnyButton*>(&control) ||
+            dynamic_cast<const wxCheckBox*>(&control) || dynamic_cast<const wxStaticBox*>(&control);
+        constexpr long mayBeCut =
+            wxST_ELLIPSIZE_END | wxST_ELLIPSIZE_MIDDLE | wxST_ELLIPSIZE_START | wxST_NO_AUTORESIZE;
+        const bool ellipsized =
+            dynamic_cast<const wxStaticText*>(&control) && (control.GetWindowStyle() & mayBeCut) != 0;
+        const wxSize size = control.GetSize(), best = control.GetBestSize();
+        if (hasCaption && !ellipsized && size.x < best.x) tell(control, "is cut off at its end");
+        if (hasCaption && size.y < best.y) tell(control, "is cut off below");
+        if (const auto* list = dynamic_cast<const wxListCtrl*>(&control)) lookAtColumns(*list);
+    }
+
+    void lookAtColumns(const wxListCtrl& list) {
+        if (!list.InReportView() || list.HasFlag(wxLC_NO_HEADER)) return;
+        for (int column = 0; column < list.GetColumnCount(); ++column) {
+            wxListItem item;
+            item.SetMask(wxLIST_MASK_TEXT);
+            list.GetColumn(column, item);
+            if (list.GetTextExtent(item.GetText()).x > list.GetColumnWidth(column)) {
+                const wxString what = "cuts off its column \"" + item.GetText() + "\"";
+                tell(list, what.utf8_str());
+            }
+        }
+    }
+
+    void lookAtPair(const wxWindow& a, const wxWindow& b) {
+        // A frame and what stands in it are siblings to the toolkit.
+        for (const wxWindow* window : {&a, &b}) {
+            if (dynamic_cast<const wxStaticBox*>(window) || dynamic_cast<const wxStaticLine*>(window)) return;
+        }
+        if (a.GetRect().Intersects(b.GetRect())) {
+            const wxString what = "lies over \"" + captionOf(b) + "\"";
+            tell(a, what.utf8_str());
+        }
+    }
+
+    void lookAtAccessKey(const wxWindow& control) {
+        const wxString label = control.GetLabel();
+        for (std::size_t i = 0; i + 1 < label.size(); ++i) {
+            if (label[i] != '&') continue;
+            const wxUniChar key = wxToupper(label[++i]);
+            if (key == '&') continue;
+            const auto [other, isNew] = accessKeys_.emplace(key, captionOf(control));
+            if (!isNew) {
+                const wxString what = "has the access key of \"" + other->second + "\"";
+                tell(control, what.utf8_str());
+            }
+            return;
+        }
+    }
+
+    const wxTopLevelWindow& window_;
+    std::vector<std::string>& faults_;
+    std::map<wxUniChar, wxString> accessKeys_;
+};
+
+}  // namespace
+
+std::vector<std::string> drawingFaults(const wxWindow* except) {
+    std::vector<std::string> faults;
+    for (const wxWindow* window : wxTopLevelWindows) {
+        const auto* top = dynamic_cast<const wxTopLevelWindow*>(window);
+        if (top && top != except && top->IsShown()) Inspection(*top, faults);
+    }
+    return faults;
+}
+
+}  // namespace tsln::workbench

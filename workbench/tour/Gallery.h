@@ -1,0 +1,25 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "automation/Object.h"
+#include "workbench/tour/GalleryStops.h"
+#include "workbench/tour/Script.h"
+#include "workbench/company/Company.h"
+
+class wxTopLevelWindow;
+
+namespace tsln::workbench {
+
+/// A round of every screen, each in real windows over the company: a picture of the workbench, then one of
+/// each window that a stop opens, in `folder` with a page "index.html" that shows them all. Screens that are
+/// not built yet are passed over. After the last stop the script fails with all that went wrong: a call that
+/// raised an error, a window that Esc does not close, what drawingFaults() finds.
+///
+/// `library` is called while the script waits; the workbench's own window is hidden then.
+Script galleryRound(ObjectPtr library, Company& company, wxTopLevelWindow& workbench,
+                    std::vector<GalleryStop> stops, std::string folder);
+
+}  // namespace tsln::workbench

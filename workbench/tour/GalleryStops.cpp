@@ -1,0 +1,178 @@
+#include "workbench/tour/GalleryStops.h"
+
+#include <algorithm>
+#include <sstream>
+#include <stdexcept>
+
+#include <wx/defs.h>
+
+#include "workbench/tour/OperationGroups.h"
+
+namespace tsln::workbench {
+namespace {
+
+using enum Operation;
+
+/// What suits an operation better than the usual arguments.
+struct Particular {
+    Operation operation;
+    std::vector<std::string> arguments;
+    std::string_view prepare = {};
+    bool makesRows = true;  ///< an operation that edits a row makes a new one for 0
+};
+const Particular particulars[] = {
+    {ShowMoveReferences, {"1", "1"}},
+    {ShowGetReplacementDiscountGroup, {"4"}},
+    {ShowDeleteDiscountGroup, {"4"}},
+    {ShowEditDiscountGroups, {"4"}},
+    {ShowEditPortfiolioTag, {"Kitchen"}},
+    {ShowEditVendor, {"3"}},
+    {ShowEditCustomer, {"5"}},
+    {ShowProductTags, {"3"}},
+    {ShowEditProductTags, {"3"}, {}, false},
+    {ShowEditMeasurementRoom, {"1"}, "INSERT INTO MeasurementRooms (Room) VALUES ('Sun porch')"},
+    {ShowEditMeasurementItem, {"1"}, "INSERT INTO MeasurementItems (ItemName) VALUES ('Transom')"},
+    {ShowEditMeasurementMount, {"1"}, "INSERT INTO MeasurementMounts (Mount) VALUES ('Ceiling')"},
+};
+
+/// What a call alone does not show.
+const GalleryStop further[] = {
+    {"list-several-selected", ShowManufacturers, {}, "Shift+Down Shift+Down *"},
+    {"list-more-commands", ShowTerms, {}, "Alt+m"},
+    {"list-help", ShowTerms, {}, "F1"},
+    {"list-print-preview", ShowTerms, {}, "Alt+m Down Down Down Enter ..."},
+    {"list-export", ShowTerms, {}, "Alt+m Down Down Enter"},
+    {"list-import", ShowTerms, {}, "Alt+m Down Enter"},
+    {"list-save", ShowTerms, {}, "Alt+m Down Down Down Down Enter"},
+    {"defaults-installed", ShowMeasurementRooms, {}, "Enter ... *", "DELETE FROM MeasurementRooms"},
+    {"message-required", ShowEditTerms, {"0"}, "Enter"},
+    {"message-duplicate", ShowEditPaymentMethods, {"0"}, "=Cash Enter"},
+    {"message-referenced", ShowShippingMethods, {}, "End Delete"},
+    {"message-required-group", ShowEditDiscountGroups, {"1"}},
+    {"message-last-of-its-kind",
+     ShowCustomerTypes,
+     {},
+     "Delete",
+     "UPDATE Customers SET CustomerTypeID = 1;DELETE FROM CustomerTypes WHERE ID > 1;"
+     "UPDATE Customers SET CustomerTypeID = 0"},
+    {"message-save-failed", ShowEditLocation, {"0"}, "=New_showroom Enter"},
+    {"message-export-note", ShowDiscountGroups, {}, "Alt+m Down Down Enter"},
+    {"message-moved", ShowMoveReferences, {"1", "1"}, "Down Enter"},
+    {"delete-discount-group", ShowDeleteDiscountGroup, {"4"}, "Enter"},
+    {"expression-editor", ShowEditDiscountGroups, {"4"}, "Alt+x"},
+    {"expression-fault", ShowEditDiscountGroups, {"4"}, "Alt+x =_(Width_>_96 *"},
+    {"first-tax-codes",
+     ShowSalesTaxGroups,
+     {},
+     "Enter Enter Insert =STATE Tab =5 Enter Escape Enter =State_only Enter Enter",
+     "DELETE FROM SalesTaxGroupCodes;DELETE FROM SalesTaxCodes;DELETE FROM SalesTaxGroups"},
+};
+
+bool opensScreen(const OperationInfo& row) {
+    return row.visibility == Visibility::Public &&
+           (row.name.starts_with("Show") || row.name.starts_with("Select"));
+}
+
+bool editsRow(const OperationInfo& row) {
+    return row.name.find("Edit") != row.name.npos && row.argumentCount > 0 &&
+           row.argumentRow[0].type == ValueType::Long;
+}
+
+std::string usual(const OperationArgument& argument) {
+    switch (argument.type) {
+        case ValueType::Integer:
+        case ValueType::Long:
+            return "1";
+        case ValueType::Boolean:
+            return "0";
+        default:
+            return {};
+    }
+}
+
+GalleryStop stopAt(const OperationInfo& row, const Particular* particular) {
+    GalleryStop stop{std::string(row.name), row.operation};
+    if (particular) {
+        stop.arguments = particular->arguments;
+        stop.prepare = particular->prepare;
+    } else {
+        for (const OperationArgument& argument : row.arguments())
+            stop.arguments.push_back(usual(argument));
+    }
+    return stop;
+}
+
+struct NamedKey {
+    std::string_view name;
+    int key;
+};
+constexpr NamedKey namedKeys[] = {
+    {"Enter", WXK_RETURN}, {"Escape", WXK_ESCAPE}, {"Tab", WXK_TAB},     {"Down", WXK_DOWN},
+    {"Up", WXK_UP},        {"Home", WXK_HOME},     {"End", WXK_END},     {"Insert", WXK_INSERT},
+    {"F1", WXK_F1},        {"Delete", WXK_DELETE}, {"Space", WXK_SPACE},
+};
+constexpr NamedKey modifierKeys[] = {{"Shift+", wxMOD_SHIFT}, {"Alt+", wxMOD_ALT}, {"Ctrl+", wxMOD_CONTROL}};
+
+Keystroke readKey(const std::string& word) {
+    if (word == "*") return {.kind = Keystroke::Kind::Picture};
+    if (word == "...") return {.kind = Keystroke::Kind::Wait};
+    if (word.starts_with("=")) {
+        std::string text = word.substr(1);
+        std::ranges::replace(text, '_', ' ');
+        return {.kind = Keystroke::Kind::Type, .text = text};
+    }
+    Keystroke stroke;
+    std::string_view rest = word;
+    for (bool more = true; more;) {
+        const auto modifier = std::ranges::find_if(
+            modifierKeys, [&](const NamedKey& key) { return rest.starts_with(key.name); });
+        more = modifier != std::end(modifierKeys);
+        if (!more) continue;
+        stroke.modifiers |= modifier->key;
+        rest.remove_prefix(modifier->name.size());
+    }
+    const auto named = std::ranges::find(namedKeys, rest, &NamedKey::name);
+    if (named != std::end(namedKeys)) {
+        stroke.key = named->key;
+    } else if (rest.size() == 1) {
+        stroke.key = static_cast<unsigned char>(rest.front());
+    } else {
+        throw std::invalid_argument("There is no key " + word + ".");
+    }
+    return stroke;
+}
+
+}  // namespace
+
+std::vector<GalleryStop> galleryStops() {
+    std::vector<GalleryStop> stops;
+    for (const OperationGroup& group : operationGroups()) {
+        for (const Operation operation : group.operations) {
+            const OperationInfo& row = info(operation);
+            if (!opensScreen(row)) continue;
+            const auto found = std::ranges::find(particulars, operation, &Particular::operation);
+            const Particular* particular = found == std::end(particulars) ? nullptr : &*found;
+            GalleryStop stop = stopAt(row, particular);
+            if (editsRow(row) && (!particular || particular->makesRows)) {
+                GalleryStop forNew = stop;
+                forNew.name += "-new";
+                forNew.arguments.front().assign(1, '0');
+                forNew.prepare = {};
+                stops.push_back(std::move(forNew));
+            }
+            stops.push_back(std::move(stop));
+        }
+    }
+    std::ranges::copy(further, std::back_inserter(stops));
+    return stops;
+}
+
+std::vector<Keystroke> readKeys(std::string_view keys) {
+    std::vector<Keystroke> strokes;
+    std::istringstream words{std::string(keys)};
+    for (std::string word; words >> word;)
+        strokes.push_back(readKey(word));
+    return strokes;
+}
+
+}  // namespace tsln::workbench

@@ -1,0 +1,43 @@
+#include "workbench/tour/Script.h"
+
+namespace tsln::workbench {
+
+bool Script::resumeIfReady() {
+    auto& promise = script_.promise();
+    if (promise.wait) {
+        Wait& wait = *promise.wait;
+        *wait.held = wait.condition();
+        if (!*wait.held && std::chrono::steady_clock::now() < promise.deadline) return false;
+        promise.wait = nullptr;
+    }
+    if (!script_.done()) script_.resume();
+    return script_.done();
+}
+
+Script::Wait until(std::string what, std::function<bool()> condition) {
+    return {std::move(what), std::move(condition), std::chrono::seconds(20)};
+}
+
+Script::Wait pause(std::chrono::milliseconds time) {
+    const auto end = std::chrono::steady_clock::now() + time;
+    return {"time has passed", [end] { return std::chrono::steady_clock::now() >= end; }, time * 2};
+}
+
+ScriptRunner::ScriptRunner(Script script, std::function<void(const std::exception_ptr&)> done)
+    : script_(std::move(script)), done_(std::move(done)) {
+    constexpr int milliseconds = 30;
+    Start(milliseconds);
+}
+
+void ScriptRunner::Notify() {
+    // The script's own acts may let events pass, and with them this timer.
+    if (running_) return;
+    running_ = true;
+    const bool ended = script_.resumeIfReady();
+    running_ = false;
+    if (!ended) return;
+    Stop();
+    done_(script_.failure());
+}
+
+}  // namespace tsln::workbench
