@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <numeric>
 #include <stdexcept>
+#include <utility>
 
+#include "automation/NumericText.h"
 #include "screens/RecordOrder.h"
 #include "screens/Screen.h"
 
@@ -15,23 +17,32 @@ std::size_t ReportControl::recordCount() const noexcept {
     return records_.count() - removedCount_;
 }
 
+/// What was made of the records before is out of date.
+void ReportControl::recordsChanged() {
+    order_.clear();
+    filterTexts_.reset();
+}
+
 std::size_t ReportControl::addRecord(std::int32_t id, std::span<const std::string_view> cells) {
     if (records_.columns() != columns.size() && records_.count() == 0) {
         records_ = ReportRecords(columns.size());
     }
     const std::size_t record = records_.add(id, cells);
     removed_.push_back(false);
+    recordsChanged();
     return record;
 }
 
 void ReportControl::replaceRecord(std::size_t record, std::span<const std::string_view> cells) {
     records_.replace(record, cells);
+    recordsChanged();
 }
 
 void ReportControl::removeRecord(std::size_t record) {
     if (removed_.at(record)) return;
     removed_[record] = true;
     ++removedCount_;
+    recordsChanged();
 }
 
 void ReportControl::clearRecords() {
@@ -43,9 +54,12 @@ void ReportControl::setRecords(ReportRecords records) {
     records_ = std::move(records);
     removed_.assign(records_.count(), false);
     removedCount_ = 0;
+    styles_.clear();
     rows_.clear();
+    ++rowsVersion_;
     selected_.clear();
     focusedRow_.reset();
+    recordsChanged();
 }
 
 std::int32_t ReportControl::id(std::size_t record) const {
@@ -56,12 +70,39 @@ std::string_view ReportControl::cell(std::size_t record, std::size_t column) con
     return records_.cell(record, column);
 }
 
+void ReportControl::setCell(std::size_t record, std::size_t column, std::string_view text) {
+    records_.setCell(record, column, text);
+    recordsChanged();
+    changed();
+}
+
+void ReportControl::setSortValue(std::size_t record, std::size_t column, double value) {
+    records_.setSortValue(record, column, value);
+    recordsChanged();
+}
+
+bool ReportControl::checked(std::size_t record, std::size_t column) const {
+    bool ticked = false;
+    return readBoolean(cell(record, column), ticked) == Reading::Done && ticked;
+}
+
 std::optional<std::size_t> ReportControl::findRecord(std::int32_t id) const {
     const std::vector<std::int32_t>& ids = records_.ids();
     for (std::size_t i = 0; i < ids.size(); ++i) {
         if (ids[i] == id && !removed_[i]) return i;
     }
     return std::nullopt;
+}
+
+void ReportControl::setStyle(std::size_t record, Style style) {
+    if (record >= records_.count()) throw std::out_of_range("ReportControl: no such record");
+    if (styles_.size() <= record) styles_.resize(records_.count());
+    styles_[record] = style;
+    changed();
+}
+
+ReportControl::Style ReportControl::style(std::size_t record) const {
+    return record < styles_.size() ? styles_[record] : Style();
 }
 
 // Rows ------------------------------------------------------------------------------------------------
@@ -73,71 +114,122 @@ std::vector<std::uint32_t> ReportControl::compact() {
     for (std::size_t i = 0; i < moved.size(); ++i) {
         if (removed_[i]) continue;
         moved[i] = static_cast<std::uint32_t>(kept);
+        if (kept < styles_.size()) styles_[kept] = style(i);
         records_.move(i, kept++);
     }
     records_.truncate(kept);
+    styles_.resize(std::min(styles_.size(), kept));
     removed_.assign(kept, false);
     removedCount_ = 0;
     return moved;
 }
 
-std::vector<std::uint32_t> ReportControl::orderedRecords() const {
+void ReportControl::makeOrder() {
     std::vector<std::uint32_t> order(records_.count());
     std::iota(order.begin(), order.end(), 0U);
     if (sortOrder_ && sortOrder_->column < columns.size()) {
-        const auto sort = columns[sortOrder_->column].numeric ? sortByNumber : sortByText;
-        sort(order, records_, sortOrder_->column, sortOrder_->descending);
+        const std::size_t column = sortOrder_->column;
+        const auto sort = records_.hasSortValues(column) ? sortByValue
+                          : columns[column].numeric      ? sortByNumber
+                                                         : sortByText;
+        sort(order, records_, column, sortOrder_->descending);
     }
-    return order;
+    groups_ = groupColumn() ? rankGroups() : std::vector<std::uint32_t>();
+    if (groupColumn()) sortByRank(order, groups_);
+    order_ = std::move(order);
+}
+
+/// By record the place of its group among the groups.
+std::vector<std::uint32_t> ReportControl::rankGroups() const {
+    if (!grouping_->before && grouping_->order == Grouping::Order::ByText)
+        return rankTexts(records_, grouping_->column);
+    TextNumbers texts = numberTexts(records_, grouping_->column);
+    if (!grouping_->before) return std::move(texts.numbers);
+    std::vector<std::uint32_t> numbers(texts.first.size());
+    std::iota(numbers.begin(), numbers.end(), 0U);
+    std::ranges::stable_sort(numbers, [&](std::uint32_t a, std::uint32_t b) {
+        return grouping_->before(cell(texts.first[a], grouping_->column),
+                                 cell(texts.first[b], grouping_->column));
+    });
+    std::vector<std::uint32_t> rankOf(numbers.size());
+    for (std::size_t rank = 0; rank < numbers.size(); ++rank)
+        rankOf[numbers[rank]] = static_cast<std::uint32_t>(rank);
+    for (std::uint32_t& number : texts.numbers)
+        number = rankOf[number];
+    return std::move(texts.numbers);
+}
+
+/// By record whether the filter shows it.
+std::vector<bool> ReportControl::shownRecords() {
+    std::vector<bool> shown;
+    if (filter_.empty()) {
+        shown.assign(records_.count(), true);
+    } else {
+        if (!filterTexts_) filterTexts_.emplace(records_, columns);
+        shown = filterTexts_->find(filter_);
+    }
+    for (std::size_t record = 0; filterPredicate_ && record < shown.size(); ++record) {
+        if (shown[record]) shown[record] = filterPredicate_(record);
+    }
+    return shown;
 }
 
 void ReportControl::populate() {
+    recordsChanged();  // the columns may be others, too
+    updateRows();
+}
+
+void ReportControl::updateRows() {
+    try {
+        makeRows();
+    } catch (...) {  // an order or a filter of the screen's own
+        changed();
+        throw;
+    }
+    changed();
+}
+
+/// Leaves no rows when it throws.
+void ReportControl::makeRows() {
+    const std::vector<Row> before = std::exchange(rows_, {});
+    const std::vector<std::size_t> selectedBefore = std::exchange(selected_, {});
+    const std::optional<std::size_t> focusBefore = std::exchange(focusedRow_, std::nullopt);
+    ++rowsVersion_;
+
+    const auto moved = removedCount_ > 0 ? compact() : std::vector<std::uint32_t>();
+    const auto recordNow = [&](const Row& row) {
+        return row.isGroup() || moved.empty() ? row.record : moved[row.record];
+    };
+    if (order_.empty()) makeOrder();
+    const std::vector<bool> shown = shownRecords();
+
     std::vector<bool> wasSelected(records_.count());
-    for (const std::size_t row : selected_) {
-        if (!rows_[row].isGroup()) wasSelected[rows_[row].record] = true;
+    for (const std::size_t row : selectedBefore) {
+        const std::uint32_t record = recordNow(before[row]);
+        if (record != Row::noRecord) wasSelected[record] = true;
     }
-    const bool hadFocus = focusedRow_.has_value();
-    std::uint32_t focusedRecord = hadFocus ? rows_[*focusedRow_].record : Row::noRecord;
-    // How many records that are still there stood before the focus: the place of its successor.
-    const auto placeOfFocus =
-        std::count_if(rows_.begin(), rows_.begin() + static_cast<std::ptrdiff_t>(focusedRow_.value_or(0)),
-                      [&](const Row& row) { return !row.isGroup() && !removed_[row.record]; });
+    const std::uint32_t focusedRecord = focusBefore ? recordNow(before[*focusBefore]) : Row::noRecord;
+    // How many records that are still shown stood before the focus: the place of its successor.
+    const auto placeOfFocus = std::count_if(
+        before.begin(), before.begin() + static_cast<std::ptrdiff_t>(focusBefore.value_or(0)),
+        [&](const Row& row) { return recordNow(row) != Row::noRecord && shown[recordNow(row)]; });
 
-    if (removedCount_ > 0) {
-        const auto moved = compact();
-        std::vector<bool> stillSelected(records_.count());
-        for (std::size_t i = 0; i < wasSelected.size(); ++i) {
-            if (wasSelected[i] && moved[i] != Row::noRecord) stillSelected[moved[i]] = true;
-        }
-        wasSelected = std::move(stillSelected);
-        if (focusedRecord != Row::noRecord) focusedRecord = moved[focusedRecord];
-    }
-
-    rows_.clear();
-    selected_.clear();
-    focusedRow_.reset();
     rows_.reserve(records_.count());
-    std::vector<std::uint32_t> order = orderedRecords();
-    std::vector<std::uint32_t> groups;  // by record
-    if (groupColumn_ && *groupColumn_ < columns.size()) {
-        groups = rankTexts(records_, *groupColumn_);
-        sortByRank(order, groups);
-    }
-    std::uint32_t before = Row::noRecord;
+    std::uint32_t previous = Row::noRecord;
     std::ptrdiff_t place = 0;
     std::optional<std::size_t> successor;
-    for (const std::uint32_t record : order) {
-        if (!groups.empty() && (before == Row::noRecord || groups[before] != groups[record])) {
+    for (const std::uint32_t record : order_) {
+        if (!shown[record]) continue;
+        if (!groups_.empty() && (previous == Row::noRecord || groups_[previous] != groups_[record])) {
             rows_.push_back({.firstOfGroup = record});
         }
-        before = record;
+        previous = record;
         if (place++ <= placeOfFocus) successor = rows_.size();
         if (record == focusedRecord) focusedRow_ = rows_.size();
         if (wasSelected[record]) selected_.push_back(rows_.size());
         rows_.push_back({.record = record});
     }
-    if (hadFocus && !focusedRow_) focusedRow_ = successor;
-    changed();
+    if (focusBefore && !focusedRow_) focusedRow_ = successor;
 }
 
 std::optional<std::size_t> ReportControl::findRow(std::size_t record) const {
@@ -149,7 +241,22 @@ std::optional<std::size_t> ReportControl::findRow(std::size_t record) const {
 std::string_view ReportControl::rowText(std::size_t row, std::size_t column) const {
     const Row& shown = rows_.at(row);
     if (!shown.isGroup()) return cell(shown.record, column);
-    return column == 0 ? cell(shown.firstOfGroup, *groupColumn_) : std::string_view();
+    if (column != 0) return {};
+    const std::string_view text = cell(shown.firstOfGroup, grouping_->column);
+    return text.empty() ? grouping_->emptyText : text;
+}
+
+// Filter ----------------------------------------------------------------------------------------------
+
+void ReportControl::setFilter(std::string text) {
+    if (text == filter_ && filter_.empty()) return;
+    filter_ = std::move(text);
+    updateRows();
+}
+
+void ReportControl::setFilterPredicate(std::function<bool(std::size_t)> shows) {
+    filterPredicate_ = std::move(shows);
+    updateRows();
 }
 
 // Order -----------------------------------------------------------------------------------------------
@@ -160,8 +267,19 @@ void ReportControl::sortBy(std::optional<SortOrder> order) {
 }
 
 void ReportControl::groupBy(std::optional<std::size_t> column) {
-    groupColumn_ = column;
+    if (column) return groupBy(Grouping{.column = *column});
+    grouping_.reset();
     populate();
+}
+
+void ReportControl::groupBy(Grouping grouping) {
+    grouping_ = std::move(grouping);
+    populate();
+}
+
+std::optional<std::size_t> ReportControl::groupColumn() const noexcept {
+    if (!grouping_ || grouping_->column >= columns.size()) return std::nullopt;
+    return grouping_->column;
 }
 
 void ReportControl::userClickHeader(std::size_t column) {
@@ -220,7 +338,16 @@ void ReportControl::userDeleteKey() {
 }
 
 void ReportControl::userContextMenu(std::size_t row) {
-    if (!enabled() || !onContextMenu) return;
+    if (!enabled()) return;
+    if (row < rows_.size() ? !isSelected(row) : !selected_.empty()) {
+        if (row < rows_.size()) {
+            selectRow(row);
+        } else {
+            clearSelection();
+        }
+        fire(onSelectionChanged);
+    }
+    if (!onContextMenu) return;
     screen().handle([&] { onContextMenu(row); });
 }
 

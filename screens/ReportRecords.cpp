@@ -2,9 +2,16 @@
 
 #include <algorithm>
 #include <limits>
+#include <numeric>
 #include <stdexcept>
 
 namespace tsln {
+namespace {
+
+constexpr double noSortValue = -std::numeric_limits<double>::infinity();
+constexpr std::size_t leastToDrop = 1 << 20;  // bytes
+
+}  // namespace
 
 std::size_t ReportRecords::add(std::int32_t id, std::span<const std::string_view> cells) {
     const std::size_t record = ids_.size();
@@ -21,19 +28,81 @@ std::size_t ReportRecords::add(std::int32_t id, std::span<const std::string_view
 
 void ReportRecords::replace(std::size_t record, std::span<const std::string_view> cells) {
     if (record >= count()) throw std::out_of_range("ReportRecords: no such record");
-    store(cells_.data() + record * columns_, cells);
+    Text* const place = cells_.data() + record * columns_;
+    const std::size_t before = std::accumulate(place, place + columns_, std::size_t{0},
+                                               [](std::size_t sum, const Text& t) { return sum + t.length; });
+    store(place, cells);
+    unused_ += before;
+    dropUnusedText();
+    for (std::vector<double>& values : sortValues_) {
+        if (record < values.size()) values[record] = noSortValue;
+    }
+}
+
+void ReportRecords::setCell(std::size_t record, std::size_t column, std::string_view text) {
+    if (column >= columns_ || record >= count()) throw std::out_of_range("ReportRecords: no such cell");
+    Text& place = cells_[record * columns_ + column];
+    if (text.size() <= place.length) {
+        std::copy(text.begin(), text.end(), text_.begin() + place.offset);
+        unused_ += place.length - text.size();
+        place.length = static_cast<std::uint32_t>(text.size());
+        return;
+    }
+    checkRoom(text.size());
+    const std::size_t at = text_.size();
+    text_.append(text);  // which may lie in text_ itself
+    unused_ += place.length;
+    place = {static_cast<std::uint32_t>(at), static_cast<std::uint32_t>(text.size())};
+    dropUnusedText();
+}
+
+/// Packs the texts once half of them is unused: the bytes that are moved were paid for by as many that were
+/// set.
+void ReportRecords::dropUnusedText() {
+    if (unused_ < leastToDrop || unused_ < text_.size() / 2) return;
+    std::string used;
+    used.reserve(text_.size() - std::min(unused_, text_.size()));
+    for (Text& cell : cells_) {
+        const std::size_t at = used.size();
+        used.append(text_, cell.offset, cell.length);
+        cell.offset = static_cast<std::uint32_t>(at);
+    }
+    text_ = std::move(used);
+    unused_ = 0;
+}
+
+void ReportRecords::setSortValue(std::size_t record, std::size_t column, double value) {
+    if (column >= columns_ || record >= count()) throw std::out_of_range("ReportRecords: no such cell");
+    sortValues_.resize(columns_);
+    std::vector<double>& values = sortValues_[column];
+    if (values.size() <= record) values.resize(count(), noSortValue);
+    values[record] = value;
+}
+
+double ReportRecords::sortValue(std::size_t record, std::size_t column) const {
+    if (column >= columns_ || record >= count()) throw std::out_of_range("ReportRecords: no such cell");
+    return hasSortValues(column) && record < sortValues_[column].size() ? sortValues_[column][record]
+                                                                        : noSortValue;
+}
+
+bool ReportRecords::hasSortValues(std::size_t column) const {
+    return column < sortValues_.size() && !sortValues_[column].empty();
+}
+
+void ReportRecords::checkRoom(std::size_t bytes) const {
+    if (bytes > std::numeric_limits<std::uint32_t>::max() - text_.size()) {
+        throw std::length_error("The list holds more than 4 GB of text.");
+    }
 }
 
 void ReportRecords::store(Text* place, std::span<const std::string_view> cells) {
     const std::size_t given = std::min(cells.size(), columns_);
     std::size_t at = text_.size();
-    std::size_t end = at;
+    std::size_t bytes = 0;
     for (const std::string_view cell : cells.first(given))
-        end += cell.size();
-    if (end > std::numeric_limits<std::uint32_t>::max()) {
-        throw std::length_error("The list holds more than 4 GB of text.");
-    }
-    text_.resize(end);
+        bytes += cell.size();
+    checkRoom(bytes);
+    text_.resize(at + bytes);
     for (const std::string_view cell : cells.first(given)) {
         *place++ = {static_cast<std::uint32_t>(at), static_cast<std::uint32_t>(cell.size())};
         cell.copy(text_.data() + at, cell.size());
@@ -47,15 +116,22 @@ void ReportRecords::move(std::size_t from, std::size_t to) {
     if (to == from) return;
     ids_[to] = ids_[from];
     std::copy_n(cells_.data() + from * columns_, columns_, cells_.data() + to * columns_);
+    for (std::vector<double>& values : sortValues_) {
+        if (to < values.size()) values[to] = from < values.size() ? values[from] : noSortValue;
+    }
 }
 
 void ReportRecords::truncate(std::size_t count) {
     ids_.resize(std::min(count, ids_.size()));
     cells_.resize(ids_.size() * columns_);
+    for (std::vector<double>& values : sortValues_)
+        values.resize(std::min(values.size(), ids_.size()));
 }
 
 void ReportRecords::clear() {
     text_.clear();
+    sortValues_.clear();
+    unused_ = 0;
     cells_.clear();
     ids_.clear();
 }

@@ -23,6 +23,15 @@ class ReportRecords {
     /// std::length_error beyond 4 GB of text.
     std::size_t add(std::int32_t id, std::span<const std::string_view> cells);
     void replace(std::size_t record, std::span<const std::string_view> cells);
+    /// Replaces one cell's text; texts of cells obtained before are no longer valid.
+    void setCell(std::size_t record, std::size_t column, std::string_view text);
+    /// What the cell sorts by in place of its text, in any unit: a date's day number, say. A new text in the
+    /// cell leaves it as it is, replace() takes it away.
+    void setSortValue(std::size_t record, std::size_t column, double value);
+    /// The cell's sort value; below all others where none was set.
+    double sortValue(std::size_t record, std::size_t column) const;
+    /// Whether any cell of the column has one.
+    bool hasSortValues(std::size_t column) const;
     /// Moves a record to an index before its own, over what is there.
     void move(std::size_t from, std::size_t to);
     /// Drops the records behind the first `count`.
@@ -41,11 +50,15 @@ class ReportRecords {
         std::uint32_t length = 0;
     };
     void store(Text* place, std::span<const std::string_view> cells);
+    void checkRoom(std::size_t bytes) const;
+    void dropUnusedText();
 
     std::size_t columns_;
     std::string text_;         // every cell's characters, one after another
     std::vector<Text> cells_;  // count * columns
     std::vector<std::int32_t> ids_;
+    std::vector<std::vector<double>> sortValues_;  // by column and record; those without any are shorter
+    std::size_t unused_ = 0;                       // bytes of text_ that setCell() left behind
 };
 
 }  // namespace tsln
