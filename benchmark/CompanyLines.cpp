@@ -55,7 +55,7 @@ void measureLoad(Report& report, const std::string& what, BenchCompany& company,
                            {"SQLite", [&] { use(readBySqlite(*database, sql)); }},
                            {"list",
                             [&] {
-                                bare.report.setRecords(readListRows(std::move(copy), list.columns));
+                                bare.report.setRecords(readListRows(std::move(copy), list.columns).records);
                                 bare.report.populate();
                             },
                             [&] { copy = text; }}},

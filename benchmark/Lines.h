@@ -31,13 +31,15 @@ void measureWindow(const Settings& settings, Report& report);
 void measureSorting(const Settings& settings, Report& report);
 void measureStatements(const Settings& settings, Report& report);
 void measureDeleting(const Settings& settings, Report& report);
+void measureHostCalls(const Settings& settings, Report& report);
 void measureStart(const Settings& settings, Report& report);
 
 inline constexpr Group groups[] = {
     {"list", false, measureList},         {"memory", false, measureMemory},
     {"company", false, measureCompany},   {"window", true, measureWindow},
     {"sorting", false, measureSorting},   {"statements", false, measureStatements},
-    {"deleting", false, measureDeleting}, {"start", true, measureStart},
+    {"deleting", false, measureDeleting}, {"calls", false, measureHostCalls},
+    {"start", true, measureStart},
 };
 
 /// Measures a thing at sizes from 1,000 to `most` rows, some rounds each, and adds the curve of the medians.

@@ -17,7 +17,7 @@ double peakOver(const ListDescription& list, std::string text, Way way) {
     BareList bare(list.columns);
     const auto size = static_cast<double>(text.size());
     const HeapMeter meter;
-    bare.report.setRecords(readListRows(std::move(text), list.columns, way));
+    bare.report.setRecords(readListRows(std::move(text), list.columns, {}, way).records);
     bare.report.populate();
     return static_cast<double>(meter.peak()) / size;
 }

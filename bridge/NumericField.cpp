@@ -18,7 +18,7 @@ void check(TextBox& field, std::string_view member, const NumericBounds& bounds,
            double (*shape)(double)) noexcept {
     try {
         askHost(field, member, bounds);
-        return;  // what the host leaves in the field stands
+        if (isNumericText(field.text())) return;  // the host's number stands, in its own form
     } catch (const std::exception&) {
         // A host without the checker: the field is corrected here.
     }

@@ -14,9 +14,9 @@ struct NumericBounds {
 /// Checks a whole-number field with the host's numeric-field checker, which corrects the text box in place.
 ///
 /// The checker is the component "tslnnum5.Checker", created for each check; its members "CheckInteger" and
-/// "CheckDecimal" take the text box, the minimum, the maximum and the default. The text that it leaves in the box
-/// stands. Where the component is missing or raises, the text is corrected here: one that is no number becomes the
-/// default, a number outside the bounds becomes the nearest bound. Never throws.
+/// "CheckDecimal" take the text box, the minimum, the maximum and the default. The number that it leaves in the
+/// box stands. Where the component is missing, raises or leaves no number, the text is corrected here: one that is no
+/// number becomes the default, a number outside the bounds becomes the nearest bound. Never throws.
 void checkWholeNumberField(TextBox& field, const NumericBounds& bounds) noexcept;
 /// Checks a decimal field, likewise.
 void checkDecimalField(TextBox& field, const NumericBounds& bounds) noexcept;

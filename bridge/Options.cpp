@@ -16,6 +16,10 @@ Variant Options::GetUserOption(std::string_view name, std::string_view section,
     return call("GetUserOption", name, section, otherwise);
 }
 
+Variant Options::GetUserOption(std::string_view name, const Variant& otherwise) const {
+    return call("GetUserOption", name, otherwise);
+}
+
 void Options::SetUserOption(std::string_view name, std::string_view section, const Variant& value) const {
     call("SetUserOption", name, section, value);
 }

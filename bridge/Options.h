@@ -13,6 +13,8 @@ class Options : HostPart {
     Variant GetCompanyOption(std::string_view name, std::string_view section, const Variant& otherwise) const;
     void SetCompanyOption(std::string_view name, std::string_view section, const Variant& value) const;
     Variant GetUserOption(std::string_view name, std::string_view section, const Variant& otherwise) const;
+    /// Reads an option without a section.
+    Variant GetUserOption(std::string_view name, const Variant& otherwise) const;
     void SetUserOption(std::string_view name, std::string_view section, const Variant& value) const;
 };
 

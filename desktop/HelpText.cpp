@@ -10,8 +10,8 @@ the list, or the keyboard.</p>
 <table cellspacing="0" cellpadding="4">
 <tr><td><b>New</b></td><td><tt>Ins</tt></td><td>Adds an entry.</td></tr>
 <tr><td><b>Edit</b></td><td><tt>Enter</tt>, double click</td><td>Opens the entry to change it.</td></tr>
-<tr><td><b>Delete</b></td><td><tt>Del</tt></td><td>Removes the selected entries at once, without asking. An entry
-that is still used elsewhere stays, and you are told where it is used.</td></tr>
+<tr><td><b>Delete</b></td><td><tt>Del</tt></td><td>Removes the selected entries; the key asks
+first, the button does not. Most lists keep an entry that is still used elsewhere and tell you where it is used.</td></tr>
 <tr><td><b>More</b></td><td></td><td>Imports, exports, prints or saves the list; some lists also move all uses of
 an entry to another one or install default entries.</td></tr>
 <tr><td><b>Help</b></td><td><tt>F1</tt></td><td>Opens this page.</td></tr>

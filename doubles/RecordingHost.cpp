@@ -1,8 +1,10 @@
 #include "doubles/RecordingHost.h"
 
 #include <algorithm>
+#include <cmath>
 #include <set>
 
+#include "automation/NumericText.h"
 #include "shared/modSharedSQL.h"
 #include "shared/modSharedXML.h"
 
@@ -109,6 +111,14 @@ std::string describe(const Variant& value) {
     return value.isObject() ? "object" : value.toText();
 }
 
+/// Puts a number into a text box's text: box, least, most, default.
+void correctNumber(Arguments arguments, bool whole) {
+    Object& box = arguments[0].object();
+    double number = parseNumber(box.get("Text").toText()).value_or(arguments[3].toDouble());
+    if (whole) number = std::nearbyint(number);
+    box.put("Text", numberText(std::clamp(number, arguments[1].toDouble(), arguments[2].toDouble())));
+}
+
 }  // namespace
 
 class RecordingHost::Part : public Object {
@@ -191,7 +201,13 @@ Variant RecordingHost::usualAnswer(const std::string& path, Arguments arguments)
         fillCombo(arguments[0].object(), rowsOf(arguments[1].toText()), arguments);
         return {};
     }
-    if (path == "Options.GetUserOption" || path == "Options.GetCompanyOption") return arguments[2];
+    // The default comes last; an option may be asked for without a section.
+    if (path == "Options.GetUserOption" || path == "Options.GetCompanyOption")
+        return arguments[arguments.count() - 1];
+    if (path == "tslnnum5.Checker.CheckInteger" || path == "tslnnum5.Checker.CheckDecimal") {
+        correctNumber(arguments, path.ends_with("Integer"));
+        return {};
+    }
     if (path == "Database.ExecuteScaler") return 0;
     if (path == "Database.ExecuteNonQuery") return true;
     if (path == "Database.ExecuteNonQueryWithID") return 1;

@@ -1,10 +1,39 @@
 #include "doubles/Stage.h"
 
+#include <regex>
+#include <set>
+#include <string>
+
 #include <gtest/gtest.h>
 
 #include "module/Module.h"
 
 namespace tsln::test {
+namespace {
+
+/// A writing statement without the values it writes: its table, its columns, and the rows it is about.
+std::string shapeOf(const std::string& statement) {
+    const std::size_t condition = statement.find(" WHERE ");
+    const std::string written = statement.substr(0, condition);
+    // Texts, in which a doubled quote stands for one, then numbers and NULL where a value stands.
+    static const std::regex texts("'(?:[^']|'')*'"), values("-?\\b(?:[0-9][0-9.]*|NULL)\\b");
+    const std::string shape = std::regex_replace(std::regex_replace(written, texts, "?"), values, "?");
+    return shape + (condition == std::string::npos ? "" : statement.substr(condition));
+}
+
+/// The writing statements that the host was sent, each without its values.
+std::set<std::string> writings(const RecordingHost& host) {
+    std::set<std::string> shapes;
+    for (const char* member :
+         {"Database.ExecuteNonQuery", "Database.ExecuteNonQueryWithID", "CurrentCompanyConn.Execute"}) {
+        for (const std::string& statement : host.callsOf(member)) {
+            if (!statement.starts_with("SELECT")) shapes.insert(shapeOf(statement));
+        }
+    }
+    return shapes;
+}
+
+}  // namespace
 
 Stage::Stage() {
     plugInModule(*library);
@@ -14,11 +43,13 @@ Stage::Stage() {
 
 void sweepFaults(const std::function<void(Stage&)>& scenario, const std::function<void(Stage&)>& check) {
     int calls = 0;
+    std::set<std::string> clean;
     {
         Stage stage;
         scenario(stage);
         check(stage);
         calls = stage.host->callCount();
+        clean = writings(*stage.host);
     }
     ASSERT_GT(calls, 0) << "the scenario asks nothing of the host";
     using Fault = RecordingHost::Fault;
@@ -30,6 +61,8 @@ void sweepFaults(const std::function<void(Stage&)>& scenario, const std::functio
             stage.host->failCall(call, fault);
             EXPECT_NO_THROW(scenario(stage));
             check(stage);
+            for (const std::string& writing : writings(*stage.host))
+                EXPECT_TRUE(clean.contains(writing)) << "the clean run does not send " << writing;
             EXPECT_TRUE(stage.library->screens().empty()) << "a screen was left in its slot";
             stage.library->PreTerminate();
             EXPECT_EQ(stage.host->liveObjects(), 0) << "the module keeps an object of the host";

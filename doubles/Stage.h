@@ -23,8 +23,8 @@ struct Stage {
 
 /// Runs a scenario once to count its calls to the host, then again for each call and each kind of fault with
 /// just that call failing, and `check`s after each run. The scenario gets a new stage each time; nothing may
-/// be thrown out of it. After every run no screen may be left in its slot and no reference to the host's
-/// objects kept.
+/// be thrown out of it. A run with a fault sends no writing statement that the clean run does not send, values apart.
+/// After every run no screen may be left in its slot and no reference to the host's objects kept.
 void sweepFaults(const std::function<void(Stage&)>& scenario, const std::function<void(Stage&)>& check);
 
 }  // namespace tsln::test

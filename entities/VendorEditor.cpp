@@ -10,33 +10,33 @@ const RecordDescription vendorRecord{
     .table = "Vendors",
     .newCaption = "New Vendor",
     .editCaption = "Edit Vendor",
-    .fields = field::join(
-        field::trimmed("txtName", "&Name:", "VendorName", "<name>")
+    .fields = fields::join(
+        fields::trimmed("txtName", "&Name:", "VendorName", "<name>")
             .required("You must enter a name for this vendor.")
             .lockable(),
-        field::trimmed("txtWebSite", "&Web site:", "WebSite", "<web>").lockable(),
-        lockable(field::phones(3, Rule::Trimmed, true)), lockable(field::emails(2)),
-        field::check("chkActive", "&Active", "Active", "<active>").placed(1, 0),
-        field::check("chkExported", "E&xported", "Exported", "<exported>").placed(4, 4),
-        field::address("txtBillToAddress", "Bill-to address", "BillTo",
+        fields::trimmed("txtWebSite", "&Web site:", "WebSite", "<web>").lockable(),
+        fields::lockable(fields::phones(3, Rule::Trimmed, true)), fields::lockable(fields::emails(2)),
+        fields::check("chkActive", "&Active", "Active", "<active>").ticked().placed(1, 0),
+        fields::check("chkExported", "E&xported", "Exported", "<exported>").placed(4, 4),
+        fields::address("txtBillToAddress", "Bill-to address", "BillTo",
                        {"<ba1>", "<ba2>", "<by>", "<bs>", "<bz>", "<bc>"})
             .lockable(),
-        field::address("txtShipToAddress", "Ship-to address", "ShipTo",
+        fields::address("txtShipToAddress", "Ship-to address", "ShipTo",
                        {"<sa1>", "<sa2>", "<sy>", "<ss>", "<sz>", "<sc>"})
             .lockable(),
-        field::validateAddresses().placed(2, 2),
-        field::trimmed("txtAccountNumber", "Account n&umber:", "AccountNumber", "<acct>"),
-        field::trimmed("txtContact", "&Contact:", "Contact", "<contact>"),
-        field::keyOrNull("cboTerms", "&Terms:", "TermsID", "<terms>", &Common::LoadTerms)
+        fields::validateAddresses().placed(2, 2),
+        fields::trimmed("txtAccountNumber", "Account n&umber:", "AccountNumber", "<acct>"),
+        fields::trimmed("txtContact", "&Contact:", "Contact", "<contact>"),
+        fields::keyOrNull("cboTerms", "&Terms:", "TermsID", "<terms>", &Common::LoadTerms)
             .byDefault({"DefaultTerms", "Vendors", "-1"})
             .orFirst(),
-        field::check("chkSplitPOs", "&Split purchase orders by product", "SplitPOByProduct", "<split>").lockable(),
-        field::check("chkElectronic", "Takes purchase orders &electronically", "OOP_Process", "<electronic>").lockable(),
-        field::trimmed("txtOOPID", "Electronic &order ID:", "OOP_VendorID", "<oopid>").wide(24).lockable(),
-        field::text("txtUniqueID", "Un&ique ID:", "UniqueID", "<uniqueid>").wide(42).lockable(),
-        field::lines("txtNotes", "Notes", "Notes", "<notes>"),
-        field::margin("txtMargin", "&Margin (%):", "Margin", "<margin>", marginBounds).placed(3, 3),
-        field::margin("txtMarginAD", "Margin A&D (%):", "MarginAD", "<marginad>", marginBounds).placed(3, 3)),
+        fields::check("chkSplitPOs", "&Split purchase orders by product", "SplitPOByProduct", "<split>").lockable(),
+        fields::check("chkElectronic", "Takes purchase orders &electronically", "OOP_Process", "<electronic>").lockable(),
+        fields::trimmed("txtOOPID", "Electronic &order ID:", "OOP_VendorID", "<oopid>").wide(24).lockable(),
+        fields::text("txtUniqueID", "Un&ique ID:", "UniqueID", "<uniqueid>").wide(42).lockable(),
+        fields::lines("txtNotes", "Notes", "Notes", "<notes>"),
+        fields::margin("txtMargin", "&Margin (%):", "Margin", "<margin>", marginBounds).placed(3, 3),
+        fields::margin("txtMarginAD", "Margin A&D (%):", "MarginAD", "<marginad>", marginBounds).placed(3, 3)),
     .source = RecordDescription::Source::Recordset,
     .filledBeforeShown = true,
     .safeText = SafeText::ByHost,
@@ -63,19 +63,19 @@ VendorEditor::VendorEditor(Library& library) : RecordDialog(library, std::string
 
 Layout VendorEditor::content() {
     using namespace tsln::layout;
-    const auto one = [this](std::string_view control) { return field(control).layout(); };
+    const auto one = [this](std::string_view control) { return fieldOf(control).layout(); };
     std::vector<Layout> general{one("txtName"), one("txtContact"), one("txtAccountNumber"), one("txtWebSite")};
     for (const auto& rows : {slots("Phone", 3), slots("Email", 2)})
         general.insert(general.end(), rows.begin(), rows.end());
-    general.push_back(row({layout::field("", checkBox("chkActive")), one("chkExported")}));
+    general.push_back(row({field("", checkBox("chkActive")), one("chkExported")}));
     return tabs(TabControl1,
-                {column({tsln::layout::form(std::move(general)), spring()}),
+                {column({form(std::move(general)), spring()}),
                  row({stretch(framed(grpBillTo, column({fill(textBox("txtBillToAddress"))}))),
                       stretch(framed(grpShipTo,
                                      column({fill(textBox("txtShipToAddress")), item(lblCopyBilling)})))}),
-                 column({tsln::layout::form({one("cboTerms"), one("txtMargin"), one("txtMarginAD"),
-                                             layout::field("", checkBox("chkSplitPOs")),
-                                             layout::field("", checkBox("chkElectronic")), one("txtOOPID"),
+                 column({form({one("cboTerms"), one("txtMargin"), one("txtMarginAD"),
+                                             field("", checkBox("chkSplitPOs")),
+                                             field("", checkBox("chkElectronic")), one("txtOOPID"),
                                              one("txtUniqueID")}),
                          spring()}),
                  column({fill(textBox("txtNotes"))})});

@@ -32,8 +32,8 @@ const ListDescription accountsList{
     .dialog = {
         .newCaption = "New Shipping Methods",
         .editCaption = "Edit Account",
-        .fields = {field::name("txtAccount", "&Account:", "Account", "<a>", "You must enter a valid account name.", "An account with this name already exists."),
-                   field::choice("cboAccountType", "Account &type:", "AccountType", "<t>", accountTypes).required("You must select an account type."),
+        .fields = {fields::name("txtAccount", "&Account:", "Account", "<a>", "You must enter a valid account name.", "An account with this name already exists."),
+                   fields::choice("cboAccountType", "Account &type:", "AccountType", "<t>", accountTypes).required("You must select an account type."),
                    exportedField},
         .saveFailure = "There was a problem saving this account.",
         .expression = true,

@@ -25,7 +25,7 @@ const ListDescription fieldMeasureCriteriaList{
     .dialog = {
         .newCaption = "New Field Measure Criteria",
         .editCaption = "Edit Field Measure Criteria",
-        .fields = {field::name("txtCriteria", "&Criteria:", "Criteria", "<m>", "You must enter a valid Field Measure Criteria.")},
+        .fields = {fields::name("txtCriteria", "&Criteria:", "Criteria", "<m>", "You must enter a valid Field Measure Criteria.")},
         .saveFailure = "There was a problem saving this Field Measure Criteria.",
     }};
 
@@ -42,7 +42,7 @@ const ListDescription quoteApprovalList{
     .dialog = {
         .newCaption = "New Quote Approval Criteria",
         .editCaption = "Edit Quote Approval Criteria",
-        .fields = {field::name("txtCriteria", "&Criteria:", "Criteria", "<c>", "You must enter valid criteria.")},
+        .fields = {fields::name("txtCriteria", "&Criteria:", "Criteria", "<c>", "You must enter valid criteria.")},
         .saveFailure = "There was a problem saving this quote approval.",
     }};
 
@@ -59,8 +59,8 @@ const ListDescription depositCriteriaList{
     .dialog = {
         .newCaption = "New Deposit Criteria",
         .editCaption = "Edit Deposit Criteria",
-        .fields = {field::name("txtCriteria", "&Criteria:", "Criteria", "<c>", "You must enter valid criteria."),
-                   field::decimal("txtPercent", "&Deposit (%):", "DepositPercent", "<d>", 100)},
+        .fields = {fields::name("txtCriteria", "&Criteria:", "Criteria", "<c>", "You must enter valid criteria."),
+                   fields::decimal("txtPercent", "&Deposit (%):", "DepositPercent", "<d>", 100)},
         .saveFailure = "There was a problem saving this deposit criteria.",
     }};
 
@@ -70,9 +70,8 @@ DepositCriteriaScreen::DepositCriteriaScreen(Library& library, const ListDescrip
 }
 
 void DepositCriteriaScreen::listLoaded() {
-    // Read once: an import that loads the list again must not undo what the user has ticked since.
-    if (optionRead_) return;
-    chkEnforce.setChecked(host().options().GetUserOption(enforceOption, noSection, false).toBoolean());
+    optionRead_ = false;
+    chkEnforce.setChecked(host().options().GetUserOption(enforceOption, false).toBoolean());
     chkEnforce.setEnabled(true);
     optionRead_ = true;
 }

@@ -18,8 +18,8 @@ const ListDescription groupsList{
     .dialog = {
         .newCaption = "New Customer Groups",
         .editCaption = "Edit Customer Groups",
-        .fields = {field::name("txtGroupName", "&Name:", "GroupName", "<m>", "You must enter a valid customer group name.", "A customer group with this name already exists."),
-                   field::lines("txtDescription", "&Description:", "Description", "<d>")},
+        .fields = {fields::name("txtGroupName", "&Name:", "GroupName", "<m>", "You must enter a valid customer group name.", "A customer group with this name already exists."),
+                   fields::lines("txtDescription", "&Description:", "Description", "<d>")},
         .saveFailure = "There was a problem saving this customer group.",
     }};
 

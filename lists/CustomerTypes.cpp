@@ -39,12 +39,12 @@ const ListDescription customerTypesList{
     .dialog = {
         .newCaption = "New Customer Type",
         .editCaption = "Edit Customer Type",
-        .fields = {field::name("txtName", "&Name:", "Name", "<n>", "You must enter a valid name.", "A customer type with this name already exists."),
-                   field::check("chkRound", "&Round unit prices", "RoundUnitPrice", "<rup>"),
-                   field::decimal("txtRound", "Round &to:", "RoundUnitPriceTo", "<rupt>", 9999.99),
-                   field::choice("cboDirection", "D&irection:", "RoundUnitPriceDirection", "<rupd>", directions),
-                   field::choice("cboOptionDiscountMethod", "&Option discounts:", "OptionDiscountMethod", "<odm>", discountMethods),
-                   field::choice("cboDiscountMethod", "&Discounts:", "DiscountMethod", "<dm>", discountMethods)},
+        .fields = {fields::name("txtName", "&Name:", "Name", "<n>", "You must enter a valid name.", "A customer type with this name already exists."),
+                   fields::check("chkRound", "&Round unit prices", "RoundUnitPrice", "<rup>"),
+                   fields::decimal("txtRound", "Round &to:", "RoundUnitPriceTo", "<rupt>", 9999.99),
+                   fields::choice("cboDirection", "D&irection:", "RoundUnitPriceDirection", "<rupd>", directions),
+                   fields::choice("cboOptionDiscountMethod", "&Option discounts:", "OptionDiscountMethod", "<odm>", discountMethods),
+                   fields::choice("cboDiscountMethod", "&Discounts:", "DiscountMethod", "<dm>", discountMethods)},
         .saveFailure = "There was a problem saving this customer type.",
         .insert = "INSERT INTO CustomerTypes (Name,RoundUnitPrice,RoundUnitPriceTo,RoundUnitPriceDirection,"
                   "OptionDiscountMethod,DiscountMethod) "

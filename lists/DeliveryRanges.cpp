@@ -19,7 +19,7 @@ const ListDescription deliveryRangesList{
     .dialog = {
         .newCaption = "New Delivery Range",
         .editCaption = "Edit Delivery Range",
-        .fields = {field::name("txtRange", "&Delivery range:", "Range", "<m>", "You must enter a valid delivery range.", "A delivery range with this name already exists.")},
+        .fields = {fields::name("txtRange", "&Delivery range:", "Range", "<m>", "You must enter a valid delivery range.", "A delivery range with this name already exists.")},
         .saveFailure = "There was a problem saving this delivery range.",
     }};
 

@@ -40,8 +40,7 @@ constexpr Step steps[] = {
     {"UPDATE Customers SET CustomerDiscountGroupID = {0} WHERE CustomerDiscountGroupID = {1}",
      customersNotMoved},
     {"DELETE FROM Discounts WHERE DiscountGroupID = {1}",
-     "Unable to delete the discounts from discount group [{1}] while deleting a discount group. More "
-     "information to follow."},
+     "Unable to delete the discounts from discount group [{1}]. More information to follow."},
     {"DELETE FROM DiscountGroups WHERE ID = {1}",
      "Unable to delete the discount group [{1}]. More information to follow."},
 };

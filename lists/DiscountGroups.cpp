@@ -33,8 +33,8 @@ const ListDescription discountGroupsList{
     .dialog = {
         .newCaption = "New Discount Group",
         .editCaption = "Edit Discount Group",
-        .fields = {field::name("txtDiscount", "&Discount group:", "DiscountGroup", "<sm>", "You must enter a valid discount group.", "The discount group already exists."),
-                   field::choice("cboType", "&Type:", "DiscountGroupType", "<t>", types)},
+        .fields = {fields::name("txtDiscount", "&Discount group:", "DiscountGroup", "<sm>", "You must enter a valid discount group.", "The discount group already exists."),
+                   fields::choice("cboType", "&Type:", "DiscountGroupType", "<t>", types)},
         .saveFailure = "There was a problem saving this discount group.",
         .expression = true,
     }};

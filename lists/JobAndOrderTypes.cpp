@@ -24,7 +24,7 @@ const ListDescription jobTypesList{
     .dialog = {
         .newCaption = "New Job Type",
         .editCaption = "Edit Job Type",
-        .fields = {field::name("txtJobType", "&Job type:", "JobType", "<m>", "You must enter a valid job type.", "This job type already exists.")},
+        .fields = {fields::name("txtJobType", "&Job type:", "JobType", "<m>", "You must enter a valid job type.", "This job type already exists.")},
         .saveFailure = "There was a problem saving this job type.",
     }};
 
@@ -43,7 +43,7 @@ const ListDescription orderTypesList{
     .dialog = {
         .newCaption = "New Order Type",
         .editCaption = "Edit Order Type",
-        .fields = {field::name("txtOrderType", "&Order type:", "OrderType", "<m>", "You must enter a valid order type.", "An order type with this name already exists.")},
+        .fields = {fields::name("txtOrderType", "&Order type:", "OrderType", "<m>", "You must enter a valid order type.", "An order type with this name already exists.")},
         .saveFailure = "There was a problem saving this order type.",
     }};
 

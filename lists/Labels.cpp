@@ -19,7 +19,7 @@ const ListDescription phoneLabelsList{
     .dialog = {
         .newCaption = "New Phone Label",
         .editCaption = "Edit Phone Label",
-        .fields = {field::name("txtLabel", "&Phone label:", "Label", "<m>", "You must enter a valid Phone Label.", "Phone Label already exists.")},
+        .fields = {fields::name("txtLabel", "&Phone label:", "Label", "<m>", "You must enter a valid Phone Label.", "Phone Label already exists.")},
         .saveFailure = "There was a problem saving this phone label.",
     }};
 
@@ -39,7 +39,7 @@ const ListDescription emailLabelsList{
     .dialog = {
         .newCaption = "New Email Label",
         .editCaption = "Edit Email Label",
-        .fields = {field::name("txtLabel", "&Email label:", "Label", "<m>", "You must enter a valid Email Label.", "Email Label already exists.")},
+        .fields = {fields::name("txtLabel", "&Email label:", "Label", "<m>", "You must enter a valid Email Label.", "Email Label already exists.")},
         .saveFailure = "There was a problem saving this email label.",
     }};
 

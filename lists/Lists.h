@@ -10,7 +10,7 @@ void plugIn(Library& library);
 
 /// "Exported to accounting", which several lists have last.
 inline constexpr FieldDescription exportedField =
-    field::check("chkExported", "&Exported to accounting", "Exported", "<ex>");
+    fields::check("chkExported", "&Exported to accounting", "Exported", "<ex>");
 
 extern const ListDescription termsList;
 extern const ListDescription paymentMethodsList, shippingMethodsList, referralMethodsList;

@@ -1,7 +1,6 @@
 #include "lists/Locations.h"
 
 #include "lists/Lists.h"
-#include "maintenance/modSharedReportControl.h"
 
 namespace tsln::lists {
 namespace {
@@ -30,18 +29,18 @@ const ListDescription locationsList{
     .dialog = {
         .newCaption = "New Location",
         .editCaption = "Edit Location",
-        .fields = field::join(
-            field::name("txtName", "&Name:", "LocationName", "<name>",
+        .fields = fields::join(
+            fields::name("txtName", "&Name:", "LocationName", "<name>",
                         "You must enter a name for this location."),
-            field::text("txtEmail", "&Email:", "Email", "<email>"),
-            field::text("txtWebSite", "&Web site:", "WebSite", "<web>"), field::phones(4, Rule::Text, false),
-            field::address(addressBox, "Ship-to &address:", "ShipTo",
+            fields::text("txtEmail", "&Email:", "Email", "<email>"),
+            fields::text("txtWebSite", "&Web site:", "WebSite", "<web>"), fields::phones(4, Rule::Text, false),
+            fields::address(addressBox, "Ship-to &address:", "ShipTo",
                            {"<sa1>", "<sa2>", "<sy>", "<ss>", "<sz>", "<sc>"}),
-            field::validateAddresses(),
-            field::text("txtStoreNumber", "&Store number:", "StoreNumber", "<sno>"),
-            field::text("txtMarketNumber", "&Market number:", "MarketNumber", "<mno>"),
-            field::text("txtMarketName", "Mar&ket name:", "MarketName", "<mname>"),
-            field::text("txtRegion", "&Region:", "Region", "<reg>")),
+            fields::validateAddresses(),
+            fields::text("txtStoreNumber", "&Store number:", "StoreNumber", "<sno>"),
+            fields::text("txtMarketNumber", "&Market number:", "MarketNumber", "<mno>"),
+            fields::text("txtMarketName", "Mar&ket name:", "MarketName", "<mname>"),
+            fields::text("txtRegion", "&Region:", "Region", "<reg>")),
         .saveFailure = "There was a problem saving this location.",
         .saveExplanation = saveAgainExplanation,
         // The doubled MarketName here, and below that ValidateAddresses is not updated, are deliberate.
@@ -67,10 +66,8 @@ void LocationsScreen::cmdNew_Click() {
 }
 
 void LocationsScreen::cmdEdit_Click() {
-    const auto record = modSharedReportControl::focusedRecord(rptItems);
-    if (!record) return;
-    const std::int32_t ID = rptItems.id(*record);
-    if (!library().ShowEditLocation(ID)) showSaved(ID, record);
+    const std::int32_t ID = selectedID();
+    if (ID > 0 && !library().ShowEditLocation(ID)) showChanged(ID);
 }
 
 // The dialog ----------------------------------------------------------------------------------------------
@@ -84,12 +81,12 @@ LocationDialog::LocationDialog(Library& library, const ListDescription& descript
 Layout LocationDialog::content() {
     using namespace tsln::layout;
     return row({
-        stretch(column({form({"txtName", "txtEmail", "txtWebSite"}),
-                        framed(grpPhones, tsln::layout::form(slots("Phone", 4))), spring()})),
-        stretch(tsln::layout::form(
-            {stretch(field(addressBox).layout()), row({spring(), item(cmdCopyAddress)}),
-             field("txtStoreNumber").layout(), field("txtMarketNumber").layout(),
-             field("txtMarketName").layout(), field("txtRegion").layout()})),
+        stretch(column({formOf({"txtName", "txtEmail", "txtWebSite"}),
+                        framed(grpPhones, form(slots("Phone", 4))), spring()})),
+        stretch(form(
+            {stretch(fieldOf(addressBox).layout()), row({spring(), item(cmdCopyAddress)}),
+             fieldOf("txtStoreNumber").layout(), fieldOf("txtMarketNumber").layout(),
+             fieldOf("txtMarketName").layout(), fieldOf("txtRegion").layout()})),
     });
 }
 

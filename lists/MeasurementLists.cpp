@@ -28,7 +28,7 @@ const ListDescription measurementRoomsList{
         .newCaption = "New Room",
         .editCaption = "Edit Room",
         // The message speaks of a manufacturer (deliberate).
-        .fields = {field::name("txtRoom", "&Room:", "Room", "<r>", "You must enter a valid Manufacturer.", "Room already exists.")},
+        .fields = {fields::name("txtRoom", "&Room:", "Room", "<r>", "You must enter a valid Manufacturer.", "Room already exists.")},
         .saveFailure = "There was a problem saving this room.",
     }};
 
@@ -49,7 +49,7 @@ const ListDescription measurementItemsList{
     .dialog = {
         .newCaption = "New Item",
         .editCaption = "Edit Item",
-        .fields = {field::name("txtItemName", "&Item:", "ItemName", "<r>", "You must enter a valid item name.", "Item already exists.")},
+        .fields = {fields::name("txtItemName", "&Item:", "ItemName", "<r>", "You must enter a valid item name.", "Item already exists.")},
         .saveFailure = "There was a problem saving this item.",
     }};
 
@@ -70,7 +70,7 @@ const ListDescription measurementMountsList{
     .dialog = {
         .newCaption = "New Mount",
         .editCaption = "Edit Mount",
-        .fields = {field::name("txtMount", "&Mount:", "Mount", "<r>", "You must enter a valid mount.", "Mount already exists.")},
+        .fields = {fields::name("txtMount", "&Mount:", "Mount", "<r>", "You must enter a valid mount.", "Mount already exists.")},
         .saveFailure = "There was a problem saving this mount.",
     }};
 

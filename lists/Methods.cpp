@@ -32,8 +32,8 @@ const ListDescription paymentMethodsList{
     .dialog = {
         .newCaption = "New Payment Method",
         .editCaption = "Edit Payment Method",
-        .fields = {field::name("txtPaymentMethod", "&Payment method:", "PaymentMethod", "<sm>", "You must enter a valid payment method.", "A payment method with this name already exists."),
-                   field::choice("cboPaymentType", "&Type:", "PaymentType", "<t>", paymentTypes),
+        .fields = {fields::name("txtPaymentMethod", "&Payment method:", "PaymentMethod", "<sm>", "You must enter a valid payment method.", "A payment method with this name already exists."),
+                   fields::choice("cboPaymentType", "&Type:", "PaymentType", "<t>", paymentTypes),
                    exportedField},
         .saveFailure = "There was a problem saving this payment method.",
     }};
@@ -59,8 +59,8 @@ const ListDescription shippingMethodsList{
     .dialog = {
         .newCaption = "New Shipping Methods",
         .editCaption = "Edit Shipping Methods",
-        .fields = {field::name("txtShippingMethod", "&Shipping method:", "ShippingMethod", "<sm>", "You must enter a valid shipping method.", "The shipping method already exists."),
-                   field::choice("cboTaskType", "&Task type:", "TaskType", "<t>", taskTypes).required("You must select a task type to add.")},
+        .fields = {fields::name("txtShippingMethod", "&Shipping method:", "ShippingMethod", "<sm>", "You must enter a valid shipping method.", "The shipping method already exists."),
+                   fields::choice("cboTaskType", "&Task type:", "TaskType", "<t>", taskTypes).required("You must select a task type to add.")},
         .saveFailure = "There was a problem saving this shipping method.",
     }};
 
@@ -83,7 +83,7 @@ const ListDescription referralMethodsList{
     .dialog = {
         .newCaption = "New Referral Method",
         .editCaption = "Edit Referral Method",
-        .fields = {field::name("txtReferralMethod", "&Referral method:", "ReferralMethod", "<m>", "You must enter a valid Referral Method.", "This referral method already exists.")},
+        .fields = {fields::name("txtReferralMethod", "&Referral method:", "ReferralMethod", "<m>", "You must enter a valid Referral Method.", "This referral method already exists.")},
         .saveFailure = "There was a problem saving this referral method.",
     }};
 

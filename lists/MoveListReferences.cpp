@@ -28,9 +28,9 @@ Layout MoveListReferences::content() {
     return column({item(lblHeading), item(txtName), form({field("&To reference instead:", cboReplacement)})});
 }
 
-bool MoveListReferences::initialize(std::int16_t listCode, std::int32_t ID) {
+bool MoveListReferences::initialize(std::int16_t listCode, std::int32_t entry) {
     list_ = findReferencedList(listCode);
-    ID_ = ID;
+    ID = entry;
     if (!list_) {
         tell(format("There is no list with the code {0}.", listCode), MessageIcon::Exclamation);
         return false;
@@ -43,11 +43,11 @@ void MoveListReferences::opened() {
     txtName.setText(
         host()
             .database()
-            .ExecuteScaler(format("SELECT {0} FROM {1} WHERE ID = {2}", list_->nameColumn, list_->table, ID_))
+            .ExecuteScaler(format("SELECT {0} FROM {1} WHERE ID = {2}", list_->nameColumn, list_->table, ID))
             .toText());
     host().common().LoadComboFromQuery(
         cboReplacement,
-        format("SELECT ID, {0} FROM {1} WHERE ID <> {2}", list_->nameColumn, list_->table, ID_),
+        format("SELECT ID, {0} FROM {1} WHERE ID <> {2}", list_->nameColumn, list_->table, ID),
         withoutBrackets(list_->nameColumn), "ID", list_->blankAllowed);
     cmdOK.setEnabled(true);
     setFocus(cboReplacement);  // now that it has entries: an empty one may refuse the keyboard
@@ -69,9 +69,9 @@ std::optional<std::int64_t> MoveListReferences::move(std::int32_t replacement) {
     for (const Reference& reference : list_->references) {
         // The host does not tell how many rows an update changes.
         const std::int64_t rows =
-            database.ExecuteScaler(format(countReferences(reference.table, reference.column), ID_), "", "0")
+            database.ExecuteScaler(format(countReferences(reference.table, reference.column), ID), "", "0")
                 .toLong();
-        const std::string update = format("UPDATE {2} SET {3} = {0} WHERE {3} = {1}", target, ID_,
+        const std::string update = format("UPDATE {2} SET {3} = {0} WHERE {3} = {1}", target, ID,
                                           reference.table, reference.column);
         if (!database.ExecuteNonQuery(update)) {
             reportDatabaseFailure(reference.failure());

@@ -15,7 +15,7 @@ class MoveListReferences : public RecordDialog {
     ComboBox cboReplacement{*this, "cboReplacement"};
 
     /// Hands it the entry whose references move. False when there is no such list, which has been told.
-    bool initialize(std::int16_t listCode, std::int32_t ID);
+    bool initialize(std::int16_t listCode, std::int32_t entry);
 
   protected:
     Layout content() override;
@@ -28,7 +28,6 @@ class MoveListReferences : public RecordDialog {
     std::optional<std::int64_t> move(std::int32_t replacement);
 
     const ReferencedList* list_ = nullptr;
-    std::int32_t ID_ = 0;
 };
 
 /// Shows the dialog; true when it was cancelled.

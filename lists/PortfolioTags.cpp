@@ -15,12 +15,8 @@ const ListDescription portfolioTagsList{
     .orderBy = "Tag",
     .columns = {{"Tag", 160, "Tag"}, {"Portfolio File", 280, "FileName"}},
     .deleteFailure = "There was a problem deleting one or more portfolio tags(s).",
+    .addsRows = false,  // files get their tags elsewhere
 };
-
-PortfolioTagsScreen::PortfolioTagsScreen(Library& library, const ListDescription& description)
-    : ListScreen(library, description) {
-    cmdNew.setVisible(false);
-}
 
 std::string PortfolioTagsScreen::loadStatement() const {
     return "SELECT PortfolioTags.ID, PortfolioTags.Tag, Portfolio.FileName FROM PortfolioTags INNER JOIN "

@@ -28,15 +28,14 @@ const ListDescription productTagsList{
     .columns = {{"Tag", 280, "Tag"}},
     .listKind = 6,  // the phone labels' kind (deliberate)
     .deleteFailure = "There was a problem deleting one or more product tags.",
+    .editsRows = false,  // there is nothing to edit about a tag of a product
 };
 
 // The list ------------------------------------------------------------------------------------------------
 
 ProductTagsScreen::ProductTagsScreen(Library& library, const ListDescription& description,
                                      std::int32_t productID)
-    : ListScreen(library, description), productID_(productID) {
-    cmdEdit.setVisible(false);
-}
+    : ListScreen(library, description), productID_(productID) {}
 
 std::string ProductTagsScreen::loadStatement() const {
     return format("SELECT * FROM ProductTags WHERE ProductID = {0} ORDER BY Tag", productID_);

@@ -34,8 +34,8 @@ const ListDescription productTypesList{
     .dialog = {
         .newCaption = "New Product Type",
         .editCaption = "Edit Product Type",
-        .fields = {field::name("txtProductType", "&Product type:", "ProductType", "<c>", "You must enter valid product type.", "This product type already exists."),
-                   field::whole("txtDeliveryDays", "&Estimated delivery (days):", "EstDeliveryDays", "<d>", 999)},
+        .fields = {fields::name("txtProductType", "&Product type:", "ProductType", "<c>", "You must enter valid product type.", "This product type already exists."),
+                   fields::whole("txtDeliveryDays", "&Estimated delivery (days):", "EstDeliveryDays", "<d>", 999)},
         .saveFailure = "There was a problem saving this product type.",
     }};
 
@@ -56,7 +56,7 @@ const ListDescription manufacturersList{
     .dialog = {
         .newCaption = "New Manufacturer",
         .editCaption = "Edit Manufacturer",
-        .fields = {field::name("txtManufacturer", "&Manufacturer:", "Manufacturer", "<m>", "You must enter a valid Manufacturer.", "Manufacturer already exists.")},
+        .fields = {fields::name("txtManufacturer", "&Manufacturer:", "Manufacturer", "<m>", "You must enter a valid Manufacturer.", "Manufacturer already exists.")},
         .saveFailure = "There was a problem saving this manufacturer.",
     }};
 

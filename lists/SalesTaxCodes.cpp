@@ -24,9 +24,9 @@ const ListDescription salesTaxCodesList{
     .dialog = {
         .newCaption = "New Sales Tax Code",
         .editCaption = "Edit Sales Tax Code",
-        .fields = {field::name("txtCode", "&Code:", "Code", "<c>", "You must enter valid sales tax code.", "A sales tax code with this name already exists."),
-                   field::decimal("txtRate", "&Rate (%):", "Rate", "<r>", 100),
-                   field::text("txtVendor", "&Vendor/Agency:", "Vendor", "<v>"),
+        .fields = {fields::name("txtCode", "&Code:", "Code", "<c>", "You must enter valid sales tax code.", "A sales tax code with this name already exists."),
+                   fields::decimal("txtRate", "&Rate (%):", "Rate", "<r>", 100),
+                   fields::text("txtVendor", "&Vendor/Agency:", "Vendor", "<v>"),
                    exportedField},
         .saveFailure = "There was a problem saving this sales tax code.",
         .insert = "INSERT INTO SalesTaxCodes (Code,Rate,Vendor,Exported) VALUES('<c>', <r>, '<v>',<ex>)",

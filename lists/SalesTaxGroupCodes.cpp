@@ -20,16 +20,16 @@ Layout SalesTaxGroupCodes::content() {
 
 void SalesTaxGroupCodes::opened() {
     setFocus(lstCodes);
-    const std::string ID = std::to_string(groupID);
-    const Records group = host().database().ExecuteRead("SELECT * FROM SalesTaxGroups WHERE ID = " + ID);
-    if (group.empty()) {
+    const std::string group = std::to_string(groupID);
+    const Records groups = host().database().ExecuteRead("SELECT * FROM SalesTaxGroups WHERE ID = " + group);
+    if (groups.empty()) {
         tell("This sales tax group does not exist any more.", MessageIcon::Exclamation);
         return hide();
     }
-    setCaption("Sales Tax Codes of " + modSharedXML::readText("SalesTaxGroup", group.first()));
+    setCaption("Sales Tax Codes of " + modSharedXML::readText("SalesTaxGroup", groups.first()));
     const Records codes = host().database().ExecuteRead("SELECT ID, Code, Rate, Vendor FROM SalesTaxCodes");
     const Records own = host().database().ExecuteRead(
-        "SELECT SalesTaxCodeID FROM SalesTaxGroupCodes WHERE SalesTaxGroupID = " + ID);
+        "SELECT SalesTaxCodeID FROM SalesTaxGroupCodes WHERE SalesTaxGroupID = " + group);
     std::set<std::int32_t> ticked;
     for (const Record row : own)
         ticked.insert(modSharedXML::readLong("SalesTaxCodeID", row));

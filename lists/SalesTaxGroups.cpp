@@ -9,7 +9,6 @@
 namespace tsln::lists {
 namespace {
 
-using modSharedReportControl::selectedID;
 
 std::string combinedRate(const std::string& rate) {
     return rate.empty() ? "Combined rate:" : "Combined rate: " + rate;
@@ -32,8 +31,8 @@ const ListDescription salesTaxGroupsList{
     .dialog = {
         .newCaption = "New Sales Tax Group",
         .editCaption = "Edit Sales Tax Group",
-        .fields = {field::name("txtSalesTaxGroup", "&Group:", "SalesTaxGroup", "<n>", "You must enter valid sales tax group name.", "A sales tax group with this name already exists."),
-                   field::text("txtDescription", "&Description:", "Description", "<d>"),
+        .fields = {fields::name("txtSalesTaxGroup", "&Group:", "SalesTaxGroup", "<n>", "You must enter valid sales tax group name.", "A sales tax group with this name already exists."),
+                   fields::text("txtDescription", "&Description:", "Description", "<d>"),
                    exportedField},
         .saveFailure = "There was a problem saving this sales tax group.",
         .insert = "INSERT INTO SalesTaxGroups (SalesTaxGroup,Description,Exported) VALUES('<n>', '<d>',<ex>)",
@@ -46,7 +45,7 @@ SalesTaxGroupsScreen::SalesTaxGroupsScreen(Library& library, const ListDescripti
                         {.caption = "Vendor", .width = 220}};
     lblCombinedRate.setCaption(combinedRate({}));
     cmdManageTaxCodes.onClick = [this] { cmdManageTaxCodes_Click(); };
-    cmdAssignTaxCodes.onClick = [this] { assignTaxCodes(selectedID(rptItems)); };
+    cmdAssignTaxCodes.onClick = [this] { assignTaxCodes(selectedID()); };
 }
 
 std::vector<Layout> SalesTaxGroupsScreen::furtherButtons() {
@@ -61,12 +60,12 @@ std::vector<Layout> SalesTaxGroupsScreen::belowList() {
 
 void SalesTaxGroupsScreen::updateButtons() {
     ListScreen::updateButtons();
-    cmdAssignTaxCodes.setEnabled(selectedID(rptItems) > 0 && can(Right::Edit));
-    if (shownGroup_ != selectedID(rptItems)) refreshCodes();
+    cmdAssignTaxCodes.setEnabled(selectedID() > 0 && can(Right::Edit));
+    if (shownGroup_ != selectedID()) refreshCodes();
 }
 
 void SalesTaxGroupsScreen::refreshCodes() {
-    shownGroup_ = selectedID(rptItems);
+    shownGroup_ = selectedID();
     showCodes(*shownGroup_);
 }
 

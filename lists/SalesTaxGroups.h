@@ -22,6 +22,7 @@ class SalesTaxGroupsScreen : public ListScreen {
     void welcome() override;
     void updateButtons() override;
     void added(std::int32_t ID) override;
+    void referencesMoved() override { refreshCodes(); }
     std::vector<Layout> furtherButtons() override;
     std::vector<Layout> belowList() override;
 

@@ -45,7 +45,7 @@ class ProductTagsDialog : public RecordDialog {
 /// The tags of all portfolio files. They are renamed and deleted; files get their tags elsewhere.
 class PortfolioTagsScreen : public ListScreen {
   public:
-    PortfolioTagsScreen(Library& library, const ListDescription& description);
+    using ListScreen::ListScreen;
 
   protected:
     std::string loadStatement() const override;

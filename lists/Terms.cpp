@@ -24,10 +24,10 @@ const ListDescription termsList{
     .dialog = {
         .newCaption = "New Terms",
         .editCaption = "Edit Terms",
-        .fields = {field::name("txtTerms", "&Terms:", "Terms", "<t>", "You must enter a valid term.", "This term already exists."),
-                   field::whole("txtDueIn", "&Due in (days):", "DueDays", "<dd>", 999),
-                   field::percent("txtDiscount", "D&iscount (%):", "Discount", "<dis>", 999.999),
-                   field::whole("txtDiscountDays", "Discount da&ys:", "DiscountDays", "<d>", 999),
+        .fields = {fields::name("txtTerms", "&Terms:", "Terms", "<t>", "You must enter a valid term.", "This term already exists."),
+                   fields::whole("txtDueIn", "&Due in (days):", "DueDays", "<dd>", 999),
+                   fields::percent("txtDiscount", "D&iscount (%):", "Discount", "<dis>", 999.999),
+                   fields::whole("txtDiscountDays", "Discount da&ys:", "DiscountDays", "<d>", 999),
                    exportedField},
         .saveFailure = "There was a problem saving this term.",
     }};

@@ -16,16 +16,23 @@ constexpr int addressWidth = 34;
 
 constexpr float percent = 100;
 
-/// A percentage as it is typed, as the fraction that is stored: four decimals, half to even.
-double fractionOf(const std::string& percentage) {
-    const double fraction = static_cast<double>(Variant(percentage).toSingle()) / percent;
-    return std::nearbyint(fraction * 10'000) / 10'000;
-}
-
 /// A stored number without the zeros that the database may add; other text as it is.
 std::string normalNumber(const std::string& text) {
     const auto number = parseNumber(text);
     return number ? numberText(*number) : text;
+}
+
+/// A percentage as it is typed, as the fraction that is stored: four decimals, half to even.
+double fractionOf(const std::string& percentage) {
+    float typed = 0;  // what reads as no number is 0
+    readNumber(percentage, typed);
+    return std::nearbyint(static_cast<double>(typed) / percent * 10'000) / 10'000;
+}
+
+/// A number as a statement takes it: a host may leave a number in a form such as "$5" or "1,000".
+std::string statementNumber(const std::string& text) {
+    if (text.find_first_not_of("0123456789.-") == std::string::npos) return text;
+    return normalNumber(text);
 }
 
 }  // namespace
@@ -63,7 +70,7 @@ void Field::make() {
         case Rule::Text:
         case Rule::Trimmed:
         case Rule::Lines:
-        case Rule::Address:
+        case Rule::PostalAddress:
         case Rule::Whole:
         case Rule::Decimal:
         case Rule::Percent:
@@ -73,7 +80,7 @@ void Field::make() {
             box->rightAligned = !isText();
             if (!isText()) box->widthInCharacters = numberWidth;
             if (description_.rule == Rule::Lines) box->widthInCharacters = linesWidth;
-            if (description_.rule == Rule::Address) box->widthInCharacters = addressWidth;
+            if (description_.rule == Rule::PostalAddress) box->widthInCharacters = addressWidth;
             if (description_.width > 0) box->widthInCharacters = description_.width;
             control_ = std::move(box);
             return;
@@ -82,7 +89,7 @@ void Field::make() {
 }
 
 bool Field::hasSeveralLines() const noexcept {
-    return description_.rule == Rule::Lines || description_.rule == Rule::Address;
+    return description_.rule == Rule::Lines || description_.rule == Rule::PostalAddress;
 }
 
 bool Field::isText() const noexcept {
@@ -91,7 +98,7 @@ bool Field::isText() const noexcept {
         case Rule::Trimmed:
         case Rule::Lines:
         case Rule::Label:
-        case Rule::Address:
+        case Rule::PostalAddress:
             return true;
         default:
             return false;
@@ -119,6 +126,7 @@ void Field::loadEntries() {
 
 void Field::showDefault() {
     if (description_.rule == Rule::Choice && description_.requiredText.empty()) combo().setListIndex(0);
+    if (description_.tickedByDefault) check().setChecked(true);
     const DefaultOption& option = description_.option;
     if (option.name.empty()) return;
     const std::string value = screen_.host()
@@ -170,7 +178,7 @@ void Field::show(const Row& row) {
         case Rule::Check:
             check().setChecked(row.boolean(column));
             break;
-        case Rule::Address: {
+        case Rule::PostalAddress: {
             Address address;
             for (std::size_t i = 0; i < address.size(); ++i)
                 address[i] = row.text(std::string(column) + std::string(addressColumns[i]));
@@ -193,7 +201,7 @@ void Field::chooseStored(std::int32_t number) {
 // What the user typed ---------------------------------------------------------------------------------
 
 void Field::left() {
-    if (description_.rule == Rule::Address) {
+    if (description_.rule == Rule::PostalAddress) {
         // An address taken away is to be validated once there is one again.
         if (text().text().empty()) validateAddresses_ = true;
         std::string shown = text().text();
@@ -251,7 +259,7 @@ void Field::addTags(StatementTags& tags) const {
             break;
         case Rule::Whole:
         case Rule::Decimal:
-            tags.plain(tag, text().text());
+            tags.plain(tag, statementNumber(text().text()));
             break;
         case Rule::Percent:
             tags.plain(tag, numberText(fractionOf(text().text())));
@@ -272,7 +280,7 @@ void Field::addTags(StatementTags& tags) const {
         case Rule::Check:
             tags.plain(tag, check().value());
             break;
-        case Rule::Address: {
+        case Rule::PostalAddress: {
             std::string shown = text().text();
             const Address parts = screen_.host().ParseAddress(shown, validateAddresses_);
             for (std::size_t i = 0; i < parts.size(); ++i)
@@ -289,7 +297,7 @@ std::vector<std::pair<std::string, std::string>> Field::columns() const {
     const auto placeholder = [this](std::string_view tag) {
         return isText() ? "'" + std::string(tag) + "'" : std::string(tag);
     };
-    if (description_.rule != Rule::Address)
+    if (description_.rule != Rule::PostalAddress)
         return {{std::string(description_.column), placeholder(description_.tag)}};
     std::vector<std::pair<std::string, std::string>> columns;
     for (std::size_t i = 0; i < addressColumns.size(); ++i) {

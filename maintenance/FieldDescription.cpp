@@ -1,6 +1,6 @@
 #include "maintenance/FieldDescription.h"
 
-namespace tsln::field {
+namespace tsln::fields {
 namespace {
 
 /// The default labels are those of customers, whatever the record.
@@ -61,4 +61,4 @@ std::vector<FieldDescription> lockable(std::vector<FieldDescription> fields) {
     return fields;
 }
 
-}  // namespace tsln::field
+}  // namespace tsln::fields

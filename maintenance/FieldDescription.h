@@ -31,7 +31,7 @@ enum class Rule {
     Key,                ///< the stored number of the chosen entry of a list that the host fills, or 0
     KeyOrNull,          ///< likewise, or NULL when the list shows no text
     Check,              ///< 1 or 0
-    Address,            ///< an address of six columns in one box of several lines, parsed by the host
+    PostalAddress,      ///< an address of six columns in one box of several lines, parsed by the host
     ValidateAddresses,  ///< without a control: the record's wish to have its addresses validated
 };
 
@@ -45,18 +45,19 @@ struct DefaultOption {
 };
 
 /// A field of a record dialog: its control, its label, its column and its tag in the statements, and its rule. The
-/// functions of the namespace `field` make one.
+/// functions of the namespace `fields` make one.
 struct FieldDescription {
     Rule rule = Rule::Text;
     std::string_view control;
     std::string_view label;
-    std::string_view column;                       ///< Address: what its six columns begin with
+    std::string_view column;                       ///< PostalAddress: what its six columns begin with
     std::string_view tag;                          ///< "<name>"; Address: see `tags`
-    std::array<std::string_view, 6> tags = {};     ///< Address: a tag a column
+    std::array<std::string_view, 6> tags = {};     ///< PostalAddress: a tag a column
     NumericBounds bounds = {};                     ///< of a number
     std::span<const tsln::Choice> choices = {};    ///< Choice
     void (Common::*loader)(ComboBox& combo) const = nullptr;  ///< fills the list of a Label, Key or KeyOrNull
     DefaultOption option = {};
+    bool tickedByDefault = false;         ///< Check: a new record starts with it ticked
     bool firstByDefault = false;          ///< a new record without another choice takes the first entry
     std::string_view requiredText = {};   ///< told when the field is empty or nothing is chosen
     std::string_view duplicateText = {};  ///< told when another row has the value
@@ -90,6 +91,9 @@ struct FieldDescription {
     constexpr FieldDescription byDefault(DefaultOption from) const {
         return with([&](auto& f) { f.option = from; });
     }
+    constexpr FieldDescription ticked() const {
+        return with([](auto& f) { f.tickedByDefault = true; });
+    }
     constexpr FieldDescription orFirst() const {
         return with([](auto& f) { f.firstByDefault = true; });
     }
@@ -103,7 +107,7 @@ struct FieldDescription {
     }
 };
 
-namespace field {
+namespace fields {
 
 using Name = std::string_view;
 using Loader = void (Common::*)(ComboBox& combo) const;
@@ -175,7 +179,7 @@ constexpr FieldDescription check(Name control, Name caption, Name column, Name t
 }
 constexpr FieldDescription address(Name control, Name label, Name columnPrefix,
                                    std::array<Name, 6> tags) {
-    FieldDescription made = of(Rule::Address, control, label, columnPrefix, {});
+    FieldDescription made = of(Rule::PostalAddress, control, label, columnPrefix, {});
     made.tags = tags;
     return made;
 }
@@ -207,5 +211,5 @@ std::vector<FieldDescription> join(const Parts&... parts) {
     return all;
 }
 
-}  // namespace field
+}  // namespace fields
 }  // namespace tsln

@@ -1,11 +1,16 @@
 #pragma once
 
-#include "screens/CommandBars.h"
-#include "screens/ReportControl.h"
+#include <cstdint>
+#include <initializer_list>
+#include <string_view>
+
+#include "bridge/Security.h"
 
 namespace tsln {
 
-/// The identifiers of the commands that every list shares.
+class ListScreen;
+
+/// The identifiers of the commands and popups that every list shares.
 namespace command {
 inline constexpr int import = 28001;
 inline constexpr int exportList = 28003;
@@ -21,11 +26,42 @@ inline constexpr int editItem = 28306;
 inline constexpr int deleteItem = 28307;
 }  // namespace command
 
-/// Builds the popups of a list: "More List Commands", and the context popups where the list asks for them.
-void buildListCommands(CommandBars& bars, bool importAndExport, bool contextPopups);
-/// Sets whether a shared command is enabled. `items` may be null while there is no list.
-void updateListCommand(Command& command, const ReportControl* items);
-/// Runs "Print..." and "Save..."; other commands are the list's own.
-void executeListCommand(int id, ReportControl& items);
+/// Rights that are all needed, as a set of the bits of Right.
+using Rights = std::uint32_t;
+constexpr Rights rights(std::initializer_list<Right> all) {
+    Rights set = 0;
+    for (const Right right : all)
+        set |= static_cast<Rights>(right);
+    return set;
+}
+
+/// The rows that a command needs; group rows are none.
+enum class Needs {
+    Nothing,
+    FocusedRow,    ///< one has the focus, and the selection is not empty
+    OneRow,        ///< one has the focus, and just it is selected
+    SelectedRows,  ///< at least one is selected
+};
+
+/// The popups that offer a command, as a set of bits.
+enum Popups : unsigned {
+    inNone = 0,
+    inMore = 1,      ///< "More List Commands"
+    inNoItems = 2,   ///< the context popup while no row is selected
+    inOneItem = 4,   ///< the context popup of selected rows
+};
+
+/// A command of a list: how it is called, when it applies and what it does. Buttons, popups and keys run it alike.
+struct ListCommand {
+    int id = 0;
+    std::string_view caption = {};  ///< in popups
+    Needs needs = Needs::Nothing;
+    Rights rights = 0;
+    unsigned popups = inNone;
+    void (*run)(ListScreen& list) = nullptr;
+    bool beginsGroup = false;              ///< a separator stands before it in popups
+    std::string_view button = {};          ///< the name of its button, "cmdCopy"; empty: it has none
+    std::string_view buttonCaption = {};
+};
 
 }  // namespace tsln

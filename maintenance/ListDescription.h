@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -8,24 +9,41 @@
 #include <vector>
 
 #include "bridge/Operations.h"
+#include "maintenance/ListCommands.h"
 #include "maintenance/RecordDescription.h"
+#include "screens/ReportControl.h"
 
 namespace tsln {
 
-/// A column of a list: its caption, its width in the report control's units, the field that fills it and how
-/// the field's value is shown.
+/// A column of a list: its caption, its width in the report control's units, the field that fills it and how the
+/// field's value is shown.
 struct ListColumn {
     enum class Show {
         Text,
-        Number,  ///< as it is, to the right, sorted by value
-        YesNo,
-        Choice,  ///< the caption of the stored number; a number that has none is shown itself
+        Number,    ///< as it is, to the right, sorted by value
+        YesNo,     ///< "Yes" or "No"
+        Choice,    ///< the caption of the stored number; a number that has none is shown itself
+        Currency,  ///< "$1,234.50", to the right, sorted by value; text that is no number is shown itself
+        Date,      ///< "3/4/2011", sorted by time
+        DateTime,  ///< "3/4/2011 10:20:30 AM", sorted by time
+        Check,     ///< a check box
     };
     std::string_view caption;
     int width = 100;
     std::string_view field;
     Show show = Show::Text;
     std::span<const Choice> choices = {};
+    std::string_view instead = {};  ///< shown where the field is empty
+    bool editable = false;          ///< edited in place: text, a choice or a check box
+    /// A computed text: the fields it is made of, and the function that makes it of their values, in place of `field`.
+    std::span<const std::string_view> uses = {};
+    std::string (*compute)(std::span<const std::string_view> values) = nullptr;
+};
+
+/// How a row is drawn, by the values of some of its fields.
+struct ListRowStyle {
+    std::span<const std::string_view> uses = {};
+    ReportControl::Style (*style)(std::span<const std::string_view> values) = nullptr;  ///< null: all rows are plain
 };
 
 /// A table whose rows may refer to the rows of a list, and how a refusal to delete reads.
@@ -49,10 +67,17 @@ struct DefaultSet {
     std::string_view packageKey;
 };
 
-/// Everything that tells one lookup list and its dialog from another.
+/// The groups of a list.
+struct ListGroups {
+    std::size_t column = 0;                                   ///< the rows are grouped by its text
+    bool inRowOrder = true;                                   ///< in the order of the loaded rows; else by their texts
+    std::string_view emptyText = "(No Group)";                ///< heads the rows without a group
+};
+
+/// Everything that tells one list and its dialog from another.
 struct ListDescription {
     Operation open;  ///< the entry point of the list
-    Operation edit;  ///< the entry point of the dialog
+    Operation edit;  ///< the entry point of the dialog; its first argument is the row's `ID`
     std::string_view screenName;
     std::string_view caption;
     std::string_view table;
@@ -67,6 +92,18 @@ struct ListDescription {
     std::string_view deleteFailure;
     bool busyState = false;  ///< shown as busy while it loads or deletes
     RecordDescription dialog = {};
+
+    /// How rows are read: by a query of the database service, or as a recordset from the company's connection.
+    RecordDescription::Source source = RecordDescription::Source::Query;
+    ListRowStyle rowStyle = {};
+    std::optional<ListGroups> groups = {};
+    /// Further commands; they follow the shared ones in the popups, and those with a button follow the buttons.
+    std::vector<ListCommand> commands = {};
+    bool addsRows = true;             ///< New does something; else it is disabled
+    bool editsRows = true;            ///< Edit does something; else it is disabled
+    bool contextMenu = false;         ///< a right click and the menu key open a popup of the commands
+    bool filter = false;              ///< a box above the list narrows its rows to those that hold the typed text
+    std::string_view countLine = {};  ///< a line below the list, "{0} items"; {0} is the number of shown rows
 };
 
 }  // namespace tsln

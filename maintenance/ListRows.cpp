@@ -2,28 +2,108 @@
 
 #include <algorithm>
 #include <optional>
-#include <vector>
+
+#include "automation/DateText.h"
+#include "automation/NumericText.h"
+#include "shared/ValueText.h"
 
 namespace tsln {
 namespace {
 
 using modSharedXML::RowReader;
+using Show = ListColumn::Show;
 
 constexpr std::size_t sample = 64;  // rows by which the room for all of them is reckoned
 constexpr std::size_t spare = 32;   // of the reckoned room one part in so many is added
 
-/// What a column shows in place of its field's text; nothing where it shows just that.
-std::optional<std::string_view> shownInstead(const ListColumn& column, const RowReader& rows,
-                                             std::size_t field) {
-    if (column.show == ListColumn::Show::YesNo) return rows.readBoolean(field) ? "Yes" : "No";
-    const auto choice = std::ranges::find(column.choices, rows.readLong(field), &Choice::number);
-    if (choice == column.choices.end()) return std::nullopt;
-    return choice->caption;
-}
+/// Makes records of the texts of fields.
+class RowMaker {
+  public:
+    RowMaker(std::span<const ListColumn> columns, const ListRowStyle& style)
+        : columns_(columns), style_(style), fields_{"ID"} {
+        for (const ListColumn& column : columns) {
+            places_.push_back(fields_.size());
+            if (column.compute) {
+                fields_.insert(fields_.end(), column.uses.begin(), column.uses.end());
+            } else {
+                fields_.push_back(column.field);
+            }
+        }
+        styleAt_ = fields_.size();
+        fields_.insert(fields_.end(), style.uses.begin(), style.uses.end());
+        asTheyAre_ = !style.style && std::ranges::all_of(columns, [](const ListColumn& column) {
+            return (column.show == Show::Text || column.show == Show::Number) && !column.compute &&
+                   column.instead.empty();
+        });
+    }
 
-bool showsItsText(const ListColumn& column) {
-    return column.show == ListColumn::Show::Text || column.show == ListColumn::Show::Number;
-}
+    /// The fields whose texts add() takes, in this order.
+    std::span<const std::string_view> fields() const { return fields_; }
+
+    void add(std::span<const std::string_view> texts, ListRows& rows) {
+        const std::int32_t ID = modSharedXML::toLong(texts[0]);
+        if (asTheyAre_) {
+            rows.records.add(ID, texts.subspan(1));
+            return;
+        }
+        cells_.clear();
+        scratch_.assign(columns_.size(), {});
+        dates_.assign(columns_.size(), std::nullopt);
+        for (std::size_t i = 0; i < columns_.size(); ++i)
+            cells_.push_back(shown(i, texts));
+        const std::size_t record = rows.records.add(ID, cells_);
+        for (std::size_t i = 0; i < columns_.size(); ++i) {
+            if (dates_[i]) rows.records.setSortValue(record, i, dates_[i]->days);
+        }
+        if (style_.style)
+            rows.styles.push_back(style_.style(texts.subspan(styleAt_, style_.uses.size())));
+    }
+
+  private:
+    std::string_view shown(std::size_t i, std::span<const std::string_view> texts) {
+        const ListColumn& column = columns_[i];
+        if (column.compute) return scratch_[i] = column.compute(texts.subspan(places_[i], column.uses.size()));
+        const std::string_view text = texts[places_[i]];
+        switch (column.show) {
+            case Show::YesNo:
+                return modSharedXML::toBoolean(text) ? "Yes" : "No";
+            case Show::Check:
+                return modSharedXML::toBoolean(text) ? "1" : "0";
+            case Show::Choice: {
+                const auto choice =
+                    std::ranges::find(column.choices, modSharedXML::toLong(text), &Choice::number);
+                if (choice != column.choices.end()) return choice->caption;
+                break;
+            }
+            case Show::Currency:
+                if (const auto number = parseNumber(text)) return scratch_[i] = currencyText(*number);
+                break;
+            case Show::Date:
+            case Show::DateTime:
+                dates_[i] = modSharedXML::toDate(text);
+                if (dates_[i] && isInRange(*dates_[i])) {
+                    return scratch_[i] = column.show == Show::Date ? shortDateText(*dates_[i])
+                                                                   : dateText(*dates_[i]);
+                }
+                dates_[i].reset();
+                break;
+            case Show::Text:
+            case Show::Number:
+                break;
+        }
+        return text.empty() ? column.instead : text;
+    }
+
+    std::span<const ListColumn> columns_;
+    const ListRowStyle& style_;
+    std::vector<std::string_view> fields_;
+    std::vector<std::size_t> places_;  // by column: where its fields begin
+    std::size_t styleAt_ = 0;
+    bool asTheyAre_ = false;
+    std::vector<std::string_view> cells_;
+    std::vector<std::string> scratch_;
+    std::vector<std::optional<Date>> dates_;
+};
 
 void makeRoom(ReportRecords& records, std::size_t expected) {
     const auto withSpare = [](std::size_t size) { return size + size / spare; };
@@ -32,28 +112,30 @@ void makeRoom(ReportRecords& records, std::size_t expected) {
 
 }  // namespace
 
-ReportRecords readListRows(std::string text, std::span<const ListColumn> columns, RowReader::Way way) {
-    std::vector<std::string_view> fields{"ID"};
-    for (const ListColumn& column : columns)
-        fields.push_back(column.field);
-    RowReader rows(std::move(text), fields, way);
-    ReportRecords records(columns.size());
-    std::vector<std::string_view> cells;
-    const bool asTheyAre = std::ranges::all_of(columns, showsItsText);
-    while (rows.next()) {
-        std::span<const std::string_view> shown = rows.texts().subspan(1);
-        if (!asTheyAre) {
-            cells.assign(shown.begin(), shown.end());
-            for (std::size_t i = 0; i < columns.size(); ++i) {
-                if (!showsItsText(columns[i]))
-                    cells[i] = shownInstead(columns[i], rows, i + 1).value_or(cells[i]);
-            }
-            shown = cells;
-        }
-        records.add(rows.readLong(0), shown);
-        if (records.count() == sample) makeRoom(records, rows.expectedRows());
+ListRows readListRows(std::string text, std::span<const ListColumn> columns, const ListRowStyle& style,
+                      RowReader::Way way) {
+    RowMaker maker(columns, style);
+    RowReader reader(std::move(text), maker.fields(), way);
+    ListRows rows{.records = ReportRecords(columns.size())};
+    while (reader.next()) {
+        maker.add(reader.texts(), rows);
+        if (rows.records.count() == sample) makeRoom(rows.records, reader.expectedRows());
     }
-    return records;
+    return rows;
+}
+
+ListRows readListRows(const Recordset& recordset, std::span<const ListColumn> columns, const ListRowStyle& style) {
+    RowMaker maker(columns, style);
+    ListRows rows{.records = ReportRecords(columns.size())};
+    if (!recordset.isOpen()) return rows;
+    std::vector<std::string> held(maker.fields().size());
+    std::vector<std::string_view> texts(held.size());
+    for (; !recordset.atEnd(); recordset.next()) {
+        for (std::size_t i = 0; i < held.size(); ++i)
+            texts[i] = held[i] = recordset.text(maker.fields()[i]);
+        maker.add(texts, rows);
+    }
+    return rows;
 }
 
 }  // namespace tsln

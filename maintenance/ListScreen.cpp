@@ -1,11 +1,10 @@
 #include "maintenance/ListScreen.h"
 
 #include <algorithm>
+#include <exception>
 #include <iterator>
 
-#include "maintenance/ListCommands.h"
 #include "maintenance/ListKinds.h"
-#include "maintenance/ListRows.h"
 #include "maintenance/modSharedReportControl.h"
 #include "shared/modSharedSQL.h"
 #include "shared/modSharedStrings.h"
@@ -16,54 +15,85 @@ namespace {
 using modSharedReportControl::anySelected;
 using modSharedReportControl::focusedRecord;
 using modSharedReportControl::oneFocused;
-using modSharedReportControl::selectedID;
 using modSharedSQL::format;
 
 constexpr std::string_view busyMark = " (Busy...)";
+constexpr Rights addAndEdit = rights({Right::Add, Right::Edit});
 
 std::string_view sourceOf(const ListDescription& list) {
     return list.view.empty() ? list.table : list.view;
 }
 
+ReportColumn reportColumn(const ListColumn& column) {
+    using Show = ListColumn::Show;
+    const bool numeric = column.show == Show::Number || column.show == Show::Currency;
+    ReportColumn made{.caption = std::string(column.caption),
+                      .width = column.width,
+                      .rightAligned = numeric,
+                      .numeric = numeric,
+                      .editable = column.editable};
+    if (column.show == Show::Check) made.kind = ReportColumn::Kind::Check;
+    if (column.show == Show::Choice && column.editable) made.kind = ReportColumn::Kind::Choice;
+    if (column.show == Show::Date) made.kind = ReportColumn::Kind::Date;
+    if (column.show == Show::DateTime) made.kind = ReportColumn::Kind::DateTime;
+    for (const Choice& choice : column.choices)
+        made.choices.push_back({choice.number, std::string(choice.caption)});
+    return made;
+}
+
 }  // namespace
 
-/// Marks the screen as busy while a load or a delete runs: its buttons wait, the pointer is the hourglass and
-/// the caption says so. Lists that do not show the state are not marked.
-class ListScreen::Busy {
+/// Marks the screen as busy while a load or a delete runs: its buttons are disabled, the pointer is the hourglass and
+/// the caption says so. In the end New, Edit and Delete follow the rights and the selection as they are then. Lists
+/// that do not show the state are not marked.
+class ListScreen::BusyState {
   public:
-    explicit Busy(ListScreen& screen) : screen_(screen) {
+    explicit BusyState(ListScreen& screen) : screen_(screen) {
         if (!screen_.description_.busyState) return;
-        screen_.busy_ = true;
-        for (Button* button :
-             {&screen_.cmdNew, &screen_.cmdEdit, &screen_.cmdDelete, &screen_.cmdMore, &screen_.cmdClose}) {
-            if (button->enabled()) waiting_.push_back(button);
-            button->setEnabled(false);
-        }
+        busy_.emplace(screen_, std::initializer_list<Button*>{&screen_.cmdNew, &screen_.cmdEdit, &screen_.cmdDelete,
+                                                              &screen_.cmdMore, &screen_.cmdClose});
         screen_.setPointerBusy(true);
         screen_.setCaption(screen_.caption() + std::string(busyMark));
         screen_.desktop().yield();
     }
-    ~Busy() {
-        if (!screen_.description_.busyState) return;
+    ~BusyState() {
+        if (!busy_) return;
         std::string caption = screen_.caption();
         if (caption.ends_with(busyMark)) caption.resize(caption.size() - busyMark.size());
         screen_.setCaption(std::move(caption));
         screen_.setPointerBusy(false);
-        // Just those that waited: work that failed must not open a command the user has no right to.
-        for (Button* button : waiting_)
+        busy_.reset();
+        for (Button* button : {&screen_.cmdNew, &screen_.cmdEdit, &screen_.cmdDelete})
             button->setEnabled(true);
-        screen_.busy_ = false;
+        if (updateButtons()) return;
+        // What the user may do is not known, so nothing is offered.
+        for (Button* button : {&screen_.cmdNew, &screen_.cmdEdit, &screen_.cmdDelete})
+            button->setEnabled(false);
     }
-    Busy(const Busy&) = delete;
-    Busy& operator=(const Busy&) = delete;
+    BusyState(const BusyState&) = delete;
+    BusyState& operator=(const BusyState&) = delete;
 
   private:
+    bool updateButtons() {
+        // Work that failed has an error of its own to report.
+        if (std::uncaught_exceptions() == exceptions_) return screen_.handle([this] { screen_.updateButtons(); });
+        try {
+            screen_.updateButtons();
+            return true;
+        } catch (const std::exception&) {
+            return false;
+        }
+    }
+
     ListScreen& screen_;
-    std::vector<Button*> waiting_;
+    std::optional<Busy> busy_;
+    const int exceptions_ = std::uncaught_exceptions();  // in flight when the work began
 };
 
 ListScreen::ListScreen(Library& library, const ListDescription& description)
-    : HostScreen(library, std::string(description.screenName)), description_(description) {
+    : HostScreen(library, std::string(description.screenName)),
+      description_(description),
+      rights_(description.securityArea) {
     setCaption(std::string(description.caption));
     rptItems.accessibleName = description.caption;
 
@@ -73,22 +103,36 @@ ListScreen::ListScreen(Library& library, const ListDescription& description)
     cmdMore.onClick = [this] { cbContext.showPopup(command::more, cmdMore); };
     cmdHelp.onClick = [this] { Form_Help(); };
     cmdClose.onClick = [this] { cmdClose_Click(); };
+    txtFilter.onChange = [this] { filterRows(); };
     rptItems.onSelectionChanged = [this] { updateButtons(); };
     rptItems.onRowDoubleClick = [this](std::size_t) { cmdEdit.userPress(); };
     rptItems.onInsertKey = [this] { cmdNew.userPress(); };
-    rptItems.onDeleteKey = [this] { cmdDelete.userPress(); };
-    cbContext.onUpdate = [this](Command& command) { cbContext_Update(command); };
-    cbContext.onExecute = [this](int id) { cbContext_Execute(id); };
+    rptItems.onDeleteKey = [this] { deleteKey(); };
+    if (description.contextMenu) rptItems.onContextMenu = [this](std::size_t) { openContextMenu(); };
+    cbContext.onUpdate = [this](Command& command) {
+        if (const ListCommand* found = findCommand(command.id)) command.enabled = applies(*found);
+    };
+    cbContext.onExecute = [this](int id) { runCommand(id); };
+
+    makeCommands();
+    for (const ListCommand& command : commands_) {
+        if (command.button.empty()) continue;
+        commandButtons_.emplace_back(*this, command).button.onClick = [this, id = command.id] { runCommand(id); };
+    }
 }
 
 Layout ListScreen::layout() {
     using namespace tsln::layout;
     std::vector<Layout> buttons;
-    for (Button* button : {&cmdNew, &cmdEdit, &cmdDelete, &cmdMore}) {
-        if (button->visible()) buttons.push_back(item(*button));
-    }
+    for (Button* button : {&cmdNew, &cmdEdit, &cmdDelete})
+        buttons.push_back(item(*button));
+    for (CommandButton& command : commandButtons_)
+        buttons.push_back(item(command.button));
+    buttons.push_back(item(cmdMore));
+    if (description_.filter) buttons.insert(buttons.end(), {spring(), item(txtFilter)});
     std::ranges::move(furtherButtons(), std::back_inserter(buttons));
     std::vector<Layout> parts{row(std::move(buttons)), fill(rptItems)};
+    if (!description_.countLine.empty()) parts.push_back(item(lblRecords));
     std::ranges::move(belowList(), std::back_inserter(parts));
     parts.push_back(framed(grpOK, row({spring(), item(cmdHelp), item(cmdClose)})));
     return column(std::move(parts));
@@ -96,22 +140,15 @@ Layout ListScreen::layout() {
 
 void ListScreen::Form_Load() {
     restoreWindowPosition(*this);
-    for (const ListColumn& column : description_.columns) {
-        rptItems.columns.push_back({.caption = std::string(column.caption),
-                                    .width = column.width,
-                                    .rightAligned = column.show == ListColumn::Show::Number,
-                                    .numeric = column.show == ListColumn::Show::Number});
+    for (const ListColumn& column : description_.columns)
+        rptItems.columns.push_back(reportColumn(column));
+    if (const auto& groups = description_.groups) {
+        using Order = ReportControl::Grouping::Order;
+        rptItems.groupBy({.column = groups->column,
+                          .order = groups->inRowOrder ? Order::ByAppearance : Order::ByText,
+                          .emptyText = std::string(groups->emptyText)});
     }
-    buildListCommands(cbContext, description_.listKind.has_value(), false);
-    auto& more = cbContext.popup(command::more)->commands;
-    if (description_.moveReferencesCode) {
-        more.push_back({.id = command::moveReferences, .caption = "Move References", .beginsGroup = true});
-    }
-    if (description_.defaults) {
-        more.push_back({.id = command::installDefaults,
-                        .caption = "Install Defaults",
-                        .beginsGroup = !description_.moveReferencesCode});
-    }
+    makePopups();
     setFocus(rptItems);
 }
 
@@ -131,10 +168,6 @@ void ListScreen::welcome() {
     }
 }
 
-bool ListScreen::Form_QueryUnload(bool byCloseBox) {
-    return !(byCloseBox && busy_);
-}
-
 void ListScreen::Form_Unload() {
     saveWindowPosition(*this);
 }
@@ -150,66 +183,117 @@ std::string ListScreen::loadStatement() const {
     return format("SELECT * FROM {0} ORDER BY {1}", sourceOf(description_), description_.orderBy);
 }
 
-ReportRecords ListScreen::readRows(const std::string& statement) const {
-    return readListRows(host().database().ExecuteReadText(statement), description_.columns);
+std::string ListScreen::rowStatement(std::int32_t ID) const {
+    return format("SELECT * FROM {0} WHERE ID = {1}", sourceOf(description_), ID);
+}
+
+ListRows ListScreen::readRows(const std::string& statement) const {
+    if (description_.source == RecordDescription::Source::Query) {
+        return readListRows(host().database().ExecuteReadText(statement), description_.columns,
+                            description_.rowStyle);
+    }
+    return readListRows(host().companyConnection().read(statement), description_.columns, description_.rowStyle);
 }
 
 void ListScreen::loadList() {
     {
-        const Busy busy(*this);
+        const BusyState busy(*this);
         // The rows are in hand before the old ones go: a failed load leaves the list as it was.
-        rptItems.setRecords(readRows(loadStatement()));
+        ListRows rows = readRows(loadStatement());
+        rptItems.setRecords(std::move(rows.records));
+        for (std::size_t i = 0; i < rows.styles.size(); ++i)
+            rptItems.setStyle(i, rows.styles[i]);
         rptItems.populate();
+        showCount();
     }
     updateButtons();
     listLoaded();
 }
 
-void ListScreen::showSaved(std::int32_t ID, std::optional<std::size_t> edited) {
-    const ReportRecords saved =
-        readRows(format("SELECT * FROM {0} WHERE ID = {1}", sourceOf(description_), ID));
-    if (saved.count() == 0) return;  // gone again by another user's hand: it stays until the next load
+void ListScreen::showAdded(std::int32_t ID) {
+    showSaved(ID, std::nullopt);
+}
+
+void ListScreen::showChanged(std::int32_t ID) {
+    showSaved(ID, rptItems.findRecord(ID));
+}
+
+void ListScreen::showSaved(std::int32_t ID, std::optional<std::size_t> shown) {
+    const ListRows saved = readRows(rowStatement(ID));
+    if (saved.records.count() == 0) return;
     std::vector<std::string_view> cells;
-    for (std::size_t c = 0; c < saved.columns(); ++c)
-        cells.push_back(saved.cell(0, c));
-    if (edited) {
-        rptItems.replaceRecord(*edited, cells);
-        rptItems.populate();
-        return;
+    for (std::size_t c = 0; c < saved.records.columns(); ++c)
+        cells.push_back(saved.records.cell(0, c));
+    const std::size_t record = shown ? *shown : rptItems.addRecord(ID, cells);
+    if (shown) rptItems.replaceRecord(record, cells);
+    for (std::size_t c = 0; c < saved.records.columns(); ++c) {
+        if (saved.records.hasSortValues(c)) rptItems.setSortValue(record, c, saved.records.sortValue(0, c));
     }
-    const std::size_t added = rptItems.addRecord(ID, cells);
+    if (!saved.styles.empty()) rptItems.setStyle(record, saved.styles.front());
     rptItems.populate();
-    if (const auto shown = rptItems.findRow(added)) rptItems.selectRow(*shown);
+    showCount();
+    if (shown) return;
+    if (const auto row = rptItems.findRow(record)) rptItems.selectRow(*row);
     updateButtons();
+}
+
+void ListScreen::filterRows() {
+    rptItems.setFilter(txtFilter.text());
+    showCount();
+    updateButtons();
+}
+
+void ListScreen::showCount() {
+    if (description_.countLine.empty()) return;
+    std::size_t shown = 0;
+    for (std::size_t row = 0; row < rptItems.rowCount(); ++row)
+        shown += rptItems.row(row).isGroup() ? 0 : 1;
+    lblRecords.setCaption(format(description_.countLine, static_cast<std::int64_t>(shown)));
+}
+
+std::int32_t ListScreen::selectedID() const {
+    return modSharedReportControl::selectedID(rptItems);
+}
+
+std::vector<std::size_t> ListScreen::selectedRecords() const {
+    std::vector<std::size_t> records;
+    for (const std::size_t row : rptItems.selectedRows()) {
+        if (!rptItems.row(row).isGroup()) records.push_back(rptItems.row(row).record);
+    }
+    return records;
 }
 
 void ListScreen::cmdNew_Click() {
     const std::int32_t ID = edit(0);
     if (ID <= 0) return;
-    showSaved(ID, std::nullopt);
+    showAdded(ID);
     added(ID);
 }
 
 void ListScreen::cmdEdit_Click() {
-    const auto record = focusedRecord(rptItems);
-    if (!record) return;
-    const std::int32_t ID = edit(rptItems.id(*record));
-    if (ID > 0) showSaved(ID, record);
+    if (!focusedRecord(rptItems)) return;
+    const std::int32_t ID = edit(selectedID());
+    if (ID > 0) showChanged(ID);
 }
 
 std::int32_t ListScreen::edit(std::int32_t ID) {
-    Argument argument(ID);
-    return library().perform(description_.edit, Arguments({&argument, 1})).toLong();
+    std::vector<Argument> arguments{Argument(ID)};
+    for (Variant& further : furtherArguments())
+        arguments.emplace_back(std::move(further));
+    const std::int32_t saved = library().perform(description_.edit, Arguments(arguments)).toLong();
+    rights_.forget();  // the dialog may have been open for long
+    return saved;
 }
 
 void ListScreen::cmdDelete_Click() {
     if (!anySelected(rptItems)) return;
     const auto showWhatIsLeft = [this] {
         rptItems.populate();
+        showCount();
         updateButtons();
     };
     try {
-        const Busy busy(*this);
+        const BusyState busy(*this);
         deleteSelected();
     } catch (...) {
         showWhatIsLeft();  // rows that are deleted stay deleted, and the list says so
@@ -218,12 +302,18 @@ void ListScreen::cmdDelete_Click() {
     showWhatIsLeft();
 }
 
+/// The button deletes at once; a key is pressed by mistake more easily, so it asks.
+void ListScreen::deleteKey() {
+    if (!cmdDelete.enabled() || !anySelected(rptItems)) return;
+    const std::size_t rows = selectedRecords().size();
+    if (ask(rows == 1 ? "Do you want to delete the selected row?" : "Do you want to delete the selected rows?"))
+        cmdDelete.userPress();
+}
+
 void ListScreen::deleteSelected() {
     constexpr int rowsBetweenRepaints = 50;
     int done = 0;
-    for (const std::size_t row : rptItems.selectedRows()) {
-        if (rptItems.row(row).isGroup()) continue;
-        const std::size_t record = rptItems.row(row).record;
+    for (const std::size_t record : selectedRecords()) {
         if (++done % rowsBetweenRepaints == 0) desktop().yield();
         if (!mayDelete(record)) continue;
         if (!host().database().ExecuteNonQuery(
@@ -252,64 +342,157 @@ std::int32_t ListScreen::count(const std::string& statement) const {
 }
 
 void ListScreen::updateButtons() {
-    const bool focused = oneFocused(rptItems);
+    const bool focused = oneFocused(rptItems) && description_.editsRows;
     const bool selected = anySelected(rptItems);
+    if (!description_.addsRows) cmdNew.setEnabled(false);
     if (!focused) cmdEdit.setEnabled(false);
     if (!selected) cmdDelete.setEnabled(false);
+    for (CommandButton& command : commandButtons_)
+        command.button.setEnabled(applies(*findCommand(command.id)));
     cmdNew.setEnabled(cmdNew.enabled() && can(Right::Add));
     cmdEdit.setEnabled(focused && can(Right::Edit));
     cmdDelete.setEnabled(selected && can(Right::Delete));
 }
 
-bool ListScreen::can(Right right) const {
-    return !description_.securityArea || host().security().CanDo(*description_.securityArea, right);
+bool ListScreen::can(Right right) {
+    return rights_.holds(right, host());
 }
 
 // The commands ----------------------------------------------------------------------------------------
 
-void ListScreen::cbContext_Update(Command& command) {
-    switch (command.id) {
-        case command::moveReferences:
-            command.enabled = can(Right::Add) && can(Right::Edit) && oneFocused(rptItems);
-            break;
-        case command::import:
-        case command::installDefaults:
-            command.enabled = can(Right::Add) && can(Right::Edit);
-            break;
-        default:
-            updateListCommand(command, &rptItems);
-            break;
+void ListScreen::makeCommands() {
+    const bool importAndExport = description_.listKind.has_value();
+    if (importAndExport) {
+        commands_.push_back({.id = command::import,
+                             .caption = "Import...",
+                             .rights = addAndEdit,
+                             .popups = inMore,
+                             .run = [](ListScreen& list) { list.importRows(); }});
+        commands_.push_back({.id = command::exportList,
+                             .caption = "Export...",
+                             .popups = inMore,
+                             .run = [](ListScreen& list) { list.exportRows(); }});
     }
+    commands_.push_back({.id = command::print,
+                         .caption = "Print...",
+                         .popups = inMore,
+                         .run =
+                             [](ListScreen& list) {
+                                 list.desktop().printPreview(list, list.rptItems, list.caption());
+                             },
+                         .beginsGroup = importAndExport});
+    commands_.push_back(
+        {.id = command::save, .caption = "Save...", .popups = inMore, .run = [](ListScreen& list) {
+             modSharedReportControl::saveAsText(list.rptItems);
+         }});
+    if (description_.moveReferencesCode) {
+        commands_.push_back({.id = command::moveReferences,
+                             .caption = "Move References",
+                             .needs = Needs::FocusedRow,
+                             .rights = addAndEdit,
+                             .popups = inMore,
+                             .run = [](ListScreen& list) { list.moveReferences(); },
+                             .beginsGroup = true});
+    }
+    if (description_.defaults) {
+        commands_.push_back({.id = command::installDefaults,
+                             .caption = "Install Defaults",
+                             .rights = addAndEdit,
+                             .popups = inMore,
+                             .run = [](ListScreen& list) { list.installDefaults(); },
+                             .beginsGroup = !description_.moveReferencesCode});
+    }
+    commands_.push_back({.id = command::newItem,
+                         .caption = "New...",
+                         .rights = rights({Right::Add}),
+                         .popups = inNoItems | inOneItem,
+                         .run = [](ListScreen& list) { list.cmdNew.userPress(); }});
+    commands_.push_back({.id = command::editItem,
+                         .caption = "Edit...",
+                         .needs = Needs::OneRow,
+                         .rights = rights({Right::Edit}),
+                         .popups = inOneItem,
+                         .run = [](ListScreen& list) { list.cmdEdit.userPress(); }});
+    commands_.push_back({.id = command::deleteItem,
+                         .caption = "Delete",
+                         .needs = Needs::SelectedRows,
+                         .rights = rights({Right::Delete}),
+                         .popups = inOneItem,
+                         .run = [](ListScreen& list) { list.cmdDelete.userPress(); }});
+    std::ranges::copy(description_.commands, std::back_inserter(commands_));
 }
 
-void ListScreen::cbContext_Execute(int id) {
-    switch (id) {
-        case command::import:
-            importList(*this, *description_.listKind);
-            loadList();
-            break;
-        case command::exportList:
-            exportRows();
-            break;
-        case command::moveReferences:
-            library().ShowMoveReferences(*description_.moveReferencesCode, selectedID(rptItems));
-            break;
-        case command::installDefaults:
-            installDefaults();
-            break;
-        default:
-            executeListCommand(id, rptItems);
-            break;
-    }
+void ListScreen::makePopups() {
+    const auto popup = [this](int id, const char* caption, Popups which) {
+        Command made{.id = id, .caption = caption};
+        for (const ListCommand& command : commands_) {
+            if ((command.popups & which) == 0) continue;
+            made.commands.push_back({.id = command.id,
+                                     .caption = std::string(command.caption),
+                                     .beginsGroup = command.beginsGroup});
+        }
+        return made;
+    };
+    cbContext.popups.push_back(popup(command::more, "More List Commands", inMore));
+    if (!description_.contextMenu) return;
+    cbContext.popups.push_back(popup(command::noItems, "No Items", inNoItems));
+    // Twice (deliberate): the second stands for several rows.
+    cbContext.popups.push_back(popup(command::oneItem, "One Item", inOneItem));
+    cbContext.popups.push_back(popup(command::oneItem, "One Item", inOneItem));
 }
 
-void ListScreen::installDefaults() {
-    library().RunPackageProcessor(description_.defaults->packageKey, true);
+void ListScreen::openContextMenu() {
+    const std::size_t selected = selectedRecords().size();
+    Command& popup = selected == 0 ? cbContext.popups[1] : selected == 1 ? cbContext.popups[2] : cbContext.popups[3];
+    cbContext.showPopup(popup, rptItems);
+}
+
+bool ListScreen::applies(const ListCommand& command) {
+    const bool rowsFit = [&] {
+        switch (command.needs) {
+            case Needs::Nothing:
+                return true;
+            case Needs::FocusedRow:
+                return oneFocused(rptItems);
+            case Needs::OneRow:
+                return oneFocused(rptItems) && rptItems.selectedRows() == std::vector{*rptItems.focusedRow()};
+            case Needs::SelectedRows:
+                return anySelected(rptItems);
+        }
+        return false;
+    }();
+    if (!rowsFit) return false;
+    return std::ranges::all_of(std::initializer_list<Right>{Right::Add, Right::Edit, Right::Delete}, [&](Right right) {
+        return (command.rights & static_cast<Rights>(right)) == 0 || can(right);
+    });
+}
+
+const ListCommand* ListScreen::findCommand(int id) const {
+    const auto found = std::ranges::find(commands_, id, &ListCommand::id);
+    return found == commands_.end() ? nullptr : &*found;
+}
+
+void ListScreen::runCommand(int id) {
+    if (const ListCommand* command = findCommand(id); command && command->run) command->run(*this);
+}
+
+void ListScreen::importRows() {
+    importList(*this, *description_.listKind);
     loadList();
 }
 
 void ListScreen::exportRows() {
     exportList(*this, *description_.listKind);
+}
+
+void ListScreen::moveReferences() {
+    library().ShowMoveReferences(*description_.moveReferencesCode, selectedID());
+    referencesMoved();
+}
+
+void ListScreen::installDefaults() {
+    library().RunPackageProcessor(description_.defaults->packageKey, true);
+    loadList();
 }
 
 }  // namespace tsln

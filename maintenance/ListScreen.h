@@ -1,20 +1,25 @@
 #pragma once
 
-#include <memory>
+#include <deque>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "bridge/HostScreen.h"
+#include "maintenance/HeldRights.h"
 #include "maintenance/ListDescription.h"
+#include "maintenance/ListRows.h"
 #include "screens/CommandBars.h"
 #include "screens/Controls.h"
 #include "screens/ReportControl.h"
 
 namespace tsln {
 
-/// The list screen of a lookup table: shows its rows and lets the user add, edit, delete, import, export,
-/// print and save them. What it is a list of stands in the description, which must outlive it. A list with
-/// ways of its own derives and overrides just those.
+/// A list screen: shows the rows of a table and lets the user add, edit, delete, import, export, print and save them,
+/// and what further commands its description has. The description must outlive the screen. A list with ways of its own
+/// derives and overrides just those.
+///
+/// After one act of the user each right is asked of the host at most once.
 class ListScreen : public HostScreen {
   public:
     ListScreen(Library& library, const ListDescription& description);
@@ -25,6 +30,8 @@ class ListScreen : public HostScreen {
     Button cmdEdit{*this, "cmdEdit", "&Edit..."};
     Button cmdDelete{*this, "cmdDelete", "&Delete"};
     Button cmdMore{*this, "cmdMore", "&More"};
+    TextBox txtFilter{*this, "txtFilter"};
+    Label lblRecords{*this, "lblRecords", ""};
     Frame grpOK{*this, "grpOK"};
     Button cmdHelp{*this, "cmdHelp", "&Help"};
     Button cmdClose{*this, "cmdClose", "&Close", Button::Role::Cancel};
@@ -34,17 +41,32 @@ class ListScreen : public HostScreen {
 
     Layout layout() override;
 
+    // For the commands --------------------------------------------------------------------------------
+    const ListDescription& description() const noexcept { return description_; }
+    /// The user holds the right in the list's security area, or the list checks none. May raise HostError.
+    bool can(Right right);
+    /// The `ID` of the focused row, 0 when there is none.
+    std::int32_t selectedID() const;
+    /// The records of the selected rows, from the first to the last.
+    std::vector<std::size_t> selectedRecords() const;
+    /// Reads all rows again. What it raises leaves the rows as they were.
+    void loadList();
+    /// Reads a row that was added and shows it, selected.
+    void showAdded(std::int32_t ID);
+    /// Reads a row that was changed again and shows it in its place. One that is gone stays as it is until the next
+    /// load.
+    void showChanged(std::int32_t ID);
+
   protected:
     void Form_Load() override;
     void Form_Activate() override;
-    bool Form_QueryUnload(bool byCloseBox) override;
     void Form_Unload() override;
+    void actStarts() override { rights_.forget(); }
 
-    const ListDescription& description() const noexcept { return description_; }
-
-    /// The statement that reads all rows; its rows have the columns of the description and an `ID`.
+    /// The statement that reads all rows; its rows have the fields of the columns and an `ID`.
     virtual std::string loadStatement() const;
-    void loadList();
+    /// The statement that reads one row.
+    virtual std::string rowStatement(std::int32_t ID) const;
     /// The rows were loaded anew.
     virtual void listLoaded() {}
     /// What is asked and told once, when the list has first been loaded.
@@ -60,37 +82,56 @@ class ListScreen : public HostScreen {
     /// True when nothing speaks against deleting the record; else the user has been told.
     virtual bool mayDelete(std::size_t record);
     virtual void exportRows();
-
-    /// Opens the edit dialog (0: for a new row); the saved row's `ID`, or 0.
-    std::int32_t edit(std::int32_t ID);
-    /// Shows a row as it was saved, in place of the edited record or as a new one.
-    void showSaved(std::int32_t ID, std::optional<std::size_t> edited);
-    /// How many rows a counting statement finds.
-    std::int32_t count(const std::string& statement) const;
-    /// The user holds the right in the list's security area, or the list checks none.
-    bool can(Right right) const;
+    /// References to a row were moved to another one.
+    virtual void referencesMoved() {}
+    /// What the dialog's entry point takes after the row's `ID`.
+    virtual std::vector<Variant> furtherArguments() const { return {}; }
 
     /// What stands beside the buttons above the list, and what below the list.
     virtual std::vector<Layout> furtherButtons() { return {}; }
     virtual std::vector<Layout> belowList() { return {}; }
 
-  private:
-    class Busy;
+    /// Opens the dialog (0: for a new row); the saved row's `ID`, or 0.
+    std::int32_t edit(std::int32_t ID);
+    /// How many rows a counting statement finds.
+    std::int32_t count(const std::string& statement) const;
 
-    ReportRecords readRows(const std::string& statement) const;
+  private:
+    class BusyState;
+
+    void makeCommands();
+    void makePopups();
+    bool applies(const ListCommand& command);
+    const ListCommand* findCommand(int id) const;
+    void runCommand(int id);
+    void openContextMenu();
+
+    ListRows readRows(const std::string& statement) const;
+    void showSaved(std::int32_t ID, std::optional<std::size_t> shown);
+    void filterRows();
+    void showCount();
     void cmdDelete_Click();
+    void deleteKey();
     void cmdClose_Click();
-    void cbContext_Update(Command& command);
-    void cbContext_Execute(int id);
+    void importRows();
+    void moveReferences();
     void installDefaults();
 
     const ListDescription& description_;
+    HeldRights rights_;
+    std::vector<ListCommand> commands_;
+    struct CommandButton {
+        CommandButton(ListScreen& screen, const ListCommand& command)
+            : id(command.id), button(screen, std::string(command.button), std::string(command.buttonCaption)) {}
+        int id;
+        Button button;
+    };
+    std::deque<CommandButton> commandButtons_;  // controls stay where they are
     bool activated_ = false;
-    bool busy_ = false;
 };
 
-/// Shows the list, a screen of the class S made with the further arguments; true when it was closed by its
-/// Close button.
+/// Shows the list, a screen of the class S made with the further arguments; true when it was closed by its Close
+/// button.
 template <class S = ListScreen, class... A>
 bool showList(Library& library, const ListDescription& description, A... arguments) {
     const auto closed = library.screens().show(

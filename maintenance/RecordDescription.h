@@ -18,6 +18,9 @@ struct RecordDescription {
     /// In the order in which their tags are filled, which is that of their columns unless they are placed otherwise.
     std::vector<FieldDescription> fields;
 
+    std::string_view saveFailure = {};
+    std::string_view saveExplanation = standardExplanation;
+
     /// How the row is read.
     enum class Source {
         Query,      ///< by a query of the database service
@@ -38,8 +41,6 @@ struct RecordDescription {
     std::string_view columnSeparator = ",";
     std::string_view valuesKeyword = "VALUES(";
 
-    std::string_view saveFailure = {};
-    std::string_view saveExplanation = standardExplanation;
     /// A master record: its saving is told to the history and the rest of the host, in words of its own.
     std::optional<RecordHistory> history = {};
     /// The first field can be handed to the host's expression editor.

@@ -66,7 +66,7 @@ void RecordDialog::makeFields() {
     }
 }
 
-Field& RecordDialog::field(std::string_view name) {
+Field& RecordDialog::fieldOf(std::string_view name) {
     const auto found = std::ranges::find_if(fields_, [&](const Field& field) {
         return field.description().control == name || field.description().column == name;
     });
@@ -100,10 +100,10 @@ Layout RecordDialog::content() {
     return layout::form(std::move(rows));
 }
 
-Layout RecordDialog::form(std::initializer_list<std::string_view> controls) {
+Layout RecordDialog::formOf(std::initializer_list<std::string_view> controls) {
     std::vector<Layout> rows;
     for (const std::string_view control : controls)
-        rows.push_back(field(control).layout());
+        rows.push_back(fieldOf(control).layout());
     return layout::form(std::move(rows));
 }
 
@@ -112,7 +112,7 @@ std::vector<Layout> RecordDialog::slots(std::string_view kind, int count) {
     for (int i = 1; i <= count; ++i) {
         const std::string slot = std::string(kind) + std::to_string(i);
         rows.push_back(
-            layout::row({field("cbo" + slot + "Label").layout(), layout::fill(textBox("txt" + slot))}));
+            layout::row({fieldOf("cbo" + slot + "Label").layout(), layout::fill(textBox("txt" + slot))}));
     }
     return rows;
 }
@@ -134,18 +134,18 @@ void RecordDialog::Form_Unload() {
 
 bool RecordDialog::open(std::int32_t recordID) {
     ID = recordID;
-    return !record_ || !record_->filledBeforeShown || handle([this] { fill(); });
+    return !record_ || !record_->filledBeforeShown || handle([this] { fillFields(); });
 }
 
 void RecordDialog::Form_Activate() {
     if (activated_) return;
     activated_ = true;
     desktop().yield();
-    if (record_ && !record_->filledBeforeShown) fill();
+    if (record_ && !record_->filledBeforeShown) fillFields();
     opened();
 }
 
-void RecordDialog::fill() {
+void RecordDialog::fillFields() {
     const bool newCaption = record_->filledBeforeShown ? isNew() : ID == 0;
     setCaption(std::string(newCaption ? record_->newCaption : record_->editCaption));
     focusFirstField();

@@ -45,10 +45,10 @@ class RecordDialog : public HostScreen {
     Layout layout() override;
 
     /// The field of that control or column, which the description must have.
-    Field& field(std::string_view name);
-    TextBox& textBox(std::string_view control) { return field(control).text(); }
-    ComboBox& comboBox(std::string_view control) { return field(control).combo(); }
-    CheckBox& checkBox(std::string_view control) { return field(control).check(); }
+    Field& fieldOf(std::string_view name);
+    TextBox& textBox(std::string_view control) { return fieldOf(control).text(); }
+    ComboBox& comboBox(std::string_view control) { return fieldOf(control).combo(); }
+    CheckBox& checkBox(std::string_view control) { return fieldOf(control).check(); }
 
   protected:
     void Form_Load() override;
@@ -58,7 +58,7 @@ class RecordDialog : public HostScreen {
     /// What stands above the buttons; by default the fields, one below the other.
     virtual Layout content();
     /// The fields of these controls as a form.
-    Layout form(std::initializer_list<std::string_view> controls);
+    Layout formOf(std::initializer_list<std::string_view> controls);
     /// A row for each phone number or e-mail address, its label beside its number.
     std::vector<Layout> slots(std::string_view kind, int count);
     /// What stands to the left of the buttons.
@@ -99,7 +99,7 @@ class RecordDialog : public HostScreen {
 
   private:
     void makeFields();
-    void fill();
+    void fillFields();
     void readRow();
     void showRow(const Row& row);
     void focusFirstField();

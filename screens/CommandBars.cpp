@@ -26,10 +26,12 @@ void CommandBars::execute(const Command& popup, int id) {
 }
 
 void CommandBars::showPopup(int id, Control& below) {
-    Command* shown = popup(id);
-    if (!shown) return;
-    update(*shown);
-    const Command asShown = *shown;  // what runs is judged as the user saw it, whatever runs meanwhile
+    if (Command* shown = popup(id)) showPopup(*shown, below);
+}
+
+void CommandBars::showPopup(Command& shown, Control& below) {
+    update(shown);
+    const Command asShown = shown;  // what runs is judged as the user saw it, whatever runs meanwhile
     if (const int chosen = screen().desktop().choosePopup(screen(), asShown, below)) execute(asShown, chosen);
 }
 

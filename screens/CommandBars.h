@@ -36,6 +36,8 @@ class CommandBars : public Control {
     void execute(const Command& popup, int id);
     /// Brings the popup up to date, lets the user choose under `below` and executes the choice.
     void showPopup(int id, Control& below);
+    /// Shows one of the popups, likewise.
+    void showPopup(Command& popup, Control& below);
 };
 
 }  // namespace tsln

@@ -75,15 +75,18 @@ void Screen::setFocus(Control& control) {
 }
 
 bool Screen::handle(const std::function<void()>& handler) {
+    if (handlers_++ == 0) actStarts();
+    bool done = false;
     try {
         handler();
-        return true;
+        done = true;
     } catch (const std::exception& error) {
         reportError(error);
     } catch (...) {
         reportError(std::runtime_error("Unexpected error."));
     }
-    return false;
+    --handlers_;
+    return done;
 }
 
 void Screen::reportError(const std::exception& error) noexcept {

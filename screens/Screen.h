@@ -98,6 +98,8 @@ class Screen {
     virtual bool Form_QueryUnload([[maybe_unused]] bool byCloseBox) { return true; }
     virtual void Form_Unload() {}
     virtual void Form_Help() {}
+    /// A handler begins, and none of the screen's runs yet: an act of the user, or the first showing.
+    virtual void actStarts() {}
     /// Tells the user of an error that ended a handler. Must not throw.
     virtual void reportError(const std::exception& error) noexcept;
 
@@ -111,6 +113,7 @@ class Screen {
     std::vector<Control*> controls_;
     ScreenView* view_ = nullptr;
     Control* focused_ = nullptr;
+    int handlers_ = 0;  // running, one within the other
     bool pointerBusy_ = false;
     bool loaded_ = false;
     bool shown_ = false;

@@ -129,6 +129,11 @@ bool toBoolean(std::string_view text, bool otherwise) {
     return value;
 }
 
+std::optional<Date> toDate(std::string_view text) {
+    std::string rebuilt;
+    return readDateText(rebuildXmlDate(text, rebuilt));
+}
+
 std::int32_t readLong(std::string_view field, Record record, std::int32_t otherwise) {
     std::string scratch;
     return toLong(viewText(field, record, scratch), otherwise);
@@ -149,8 +154,7 @@ bool readBoolean(std::string_view field, Record record, bool otherwise) {
 
 Date readDate(std::string_view field, Record record, Date otherwise) {
     std::string scratch;
-    std::string rebuilt;
-    return readDateText(rebuildXmlDate(viewText(field, record, scratch), rebuilt)).value_or(otherwise);
+    return toDate(viewText(field, record, scratch)).value_or(otherwise);
 }
 
 std::string encodeFieldText(std::string_view text) {

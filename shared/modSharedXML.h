@@ -2,6 +2,7 @@
 
 #include <iterator>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -118,6 +119,8 @@ std::string_view viewText(std::string_view field, Record record, std::string& sc
 /// The readers' conversions, of a field's text that is in hand.
 std::int32_t toLong(std::string_view text, std::int32_t otherwise = 0);
 bool toBoolean(std::string_view text, bool otherwise = false);
+/// Nothing for a text that is no date.
+std::optional<Date> toDate(std::string_view text);
 
 /// Field text as it stands in a document: carriage returns as "&#13;", line feeds as "&#10;".
 std::string encodeFieldText(std::string_view text);

@@ -18,7 +18,7 @@ struct Filling {
     std::string copy = {};
 
     void takeCopy() { copy = text; }
-    void fill(Way way = Way::OnePass) { show(readListRows(std::move(copy), list.columns, way)); }
+    void fill(Way way = Way::OnePass) { show(readListRows(std::move(copy), list.columns, {}, way).records); }
     void show(ReportRecords records) {
         bare.report.setRecords(std::move(records));
         bare.report.populate();

@@ -37,9 +37,9 @@ class VendorWindow : public testing::Test {
 };
 
 TEST_F(VendorWindow, IsFilledInByKeysAndSaved) {
-    untilFocused(editor.txtName);  // not the tabs
+    untilFocused(editor.textBox("txtName"));  // not the tabs
     user.type("Quay").key('U', wxMOD_ALT);
-    untilFocused(editor.txtAccountNumber);
+    untilFocused(editor.textBox("txtAccountNumber"));
     user.type("7").key('2', wxMOD_ALT);
     untilFocused(*editor.control("cboPhone2Label"));
     user.key(WXK_TAB).key(WXK_TAB);  // past the list's own button
@@ -49,27 +49,27 @@ TEST_F(VendorWindow, IsFilledInByKeysAndSaved) {
     user.key(WXK_PAGEDOWN, wxMOD_CONTROL).until("second page", [&] {
         return editor.TabControl1.selected() == 1;
     });
-    user.click(editor.billTo.box);
-    untilFocused(editor.billTo.box);
+    user.click(editor.textBox("txtBillToAddress"));
+    untilFocused(editor.textBox("txtBillToAddress"));
     user.then([&] { EXPECT_FALSE(dynamic_cast<wxTopLevelWindow*>(user.dialog())->GetDefaultItem()); });
     user.type("a").key(WXK_RETURN).type("b").until("two lines", [&] {
-        return editor.billTo.box.text() == "a\r\nb";
+        return editor.textBox("txtBillToAddress").text() == "a\r\nb";
     });
     user.key(WXK_PAGEDOWN, wxMOD_CONTROL).key(WXK_PAGEUP, wxMOD_CONTROL);  // also from within
     user.until("back", [&] { return editor.TabControl1.selected() == 1; });
-    untilFocused(editor.billTo.box);
+    untilFocused(editor.textBox("txtBillToAddress"));
     user.key(WXK_TAB, wxMOD_CONTROL);
-    untilFocused(editor.shipTo.box);
+    untilFocused(editor.textBox("txtShipToAddress"));
     user.key(WXK_TAB, wxMOD_CONTROL);
     untilFocused(editor.lblCopyBilling);
-    user.key(WXK_RETURN).until("copied", [&] { return editor.shipTo.box.text() == "a\r\nb"; });
+    user.key(WXK_RETURN).until("copied", [&] { return editor.textBox("txtShipToAddress").text() == "a\r\nb"; });
 
     user.key(WXK_PAGEDOWN, wxMOD_CONTROL).until("third page", [&] {
         return editor.TabControl1.selected() == 2;
     });
     user.key('N', wxMOD_ALT).pause();  // the name is on a page that does not show
     user.key('M', wxMOD_ALT);
-    untilFocused(editor.margin.box);
+    untilFocused(editor.textBox("txtMargin"));
     user.type("50").key(WXK_RETURN).show();
     EXPECT_FALSE(editor.Cancelled);
     const auto inserted = host->callsOf("Database.ExecuteNonQueryWithID");
@@ -81,15 +81,15 @@ TEST_F(VendorWindow, IsFilledInByKeysAndSaved) {
 
 TEST_F(VendorWindow, SendsTheUserBackToTheName) {
     user.then([&] { book().SetSelection(3); });
-    user.until("notes", [&] { return editor.TabControl1.selected() == 3; }).click(editor.txtNotes).type("n");
-    user.until("typed", [&] { return editor.txtNotes.text() == "n"; });
+    user.until("notes", [&] { return editor.TabControl1.selected() == 3; }).click(editor.textBox("txtNotes")).type("n");
+    user.until("typed", [&] { return editor.textBox("txtNotes").text() == "n"; });
     user.then([&] {
-        const int high = user.windowOf(editor.txtNotes)->GetSize().y;
+        const int high = user.windowOf(editor.textBox("txtNotes"))->GetSize().y;
         EXPECT_GT(high, user.dialog()->GetSize().y / 2) << "the notes have the page to themselves";
     });
     user.click(editor.cmdOK).until("message", [] { return Robot::find<wxDialog>() != nullptr; });
     user.key(WXK_RETURN).until("back", [&] { return book().GetSelection() == 0; });
-    untilFocused(editor.txtName);
+    untilFocused(editor.textBox("txtName"));
     user.type("V").key(WXK_RETURN).show();
     EXPECT_FALSE(editor.Cancelled);
 }

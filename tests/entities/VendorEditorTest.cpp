@@ -110,23 +110,23 @@ TEST(VendorEditor, ANewVendorTakesTheDefaultsAndIsInserted) {
                          [](VendorEditor& editor) {
                              EXPECT_EQ(editor.caption(), "New Vendor");
                              EXPECT_EQ(combo(editor, "cboPhone2Label").text(), "Cell");
-                             EXPECT_EQ(editor.cboTerms.text(), "COD") << "no default: the first";
-                             EXPECT_TRUE(editor.chkActive.checked());
-                             EXPECT_TRUE(editor.txtUniqueID.enabled());
+                             EXPECT_EQ(editor.comboBox("cboTerms").text(), "COD") << "no default: the first";
+                             EXPECT_TRUE(editor.checkBox("chkActive").checked());
+                             EXPECT_TRUE(editor.textBox("txtUniqueID").enabled());
                              EXPECT_FALSE(editor.imgLocked.visible());
-                             editor.txtName.userType("  O'Dell ");
-                             editor.txtWebSite.userType(" w.x ");
-                             editor.txtAccountNumber.userType("A'1 ");
-                             editor.txtContact.userType(" Ivo");
+                             editor.textBox("txtName").userType("  O'Dell ");
+                             editor.textBox("txtWebSite").userType(" w.x ");
+                             editor.textBox("txtAccountNumber").userType("A'1 ");
+                             editor.textBox("txtContact").userType(" Ivo");
                              box(editor, "txtPhone1").userType(" 555 ");
                              box(editor, "txtEmail1").userType(" a@b ");
-                             editor.chkExported.userCheck(true);
-                             editor.chkSplitPOs.userCheck(true);
-                             editor.billTo.box.userType("bill");
-                             editor.shipTo.box.userType("ship");
-                             editor.txtOOPID.userType(" E9");
-                             editor.txtNotes.userType(" it's\r\n");
-                             editor.margin.box.userType("12.5");
+                             editor.checkBox("chkExported").userCheck(true);
+                             editor.checkBox("chkSplitPOs").userCheck(true);
+                             editor.textBox("txtBillToAddress").userType("bill");
+                             editor.textBox("txtShipToAddress").userType("ship");
+                             editor.textBox("txtOOPID").userType(" E9");
+                             editor.textBox("txtNotes").userType(" it's\r\n");
+                             editor.textBox("txtMargin").userType("12.5");
                              editor.cmdOK.userPress();
                          }),
               12);
@@ -157,12 +157,12 @@ TEST(VendorEditor, AVendorIsLoadedAndUpdatedWithItsChangeTold) {
                              EXPECT_EQ(editor.caption(), "Edit Vendor");
                              EXPECT_EQ(combo(editor, "cboPhone1Label").text(), "Hut")
                                  << "though not in the list";
-                             EXPECT_EQ(editor.billTo.box.text(), "1 Mill St\r\nReno\r\n89501");
-                             EXPECT_EQ(editor.cboTerms.text(), "Net 30");
-                             EXPECT_EQ(editor.margin.box.text(), "40");
-                             EXPECT_EQ(editor.marginAD.box.text(), "-12.5");
-                             EXPECT_FALSE(editor.txtUniqueID.enabled());
-                             EXPECT_TRUE(editor.txtName.enabled());
+                             EXPECT_EQ(editor.textBox("txtBillToAddress").text(), "1 Mill St\r\nReno\r\n89501");
+                             EXPECT_EQ(editor.comboBox("cboTerms").text(), "Net 30");
+                             EXPECT_EQ(editor.textBox("txtMargin").text(), "40");
+                             EXPECT_EQ(editor.textBox("txtMarginAD").text(), "-12.5");
+                             EXPECT_FALSE(editor.textBox("txtUniqueID").enabled());
+                             EXPECT_TRUE(editor.textBox("txtName").enabled());
                              EXPECT_FALSE(editor.lblLocked.visible());
                              editor.cmdOK.userPress();
                          }),
@@ -209,8 +209,8 @@ TEST(VendorEditor, TermsAreTheDefaultTheFirstOrNone) {
         stage.host->on("Options.GetCompanyOption", Variant(c.option));
         if (!c.anyTerms) stage.host->on("Common.LoadTerms", Variant());
         stage.edit(-1, [&](VendorEditor& editor) {
-            EXPECT_EQ(editor.cboTerms.text(), c.shown) << c.option;
-            editor.txtName.userType("V");
+            EXPECT_EQ(editor.comboBox("cboTerms").text(), c.shown) << c.option;
+            editor.textBox("txtName").userType("V");
             editor.cmdOK.userPress();
         });
         EXPECT_THAT(stage.inserted(), ElementsAre(HasSubstr(c.written))) << c.option;
@@ -236,18 +236,26 @@ TEST(VendorEditor, MarginsAreStoredAsFractions) {
     for (const auto& c : cases) {
         VendorStage stage;
         stage.edit(0, [&](VendorEditor& editor) {
-            editor.txtName.userType("V");
-            editor.marginAD.box.userType(c.typed);
-            editor.marginAD.box.userLeft();
-            EXPECT_EQ(editor.marginAD.box.text(), c.shown);
-            editor.margin.box.userType(c.typed);  // OK pressed from within the box
+            editor.textBox("txtName").userType("V");
+            editor.textBox("txtMarginAD").userType(c.typed);
+            editor.textBox("txtMarginAD").userLeft();
+            EXPECT_EQ(editor.textBox("txtMarginAD").text(), c.shown);
             editor.cmdOK.userPress();
         });
-        const std::string margins = std::string(c.stored) + ", " + c.stored + ", 0)";
+        const std::string margins = std::string("0, ") + c.stored + ", 0)";
         EXPECT_THAT(stage.inserted(), ElementsAre(testing::EndsWith(margins))) << c.typed;
         EXPECT_THAT(stage.host->callsOf("tslnnum5.Checker.CheckDecimal"),
-                    Contains("object, -100000, 10000, 0").Times(3));
+                    Contains("object, -100000, 10000, 0").Times(1)) << "only when the box is left";
     }
+    // OK pressed from within the box saves what it reads as.
+    VendorStage stage;
+    stage.edit(0, [](VendorEditor& editor) {
+        editor.textBox("txtName").userType("V");
+        editor.textBox("txtMargin").userType("20000");
+        editor.cmdOK.userPress();
+    });
+    EXPECT_THAT(stage.inserted(), ElementsAre(testing::EndsWith("200, 0, 0)")));
+    EXPECT_THAT(stage.host->callsOf("tslnnum5.Checker.CheckDecimal"), IsEmpty());
 }
 
 TEST(VendorEditor, RefusesABlankNameButOnlyWarnsOfADouble) {
@@ -256,17 +264,17 @@ TEST(VendorEditor, RefusesABlankNameButOnlyWarnsOfADouble) {
     EXPECT_EQ(stage.edit(0,
                          [](VendorEditor& editor) {
                              editor.TabControl1.userSelect(3);
-                             editor.txtNotes.userEntered();
-                             editor.txtName.userType("   ");
+                             editor.textBox("txtNotes").userEntered();
+                             editor.textBox("txtName").userType("   ");
                              editor.cmdOK.userPress();
                              EXPECT_TRUE(editor.shown());
                              EXPECT_TRUE(editor.cmdOK.enabled() && editor.cmdCancel.enabled());
-                             EXPECT_EQ(editor.txtName.text(), "");
+                             EXPECT_EQ(editor.textBox("txtName").text(), "");
                              EXPECT_EQ(editor.TabControl1.selected(), 0);
-                             EXPECT_EQ(editor.focusedControl(), &editor.txtName);
+                             EXPECT_EQ(editor.focusedControl(), &editor.textBox("txtName"));
                              EXPECT_EQ(editor.cmdOK.role(), Button::Role::Default);
-                             EXPECT_EQ(editor.txtUniqueID.text(), "");
-                             editor.txtName.userType("Twice");
+                             EXPECT_EQ(editor.textBox("txtUniqueID").text(), "");
+                             editor.textBox("txtName").userType("Twice");
                              editor.cmdOK.userPress();
                          }),
               1);
@@ -289,12 +297,12 @@ TEST(VendorEditor, AFailedSaveIsToldAndCanBeTriedAgain) {
         stage.host->on("Database.ExecuteNonQueryWithID",
                        [&](Arguments) { return Variant(++tries > 1 ? 8 : -1); });
         const std::int32_t result = stage.edit(ID, [&](VendorEditor& editor) {
-            editor.txtName.userType("Kept");
-            editor.txtNotes.userType("kept, too");
+            editor.textBox("txtName").userType("Kept");
+            editor.textBox("txtNotes").userType("kept, too");
             editor.cmdOK.userPress();
             EXPECT_TRUE(editor.shown());
             EXPECT_TRUE(editor.cmdOK.enabled() && editor.cmdCancel.enabled());
-            EXPECT_EQ(editor.txtNotes.text(), "kept, too");
+            EXPECT_EQ(editor.textBox("txtNotes").text(), "kept, too");
             EXPECT_THAT(stage.host->callsOf("RecordEvent"), IsEmpty());
             EXPECT_THAT(stage.host->callsOf("Messages.PostMessage"), IsEmpty());
             editor.cmdOK.userPress();
@@ -323,15 +331,15 @@ TEST(VendorEditor, ALockedVendorKeepsWhatIsNotTheCompanysOwn) {
                                  locked,
                                  "txtName txtWebSite cboPhone1Label txtPhone1 cboPhone2Label txtPhone2 "
                                  "cboPhone3Label txtPhone3 cboEmail1Label txtEmail1 cboEmail2Label "
-                                 "txtEmail2 txtBillToAddress txtShipToAddress lblCopyBilling chkSplitPOs "
+                                 "txtEmail2 txtBillToAddress txtShipToAddress chkSplitPOs "
                                  "chkElectronic txtOOPID txtUniqueID ");
                              EXPECT_TRUE(editor.imgLocked.visible() && editor.lblLocked.visible());
                              editor.lblCopyBilling.userFollow("Hyperlink_BillingToShipping");
-                             EXPECT_EQ(editor.shipTo.box.text(), "Dock 2\r\nUSA");
-                             editor.cboTerms.userChoose(0);
-                             editor.margin.box.userType("5");
-                             editor.chkActive.userCheck(false);
-                             editor.txtNotes.userType("new");
+                             EXPECT_EQ(editor.textBox("txtShipToAddress").text(), "1 Mill St\r\nReno\r\n89501");
+                             editor.comboBox("cboTerms").userChoose(0);
+                             editor.textBox("txtMargin").userType("5");
+                             editor.checkBox("chkActive").userCheck(false);
+                             editor.textBox("txtNotes").userType("new");
                              editor.cmdOK.userPress();
                          }),
               7);
@@ -351,15 +359,15 @@ TEST(VendorEditor, AddressesAreReadByTheHost) {
         return Variant(true);
     });
     stage.edit(0, [&](VendorEditor& editor) {
-        editor.txtName.userType("V");
-        editor.billTo.box.userType("any order");
-        editor.billTo.box.userLeft();
-        EXPECT_EQ(editor.billTo.box.text(), "In order");
+        editor.textBox("txtName").userType("V");
+        editor.textBox("txtBillToAddress").userType("any order");
+        editor.textBox("txtBillToAddress").userLeft();
+        EXPECT_EQ(editor.textBox("txtBillToAddress").text(), "In order");
         editor.lblCopyBilling.userFollow("Hyperlink_BillingToShipping");
-        EXPECT_EQ(editor.shipTo.box.text(), "In order");
-        editor.shipTo.box.userType("");
-        editor.shipTo.box.userLeft();  // from now on they are to be validated
-        editor.billTo.box.userType("typed");
+        EXPECT_EQ(editor.textBox("txtShipToAddress").text(), "In order");
+        editor.textBox("txtShipToAddress").userType("");
+        editor.textBox("txtShipToAddress").userLeft();  // from now on they are to be validated
+        editor.textBox("txtBillToAddress").userType("typed");
         editor.cmdOK.userPress();
     });
     EXPECT_THAT(flags, ElementsAre("any order|False", "|True", "typed|True", "|True"));
@@ -369,7 +377,7 @@ TEST(VendorEditor, AddressesAreReadByTheHost) {
 TEST(VendorEditor, EnterBelongsToTheBoxOfSeveralLinesThatHasTheFocus) {
     VendorStage stage;
     stage.edit(0, [](VendorEditor& editor) {
-        for (TextBox* box : {&editor.billTo.box, &editor.shipTo.box, &editor.txtNotes}) {
+        for (TextBox* box : {&editor.textBox("txtBillToAddress"), &editor.textBox("txtShipToAddress"), &editor.textBox("txtNotes")}) {
             EXPECT_TRUE(box->multiLine);
             box->userEntered();
             EXPECT_EQ(editor.cmdOK.role(), Button::Role::Plain) << box->name();
@@ -388,7 +396,7 @@ TEST(VendorEditor, WhatDoesNotSaveReturnsNothing) {
             VendorStage stage;
             EXPECT_EQ(stage.edit(ID,
                                  [&](VendorEditor& editor) {
-                                     editor.txtName.userType("changed");
+                                     editor.textBox("txtName").userType("changed");
                                      leave(editor);
                                      EXPECT_FALSE(editor.shown());
                                  }),
@@ -405,15 +413,37 @@ TEST(VendorEditor, ARowThatIsGoneShowsNothingAndSavingChangesNone) {
     EXPECT_EQ(stage.edit(8,
                          [](VendorEditor& editor) {
                              EXPECT_EQ(editor.caption(), "Edit Vendor");
-                             EXPECT_EQ(editor.txtName.text(), "");
-                             EXPECT_EQ(editor.cboTerms.listIndex(), -1);
-                             editor.txtName.userType("Ghost");
+                             EXPECT_EQ(editor.textBox("txtName").text(), "");
+                             EXPECT_EQ(editor.comboBox("cboTerms").listIndex(), -1);
+                             editor.textBox("txtName").userType("Ghost");
                              editor.cmdOK.userPress();
                          }),
               8);
     EXPECT_FALSE(stage.told());
     EXPECT_THAT(stage.updated(), ElementsAre(HasSubstr("TermsID = NULL,")));
     EXPECT_THAT(stage.updated(), ElementsAre(testing::EndsWith("WHERE ID = 8")));
+}
+
+TEST(VendorEditor, ARecordsetThatComesBackClosedOpensAnEmptyEditor) {
+    VendorStage stage;
+    stage.host->on("CurrentCompanyConn.Execute", Variant(ObjectPtr()));
+    stage.edit(7, [](VendorEditor& editor) {
+        EXPECT_EQ(editor.caption(), "Edit Vendor");
+        EXPECT_EQ(editor.textBox("txtName").text(), "");
+    });
+    EXPECT_FALSE(stage.told());
+}
+
+TEST(VendorEditor, TheRowIsCapturedBeforeTheStatementIsBuilt) {
+    VendorStage stage;
+    stage.edit(7, [&](VendorEditor& editor) {
+        stage.host->forget();
+        editor.cmdOK.userPress();
+    });
+    const auto& calls = stage.host->calls;
+    const auto captured = std::ranges::find_if(calls, [](const auto& c) { return c.find("[Vendors]") != c.npos; });
+    const auto built = std::ranges::find_if(calls, [](const auto& c) { return c.starts_with("FixForSQLInsert"); });
+    EXPECT_LT(captured, built);
 }
 
 TEST(VendorEditor, ARowThatCannotBeReadIsNotSavedOver) {
@@ -437,7 +467,7 @@ TEST(VendorEditor, ASaveCountsOnceItIsWritten) {
     }
     EXPECT_EQ(stage.edit(0,
                          [](VendorEditor& editor) {
-                             editor.txtName.userType("V");
+                             editor.textBox("txtName").userType("V");
                              editor.cmdOK.userPress();
                              EXPECT_FALSE(editor.shown());
                          }),
@@ -467,17 +497,17 @@ TEST(VendorEditor, EveryHostFaultIsToldAndKeepsTheInput) {
                 [&](Stage& stage) {
                     VendorStage::furnish(stage);
                     stage.desktop.user<VendorEditor>(frmEditVendor, [&](VendorEditor& editor) {
-                        editor.txtName.userType("Typed");
-                        editor.billTo.box.userType("typed");
-                        editor.billTo.box.userLeft();
-                        editor.txtNotes.userType("typed, too");
+                        editor.textBox("txtName").userType("Typed");
+                        editor.textBox("txtBillToAddress").userType("typed");
+                        editor.textBox("txtBillToAddress").userLeft();
+                        editor.textBox("txtNotes").userType("typed, too");
                         if (!accept) return editor.cmdCancel.userPress();
                         const bool toldBefore = stage.told();
                         editor.cmdOK.userPress();
                         if (editor.shown()) {
                             EXPECT_TRUE(stage.told()) << "still open, and nobody said why";
-                            EXPECT_EQ(editor.txtName.text(), "Typed");
-                            EXPECT_EQ(editor.txtNotes.text(), "typed, too");
+                            EXPECT_EQ(editor.textBox("txtName").text(), "Typed");
+                            EXPECT_EQ(editor.textBox("txtNotes").text(), "typed, too");
                             EXPECT_TRUE(editor.cmdOK.enabled() && editor.cmdCancel.enabled());
                             EXPECT_TRUE(editor.Cancelled);
                             // nothing half told

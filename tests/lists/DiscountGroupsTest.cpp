@@ -136,7 +136,7 @@ TEST(DiscountGroupDeletion, StopsAtTheFirstFailureAndRecordsIt) {
         "group. More information to follow.";
     const std::string failures[] = {
         customers, customers,
-        "Unable to delete the discounts from discount group [7] while deleting a discount group. More "
+        "Unable to delete the discounts from discount group [7]. More "
         "information to follow.",
         "Unable to delete the discount group [7]. More information to follow."};
     const Box notDeleted{"The discount group 'Designers' could not be deleted.", MessageButtons::Ok,

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "maintenance/ListScreen.h"
+#include "maintenance/RecordDialog.h"
 #include "doubles/Stage.h"
 #include "doubles/TempFolder.h"
 
@@ -210,7 +211,7 @@ TEST(TermsList, DeletesTheSelectionAtOnceAndStopsAtTheFirstFailure) {
                    [](Arguments a) { return Variant(!a[0].toText().ends_with("= 2")); });
     stage.desktop.user<ListScreen>("frmTerms", [](ListScreen& list) {
         select(list, {0, 1, 2});
-        list.rptItems.userDeleteKey();
+        list.cmdDelete.userPress();
         EXPECT_THAT(names(list), ElementsAre("Net 15", "Net 30"));
         EXPECT_EQ(list.caption(), "Terms");
         EXPECT_FALSE(list.pointerBusy());
@@ -226,7 +227,7 @@ TEST(TermsList, DeletesTheSelectionAtOnceAndStopsAtTheFirstFailure) {
 }
 
 TEST(ListScreen, ReferencedRowsAreRefusedWithTheirCountAndTheLoopGoesOn) {
-    const lists::DeletionCheck checks[] = {
+    const DeletionCheck checks[] = {
         {"SELECT COUNT(*) AS MyCount FROM Customers WHERE TermsID = {0}",
          "<Bold>{0}</Bold> has {1} customers.", "Remove it there."},
         {"SELECT COUNT(*) AS MyCount FROM Orders WHERE TermsID = {0}", "<Bold>{0}</Bold> has {1} orders.",
@@ -243,7 +244,7 @@ TEST(ListScreen, ReferencedRowsAreRefusedWithTheirCountAndTheLoopGoesOn) {
         list.cmdDelete.userPress();
         EXPECT_THAT(names(list), ElementsAre("Net 15"));
     });
-    lists::showList(*stage.library, guarded);
+    showList(*stage.library, guarded);
     EXPECT_THAT(stage.host->callsOf("ShowMessageStyle1"),
                 ElementsAre("<Bold>Net 15</Bold> has 7 customers., Remove it there."));
     EXPECT_THAT(stage.host->callsOf("Database.ExecuteScaler"),
@@ -393,10 +394,13 @@ TEST(TermsList, EveryHostFaultIsToldAndLeavesTheListStanding) {
                 stage.desktop.answers = {MessageAnswer::Yes};
                 stage.desktop.popupChoices = {28001, 28003, 28250, 28251};
                 stage.desktop.files = {"in.xml", "out.xml"};
-                stage.desktop.user<Screen>("frmTerms_Edit", [](Screen& dialog) {
-                    dynamic_cast<TextBox&>(*dialog.control("txtTerms")).userType("Net 60");
-                    dynamic_cast<Button&>(*dialog.control("cmdOK")).userPress();
-                });
+                for (int i = 0; i < 2; ++i) {
+                    stage.desktop.user<RecordDialog>("frmTerms_Edit", [](RecordDialog& dialog) {
+                        if (dialog.ID > 0) return dialog.cmdCancel.userPress();
+                        dialog.textBox("txtTerms").userType("Net 60");
+                        dialog.cmdOK.userPress();
+                    });
+                }
                 stage.desktop.user<ListScreen>("frmTerms", [](ListScreen& list) {
                     list.cmdNew.userPress();
                     for (int i = 0; i < 4; ++i)

@@ -1,7 +1,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "maintenance/ListCommands.h"
 #include "maintenance/ListKinds.h"
 #include "maintenance/ListScreen.h"
 #include "doubles/Stage.h"
@@ -23,7 +22,7 @@ void runCommands(Stage& stage, std::deque<int> commands, std::deque<std::string>
         for (std::size_t i = 0; i < count; ++i)
             screen.cmdMore.userPress();
     });
-    lists::showList(*stage.library, list);
+    showList(*stage.library, list);
 }
 
 void fillList(Stage& stage) {
@@ -121,51 +120,6 @@ TEST(ListKinds, AListWithoutARowNeitherAsksNorTells) {
     runCommands(stage, {28001, 28003}, {"/a", "/b"}, quoteApproval);
     EXPECT_THAT(stage.desktop.fileDialogs, IsEmpty());
     EXPECT_THAT(stage.desktop.boxes, IsEmpty());
-}
-
-TEST(ListCommands, PopupsAreBuiltAsTheListAsksFor) {
-    struct Case {
-        bool importAndExport, contextPopups;
-        std::vector<int> popups, more;
-    };
-    for (const Case& c : {Case{true, false, {28200}, {28001, 28003, 28201, 28202}},
-                          Case{false, true, {28200, 28300, 28301, 28301}, {28201, 28202}}}) {
-        Stage stage;
-        ListScreen screen(*stage.library, lists::termsList);
-        CommandBars bars(screen, "cb");
-        lists::buildListCommands(bars, c.importAndExport, c.contextPopups);
-        std::vector<int> popups, more;
-        for (const Command& popup : bars.popups)
-            popups.push_back(popup.id);
-        for (const Command& command : bars.popups[0].commands)
-            more.push_back(command.id);
-        EXPECT_EQ(popups, c.popups);
-        EXPECT_EQ(more, c.more);
-        if (c.contextPopups) {
-            EXPECT_EQ(bars.popups[2].caption, "One Item");
-            EXPECT_EQ(bars.popups[3].commands.size(), 3U);
-        }
-    }
-}
-
-TEST(ListCommands, ContextCommandsFollowTheSelection) {
-    Stage stage;
-    fillList(stage);
-    stage.desktop.user<ListScreen>("frmTerms", [](ListScreen& list) {
-        const auto enabled = [&](int id, const ReportControl* items) {
-            Command command{.id = id};
-            lists::updateListCommand(command, items);
-            return command.enabled;
-        };
-        EXPECT_FALSE(enabled(28305, nullptr));
-        EXPECT_TRUE(enabled(28305, &list.rptItems));
-        EXPECT_FALSE(enabled(28306, &list.rptItems));
-        EXPECT_FALSE(enabled(28307, &list.rptItems));
-        list.rptItems.selectRow(0);
-        EXPECT_TRUE(enabled(28306, &list.rptItems));
-        EXPECT_TRUE(enabled(28307, &list.rptItems));
-    });
-    stage.library->ShowTerms();
 }
 
 }  // namespace

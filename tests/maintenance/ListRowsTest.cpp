@@ -3,7 +3,7 @@
 
 #include "maintenance/ListRows.h"
 
-namespace tsln::lists {
+namespace tsln::test {
 namespace {
 
 using testing::ElementsAre;
@@ -22,7 +22,7 @@ TEST(ListRows, AreShownAsTheirColumnsSayWhicheverWayTheyAreRead) {
         "<Record><Name>no more</Name></Record>"
         "<Record><ID>x</ID><Name/><Active>0</Active><Kind>9</Kind></Record></Records>";
     for (const Way way : {Way::OnePass, Way::Nodes}) {
-        const ReportRecords records = readListRows(text, columns, way);
+        const ReportRecords records = readListRows(text, columns, {}, way).records;
         EXPECT_THAT(records.ids(), ElementsAre(7, 0, 0));
         std::vector<std::string> cells;
         for (std::size_t row = 0; row < records.count(); ++row) {
@@ -36,4 +36,4 @@ TEST(ListRows, AreShownAsTheirColumnsSayWhicheverWayTheyAreRead) {
 }
 
 }  // namespace
-}  // namespace tsln::lists
+}  // namespace tsln::test

@@ -5,7 +5,7 @@
 #include "shared/modSharedXML.h"
 #include "workbench/app/Console.h"
 #include "workbench/tour/Gallery.h"
-#include "workbench/app/ProcessEndMessage.h"
+#include "workbench/app/ProcessEndEvent.h"
 #include "workbench/tour/Tour.h"
 #include "workbench/tour/VirtualUser.h"
 #include "workbench/app/WorkbenchFrame.h"
@@ -42,7 +42,7 @@ bool WorkbenchApp::OnInit() {
     SetAppDisplayName("Tessaline");
     try {
         module_ = std::make_unique<Module>(session_, [this](std::string_view commandLine, ProcessEnd end) {
-            tellProcessEnd(commandLine, end);
+            noteProcessEnd(commandLine, end);
         });
         module_->library()->call("Initialize", session_.sharedCode());
     } catch (const std::exception& error) {
@@ -118,11 +118,9 @@ void WorkbenchApp::start(Script script, const std::string& folder, std::function
         });
 }
 
-void WorkbenchApp::tellProcessEnd(std::string_view commandLine, ProcessEnd end) {
-    const auto message = processEndMessage(commandLine, end);
-    if (!message) return;
-    session_.eventLog().record(EventLog::Error, message->text + " " + message->detail);
-    messages_.showMessage(*message);
+void WorkbenchApp::noteProcessEnd(std::string_view commandLine, ProcessEnd end) {
+    if (const auto event = processEndEvent(commandLine, end))
+        session_.eventLog().record(EventLog::Error, *event);
 }
 
 }  // namespace tsln::workbench

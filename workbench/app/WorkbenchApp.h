@@ -28,7 +28,7 @@ class WorkbenchApp : public wxApp {
     void callOperation();
     /// Runs a script that drives the program and ends it. Pictures go to the folder.
     void start(Script script, const std::string& folder, std::function<void()> tellEnd);
-    void tellProcessEnd(std::string_view commandLine, ProcessEnd end);
+    void noteProcessEnd(std::string_view commandLine, ProcessEnd end);
 
     const Options options_;
     MessageWindows messages_;

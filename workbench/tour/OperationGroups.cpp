@@ -74,6 +74,12 @@ std::vector<OperationGroup> findOperations(std::string_view search) {
             });
         if (!matching.operations.empty()) found.push_back(std::move(matching));
     }
+    // An operation of just that name comes first, with its group.
+    const auto exact = [&](Operation operation) { return sameName(info(operation).name, search); };
+    std::ranges::stable_partition(found, [&](OperationGroup& group) {
+        std::ranges::stable_partition(group.operations, exact);
+        return exact(group.operations.front());
+    });
     return found;
 }
 

@@ -40,12 +40,12 @@ TEST(VendorOnCompany, IsAddedReadBackAndItsChangesAreInTheHistory) {
     ModuleStage stage;
     stage.run("INSERT INTO Terms (Terms) VALUES('Net 15')");
     const std::int32_t ID = edit(stage.desktop, *stage.library, 0, [](VendorEditor& editor) {
-        editor.txtName.userType(" O'Brien & Daughters ");
+        editor.textBox("txtName").userType(" O'Brien & Daughters ");
         box(editor, "txtPhone2").userType("555");
-        editor.billTo.box.userType("9 Quay Rd\r\nSuite 4\r\ntoronto, on m5v 2t6\r\nCanada");
+        editor.textBox("txtBillToAddress").userType("9 Quay Rd\r\nSuite 4\r\ntoronto, on m5v 2t6\r\nCanada");
         editor.lblCopyBilling.userFollow("Hyperlink_BillingToShipping");
-        editor.margin.box.userType("12.5");
-        editor.txtNotes.userType("two\r\nlines");
+        editor.textBox("txtMargin").userType("12.5");
+        editor.textBox("txtNotes").userType("two\r\nlines");
         editor.cmdOK.userPress();
     });
     ASSERT_GT(ID, 0);
@@ -80,14 +80,14 @@ TEST(VendorOnCompany, IsAddedReadBackAndItsChangesAreInTheHistory) {
 
     EXPECT_EQ(edit(stage.desktop, *stage.library, ID,
                    [](VendorEditor& editor) {
-                       EXPECT_EQ(editor.billTo.box.text(),
+                       EXPECT_EQ(editor.textBox("txtBillToAddress").text(),
                                  "9 Quay Rd\r\nSuite 4\r\ntoronto, on m5v 2t6\r\nCanada");
-                       EXPECT_EQ(editor.margin.box.text(), "12.5");
-                       editor.txtContact.userType("Orla");
-                       editor.cboTerms.setListIndex(-1);
-                       editor.margin.box.userType("40");
-                       editor.chkActive.userCheck(false);
-                       editor.txtNotes.userType("one");
+                       EXPECT_EQ(editor.textBox("txtMargin").text(), "12.5");
+                       editor.textBox("txtContact").userType("Orla");
+                       editor.comboBox("cboTerms").setListIndex(-1);
+                       editor.textBox("txtMargin").userType("40");
+                       editor.checkBox("chkActive").userCheck(false);
+                       editor.textBox("txtNotes").userType("one");
                        editor.cmdOK.userPress();
                    }),
               ID);
@@ -116,7 +116,7 @@ TEST(VendorOnCompany, TwoEditorsOfOneVendorTellEachChangeTruthfully) {
     second->Initialize(session.sharedCode());
 
     edit(first.desktop, *first.library, 3, [&](VendorEditor& editor) {
-        editor.txtContact.userType("Changed first, saved last");
+        editor.textBox("txtContact").userType("Changed first, saved last");
         edit(desktop, *second, 3, [](VendorEditor& other) {
             box(other, "txtPhone1").userType("1-800");
             other.cmdOK.userPress();
@@ -142,10 +142,10 @@ TEST(VendorOnCompany, WhatTheDatabaseRefusesIsToldAndTheInputStays) {
     }
     for (const std::int32_t ID : {0, 4}) {
         edit(stage.desktop, *stage.library, ID, [&](VendorEditor& editor) {
-            editor.txtName.userType("In use");
+            editor.textBox("txtName").userType("In use");
             editor.cmdOK.userPress();
             EXPECT_TRUE(editor.shown());
-            EXPECT_EQ(editor.txtName.text(), "In use");
+            EXPECT_EQ(editor.textBox("txtName").text(), "In use");
         });
     }
     ASSERT_EQ(stage.ui.shown.size(), 2U);

@@ -33,6 +33,8 @@ TEST(OperationGroups, AreSearchedByAllWordsOfNameAndGroup) {
     EXPECT_THAT(found("showterms"), testing::ElementsAre("ShowTerms"));
     EXPECT_THAT(found(" TERMS dialogs "), testing::ElementsAre("ShowEditTerms"));
     EXPECT_THAT(found("no such thing"), testing::IsEmpty());
+    EXPECT_EQ(found("showGroups").front(), "ShowGroups") << "before the others that hold the word";
+    EXPECT_EQ(found("ShowEditTerms").front(), "ShowEditTerms");
 }
 
 TEST(OperationGroups, SignaturesReadAsACallIsWritten) {

@@ -1,0 +1,295 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "doubles/Stage.h"
+#include "maintenance/ListScreen.h"
+
+namespace tsln::test {
+namespace {
+
+using testing::AllOf;
+using testing::Contains;
+using testing::Each;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Not;
+using Show = ListColumn::Show;
+
+constexpr int toggle = 29001;
+constexpr std::string_view detailFields[] = {"Method", "Value"};
+constexpr std::string_view styleFields[] = {"Enabled"};
+
+void runToggle(ListScreen& list) {
+    list.tell("toggled " + std::to_string(list.selectedID()), MessageIcon::Information);
+}
+
+/// A list with everything that a description can ask for.
+const ListDescription charges{
+    .open = Operation::ShowTerms,
+    .edit = Operation::ShowEditAdditionalCharge,
+    .screenName = "frmCharges",
+    .caption = "Charges",
+    .table = "Charges",
+    .orderBy = "GroupName,Sequence",
+    .columns = {{"Group", 100, "GroupName"},
+                {"Name", 100, "Name"},
+                {.caption = "Details",
+                 .uses = detailFields,
+                 .compute =
+                     [](std::span<const std::string_view> values) {
+                         return std::string(values[0]) + " of " + std::string(values[1]);
+                     }},
+                {"Begins", 100, "StartsOn", Show::Date},
+                {"Price", 100, "Price", Show::Currency},
+                {"Active", 60, "Enabled", Show::Check},
+                {.caption = "Product", .field = "Product", .instead = "Any Product"}},
+    .securityArea = 202,
+    .deleteFailure = "not deleted",
+    .busyState = true,
+    .source = RecordDescription::Source::Recordset,
+    .rowStyle = {.uses = styleFields,
+                 .style = [](std::span<const std::string_view> values) {
+                     return ReportControl::Style{.bold = values[0] == "1"};
+                 }},
+    .groups = ListGroups{},
+    .commands = {{.id = toggle,
+                  .caption = "Enable",
+                  .needs = Needs::FocusedRow,
+                  .rights = rights({Right::Edit}),
+                  .popups = inMore | inOneItem,
+                  .run = runToggle,
+                  .beginsGroup = true,
+                  .button = "cmdToggle",
+                  .buttonCaption = "Enab&le"}},
+    .contextMenu = true,
+    .filter = true,
+    .countLine = "{0} items",
+};
+
+constexpr auto load = "SELECT * FROM Charges ORDER BY GroupName,Sequence";
+constexpr auto rows =
+    "<Records><Record><ID>1</ID><GroupName>Zeta</GroupName><Name>Flat</Name><Method>Rate</Method><Value>5</Value>"
+    "<StartsOn>2011-03-04T10:20:30</StartsOn><Price>1234.5</Price><Enabled>1</Enabled><Product>P</Product></Record>"
+    "<Record><ID>2</ID><GroupName/><Name>Plain</Name><Price>-2</Price><Enabled>0</Enabled></Record>"
+    "<Record><ID>3</ID><GroupName>Alpha</GroupName><Name>Early</Name><StartsOn>1999-12-31</StartsOn>"
+    "<Price>free</Price><Enabled>0</Enabled></Record></Records>";
+
+struct ChargesStage : Stage {
+    ChargesStage() {
+        host->rows(load, rows);
+        library->plugIn(Operation::ShowTerms,
+                        [](Library& self, Arguments) { return Variant(showList(self, charges)); });
+    }
+    void run(const std::function<void(ListScreen&)>& act) {
+        desktop.user<ListScreen>("frmCharges", act);
+        library->ShowTerms();
+    }
+    std::vector<std::string> asked() const { return host->callsOf("Security.CanDo"); }
+};
+
+std::vector<std::string> shownRows(const ListScreen& list, std::size_t column) {
+    std::vector<std::string> shown;
+    for (std::size_t row = 0; row < list.rptItems.rowCount(); ++row) {
+        const bool group = list.rptItems.row(row).isGroup();
+        shown.push_back((group ? "# " : "") + std::string(list.rptItems.rowText(row, group ? 0 : column)));
+    }
+    return shown;
+}
+
+void selectRecord(ListScreen& list, std::int32_t ID) {
+    const std::size_t row = *list.rptItems.findRow(*list.rptItems.findRecord(ID));
+    list.rptItems.userSelect({{row}}, row);
+}
+
+TEST(ListScreen, ShowsEveryKindOfColumnGroupedInTheOrderOfItsRows) {
+    ChargesStage stage;
+    stage.run([](ListScreen& list) {
+        EXPECT_THAT(shownRows(list, 1), ElementsAre("# Zeta", "Flat", "# (No Group)", "Plain", "# Alpha", "Early"));
+        EXPECT_THAT(shownRows(list, 2), Contains("Rate of 5"));
+        EXPECT_THAT(shownRows(list, 3), AllOf(Contains("3/4/2011"), Contains("12/31/1999")));
+        EXPECT_THAT(shownRows(list, 4), AllOf(Contains("$1,234.50"), Contains("($2.00)"), Contains("free")));
+        EXPECT_THAT(shownRows(list, 6), AllOf(Contains("P"), Contains("Any Product")));
+        EXPECT_TRUE(list.rptItems.checked(0, 5));
+        EXPECT_TRUE(list.rptItems.style(0).bold);
+        EXPECT_FALSE(list.rptItems.style(1).bold);
+        EXPECT_EQ(list.lblRecords.caption(), "3 items");
+        list.rptItems.groupBy(std::nullopt);
+        list.rptItems.userClickHeader(3);
+        EXPECT_THAT(shownRows(list, 1), ElementsAre("Plain", "Early", "Flat")) << "dates sort by time";
+    });
+    EXPECT_THAT(stage.host->calls, Contains("CurrentCompanyConn.Execute(" + std::string(load) + ")"));
+    EXPECT_THAT(stage.host->callsOf("Database.ExecuteRead"), IsEmpty());
+}
+
+TEST(ListScreen, AFilterNarrowsTheRowsAndTheirCount) {
+    ChargesStage stage;
+    stage.run([](ListScreen& list) {
+        list.txtFilter.userType("EARL");
+        EXPECT_THAT(shownRows(list, 1), ElementsAre("# Alpha", "Early"));
+        EXPECT_EQ(list.lblRecords.caption(), "1 items");
+        list.txtFilter.userType("");
+        EXPECT_EQ(list.lblRecords.caption(), "3 items");
+    });
+}
+
+TEST(ListScreen, FurtherCommandsRunFromTheirButtonAndFromBothPopups) {
+    ChargesStage stage;
+    stage.run([&](ListScreen& list) {
+        auto& button = dynamic_cast<Button&>(*list.control("cmdToggle"));
+        EXPECT_FALSE(button.enabled()) << "no row has the focus";
+        selectRecord(list, 3);
+        EXPECT_TRUE(button.enabled());
+        button.userPress();
+        stage.desktop.popupChoices = {toggle, toggle};
+        list.cmdMore.userPress();
+        list.rptItems.userContextMenu(*list.rptItems.focusedRow());
+    });
+    EXPECT_EQ(stage.desktop.boxes.size(), 3U);
+    for (const auto& box : stage.desktop.boxes)
+        EXPECT_EQ(box.text, "toggled 3");
+}
+
+TEST(ListScreen, TheContextMenuFollowsTheSelectionAndTheRights) {
+    ChargesStage stage;
+    stage.host->on("Security.CanDo", [](Arguments a) { return Variant(a[1].toLong() != 16); });
+    stage.run([&](ListScreen& list) {
+        ReportControl& items = list.rptItems;
+        items.userContextMenu(items.rowCount());
+        selectRecord(list, 1);
+        items.userContextMenu(*items.focusedRow());
+        items.userSelectAll();
+        items.userContextMenu(*items.focusedRow());
+    });
+    ASSERT_EQ(stage.desktop.popups.size(), 3U);
+    const auto offered = [&](std::size_t popup) {
+        std::vector<std::string> captions;
+        for (const Command& command : stage.desktop.popups[popup].commands)
+            captions.push_back(command.caption + (command.enabled ? "" : " (disabled)"));
+        return captions;
+    };
+    EXPECT_EQ(stage.desktop.popups[0].caption, "No Items");
+    EXPECT_THAT(offered(0), ElementsAre("New..."));
+    EXPECT_THAT(offered(1), ElementsAre("New...", "Edit... (disabled)", "Delete", "Enable (disabled)"));
+    EXPECT_EQ(stage.desktop.popups[2].caption, "One Item");
+    EXPECT_THAT(offered(2), ElementsAre("New...", "Edit... (disabled)", "Delete", "Enable (disabled)"));
+}
+
+TEST(ListScreen, TheDialogTakesFurtherArguments) {
+    class ChargesOfOneType : public ListScreen {
+      public:
+        using ListScreen::ListScreen;
+
+      protected:
+        std::vector<Variant> furtherArguments() const override { return {std::int16_t{256}}; }
+    };
+    ChargesStage stage;
+    std::vector<std::string> opened;
+    stage.library->plugIn(Operation::ShowTerms, [](Library& self, Arguments) {
+        return Variant(showList<ChargesOfOneType>(self, charges));
+    });
+    stage.library->plugIn(Operation::ShowEditAdditionalCharge, [&](Library&, Arguments a) {
+        opened.push_back(a[0].toText() + ", " + a[1].toText());
+        return Variant(std::int32_t{0});
+    });
+    stage.run([](ListScreen& list) {
+        list.cmdNew.userPress();
+        selectRecord(list, 2);
+        list.cmdEdit.userPress();
+    });
+    EXPECT_THAT(opened, ElementsAre("0, 256", "2, 256"));
+}
+
+TEST(ListScreen, AsksForEachRightAtMostOnceInAnAct) {
+    ChargesStage stage;
+    stage.library->plugIn(Operation::ShowEditAdditionalCharge,
+                          [](Library&, Arguments) { return Variant(std::int32_t{3}); });
+    stage.host->rows("SELECT * FROM Charges WHERE ID = 3", rows);
+    const auto eachOnce = [&](const char* act) {
+        std::vector<std::string> asked = stage.asked();
+        std::ranges::sort(asked);
+        EXPECT_EQ(std::ranges::adjacent_find(asked), asked.end()) << act;
+        stage.host->forget();
+    };
+    stage.run([&](ListScreen& list) {
+        EXPECT_THAT(stage.asked(), Contains("202, 8"));
+        eachOnce("opening");
+        selectRecord(list, 3);
+        eachOnce("selecting");
+        list.cmdEdit.userPress();
+        eachOnce("editing");
+        list.cmdMore.userPress();
+        eachOnce("the popup");
+        list.cmdDelete.userPress();
+        eachOnce("deleting");
+        EXPECT_EQ(list.rptItems.recordCount(), 2U);
+        list.cmdNew.userPress();
+        eachOnce("adding");
+    });
+}
+
+TEST(ListScreen, AfterBusyWorkTheButtonsFollowTheRightsAsTheyAreThen) {
+    for (const int revoked : {8, 16, 32}) {
+        ChargesStage stage;
+        bool deleted = false;
+        stage.host->on("Security.CanDo",
+                       [&](Arguments a) { return Variant(!deleted || a[1].toLong() != revoked); });
+        stage.host->on("Database.ExecuteNonQuery", [&](Arguments) {
+            deleted = true;
+            return Variant(true);
+        });
+        stage.run([&](ListScreen& list) {
+            selectRecord(list, 1);
+            EXPECT_TRUE(list.cmdNew.enabled() && list.cmdEdit.enabled() && list.cmdDelete.enabled());
+            list.cmdDelete.userPress();
+            selectRecord(list, 2);
+            EXPECT_EQ(list.cmdNew.enabled(), revoked != 8);
+            EXPECT_EQ(list.cmdEdit.enabled(), revoked != 16);
+            EXPECT_EQ(list.cmdDelete.enabled(), revoked != 32);
+            EXPECT_TRUE(list.cmdMore.enabled() && list.cmdClose.enabled());
+        });
+    }
+    // Rights that cannot be asked for are not held, and the work that was done is shown.
+    ChargesStage stage;
+    stage.run([&](ListScreen& list) {
+        selectRecord(list, 1);
+        stage.host->on("Security.CanDo", [](Arguments) -> Variant { throw HostError(code::fail, "Host", "down"); });
+        list.cmdDelete.userPress();
+        EXPECT_FALSE(list.cmdNew.enabled() || list.cmdEdit.enabled() || list.cmdDelete.enabled());
+        EXPECT_EQ(list.rptItems.recordCount(), 2U);
+    });
+    EXPECT_EQ(stage.host->callsOf("ShowAndLogErrorMessage").size(), 1U);
+}
+
+TEST(ListScreen, TheDeleteKeyAsksAndTheButtonDoesNot) {
+    ChargesStage stage;
+    stage.run([&](ListScreen& list) {
+        list.rptItems.userDeleteKey();
+        EXPECT_THAT(stage.desktop.boxes, IsEmpty()) << "nothing is selected";
+        selectRecord(list, 1);
+        stage.desktop.answers = {MessageAnswer::No, MessageAnswer::Yes};
+        list.rptItems.userDeleteKey();
+        EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"), IsEmpty());
+        list.rptItems.userDeleteKey();
+        selectRecord(list, 2);
+        list.cmdDelete.userPress();
+    });
+    EXPECT_EQ(stage.desktop.boxes.size(), 2U);
+    EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"),
+                ElementsAre("DELETE FROM Charges WHERE ID = 1", "DELETE FROM Charges WHERE ID = 2"));
+}
+
+TEST(ListScreen, AClosedRecordsetOrNoConnectionLeavesNoRowsOrTellsWhy) {
+    ChargesStage closed;
+    closed.host->on("CurrentCompanyConn.Execute.State", Variant(0));
+    ChargesStage none;
+    none.host->on("CurrentCompanyConn", Variant(ObjectPtr()));
+    none.run([](ListScreen& list) {
+        EXPECT_EQ(list.rptItems.recordCount(), 0U);
+        EXPECT_TRUE(list.cmdClose.enabled());
+        EXPECT_EQ(list.caption(), "Charges");
+    });
+    EXPECT_TRUE(none.told());
+}
+
+}  // namespace
+}  // namespace tsln::test

@@ -1,0 +1,178 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "doubles/Stage.h"
+#include "maintenance/RecordDialog.h"
+#include "screens/TabControl.h"
+
+namespace tsln::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Box = ScriptedDesktop::Box;
+
+constexpr Choice kinds[] = {{0, "None"}, {4, "Four"}};
+
+/// A record whose first field is no text, read as a recordset, with every rule that statements tell apart.
+const RecordDescription sample{
+    .table = "Samples",
+    .newCaption = "New Sample",
+    .editCaption = "Edit Sample",
+    .fields = fields::join(
+        fields::choice("cboKind", "&Kind:", "Kind", "<k>", kinds).required("You must select a kind."),
+        fields::trimmed("txtCode", "&Code:", "Code", "<c>").required("You must enter a code.").unique("Taken."),
+        fields::lines("txtNotes", "&Notes", "Notes", "<n>"),
+        fields::keyOrNull("cboTerms", "&Terms:", "TermsID", "<t>", &Common::LoadTerms)
+            .byDefault({"DefaultTerms", "Samples", "-1"})
+            .orFirst(),
+        fields::check("chkActive", "&Active", "Active", "<a>").placed(1, 0),
+        fields::percent("txtRate", "&Rate:", "Rate", "<r>", 100),
+        fields::address("txtShipTo", "Ship-to", "ShipTo", {"<s1>", "<s2>", "<s3>", "<s4>", "<s5>", "<s6>"}),
+        fields::validateAddresses()),
+    .saveFailure = "Not saved.",
+    .source = RecordDescription::Source::Recordset,
+    .closingCancels = true,
+};
+
+class SampleDialog : public RecordDialog {
+  public:
+    explicit SampleDialog(Library& library) : RecordDialog(library, "frmSample", sample) {}
+    TabControl tabs{*this, "tabs", {"First", "Second"}};
+
+  protected:
+    Layout content() override {
+        return layout::tabs(tabs, {formOf({"cboKind", "txtNotes", "cboTerms", "chkActive", "txtRate", "txtShipTo"}),
+                                   formOf({"txtCode"})});
+    }
+};
+
+struct SampleStage : Stage {
+    SampleStage() { furnish(*this); }
+    static void furnish(Stage& stage) {
+        stage.host->on("Common.LoadTerms", [](Arguments a) {
+            for (const auto& [text, ID] : {std::pair{"COD", 3}, {"Net 30", 5}}) {
+                a[0].object().call("AddItem", text);
+                a[0].object().put("ItemData", a[0].object().get("NewIndex"), ID);
+            }
+            return Variant();
+        });
+        stage.host->on("ParseAddress", [](Arguments a) {
+            a.assign(3, a[0]);
+            a.assign(7, true);
+            return Variant();
+        });
+        stage.host->rows("SELECT * FROM Samples WHERE ID = 7",
+                         "<Records><Record><Kind>9</Kind><Code>C</Code><TermsID>5</TermsID><Active>1</Active>"
+                         "<Rate>0.125</Rate><ShipToCity>Reno</ShipToCity></Record></Records>");
+    }
+    std::shared_ptr<SampleDialog> edit(std::int32_t ID, const std::function<void(SampleDialog&)>& act) {
+        desktop.user<SampleDialog>("frmSample", act);
+        return openRecord(*library, "frmSample", [this] { return std::make_shared<SampleDialog>(*library); }, ID);
+    }
+};
+
+TEST(RecordDialog, ARowIsShownFromARecordsetAndWrittenInTheOrderOfItsFields) {
+    SampleStage stage;
+    const auto closed = stage.edit(7, [](SampleDialog& dialog) {
+        EXPECT_EQ(dialog.comboBox("cboKind").text(), "9") << "a number of another version is kept";
+        EXPECT_EQ(dialog.textBox("txtRate").text(), "12.5");
+        EXPECT_EQ(dialog.comboBox("cboTerms").text(), "Net 30");
+        EXPECT_EQ(dialog.textBox("txtShipTo").text(), "Reno");
+        EXPECT_EQ(dialog.focusedControl(), &dialog.comboBox("cboKind"));
+        dialog.cmdOK.userPress();
+    });
+    EXPECT_EQ(closed->result(), 7);
+    EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"),
+                ElementsAre("UPDATE Samples SET Kind = 9, Code = 'C', Notes = '', TermsID = 5, Active = 1, Rate = "
+                            "0.125, ShipToAddress1 = '', ShipToAddress2 = '', ShipToCity = 'Reno', ShipToState = '', "
+                            "ShipToZip = '', ShipToCountry = '', ValidateAddresses = 1 WHERE ID = 7"));
+}
+
+TEST(RecordDialog, ANewRecordIsValidatedFieldByFieldOnThePageWhereTheFieldStands) {
+    SampleStage stage;
+    stage.host->on("Database.ExecuteNonQueryWithID", Variant(12));
+    bool taken = true;
+    stage.host->on("Common.RecordExists", [&](Arguments) { return Variant(taken); });
+    const auto closed = stage.edit(0, [&](SampleDialog& dialog) {
+        EXPECT_EQ(dialog.caption(), "New Sample");
+        EXPECT_EQ(dialog.comboBox("cboTerms").text(), "COD") << "no default: the first";
+        dialog.cmdOK.userPress();
+        EXPECT_EQ(dialog.focusedControl(), &dialog.comboBox("cboKind"));
+        dialog.comboBox("cboKind").userChoose(1);
+        dialog.textBox("txtCode").userType("  ");
+        dialog.cmdOK.userPress();
+        EXPECT_EQ(dialog.tabs.selected(), 1);
+        EXPECT_EQ(dialog.focusedControl(), &dialog.textBox("txtCode"));
+        dialog.textBox("txtCode").userType(" O'Neil ");
+        dialog.cmdOK.userPress();
+        EXPECT_TRUE(dialog.shown()) << "the code is taken";
+        taken = false;
+        dialog.comboBox("cboTerms").userChoose(-1);
+        dialog.cmdOK.userPress();
+    });
+    EXPECT_EQ(closed->result(), 12);
+    EXPECT_THAT(stage.desktop.boxes,
+                ElementsAre(Box{"You must select a kind.", MessageButtons::Ok, MessageIcon::Exclamation},
+                            Box{"You must enter a code.", MessageButtons::Ok, MessageIcon::Exclamation},
+                            Box{"Taken.", MessageButtons::Ok, MessageIcon::Exclamation}));
+    EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQueryWithID"),
+                ElementsAre("INSERT INTO Samples (Kind,Code,Notes,TermsID,Rate,ShipToAddress1,ShipToAddress2,ShipToCity,"
+                            "ShipToState,ShipToZip,ShipToCountry,ValidateAddresses,Active) VALUES(4, 'O''Neil', '', "
+                            "NULL, 0, '', '', '', '', '', '', 1, 0)"));
+}
+
+TEST(RecordDialog, WhileItSavesNothingElseCanBePressed) {
+    SampleStage stage;
+    SampleDialog* open = nullptr;
+    stage.host->on("Database.ExecuteNonQuery", [&](Arguments) {
+        EXPECT_FALSE(open->cmdOK.enabled() || open->cmdCancel.enabled());
+        open->userClose();
+        EXPECT_TRUE(open->shown());
+        return Variant(false);
+    });
+    stage.edit(7, [&](SampleDialog& dialog) {
+        open = &dialog;
+        dialog.cmdOK.userPress();
+        EXPECT_TRUE(dialog.shown());
+        EXPECT_TRUE(dialog.cmdOK.enabled() && dialog.cmdCancel.enabled());
+    });
+    EXPECT_EQ(stage.host->callsOf("ShowAndLogErrorMessage").size(), 1U);
+}
+
+TEST(RecordDialog, ARecordsetThatIsClosedShowsNothingLikeARowThatIsGone) {
+    for (const bool closed : {false, true}) {
+        SampleStage stage;
+        if (closed) stage.host->on("CurrentCompanyConn.Execute", Variant(ObjectPtr()));
+        stage.edit(closed ? 7 : 8, [](SampleDialog& dialog) {
+            EXPECT_EQ(dialog.caption(), "Edit Sample");
+            EXPECT_EQ(dialog.textBox("txtCode").text(), "");
+        });
+        EXPECT_FALSE(stage.told());
+    }
+}
+
+TEST(RecordDialog, NoFaultOfTheHostLosesInputOrWritesAnythingElse) {
+    for (const std::int32_t ID : {0, 7}) {
+        sweepFaults(
+            [&](Stage& stage) {
+                SampleStage::furnish(stage);
+                stage.desktop.user<SampleDialog>("frmSample", [&](SampleDialog& dialog) {
+                    dialog.comboBox("cboKind").userChoose(1);
+                    dialog.textBox("txtCode").userType("Typed");
+                    dialog.textBox("txtShipTo").userType("typed");
+                    dialog.textBox("txtShipTo").userLeft();
+                    dialog.cmdOK.userPress();
+                    if (!dialog.shown()) return;
+                    EXPECT_TRUE(stage.told());
+                    EXPECT_EQ(dialog.textBox("txtCode").text(), "Typed");
+                });
+                openRecord(*stage.library, "frmSample",
+                           [&] { return std::make_shared<SampleDialog>(*stage.library); }, ID);
+            },
+            [](Stage&) {});
+    }
+}
+
+}  // namespace
+}  // namespace tsln::test
