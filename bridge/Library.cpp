@@ -23,17 +23,31 @@ bool Library::isPluggedIn(Operation operation) const {
 Variant Library::perform(Operation operation, Arguments arguments) {
     const OperationInfo& row = info(operation);
     arguments.require(row.argumentCount, row.argumentCount);
+    // The handler gets variables of the declared types; the caller's own may be of other types.
+    std::vector<Variant> variables(row.argumentCount);
     std::vector<Argument> converted;
     converted.reserve(row.argumentCount);
     for (std::size_t i = 0; i < row.argumentCount; ++i) {
-        converted.emplace_back(convert(arguments[i], row.argumentRow[i].type));
+        const auto& [passing, type, name] = row.argumentRow[i];
+        variables[i] = convert(arguments[i], type);
+        converted.push_back(passing == Passing::ByReference ? Argument::byReference(variables[i])
+                                                            : Argument(variables[i]));
     }
+    const std::vector<Variant> before = variables;
     const Handler& handler = handlers_[static_cast<std::size_t>(operation)];
     if (!handler) {
         throw HostError(code::notImplemented, "Library",
                         std::string(row.name) + ": this screen is not built yet.");
     }
-    return convert(handler(*this, Arguments(converted)), row.result);
+    Variant result = convert(handler(*this, Arguments(converted)), row.result);
+    // Every conversion comes before the first assignment: a call that fails changes no variable.
+    for (std::size_t i = 0; i < row.argumentCount; ++i) {
+        if (variables[i] != before[i]) variables[i] = convert(variables[i], row.argumentRow[i].type);
+    }
+    for (std::size_t i = 0; i < row.argumentCount; ++i) {
+        if (variables[i] != before[i]) arguments.assign(i, std::move(variables[i]));
+    }
+    return result;
 }
 
 Variant Library::invoke(std::string_view member, Access access, Arguments arguments) {

@@ -17,9 +17,14 @@ namespace tsln {
 ///
 /// Every operation of the table is a method of its name, taking its arguments by position:
 ///     library->ShowEditTerms(7)   // std::int32_t
+///     library->ShowEditPortfiolioTag(Argument::byReference(tag))   // writes `tag`, a Variant
 /// and answers late-bound callers by the same name. An operation raises HostError for arguments that do not
 /// convert (code::typeMismatch, code::overflow), missing or surplus ones (code::paramNotOptional,
 /// code::badParamCount), and code::notImplemented where no screen is plugged in for it.
+///
+/// What a handler assigns to an argument that the table declares by reference is converted to the declared
+/// type and written to the caller's variable once the handler has returned. A caller that passed a value, an
+/// argument declared by value and an operation that raises leave everything as it was.
 class Library : public Object {
   public:
     /// `desktop` must outlive the library.

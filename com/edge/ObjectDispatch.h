@@ -40,25 +40,4 @@ class ObjectDispatch : public ComObject<IDispatch, IOwnObject> {
     ObjectPtr object_;
 };
 
-/// The arguments of a late-bound call from the outside as ours, for as long as the call lasts: in their
-/// order, variables passed by reference as such.
-class ReceivedArguments {
-  public:
-    /// Named arguments other than a property's new value raise HostError(DISP_E_NONAMEDARGS).
-    explicit ReceivedArguments(const DISPPARAMS& parameters);
-
-    Arguments arguments() { return Arguments(arguments_); }
-    /// Gives the caller's variables what the call has left in them, where it changed them.
-    void writeBack();
-
-  private:
-    struct Variable {
-        const VARIANT* reference;
-        Variant value;
-        Variant before;
-    };
-    std::vector<Variable> variables_;
-    std::vector<Argument> arguments_;
-};
-
 }  // namespace tsln::com

@@ -1,9 +1,7 @@
 #pragma once
 
-#include <vector>
-
 #include "bridge/Operations.h"
-#include "com/edge/Platform.h"
+#include "com/edge/ReceivedArguments.h"
 
 namespace tsln::com {
 
@@ -13,9 +11,10 @@ struct WrongArgument {
     UINT place;
 };
 
-/// The arguments of a late-bound call to an operation, each at its place and of its type. Throws
+/// The arguments of a late-bound call to an operation, each at its place and of its type. The caller's variables
+/// must outlive them. Throws
 /// WrongArgument: DISP_E_TYPEMISMATCH, DISP_E_OVERFLOW, DISP_E_BADPARAMCOUNT for surplus ones and those given
 /// twice, DISP_E_PARAMNOTOPTIONAL for those left out, DISP_E_PARAMNOTFOUND for unknown named ones.
-std::vector<Argument> sortArguments(const OperationInfo& row, const DISPPARAMS& parameters);
+ReceivedArguments sortArguments(const OperationInfo& row, const DISPPARAMS& parameters);
 
 }  // namespace tsln::com

@@ -1,14 +1,11 @@
 #include "com/server/LibraryClass.h"
 
-#include "bridge/Library.h"
 #include "com/edge/Conversion.h"
 #include "com/edge/Failure.h"
 #include "com/edge/Wide.h"
 #include "com/server/FrontEnd.h"
 #include "com/server/LateCall.h"
 #include "com/server/TypeLibrary.h"
-#include "entities/Entities.h"
-#include "lists/Lists.h"
 
 namespace tsln::com {
 namespace {
@@ -21,48 +18,57 @@ struct Native;
 template <>
 struct Native<ValueType::Boolean> {
     using Type = VARIANT_BOOL;
+    static constexpr VARTYPE variantType = VT_BOOL;
 };
 template <>
 struct Native<ValueType::Integer> {
     using Type = SHORT;
+    static constexpr VARTYPE variantType = VT_I2;
 };
 template <>
 struct Native<ValueType::Long> {
     using Type = LONG;
+    static constexpr VARTYPE variantType = VT_I4;
 };
 template <>
 struct Native<ValueType::String> {
     using Type = BSTR;
+    static constexpr VARTYPE variantType = VT_BSTR;
 };
 template <>
 struct Native<ValueType::Variant> {
     using Type = VARIANT;
+    static constexpr VARTYPE variantType = VT_VARIANT;
 };
 template <>
 struct Native<ValueType::Object> {
     using Type = IDispatch*;
+    static constexpr VARTYPE variantType = VT_DISPATCH;
 };
 template <ValueType type>
 using ByValue = typename Native<type>::Type;
 template <ValueType type>
 using ByReference = typename Native<type>::Type*;
 
-/// What a caller by slot passed in a variable.
+/// An argument of a slot as late-bound callers would pass it, not owned: a reference to the caller's variable.
 template <ValueType type>
-Variant given(const ByValue<type>* variable) {
-    if (!variable) throw HostError(E_POINTER, "Library", "A reference to nothing was passed.");
-    if constexpr (type == ValueType::Boolean) return *variable != VARIANT_FALSE;
-    if constexpr (type == ValueType::Integer) return static_cast<std::int16_t>(*variable);
-    if constexpr (type == ValueType::Long) return static_cast<std::int32_t>(*variable);
-    if constexpr (type == ValueType::String) return fromBstr(*variable);
-    if constexpr (type == ValueType::Variant) return fromCom(*variable);
-    if constexpr (type == ValueType::Object) return fromDispatch(*variable);
+VARIANT passed(ByReference<type> variable) {
+    VARIANT argument;
+    VariantInit(&argument);
+    V_VT(&argument) = static_cast<VARTYPE>(Native<type>::variantType | VT_BYREF);
+    V_BYREF(&argument) = variable;
+    return argument;
 }
 
-/// The same by value.
+/// An argument that is passed by value.
 template <ValueType type>
-Variant given(ByValue<type> value) {
-    return given<type>(&value);
+VARIANT passed(ByValue<type> value) {
+    static_assert(type == ValueType::Long, "the table passes numbers by value only");
+    VARIANT argument;
+    VariantInit(&argument);
+    V_VT(&argument) = VT_I4;
+    V_I4(&argument) = value;
+    return argument;
 }
 
 void answer(const Variant& value, VARIANT_BOOL* result) {
@@ -101,17 +107,16 @@ std::optional<DISPID> argumentId(const OperationInfo& row, const std::string& na
 
 class LibraryClass : public ComObject<ILibrary, ISupportErrorInfo> {
   public:
-    LibraryClass()
+    explicit LibraryClass(const std::function<void(tsln::Library&)>& plugIn)
         : frontEnd_(FrontEnd::shared()), library_(std::make_shared<tsln::Library>(frontEnd_->desktop())) {
-        lists::plugIn(*library_);
-        entities::plugIn(*library_);
+        plugIn(*library_);
     }
 
-// A slot for every row of the table. An argument is a triple that PARAMETER declares and GIVEN reads.
+// A slot for every row of the table. An argument is a triple that PARAMETER declares and PASSED reads.
 #define REF(TYPE, NAME) (ByReference, TYPE, NAME)
 #define VAL(TYPE, NAME) (ByValue, TYPE, NAME)
 #define PARAMETER(PASSING, TYPE, NAME) PASSING<ValueType::TYPE> NAME
-#define GIVEN(PASSING, TYPE, NAME) given<ValueType::TYPE>(NAME)
+#define PASSED(PASSING, TYPE, NAME) passed<ValueType::TYPE>(NAME)
 #define EACH_0(WHAT)
 #define EACH_1(WHAT, A) WHAT A
 #define EACH_2(WHAT, A, B) WHAT A, WHAT B
@@ -128,9 +133,7 @@ class LibraryClass : public ComObject<ILibrary, ISupportErrorInfo> {
 #define ANSWER_Object result
 #define SLOT(METHOD, NAME, VISIBILITY, RESULT, ...)                                                    \
     STDMETHODIMP METHOD(EACH(PARAMETER, __VA_ARGS__) RESULT_##RESULT(__VA_ARGS__)) noexcept override { \
-        return callSlot(                                                                               \
-            Operation::NAME, [&] { return std::vector<Argument>{EACH(GIVEN, __VA_ARGS__)}; },          \
-            ANSWER_##RESULT);                                                                          \
+        return callSlot(Operation::NAME, {EACH(PASSED, __VA_ARGS__)}, ANSWER_##RESULT);                \
     }
 #define OPERATION(NAME, ...) SLOT(NAME, NAME, __VA_ARGS__)
 #define PROPERTY(NAME, ...) SLOT(get_##NAME, NAME, __VA_ARGS__)
@@ -152,7 +155,7 @@ class LibraryClass : public ComObject<ILibrary, ISupportErrorInfo> {
 #undef EACH_2
 #undef EACH_1
 #undef EACH_0
-#undef GIVEN
+#undef PASSED
 #undef PARAMETER
 #undef VAL
 #undef REF
@@ -202,15 +205,17 @@ class LibraryClass : public ComObject<ILibrary, ISupportErrorInfo> {
         if (!operation || !(flags & (DISPATCH_METHOD | DISPATCH_PROPERTYGET))) return DISP_E_MEMBERNOTFOUND;
         return guarded(
             [&]() -> HRESULT {
-                std::vector<Argument> arguments;
+                ReceivedArguments arguments;
                 try {
                     arguments = sortArguments(info(*operation), *parameters);
                 } catch (const WrongArgument& wrong) {
                     if (wrongArgument) *wrongArgument = wrong.place;
                     return wrong.error;
                 }
-                const Variant value = perform(*operation, arguments);
-                if (result) toCom(value, *result);
+                OwnedVariant value;
+                toCom(perform(*operation, arguments), *value);
+                arguments.writeBack();
+                if (result) std::swap(*result, *value);
                 return S_OK;
             },
             told);
@@ -223,8 +228,8 @@ class LibraryClass : public ComObject<ILibrary, ISupportErrorInfo> {
   private:
     ~LibraryClass() override = default;
 
-    template <class Given, class Result>
-    HRESULT callSlot(Operation operation, const Given& givenArguments, Result result) noexcept {
+    template <class Result>
+    HRESULT callSlot(Operation operation, std::initializer_list<VARIANT> given, Result result) noexcept {
         constexpr bool hasResult = !std::is_same_v<Result, std::nullptr_t>;
         if constexpr (hasResult) {
             if (!result) return E_POINTER;
@@ -233,20 +238,26 @@ class LibraryClass : public ComObject<ILibrary, ISupportErrorInfo> {
         if (info(operation).visibility != Visibility::Public) return E_NOTIMPL;
         return guarded(
             [&]() -> HRESULT {
-                std::vector<Argument> arguments = givenArguments();
+                ReceivedArguments arguments;
+                for (const VARIANT& argument : given) {
+                    if (V_ISBYREF(&argument) && !V_BYREF(&argument))
+                        throw HostError(E_POINTER, "Library", "A reference to nothing was passed.");
+                    arguments.add(argument, fromCom(argument));
+                }
                 [[maybe_unused]] const Variant value = perform(operation, arguments);
+                arguments.writeBack();
                 if constexpr (hasResult) answer(value, result);
                 return S_OK;
             },
             nullptr);
     }
 
-    Variant perform(Operation operation, std::vector<Argument>& arguments) {
+    Variant perform(Operation operation, ReceivedArguments& arguments) {
         // The host may let go of this, and of its last Library, while a screen is open.
         const ComPtr<IUnknown> alive = static_cast<ILibrary*>(this);
         if (operation > Operation::InitialSyncComplete) frontEnd_->start();
         const FrontEnd::Look look(*frontEnd_);
-        return library_->perform(operation, Arguments(arguments));
+        return library_->perform(operation, arguments.arguments());
     }
 
     std::shared_ptr<FrontEnd> frontEnd_;
@@ -255,8 +266,8 @@ class LibraryClass : public ComObject<ILibrary, ISupportErrorInfo> {
 
 }  // namespace
 
-ComPtr<ILibrary> createLibrary() {
-    return adopt<ILibrary>(new LibraryClass);
+ComPtr<ILibrary> createLibrary(const std::function<void(tsln::Library&)>& plugIn) {
+    return adopt<ILibrary>(new LibraryClass(plugIn));
 }
 
 }  // namespace tsln::com

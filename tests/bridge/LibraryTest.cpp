@@ -79,6 +79,62 @@ TEST(Library, AnswersByNameWithThePlatformsErrors) {
     EXPECT_THAT(stage.desktop.shown, ElementsAre("frmTerms_Edit", "frmTerms_Edit"));
 }
 
+TEST(Library, WhatAHandlerAssignsReachesTheCallersVariables) {
+    ScriptedDesktop desktop;
+    Library library(desktop);
+    const ObjectPtr written = RecordingHost::make()->sharedCode();
+    std::vector<Variant> results;
+    const auto assign = [&](Library&, Arguments a) {
+        for (std::size_t i = 0; i < results.size(); ++i)
+            a.assign(i, results[i]);
+        return Variant(true);
+    };
+    for (const Operation operation :
+         {Operation::ShowMoveReferences, Operation::Perform42Migration, Operation::ShowBulkChange,
+          Operation::Initialize, Operation::ShowGetReplacementDiscountGroup})
+        library.plugIn(operation, assign);
+    Variant first, second;
+    const auto call = [&](std::string_view name, Variant before, std::vector<Variant> assigned) {
+        first = before;
+        second = std::int16_t{1};
+        results = std::move(assigned);
+        return library.call(name, Argument::byReference(first), Argument::byReference(second));
+    };
+
+    // Each value arrives in the declared type, whatever types the handler and the caller use.
+    call("ShowMoveReferences", "5", {"12", 70'000});
+    EXPECT_EQ(first, Variant(std::int16_t{12}));
+    EXPECT_EQ(second, Variant(70'000));
+    call("Perform42Migration", "old.mdb", {"new.mdb"});
+    EXPECT_EQ(first, Variant("new.mdb"));
+    EXPECT_EQ(second, Variant(std::int16_t{1})) << "not assigned";
+    call("ShowBulkChange", 1, {false, "3,7"});
+    EXPECT_EQ(first, Variant(false));
+    EXPECT_EQ(second, Variant("3,7"));
+    results = {written};
+    Variant object{ObjectPtr()};
+    library.Initialize(Argument::byReference(object));
+    EXPECT_EQ(object.toObject(), written);
+
+    // Nothing is written when any part of the call fails.
+    EXPECT_EQ(codeOf([&] { call("ShowMoveReferences", 5, {12, "no number"}); }), code::typeMismatch);
+    EXPECT_EQ(first, Variant(5));
+    library.plugIn(Operation::ShowMoveReferences, [](Library&, Arguments a) -> Variant {
+        a.assign(0, 12);
+        throw HostError(code::fail, "Host", "no");
+    });
+    EXPECT_EQ(codeOf([&] { call("ShowMoveReferences", 5, {}); }), code::fail);
+    EXPECT_EQ(first, Variant(5));
+
+    // Values are no variables, and an argument declared by value is the handler's own.
+    results = {false, 3};
+    EXPECT_TRUE(library.ShowBulkChange(true, 4));
+    results = {"no number"};
+    first = 8;
+    EXPECT_EQ(codeOf([&] { library.ShowGetReplacementDiscountGroup(Argument::byReference(first)); }), 0);
+    EXPECT_EQ(first, Variant(8));
+}
+
 TEST(Library, KeepsTheSharedCodeObjectFromInitializeToPreTerminate) {
     ScriptedDesktop desktop;
     Library library(desktop);
