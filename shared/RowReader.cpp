@@ -9,6 +9,8 @@
 #include <emmintrin.h>
 #endif
 
+#include "automation/UnicodeText.h"
+
 namespace tsln::modSharedXML {
 namespace {
 
@@ -76,23 +78,6 @@ inline const char* skipValue(const char* at, [[maybe_unused]] const char* end, b
     for (; *at != '<' && *at != '\0'; ++at)
         encoded |= *at == '&' || *at == '\r';
     return at;
-}
-
-void appendUtf8(std::string& out, std::uint32_t c) {
-    const auto put = [&](std::uint32_t byte) { out += static_cast<char>(byte); };
-    if (c < 0x80) return put(c);
-    if (c < 0x800) {
-        put(0xC0 | c >> 6);
-    } else {
-        if (c < 0x10000) {
-            put(0xE0 | c >> 12);
-        } else {
-            put(0xF0 | c >> 18);
-            put(0x80 | (c >> 12 & 0x3F));
-        }
-        put(0x80 | (c >> 6 & 0x3F));
-    }
-    put(0x80 | (c & 0x3F));
 }
 
 constexpr std::pair<std::string_view, char> entities[] = {

@@ -8,12 +8,15 @@ namespace tsln::modSharedStrings {
 /// The text without the spaces at both ends. Other white space stays, as the platform's Trim has it.
 std::string trim(std::string_view text);
 
-/// The text in lower case. Letters of the Latin (up to U+017F), Greek and Cyrillic alphabets are changed, all
-/// else stays as it is, bytes that are no UTF-8 included.
+/// The text in lower case, by Unicode's letters; bytes that are no UTF-8 stay as they are.
 std::string toLower(std::string_view text);
 
-/// Orders two texts by their characters without letter case (the letters that toLower knows): below, equal to
-/// or above zero.
+/// The text with all letter cases of a letter made the same character (tsln::foldCase), for searching without letter
+/// case: foldCase(text).find(foldCase(searched)). Bytes that are no UTF-8 stay as they are.
+std::string foldCase(std::string_view text);
+
+/// Orders two texts by their characters without letter case (those of foldCase): below, equal to or above zero.
+/// Bytes that are no UTF-8 come after all characters, in their own order.
 int compareNoCase(std::string_view a, std::string_view b) noexcept;
 bool equalNoCase(std::string_view a, std::string_view b) noexcept;
 

@@ -133,6 +133,14 @@ TEST(RecordHistory, TellsWhatChanged) {
     }
 }
 
+TEST(RecordHistory, AColumnWithoutATextFormIsEmptyAndTheOthersAreTold) {
+    History history;
+    const Variant bytes = std::make_shared<Fake>();  // bytes arrive as an object
+    EXPECT_EQ(history.told("Vendors", {{"Stamp", bytes}, {"Contact", "Ivo"}, {"Logo", Null()}},
+                           {{"Stamp", bytes}, {"Contact", "Edda"}, {"Logo", bytes}}),
+              "Contact: Ivo to Edda");
+}
+
 TEST(RecordHistory, AsksTheTableAndTheRightNames) {
     History history;
     history.told("Orders", {{"status", 1}, {"DesignerID", 1}, {"InstallerID", 1}, {"ShippingMethodID", 1}},

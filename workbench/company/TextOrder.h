@@ -6,16 +6,13 @@
 
 namespace tsln::workbench {
 
-/// The lower-case form of a code point: Latin, Greek and Cyrillic letters; anything else stays as it is.
-char32_t foldCase(char32_t c) noexcept;
-
 /// The code points of UTF-8 text; a byte that belongs to no character becomes U+FFFD.
 std::u32string decodeUtf8(std::string_view text);
 std::string encodeUtf8(std::u32string_view text);
-/// The code points in lower case, one for each of decodeUtf8.
+/// The code points without letter case (tsln::foldCase), one for each of decodeUtf8.
 std::u32string decodeFolded(std::string_view text);
 
-/// Reads one code point at `at` and moves past it. `at` must be below text.size().
+/// Reads one code point at `at` as decodeUtf8 does and moves past it. `at` must be below text.size().
 char32_t nextCodePoint(std::string_view text, std::size_t& at) noexcept;
 
 /// The order of text in the database: code points without letter case, the shorter text padded with blanks,

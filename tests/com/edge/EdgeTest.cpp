@@ -1,10 +1,12 @@
 #include <gmock/gmock.h>
 
+#include "com/edge/ArrayObject.h"
 #include "com/edge/Conversion.h"
 #include "com/edge/DispatchObject.h"
 #include "com/edge/Failure.h"
 #include "com/edge/ObjectDispatch.h"
 #include "com/edge/Wide.h"
+#include "shared/IdentifierList.h"
 
 namespace tsln::com {
 namespace {
@@ -135,10 +137,6 @@ TEST_F(EdgeTest, ThePlatformsOwnTypesConvert) {
     EXPECT_EQ(Variant(std::int16_t(9)),
               echo(number(VT_VARIANT | VT_BYREF, [&](VARIANT& v) { V_VARIANTREF(&v) = &inner; })));
 
-    SAFEARRAY* array = SafeArrayCreateVector(VT_I4, 0, 2);
-    EXPECT_EQ(code::typeMismatch,
-              codeOf([&] { echo(number(VT_I4 | VT_ARRAY, [&](VARIANT& v) { V_ARRAY(&v) = array; })); }));
-    SafeArrayDestroy(array);
     EXPECT_EQ(code::typeMismatch,
               codeOf([&] { echo(number(VT_ERROR, [](VARIANT& v) { V_ERROR(&v) = E_FAIL; })); }));
     EXPECT_EQ(code::typeMismatch,
@@ -187,6 +185,141 @@ TEST_F(EdgeTest, VariablesOfEveryTypeAreWritten) {
     EXPECT_EQ(code::typeMismatch, codeOf([&] { assign(VT_I4, &whole, "no number"); }));
     EXPECT_EQ(7, whole);
     SysFreeString(text);
+
+    DECIMAL decimal{};
+    assign(VT_DECIMAL, &decimal, 2.25);
+    double read = 0;
+    VarR8FromDec(&decimal, &read);
+    EXPECT_EQ(2.25, read);
+    IDispatch* object = newDispatch(std::make_shared<Sample>());
+    assign(VT_DISPATCH, &object, sample);
+    EXPECT_EQ(sample, fromDispatch(object));
+    assign(VT_DISPATCH, &object, ObjectPtr());
+    EXPECT_EQ(nullptr, object);
+
+    SAFEARRAY* array = SafeArrayCreateVector(VT_UI1, 0, 1);
+    SAFEARRAY* longer = SafeArrayCreateVector(VT_UI1, 0, 5);
+    assign(VT_ARRAY | VT_UI1, &array, std::make_shared<ArrayObject>(VT_UI1, longer));
+    SafeArrayDestroy(longer);
+    LONG last = 0;
+    SafeArrayGetUBound(array, 1, &last);
+    EXPECT_EQ(4, last);
+    EXPECT_EQ(code::typeMismatch, codeOf([&] { assign(VT_ARRAY | VT_UI1, &array, 5); }));
+    SafeArrayDestroy(array);
+}
+
+/// The longs from `lowerBound` on; the caller destroys it.
+SAFEARRAY* arrayOf(std::vector<LONG> values, LONG lowerBound) {
+    SAFEARRAYBOUND bound{static_cast<ULONG>(values.size()), lowerBound};
+    SAFEARRAY* array = SafeArrayCreate(VT_I4, 1, &bound);
+    for (LONG i = 0; i < static_cast<LONG>(values.size()); ++i) {
+        LONG index = lowerBound + i;
+        SafeArrayPutElement(array, &index, &values[static_cast<std::size_t>(i)]);
+    }
+    return array;
+}
+
+TEST_F(EdgeTest, ArraysAreCollectionsAndGoBackAsTheyCame) {
+    for (const LONG lowerBound : {0L, 1L, -5L}) {
+        VARIANT value;
+        V_VT(&value) = VT_ARRAY | VT_I4;
+        V_ARRAY(&value) = arrayOf({7, 8, 9}, lowerBound);
+        const Variant array = echo(value);
+        VARIANT reference;
+        V_VT(&reference) = VT_ARRAY | VT_I4 | VT_BYREF;
+        V_ARRAYREF(&reference) = &V_ARRAY(&value);
+        const Variant referred = echo(reference);
+        SafeArrayDestroy(V_ARRAY(&value));
+        for (const Variant& held : {array, referred}) {
+            EXPECT_EQ(Variant(3), held.object().get("Count"));
+            EXPECT_EQ(Variant(9), held.object().get("Item", 3));
+            EXPECT_EQ(code::badIndex, codeOf([&] { held.object().get("Item", 0); }));
+            EXPECT_EQ(code::badIndex, codeOf([&] { held.object().get("Item", 4); }));
+            EXPECT_EQ(code::typeMismatch, codeOf([&] { held.toText(); }));
+            EXPECT_EQ((std::vector<std::int32_t>{7, 8, 9}), readIdentifiers(held));
+        }
+        OwnedVariant back;
+        toCom(array, *back);
+        ASSERT_EQ(VT_ARRAY | VT_I4, V_VT(back.get()));
+        LONG first = 99;
+        SafeArrayGetLBound(V_ARRAY(back.get()), 1, &first);
+        EXPECT_EQ(lowerBound, first);
+    }
+}
+
+TEST_F(EdgeTest, ArraysOfEveryElementTypeAreRead) {
+    // Each gets its elements from the same numbers, converted by the platform.
+    for (const VARTYPE type : {VT_I1, VT_UI1, VT_I2, VT_UI2, VT_I4, VT_UI4, VT_INT, VT_UINT, VT_I8, VT_UI8,
+                               VT_R4, VT_R8, VT_CY, VT_DECIMAL, VT_BSTR, VT_VARIANT}) {
+        VARIANT value;
+        V_VT(&value) = static_cast<VARTYPE>(VT_ARRAY | type);
+        V_ARRAY(&value) = SafeArrayCreateVector(type, 0, 2);
+        for (LONG i = 0; i < 2; ++i) {
+            OwnedVariant element;
+            V_VT(element.get()) = VT_I4;
+            V_I4(element.get()) = 40 + i;
+            void* from = element.get();
+            if (type != VT_VARIANT) {
+                ASSERT_EQ(S_OK, VariantChangeType(element.get(), element.get(), 0, type)) << type;
+                from = type == VT_BSTR ? static_cast<void*>(V_BSTR(element.get())) : &V_NONE(element.get());
+            }
+            if (type == VT_DECIMAL) from = &V_DECIMAL(element.get());
+            ASSERT_EQ(S_OK, SafeArrayPutElement(V_ARRAY(&value), &i, from)) << type;
+        }
+        EXPECT_EQ((std::vector<std::int32_t>{40, 41}), readIdentifiers(echo(value))) << type;
+        SafeArrayDestroy(V_ARRAY(&value));
+    }
+
+    const auto refused = [&](VARTYPE type, SAFEARRAY* array) {
+        VARIANT value;
+        V_VT(&value) = static_cast<VARTYPE>(VT_ARRAY | type);
+        V_ARRAY(&value) = array;
+        EXPECT_EQ(code::typeMismatch, codeOf([&] { fromCom(value); }));
+        if (array) SafeArrayDestroy(array);
+    };
+    SAFEARRAYBOUND bounds[] = {{2, 0}, {2, 0}};
+    refused(VT_I4, SafeArrayCreate(VT_I4, 2, bounds));
+    refused(VT_VARIANT, SafeArrayCreateVector(VT_I4, 0, 2));  // its elements are shorter than it says
+    refused(VT_RECORD, SafeArrayCreateVector(VT_I4, 0, 2));
+
+    VARIANT none;  // an array variable that was never given a size
+    V_VT(&none) = VT_ARRAY | VT_I4;
+    V_ARRAY(&none) = nullptr;
+    EXPECT_TRUE(readIdentifiers(echo(none)).empty());
+}
+
+TEST_F(EdgeTest, ListsOfIdentifiersCrossTheEdge) {
+    const auto listed = [&](const std::vector<Variant>& elements) {
+        VARIANT value;
+        V_VT(&value) = VT_ARRAY | VT_VARIANT;
+        V_ARRAY(&value) = SafeArrayCreateVector(VT_VARIANT, 1, static_cast<ULONG>(elements.size()));
+        for (LONG i = 1; i <= static_cast<LONG>(elements.size()); ++i) {
+            OwnedVariant element;
+            toCom(elements[static_cast<std::size_t>(i) - 1], *element);
+            SafeArrayPutElement(V_ARRAY(&value), &i, element.get());
+        }
+        const Variant list = echo(value);
+        SafeArrayDestroy(V_ARRAY(&value));
+        return readIdentifiers(list);
+    };
+    EXPECT_EQ((std::vector<std::int32_t>{3, 7, 12}), listed({std::int16_t{3}, "7", 12.0}));
+    EXPECT_TRUE(listed({}).empty());
+    EXPECT_EQ(code::typeMismatch, codeOf([&] { listed({1, 2.5}); }));
+    EXPECT_EQ(code::typeMismatch, codeOf([&] { listed({1, Null()}); }));
+    EXPECT_EQ(code::overflow, codeOf([&] { listed({1, 3e9}); }));
+}
+
+TEST_F(EdgeTest, BytesAreAValueWithoutAText) {
+    // A column of bytes as a recordset gives it: its row can be read, its text cannot.
+    VARIANT bytes;
+    V_VT(&bytes) = VT_ARRAY | VT_UI1;
+    V_ARRAY(&bytes) = SafeArrayCreateVector(VT_UI1, 0, 16);
+    const Variant value = echo(bytes);
+    SafeArrayDestroy(V_ARRAY(&bytes));
+    EXPECT_EQ(Variant(16), value.object().get("Count"));
+    EXPECT_EQ(Variant(std::int16_t{0}), value.object().get("Item", 16));
+    EXPECT_EQ(code::typeMismatch, codeOf([&] { value.toText(); }));
+    EXPECT_FALSE(value.isNumeric());
 }
 
 TEST_F(EdgeTest, ErrorsKeepTheirCodeSourceAndText) {

@@ -141,6 +141,9 @@ TEST(TypeLibrary, TellsTheTableOfOperations) {
             // An object is a pointer already, so one by reference points to a pointer.
             EXPECT_EQ(typeOf(row.argumentRow[a].type), type) << row.name;
             EXPECT_EQ(row.argumentRow[a].passing == Passing::ByReference, byReference) << row.name;
+            EXPECT_EQ(byReference ? PARAMFLAG_FIN | PARAMFLAG_FOUT : PARAMFLAG_FIN,
+                      function->lprgelemdescParam[a].paramdesc.wParamFlags)
+                << row.name;
         }
         info->ReleaseFuncDesc(function);
     }
