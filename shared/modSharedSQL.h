@@ -58,8 +58,5 @@ struct Tag {
 /// that holds the text of a later tag is filled again (deliberate).
 std::string fillTags(std::string_view text, std::span<const Tag> tags);
 std::string fillTags(std::string_view text, std::initializer_list<Tag> tags);
-/// The same, literally so. fillTags() takes this way only where the order can show, and else fills all tags
-/// in one pass.
-std::string fillTagsOneByOne(std::string_view text, std::span<const Tag> tags);
 
 }  // namespace tsln::modSharedSQL

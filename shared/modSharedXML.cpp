@@ -74,8 +74,9 @@ Records Records::read(std::string text) {
     records.document_ = std::make_unique<Document>();
     Document& document = *records.document_;
     document.text = std::move(text);
+    // With the zero behind the text: without it, the parser takes a zero inside the text for the text's end.
     const pugi::xml_parse_result result = document.nodes.load_buffer_inplace(
-        document.text.data(), document.text.size(), parseOptions, pugi::encoding_utf8);
+        document.text.data(), document.text.size() + 1, parseOptions, pugi::encoding_utf8);
     if (!result) {
         records.error_ = std::string("The query result is not well-formed XML: ") + result.description() +
                          " (byte " + std::to_string(result.offset) + ").";
