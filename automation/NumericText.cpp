@@ -158,7 +158,7 @@ bool startsPlainly(std::string_view text) {
 template <class T>
 bool readPlain(std::string_view text, T& value) {
     if (!startsPlainly(text)) return false;
-    T result;
+    T result = 0;
     const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), result);
     if (error != std::errc() || stop != text.data() + text.size()) return false;
     value = result;
