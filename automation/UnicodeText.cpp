@@ -9,7 +9,7 @@ namespace {
 
 using Folding = std::array<utf8proc_int32_t, 4>;  // the longest has three characters
 
-/// Unicode's full case folding; how many characters there are, or below zero for what is no character.
+/// Unicode's full case folding. Returns the number of characters, or less than zero if `c` is no character.
 utf8proc_ssize_t foldFully(char32_t c, Folding& folding) noexcept {
     return utf8proc_decompose_char(static_cast<utf8proc_int32_t>(c), folding.data(),
                                    static_cast<utf8proc_ssize_t>(folding.size()), UTF8PROC_CASEFOLD, nullptr);

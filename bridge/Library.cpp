@@ -23,7 +23,7 @@ bool Library::isPluggedIn(Operation operation) const {
 Variant Library::perform(Operation operation, Arguments arguments) {
     const OperationInfo& row = info(operation);
     arguments.require(row.argumentCount, row.argumentCount);
-    // The handler gets variables of the declared types; the caller's own may be of other types.
+    // The handler gets variables of the declared types. The caller's variables may have other types.
     std::vector<Variant> variables(row.argumentCount);
     std::vector<Argument> converted;
     converted.reserve(row.argumentCount);
@@ -40,7 +40,7 @@ Variant Library::perform(Operation operation, Arguments arguments) {
                         std::string(row.name) + ": this screen is not built yet.");
     }
     Variant result = convert(handler(*this, Arguments(converted)), row.result);
-    // Every conversion comes before the first assignment: a call that fails changes no variable.
+    // All conversions come before the first assignment, so that a call that fails changes no variable.
     for (std::size_t i = 0; i < row.argumentCount; ++i) {
         if (variables[i] != before[i]) variables[i] = convert(variables[i], row.argumentRow[i].type);
     }
@@ -77,7 +77,7 @@ void Library::plugInOwnOperations() {
 }
 
 bool Library::initialSyncComplete() {
-    // An error that the host raises in a step passes that step over, as if its test had held.
+    // A step that raises an error counts as passed (deliberate).
     const auto holds = [this](std::string_view sql, auto test) {
         try {
             return static_cast<bool>(test(Host(*this).database().ExecuteScaler(sql, "", "0")));
@@ -117,7 +117,7 @@ void Library::runPackageProcessor(const std::string& keys, bool wait) {
     const std::string arguments =
         (keys.empty() ? " /EnterKeys" : " /Keys:" + keys) + " /PSD:\"" + Host(*this).PSDFile() + "\"";
     if (wait) {
-        // A folder with blanks in its name must not cut the program's name short.
+        // Without quotes, the program's name would end at the first blank of its folder.
         const bool blanks = program.find(' ') != std::string::npos;
         desktop_.runAndWait((blanks ? '"' + program + '"' : program) + arguments);
     } else {

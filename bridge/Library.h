@@ -12,8 +12,8 @@
 
 namespace tsln {
 
-/// The one public class of the module: the host creates it, hands it its shared-code object and opens every
-/// screen through it. It keeps that object and nothing else.
+/// The one public class of the module. The host creates it, passes its shared-code object to Initialize and
+/// opens every screen by an operation. The library keeps a reference to that object until PreTerminate.
 ///
 /// Every operation of the table is a method of its name, taking its arguments by position:
 ///     library->ShowEditTerms(7)   // std::int32_t
@@ -33,12 +33,12 @@ class Library : public Object {
     Desktop& desktop() const noexcept { return desktop_; }
     ScreenSlots& screens() noexcept { return screens_; }
 
-    /// Does the work of an operation. The arguments are complete and of the declared types.
+    /// The implementation of an operation. It gets all arguments, in the declared types.
     using Handler = std::function<Variant(Library&, Arguments)>;
     void plugIn(Operation operation, Handler handler);
     bool isPluggedIn(Operation operation) const;
 
-    /// Runs an operation, whatever its visibility.
+    /// Runs an operation of any visibility.
     Variant perform(Operation operation, Arguments arguments);
 
 #define OPERATION(NAME, ...)                                                           \

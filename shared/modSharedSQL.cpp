@@ -19,8 +19,7 @@ std::string formatValues(std::string_view text, std::span<const Variant> values)
         try {
             result = modSharedStrings::replaceAll(result, placeholder, values[i].toText());
         } catch (const HostError&) {
-            // A value without a text form leaves its placeholder, which shows in the statement's error
-            // message.
+            // The placeholder stays, so that it shows in the database's error message.
         }
     }
     return result;

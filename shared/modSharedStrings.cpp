@@ -13,7 +13,7 @@ char lowerAscii(char c) noexcept {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
 }
 
-/// Takes the first character of the text, folded. Most characters are plain letters, which take the short way.
+/// Removes the first character of the text and returns it folded. ASCII, the common case, needs no table.
 char32_t takeFolded(std::string_view& text) noexcept {
     std::size_t at = 1;
     const char32_t c = isAscii(text.front()) ? static_cast<char32_t>(lowerAscii(text.front()))
@@ -73,7 +73,7 @@ char* writeSortKey(char* to, std::string_view text) noexcept {
             continue;
         }
         const char32_t c = takeFolded(text);
-        if (c <= 1) {  // zero is kept free, and one stands before what took its place
+        if (c <= 1) {  // a key holds no zero: 0 is written as 1 1, and 1 as 1 2
             *to++ = 1;
             *to++ = static_cast<char>(c + 1);
         } else if (c >= strayByte) {

@@ -20,7 +20,7 @@ ArrayObject::ArrayObject(VARTYPE elementType, SAFEARRAY* array) : elementType_(e
         throw HostError(code::typeMismatch, "Automation", std::string("Type mismatch: ") + what + ".");
     };
     if (SafeArrayGetDim(array) != 1) mismatch("an array of several dimensions");
-    // An array that contradicts its own type would be read beyond its end.
+    // The size check keeps an array of a wrongly declared type from being read beyond its end.
     if ((elementType & VT_ARRAY) || sizeOf(elementType) == 0 ||
         sizeOf(elementType) != SafeArrayGetElemsize(array))
         mismatch("an array of elements that cannot be read");

@@ -5,12 +5,12 @@
 
 namespace tsln::com {
 
-/// An array of the platform as a read-only collection with the members Count and Item. Items are counted from 1,
-/// whatever the array's own lower bound is. An array has no text form and is no number.
+/// An array of the platform as a read-only collection with the members Count and Item. Items are counted from
+/// 1, whatever the array's own lower bound is. An array has no text form and is no number.
 class ArrayObject : public Object {
   public:
-    /// Copies `array`, which may be null: an array without elements. Raises HostError(code::typeMismatch) for more
-    /// than one dimension and for element types that fromCom() does not read.
+    /// Copies `array`. Null is an array without elements. Raises HostError(code::typeMismatch) for an array
+    /// of several dimensions and for element types that fromCom() does not read.
     ArrayObject(VARTYPE elementType, SAFEARRAY* array);
     ~ArrayObject() override;
     ArrayObject(const ArrayObject&) = delete;
@@ -18,8 +18,8 @@ class ArrayObject : public Object {
 
     Variant invoke(std::string_view member, Access access, Arguments arguments) override;
 
-    /// Makes `out` an array of the original element type and bounds, owned by the receiver; what `out` held is not
-    /// cleared.
+    /// Makes `out` an array of the original element type and bounds, owned by the receiver; what `out` held
+    /// is not cleared.
     void copyTo(VARIANT& out) const;
 
   private:

@@ -24,7 +24,7 @@ void check(HRESULT result) {
 
 constexpr double wholeLimit = 9007199254740992;  // 2^53: whole numbers below it are exact in a double
 
-/// A number with a fraction part that may be none.
+/// A whole number if the value is one, else the value itself.
 Variant number(double value) {
     if (value == std::floor(value) && std::fabs(value) < wholeLimit) return static_cast<std::int64_t>(value);
     return value;
@@ -44,9 +44,10 @@ ObjectPtr fromUnknown(IUnknown* unknown) {
     return fromDispatch(dispatch.Get());
 }
 
-constexpr int mostLinks = 16;  // of a chain of references; a longer one may have no end
+constexpr int mostLinks = 16;  // of a chain of references; a chain that refers to itself has no end
 
-/// The last reference of a chain, the one that points to the variable itself. A value is its own last link.
+/// The last reference of a chain: the one that points to the variable itself. Returns a plain value
+/// unchanged.
 const VARIANT& lastLink(const VARIANT& value) {
     const VARIANT* link = &value;
     for (int links = 0; V_VT(link) == (VT_VARIANT | VT_BYREF); ++links) {
@@ -228,9 +229,9 @@ void Assignment::carryOut() noexcept {
         std::swap(*V_VARIANTREF(&reference_), *value_);
     } else if (type == VT_DECIMAL) {
         *V_DECIMALREF(&reference_) = V_DECIMAL(value_.get());
-        V_DECIMALREF(&reference_)->wReserved = 0;  // the variant's type stands there
+        V_DECIMALREF(&reference_)->wReserved = 0;  // in a variant, this field is the type
     } else {
-        // All other values begin at the same place of a variant. The variable's old value goes with value_.
+        // All other values lie at the same offset in a variant. value_ takes the old value and releases it.
         auto* const variable = static_cast<std::byte*>(V_BYREF(&reference_));
         std::swap_ranges(variable, variable + sizeOf(type),
                          reinterpret_cast<std::byte*>(&V_NONE(value_.get())));

@@ -5,7 +5,7 @@
 
 namespace tsln::com {
 
-/// A platform variant of our own, cleared with its owner.
+/// A platform variant that is cleared when it goes out of scope.
 class OwnedVariant {
   public:
     OwnedVariant() noexcept { VariantInit(&value_); }
@@ -21,26 +21,30 @@ class OwnedVariant {
     VARIANT value_;
 };
 
-/// The bytes of a variable or an array's element of that type; 0 for types that are neither read nor written.
+/// The size in bytes of a variable or array element of that type; 0 for types that are neither read nor
+/// written.
 std::size_t sizeOf(VARTYPE type) noexcept;
 
-/// The platform's value as ours; references and chains of them are followed. Currency and decimals without a
-/// fraction come as whole numbers, others as doubles. An array of one dimension comes as an ArrayObject. Raises
-/// HostError(code::typeMismatch) for error values, arrays of several dimensions and objects that cannot be called
-/// by name.
+/// Converts a value of the platform to ours, following references and chains of them. Currency and decimals
+/// without a fraction become whole numbers, others doubles. An array of one dimension becomes an ArrayObject.
+/// Raises HostError(code::typeMismatch) for error values, arrays of several dimensions and objects that
+/// cannot be called by name.
 Variant fromCom(const VARIANT& value);
 
-/// Our value as the platform's, owned by the receiver; what `out` held is not cleared. A 64-bit number that fits
-/// into 32 bits goes out with 32. An ArrayObject goes out as the array that it was made from.
+/// Converts our value to the platform's. The caller owns the result; the previous value of `out` is not
+/// cleared. A 64-bit number that fits into 32 bits becomes VT_I4. An ArrayObject becomes a copy of the array
+/// that it was made from.
 void toCom(const Variant& value, VARIANT& out);
 
-/// A value for a variable of the outside, converted to the variable's type.
+/// An assignment to a variable of a COM caller, in two steps: the conversion, which may fail, and the
+/// writing, which does not.
 class Assignment {
   public:
-    /// `reference` is a VT_BYREF value or a chain of VT_BYREF | VT_VARIANT that ends in one; the variable is the
-    /// last one of the chain and must outlive this. Raises HostError where the value does not convert.
+    /// Converts the value to the variable's type. `reference` is a VT_BYREF value, or a chain of VT_BYREF |
+    /// VT_VARIANT values that ends in one. The variable at its end must outlive this. Raises HostError if the
+    /// value does not convert.
     Assignment(const VARIANT& reference, const Variant& value);
-    /// Writes the variable, once; what it held is released with this.
+    /// Writes the variable; to be called once. The variable's previous value is released with this object.
     void carryOut() noexcept;
 
   private:
@@ -48,14 +52,14 @@ class Assignment {
     OwnedVariant value_;
 };
 
-/// Writes a variable at once: Assignment and carryOut().
+/// Converts the value and writes it to the variable that `reference` refers to.
 void assignReference(const VARIANT& reference, const Variant& value);
 
-/// The object as the platform reaches it; null for null. What came from the outside goes back as it came.
-/// The reference is the caller's.
+/// An IDispatch for the object; null for null. An object that came from COM (DispatchObject) gives its
+/// original pointer. The caller owns the reference.
 IDispatch* newDispatch(const ObjectPtr& object);
 
-/// An object of the platform as ours; null for null. What is ours comes back as it was.
+/// Our object for an IDispatch; null for null. A pointer that newDispatch() made gives the original object.
 ObjectPtr fromDispatch(IDispatch* dispatch);
 
 }  // namespace tsln::com

@@ -12,9 +12,9 @@
 namespace tsln::com {
 namespace {
 
-const char moduleTag = 0;  // its address alone counts
+const char moduleTag = 0;  // only its address is used
 
-/// Numbers for member names, the same for all objects of the module.
+/// The numbers of member names. All objects of the module share them.
 class MemberNames {
   public:
     DISPID idOf(const std::string& name) {
@@ -26,7 +26,7 @@ class MemberNames {
         if (isNew) names_.push_back(name);
         return at->second;
     }
-    /// Empty when there is no such number.
+    /// The name of the number; empty when there is no such number.
     std::string nameOf(DISPID id) {
         const std::lock_guard lock(mutex_);
         return id >= 1 && static_cast<std::size_t>(id) <= names_.size()

@@ -8,8 +8,8 @@
 
 namespace tsln::com {
 
-/// The arguments of one call from the outside, in their order, for as long as the call lasts. Variables that the
-/// caller passed by reference are written by writeBack() and stay as they were until then.
+/// The arguments of one call that came by COM, in their order. Exists as long as the call. The caller's
+/// variables are written by writeBack() and not before.
 class ReceivedArguments {
   public:
     ReceivedArguments() = default;
@@ -17,13 +17,13 @@ class ReceivedArguments {
     /// HostError(DISP_E_NONAMEDARGS).
     explicit ReceivedArguments(const DISPPARAMS& parameters);
 
-    /// Appends an argument. `value` is what the callee reads: the value that `passed` holds or refers to, converted
-    /// if need be. A variable that `passed` refers to must outlive this.
+    /// Appends an argument. `value` is the value of `passed`, possibly converted, which the callee reads. A
+    /// variable that `passed` refers to must outlive this.
     void add(const VARIANT& passed, Variant value);
 
     Arguments arguments() { return Arguments(arguments_); }
-    /// Writes the changed variables, each converted to its own type. Raises HostError where one does not convert;
-    /// no variable is written then.
+    /// Writes the values that the call has changed to the caller's variables, converted to their types. If
+    /// one does not convert, raises HostError and writes none.
     void writeBack();
 
   private:

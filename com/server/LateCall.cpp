@@ -10,7 +10,7 @@ ReceivedArguments sortArguments(const OperationInfo& row, const DISPPARAMS& para
     std::vector<Variant> values(row.argumentCount, Variant(Missing()));
     std::vector<const VARIANT*> passed(row.argumentCount);
     for (UINT i = 0; i < parameters.cArgs; ++i) {
-        // Named ones come first, the others after them from the last to the first.
+        // Named arguments come first in the list; the others follow in reverse order.
         const DISPID at = i < parameters.cNamedArgs ? parameters.rgdispidNamedArgs[i]
                                                     : static_cast<DISPID>(parameters.cArgs - 1 - i);
         if (at < 0 || static_cast<std::size_t>(at) >= values.size())

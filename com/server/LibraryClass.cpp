@@ -12,7 +12,7 @@ namespace {
 
 // By slot -----------------------------------------------------------------------------------------
 
-/// How a type of the operation table travels by slot.
+/// The type of an argument of a slot, and its variant type, for a type of the operation table.
 template <ValueType>
 struct Native;
 template <>
@@ -50,7 +50,7 @@ using ByValue = typename Native<type>::Type;
 template <ValueType type>
 using ByReference = typename Native<type>::Type*;
 
-/// An argument of a slot as late-bound callers would pass it, not owned: a reference to the caller's variable.
+/// The variant of a slot's argument that is passed by reference. It refers to the caller's variable.
 template <ValueType type>
 VARIANT passed(ByReference<type> variable) {
     VARIANT argument;
@@ -60,7 +60,7 @@ VARIANT passed(ByReference<type> variable) {
     return argument;
 }
 
-/// An argument that is passed by value.
+/// The variant of a slot's argument that is passed by value.
 template <ValueType type>
 VARIANT passed(ByValue<type> value) {
     static_assert(type == ValueType::Long, "the table passes numbers by value only");
@@ -83,12 +83,13 @@ void answer(const Variant& value, IDispatch** result) {
 
 // By name -----------------------------------------------------------------------------------------
 
-// A member's number is its row in the table, counted from one: zero is the platform's default member.
+// A member's number is its row in the operation table, from 1. The number 0 is reserved for the default
+// member.
 DISPID idOf(Operation operation) {
     return static_cast<DISPID>(operation) + 1;
 }
 
-/// The operation that the outside may call by that number.
+/// The public operation of that number.
 std::optional<Operation> operationOf(DISPID id) {
     if (id < 1 || static_cast<std::size_t>(id) > operations.size()) return {};
     const OperationInfo& row = operations[static_cast<std::size_t>(id) - 1];
@@ -253,7 +254,7 @@ class LibraryClass : public ComObject<ILibrary, ISupportErrorInfo> {
     }
 
     Variant perform(Operation operation, ReceivedArguments& arguments) {
-        // The host may let go of this, and of its last Library, while a screen is open.
+        // The host may release its last reference to this while a screen is open.
         const ComPtr<IUnknown> alive = static_cast<ILibrary*>(this);
         if (operation > Operation::InitialSyncComplete) frontEnd_->start();
         const FrontEnd::Look look(*frontEnd_);

@@ -59,7 +59,7 @@ TEST(UnicodeText, FoldingMakesOneLetterOfAllItsCases) {
     EXPECT_EQ(lowerCase(U'Σ'), U'σ');
     EXPECT_EQ(lowerCase(U'ς'), U'ς');
     EXPECT_EQ(lowerCase(U'İ'), U'İ');
-    // Stray bytes and what lies beyond stay; the other rules hold for every character.
+    // Folding is idempotent, lower case does not change it, and stray bytes stay.
     for (char32_t c = 0; c < strayByte + 0x200; ++c) {
         ASSERT_EQ(foldCase(foldCase(c)), foldCase(c)) << static_cast<std::uint32_t>(c);
         ASSERT_EQ(foldCase(lowerCase(c)), foldCase(c)) << static_cast<std::uint32_t>(c);

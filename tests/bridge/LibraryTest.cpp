@@ -22,9 +22,9 @@ std::int32_t codeOf(const std::function<void()>& call) {
     return 0;
 }
 
-TEST(Operations, StandInTheirOrder) {
+TEST(Operations, KeepTheirNumbers) {
     EXPECT_EQ(operations.size(), 95U);
-    // Landmarks: early-bound hosts call by these positions.
+    // Early-bound hosts call the operations by these numbers.
     const std::pair<int, std::string_view> landmarks[] = {
         {0, "SharedCodeLibrary"},
         {3, "InitialSyncComplete"},
@@ -64,7 +64,7 @@ TEST(Library, AnswersByNameWithThePlatformsErrors) {
     EXPECT_EQ(codeOf([&] { library.put("SharedCodeLibrary", 1); }), code::memberNotFound);
     EXPECT_EQ(codeOf([&] { library.call("Initialize", 5); }), code::typeMismatch);
 
-    // What is not built says so, by name, and shows nothing.
+    // An operation without a screen raises an error with its name and shows nothing.
     for (const OperationInfo& row : operations) {
         if (library.isPluggedIn(row.operation)) continue;
         std::vector<Argument> arguments(row.argumentCount, Argument(Variant(std::int16_t{1})));
@@ -126,7 +126,7 @@ TEST(Library, WhatAHandlerAssignsReachesTheCallersVariables) {
     EXPECT_EQ(codeOf([&] { call("ShowMoveReferences", 5, {}); }), code::fail);
     EXPECT_EQ(first, Variant(5));
 
-    // Values are no variables, and an argument declared by value is the handler's own.
+    // A caller that passes values gets no error. An argument declared by value is not written.
     results = {false, 3};
     EXPECT_TRUE(library.ShowBulkChange(true, 4));
     results = {"no number"};
@@ -160,7 +160,7 @@ TEST(Library, ScreensOfAnUninitialisedLibraryFailWithoutHarm) {
     library.ShowTerms();
     ASSERT_FALSE(desktop.boxes.empty());
     EXPECT_EQ(desktop.boxes[0].text, "The library has not been initialized.");
-    EXPECT_TRUE(library.InitialSyncComplete()) << "every step raises, and a step that raises is passed over";
+    EXPECT_TRUE(library.InitialSyncComplete()) << "a step that raises an error counts as passed";
 }
 
 TEST(Library, OneInstanceOfAScreenAtATime) {
@@ -175,7 +175,7 @@ TEST(Library, OneInstanceOfAScreenAtATime) {
 }
 
 TEST(Library, SubObjectsAreFetchedAnewForEveryCall) {
-    // A host that replaces its shared-code object while a screen is open is honoured at the next call.
+    // When the host replaces its shared-code object while a screen is open, the next call uses the new one.
     Stage stage;
     const auto replacement = RecordingHost::make();
     replacement->on("Database.ExecuteNonQueryWithID", Variant(5));
@@ -206,7 +206,8 @@ TEST(InitialSyncComplete, EveryStepCounts) {
         {company, raises, true},
         {state, is(3), false},
         {state, is("4"), true},
-        {state, is("waiting"), true},  // no number: the conversion raises, the step is passed over
+        {state, is("waiting"),
+         true},  // the conversion to a number raises an error, so the step counts as passed
         {state, raises, true},
         {employees, is(0), false},
         {employees, raises, true},

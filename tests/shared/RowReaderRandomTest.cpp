@@ -15,14 +15,14 @@ using Way = RowReader::Way;
 using Rows = std::vector<std::vector<std::string>>;
 using namespace std::string_literals;
 
-/// The columns asked for, among them names that no document can have, and a repeated one.
+/// The columns to read. Some of these names occur in no document, and one is repeated.
 const std::vector<std::string> askedNames{"ID",    "Name",  "Active",        "Name",   "Due.Days", "Nowhere",
                                           "n:Odd", "Größe", "Name_Of-Other", "Record", "",         "ID\0x"s};
 const std::vector<std::string_view> asked(askedNames.begin(), askedNames.end());
 
 const Rows refused{{"refused"}};
 
-/// The rows as the reader gives them. Rows that come before a refusal do not count.
+/// The rows that the reader gives, or `refused`.
 Rows readRows(const std::string& text, Way way) {
     Rows rows;
     try {
@@ -49,7 +49,7 @@ std::string textOf(pugi::xml_node element) {
     return below.text;
 }
 
-/// The rows as pugixml's own tree has them.
+/// The rows of the tree that pugixml parses, or `refused`.
 Rows readTree(const std::string& text) {
     if (text.find_first_not_of(" \t\r\n") == text.npos) return {};
     pugi::xml_document document;
@@ -67,7 +67,7 @@ Rows readTree(const std::string& text) {
     return rows;
 }
 
-/// Query results put together at random: sound ones, odd ones and damaged ones.
+/// Makes random query results: usual, unusual and damaged ones.
 class RandomDocument {
   public:
     explicit RandomDocument(unsigned seed) : random_(seed) {}
@@ -112,7 +112,7 @@ class RandomDocument {
         for (std::size_t parts = below(5); parts > 0; --parts)
             value += rarely(6) ? one(oddValues) : one(plainValues);
         if (rarely(80) && depth < 3) value += element(one(plainNames), depth + 1);
-        if (rarely(300)) {  // deeper than a reader may use its stack for
+        if (rarely(300)) {  // deep enough to exhaust the stack of a recursive reader
             std::string open, close;
             for (std::size_t levels = below(3000); levels > 0; --levels) {
                 open += "<a>";
@@ -291,7 +291,7 @@ TEST(RowReader, ReadsAnyDocumentAsThePugixmlTreeHasIt) {
     }
     std::cout << "TSLN_SEED=" << first << ": " << count << " documents, " << damaged << " refused, " << rows
               << " rows\n";
-    // Both kinds of documents must be among them.
+    // The documents must be a mixture of sound and damaged ones.
     EXPECT_GT(damaged, count / 20);
     EXPECT_LT(damaged, count - count / 3);
     EXPECT_GT(rows, count);

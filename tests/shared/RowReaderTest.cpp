@@ -14,7 +14,7 @@ using Rows = std::vector<std::vector<std::string>>;
 
 const std::vector<std::string_view> fields{"ID", "Name", "Active", "Name", "Due.Days", "Nowhere"};
 
-/// Every row as its texts and conversions; what was raised comes as a last row of its own.
+/// Every row as its texts and conversions. An error that was raised is added as a last row.
 Rows readAll(const std::string& text, Way way) {
     Rows rows;
     try {
@@ -32,7 +32,7 @@ Rows readAll(const std::string& text, Way way) {
     return rows;
 }
 
-/// What one row's name is read as by the one pass.
+/// The name that the one-pass way reads from one row.
 std::string nameIn(const std::string& row) {
     RowReader reader("<Records><Record>" + row + "</Record></Records>", fields);
     return reader.next() ? std::string(reader.texts()[1]) : "no row";
@@ -68,14 +68,13 @@ TEST(RowReader, ReadsValuesAsTheFieldReadersDo) {
     }
 }
 
-TEST(RowReader, TakesDocumentsOfEveryShape) {
+TEST(RowReader, ReadsDocumentsOfEveryForm) {
     const char* const shapes[] = {
         "",
         " \r\n\t",
         "<Records/>",
         "<Records></Records>",
-        "<?xml "
-        "version=\"1.0\"?>\r\n<Records>\r\n\t<Record>\r\n\t\t<ID>1</ID>\r\n\t</Record>\r\n</Records>\r\n",
+        "<?xml version=\"1.0\"?>\r\n<Records>\r\n\t<Record>\r\n\t\t<ID>1</ID>\r\n\t</Record>\r\n</Records>\r\n",
         "<Records><Record/><Record></Record><Record><ID>3</ID></Record></Records>",
         "\xEF\xBB\xBF<Records><Record><ID>1</ID></Record></Records>",
         "<Other><Record><ID>1</ID></Record></Other>",
@@ -102,7 +101,7 @@ TEST(RowReader, RaisesWhatIsWrongEvenBehindManyGoodRows) {
         },
         HostError);
     EXPECT_EQ(rows, 100u);
-    // Cut short anywhere, it is damaged, and both ways say so in the same words.
+    // A document that is cut off at any place is refused by both ways with the same message.
     text = text.substr(0, 200) + "<Record><ID>1</ID></Record></Records>";
     for (std::size_t size = 1; size < text.size(); ++size) {
         const Rows found = readAll(text.substr(0, size), Way::OnePass);
@@ -112,7 +111,7 @@ TEST(RowReader, RaisesWhatIsWrongEvenBehindManyGoodRows) {
     }
 }
 
-TEST(RowReader, ReckonsTheRowsFromThoseRead) {
+TEST(RowReader, EstimatesTheNumberOfRowsFromThoseRead) {
     std::string text = "<Records>";
     for (int i = 1000; i < 3000; ++i)
         text += "<Record><ID>" + std::to_string(i) + "</ID></Record>";

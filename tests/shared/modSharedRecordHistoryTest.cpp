@@ -124,8 +124,7 @@ TEST(RecordHistory, TellsWhatChanged) {
          "Orders",
          {{"Status", 1}, {"SalesRepID", 3}, {"ShippingMethodID", missing}},
          {{"Status", 2}, {"SalesRepID", 4}, {"ShippingMethodID", 5}},
-         "Status: name of 1 to name of 2\r\nSalesRepID: name of 3 to name of 4\r\nShipping Method:  to name "
-         "of 5"},
+         "Status: name of 1 to name of 2\r\nSalesRepID: name of 3 to name of 4\r\nShipping Method:  to name of 5"},
     };
     for (const auto& c : cases) {
         History history;

@@ -11,7 +11,7 @@
 namespace tsln::com {
 namespace {
 
-/// An object with a member of every kind, to be reached through the platform and back.
+/// An object with a member of every kind, called through COM.
 class Sample : public Object {
   public:
     Variant invoke(std::string_view member, Access access, Arguments arguments) override {
@@ -43,7 +43,7 @@ class Sample : public Object {
     std::map<std::string, std::string> items;
 };
 
-/// The sample as another module would see it: ours going out and coming back would be unwrapped.
+/// Calls the sample as an object of another module. fromDispatch() would return the sample itself.
 class EdgeTest : public ::testing::Test {
   protected:
     EdgeTest() {
@@ -82,7 +82,7 @@ std::int32_t codeOf(const std::function<void()>& act) {
     return 0;
 }
 
-TEST(Wide, KeepsEveryCharacterAndSurvivesWhatIsNone) {
+TEST(Wide, KeepsEveryCharacterAndReplacesInvalidOnes) {
     for (const std::string& text : {std::string(), std::string("Größe 4 × 6″ 𝔘"), std::string("a\0b", 3)})
         EXPECT_EQ(text, toUtf8(toWide(text)));
     EXPECT_EQ("a\xEF\xBF\xBD", toUtf8(toWide("a\xFF")));
@@ -105,7 +105,7 @@ TEST_F(EdgeTest, EveryValueSurvivesTheWayOutAndBack) {
                               ""};
     for (const Variant& value : values)
         EXPECT_EQ(value, outside->call("Echo", value));
-    EXPECT_EQ(Variant(std::int32_t(5)), outside->call("Echo", std::int64_t(5)));  // no wider than it must be
+    EXPECT_EQ(Variant(std::int32_t(5)), outside->call("Echo", std::int64_t(5)));  // 32 bits are enough
     EXPECT_EQ(sample, outside->call("Echo", sample).toObject());
     EXPECT_EQ(nullptr, outside->call("Echo", ObjectPtr()).toObject());
     EXPECT_EQ(Variant(std::int32_t(3)), outside->call("Count", 1, Missing(), 2));
@@ -152,8 +152,8 @@ TEST_F(EdgeTest, PropertiesAreSetWithAndWithoutIndex) {
 }
 
 TEST_F(EdgeTest, VariablesAreWrittenBack) {
-    Variant first;              // holds nothing yet
-    Variant last("a surname");  // has a type
+    Variant first;              // passed as a variant
+    Variant last("a surname");  // passed as a string
     outside->call("Split", "Ada Lovelace", Argument::byReference(first), Argument::byReference(last));
     EXPECT_EQ(Variant("Ada"), first);
     EXPECT_EQ(Variant("Lovelace"), last);
@@ -208,7 +208,7 @@ TEST_F(EdgeTest, VariablesOfEveryTypeAreWritten) {
     SafeArrayDestroy(array);
 }
 
-/// The longs from `lowerBound` on; the caller destroys it.
+/// An array of longs, which the caller owns.
 SAFEARRAY* arrayOf(std::vector<LONG> values, LONG lowerBound) {
     SAFEARRAYBOUND bound{static_cast<ULONG>(values.size()), lowerBound};
     SAFEARRAY* array = SafeArrayCreate(VT_I4, 1, &bound);
@@ -248,7 +248,7 @@ TEST_F(EdgeTest, ArraysAreCollectionsAndGoBackAsTheyCame) {
 }
 
 TEST_F(EdgeTest, ArraysOfEveryElementTypeAreRead) {
-    // Each gets its elements from the same numbers, converted by the platform.
+    // The elements are 40 and 41, converted to each type by the platform.
     for (const VARTYPE type : {VT_I1, VT_UI1, VT_I2, VT_UI2, VT_I4, VT_UI4, VT_INT, VT_UINT, VT_I8, VT_UI8,
                                VT_R4, VT_R8, VT_CY, VT_DECIMAL, VT_BSTR, VT_VARIANT}) {
         VARIANT value;
@@ -279,10 +279,11 @@ TEST_F(EdgeTest, ArraysOfEveryElementTypeAreRead) {
     };
     SAFEARRAYBOUND bounds[] = {{2, 0}, {2, 0}};
     refused(VT_I4, SafeArrayCreate(VT_I4, 2, bounds));
-    refused(VT_VARIANT, SafeArrayCreateVector(VT_I4, 0, 2));  // its elements are shorter than it says
+    refused(VT_VARIANT,
+            SafeArrayCreateVector(VT_I4, 0, 2));  // the elements are shorter than the declared type
     refused(VT_RECORD, SafeArrayCreateVector(VT_I4, 0, 2));
 
-    VARIANT none;  // an array variable that was never given a size
+    VARIANT none;  // an array variable without a size
     V_VT(&none) = VT_ARRAY | VT_I4;
     V_ARRAY(&none) = nullptr;
     EXPECT_TRUE(readIdentifiers(echo(none)).empty());
@@ -310,7 +311,7 @@ TEST_F(EdgeTest, ListsOfIdentifiersCrossTheEdge) {
 }
 
 TEST_F(EdgeTest, BytesAreAValueWithoutAText) {
-    // A column of bytes as a recordset gives it: its row can be read, its text cannot.
+    // A recordset gives a column of bytes as such an array. The row can be read; the column has no text.
     VARIANT bytes;
     V_VT(&bytes) = VT_ARRAY | VT_UI1;
     V_ARRAY(&bytes) = SafeArrayCreateVector(VT_UI1, 0, 16);
@@ -347,7 +348,7 @@ TEST_F(EdgeTest, AComponentOfThePlatformIsUsedByName) {
     EXPECT_FALSE(document->get("async").toBoolean());
 }
 
-TEST_F(EdgeTest, NothingOfItStaysAlive) {
+TEST_F(EdgeTest, ReleasesItsObjects) {
     const long before = moduleReferences();
     {
         ComPtr<IDispatch> dispatch = com::adopt(newDispatch(std::make_shared<Sample>()));

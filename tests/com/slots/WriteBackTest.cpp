@@ -13,7 +13,7 @@ struct Nothing : Object {
     }
 };
 
-/// A Library whose operations assign `assigned` to their arguments and keep what they were given.
+/// A Library whose operations keep their arguments in `given` and assign `assigned` to them.
 class WriteBackTest : public ::testing::Test {
   protected:
     WriteBackTest() {
@@ -110,7 +110,7 @@ TEST_F(WriteBackTest, SlotsWriteEveryTypeOfTheTable) {
     EXPECT_EQ(VARIANT_FALSE, orders);
     EXPECT_EQ(Variant(std::int16_t{4}), fromCom(*selection));
 
-    // A variant that refers to a variable of a type of its own: the variable is written.
+    // For a variant that refers to a variable, the variable is written.
     double real = 1;
     VARIANT toReal = refer(VT_R8, &real);
     assigned = {"2.5"};
@@ -135,7 +135,7 @@ TEST_F(WriteBackTest, ObjectsAreReplacedWithTheirReferencesKeptRight) {
         ASSERT_EQ(S_OK, library->Initialize(&variable));
         EXPECT_EQ(nullptr, variable);
         given.clear();
-        // What the operation leaves alone stays the very object.
+        // An object that the operation does not assign is not replaced by another wrapper.
         variable = first.Get();
         assigned.clear();
         ASSERT_EQ(S_OK, library->Initialize(&variable));
@@ -166,7 +166,7 @@ TEST_F(WriteBackTest, LateBoundVariablesAreWrittenInTheirOwnTypes) {
     EXPECT_EQ(VT_R8 | VT_BYREF, V_VT(&toReal)) << "the reference itself stays";
     SysFreeString(text);
 
-    // Values take no result, and whoever passes them gets no error.
+    // A caller that passes values gets no error.
     assigned = {12, 70001};
     id = number(6);
     ASSERT_EQ(S_OK, callByName(L"ShowMoveReferences", {number(5), refer(VT_VARIANT, &id)}));
@@ -199,7 +199,7 @@ TEST_F(WriteBackTest, AFailureWritesNothing) {
     raises = false;
     assigned = {12, "no number"};
     EXPECT_EQ(DISP_E_TYPEMISMATCH, library->ShowMoveReferences(&list, &id, &result));
-    // A variable that is too small for the result keeps the other one from being written, too.
+    // If one variable cannot hold its result, the other one is not written either.
     assigned = {12, 70000};
     BYTE small = 7;
     EXPECT_EQ(DISP_E_EXCEPTION,
@@ -207,7 +207,7 @@ TEST_F(WriteBackTest, AFailureWritesNothing) {
     EXPECT_EQ(5, list);
     EXPECT_EQ(6, id);
     EXPECT_EQ(7, small);
-    // A chain that ends in itself is refused before the operation runs.
+    // A chain of references that refers to itself is refused before the operation runs.
     VARIANT circle;
     circle = refer(VT_VARIANT, &circle);
     given.clear();

@@ -2,7 +2,8 @@
 
 #include "com/server/Identity.h"
 
-// The class is linked into this program, so that a test can plug its own operations in.
+// The class is linked into this program instead of the DLL, so that the tests can plug in their own
+// operations.
 HINSTANCE tsln::com::thisModule() noexcept {
     return GetModuleHandleW(nullptr);
 }
