@@ -53,7 +53,7 @@ struct Token {
 
     bool is(char mark) const { return kind == Mark && text[0] == mark; }
     bool isNumber() const { return kind == Number; }
-    /// A number that can be nothing but a year.
+    /// True for a number that is too large or too long for a day or a month.
     bool isYear() const { return isNumber() && (text.size() > 2 || number > 31); }
 };
 
@@ -69,7 +69,7 @@ bool isBlank(char c) {
     return c == ' ' || (c >= '\t' && c <= '\r');
 }
 
-/// The words, numbers and marks of a text; one that is too long for a date has no tokens.
+/// The words, numbers and marks of a text. A text with more of them than any date has gives no tokens.
 class Tokens {
   public:
     explicit Tokens(std::string_view text) {
@@ -107,7 +107,7 @@ class Tokens {
         return true;
     }
 
-    std::array<Token, 20> tokens_{};  // the last two stay End, so that looking ahead needs no check
+    std::array<Token, 20> tokens_{};  // the last two are always End, so that peek(1) stays inside
 };
 
 class DateReader {
@@ -163,7 +163,7 @@ class DateReader {
     }
 
     bool readDay() {
-        // The parts, to the end or to where a time begins. Marks must stand between parts.
+        // Reads the parts up to the end or to the beginning of a time. Marks may stand between parts only.
         std::array<Token, 3> parts;
         std::size_t count = 0;
         std::size_t monthAt = parts.size();
@@ -251,7 +251,7 @@ Date dateOf(int serial, int seconds) {
 }  // namespace
 
 bool isInRange(Date date) noexcept {
-    return date.days > firstDay - 1 && date.days < lastDay + 1;  // false for what is no number, too
+    return date.days > firstDay - 1 && date.days < lastDay + 1;  // false for NaN, too
 }
 
 std::optional<CalendarTime> toCalendar(Date date) {
@@ -260,7 +260,7 @@ std::optional<CalendarTime> toCalendar(Date date) {
     int serial = static_cast<int>(whole);
     int seconds = static_cast<int>(std::lround(std::abs(date.days - whole) * secondsPerDay));
     if (seconds == secondsPerDay && serial == lastDay) {
-        --seconds;  // there is no day to round up to
+        --seconds;  // the last day cannot be rounded up to the next one
     } else if (seconds == secondsPerDay) {
         ++serial;
         seconds = 0;
@@ -295,7 +295,7 @@ Date now() {
 #else
     localtime_r(&clock, &local);
 #endif
-    // A leap second is told as the one before it.
+    // A leap second (60) is given as second 59.
     return fromCalendar({local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min,
                          std::min(local.tm_sec, 59)})
         .value_or(Date());

@@ -6,7 +6,8 @@
 
 namespace tsln {
 
-// File names are UTF-8 texts on every system; what the standard library makes of a plain text is not.
+// File names are UTF-8 texts on every system. std::filesystem::path reads a std::string in the system's own
+// encoding, so texts are converted by these two functions.
 
 inline std::filesystem::path pathOf(std::string_view utf8) {
     return std::u8string(utf8.begin(), utf8.end());

@@ -18,13 +18,14 @@ inline constexpr std::int32_t paramNotOptional = static_cast<std::int32_t>(0x800
 inline constexpr std::int32_t notImplemented = static_cast<std::int32_t>(0x80004001);
 inline constexpr std::int32_t fail = static_cast<std::int32_t>(0x80004005);
 inline constexpr std::int32_t classNotRegistered = static_cast<std::int32_t>(0x80040154);
-/// An object was needed and there was none (run-time error 91 of the platform's script languages).
+/// An object reference that holds no object was used (run-time error 91 of the platform's script languages).
 inline constexpr std::int32_t objectNotSet = static_cast<std::int32_t>(0x800A005B);
 /// A modal screen that is shown already cannot be shown again (run-time error 400).
 inline constexpr std::int32_t alreadyShown = static_cast<std::int32_t>(0x800A0190);
 }  // namespace code
 
-/// A late-bound call that failed: the code, who raised it and what it said. what() is the text.
+/// A late-bound call that failed: its result code, the name of the component that raised it, and the error
+/// text, which is what(), too.
 class HostError : public std::runtime_error {
   public:
     HostError(std::int32_t code, std::string source, const std::string& text)

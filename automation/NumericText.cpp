@@ -19,9 +19,9 @@ bool isBlank(char c) {
     return c == ' ' || (c >= '\t' && c <= '\r');
 }
 
-/// A number taken apart: +-digits * 10^scale, or the bits of a hexadecimal or octal number.
+/// The parts of a number: sign * digits * 10^scale, or the bits of a hexadecimal or octal number.
 struct Number {
-    /// Enough to tell any two doubles apart; digits beyond count as one more digit that is not zero.
+    /// Enough digits to distinguish any two doubles. All digits beyond these count as one non-zero digit.
     static constexpr std::size_t mostDigits = 40;
 
     bool negative = false;
@@ -64,7 +64,7 @@ class Scanner {
             ++at_;
     }
 
-    /// Takes a sign, "$" or parenthesis, each once.
+    /// Reads a sign, "$" or parenthesis; false if there is none, or for the second one of a kind.
     bool scanMark(Number& number, char parenthesis) {
         const char c = next();
         if (c == '$' && !currency_) {
@@ -96,7 +96,7 @@ class Scanner {
         return at_ == end_ && !open_;
     }
 
-    /// Separators may stand anywhere between the digits before the point, as the platform has it.
+    /// Reads the digits. Commas may stand anywhere between those before the point, as the platform allows.
     bool scanDigits(Number& number) {
         bool any = false;
         bool fraction = false;
@@ -149,7 +149,7 @@ class Scanner {
     bool closed_ = false;
 };
 
-/// True when the text starts as from_chars and this reader agree on: digits, or a minus and digits.
+/// True when std::from_chars reads the beginning of the text as this reader does: digits, or "-" and digits.
 bool startsPlainly(std::string_view text) {
     const std::size_t first = text.starts_with('-') ? 1 : 0;
     return text.size() > first && isDigit(text[first]);
@@ -158,7 +158,7 @@ bool startsPlainly(std::string_view text) {
 template <class T>
 bool readPlain(std::string_view text, T& value) {
     if (!startsPlainly(text)) return false;
-    T result;
+    T result = 0;
     const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), result);
     if (error != std::errc() || stop != text.data() + text.size()) return false;
     value = result;
@@ -175,7 +175,7 @@ Reading toFloating(Number& number, T& value) {
         value = 0;
         return Reading::Done;
     }
-    // A one behind the digits that were cut keeps the rounding right.
+    // An additional digit 1 stands for the digits that were cut, so that the rounding stays right.
     std::size_t count = number.count;
     std::int64_t scale = number.scale;
     if (number.cutNonZero) {
@@ -190,14 +190,14 @@ Reading toFloating(Number& number, T& value) {
     const std::errc error = std::from_chars(text.data(), end, result).ec;
     if (error != std::errc()) {
         if (static_cast<std::int64_t>(count) + scale > 0) return Reading::Overflow;
-        result = 0;  // too small to tell from zero
+        result = 0;  // below the smallest number of the type
     }
     if (std::isinf(result)) return Reading::Overflow;
     value = number.negative ? -result : result;
     return Reading::Done;
 }
 
-/// The whole part and the rounding, worked out on the digits: a double would lose the last of 64 bits.
+/// Rounds by the digits, since a double does not hold all 64-bit integers.
 Reading toWhole(const Number& number, std::int64_t& value) {
     const std::int64_t wholeDigits = static_cast<std::int64_t>(number.count) + number.scale;
     if (number.count == 0 || wholeDigits < 0) {
@@ -256,7 +256,7 @@ std::string floatingText(double value, int precision) {
     if (std::isinf(value)) return value < 0 ? "-1.#INF" : "1.#INF";
     if (value == 0) return "0";
 
-    // "d.ddde+XX", of which the digits and the exponent are put together anew.
+    // Writes "d.ddde+XX" first, and builds the result from its digits and exponent.
     std::array<char, 48> buffer;
     const char* end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::abs(value),
                                     std::chars_format::scientific, precision - 1)

@@ -28,7 +28,7 @@ class Argument {
 
     const Variant& value() const noexcept { return reference_ ? *reference_ : own_; }
     bool isByReference() const noexcept { return reference_ != nullptr; }
-    /// Writes the caller's variable; an argument passed by value keeps the change to itself.
+    /// Writes the caller's variable. For an argument passed by value only this copy changes.
     void assign(Variant value) { (reference_ ? *reference_ : own_) = std::move(value); }
 
   private:
@@ -36,7 +36,7 @@ class Argument {
     Variant* reference_ = nullptr;
 };
 
-/// The arguments of one call, in order. What the caller left out, at the end or by Missing, reads as Missing.
+/// The arguments of one call, in order. An argument that the caller left out reads as Missing.
 class Arguments {
   public:
     Arguments(std::span<Argument> arguments = {}) : arguments_(arguments) {}
@@ -46,9 +46,10 @@ class Arguments {
     const Variant& operator[](std::size_t i) const;
     /// The argument, or `otherwise` when it was left out.
     Variant valueOr(std::size_t i, const Variant& otherwise) const;
-    /// Writes by-reference argument i; nothing happens when the caller did not pass it.
+    /// Assigns to argument i; does nothing when the caller left it out.
     void assign(std::size_t i, Variant value);
-    /// Refuses a call with fewer or more arguments: code::paramNotOptional, code::badParamCount.
+    /// Raises HostError for a call with fewer than `least` (code::paramNotOptional) or more than `most`
+    /// arguments (code::badParamCount).
     void require(std::size_t least, std::size_t most) const;
     std::span<Argument> all() const noexcept { return arguments_; }
 
@@ -56,8 +57,8 @@ class Arguments {
     std::span<Argument> arguments_;
 };
 
-/// What a caller asks of a member. Late-bound readers do not tell properties from functions, so an object
-/// answers Get and Call alike wherever the member has a value.
+/// How a caller uses a member. Late-bound callers do not know whether a member is a property or a function,
+/// so an object treats Get and Call alike for every member that has a value.
 enum class Access { Get, Put, Call };
 
 /// An object reached by member name at run time. Names compare without letter case. Failures are HostErrors.
@@ -99,7 +100,7 @@ class Object {
     }
 };
 
-/// True when the two member names are the same but for ASCII letter case.
+/// True when the two names are equal without ASCII letter case.
 bool sameName(std::string_view a, std::string_view b) noexcept;
 
 /// One row of an object's member table. `read` answers Get and Call, `write` answers Put.
@@ -115,7 +116,7 @@ struct Member {
 /// Raises the error for a member that cannot be used that way (a read-only property set, a method put).
 [[noreturn]] void raiseWrongAccess(std::string_view who, std::string_view member);
 
-/// Finds the member in the table and runs it; `who` names the object in error texts.
+/// Finds the member in the table and calls it; `who` is the object's name in error texts.
 template <class Self>
 Variant invokeMember(Self& self, std::string_view who, std::span<const Member<Self>> table,
                      std::string_view member, Access access, Arguments arguments) {

@@ -31,7 +31,8 @@ void require(Reading reading) {
     if (reading == Reading::Overflow) raiseOverflow();
 }
 
-/// A number of one type as another: fractions half to even, overflow when it does not fit.
+/// Converts a number to another type. Fractions round half to even; a number that does not fit raises
+/// overflow.
 template <class To, class From>
 To convertNumber(From from) {
     if constexpr (std::is_same_v<To, double>) {
@@ -40,7 +41,8 @@ To convertNumber(From from) {
         if (std::abs(static_cast<double>(from)) > std::numeric_limits<float>::max()) raiseOverflow();
         return static_cast<float>(from);
     } else if constexpr (std::is_floating_point_v<From>) {
-        // The bound above is the next power of two: the integer's own maximum has no exact double.
+        // The upper bound is the power of two above the maximum, because the maximum itself has no exact
+        // double.
         constexpr double bound = -static_cast<double>(std::numeric_limits<To>::min());
         const double rounded = std::nearbyint(static_cast<double>(from));
         if (!(rounded >= -bound && rounded < bound)) raiseOverflow();

@@ -15,9 +15,8 @@ namespace tsln {
 class Object;
 using ObjectPtr = std::shared_ptr<Object>;
 
-/// A point in time as the automation platform counts it: days since 30 December 1899, the fraction being the
-/// time of day. Before that day the fraction still counts forward within the day (-1.25 is 29 December,
-/// 6:00).
+/// A point in time as the automation platform counts it: days since 30 December 1899. The fraction is the
+/// time of day and counts forward on days before that date, too: -1.25 is 29 December, 6:00.
 struct Date {
     double days = 0;
     friend bool operator==(Date, Date) = default;
@@ -33,13 +32,15 @@ struct Missing {
     friend bool operator==(Missing, Missing) = default;
 };
 
-/// A value that travels late-bound: what the host's members take and return. Text is UTF-8.
+/// A value of a late-bound call: an argument or a result of the host's members. Text is UTF-8.
 ///
-/// The to...() conversions follow the platform's automation rules: numeric text with signs, thousands
-/// separators, "$", parentheses, exponents and &H/&O digits counts as a number; fractions round half to even;
-/// what does not fit raises HostError(code::overflow), what cannot be read HostError(code::typeMismatch);
-/// booleans are -1 and 0 as numbers and "True" and "False" as text; an empty variant is 0, "" or false.
-/// Null converts to nothing but text, where it is refused too: ask isNull() first.
+/// The to...() conversions follow the platform's automation rules:
+/// - numeric text with signs, thousands separators, "$", parentheses, exponents and &H/&O digits is a number;
+/// - fractions round half to even;
+/// - booleans are -1 and 0 as numbers and "True" and "False" as text;
+/// - an empty variant is 0, "" or false.
+/// A value that does not fit raises HostError(code::overflow). One that cannot be converted raises
+/// HostError(code::typeMismatch); so do Null, Missing and objects in every conversion.
 class Variant {
   public:
     Variant() = default;
@@ -82,14 +83,15 @@ class Variant {
     double toDouble() const;
     Date toDate() const;
     std::string toText() const&;
-    std::string toText() &&;  ///< hands a text that is held over
+    std::string toText() &&;  ///< moves the text out
 
-    /// The object, which may be nothing (null). A value that is no object raises code::typeMismatch.
+    /// The object, which may be null. A value that is no object raises HostError(code::typeMismatch).
     ObjectPtr toObject() const;
-    /// The object; nothing raises code::objectNotSet, so the result can be used at once.
+    /// The object. A null one raises HostError(code::objectNotSet), a value that is no object
+    /// code::typeMismatch.
     Object& object() const;
 
-    /// The value as it is held, for code that carries variants over an edge.
+    /// The value in its own type, for code that converts variants to other representations.
     using Held = std::variant<std::monostate, Null, Missing, bool, std::int16_t, std::int32_t, std::int64_t,
                               float, double, Date, std::string, ObjectPtr>;
     const Held& held() const noexcept { return value_; }

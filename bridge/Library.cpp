@@ -23,17 +23,31 @@ bool Library::isPluggedIn(Operation operation) const {
 Variant Library::perform(Operation operation, Arguments arguments) {
     const OperationInfo& row = info(operation);
     arguments.require(row.argumentCount, row.argumentCount);
+    // The handler gets variables of the declared types. The caller's variables may have other types.
+    std::vector<Variant> variables(row.argumentCount);
     std::vector<Argument> converted;
     converted.reserve(row.argumentCount);
     for (std::size_t i = 0; i < row.argumentCount; ++i) {
-        converted.emplace_back(convert(arguments[i], row.argumentRow[i].type));
+        const auto& [passing, type, name] = row.argumentRow[i];
+        variables[i] = convert(arguments[i], type);
+        converted.push_back(passing == Passing::ByReference ? Argument::byReference(variables[i])
+                                                            : Argument(variables[i]));
     }
+    const std::vector<Variant> before = variables;
     const Handler& handler = handlers_[static_cast<std::size_t>(operation)];
     if (!handler) {
         throw HostError(code::notImplemented, "Library",
                         std::string(row.name) + ": this screen is not built yet.");
     }
-    return convert(handler(*this, Arguments(converted)), row.result);
+    Variant result = convert(handler(*this, Arguments(converted)), row.result);
+    // All conversions come before the first assignment, so that a call that fails changes no variable.
+    for (std::size_t i = 0; i < row.argumentCount; ++i) {
+        if (variables[i] != before[i]) variables[i] = convert(variables[i], row.argumentRow[i].type);
+    }
+    for (std::size_t i = 0; i < row.argumentCount; ++i) {
+        if (variables[i] != before[i]) arguments.assign(i, std::move(variables[i]));
+    }
+    return result;
 }
 
 Variant Library::invoke(std::string_view member, Access access, Arguments arguments) {
@@ -63,7 +77,7 @@ void Library::plugInOwnOperations() {
 }
 
 bool Library::initialSyncComplete() {
-    // An error that the host raises in a step passes that step over, as if its test had held.
+    // A step that raises an error counts as passed (deliberate).
     const auto holds = [this](std::string_view sql, auto test) {
         try {
             return static_cast<bool>(test(Host(*this).database().ExecuteScaler(sql, "", "0")));
@@ -103,7 +117,7 @@ void Library::runPackageProcessor(const std::string& keys, bool wait) {
     const std::string arguments =
         (keys.empty() ? " /EnterKeys" : " /Keys:" + keys) + " /PSD:\"" + Host(*this).PSDFile() + "\"";
     if (wait) {
-        // A folder with blanks in its name must not cut the program's name short.
+        // Without quotes, the program's name would end at the first blank of its folder.
         const bool blanks = program.find(' ') != std::string::npos;
         desktop_.runAndWait((blanks ? '"' + program + '"' : program) + arguments);
     } else {

@@ -12,14 +12,19 @@
 
 namespace tsln {
 
-/// The one public class of the module: the host creates it, hands it its shared-code object and opens every
-/// screen through it. It keeps that object and nothing else.
+/// The one public class of the module. The host creates it, passes its shared-code object to Initialize and
+/// opens every screen by an operation. The library keeps a reference to that object until PreTerminate.
 ///
 /// Every operation of the table is a method of its name, taking its arguments by position:
 ///     library->ShowEditTerms(7)   // std::int32_t
+///     library->ShowEditPortfiolioTag(Argument::byReference(tag))   // writes `tag`, a Variant
 /// and answers late-bound callers by the same name. An operation raises HostError for arguments that do not
 /// convert (code::typeMismatch, code::overflow), missing or surplus ones (code::paramNotOptional,
 /// code::badParamCount), and code::notImplemented where no screen is plugged in for it.
+///
+/// What a handler assigns to an argument that the table declares by reference is converted to the declared
+/// type and written to the caller's variable once the handler has returned. A caller that passed a value, an
+/// argument declared by value and an operation that raises leave everything as it was.
 class Library : public Object {
   public:
     /// `desktop` must outlive the library.
@@ -28,12 +33,12 @@ class Library : public Object {
     Desktop& desktop() const noexcept { return desktop_; }
     ScreenSlots& screens() noexcept { return screens_; }
 
-    /// Does the work of an operation. The arguments are complete and of the declared types.
+    /// The implementation of an operation. It gets all arguments, in the declared types.
     using Handler = std::function<Variant(Library&, Arguments)>;
     void plugIn(Operation operation, Handler handler);
     bool isPluggedIn(Operation operation) const;
 
-    /// Runs an operation, whatever its visibility.
+    /// Runs an operation of any visibility.
     Variant perform(Operation operation, Arguments arguments);
 
 #define OPERATION(NAME, ...)                                                           \

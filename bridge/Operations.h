@@ -10,7 +10,7 @@
 
 namespace tsln {
 
-/// The operations of Library, numbered in their order.
+/// The operations of Library, numbered by their rows in the table.
 enum class Operation : std::int16_t {
 #define OPERATION(NAME, ...) NAME,
 #include "bridge/Operations.def"
@@ -69,10 +69,11 @@ constexpr const OperationInfo& info(Operation operation) {
     return operations[static_cast<std::size_t>(operation)];
 }
 
-/// The operation of that name, without letter case; private and internal ones included.
+/// The operation of that name, compared without letter case; also finds private and internal ones.
 std::optional<Operation> findOperation(std::string_view name);
 
-/// The value as the type has it, by the platform's conversions; raises HostError where it cannot.
+/// Converts the value to the type by the platform's rules. Raises HostError(code::typeMismatch) or
+/// code::overflow for a value that does not convert.
 Variant convert(const Variant& value, ValueType type);
 
 }  // namespace tsln

@@ -2,7 +2,7 @@
 # other scripts.
 
 build_packages=(g++ cmake ninja-build ccache pkg-config libwxgtk3.2-dev libgtk-3-dev libpugixml-dev libsqlite3-dev
-    libsqlitecpp-dev libcli11-dev libssl-dev)
+    libsqlitecpp-dev libcli11-dev libssl-dev libutf8proc-dev)
 test_packages=(libgtest-dev libgmock-dev)
 # What the doubles it shares with the tests need, the libraries that it compares with, what writes its results, and
 # what draws them.

@@ -9,12 +9,13 @@
 #include <emmintrin.h>
 #endif
 
+#include "automation/UnicodeText.h"
+
 namespace tsln::modSharedXML {
 namespace {
 
 constexpr std::size_t noField = SIZE_MAX;
-constexpr std::size_t mostElements =
-    1024;  // of different names that are learned; more are no table's columns
+constexpr std::size_t mostElements = 1024;  // of different names; no table has as many columns
 
 bool isBlank(char c) {
     return c == ' ' || c == '\n' || c == '\r' || c == '\t';
@@ -33,7 +34,7 @@ T load(const char* at) {
     return value;
 }
 
-/// True when the bytes are the same. Names are too short for a call of memcmp to be worth it.
+/// True when the bytes are equal. Faster than a call of memcmp for texts as short as names.
 inline bool same(const char* a, const char* b, std::size_t size) {
     if (size >= 8) {
         const std::size_t last = size - 8;
@@ -55,8 +56,8 @@ inline bool startsWith(const char* at, const char* end, std::string_view what) {
     return static_cast<std::size_t>(end - at) >= what.size() && same(at, what.data(), what.size());
 }
 
-/// The end of the value that begins at `at`: its "<", or the zero behind the text. `encoded` is set when
-/// there is a reference or a carriage return on the way.
+/// The end of the value that begins at `at`: the next "<", or the zero behind the text. Sets `encoded` if the
+/// value holds a reference or a carriage return.
 inline const char* skipValue(const char* at, [[maybe_unused]] const char* end, bool& encoded) {
 #ifdef __SSE2__
     const auto all = [](char c) { return _mm_set1_epi8(c); };
@@ -78,28 +79,11 @@ inline const char* skipValue(const char* at, [[maybe_unused]] const char* end, b
     return at;
 }
 
-void appendUtf8(std::string& out, std::uint32_t c) {
-    const auto put = [&](std::uint32_t byte) { out += static_cast<char>(byte); };
-    if (c < 0x80) return put(c);
-    if (c < 0x800) {
-        put(0xC0 | c >> 6);
-    } else {
-        if (c < 0x10000) {
-            put(0xE0 | c >> 12);
-        } else {
-            put(0xF0 | c >> 18);
-            put(0x80 | (c >> 12 & 0x3F));
-        }
-        put(0x80 | (c >> 6 & 0x3F));
-    }
-    put(0x80 | (c & 0x3F));
-}
-
 constexpr std::pair<std::string_view, char> entities[] = {
     {"&amp;", '&'}, {"&lt;", '<'}, {"&gt;", '>'}, {"&quot;", '"'}, {"&apos;", '\''}};
 
-/// Decodes the reference that `text` begins with and returns its length; 0 for a form that is left to the
-/// parser.
+/// Decodes the numeric reference at the beginning of `text` and returns its length; 0 for a form that only
+/// the parser decodes.
 std::size_t decodeNumeric(std::string_view text, std::string& out) {
     const bool hexadecimal = text.size() > 2 && text[2] == 'x';
     const char* const digits = text.data() + (hexadecimal ? 3 : 2);
@@ -112,7 +96,7 @@ std::size_t decodeNumeric(std::string_view text, std::string& out) {
     return static_cast<std::size_t>(stop - text.data()) + 1;
 }
 
-/// The value as the parser decodes it.
+/// Lets pugixml decode the value.
 std::string parseValue(std::string_view value) {
     pugi::xml_document document;
     std::string text = "<v>";
@@ -121,7 +105,8 @@ std::string parseValue(std::string_view value) {
     return document.first_child().text().get();
 }
 
-/// An element's text with references decoded and line ends made one character, as XML has it.
+/// Decodes an element's text: its references, and its line ends, each of which becomes one line feed as in
+/// XML.
 void decodeXml(std::string_view value, std::string& out) {
     out.clear();
     std::size_t copied = 0;
@@ -262,7 +247,7 @@ RowReader::Found RowReader::scanFields() {
             if (!startsWith(stop, end, element->close)) return Found::Unusual;
             at = stop + element->close.size();
         }
-        // Of columns with the same name the first counts, an empty one, too.
+        // Of columns with the same name the first one counts, even if it is empty.
         if (element->field == noField || texts_[element->field].data()) continue;
         const std::string_view text(value, static_cast<std::size_t>(stop - value));
         texts_[element->field] = encoded ? decode(element->field, text) : text;
@@ -273,7 +258,7 @@ RowReader::Found RowReader::scanFields() {
     return Found::Row;
 }
 
-/// The element that begins here, if it was met before; `expected` is the place after it then.
+/// The known element that begins at `at`, or null. Sets `expected` to the place of the element after it.
 inline const RowReader::Element* RowReader::matchElement(const char* at, std::size_t& expected) const {
     const std::size_t count = elements_.size();
     for (std::size_t tried = 0, i = expected; tried < count; ++tried, ++i) {
@@ -289,7 +274,7 @@ inline const RowReader::Element* RowReader::matchElement(const char* at, std::si
     return nullptr;
 }
 
-/// Takes up an element that was not met before; none when it has more than a name.
+/// Adds the element that begins at `at` to the known ones; null if its tag holds more than a plain name.
 const RowReader::Element* RowReader::learnElement(const char* at, std::size_t& expected) {
     const char* end = at + 1;
     const auto isName = [](char c) {
@@ -317,7 +302,7 @@ std::size_t RowReader::expectedRows() const {
     return text_.size() / std::max<std::size_t>(read / rows_, 1) + 1;
 }
 
-/// The value as modSharedXML::readText reads it.
+/// Decodes the value as modSharedXML::readText does.
 std::string_view RowReader::decode(std::size_t field, std::string_view value) {
     std::string& scratch = scratch_[field];
     decodeXml(value, decoded_);

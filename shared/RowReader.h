@@ -11,24 +11,26 @@
 
 namespace tsln::modSharedXML {
 
-/// Goes through the rows of a result once and gives the fields asked for, by the rules of the field readers.
+/// Reads the rows of a query result in order, and of each row the fields that were asked for, by the rules of
+/// the field readers (modSharedXML::readText).
 ///
-/// For lists of many rows: what hosts commonly write is read in one pass over the text, without making nodes
-/// of it. A document with anything out of the ordinary (attributes, comments, nested elements, damage) is
-/// read by its nodes instead, from the row where that was noticed; what the caller gets is the same.
+/// A document of the form that hosts commonly write is read in one pass over its text, without an XML tree.
+/// From the first row with anything else (attributes, comments, nested elements, damage) on, the document is
+/// parsed by pugixml and read from its tree. The results of both ways are equal.
 class RowReader {
   public:
     enum class Way { OnePass, Nodes };
 
-    /// Takes the text over. `fields` are the names of the columns asked for, which are known by their place
-    /// in this list from here on.
+    /// Takes the text over. `fields` are the names of the columns to read; the other members number the
+    /// columns by their places in this list.
     RowReader(std::string text, std::span<const std::string_view> fields, Way way = Way::OnePass);
 
-    /// Goes to the next row, at first to the first one; false when there is none. Text that is no XML raises
-    /// HostError(code::fail), which may come after rows were given: keep them apart until the end.
+    /// Goes to the next row, and at the first call to the first row; false when there is none. Text that is
+    /// no XML raises HostError(code::fail), possibly after some rows were read: they are to be discarded
+    /// then.
     bool next();
 
-    /// The current row's fields as modSharedXML::readText reads them. Good until the next row.
+    /// The current row's fields as modSharedXML::readText reads them. Valid until next() is called.
     std::span<const std::string_view> texts() const noexcept { return texts_; }
     std::int32_t readLong(std::size_t field, std::int32_t otherwise = 0) const {
         return toLong(texts_[field], otherwise);
@@ -37,16 +39,16 @@ class RowReader {
         return toBoolean(texts_[field], otherwise);
     }
 
-    /// How many rows there are in all, about, going by those read so far; 0 before the first.
+    /// An estimate of the number of all rows, made from the rows read so far; 0 before the first one.
     std::size_t expectedRows() const;
 
   private:
     enum class Found { Row, End, Unusual };
-    /// An element of a row as it was met before: rows mostly have the same ones in the same order.
+    /// An element that an earlier row had. Most rows have the same elements in the same order.
     struct Element {
         std::string open;   // "<Name"
         std::string close;  // "</Name>"
-        std::size_t field;  // which of those asked for, or none of them
+        std::size_t field;  // its place in names_, or noField
     };
     Found scanStart();
     Found scanRow();
@@ -60,8 +62,8 @@ class RowReader {
     std::string text_;
     std::vector<std::string> names_;
     std::vector<std::string_view> texts_;  // by field
-    std::vector<std::string> scratch_;     // by field: what had to be decoded
-    /// Fields that are asked for again, each with the first of the same name.
+    std::vector<std::string> scratch_;     // by field: decoded texts
+    /// Fields that were asked for more than once: each repetition with the first field of that name.
     std::vector<std::pair<std::size_t, std::size_t>> repeated_;
     std::string decoded_;
     std::vector<Element> elements_;

@@ -9,20 +9,20 @@
 
 #include "automation/Variant.h"
 
-/// Statement and message texts are templates that are filled with values made safe beforehand: nothing here
-/// adds quotes, they stand in the template.
+/// Fills the templates of statements and messages. Quotes stand in the template; nothing here adds any, so a
+/// text between quotes is to be passed through doubleQuotes() first.
 namespace tsln::modSharedSQL {
 
 template <class T>
 concept WholeNumber = std::integral<T> && !std::same_as<T, bool> && !std::same_as<T, char>;
 
-/// The template with every "{0}" replaced by the text of value 0, then every "{1}" by value 1, and so on up
-/// to
-/// "{16}"; further values are ignored. A value that itself holds a later placeholder is filled again
-/// (deliberate). The placeholder of a value that is not given, or has no text form (Null), stays.
+/// Replaces every "{0}" of the template by the text of value 0, then every "{1}" by value 1, and so on up to
+/// "{16}"; further values are ignored. A later placeholder within a value is replaced, too (deliberate). The
+/// placeholder of a value that is missing or has no text form (Null) stays.
 std::string formatValues(std::string_view text, std::span<const Variant> values);
 
-/// A value as format() takes it: whole numbers of any size and what makes a variant.
+/// The variant of an argument of format(): a whole number of any size, or anything that converts to a
+/// Variant.
 template <class T>
 Variant toValue(const T& value) {
     if constexpr (WholeNumber<T>) {
@@ -32,7 +32,7 @@ Variant toValue(const T& value) {
     }
 }
 
-/// formatValues with the values as arguments.
+/// Calls formatValues with the arguments as values.
 template <class... Values>
 std::string format(std::string_view text, const Values&... values) {
     return formatValues(text, std::array<Variant, sizeof...(Values)>{toValue(values)...});
@@ -49,17 +49,14 @@ struct Tag {
     Tag(std::string_view tagName, std::same_as<bool> auto ticked)
         : name(tagName), value(ticked ? "1" : "0") {}
 
-    /// With its angle brackets. Not owned: it is a literal beside the template.
+    /// The tag with its angle brackets. Not owned; usually a literal.
     std::string_view name;
     std::string value;
 };
 
-/// The template with each tag replaced at every occurrence, one tag after another in the order given: a value
-/// that holds the text of a later tag is filled again (deliberate).
+/// Replaces each tag at every occurrence, one tag after another in the given order. A later tag within a
+/// value is replaced, too (deliberate).
 std::string fillTags(std::string_view text, std::span<const Tag> tags);
 std::string fillTags(std::string_view text, std::initializer_list<Tag> tags);
-/// The same, literally so. fillTags() takes this way only where the order can show, and else fills all tags
-/// in one pass.
-std::string fillTagsOneByOne(std::string_view text, std::span<const Tag> tags);
 
 }  // namespace tsln::modSharedSQL

@@ -1,50 +1,39 @@
 #include "shared/modSharedStrings.h"
 
-#include <algorithm>
+#include "automation/UnicodeText.h"
 
 namespace tsln::modSharedStrings {
 namespace {
 
-/// Capital letters `first` to `last`. With step 2 capitals and small letters alternate, each capital before
-/// its small letter; with step 1 the small letters stand `distance` further on.
-struct Capitals {
-    char32_t first;
-    char32_t last;
-    char32_t distance;
-    char32_t step;
-};
+bool isAscii(char c) noexcept {
+    return static_cast<unsigned char>(c) < 0x80;
+}
 
-constexpr Capitals alphabets[] = {
-    {U'A', U'Z', 32, 1},     {0x00C0, 0x00D6, 32, 1}, {0x00D8, 0x00DE, 32, 1}, {0x0100, 0x012E, 1, 2},
-    {0x0132, 0x0136, 1, 2},  {0x0139, 0x0147, 1, 2},  {0x014A, 0x0176, 1, 2},  {0x0179, 0x017D, 1, 2},
-    {0x0391, 0x03A1, 32, 1}, {0x03A3, 0x03AB, 32, 1}, {0x0400, 0x040F, 80, 1}, {0x0410, 0x042F, 32, 1},
-};
+char lowerAscii(char c) noexcept {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
+}
 
-char32_t lower(char32_t c) {
-    if (c == 0x0178) return 0x00FF;
-    for (const Capitals& capitals : alphabets) {
-        if (c >= capitals.first && c <= capitals.last) {
-            return (c - capitals.first) % capitals.step == 0 ? c + capitals.distance : c;
-        }
-    }
+/// Removes the first character of the text and returns it folded. ASCII, the common case, needs no table.
+char32_t takeFolded(std::string_view& text) noexcept {
+    std::size_t at = 1;
+    const char32_t c = isAscii(text.front()) ? static_cast<char32_t>(lowerAscii(text.front()))
+                                             : tsln::foldCase(nextCodePoint(text, at = 0));
+    text.remove_prefix(at);
     return c;
 }
 
-/// Takes the next character in lower case. Characters of three and four bytes come byte by byte, above all
-/// others: they have no case here, and UTF-8 bytes order as their characters do.
-char32_t takeLower(std::string_view& text) {
-    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-    const unsigned char lead = byte(0);
-    char32_t c = lead;
-    std::size_t length = 1;
-    if (lead >= 0xC2 && lead <= 0xDF && text.size() > 1 && (byte(1) & 0xC0) == 0x80) {
-        c = static_cast<char32_t>((lead & 0x1F) << 6 | (byte(1) & 0x3F));
-        length = 2;
-    } else if (lead >= 0x80) {
-        c += 0x10000;
+template <class Change>
+std::string changeCharacters(std::string_view text, Change change) {
+    std::string result;
+    result.reserve(text.size());
+    for (std::size_t at = 0; at < text.size();) {
+        if (isAscii(text[at])) {
+            result += lowerAscii(text[at++]);
+        } else {
+            appendUtf8(result, change(nextCodePoint(text, at)));
+        }
     }
-    text.remove_prefix(length);
-    return lower(c);
+    return result;
 }
 
 }  // namespace
@@ -56,24 +45,17 @@ std::string trim(std::string_view text) {
 }
 
 std::string toLower(std::string_view text) {
-    std::string result;
-    result.reserve(text.size());
-    while (!text.empty()) {
-        const char32_t c = takeLower(text);
-        if (c >= 0x80 && c < 0x10000) {
-            result += static_cast<char>(0xC0 | c >> 6);
-            result += static_cast<char>(0x80 | (c & 0x3F));
-        } else {
-            result += static_cast<char>(c & 0xFF);
-        }
-    }
-    return result;
+    return changeCharacters(text, lowerCase);
+}
+
+std::string foldCase(std::string_view text) {
+    return changeCharacters(text, tsln::foldCase);
 }
 
 int compareNoCase(std::string_view a, std::string_view b) noexcept {
     while (!a.empty() && !b.empty()) {
-        const char32_t x = takeLower(a);
-        const char32_t y = takeLower(b);
+        const char32_t x = takeFolded(a);
+        const char32_t y = takeFolded(b);
         if (x != y) return x < y ? -1 : 1;
     }
     return static_cast<int>(!a.empty()) - static_cast<int>(!b.empty());
@@ -85,22 +67,20 @@ bool equalNoCase(std::string_view a, std::string_view b) noexcept {
 
 char* writeSortKey(char* to, std::string_view text) noexcept {
     while (!text.empty()) {
-        const auto byte = static_cast<unsigned char>(text.front());
-        if (byte > 1 && byte < 0x80) {
-            *to++ = byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte + ('a' - 'A')) : text.front();
+        if (isAscii(text.front()) && text.front() > 1) {
+            *to++ = lowerAscii(text.front());
             text.remove_prefix(1);
             continue;
         }
-        const char32_t c = takeLower(text);
-        if (c <= 1) {  // zero is kept free, and one stands before what took its place
+        const char32_t c = takeFolded(text);
+        if (c <= 1) {  // a key holds no zero: 0 is written as 1 1, and 1 as 1 2
             *to++ = 1;
             *to++ = static_cast<char>(c + 1);
-        } else if (c < 0x10000) {
-            *to++ = static_cast<char>(0xC0 | c >> 6);
-            *to++ = static_cast<char>(0x80 | (c & 0x3F));
-        } else {
-            *to++ = static_cast<char>(0xFF);  // above all characters of two bytes
+        } else if (c >= strayByte) {
+            *to++ = static_cast<char>(0xFF);  // above the first byte of every character
             *to++ = static_cast<char>(c & 0xFF);
+        } else {
+            to = writeUtf8(to, c);
         }
     }
     return to;

@@ -26,7 +26,7 @@ pugi::xml_node findField(Record record, std::string_view field) {
     return {};
 }
 
-/// All text below the element, put together.
+/// The concatenated text of the element and everything below it.
 std::string joinText(pugi::xml_node element) {
     std::string text = element.value();
     for (pugi::xml_node node = element.first_child(); node;) {
@@ -51,7 +51,7 @@ T readNumberField(std::string_view field, Record record, T otherwise) {
     return value;
 }
 
-/// "2011-03-04T10:20:30" as "03/04/2011 10:20:30"; a text of another form as it is.
+/// Converts "2011-03-04T10:20:30" to "03/04/2011 10:20:30"; returns a text of another form unchanged.
 std::string_view rebuildXmlDate(std::string_view text, std::string& scratch) {
     const std::size_t letter = text.find('T');
     if (letter == text.npos) return text;
@@ -74,8 +74,10 @@ Records Records::read(std::string text) {
     records.document_ = std::make_unique<Document>();
     Document& document = *records.document_;
     document.text = std::move(text);
+    // The size includes the zero behind the text. Otherwise the parser accepts some texts with a zero inside
+    // as if they ended there.
     const pugi::xml_parse_result result = document.nodes.load_buffer_inplace(
-        document.text.data(), document.text.size(), parseOptions, pugi::encoding_utf8);
+        document.text.data(), document.text.size() + 1, parseOptions, pugi::encoding_utf8);
     if (!result) {
         records.error_ = std::string("The query result is not well-formed XML: ") + result.description() +
                          " (byte " + std::to_string(result.offset) + ").";

@@ -10,15 +10,15 @@
 
 #include "automation/Variant.h"
 
-/// Rows of query results: elements at "Records/Record" whose child elements are the columns.
+/// Rows of query results: the elements at "Records/Record". Their child elements are the columns.
 namespace tsln::modSharedXML {
 
-/// How documents are parsed. Values are stored in their elements, which halves the memory; blanks as a value
-/// are kept.
+/// The options for pugixml. Values are stored in their elements, which halves the memory, and a value that
+/// consists of blanks is kept.
 inline constexpr unsigned parseOptions =
     pugi::parse_default | pugi::parse_ws_pcdata_single | pugi::parse_embed_pcdata;
 
-/// One row, or no row. A light handle: copy it freely, but only while its Records live.
+/// A handle to one row, or to none. Cheap to copy; valid as long as its Records exist.
 class Record {
   public:
     Record() = default;
@@ -37,13 +37,13 @@ class Records {
     /// No rows.
     Records() = default;
 
-    /// Parses a result's text, which is taken over to save a copy. An empty text, or a document of another
-    /// shape, has no rows. Text that is no XML raises HostError(code::fail) saying where it goes wrong.
+    /// Parses the text of a result. An empty text and a document of another form have no rows. Text that is
+    /// no XML raises HostError(code::fail), whose text tells the place of the fault.
     static Records parse(std::string text);
-    /// As parse(), but what would be raised is kept in error(), and there are no rows.
+    /// Parses like parse(), but instead of raising an error gives no rows and keeps its text in error().
     static Records read(std::string text);
 
-    /// What was wrong with the text; empty when nothing was.
+    /// The text of the error that read() kept; empty when there was none.
     const std::string& error() const noexcept { return error_; }
 
     std::size_t count() const noexcept { return count_; }
@@ -81,7 +81,7 @@ class Records {
     Iterator end() const { return Iterator(); }
 
   private:
-    /// The nodes point into the text, so both stay where they are when the Records move.
+    /// The nodes point into the text, so both are kept at one place when the Records move.
     struct Document {
         std::string text;
         pugi::xml_document nodes;
@@ -93,39 +93,42 @@ class Records {
     std::string error_;
 };
 
-/// The rows of what "ExecuteRead" returned. Nothing raises HostError(code::objectNotSet), a value that is no
-/// object code::typeMismatch, text that is no XML code::fail.
+/// The rows of a document that the host's "ExecuteRead" returned. A null object raises
+/// HostError(code::objectNotSet), a value that is no object code::typeMismatch, text that is no XML
+/// code::fail.
 Records readRecords(const Variant& document);
 
-/// The text of what "ExecuteRead" returned; raises as readRecords() does, but does not look into the text.
+/// The text of a document that the host's "ExecuteRead" returned. Raises errors like readRecords(), but
+/// accepts any text.
 std::string readDocument(const Variant& document);
 
 /// The field readers never fail: a missing row, a missing column (a NULL), an empty value and a value that
-/// cannot be converted or does not fit give the default. Field names compare with letter case; of columns
-/// with the same name the first counts.
+/// cannot be converted or does not fit give the default. Field names are compared with letter case. Of
+/// columns with the same name the first one counts.
 std::string readText(std::string_view field, Record record, std::string_view otherwise = {});
 std::int32_t readLong(std::string_view field, Record record, std::int32_t otherwise = 0);
 std::int16_t readInteger(std::string_view field, Record record, std::int16_t otherwise = 0);
 float readSingle(std::string_view field, Record record, float otherwise = 0);
-/// "true", "1", "-1", "yes" and "false", "0", "no" in any letter case, else as text converts to a boolean.
+/// Reads "true", "1", "-1", "yes" and "false", "0", "no" in any letter case, and other text like
+/// Variant::toBoolean.
 bool readBoolean(std::string_view field, Record record, bool otherwise = false);
-/// Any date text, and the XML form 2011-03-04T10:20:30.
+/// Reads all forms of readDateText, and the XML form 2011-03-04T10:20:30.
 Date readDate(std::string_view field, Record record, Date otherwise = {});
 
-/// The field's text, empty when there is none, without a copy wherever possible: the view points into the
-/// document or, when something had to be decoded, into `scratch`.
+/// The field's text, or an empty one, without a copy where possible: the view points into the document, or
+/// into `scratch` if the text had to be decoded.
 std::string_view viewText(std::string_view field, Record record, std::string& scratch);
 
-/// The readers' conversions, of a field's text that is in hand.
+/// Convert the text of a field as readLong and readBoolean do.
 std::int32_t toLong(std::string_view text, std::int32_t otherwise = 0);
 bool toBoolean(std::string_view text, bool otherwise = false);
 /// Nothing for a text that is no date.
 std::optional<Date> toDate(std::string_view text);
 
-/// Field text as it stands in a document: carriage returns as "&#13;", line feeds as "&#10;".
+/// Encodes a text as documents store it: carriage returns as "&#13;", line feeds as "&#10;".
 std::string encodeFieldText(std::string_view text);
-/// The reverse of encodeFieldText. The second form returns `text` itself when nothing is to be decoded, else
-/// a view of `scratch`, which `text` must not point into.
+/// The reverse of encodeFieldText. The second form returns `text` itself if nothing is encoded in it, else a
+/// view of `scratch`, which `text` must not point into.
 std::string decodeFieldText(std::string_view text);
 std::string_view decodeFieldText(std::string_view text, std::string& scratch);
 

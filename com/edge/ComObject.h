@@ -3,7 +3,7 @@
 #include <atomic>
 
 #include "com/edge/Platform.h"
-// clang-format off: stands on the one above
+// clang-format off: needs Platform.h first
 #include <wrl/client.h>
 // clang-format on
 
@@ -11,7 +11,8 @@ namespace tsln::com {
 
 using Microsoft::WRL::ComPtr;
 
-/// Takes over a reference that belongs to the caller. ComPtr::Attach() of mingw-w64 10 takes one more.
+/// Takes over a reference that belongs to the caller. ComPtr::Attach() cannot be used: that of mingw-w64 10
+/// adds a reference.
 template <class Interface>
 ComPtr<Interface> adopt(Interface* reference) noexcept {
     ComPtr<Interface> pointer;
@@ -19,12 +20,12 @@ ComPtr<Interface> adopt(Interface* reference) noexcept {
     return pointer;
 }
 
-/// How many of this module's COM objects the outside holds, and how often it has locked the module.
+/// The number of this module's COM objects that exist, plus the number of locks on the module.
 std::atomic<long>& moduleReferences() noexcept;
 
-/// Identity, lifetime and interface lookup of a COM object that offers the interfaces named, the first being
-/// the one asked for as IUnknown; IDispatch is answered by the first that has it. Made with one reference,
-/// which belongs to the maker: `adopt(new X(...))`
+/// Implements IUnknown for a COM object that offers the given interfaces. The first of them answers for
+/// IUnknown, and the first that derives from IDispatch answers for IDispatch. A new object has one reference,
+/// which belongs to its creator: `adopt(new X(...))`
 template <class First, class... Others>
 class ComObject : public First, public Others... {
   public:

@@ -1,8 +1,11 @@
 #include "com/edge/Conversion.h"
 
+#include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <limits>
 
+#include "com/edge/ArrayObject.h"
 #include "com/edge/DispatchObject.h"
 #include "com/edge/Failure.h"
 #include "com/edge/ObjectDispatch.h"
@@ -21,7 +24,7 @@ void check(HRESULT result) {
 
 constexpr double wholeLimit = 9007199254740992;  // 2^53: whole numbers below it are exact in a double
 
-/// A number with a fraction part that may be none.
+/// A whole number if the value is one, else the value itself.
 Variant number(double value) {
     if (value == std::floor(value) && std::fabs(value) < wholeLimit) return static_cast<std::int64_t>(value);
     return value;
@@ -41,21 +44,26 @@ ObjectPtr fromUnknown(IUnknown* unknown) {
     return fromDispatch(dispatch.Get());
 }
 
-}  // namespace
+constexpr int mostLinks = 16;  // of a chain of references; a chain that refers to itself has no end
 
-Variant fromCom(const VARIANT& value) {
-    if (V_VT(&value) == (VT_VARIANT | VT_BYREF)) {
-        if (!V_VARIANTREF(&value)) mismatch("a reference to nothing");
-        const VARIANT& inner = *V_VARIANTREF(&value);
-        if (V_VT(&inner) == (VT_VARIANT | VT_BYREF)) mismatch("a reference to a reference");
-        return fromCom(inner);
+/// The last reference of a chain: the one that points to the variable itself. Returns a plain value
+/// unchanged.
+const VARIANT& lastLink(const VARIANT& value) {
+    const VARIANT* link = &value;
+    for (int links = 0; V_VT(link) == (VT_VARIANT | VT_BYREF); ++links) {
+        const VARIANT* const inner = V_VARIANTREF(link);
+        if (!inner || !V_ISBYREF(inner)) break;
+        if (links == mostLinks) mismatch("a chain of references without an end");
+        link = inner;
     }
-    if (V_ISARRAY(&value)) mismatch("an array");
-    if (V_ISBYREF(&value)) {
-        if (!V_BYREF(&value)) mismatch("a reference to nothing");
-        OwnedVariant copy;
-        check(VariantCopyInd(copy.get(), const_cast<VARIANT*>(&value)));
-        return fromCom(*copy);
+    if (V_ISBYREF(link) && !V_BYREF(link)) mismatch("a reference to nothing");
+    return *link;
+}
+
+Variant fromValue(const VARIANT& value) {
+    if (V_ISARRAY(&value)) {
+        const auto type = static_cast<VARTYPE>(V_VT(&value) & ~VT_ARRAY);
+        return ObjectPtr(std::make_shared<ArrayObject>(type, V_ARRAY(&value)));
     }
     switch (V_VT(&value)) {
         case VT_EMPTY:
@@ -109,6 +117,57 @@ Variant fromCom(const VARIANT& value) {
     }
 }
 
+}  // namespace
+
+std::size_t sizeOf(VARTYPE type) noexcept {
+    if (type & VT_ARRAY) return sizeof(SAFEARRAY*);
+    switch (type) {
+        case VT_I1:
+        case VT_UI1:
+            return 1;
+        case VT_I2:
+        case VT_UI2:
+        case VT_BOOL:
+            return 2;
+        case VT_I4:
+        case VT_UI4:
+        case VT_INT:
+        case VT_UINT:
+        case VT_ERROR:
+        case VT_R4:
+            return 4;
+        case VT_I8:
+        case VT_UI8:
+        case VT_R8:
+        case VT_CY:
+        case VT_DATE:
+            return 8;
+        case VT_DECIMAL:
+            return sizeof(DECIMAL);
+        case VT_BSTR:
+        case VT_DISPATCH:
+        case VT_UNKNOWN:
+            return sizeof(void*);
+        case VT_VARIANT:
+            return sizeof(VARIANT);
+        default:
+            return 0;
+    }
+}
+
+Variant fromCom(const VARIANT& value) {
+    const VARIANT& link = lastLink(value);
+    if (!V_ISBYREF(&link)) return fromValue(link);
+    if (V_VT(&link) == (VT_VARIANT | VT_BYREF)) return fromValue(*V_VARIANTREF(&link));
+    if (V_ISARRAY(&link)) {
+        const auto type = static_cast<VARTYPE>(V_VT(&link) & ~(VT_ARRAY | VT_BYREF));
+        return ObjectPtr(std::make_shared<ArrayObject>(type, *V_ARRAYREF(&link)));
+    }
+    OwnedVariant copy;
+    check(VariantCopyInd(copy.get(), const_cast<VARIANT*>(&link)));
+    return fromValue(*copy);
+}
+
 void toCom(const Variant& value, VARIANT& out) {
     VariantInit(&out);
     const auto set = [&out]<class T>(const T& held) {
@@ -147,6 +206,7 @@ void toCom(const Variant& value, VARIANT& out) {
             V_BSTR(&out) = newBstr(held);
             V_VT(&out) = VT_BSTR;
         } else if constexpr (std::is_same_v<T, ObjectPtr>) {
+            if (const auto* array = dynamic_cast<const ArrayObject*>(held.get())) return array->copyTo(out);
             V_DISPATCH(&out) = newDispatch(held);
             V_VT(&out) = VT_DISPATCH;
         }
@@ -154,56 +214,32 @@ void toCom(const Variant& value, VARIANT& out) {
     std::visit(set, value.held());
 }
 
+Assignment::Assignment(const VARIANT& reference, const Variant& value) : reference_(lastLink(reference)) {
+    if (!V_ISBYREF(&reference_)) mismatch("a value in the place of a variable");
+    toCom(value, *value_);
+    const auto type = static_cast<VARTYPE>(V_VT(&reference_) & ~VT_BYREF);
+    if (type == VT_VARIANT) return;
+    if (sizeOf(type) == 0) mismatch("a variable that cannot be written");
+    check(VariantChangeType(value_.get(), value_.get(), 0, type));
+}
+
+void Assignment::carryOut() noexcept {
+    const auto type = static_cast<VARTYPE>(V_VT(&reference_) & ~VT_BYREF);
+    if (type == VT_VARIANT) {
+        std::swap(*V_VARIANTREF(&reference_), *value_);
+    } else if (type == VT_DECIMAL) {
+        *V_DECIMALREF(&reference_) = V_DECIMAL(value_.get());
+        V_DECIMALREF(&reference_)->wReserved = 0;  // in a variant, this field is the type
+    } else {
+        // All other values lie at the same offset in a variant. value_ takes the old value and releases it.
+        auto* const variable = static_cast<std::byte*>(V_BYREF(&reference_));
+        std::swap_ranges(variable, variable + sizeOf(type),
+                         reinterpret_cast<std::byte*>(&V_NONE(value_.get())));
+    }
+}
+
 void assignReference(const VARIANT& reference, const Variant& value) {
-    OwnedVariant converted;
-    toCom(value, *converted);
-    if (V_VT(&reference) == (VT_VARIANT | VT_BYREF)) {
-        check(VariantCopy(V_VARIANTREF(&reference), converted.get()));
-        return;
-    }
-    const auto type = static_cast<VARTYPE>(V_VT(&reference) & ~VT_BYREF);
-    check(VariantChangeType(converted.get(), converted.get(), 0, type));
-    switch (type) {
-        case VT_BSTR:
-            std::swap(*V_BSTRREF(&reference), V_BSTR(converted.get()));
-            return;  // what the variable held goes with `converted`
-        case VT_DISPATCH:
-            std::swap(*V_DISPATCHREF(&reference), V_DISPATCH(converted.get()));
-            return;
-        case VT_UNKNOWN:
-            std::swap(*V_UNKNOWNREF(&reference), V_UNKNOWN(converted.get()));
-            return;
-        case VT_I1:
-        case VT_UI1:
-            *V_UI1REF(&reference) = V_UI1(converted.get());
-            return;
-        case VT_I2:
-        case VT_UI2:
-        case VT_BOOL:
-            *V_I2REF(&reference) = V_I2(converted.get());
-            return;
-        case VT_I4:
-        case VT_UI4:
-        case VT_INT:
-        case VT_UINT:
-        case VT_ERROR:
-        case VT_R4:
-            *V_I4REF(&reference) = V_I4(converted.get());
-            return;
-        case VT_I8:
-        case VT_UI8:
-        case VT_R8:
-        case VT_CY:
-        case VT_DATE:
-            *V_I8REF(&reference) = V_I8(converted.get());
-            return;
-        case VT_DECIMAL:
-            *V_DECIMALREF(&reference) = V_DECIMAL(converted.get());
-            V_DECIMALREF(&reference)->wReserved = 0;
-            return;
-        default:
-            mismatch("a variable that cannot be written");
-    }
+    Assignment(reference, value).carryOut();
 }
 
 IDispatch* newDispatch(const ObjectPtr& object) {

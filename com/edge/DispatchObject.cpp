@@ -9,8 +9,8 @@
 namespace tsln::com {
 namespace {
 
-/// The arguments of one call in the platform's form: in reverse order, references pointing into values that
-/// live as long as the call.
+/// The arguments of one call as the platform expects them: in reverse order. By-reference arguments refer to
+/// variants of this object.
 class PassedArguments {
   public:
     explicit PassedArguments(Arguments arguments) : arguments_(arguments), list_(arguments.count()) {
@@ -18,7 +18,7 @@ class PassedArguments {
             OwnedVariant& value = values_.emplace_back();
             toCom(arguments[i], *value);
             VARIANT& passed = list_[list_.size() - 1 - i];
-            passed = *value;  // the value stays the owner
+            passed = *value;  // a plain copy: `value` stays the owner
             if (arguments.all()[i].isByReference()) refer(passed, *value);
         }
     }
@@ -26,7 +26,7 @@ class PassedArguments {
     VARIANT* list() { return list_.data(); }
     UINT count() const { return static_cast<UINT>(list_.size()); }
 
-    /// Gives the caller's variables what the call has left in them.
+    /// Writes the values after the call to the caller's variables.
     void writeBack() {
         for (std::size_t i = 0; i < arguments_.count(); ++i) {
             if (arguments_.all()[i].isByReference()) arguments_.assign(i, fromCom(*values_[i]));
@@ -34,8 +34,9 @@ class PassedArguments {
     }
 
   private:
-    /// A variable has the type of what it holds, so that it can be passed to a member declared with that
-    /// type; one that holds nothing yet can take anything.
+    /// Makes `passed` a reference to the value. A variable is passed with the type of its value, as a member
+    /// that is declared with that type requires; a variable without a value is passed as a variant, which
+    /// takes any type.
     static void refer(VARIANT& passed, VARIANT& value) {
         const VARTYPE type = V_VT(&value);
         if (type == VT_EMPTY || type == VT_NULL || type == VT_ERROR) {
@@ -77,18 +78,19 @@ DISPID DispatchObject::idOf(std::string_view member) const {
 }
 
 Variant DispatchObject::invoke(std::string_view member, Access access, Arguments arguments) {
-    // Whatever the call does to the holder of this object.
+    // The call may release this object.
     const ComPtr<IDispatch> alive = dispatch_;
     const ComPtr<IDispatchEx> scripted = scripted_;
     const DISPID id = idOf(member);
     PassedArguments passed(arguments);
     DISPID putId = DISPID_PROPERTYPUT;
     DISPPARAMS parameters{passed.list(), nullptr, passed.count(), 0};
-    WORD flags = DISPATCH_METHOD | DISPATCH_PROPERTYGET;  // what has a value is read or called alike
+    WORD flags =
+        DISPATCH_METHOD | DISPATCH_PROPERTYGET;  // the caller does not know which of both the member is
     if (access == Access::Put) {
         parameters.rgdispidNamedArgs = &putId;
         parameters.cNamedArgs = 1;
-        // Objects are set by reference, which not every object tells from the other way.
+        // A property that holds an object is set by PROPERTYPUTREF; some objects accept PROPERTYPUT only.
         const bool isObject = passed.count() > 0 && V_VT(passed.list()) == VT_DISPATCH;
         flags = isObject ? DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF : DISPATCH_PROPERTYPUT;
     }

@@ -6,8 +6,9 @@
 
 namespace tsln::com {
 
-/// An object of the outside, reached by name: each call looks its member up anew. What the object raises
-/// comes as HostError with its code, source and text; variables passed by reference are written back.
+/// A COM object that is called by member names; each call looks up the member's number again. Errors of the
+/// object are raised as HostError with their code, source and text. Arguments passed by reference are written
+/// back.
 class DispatchObject : public Object {
   public:
     /// Takes a reference of its own. `dispatch` is not null.
@@ -21,11 +22,11 @@ class DispatchObject : public Object {
     DISPID idOf(std::string_view member) const;
 
     ComPtr<IDispatch> dispatch_;
-    ComPtr<IDispatchEx> scripted_;  // objects of script engines may answer by name through this one alone
+    ComPtr<IDispatchEx> scripted_;  // some objects of script engines find members by this interface only
 };
 
 /// Creates a component of the platform by its program identifier. Raises HostError with
-/// code::classNotRegistered or what the component's server answered.
+/// code::classNotRegistered, or with the error of the component's server.
 ObjectPtr createComponent(std::string_view programId);
 
 }  // namespace tsln::com

@@ -18,7 +18,7 @@ std::string takeText(BSTR& text) {
     return taken;
 }
 
-/// By the thread's error object, where callers of a method that is no late-bound one look.
+/// Sets the thread's error object, which callers of methods other than IDispatch::Invoke read.
 void setErrorObject(const std::string& source, const std::string& text) {
     ComPtr<ICreateErrorInfo> error;
     if (FAILED(CreateErrorInfo(&error))) return;
@@ -29,7 +29,7 @@ void setErrorObject(const std::string& source, const std::string& text) {
 }
 
 HRESULT tell(const HostError& error, EXCEPINFO* told) {
-    // An error's code is a failure to whoever called; a number that is none would read as success.
+    // A code of zero or above would mean success to the caller.
     const HRESULT code = error.code() < 0 ? error.code() : E_FAIL;
     const std::string source = error.source().empty() ? moduleName : error.source();
     if (!told) {
@@ -67,7 +67,7 @@ HostError errorOf(HRESULT result, EXCEPINFO& told, const std::string& member) {
     std::string text = takeText(told.bstrDescription);
     takeText(told.bstrHelpFile);
     HRESULT code = told.scode;
-    // Errors that the platform's own languages number by 16 bits.
+    // Some languages of the platform set a 16-bit number instead of a result code.
     if (code == S_OK && told.wCode) code = static_cast<HRESULT>(0x800A0000u | told.wCode);
     if (code >= 0) code = E_FAIL;
     if (source.empty()) source = member;
@@ -86,10 +86,10 @@ HRESULT tellException(EXCEPINFO* told) noexcept {
         } catch (const std::exception& error) {
             return tell({code::fail, moduleName, error.what()}, told);
         } catch (...) {
-            return tell({code::fail, moduleName, "Something went wrong that has no name."}, told);
+            return tell({code::fail, moduleName, "Unknown error."}, told);
         }
     } catch (...) {
-        return E_OUTOFMEMORY;  // no memory left even to tell it
+        return E_OUTOFMEMORY;  // making the error's texts failed
     }
 }
 

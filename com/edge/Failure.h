@@ -5,17 +5,18 @@
 
 namespace tsln::com {
 
-/// The platform's own words for a result code, or its number where it has none.
+/// The platform's text for a result code, or a text with its number if there is none.
 std::string textOf(HRESULT result);
 
-/// What an object told of the error that ended a call; takes the texts over and leaves `told` empty.
+/// The error of a failed IDispatch::Invoke, made from its result and the EXCEPINFO. Frees the texts of
+/// `told`.
 HostError errorOf(HRESULT result, EXCEPINFO& told, const std::string& member);
 
-/// Tells the running exception, as guarded() does.
+/// Reports the exception that is being handled, as guarded() does.
 HRESULT tellException(EXCEPINFO* told) noexcept;
 
-/// Runs `call`, which answers a result code, and lets no C++ exception out: a failure is told to the caller
-/// by `told` where that is given (late-bound calls), else by the thread's error object.
+/// Returns the result code of `call`, and lets no C++ exception out: an exception becomes a result code, with
+/// source and text in `told` if that is given (late-bound calls), else in the thread's error object.
 HRESULT guarded(const auto& call, EXCEPINFO* told) noexcept {
     try {
         return call();

@@ -6,14 +6,15 @@
 
 #include "com/edge/Conversion.h"
 #include "com/edge/Failure.h"
+#include "com/edge/ReceivedArguments.h"
 #include "com/edge/Wide.h"
 
 namespace tsln::com {
 namespace {
 
-const char moduleTag = 0;  // its address alone counts
+const char moduleTag = 0;  // only its address is used
 
-/// Numbers for member names, the same for all objects of the module.
+/// The numbers of member names. All objects of the module share them.
 class MemberNames {
   public:
     DISPID idOf(const std::string& name) {
@@ -25,7 +26,7 @@ class MemberNames {
         if (isNew) names_.push_back(name);
         return at->second;
     }
-    /// Empty when there is no such number.
+    /// The name of the number; empty when there is no such number.
     std::string nameOf(DISPID id) {
         const std::lock_guard lock(mutex_);
         return id >= 1 && static_cast<std::size_t>(id) <= names_.size()
@@ -50,33 +51,6 @@ Access accessOf(WORD flags) {
 }
 
 }  // namespace
-
-// Arguments ---------------------------------------------------------------------------------------
-
-ReceivedArguments::ReceivedArguments(const DISPPARAMS& parameters) {
-    const bool isPut = parameters.cNamedArgs == 1 && parameters.rgdispidNamedArgs[0] == DISPID_PROPERTYPUT;
-    if (parameters.cNamedArgs > 0 && !isPut)
-        throw HostError(DISP_E_NONAMEDARGS, "Automation", textOf(DISP_E_NONAMEDARGS));
-    variables_.reserve(parameters.cArgs);  // references point into it
-    for (UINT i = parameters.cArgs; i-- > 0;) {
-        const VARIANT& value = parameters.rgvarg[i];
-        if (!V_ISBYREF(&value)) {
-            arguments_.emplace_back(fromCom(value));
-            continue;
-        }
-        Variable& variable = variables_.emplace_back(Variable{&value, fromCom(value), {}});
-        variable.before = variable.value;
-        arguments_.push_back(Argument::byReference(variable.value));
-    }
-}
-
-void ReceivedArguments::writeBack() {
-    for (Variable& variable : variables_) {
-        if (variable.value != variable.before) assignReference(*variable.reference, variable.value);
-    }
-}
-
-// The object --------------------------------------------------------------------------------------
 
 ObjectPtr ObjectDispatch::objectOf(IDispatch* dispatch) {
     ComPtr<IOwnObject> own;
@@ -121,9 +95,10 @@ STDMETHODIMP ObjectDispatch::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPAR
             if (member.empty()) return DISP_E_MEMBERNOTFOUND;
             const ObjectPtr object = object_;  // the call may release this
             ReceivedArguments received(*parameters);
-            const Variant answer = object->invoke(member, accessOf(flags), received.arguments());
+            OwnedVariant answer;
+            toCom(object->invoke(member, accessOf(flags), received.arguments()), *answer);
             received.writeBack();
-            if (result) toCom(answer, *result);
+            if (result) std::swap(*result, *answer);
             return S_OK;
         },
         told);

@@ -5,8 +5,9 @@
 
 namespace tsln::com {
 
-/// Tells whether an object behind IDispatch is one of this module's own. Only the pointer to the tag is
-/// compared, so that another module built from the same sources is not taken for this one.
+/// An interface by which this module recognises its own objects behind an IDispatch. Each module has a tag of
+/// its own and compares its address, so that an object of another module built from the same sources is not
+/// mistaken for one of this module.
 struct DECLSPEC_UUID("5b1f5f0e-2c53-4b6b-9d5c-6c5a3f0e7a21") IOwnObject : IUnknown {
     virtual void* STDMETHODCALLTYPE ownObject(const void* moduleTag) noexcept = 0;
 };
@@ -18,14 +19,14 @@ __CRT_UUID_DECL(tsln::com::IOwnObject, 0x5b1f5f0e, 0x2c53, 0x4b6b, 0x9d, 0x5c, 0
 
 namespace tsln::com {
 
-/// One of our objects as the platform reaches it: by name alone. Names are given numbers as they are asked
-/// for, so only the call itself tells whether there is such a member (DISP_E_UNKNOWNNAME).
+/// The IDispatch of one of our objects. GetIDsOfNames gives a number to any name; whether the object has such
+/// a member is found by Invoke (DISP_E_UNKNOWNNAME).
 class ObjectDispatch : public ComObject<IDispatch, IOwnObject> {
   public:
     /// `object` is not null.
     explicit ObjectDispatch(ObjectPtr object) : object_(std::move(object)) {}
 
-    /// The object behind `dispatch` if that is one of this module's, else null.
+    /// The object behind `dispatch` if this module made it, else null.
     static ObjectPtr objectOf(IDispatch* dispatch);
 
     STDMETHODIMP GetTypeInfoCount(UINT* count) noexcept override;
@@ -38,27 +39,6 @@ class ObjectDispatch : public ComObject<IDispatch, IOwnObject> {
 
   private:
     ObjectPtr object_;
-};
-
-/// The arguments of a late-bound call from the outside as ours, for as long as the call lasts: in their
-/// order, variables passed by reference as such.
-class ReceivedArguments {
-  public:
-    /// Named arguments other than a property's new value raise HostError(DISP_E_NONAMEDARGS).
-    explicit ReceivedArguments(const DISPPARAMS& parameters);
-
-    Arguments arguments() { return Arguments(arguments_); }
-    /// Gives the caller's variables what the call has left in them, where it changed them.
-    void writeBack();
-
-  private:
-    struct Variable {
-        const VARIANT* reference;
-        Variant value;
-        Variant before;
-    };
-    std::vector<Variable> variables_;
-    std::vector<Argument> arguments_;
 };
 
 }  // namespace tsln::com

@@ -1,7 +1,6 @@
 #pragma once
 
-// The platform's headers, in the one order and with the one set of switches that all files here can live
-// with.
+// The platform's headers, always in the same order and with the same macros.
 
 #ifndef NOMINMAX
 #define NOMINMAX
@@ -11,7 +10,7 @@
 #endif
 
 #include <windows.h>
-// clang-format off: stand on the one above
+// clang-format off: these need windows.h first
 #include <dispex.h>
 #include <ole2.h>
 #include <oleauto.h>

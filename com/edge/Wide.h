@@ -7,17 +7,17 @@
 
 namespace tsln::com {
 
-/// UTF-8 to the platform's UTF-16. What is no UTF-8 becomes the replacement character. No length limit but
-/// the platform's (2 GB).
+/// Converts UTF-8 to the platform's UTF-16. Bytes that are no UTF-8 become replacement characters. A text may
+/// have up to 2 GB.
 std::wstring toWide(std::string_view utf8);
 
-/// UTF-16 to UTF-8; halves of a surrogate pair that stand alone become the replacement character.
+/// Converts UTF-16 to UTF-8. A surrogate without its other half becomes a replacement character.
 std::string toUtf8(std::wstring_view wide);
 
-/// An automation string as text; a null one is empty. Zero characters inside are kept.
+/// The text of an automation string, including any zero characters; empty for null.
 std::string fromBstr(BSTR text);
 
-/// A new automation string, owned by the caller. Throws std::bad_alloc.
+/// Makes an automation string, which the caller owns. Throws std::bad_alloc.
 BSTR newBstr(std::string_view utf8);
 
 }  // namespace tsln::com

@@ -1,3 +1,3 @@
 @echo off
-rem Makes tslnmaint5.Library known to this machine. Needs an administrator's rights.
+rem Registers tslnmaint5.Library on this machine. Needs administrator rights.
 regsvr32 %1 "%~dp0tslnmaint5.dll"

@@ -1,3 +1,3 @@
 @echo off
-rem Takes tslnmaint5.Library back from this machine, without a trace. Needs an administrator's rights.
+rem Removes the registration of tslnmaint5.Library. Needs administrator rights.
 regsvr32 /u %1 "%~dp0tslnmaint5.dll"

@@ -4,7 +4,7 @@
 
 namespace tsln::com {
 
-/// Makes instances of `Library`. They cannot be part of another object.
+/// Creates instances of `Library`. Aggregation is not supported.
 class ClassFactory : public ComObject<IClassFactory> {
   public:
     STDMETHODIMP CreateInstance(IUnknown* outer, REFIID iid, void** out) noexcept override;

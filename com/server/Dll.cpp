@@ -1,4 +1,4 @@
-// What the module exports: how the system gets its class, asks whether it may unload it, and registers it.
+// The exported functions of the module: class object, unloading and registration.
 
 #include "com/edge/Failure.h"
 #include "com/server/ClassFactory.h"

@@ -15,7 +15,7 @@ namespace {
 
 constexpr int manifestResource = 2;  // ISOLATIONAWARE_MANIFEST_RESOURCE_ID
 
-/// The toolkit's idea of a program: here only a guest in another one.
+/// The wxWidgets application object. The process and its message loop belong to the host.
 class GuestApp : public wxApp {
   public:
     bool OnInit() override {
@@ -24,7 +24,9 @@ class GuestApp : public wxApp {
         return true;
     }
     void OnUnhandledException() override {}
-    bool OnExceptionInMainLoop() override { return true; }  // a slip of one window is no end of the host
+    bool OnExceptionInMainLoop() override {
+        return true;
+    }  // an exception in one window must not end the host
 };
 
 HANDLE createLook() {

@@ -6,25 +6,26 @@
 
 namespace tsln::com {
 
-/// The windows of the module: started for the first screen, ended with the last Library of the process, any
-/// number of times. All screens of a process open on one thread, the host's user-interface thread.
+/// The start and end of wxWidgets in the host's process. wxWidgets starts with the first screen and ends with
+/// the last Library; both may happen any number of times. All screens of a process open on one thread, the
+/// host's user-interface thread.
 class FrontEnd {
   public:
-    /// The one that lives, or a new one.
+    /// The existing front end of the process, or a new one.
     static std::shared_ptr<FrontEnd> shared();
 
     ~FrontEnd();
     FrontEnd(const FrontEnd&) = delete;
     FrontEnd& operator=(const FrontEnd&) = delete;
 
-    /// Usable for windows once start() has been called.
+    /// The desktop. It can open windows after start().
     Desktop& desktop() noexcept { return desktop_; }
 
-    /// Gets the toolkit going, once. Raises HostError(RPC_E_WRONG_THREAD) when it runs on another thread, and
-    /// code::fail when it does not start.
+    /// Starts wxWidgets if it is not running. Raises HostError(RPC_E_WRONG_THREAD) when it runs on another
+    /// thread, and HostError(code::fail) when it does not start.
     void start();
 
-    /// The look of windows opened while it lives: that of this module's manifest rather than the host's.
+    /// While a Look exists, new windows get the look of this module's manifest instead of the host's.
     class Look {
       public:
         explicit Look(const FrontEnd& frontEnd) noexcept;
@@ -41,7 +42,7 @@ class FrontEnd {
     FrontEnd();
 
     desktop::WxDesktop desktop_;
-    unsigned long thread_ = 0;  // that the toolkit runs on; 0 until it does
+    unsigned long thread_ = 0;  // the thread of wxWidgets; 0 while it is not running
     void* look_;                // an activation context, or INVALID_HANDLE_VALUE
 };
 

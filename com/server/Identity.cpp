@@ -1,4 +1,4 @@
-// Gives the identifiers of the generated header their one definition: the order of these two does it.
+// Defines the identifiers that the generated header declares. initguid.h must come first.
 // clang-format off
 #include <initguid.h>
 #include "com/server/Identity.h"

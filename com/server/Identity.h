@@ -5,14 +5,15 @@
 
 namespace tsln::com {
 
-/// What the module is known by. The class, interface and library identifiers stand in tslnmaint5.idl.in; none
-/// of them may ever change, and the version only together with the host.
+/// The names and the version by which the module is registered. The identifiers of class, interface and type
+/// library stand in tslnmaint5.idl.in. They must never change; the version changes together with the host's
+/// only.
 inline constexpr wchar_t programId[] = L"tslnmaint5.Library";
 inline constexpr wchar_t description[] = L"TSLN 5.0 - Maintenance";
 inline constexpr unsigned short majorVersion = 5;
 inline constexpr unsigned short minorVersion = 0;
 
-/// The module that this code stands in.
+/// The module (DLL) that contains this code.
 HINSTANCE thisModule() noexcept;
 
 }  // namespace tsln::com

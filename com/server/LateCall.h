@@ -1,21 +1,22 @@
 #pragma once
 
-#include <vector>
-
 #include "bridge/Operations.h"
-#include "com/edge/Platform.h"
+#include "com/edge/ReceivedArguments.h"
 
 namespace tsln::com {
 
-/// An argument that a late-bound call passed wrongly: its error and its place in the caller's list.
+/// Thrown for a wrong argument of a late-bound call.
 struct WrongArgument {
     HRESULT error;
-    UINT place;
+    UINT place;  ///< in the caller's list, from 0
 };
 
-/// The arguments of a late-bound call to an operation, each at its place and of its type. Throws
-/// WrongArgument: DISP_E_TYPEMISMATCH, DISP_E_OVERFLOW, DISP_E_BADPARAMCOUNT for surplus ones and those given
-/// twice, DISP_E_PARAMNOTOPTIONAL for those left out, DISP_E_PARAMNOTFOUND for unknown named ones.
-std::vector<Argument> sortArguments(const OperationInfo& row, const DISPPARAMS& parameters);
+/// The arguments of a late-bound call to an operation, in the order and with the types of the operation
+/// table. The caller's variables must outlive the result. Throws WrongArgument with
+/// - DISP_E_TYPEMISMATCH or DISP_E_OVERFLOW for an argument that does not convert,
+/// - DISP_E_BADPARAMCOUNT for a surplus argument and for one that is given twice,
+/// - DISP_E_PARAMNOTOPTIONAL for one that is left out,
+/// - DISP_E_PARAMNOTFOUND for a named argument that the operation does not have.
+ReceivedArguments sortArguments(const OperationInfo& row, const DISPPARAMS& parameters);
 
 }  // namespace tsln::com

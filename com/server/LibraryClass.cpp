@@ -1,67 +1,74 @@
 #include "com/server/LibraryClass.h"
 
-#include "bridge/Library.h"
 #include "com/edge/Conversion.h"
 #include "com/edge/Failure.h"
 #include "com/edge/Wide.h"
 #include "com/server/FrontEnd.h"
 #include "com/server/LateCall.h"
 #include "com/server/TypeLibrary.h"
-#include "module/Module.h"
 
 namespace tsln::com {
 namespace {
 
 // By slot -----------------------------------------------------------------------------------------
 
-/// How a type of the operation table travels by slot.
+/// The type of an argument of a slot, and its variant type, for a type of the operation table.
 template <ValueType>
 struct Native;
 template <>
 struct Native<ValueType::Boolean> {
     using Type = VARIANT_BOOL;
+    static constexpr VARTYPE variantType = VT_BOOL;
 };
 template <>
 struct Native<ValueType::Integer> {
     using Type = SHORT;
+    static constexpr VARTYPE variantType = VT_I2;
 };
 template <>
 struct Native<ValueType::Long> {
     using Type = LONG;
+    static constexpr VARTYPE variantType = VT_I4;
 };
 template <>
 struct Native<ValueType::String> {
     using Type = BSTR;
+    static constexpr VARTYPE variantType = VT_BSTR;
 };
 template <>
 struct Native<ValueType::Variant> {
     using Type = VARIANT;
+    static constexpr VARTYPE variantType = VT_VARIANT;
 };
 template <>
 struct Native<ValueType::Object> {
     using Type = IDispatch*;
+    static constexpr VARTYPE variantType = VT_DISPATCH;
 };
 template <ValueType type>
 using ByValue = typename Native<type>::Type;
 template <ValueType type>
 using ByReference = typename Native<type>::Type*;
 
-/// What a caller by slot passed in a variable.
+/// The variant of a slot's argument that is passed by reference. It refers to the caller's variable.
 template <ValueType type>
-Variant given(const ByValue<type>* variable) {
-    if (!variable) throw HostError(E_POINTER, "Library", "A reference to nothing was passed.");
-    if constexpr (type == ValueType::Boolean) return *variable != VARIANT_FALSE;
-    if constexpr (type == ValueType::Integer) return static_cast<std::int16_t>(*variable);
-    if constexpr (type == ValueType::Long) return static_cast<std::int32_t>(*variable);
-    if constexpr (type == ValueType::String) return fromBstr(*variable);
-    if constexpr (type == ValueType::Variant) return fromCom(*variable);
-    if constexpr (type == ValueType::Object) return fromDispatch(*variable);
+VARIANT passed(ByReference<type> variable) {
+    VARIANT argument;
+    VariantInit(&argument);
+    V_VT(&argument) = static_cast<VARTYPE>(Native<type>::variantType | VT_BYREF);
+    V_BYREF(&argument) = variable;
+    return argument;
 }
 
-/// The same by value.
+/// The variant of a slot's argument that is passed by value.
 template <ValueType type>
-Variant given(ByValue<type> value) {
-    return given<type>(&value);
+VARIANT passed(ByValue<type> value) {
+    static_assert(type == ValueType::Long, "the table passes numbers by value only");
+    VARIANT argument;
+    VariantInit(&argument);
+    V_VT(&argument) = VT_I4;
+    V_I4(&argument) = value;
+    return argument;
 }
 
 void answer(const Variant& value, VARIANT_BOOL* result) {
@@ -76,12 +83,13 @@ void answer(const Variant& value, IDispatch** result) {
 
 // By name -----------------------------------------------------------------------------------------
 
-// A member's number is its row in the table, counted from one: zero is the platform's default member.
+// A member's number is its row in the operation table, from 1. The number 0 is reserved for the default
+// member.
 DISPID idOf(Operation operation) {
     return static_cast<DISPID>(operation) + 1;
 }
 
-/// The operation that the outside may call by that number.
+/// The public operation of that number.
 std::optional<Operation> operationOf(DISPID id) {
     if (id < 1 || static_cast<std::size_t>(id) > operations.size()) return {};
     const OperationInfo& row = operations[static_cast<std::size_t>(id) - 1];
@@ -100,16 +108,16 @@ std::optional<DISPID> argumentId(const OperationInfo& row, const std::string& na
 
 class LibraryClass : public ComObject<ILibrary, ISupportErrorInfo> {
   public:
-    LibraryClass()
+    explicit LibraryClass(const std::function<void(tsln::Library&)>& plugIn)
         : frontEnd_(FrontEnd::shared()), library_(std::make_shared<tsln::Library>(frontEnd_->desktop())) {
-        plugInModule(*library_);
+        plugIn(*library_);
     }
 
-// A slot for every row of the table. An argument is a triple that PARAMETER declares and GIVEN reads.
+// A slot for every row of the table. An argument is a triple that PARAMETER declares and PASSED reads.
 #define REF(TYPE, NAME) (ByReference, TYPE, NAME)
 #define VAL(TYPE, NAME) (ByValue, TYPE, NAME)
 #define PARAMETER(PASSING, TYPE, NAME) PASSING<ValueType::TYPE> NAME
-#define GIVEN(PASSING, TYPE, NAME) given<ValueType::TYPE>(NAME)
+#define PASSED(PASSING, TYPE, NAME) passed<ValueType::TYPE>(NAME)
 #define EACH_0(WHAT)
 #define EACH_1(WHAT, A) WHAT A
 #define EACH_2(WHAT, A, B) WHAT A, WHAT B
@@ -126,9 +134,7 @@ class LibraryClass : public ComObject<ILibrary, ISupportErrorInfo> {
 #define ANSWER_Object result
 #define SLOT(METHOD, NAME, VISIBILITY, RESULT, ...)                                                    \
     STDMETHODIMP METHOD(EACH(PARAMETER, __VA_ARGS__) RESULT_##RESULT(__VA_ARGS__)) noexcept override { \
-        return callSlot(                                                                               \
-            Operation::NAME, [&] { return std::vector<Argument>{EACH(GIVEN, __VA_ARGS__)}; },          \
-            ANSWER_##RESULT);                                                                          \
+        return callSlot(Operation::NAME, {EACH(PASSED, __VA_ARGS__)}, ANSWER_##RESULT);                \
     }
 #define OPERATION(NAME, ...) SLOT(NAME, NAME, __VA_ARGS__)
 #define PROPERTY(NAME, ...) SLOT(get_##NAME, NAME, __VA_ARGS__)
@@ -150,7 +156,7 @@ class LibraryClass : public ComObject<ILibrary, ISupportErrorInfo> {
 #undef EACH_2
 #undef EACH_1
 #undef EACH_0
-#undef GIVEN
+#undef PASSED
 #undef PARAMETER
 #undef VAL
 #undef REF
@@ -200,15 +206,17 @@ class LibraryClass : public ComObject<ILibrary, ISupportErrorInfo> {
         if (!operation || !(flags & (DISPATCH_METHOD | DISPATCH_PROPERTYGET))) return DISP_E_MEMBERNOTFOUND;
         return guarded(
             [&]() -> HRESULT {
-                std::vector<Argument> arguments;
+                ReceivedArguments arguments;
                 try {
                     arguments = sortArguments(info(*operation), *parameters);
                 } catch (const WrongArgument& wrong) {
                     if (wrongArgument) *wrongArgument = wrong.place;
                     return wrong.error;
                 }
-                const Variant value = perform(*operation, arguments);
-                if (result) toCom(value, *result);
+                OwnedVariant value;
+                toCom(perform(*operation, arguments), *value);
+                arguments.writeBack();
+                if (result) std::swap(*result, *value);
                 return S_OK;
             },
             told);
@@ -221,8 +229,8 @@ class LibraryClass : public ComObject<ILibrary, ISupportErrorInfo> {
   private:
     ~LibraryClass() override = default;
 
-    template <class Given, class Result>
-    HRESULT callSlot(Operation operation, const Given& givenArguments, Result result) noexcept {
+    template <class Result>
+    HRESULT callSlot(Operation operation, std::initializer_list<VARIANT> given, Result result) noexcept {
         constexpr bool hasResult = !std::is_same_v<Result, std::nullptr_t>;
         if constexpr (hasResult) {
             if (!result) return E_POINTER;
@@ -231,20 +239,26 @@ class LibraryClass : public ComObject<ILibrary, ISupportErrorInfo> {
         if (info(operation).visibility != Visibility::Public) return E_NOTIMPL;
         return guarded(
             [&]() -> HRESULT {
-                std::vector<Argument> arguments = givenArguments();
+                ReceivedArguments arguments;
+                for (const VARIANT& argument : given) {
+                    if (V_ISBYREF(&argument) && !V_BYREF(&argument))
+                        throw HostError(E_POINTER, "Library", "A reference to nothing was passed.");
+                    arguments.add(argument, fromCom(argument));
+                }
                 [[maybe_unused]] const Variant value = perform(operation, arguments);
+                arguments.writeBack();
                 if constexpr (hasResult) answer(value, result);
                 return S_OK;
             },
             nullptr);
     }
 
-    Variant perform(Operation operation, std::vector<Argument>& arguments) {
-        // The host may let go of this, and of its last Library, while a screen is open.
+    Variant perform(Operation operation, ReceivedArguments& arguments) {
+        // The host may release its last reference to this while a screen is open.
         const ComPtr<IUnknown> alive = static_cast<ILibrary*>(this);
         if (operation > Operation::InitialSyncComplete) frontEnd_->start();
         const FrontEnd::Look look(*frontEnd_);
-        return library_->perform(operation, Arguments(arguments));
+        return library_->perform(operation, arguments.arguments());
     }
 
     std::shared_ptr<FrontEnd> frontEnd_;
@@ -253,8 +267,8 @@ class LibraryClass : public ComObject<ILibrary, ISupportErrorInfo> {
 
 }  // namespace
 
-ComPtr<ILibrary> createLibrary() {
-    return adopt<ILibrary>(new LibraryClass);
+ComPtr<ILibrary> createLibrary(const std::function<void(tsln::Library&)>& plugIn) {
+    return adopt<ILibrary>(new LibraryClass(plugIn));
 }
 
 }  // namespace tsln::com

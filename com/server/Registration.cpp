@@ -15,7 +15,7 @@ std::wstring braced(REFGUID id) {
     return text;
 }
 
-/// A value below HKEY_CLASSES_ROOT; an empty name is the key's own value.
+/// A registry value below HKEY_CLASSES_ROOT; an empty name means the key's default value.
 struct Entry {
     std::wstring key;
     std::wstring name;

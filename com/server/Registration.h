@@ -6,15 +6,15 @@
 
 namespace tsln::com {
 
-/// The file that this module was loaded from.
+/// The full path of this module's file.
 std::wstring modulePath();
 
-/// Makes the class known to the system under its identifiers, pointing to modulePath(). What was written is
-/// taken back when a step fails (E_ACCESSDENIED without the rights of an administrator).
+/// Registers the class and the type library for the file modulePath(). When a step fails, removes all entries
+/// and returns the error (E_ACCESSDENIED without administrator rights).
 HRESULT registerServer() noexcept;
 
-/// Leaves no trace of registerServer(), also where parts of it are missing. Goes on after a failure and
-/// answers the first.
+/// Removes all entries of registerServer(); entries that do not exist are no error. Continues after a failure
+/// and returns the first error.
 HRESULT unregisterServer() noexcept;
 
 }  // namespace tsln::com

@@ -43,7 +43,7 @@ HRESULT registerTypeLibrary() noexcept {
 }
 
 HRESULT unregisterTypeLibrary() noexcept {
-    // What is told of a library that is not registered differs from system to system.
+    // UnRegisterTypeLib answers differently on different systems for a library that is not registered.
     BSTR path = nullptr;
     if (FAILED(QueryPathOfRegTypeLib(LIBID_tslnmaint5, majorVersion, minorVersion, 0, &path))) return S_OK;
     SysFreeString(path);

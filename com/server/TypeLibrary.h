@@ -4,13 +4,12 @@
 
 namespace tsln::com {
 
-/// The description of ILibrary from the type library in this module's resources; the reference is the
-/// caller's.
+/// Loads the type information of ILibrary from this module's resources. The caller owns the reference.
 HRESULT loadInterfaceInfo(ITypeInfo** info) noexcept;
 
-/// Makes the type library known to the system, with the interface it describes.
+/// Registers the type library and the interface ILibrary.
 HRESULT registerTypeLibrary() noexcept;
-/// Takes that back; nothing registered is no failure.
+/// Removes the registration of the type library; S_OK if there is none.
 HRESULT unregisterTypeLibrary() noexcept;
 
 }  // namespace tsln::com

@@ -64,7 +64,7 @@ TEST(Object, WritesTheCallersVariables) {
     Counter counter;
     counter.value = 9;
     Variant first;
-    counter.call("Read", Argument::byReference(first));  // the second is left out: nothing to write
+    counter.call("Read", Argument::byReference(first));  // the second argument is left out
     EXPECT_EQ(first, Variant(std::int32_t(9)));
     Variant second = "before";
     const Variant byValue = "kept";

@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::int32_t none = 0;
 
-/// Runs a conversion and tells the code of its error, or `none`.
+/// The code of the error that the conversion raises, or `none`.
 template <class Convert>
 std::int32_t codeOf(Convert convert) {
     try {
@@ -422,7 +422,7 @@ TEST(Variant, ConvertsToDate) {
     EXPECT_EQ(codeOf([] { Variant("2/30/2011").toDate(); }), code::typeMismatch);
 }
 
-/// Whatever the text: no crash, and what is read is in range and reads the same once written.
+/// No text crashes a reader, and a value that was read is in range and is read again when it is written.
 TEST(Variant, ReadsAnyTextSafely) {
     std::mt19937 random(20110304);
     constexpr std::string_view alphabet = "0123456789012345678901/:-,.$()+ eEdD&HhOoAPMmarT#\xC3\x00";

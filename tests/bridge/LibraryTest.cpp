@@ -22,9 +22,9 @@ std::int32_t codeOf(const std::function<void()>& call) {
     return 0;
 }
 
-TEST(Operations, StandInTheirOrder) {
+TEST(Operations, KeepTheirNumbers) {
     EXPECT_EQ(operations.size(), 95U);
-    // Landmarks: early-bound hosts call by these positions.
+    // Early-bound hosts call the operations by these numbers.
     const std::pair<int, std::string_view> landmarks[] = {
         {0, "SharedCodeLibrary"},
         {3, "InitialSyncComplete"},
@@ -64,7 +64,7 @@ TEST(Library, AnswersByNameWithThePlatformsErrors) {
     EXPECT_EQ(codeOf([&] { library.put("SharedCodeLibrary", 1); }), code::memberNotFound);
     EXPECT_EQ(codeOf([&] { library.call("Initialize", 5); }), code::typeMismatch);
 
-    // What is not built says so, by name, and shows nothing.
+    // An operation without a screen raises an error with its name and shows nothing.
     for (const OperationInfo& row : operations) {
         if (library.isPluggedIn(row.operation)) continue;
         std::vector<Argument> arguments(row.argumentCount, Argument(Variant(std::int16_t{1})));
@@ -77,6 +77,62 @@ TEST(Library, AnswersByNameWithThePlatformsErrors) {
         }
     }
     EXPECT_THAT(stage.desktop.shown, ElementsAre("frmTerms_Edit", "frmTerms_Edit"));
+}
+
+TEST(Library, WhatAHandlerAssignsReachesTheCallersVariables) {
+    ScriptedDesktop desktop;
+    Library library(desktop);
+    const ObjectPtr written = RecordingHost::make()->sharedCode();
+    std::vector<Variant> results;
+    const auto assign = [&](Library&, Arguments a) {
+        for (std::size_t i = 0; i < results.size(); ++i)
+            a.assign(i, results[i]);
+        return Variant(true);
+    };
+    for (const Operation operation :
+         {Operation::ShowMoveReferences, Operation::Perform42Migration, Operation::ShowBulkChange,
+          Operation::Initialize, Operation::ShowGetReplacementDiscountGroup})
+        library.plugIn(operation, assign);
+    Variant first, second;
+    const auto call = [&](std::string_view name, Variant before, std::vector<Variant> assigned) {
+        first = before;
+        second = std::int16_t{1};
+        results = std::move(assigned);
+        return library.call(name, Argument::byReference(first), Argument::byReference(second));
+    };
+
+    // Each value arrives in the declared type, whatever types the handler and the caller use.
+    call("ShowMoveReferences", "5", {"12", 70'000});
+    EXPECT_EQ(first, Variant(std::int16_t{12}));
+    EXPECT_EQ(second, Variant(70'000));
+    call("Perform42Migration", "old.mdb", {"new.mdb"});
+    EXPECT_EQ(first, Variant("new.mdb"));
+    EXPECT_EQ(second, Variant(std::int16_t{1})) << "not assigned";
+    call("ShowBulkChange", 1, {false, "3,7"});
+    EXPECT_EQ(first, Variant(false));
+    EXPECT_EQ(second, Variant("3,7"));
+    results = {written};
+    Variant object{ObjectPtr()};
+    library.Initialize(Argument::byReference(object));
+    EXPECT_EQ(object.toObject(), written);
+
+    // Nothing is written when any part of the call fails.
+    EXPECT_EQ(codeOf([&] { call("ShowMoveReferences", 5, {12, "no number"}); }), code::typeMismatch);
+    EXPECT_EQ(first, Variant(5));
+    library.plugIn(Operation::ShowMoveReferences, [](Library&, Arguments a) -> Variant {
+        a.assign(0, 12);
+        throw HostError(code::fail, "Host", "no");
+    });
+    EXPECT_EQ(codeOf([&] { call("ShowMoveReferences", 5, {}); }), code::fail);
+    EXPECT_EQ(first, Variant(5));
+
+    // A caller that passes values gets no error. An argument declared by value is not written.
+    results = {false, 3};
+    EXPECT_TRUE(library.ShowBulkChange(true, 4));
+    results = {"no number"};
+    first = 8;
+    EXPECT_EQ(codeOf([&] { library.ShowGetReplacementDiscountGroup(Argument::byReference(first)); }), 0);
+    EXPECT_EQ(first, Variant(8));
 }
 
 TEST(Library, KeepsTheSharedCodeObjectFromInitializeToPreTerminate) {
@@ -104,7 +160,7 @@ TEST(Library, ScreensOfAnUninitialisedLibraryFailWithoutHarm) {
     library.ShowTerms();
     ASSERT_FALSE(desktop.boxes.empty());
     EXPECT_EQ(desktop.boxes[0].text, "The library has not been initialized.");
-    EXPECT_TRUE(library.InitialSyncComplete()) << "every step raises, and a step that raises is passed over";
+    EXPECT_TRUE(library.InitialSyncComplete()) << "a step that raises an error counts as passed";
 }
 
 TEST(Library, OneInstanceOfAScreenAtATime) {
@@ -119,7 +175,7 @@ TEST(Library, OneInstanceOfAScreenAtATime) {
 }
 
 TEST(Library, SubObjectsAreFetchedAnewForEveryCall) {
-    // A host that replaces its shared-code object while a screen is open is honoured at the next call.
+    // When the host replaces its shared-code object while a screen is open, the next call uses the new one.
     Stage stage;
     const auto replacement = RecordingHost::make();
     replacement->on("Database.ExecuteNonQueryWithID", Variant(5));
@@ -150,7 +206,8 @@ TEST(InitialSyncComplete, EveryStepCounts) {
         {company, raises, true},
         {state, is(3), false},
         {state, is("4"), true},
-        {state, is("waiting"), true},  // no number: the conversion raises, the step is passed over
+        {state, is("waiting"),
+         true},  // the conversion to a number raises an error, so the step counts as passed
         {state, raises, true},
         {employees, is(0), false},
         {employees, raises, true},

@@ -124,13 +124,20 @@ TEST(RecordHistory, TellsWhatChanged) {
          "Orders",
          {{"Status", 1}, {"SalesRepID", 3}, {"ShippingMethodID", missing}},
          {{"Status", 2}, {"SalesRepID", 4}, {"ShippingMethodID", 5}},
-         "Status: name of 1 to name of 2\r\nSalesRepID: name of 3 to name of 4\r\nShipping Method:  to name "
-         "of 5"},
+         "Status: name of 1 to name of 2\r\nSalesRepID: name of 3 to name of 4\r\nShipping Method:  to name of 5"},
     };
     for (const auto& c : cases) {
         History history;
         EXPECT_EQ(history.told(c.table, c.before, c.after), c.told) << c.what;
     }
+}
+
+TEST(RecordHistory, AColumnWithoutATextFormIsEmptyAndTheOthersAreTold) {
+    History history;
+    const Variant bytes = std::make_shared<Fake>();  // bytes arrive as an object
+    EXPECT_EQ(history.told("Vendors", {{"Stamp", bytes}, {"Contact", "Ivo"}, {"Logo", Null()}},
+                           {{"Stamp", bytes}, {"Contact", "Edda"}, {"Logo", bytes}}),
+              "Contact: Ivo to Edda");
 }
 
 TEST(RecordHistory, AsksTheTableAndTheRightNames) {

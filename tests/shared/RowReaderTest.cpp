@@ -1,5 +1,3 @@
-#include <random>
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -16,7 +14,7 @@ using Rows = std::vector<std::vector<std::string>>;
 
 const std::vector<std::string_view> fields{"ID", "Name", "Active", "Name", "Due.Days", "Nowhere"};
 
-/// Every row as its texts and conversions; what was raised comes as a last row of its own.
+/// Every row as its texts and conversions. An error that was raised is added as a last row.
 Rows readAll(const std::string& text, Way way) {
     Rows rows;
     try {
@@ -34,7 +32,7 @@ Rows readAll(const std::string& text, Way way) {
     return rows;
 }
 
-/// What one row's name is read as by the one pass.
+/// The name that the one-pass way reads from one row.
 std::string nameIn(const std::string& row) {
     RowReader reader("<Records><Record>" + row + "</Record></Records>", fields);
     return reader.next() ? std::string(reader.texts()[1]) : "no row";
@@ -70,14 +68,13 @@ TEST(RowReader, ReadsValuesAsTheFieldReadersDo) {
     }
 }
 
-TEST(RowReader, TakesDocumentsOfEveryShape) {
+TEST(RowReader, ReadsDocumentsOfEveryForm) {
     const char* const shapes[] = {
         "",
         " \r\n\t",
         "<Records/>",
         "<Records></Records>",
-        "<?xml "
-        "version=\"1.0\"?>\r\n<Records>\r\n\t<Record>\r\n\t\t<ID>1</ID>\r\n\t</Record>\r\n</Records>\r\n",
+        "<?xml version=\"1.0\"?>\r\n<Records>\r\n\t<Record>\r\n\t\t<ID>1</ID>\r\n\t</Record>\r\n</Records>\r\n",
         "<Records><Record/><Record></Record><Record><ID>3</ID></Record></Records>",
         "\xEF\xBB\xBF<Records><Record><ID>1</ID></Record></Records>",
         "<Other><Record><ID>1</ID></Record></Other>",
@@ -104,7 +101,7 @@ TEST(RowReader, RaisesWhatIsWrongEvenBehindManyGoodRows) {
         },
         HostError);
     EXPECT_EQ(rows, 100u);
-    // Cut short anywhere, it is damaged, and both ways say so in the same words.
+    // A document that is cut off at any place is refused by both ways with the same message.
     text = text.substr(0, 200) + "<Record><ID>1</ID></Record></Records>";
     for (std::size_t size = 1; size < text.size(); ++size) {
         const Rows found = readAll(text.substr(0, size), Way::OnePass);
@@ -114,7 +111,7 @@ TEST(RowReader, RaisesWhatIsWrongEvenBehindManyGoodRows) {
     }
 }
 
-TEST(RowReader, ReckonsTheRowsFromThoseRead) {
+TEST(RowReader, EstimatesTheNumberOfRowsFromThoseRead) {
     std::string text = "<Records>";
     for (int i = 1000; i < 3000; ++i)
         text += "<Record><ID>" + std::to_string(i) + "</ID></Record>";
@@ -123,70 +120,6 @@ TEST(RowReader, ReckonsTheRowsFromThoseRead) {
     for (int i = 0; i < 50; ++i)
         ASSERT_TRUE(reader.next());
     EXPECT_NEAR(static_cast<double>(reader.expectedRows()), 2000, 20);
-}
-
-/// Documents put together at random from what makes a difference to a reader.
-class RandomDocument {
-  public:
-    explicit RandomDocument(unsigned seed) : random_(seed) {}
-
-    std::string make() {
-        std::string text = one({"", "", "<?xml version=\"1.0\" encoding=\"UTF-8\"?>", "\n"}) + "<Records>";
-        const std::size_t rows = below(30);
-        for (std::size_t i = 0; i < rows; ++i)
-            text += row();
-        text += "</Records>" + one({"", "", "\r\n", " "});
-        // Now and then a byte is changed, which mostly breaks the document.
-        if (below(4) == 0)
-            text[below(text.size())] = one({"<", ">", "&", "/", "\r", "x", std::string(1, '\0')})[0];
-        return text;
-    }
-
-  private:
-    std::size_t below(std::size_t limit) { return random_() % limit; }
-    std::string one(const std::vector<std::string>& choices) { return choices[below(choices.size())]; }
-    std::string row() {
-        if (below(40) == 0) return "<Record/>";
-        std::string text = "<Record>";
-        for (const char* name : {"ID", "Name", "Active", "Due.Days", "Other", "NameOfOther"}) {
-            if (below(4) == 0) continue;
-            const std::string used = below(25) == 0 ? "Name" : name;
-            text += below(60) == 0 ? "<" + used + "/>" : element(used);
-            if (below(80) == 0) text += one({" ", "\n", "<!-- x -->", "loose"});
-        }
-        return text + "</Record>" + (below(30) == 0 ? one({"\n", " ", "<Row/>"}) : "");
-    }
-    std::string element(const std::string& name) {
-        std::string value;
-        for (std::size_t i = below(5); i > 0; --i) {
-            value += one({"12",    "-1",   "Yes",   "Net 30",    " ",
-                          "&amp;", "&lt;", "&#13;", "&amp;#10;", "\r\n",
-                          "\r",    "é",    "\xE9",  "&amp;#",    "&",
-                          "&#1",   "]]>",  "'\"",   "$1,000",    "long text to go past sixteen bytes",
-                          "true"});
-        }
-        if (below(150) == 0) value += one({"<b>in</b>", "<![CDATA[x<y]]>", "<?pi?>", "<i/>"});
-        const std::string attribute = below(200) == 0 ? " kind=\"a\"" : "";
-        return "<" + name + attribute + ">" + value + "</" + name + (below(200) == 0 ? " >" : ">");
-    }
-
-    std::mt19937 random_;
-};
-
-TEST(RowReader, ReadsAnyDocumentAsItsNodesAreRead) {
-    std::size_t raised = 0;
-    for (unsigned seed = 0; seed < 1500; ++seed) {
-        const std::string text = RandomDocument(seed).make();
-        Rows byNodes = readAll(text, Way::Nodes);
-        Rows onePass = readAll(text, Way::OnePass);
-        if (!byNodes.empty() && byNodes.back()[0] == "raised") {
-            ++raised;
-            onePass.erase(onePass.begin(), onePass.end() - 1);  // rows before the damage do not count
-        }
-        ASSERT_EQ(onePass, byNodes) << text;
-    }
-    EXPECT_GT(raised, 50u) << "hardly a document was damaged";
-    EXPECT_LT(raised, 750u) << "hardly a document was whole";
 }
 
 }  // namespace

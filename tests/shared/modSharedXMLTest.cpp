@@ -13,7 +13,7 @@ Records oneRecord(std::string_view fields) {
     return Records::parse("<Records><Record>" + std::string(fields) + "</Record></Records>");
 }
 
-/// What a database hands back: an object that tells its text.
+/// A document as a database returns it: an object with its text as a property.
 class Document : public Object {
   public:
     explicit Document(Variant text) : text_(std::move(text)) {}
@@ -26,7 +26,7 @@ class Document : public Object {
     Variant text_;
 };
 
-TEST(Records, GivesTheRowsInOrder) {
+TEST(Records, GiveTheRowsInOrder) {
     Records records = Records::parse(
         "\xEF\xBB\xBF<?xml version=\"1.0\"?>\r\n<Records>\r\n  <Record><ID>3</ID></Record>\r\n"
         "  <!-- none --><Other/><Record/>\r\n  <Record><ID>1</ID></Record>\r\n</Records>\r\n");
@@ -39,7 +39,7 @@ TEST(Records, GivesTheRowsInOrder) {
     EXPECT_EQ(readText("ID", moved.first()), "3");
 }
 
-TEST(Records, TellsMalformedTextFromNoRows) {
+TEST(Records, RaiseAnErrorForMalformedTextOnly) {
     const struct {
         std::string_view text;
         bool malformed;
@@ -74,7 +74,7 @@ TEST(Records, TellsMalformedTextFromNoRows) {
     }
 }
 
-TEST(Records, ComeFromWhatAQueryReturned) {
+TEST(Records, AreReadFromTheDocumentOfAQuery) {
     const auto rows = std::make_shared<Document>("<Records><Record/><Record/></Records>");
     EXPECT_EQ(readRecords(rows).count(), 2u);
     EXPECT_EQ(readRecords(std::make_shared<Document>(Variant())).count(), 0u);
@@ -141,8 +141,8 @@ TEST(FieldReaders, ConvertOrGiveTheDefault) {
         std::int32_t whole;  // the default is 5
         std::int16_t integer;
         float single;
-        bool boolean;  // read with both defaults: an unreadable text gives each
-        bool booleanOtherwise;
+        bool boolean;           // with the default false
+        bool booleanOtherwise;  // with the default true
     } cases[] = {
         {"12", 12, 12, 12, true, true},
         {"-1", -1, -1, -1, true, true},
@@ -229,7 +229,7 @@ TEST(FieldText, IsEncodedAndDecoded) {
         EXPECT_EQ(decodeFieldText(encoded), plain);
     }
     EXPECT_EQ(decodeFieldText("&#&#13;10;&#11;&#10"),
-              "&#\r10;&#11;&#10");  // what was put in is not read again
+              "&#\r10;&#11;&#10");  // a decoded character is not part of another reference
     std::string scratch = "unused";
     const std::string_view untouched = "&#1 nothing to decode";
     EXPECT_EQ(decodeFieldText("no entity", scratch), "no entity");
@@ -237,12 +237,10 @@ TEST(FieldText, IsEncodedAndDecoded) {
     EXPECT_EQ(decodeFieldText(untouched, scratch), untouched);
 }
 
-/// Whatever a broken host sends: the readers neither crash nor raise, and rows are only found in sound text.
+/// For damaged documents the readers neither crash nor raise errors.
 TEST(FieldReaders, SurviveDamagedDocuments) {
     const std::string sound =
-        "<?xml "
-        "version='1.0'?><Records><Record><ID>1</ID><Name>O&#13;&#10;B&amp;#13;</Name><On>2011-03-04T10:20:30"
-        "</On><D><![CDATA[x]]>y<z>1.5</z></D></Record><Record><ID>-2</ID><Name/></Record></Records>";
+        "<?xml version='1.0'?><Records><Record><ID>1</ID><Name>O&#13;&#10;B&amp;#13;</Name><On>2011-03-04T10:20:30</On><D><![CDATA[x]]>y<z>1.5</z></D></Record><Record><ID>-2</ID><Name/></Record></Records>";
     constexpr std::string_view bytes = "<>/&;#'\"=!-[]?TR0159 \n\xC3\xFF\x00";
     std::mt19937 random(4711);
     std::size_t rows = 0;

@@ -11,7 +11,7 @@ namespace {
 constexpr DWORD patience = 20000;  // milliseconds: Wine's first window takes some seconds
 constexpr DWORD pause = 20;
 
-/// Tries until there is something, or patience ends.
+/// Repeats `look` until it finds something or the time to wait is over.
 template <class T>
 T waitFor(const std::function<T()>& look, const std::string& what) {
     const ULONGLONG end = GetTickCount64() + patience;
@@ -53,8 +53,8 @@ std::vector<HWND> childrenOf(HWND window) {
     return children;
 }
 
-/// Posts a message, since what it opens may be modal, and waits until the window has gone or is disabled. A
-/// screen that is at work takes no click and does not close; a user would try again.
+/// Posts a message and waits until the window is closed or disabled. The message is posted, not sent, because
+/// it may open a modal window. It is repeated, because a screen that is working ignores clicks.
 void postUntilEffect(HWND window, HWND to, UINT message, WPARAM parameter, const std::string& what) {
     const auto hasEffect = [window] { return !IsWindowVisible(window) || !IsWindowEnabled(window); };
     waitFor<bool>(
@@ -153,7 +153,7 @@ HWND WindowDriver::field(const std::string& caption, std::size_t number) {
 }
 
 void WindowDriver::fill(const std::string& window, std::size_t number, const std::string& text) {
-    // A dialog that has just come may still be filling its fields itself.
+    // A dialog that has just opened may still be filling its fields.
     waitFor<bool>(
         [&] {
             SendMessageW(field(window, number), WM_SETTEXT, 0,

@@ -9,7 +9,7 @@
 
 namespace tsln::test {
 
-/// What was waited for did not come.
+/// Thrown when something did not happen within the time to wait.
 class DriverError : public std::runtime_error {
   public:
     using std::runtime_error::runtime_error;
@@ -17,12 +17,12 @@ class DriverError : public std::runtime_error {
 
 /// The visible top-level windows of all programs, the foremost first.
 std::vector<HWND> topWindows();
-/// Those of this program that take input.
+/// The enabled top-level windows of this program.
 std::vector<HWND> ownInputWindows();
 
-/// A user at the windows of any program: finds them by their captions and acts on them by the system's own
-/// messages. Works from another thread or process than the windows'. Texts are UTF-8; the "&" of captions
-/// counts. Everything waits until it is possible, and throws DriverError when that takes too long.
+/// Operates the windows of any program: finds them by their captions and sends them messages of the system.
+/// Must run on another thread than the windows. Texts are UTF-8; captions are compared with their "&". Every
+/// member waits until its act is possible, and throws DriverError when that takes too long.
 class WindowDriver {
   public:
     /// The visible, enabled top-level window of that caption.
@@ -36,7 +36,7 @@ class WindowDriver {
     /// Replaces the text of the window's entry field of that number, from 0 in the order of the keyboard.
     void fill(const std::string& window, std::size_t field, const std::string& text);
     std::string read(const std::string& window, std::size_t field);
-    /// Clicks the close box of a window that closes then, or asks by another one.
+    /// Clicks the close box. The window must close or open another one.
     void close(const std::string& window);
     /// Waits until the window's list has that many rows.
     void waitForRows(const std::string& window, int count);

@@ -1,15 +1,15 @@
-// A user at the windows, for tests whose own language cannot be one. Each argument is a step:
+// Operates windows for tests that are written as scripts. Each argument is a step:
 //   press:WINDOW|BUTTON   fill:WINDOW|FIELD|TEXT   close:WINDOW   wait:WINDOW   gone:WINDOW
 //   rows:WINDOW|NUMBER   choose:WINDOW|BUTTON|ITEM
-// Ends with 0 when all steps came out. The first that does not is told on the error output and ends it
-// with 1.
+// Ends with 0 when all steps succeeded. Stops at the first step that fails, writes it to the error output and
+// ends with 1.
 
 #include <cstdio>
 
 #include "com/edge/Wide.h"
 #include "tests/com/driver/WindowDriver.h"
 
-// clang-format off: stands on those above
+// clang-format off: needs the headers above first
 #include <shellapi.h>
 // clang-format on
 

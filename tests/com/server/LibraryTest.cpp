@@ -11,7 +11,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
-/// A Library of the server, and a host of ours that it knows only by the platform's means.
+/// A Library of the DLL, and a recording host that it calls through COM.
 class LibraryTest : public ::testing::Test {
   protected:
     LibraryTest() { dispatch = com::adopt(com::newDispatch(host->sharedCode())); }
@@ -29,7 +29,7 @@ TEST_F(LibraryTest, HoldsTheHostBetweenInitializeAndPreTerminate) {
     EXPECT_EQ(nullptr, held.Get());
     initialize();
     EXPECT_EQ(S_OK, library->get_SharedCodeLibrary(&held));
-    EXPECT_EQ(dispatch.Get(), held.Get());  // the very object
+    EXPECT_EQ(dispatch.Get(), held.Get());  // the original pointer, not a wrapper
     held.Reset();
     ComPtr<IDispatch> other = com::adopt(com::newDispatch(RecordingHost::make()->sharedCode()));
     EXPECT_EQ(S_OK, library->Initialize(other.GetAddressOf()));  // the second replaces the first
@@ -71,7 +71,7 @@ TEST_F(LibraryTest, InitialSyncCompleteInAllItsBranches) {
     EXPECT_TRUE(complete(state, "4"));
     EXPECT_TRUE(complete(company, "raise"));
     EXPECT_TRUE(complete(state, "raise"));
-    EXPECT_TRUE(complete(state, "no number"));  // its conversion fails as if the host had raised
+    EXPECT_TRUE(complete(state, "no number"));  // the conversion to a number raises an error
     for (const std::string& table : tables) {
         EXPECT_FALSE(complete("SELECT COUNT(*) AS theCount FROM " + table, 0)) << table;
         EXPECT_TRUE(complete("SELECT COUNT(*) AS theCount FROM " + table, "raise")) << table;
@@ -102,7 +102,7 @@ TEST_F(LibraryTest, RefusesWrongArgumentsWithTheProperCodes) {
     EXPECT_EQ(DISP_E_OVERFLOW, call("ShowMoveReferences", {variantOf(70000), variantOf(1)}));
     EXPECT_EQ(DISP_E_TYPEMISMATCH, call("Initialize", {variantOf(5)}));
     EXPECT_EQ(DISP_E_UNKNOWNNAME, call("ShowNothing", {}));
-    // Private ones keep their places, and no more.
+    // Operations that are not public cannot be called.
     EXPECT_EQ(DISP_E_UNKNOWNNAME, call("CanDeleteDiscountGroup", {variantOf(1)}));
     EXPECT_EQ(DISP_E_UNKNOWNNAME, call("RunPackageProcessor", {variantOf(L"x"), variantOf(1)}));
     VARIANT_BOOL result = VARIANT_TRUE;
@@ -122,7 +122,7 @@ TEST_F(LibraryTest, RefusesWrongArgumentsWithTheProperCodes) {
     EXPECT_TRUE(host->calls.empty());
 }
 
-TEST_F(LibraryTest, AScreenThatIsNotThereFailsWithSourceAndText) {
+TEST_F(LibraryTest, AnOperationWithoutAScreenFailsWithSourceAndText) {
     LONG customer = 5;
     EXPECT_EQ(E_NOTIMPL, library->ShowUpdateOrderInformation(&customer));
     EXPECT_THAT(errorObject(), HasSubstr("Library: ShowUpdateOrderInformation"));
@@ -135,10 +135,10 @@ TEST_F(LibraryTest, AScreenThatIsNotThereFailsWithSourceAndText) {
     SysFreeString(told.bstrDescription);
 }
 
-/// Opens the terms dialog by whatever call and answers for the row whose `ID` reached it.
+/// Opens the terms dialog and checks which ID the call passed.
 class ArgumentTest : public LibraryTest {
   protected:
-    /// The statement that asked for the row.
+    /// The statement by which the dialog read its row.
     std::string rowAskedFor(const std::function<HRESULT()>& open) {
         initialize();
         host->forget();
@@ -182,7 +182,7 @@ TEST_F(ArgumentTest, ValuesReferencesAndReferencesToVariantsAreTakenAlike) {
     EXPECT_THAT(byName(real), HasSubstr("ID = 45"));
     VariantClear(&text);
 
-    // By the argument's own name.
+    // The argument is passed by its name.
     std::wstring names[] = {L"ShowEditTerms", L"ID"};
     wchar_t* pointers[] = {names[0].data(), names[1].data()};
     DISPID ids[2];
@@ -196,7 +196,7 @@ TEST_F(ArgumentTest, ValuesReferencesAndReferencesToVariantsAreTakenAlike) {
                 HasSubstr("ID = 46"));
 }
 
-TEST_F(LibraryTest, TheModuleTellsTruthfullyWhetherItMayGo) {
+TEST_F(LibraryTest, DllCanUnloadNowCountsObjectsAndLocks) {
     const HMODULE module = GetModuleHandleW(L"tslnmaint5.dll");
     ASSERT_NE(nullptr, module);
     const auto canUnload = reinterpret_cast<HRESULT(STDAPICALLTYPE*)()>(

@@ -37,7 +37,7 @@ class RegistrationTest : public ::testing::Test {
     ~RegistrationTest() override { EXPECT_EQ(S_OK, callServer("DllRegisterServer")); }
 };
 
-TEST_F(RegistrationTest, TellsTheSystemEverythingItNeeds) {
+TEST_F(RegistrationTest, WritesAllEntries) {
     const std::string key = std::string("CLSID\\") + classId;
     const std::map<std::string, std::string> expected{
         {"tslnmaint5.Library", "TSLN 5.0 - Maintenance"},
@@ -56,7 +56,7 @@ TEST_F(RegistrationTest, TellsTheSystemEverythingItNeeds) {
     EXPECT_TRUE(std::filesystem::equivalent(com::toWide(registered(key + "\\InprocServer32")), serverFile()));
 }
 
-TEST_F(RegistrationTest, GoesWithoutATraceAndComesAgain) {
+TEST_F(RegistrationTest, UnregisteringRemovesAllEntries) {
     for (int round = 0; round < 2; ++round) {
         ASSERT_EQ(S_OK, callServer("DllUnregisterServer"));
         for (const std::string& key :
@@ -65,11 +65,11 @@ TEST_F(RegistrationTest, GoesWithoutATraceAndComesAgain) {
             EXPECT_FALSE(keyExists(key)) << key;
         CLSID ignored;
         EXPECT_TRUE(FAILED(CLSIDFromProgID(L"tslnmaint5.Library", &ignored)));
-        EXPECT_EQ(S_OK, callServer("DllUnregisterServer"));  // nothing there is no failure
+        EXPECT_EQ(S_OK, callServer("DllUnregisterServer"));  // no entries are no error
         ASSERT_EQ(S_OK, callServer("DllRegisterServer"));
         EXPECT_NE(nullptr, newLibrary());
     }
-    ASSERT_EQ(S_OK, callServer("DllRegisterServer"));  // over itself
+    ASSERT_EQ(S_OK, callServer("DllRegisterServer"));  // a second registration
     EXPECT_NE(nullptr, newLibrary());
 }
 
@@ -103,18 +103,18 @@ VARTYPE typeOf(ValueType type) {
     return VT_VOID;
 }
 
-/// The type of a parameter: what it is, or what it points to.
+/// The type of a parameter or, for a pointer, the type that it points to; true for a pointer.
 std::pair<VARTYPE, bool> typeOf(const ELEMDESC& parameter) {
     const TYPEDESC& type = parameter.tdesc;
     return type.vt == VT_PTR ? std::pair{type.lptdesc->vt, true} : std::pair{type.vt, false};
 }
 
-TEST(TypeLibrary, TellsTheTableOfOperations) {
+TEST(TypeLibrary, DescribesTheTableOfOperations) {
     ComPtr<ITypeLib> library;
     ASSERT_EQ(S_OK, LoadTypeLibEx(serverFile().c_str(), REGKIND_NONE, &library));
     ComPtr<ITypeInfo> dispatchInfo;
     ASSERT_EQ(S_OK, library->GetTypeInfoOfGuid(__uuidof(ILibrary), &dispatchInfo));
-    // A dual interface has two descriptions: by name, and by slot.
+    // A dual interface has two descriptions: for late-bound and for early-bound calls.
     HREFTYPE reference = 0;
     ASSERT_EQ(S_OK, dispatchInfo->GetRefTypeOfImplType(static_cast<UINT>(-1), &reference));
     ComPtr<ITypeInfo> info;
@@ -138,9 +138,12 @@ TEST(TypeLibrary, TellsTheTableOfOperations) {
         ASSERT_EQ(parameters, static_cast<std::size_t>(function->cParams)) << row.name;
         for (std::size_t a = 0; a < row.argumentCount; ++a) {
             const auto [type, byReference] = typeOf(function->lprgelemdescParam[a]);
-            // An object is a pointer already, so one by reference points to a pointer.
+            // An object passed by reference is a pointer to a pointer.
             EXPECT_EQ(typeOf(row.argumentRow[a].type), type) << row.name;
             EXPECT_EQ(row.argumentRow[a].passing == Passing::ByReference, byReference) << row.name;
+            EXPECT_EQ(byReference ? PARAMFLAG_FIN | PARAMFLAG_FOUT : PARAMFLAG_FIN,
+                      function->lprgelemdescParam[a].paramdesc.wParamFlags)
+                << row.name;
         }
         info->ReleaseFuncDesc(function);
     }

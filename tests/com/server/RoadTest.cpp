@@ -1,5 +1,5 @@
-// The whole road of a host: the real windows of the module over a real company, by the platform's means
-// alone.
+// A host uses the module from begin to end: real windows over a real company database, called through COM
+// only.
 
 #include <atomic>
 #include <map>
@@ -20,7 +20,7 @@ namespace {
 using ::testing::SizeIs;
 using workbench::CompanySession;
 
-/// What the host tells its user is written down, not shown.
+/// Records the host's messages instead of showing them.
 class SilentUi : public workbench::HostUi {
   public:
     workbench::Reply showMessage(const workbench::Message& message) override {
@@ -52,7 +52,7 @@ class RoadTest : public ::testing::Test {
             .toText();
     }
 
-    TempFolder folder{"Größe "};  // as people call their folders
+    TempFolder folder{"Größe "};  // with a blank and a letter beyond ASCII
     SilentUi ui;
     CompanySession session{folder.file("Road.company"), "admin", ui};
     ComPtr<ILibrary> library = newLibrary();
@@ -99,7 +99,7 @@ TEST_F(RoadTest, TermsAreListedAddedEditedAndDeleted) {
     EXPECT_EQ(id, saved);
     EXPECT_EQ("1", terms());
 
-    {  // closed by its close box: not by its Close button
+    {  // a screen that is closed by its close box returns false
         const User user([](WindowDriver& at) { at.close("Terms"); });
         com::OwnedVariant result;
         ASSERT_EQ(S_OK, callByName(library.Get(), "ShowTerms", {}, result.get()));
@@ -112,7 +112,7 @@ TEST_F(RoadTest, DefaultsComeFromTheProgramBesideTheHost) {
     session.company().execute("DELETE FROM Terms");
     const User user([&](WindowDriver& at) {
         at.press("Tessaline", "&Yes");
-        at.window("Terms");  // has waited for the other program
+        at.window("Terms");  // waits until the other program has ended
         while (session.company().scalar("SELECT COUNT(*) FROM Terms").toLong() < 3)
             Sleep(50);
         at.waitForRows("Terms", session.company().scalar("SELECT COUNT(*) FROM Terms").toLong());
@@ -123,13 +123,14 @@ TEST_F(RoadTest, DefaultsComeFromTheProgramBesideTheHost) {
     EXPECT_TRUE(ui.told.empty());
 }
 
-// The host fills the editor's lists through the controls it is handed, and gives the row as a recordset.
+// The host fills the editor's lists through the controls that are passed to it, and gives the row as a
+// recordset.
 TEST_F(RoadTest, AVendorIsEditedAndItsHistoryTellsTheChange) {
     const std::string contact = session.company().scalar("SELECT Contact FROM Vendors WHERE ID = 3").toText();
     ASSERT_FALSE(contact.empty());
     session.company().execute("DELETE FROM VendorActivity");
     session.company().execute(
-        "UPDATE Vendors SET TermsID = NULL WHERE ID = 3");  // there are none of the demonstration's
+        "UPDATE Vendors SET TermsID = NULL WHERE ID = 3");  // the demonstration data has no such row
     LONG key = 3;
     LONG saved = 0;
     {
@@ -155,7 +156,7 @@ TEST_F(RoadTest, NothingOfTheHostIsHeldAfterAScreen) {
         VARIANT_BOOL closed;
         EXPECT_EQ(S_OK, library->ShowTerms(&closed));
     };
-    open();  // what is made once
+    open();  // creates the objects that exist once a process
     ComPtr<IDispatch> held;
     library->get_SharedCodeLibrary(&held);
     const ULONG references = (held->AddRef(), held->Release());
@@ -166,7 +167,7 @@ TEST_F(RoadTest, NothingOfTheHostIsHeldAfterAScreen) {
     EXPECT_EQ(objects, com::moduleReferences());
 }
 
-/// Deals with the messages of that time, in milliseconds.
+/// Handles messages for that many milliseconds.
 void pumpFor(DWORD time) {
     for (const ULONGLONG end = GetTickCount64() + time; GetTickCount64() < end; Sleep(10)) {
         for (MSG message; PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE);)
@@ -174,7 +175,7 @@ void pumpFor(DWORD time) {
     }
 }
 
-TEST_F(RoadTest, TheHostsWindowsTakeNoInputMeanwhile) {
+TEST_F(RoadTest, TheHostsWindowsAreDisabledWhileAScreenIsOpen) {
     const auto create = [](const wchar_t* caption, int left, DWORD style) {
         return CreateWindowExW(0, L"STATIC", caption, WS_OVERLAPPEDWINDOW | WS_VISIBLE | style, left, 50, 200,
                                200, nullptr, nullptr, nullptr, nullptr);
@@ -182,7 +183,7 @@ TEST_F(RoadTest, TheHostsWindowsTakeNoInputMeanwhile) {
     const HWND asleep = create(L"Asleep", 50, WS_DISABLED);
     const HWND palette = create(L"A palette", 300, 0);
     const HWND host = create(L"The host", 550, 0);
-    pumpFor(1000);  // the display has its own say about the foremost window, a little later
+    pumpFor(1000);  // the window manager may change the foremost window with a delay
     ASSERT_EQ(host, GetActiveWindow());
     {
         const User user([&](WindowDriver& at) {
@@ -201,7 +202,7 @@ TEST_F(RoadTest, TheHostsWindowsTakeNoInputMeanwhile) {
     }
     EXPECT_TRUE(IsWindowEnabled(host));
     EXPECT_TRUE(IsWindowEnabled(palette));
-    EXPECT_FALSE(IsWindowEnabled(asleep));  // it was none of ours to wake
+    EXPECT_FALSE(IsWindowEnabled(asleep));  // it was disabled before
     EXPECT_EQ(host, GetActiveWindow());
     for (const HWND window : {host, palette, asleep})
         DestroyWindow(window);
@@ -219,7 +220,7 @@ TEST_F(RoadTest, TheHostMayEndWhileAScreenIsOpen) {
         EXPECT_EQ(S_OK, library->ShowTerms(&closed));
         EXPECT_EQ(VARIANT_FALSE, closed);
     }
-    MSG message{};  // the host's own loop is still to end
+    MSG message{};  // the message to quit is left for the host's own loop
     EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
 }
 
@@ -243,7 +244,7 @@ TEST_F(RoadTest, TheHostMayDestroyItsWindowWhileAScreenIsOpen) {
     EXPECT_EQ(VARIANT_TRUE, closed);
 }
 
-TEST_F(RoadTest, WindowPositionsLieInTheRegistry) {
+TEST_F(RoadTest, WindowPositionsAreKeptInTheRegistry) {
     {
         const User user([](WindowDriver& at) {
             SetWindowPos(at.window("Terms"), nullptr, 120, 80, 640, 420, SWP_NOZORDER | SWP_NOACTIVATE);
@@ -273,7 +274,7 @@ TEST_F(RoadTest, WindowPositionsLieInTheRegistry) {
     }
 }
 
-TEST_F(RoadTest, TheModuleGoesAndComesAnyNumberOfTimes) {
+TEST_F(RoadTest, TheModuleCanBeUnloadedAndLoadedAgain) {
     const auto isLoaded = [] { return GetModuleHandleW(L"tslnmaint5.dll") != nullptr; };
     for (int round = 0; round < 3; ++round) {
         {
@@ -291,7 +292,7 @@ TEST_F(RoadTest, TheModuleGoesAndComesAnyNumberOfTimes) {
     }
 }
 
-TEST_F(RoadTest, TheHostMayLetGoOfTheLibraryWhileAScreenIsOpen) {
+TEST_F(RoadTest, TheHostMayReleaseTheLibraryWhileAScreenIsOpen) {
     ILibrary* last = library.Detach();
     const User user([](WindowDriver& at) { at.press("Terms", "&Close"); });
     const auto host = RecordingHost::make();
@@ -333,7 +334,7 @@ TEST(HostDocuments, TheParserOfThePlatformIsReadInOnePiece) {
 
 // A host that fails -----------------------------------------------------------------------------------
 
-/// Goes through whatever the module shows, as far as it lets him, until told to stop.
+/// Operates every window that the module shows until this object is destroyed.
 class Stubborn {
   public:
     Stubborn() : thread_([this] { run(); }) {}
@@ -344,7 +345,8 @@ class Stubborn {
 
   private:
     void act(HWND window) {
-        // A screen that is at work takes no click, and one that cannot save stays; it is closed in the end.
+        // A screen that is working ignores clicks, and one that cannot save stays open. After some tries it
+        // is closed.
         if (const HWND field = FindWindowExW(window, nullptr, L"Edit", nullptr);
             field && tries_[window]++ < 10) {
             SendMessageW(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"Net 45"));
@@ -362,7 +364,7 @@ class Stubborn {
         }
     }
 
-    std::map<HWND, int> tries_;  // by window, of saving
+    std::map<HWND, int> tries_;  // how often saving was tried, by window
     std::atomic<bool> done_ = false;
     std::thread thread_;
 };

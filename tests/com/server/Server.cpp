@@ -9,8 +9,8 @@
 namespace tsln::test {
 namespace {
 
-/// Closes this program's windows, one modal window after the other: they would keep the test waiting for
-/// ever.
+/// Closes this program's windows, one modal window after the other. An open modal window would block the test
+/// for ever.
 void closeEverything() {
     for (int i = 0; i < 100; ++i) {
         for (const HWND window : ownInputWindows()) {

@@ -11,17 +11,17 @@ namespace tsln::test {
 
 using com::ComPtr;
 
-/// The module's file, beside this program.
+/// The path of the DLL, which lies beside this program.
 std::wstring serverFile();
 
-/// The module's own functions, called as the system's registering tool calls them.
+/// Loads the DLL and calls an exported function without arguments, as the system's registration tool does.
 HRESULT callServer(const char* function);
 
-/// A new `Library`, got from the system by its program identifier.
+/// Creates a `Library` by its program identifier.
 ComPtr<ILibrary> newLibrary();
 
-/// Calls a member by its name, with arguments in their order. The result code; `told` and `result` may be
-/// null.
+/// Calls a member by its name, with arguments in their order, and returns the result code. `result`, `told`
+/// and `wrong` may be null.
 HRESULT callByName(IDispatch* object, const std::string& member, std::vector<VARIANT> arguments,
                    VARIANT* result = nullptr, EXCEPINFO* told = nullptr, UINT* wrong = nullptr);
 
@@ -29,13 +29,12 @@ VARIANT variantOf(LONG value);
 VARIANT variantOf(const wchar_t* text);
 VARIANT missing();
 
-/// The running error of the thread that an early-bound call has left, as "source: text"; empty when there is
+/// The thread's error object, which a failed early-bound call has set, as "source: text"; empty when there is
 /// none.
 std::string errorObject();
 
-/// What a user does meanwhile: screens are modal, so the calls that open them only return once they are
-/// closed. Anything that does not come out is a failure of the test that made this; the screens are closed
-/// then.
+/// Operates windows on a thread of its own while the test's thread waits in a call that opens a modal screen.
+/// When an act fails, the test fails and all screens are closed.
 class User {
   public:
     explicit User(std::function<void(WindowDriver&)> acts);

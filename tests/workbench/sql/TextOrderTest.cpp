@@ -12,9 +12,10 @@ TEST(TextOrderTest, ComparesWithoutCase) {
     const struct {
         const char *left, *right;
         int order;
-    } cases[] = {{"", "  ", 0},    {"a", "A  ", 0},   {"a", "b", -1}, {"Z", "a", 1},    {"ab", "a", 1},
-                 {"a\t", "a", -1}, {"ÄÖÉ", "äöé", 0}, {"é", "e", 1},  {"ŁŽ", "łž", 0},  {"ΑΣΣ", "ασς", 0},
-                 {"ЁЖ", "ёж", 0},  {"×", "÷", -1},    {"İ", "i", 1},  {"𝄞", "\xFF", 1}, {"Ÿ", "ÿ", 0}};
+    } cases[] = {{"", "  ", 0},   {"a", "A  ", 0},   {"a", "b", -1},    {"Z", "a", 1},
+                 {"ab", "a", 1},  {"a\t", "a", -1},  {"ÄÖÉ", "äöé", 0}, {"é", "e", 1},
+                 {"ŁŽ", "łž", 0}, {"ΑΣΣ", "ασς", 0}, {"ЁЖ", "ёж", 0},   {"×", "÷", -1},
+                 {"İ", "i", 1},   {"𝄞", "\xFF", 1},  {"Ÿ", "ÿ", 0},     {"Ա", "ա", 0}};
     for (const auto& c : cases) {
         EXPECT_EQ(compareText(c.left, c.right), c.order) << c.left << " " << c.right;
         EXPECT_EQ(compareText(c.right, c.left), -c.order) << c.left << " " << c.right;
