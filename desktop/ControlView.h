@@ -9,20 +9,6 @@
 
 class wxKeyEvent;
 
-namespace tsln {
-class Button;
-class CheckBox;
-class CheckList;
-class ComboBox;
-class Frame;
-class Label;
-class LinkLabel;
-class Picture;
-class ReportControl;
-class TabControl;
-class TextBox;
-}  // namespace tsln
-
 namespace tsln::desktop {
 
 class ScreenDialog;
@@ -55,6 +41,15 @@ class ControlView {
 
     /// The label before it in the layout, which is hidden along with it.
     void setLabel(wxWindow* label) { label_ = label; }
+
+    /// True when the keyboard can be moved here: by a mnemonic, or when the screen opens.
+    virtual bool takesFocus() const { return true; }
+    /// The keyboard stops here when the screen opens, if this is the first such control.
+    virtual bool isTabStop() const { return takesFocus(); }
+    /// It only holds other controls, and has the keyboard whenever one of them has.
+    virtual bool holdsOthers() const { return false; }
+    /// The text on the control itself; its "&" marks the control's mnemonic.
+    virtual wxString caption() const { return {}; }
 
     /// How it stands in the layout.
     virtual bool growsWide() const { return false; }

@@ -85,9 +85,7 @@ LayoutBuilder::Part LayoutBuilder::makeControl(Control& control, wxWindow* paren
         if (!name.empty()) setAccessibleName(view->inputWindow(), name);
         if (!label.empty()) dialog_.addMnemonic(label, *view);
         lastLabel_.clear();
-        if (auto* button = dynamic_cast<Button*>(&control))
-            dialog_.addMnemonic(toWx(button->caption()), *view);
-        if (auto* box = dynamic_cast<CheckBox*>(&control)) dialog_.addMnemonic(toWx(box->caption()), *view);
+        if (const wxString caption = view->caption(); !caption.empty()) dialog_.addMnemonic(caption, *view);
     }
     return {.window = &view->window(),
             .view = view,

@@ -14,8 +14,6 @@
 #include "desktop/Placement.h"
 #include "desktop/Text.h"
 #include "screens/Controls.h"
-#include "screens/Picture.h"
-#include "screens/TabControl.h"
 
 namespace tsln::desktop {
 namespace {
@@ -29,10 +27,8 @@ bool isButton(const Control& control, Button::Role role) {
     return button && button->role() == role;
 }
 
-bool takesFocus(const Control& control) {
-    return control.enabled() && control.visible() && !dynamic_cast<const Label*>(&control) &&
-           !dynamic_cast<const Frame*>(&control) && !dynamic_cast<const Picture*>(&control) &&
-           !dynamic_cast<const TabControl*>(&control);
+bool isUsable(const Control& control) {
+    return control.enabled() && control.visible();
 }
 
 /// Its page of a tab control, if it stands on one, is the one that shows.
@@ -280,7 +276,7 @@ void ScreenDialog::rememberPlacement() {
 /// has it itself only where nothing on its pages does, and those were made after it.
 ControlView* ScreenDialog::viewWithKeyboard() const {
     for (const ControlViewPtr& view : views_ | std::views::reverse) {
-        if (!dynamic_cast<Frame*>(&view->control()) && hasKeyboard(view->window())) return view.get();
+        if (!view->holdsOthers() && hasKeyboard(view->window())) return view.get();
     }
     return nullptr;
 }
@@ -288,8 +284,8 @@ ControlView* ScreenDialog::viewWithKeyboard() const {
 void ScreenDialog::setInitialFocus() {
     ControlView* first = screen_.focusedControl() ? viewOf(*screen_.focusedControl()) : nullptr;
     if (!first) {
-        const auto found =
-            std::ranges::find_if(views_, [](const auto& view) { return takesFocus(view->control()); });
+        const auto found = std::ranges::find_if(
+            views_, [](const auto& view) { return view->isTabStop() && isUsable(view->control()); });
         if (found != views_.end()) first = found->get();
     }
     if (first) moveFocus(*first);
@@ -384,7 +380,7 @@ bool ScreenDialog::pressMnemonic(const wxKeyEvent& key) {
     const auto found = viewsByMnemonic_.find(key.GetKeyCode());
     if (found == viewsByMnemonic_.end()) return false;
     for (ControlView* view : found->second) {
-        if (!takesFocus(view->control()) || !isOnShownPage(view->window())) continue;
+        if (!view->takesFocus() || !isUsable(view->control()) || !isOnShownPage(view->window())) continue;
         view->mnemonic();
         return true;
     }

@@ -22,6 +22,7 @@ class TabControlView : public ControlView {
         if (const int page = book_->GetSelection(); page >= 0 && page != tabs_.selected())
             tabs_.userSelect(page);
     }
+    bool takesFocus() const override { return false; }  // but what stands on its pages does
     bool growsWide() const override { return true; }
     bool growsHigh() const override { return true; }
 

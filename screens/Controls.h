@@ -14,6 +14,7 @@ class Label : public Control {
   public:
     Label(Screen& screen, std::string name, std::string caption)
         : Control(screen, std::move(name)), caption_(std::move(caption)) {}
+    void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
 
     const std::string& caption() const noexcept { return caption_; }
     void setCaption(std::string caption);
@@ -33,6 +34,7 @@ class Button : public Control {
     };
     Button(Screen& screen, std::string name, std::string caption, Role role = Role::Plain)
         : Control(screen, std::move(name)), caption_(std::move(caption)), role_(role) {}
+    void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
 
     const std::string& caption() const noexcept { return caption_; }
     void setCaption(std::string caption);
@@ -53,6 +55,7 @@ class Button : public Control {
 class TextBox : public Control {
   public:
     TextBox(Screen& screen, std::string name) : Control(screen, std::move(name)) {}
+    void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
 
     const std::string& text() const noexcept { return text_; }
     void setText(std::string text);
@@ -79,6 +82,7 @@ class CheckBox : public Control {
   public:
     CheckBox(Screen& screen, std::string name, std::string caption)
         : Control(screen, std::move(name)), caption_(std::move(caption)) {}
+    void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
 
     const std::string& caption() const noexcept { return caption_; }
     bool checked() const noexcept { return checked_; }
@@ -101,6 +105,7 @@ class CheckBox : public Control {
 class ComboBox : public Control {
   public:
     ComboBox(Screen& screen, std::string name) : Control(screen, std::move(name)) {}
+    void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
 
     struct Entry {
         std::string text;
@@ -143,6 +148,7 @@ class Frame : public Control {
   public:
     Frame(Screen& screen, std::string name, std::string caption = {})
         : Control(screen, std::move(name)), caption_(std::move(caption)) {}
+    void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
     const std::string& caption() const noexcept { return caption_; }
 
   private:

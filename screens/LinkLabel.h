@@ -15,6 +15,7 @@ namespace tsln {
 class LinkLabel : public Control {
   public:
     LinkLabel(Screen& screen, std::string name, std::string caption);
+    void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
 
     const std::string& caption() const noexcept { return caption_; }
     void setCaption(std::string caption);

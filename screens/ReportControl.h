@@ -21,6 +21,7 @@ namespace tsln {
 class ReportControl : public Control {
   public:
     ReportControl(Screen& screen, std::string name) : Control(screen, std::move(name)) {}
+    void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
 
     struct Column {
         std::string caption;

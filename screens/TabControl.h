@@ -13,6 +13,7 @@ class TabControl : public Control {
   public:
     TabControl(Screen& screen, std::string name, std::vector<std::string> captions)
         : Control(screen, std::move(name)), captions_(std::move(captions)) {}
+    void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
 
     const std::vector<std::string>& captions() const noexcept { return captions_; }
     /// The page that shows, from 0.

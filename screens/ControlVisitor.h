@@ -1,0 +1,39 @@
+#pragma once
+
+namespace tsln {
+
+class Button;
+class CheckBox;
+class CheckList;
+class ComboBox;
+class CommandBars;
+class Frame;
+class Label;
+class LinkLabel;
+class Picture;
+class ReportControl;
+class TabControl;
+class TextBox;
+
+/// Does something to a control according to its kind. There is one function for every kind, none of them with
+/// a default, so that a front end that forgets a kind does not compile.
+class ControlVisitor {
+  public:
+    virtual void visit(Button& button) = 0;
+    virtual void visit(CheckBox& box) = 0;
+    virtual void visit(CheckList& list) = 0;
+    virtual void visit(ComboBox& box) = 0;
+    virtual void visit(CommandBars& bars) = 0;
+    virtual void visit(Frame& frame) = 0;
+    virtual void visit(Label& label) = 0;
+    virtual void visit(LinkLabel& label) = 0;
+    virtual void visit(Picture& picture) = 0;
+    virtual void visit(ReportControl& report) = 0;
+    virtual void visit(TabControl& tabs) = 0;
+    virtual void visit(TextBox& box) = 0;
+
+  protected:
+    ~ControlVisitor() = default;
+};
+
+}  // namespace tsln
