@@ -3,10 +3,14 @@
 #include "desktop/ScreenDialog.h"
 #include "desktop/Text.h"
 #include "screens/CheckList.h"
+#include "screens/ColorBox.h"
 #include "screens/CommandBars.h"
 #include "screens/Controls.h"
+#include "screens/DateBox.h"
 #include "screens/LinkLabel.h"
+#include "screens/OptionButton.h"
 #include "screens/Picture.h"
+#include "screens/ProgressBar.h"
 #include "screens/ReportControl.h"
 #include "screens/TabControl.h"
 
@@ -21,12 +25,16 @@ class ViewMaker : public ControlVisitor {
     void visit(Button& button) override { make(button); }
     void visit(CheckBox& box) override { make(box); }
     void visit(CheckList& list) override { make(list); }
+    void visit(ColorBox& box) override { make(box); }
     void visit(ComboBox& box) override { make(box); }
     void visit(CommandBars&) override {}  // shows only while one of its popups is open
+    void visit(DateBox& box) override { make(box); }
     void visit(Frame& frame) override { make(frame); }
     void visit(Label& label) override { make(label); }
     void visit(LinkLabel& label) override { make(label); }
+    void visit(OptionButton& button) override { make(button); }
     void visit(Picture& picture) override { make(picture); }
+    void visit(ProgressBar& bar) override { make(bar); }
     void visit(ReportControl& report) override { make(report); }
     void visit(TabControl& tabs) override { make(tabs); }
     void visit(TextBox& box) override { make(box); }

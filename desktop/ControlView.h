@@ -37,7 +37,9 @@ class ControlView {
 
     /// The user pressed its mnemonic, or that of the label before it. The platform's own handling does not
     /// reach every window that may have the focus.
-    virtual void mnemonic() { inputWindow().SetFocus(); }
+    virtual void mnemonic() { takeFocus(); }
+    /// Takes the keyboard by the screen's wish.
+    virtual void takeFocus() { inputWindow().SetFocus(); }
 
     /// The label before it in the layout, which is hidden along with it.
     void setLabel(wxWindow* label) { label_ = label; }
@@ -77,17 +79,21 @@ class ControlView {
 
 using ControlViewPtr = std::unique_ptr<ControlView>;
 
-ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, Label& label);
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, Button& button);
-ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, TextBox& box);
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, CheckBox& box);
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, CheckList& list);
+ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, ColorBox& box);
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, ComboBox& box);
-ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, ReportControl& report);
+ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, DateBox& box);
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, Frame& frame);
+ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, Label& label);
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, LinkLabel& label);
+ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, OptionButton& button);
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, Picture& picture);
+ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, ProgressBar& bar);
+ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, ReportControl& report);
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, TabControl& tabs);
+ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, TextBox& box);
 
 /// The view of a control of whatever kind; null for a kind that shows no window.
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, Control& control);

@@ -293,12 +293,12 @@ void ScreenDialog::setInitialFocus() {
 
 /// Moves the focus by the screen's own wish, which is no leaving of a control by the user.
 void ScreenDialog::restoreFocus() {
-    if (focused_) focused_->inputWindow().SetFocus();
+    if (focused_) focused_->takeFocus();
 }
 
 void ScreenDialog::moveFocus(ControlView& view) {
     focused_ = &view;
-    view.inputWindow().SetFocus();
+    view.takeFocus();
 }
 
 /// Tells the screen where the user has moved the focus to.
