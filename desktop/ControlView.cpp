@@ -7,7 +7,7 @@
 #include "screens/CommandBars.h"
 #include "screens/Controls.h"
 #include "screens/DateBox.h"
-#include "screens/LinkLabel.h"
+#include "screens/MarkupLabel.h"
 #include "screens/OptionButton.h"
 #include "screens/Picture.h"
 #include "screens/ProgressBar.h"
@@ -31,7 +31,7 @@ class ViewMaker : public ControlVisitor {
     void visit(DateBox& box) override { make(box); }
     void visit(Frame& frame) override { make(frame); }
     void visit(Label& label) override { make(label); }
-    void visit(LinkLabel& label) override { make(label); }
+    void visit(MarkupLabel& label) override { make(label); }
     void visit(OptionButton& button) override { make(button); }
     void visit(Picture& picture) override { make(picture); }
     void visit(ProgressBar& bar) override { make(bar); }

@@ -87,7 +87,7 @@ ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, ComboBox& box);
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, DateBox& box);
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, Frame& frame);
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, Label& label);
-ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, LinkLabel& label);
+ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, MarkupLabel& label);
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, OptionButton& button);
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, Picture& picture);
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, ProgressBar& bar);

@@ -4,7 +4,7 @@
 #include "entities/ContactSlots.h"
 #include "entities/EntityEditor.h"
 #include "entities/MarginBox.h"
-#include "screens/LinkLabel.h"
+#include "screens/MarkupLabel.h"
 #include "screens/Picture.h"
 #include "screens/TabControl.h"
 
@@ -37,9 +37,9 @@ class VendorEditor : public EntityEditor {
     AddressBlock billTo{*this, billToNames, validateAddresses_};
     Frame grpShipTo{*this, "grpShipTo", "Ship-to address"};
     AddressBlock shipTo{*this, shipToNames, validateAddresses_};
-    LinkLabel lblCopyBilling{*this, "lblCopyBilling",
-                             "<TextBlock><Hyperlink Click='Hyperlink_BillingToShipping'>Copy the bill-to "
-                             "address</Hyperlink></TextBlock>"};
+    MarkupLabel lblCopyBilling{*this, "lblCopyBilling",
+                               "<TextBlock><Hyperlink Click='Hyperlink_BillingToShipping'>Copy the bill-to "
+                               "address</Hyperlink></TextBlock>"};
 
     ComboBox cboTerms{*this, "cboTerms"};
     MarginBox margin{*this, "txtMargin"};

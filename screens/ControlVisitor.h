@@ -11,7 +11,7 @@ class CommandBars;
 class DateBox;
 class Frame;
 class Label;
-class LinkLabel;
+class MarkupLabel;
 class OptionButton;
 class Picture;
 class ProgressBar;
@@ -32,7 +32,7 @@ class ControlVisitor {
     virtual void visit(DateBox& box) = 0;
     virtual void visit(Frame& frame) = 0;
     virtual void visit(Label& label) = 0;
-    virtual void visit(LinkLabel& label) = 0;
+    virtual void visit(MarkupLabel& label) = 0;
     virtual void visit(OptionButton& button) = 0;
     virtual void visit(Picture& picture) = 0;
     virtual void visit(ProgressBar& bar) = 0;

@@ -6,27 +6,22 @@
 #include <vector>
 
 #include "screens/Control.h"
+#include "shared/Markup.h"
 
 namespace tsln {
 
-/// A line of text with links in it. The caption is in the markup of captions:
-/// "<TextBlock><Hyperlink Click='Hyperlink_New'>New</Hyperlink> / ...</TextBlock>", where "Click" names the
-/// operation that the link runs.
-class LinkLabel : public Control {
+/// Text with bold parts, lines and links, in the markup of captions: "<TextBlock
+/// TextWrapping='Wrap'><Hyperlink Click='Hyperlink_New'>New</Hyperlink> / ...</TextBlock>", where "Click"
+/// names the operation that the link runs. A text that a user typed goes into a caption by asMarkupText().
+class MarkupLabel : public Control {
   public:
-    LinkLabel(Screen& screen, std::string name, std::string caption);
+    MarkupLabel(Screen& screen, std::string name, std::string caption);
     void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
 
     const std::string& caption() const noexcept { return caption_; }
     void setCaption(std::string caption);
-
-    /// The caption without its markup: plain text, and links, which have an operation.
-    struct Part {
-        std::string text;
-        std::string operation;
-        friend bool operator==(const Part&, const Part&) = default;
-    };
-    const std::vector<Part>& parts() const noexcept { return parts_; }
+    /// What the caption says.
+    const std::vector<MarkupRun>& runs() const noexcept { return runs_; }
 
     std::function<void(const std::string& operation)> onLink;
     /// The user follows the link; nothing happens while the label is disabled or has no such link.
@@ -36,7 +31,7 @@ class LinkLabel : public Control {
 
   private:
     std::string caption_;
-    std::vector<Part> parts_;
+    std::vector<MarkupRun> runs_;
 };
 
 }  // namespace tsln
