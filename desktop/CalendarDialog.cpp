@@ -35,7 +35,7 @@ class CalendarDialog : public wxDialog {
         : wxDialog(&owner, wxID_ANY, "Choose a date"), calendar_(new wxCalendarCtrl(this, wxID_ANY)) {
         calendar_->SetDate(toCalendarDay(preset));
         auto* buttons = new wxBoxSizer(wxHORIZONTAL);
-        none_ = new wxButton(this, wxID_NONE, "&None");
+        none_ = new wxButton(this, wxID_CLEAR, "&None");
         auto* ok = new wxButton(this, wxID_OK);
         buttons->Add(none_);
         buttons->AddStretchSpacer();
@@ -46,7 +46,7 @@ class CalendarDialog : public wxDialog {
         column->Add(buttons, wxSizerFlags().Expand().Border());
         SetSizerAndFit(column);
         ok->SetDefault();
-        none_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { EndModal(wxID_NONE); });
+        none_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { EndModal(wxID_CLEAR); });
         calendar_->Bind(wxEVT_CALENDAR_DOUBLECLICKED, [this](wxCalendarEvent&) { EndModal(wxID_OK); });
         calendar_->Bind(wxEVT_CALENDAR_SEL_CHANGED, [this](wxCalendarEvent&) { tellDay(); });
         Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& key) {
@@ -121,7 +121,7 @@ std::optional<CalendarChoice> askDate(wxWindow& owner, const wxRect& beside, std
     switch (dialog.ShowModal()) {
         case wxID_OK:
             return CalendarChoice{toDate(dialog.day())};
-        case wxID_NONE:
+        case wxID_CLEAR:
             return CalendarChoice{};
         default:
             return std::nullopt;

@@ -11,7 +11,9 @@
 #include "screens/OptionButton.h"
 #include "screens/Picture.h"
 #include "screens/ProgressBar.h"
+#include "screens/PropertyGrid.h"
 #include "screens/ReportControl.h"
+#include "screens/Splitter.h"
 #include "screens/TabControl.h"
 
 namespace tsln::desktop {
@@ -35,7 +37,9 @@ class ViewMaker : public ControlVisitor {
     void visit(OptionButton& button) override { make(button); }
     void visit(Picture& picture) override { make(picture); }
     void visit(ProgressBar& bar) override { make(bar); }
+    void visit(PropertyGrid& grid) override { make(grid); }
     void visit(ReportControl& report) override { make(report); }
+    void visit(Splitter& splitter) override { make(splitter); }
     void visit(TabControl& tabs) override { make(tabs); }
     void visit(TextBox& box) override { make(box); }
 
@@ -61,6 +65,11 @@ void ControlView::update() {
     if (const wxString tip = toWx(control_.toolTip); tip != window_->GetToolTipText())
         window_->SetToolTip(tip);
     updateContent();
+}
+
+const std::vector<wxWindow*>& ControlView::panes() const {
+    static const std::vector<wxWindow*> none;
+    return none;
 }
 
 wxPoint ControlView::popupPosition() const {

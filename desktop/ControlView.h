@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 #include <wx/window.h>
 
@@ -53,6 +54,11 @@ class ControlView {
     /// The text on the control itself; its "&" marks the control's mnemonic.
     virtual wxString caption() const { return {}; }
 
+    /// Takes a window made as a child of its own, which holds what the layout puts there: a page, a pane.
+    virtual void addPart([[maybe_unused]] wxWindow* part) {}
+    /// The windows between which F6 moves the keyboard.
+    virtual const std::vector<wxWindow*>& panes() const;
+
     /// How it stands in the layout.
     virtual bool growsWide() const { return false; }
     virtual bool growsHigh() const { return false; }
@@ -91,7 +97,9 @@ ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, MarkupLabel& lab
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, OptionButton& button);
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, Picture& picture);
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, ProgressBar& bar);
+ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, PropertyGrid& grid);
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, ReportControl& report);
+ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, Splitter& splitter);
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, TabControl& tabs);
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, TextBox& box);
 

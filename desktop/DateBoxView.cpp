@@ -81,6 +81,7 @@ class DateBoxView : public ControlView {
             if (choice) box_.userPick(choice->date);
         });
         takeFocus();
+        text_->SelectAll();
     }
 
     void updateContent() override {

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 
 #include <wx/radiobut.h>
 #ifdef __WXGTK__
@@ -49,11 +50,15 @@ class OptionButtonView : public ControlView {
         : ControlView(dialog, button), button_(button), window_(new RadioButton(parent, button)) {
         setWindow(window_);
         joinGroup();
-        window_->Bind(wxEVT_RADIOBUTTON, [this](wxCommandEvent&) { act([] {}); });
+        window_->Bind(wxEVT_RADIOBUTTON, [this](wxCommandEvent&) {
+            clicked_ = true;
+            act([] {});
+        });
     }
 
     void settle() override {
-        if (window_->GetValue() && !button_.selected()) button_.userSelect();
+        // Not what the window shows: until they are drawn, those of a group may show two as chosen.
+        if (std::exchange(clicked_, false)) button_.userSelect();
     }
 
     bool isTabStop() const override { return isStopOfGroup(button_); }
@@ -138,6 +143,7 @@ class OptionButtonView : public ControlView {
 
     OptionButton& button_;
     RadioButton* window_;
+    bool clicked_ = false;
 };
 
 }  // namespace

@@ -40,6 +40,13 @@ bool isOnShownPage(const wxWindow& window) {
     return true;
 }
 
+bool isWithin(const wxWindow& window, const wxWindow& outer) {
+    for (const wxWindow* at = &window; at; at = at->GetParent()) {
+        if (at == &outer) return true;
+    }
+    return false;
+}
+
 void setPointer(wxWindow& window, const wxCursor& cursor) {
     window.SetCursor(cursor);
     for (wxWindow* child : window.GetChildren())
@@ -335,6 +342,8 @@ bool ScreenDialog::pressKey(const wxKeyEvent& key) {
     ControlView* focus = viewWithKeyboard();
     if (focus && focus->takesKey(key)) return true;
     if (key.GetModifiers() == wxMOD_CONTROL && turnPage(key.GetKeyCode())) return true;
+    if (key.GetKeyCode() == WXK_F6 && (key.GetModifiers() & ~wxMOD_SHIFT) == 0)
+        return turnPane(key.GetModifiers() == wxMOD_SHIFT);
     if (key.GetModifiers() == wxMOD_ALT) return pressMnemonic(key);
     if (key.HasAnyModifiers()) return false;
     const int code = key.GetKeyCode();
@@ -362,6 +371,39 @@ bool ScreenDialog::turnPage(int keyCode) {
         if (!book || !view->control().enabled() || !view->control().visible()) continue;
         book->AdvanceSelection(keyCode == WXK_PAGEDOWN);
         return true;
+    }
+    return false;
+}
+
+/// The panes of all splitters, in the layout's order; one that is itself split gives way to its own panes.
+std::vector<wxWindow*> ScreenDialog::panes() const {
+    std::vector<wxWindow*> all;
+    for (const ControlViewPtr& view : views_) {
+        const auto outer = std::ranges::find_if(all, [&](const wxWindow* pane) {
+            return !view->panes().empty() && isWithin(view->window(), *pane);
+        });
+        const auto place = outer == all.end() ? outer : all.erase(outer);
+        all.insert(place, view->panes().begin(), view->panes().end());
+    }
+    return all;
+}
+
+/// Moves the keyboard to the first control of the next pane in which it can stop; false when there is none.
+bool ScreenDialog::turnPane(bool back) {
+    const std::vector<wxWindow*> all = panes();
+    const auto here = std::ranges::find_if(all, [](const wxWindow* pane) { return hasKeyboard(*pane); });
+    const std::size_t at = here != all.end() ? static_cast<std::size_t>(here - all.begin())
+                           : back            ? 0
+                                             : all.size() - 1;
+    for (std::size_t i = 1; i <= all.size(); ++i) {
+        const wxWindow& pane = *all[(at + (back ? all.size() - i : i)) % all.size()];
+        for (const ControlViewPtr& view : views_) {
+            if (!view->isTabStop() || !isUsable(view->control()) || !isWithin(view->window(), pane) ||
+                !isOnShownPage(view->window()))
+                continue;
+            view->takeFocus();
+            return true;
+        }
     }
     return false;
 }

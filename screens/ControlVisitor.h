@@ -15,7 +15,9 @@ class MarkupLabel;
 class OptionButton;
 class Picture;
 class ProgressBar;
+class PropertyGrid;
 class ReportControl;
+class Splitter;
 class TabControl;
 class TextBox;
 
@@ -36,7 +38,9 @@ class ControlVisitor {
     virtual void visit(OptionButton& button) = 0;
     virtual void visit(Picture& picture) = 0;
     virtual void visit(ProgressBar& bar) = 0;
+    virtual void visit(PropertyGrid& grid) = 0;
     virtual void visit(ReportControl& report) = 0;
+    virtual void visit(Splitter& splitter) = 0;
     virtual void visit(TabControl& tabs) = 0;
     virtual void visit(TextBox& box) = 0;
 
