@@ -25,6 +25,7 @@ class ButtonView : public ControlView {
     }
 
     void mnemonic() override { press(); }
+    wxString caption() const override { return toWx(button_.caption()); }
 
   private:
     void press() {

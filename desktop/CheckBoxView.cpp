@@ -23,6 +23,7 @@ class CheckBoxView : public ControlView {
         window_->SetValue(!window_->GetValue());
         act([this] { box_.userCheck(window_->GetValue()); });
     }
+    wxString caption() const override { return toWx(box_.caption()); }
 
   private:
     void updateContent() override {

@@ -3,13 +3,57 @@
 #include "desktop/ScreenDialog.h"
 #include "desktop/Text.h"
 #include "screens/CheckList.h"
+#include "screens/ColorBox.h"
+#include "screens/CommandBars.h"
 #include "screens/Controls.h"
-#include "screens/LinkLabel.h"
+#include "screens/DateBox.h"
+#include "screens/MarkupLabel.h"
+#include "screens/OptionButton.h"
 #include "screens/Picture.h"
+#include "screens/ProgressBar.h"
+#include "screens/PropertyGrid.h"
 #include "screens/ReportControl.h"
+#include "screens/Splitter.h"
 #include "screens/TabControl.h"
 
 namespace tsln::desktop {
+namespace {
+
+class ViewMaker : public ControlVisitor {
+  public:
+    ViewMaker(ScreenDialog& dialog, wxWindow* parent) : dialog_(dialog), parent_(parent) {}
+    ControlViewPtr view;
+
+    void visit(Button& button) override { make(button); }
+    void visit(CheckBox& box) override { make(box); }
+    void visit(CheckList& list) override { make(list); }
+    void visit(ColorBox& box) override { make(box); }
+    void visit(ComboBox& box) override { make(box); }
+    void visit(CommandBars&) override {}  // shows only while one of its popups is open
+    void visit(DateBox& box) override { make(box); }
+    void visit(Frame& frame) override { make(frame); }
+    void visit(Label& label) override { make(label); }
+    void visit(MarkupLabel& label) override { make(label); }
+    void visit(OptionButton& button) override { make(button); }
+    void visit(Picture& picture) override { make(picture); }
+    void visit(ProgressBar& bar) override { make(bar); }
+    void visit(PropertyGrid& grid) override { make(grid); }
+    void visit(ReportControl& report) override { make(report); }
+    void visit(Splitter& splitter) override { make(splitter); }
+    void visit(TabControl& tabs) override { make(tabs); }
+    void visit(TextBox& box) override { make(box); }
+
+  private:
+    template <class Kind>
+    void make(Kind& control) {
+        view = makeView(dialog_, parent_, control);
+    }
+
+    ScreenDialog& dialog_;
+    wxWindow* parent_;
+};
+
+}  // namespace
 
 void ControlView::update() {
     if (window_->IsThisEnabled() != control_.enabled()) window_->Enable(control_.enabled());
@@ -23,6 +67,11 @@ void ControlView::update() {
     updateContent();
 }
 
+const std::vector<wxWindow*>& ControlView::panes() const {
+    static const std::vector<wxWindow*> none;
+    return none;
+}
+
 wxPoint ControlView::popupPosition() const {
     return window_->ClientToScreen({0, window_->GetClientSize().y});
 }
@@ -32,18 +81,9 @@ void ControlView::act(const std::function<void()>& what) {
 }
 
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, Control& control) {
-    if (auto* label = dynamic_cast<Label*>(&control)) return makeView(dialog, parent, *label);
-    if (auto* button = dynamic_cast<Button*>(&control)) return makeView(dialog, parent, *button);
-    if (auto* textBox = dynamic_cast<TextBox*>(&control)) return makeView(dialog, parent, *textBox);
-    if (auto* checkBox = dynamic_cast<CheckBox*>(&control)) return makeView(dialog, parent, *checkBox);
-    if (auto* checkList = dynamic_cast<CheckList*>(&control)) return makeView(dialog, parent, *checkList);
-    if (auto* comboBox = dynamic_cast<ComboBox*>(&control)) return makeView(dialog, parent, *comboBox);
-    if (auto* report = dynamic_cast<ReportControl*>(&control)) return makeView(dialog, parent, *report);
-    if (auto* frame = dynamic_cast<Frame*>(&control)) return makeView(dialog, parent, *frame);
-    if (auto* link = dynamic_cast<LinkLabel*>(&control)) return makeView(dialog, parent, *link);
-    if (auto* picture = dynamic_cast<Picture*>(&control)) return makeView(dialog, parent, *picture);
-    if (auto* tabs = dynamic_cast<TabControl*>(&control)) return makeView(dialog, parent, *tabs);
-    return nullptr;
+    ViewMaker maker(dialog, parent);
+    control.accept(maker);
+    return std::move(maker.view);
 }
 
 int widthOfCharacters(const wxWindow& window, int characters) {

@@ -2,26 +2,13 @@
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 #include <wx/window.h>
 
 #include "screens/Control.h"
 
 class wxKeyEvent;
-
-namespace tsln {
-class Button;
-class CheckBox;
-class CheckList;
-class ComboBox;
-class Frame;
-class Label;
-class LinkLabel;
-class Picture;
-class ReportControl;
-class TabControl;
-class TextBox;
-}  // namespace tsln
 
 namespace tsln::desktop {
 
@@ -51,10 +38,26 @@ class ControlView {
 
     /// The user pressed its mnemonic, or that of the label before it. The platform's own handling does not
     /// reach every window that may have the focus.
-    virtual void mnemonic() { inputWindow().SetFocus(); }
+    virtual void mnemonic() { takeFocus(); }
+    /// Takes the keyboard by the screen's wish.
+    virtual void takeFocus() { inputWindow().SetFocus(); }
 
     /// The label before it in the layout, which is hidden along with it.
     void setLabel(wxWindow* label) { label_ = label; }
+
+    /// True when the keyboard can be moved here: by a mnemonic, or when the screen opens.
+    virtual bool takesFocus() const { return true; }
+    /// The keyboard stops here when the screen opens, if this is the first such control.
+    virtual bool isTabStop() const { return takesFocus(); }
+    /// It only holds other controls, and has the keyboard whenever one of them has.
+    virtual bool holdsOthers() const { return false; }
+    /// The text on the control itself; its "&" marks the control's mnemonic.
+    virtual wxString caption() const { return {}; }
+
+    /// Takes a window made as a child of its own, which holds what the layout puts there: a page, a pane.
+    virtual void addPart([[maybe_unused]] wxWindow* part) {}
+    /// The windows between which F6 moves the keyboard.
+    virtual const std::vector<wxWindow*>& panes() const;
 
     /// How it stands in the layout.
     virtual bool growsWide() const { return false; }
@@ -82,17 +85,23 @@ class ControlView {
 
 using ControlViewPtr = std::unique_ptr<ControlView>;
 
-ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, Label& label);
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, Button& button);
-ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, TextBox& box);
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, CheckBox& box);
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, CheckList& list);
+ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, ColorBox& box);
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, ComboBox& box);
-ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, ReportControl& report);
+ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, DateBox& box);
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, Frame& frame);
-ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, LinkLabel& label);
+ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, Label& label);
+ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, MarkupLabel& label);
+ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, OptionButton& button);
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, Picture& picture);
+ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, ProgressBar& bar);
+ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, PropertyGrid& grid);
+ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, ReportControl& report);
+ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, Splitter& splitter);
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, TabControl& tabs);
+ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, TextBox& box);
 
 /// The view of a control of whatever kind; null for a kind that shows no window.
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, Control& control);

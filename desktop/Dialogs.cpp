@@ -25,7 +25,6 @@ using MessageDialog = wxGenericMessageDialog;  // the native one shows no icon
 using MessageDialog = wxMessageDialog;
 #endif
 
-constexpr char messageTitle[] = "Tessaline";
 constexpr int messageWidth = 440;  // pixels at 96 per inch
 
 long styleOf(MessageButtons buttons) {
@@ -103,10 +102,12 @@ wxString wrappedMessage(const wxString& text) {
 
 }  // namespace
 
-MessageAnswer askMessage(wxWindow* owner, const wxString& text, MessageButtons buttons, MessageIcon icon) {
+MessageAnswer askMessage(wxWindow* owner, const wxString& title, const wxString& text, MessageButtons buttons,
+                         MessageIcon icon) {
     std::optional<ForeignWindows> foreign;  // those below an owner are disabled already
     if (!owner) foreign.emplace();
-    MessageDialog box(owner, text, messageTitle, styleOf(buttons) | styleOf(icon) | wxCENTRE);
+    MessageDialog box(owner, text, title.empty() ? wxString(programTitle) : title,
+                      styleOf(buttons) | styleOf(icon) | wxCENTRE);
 #ifdef __WXGTK__
     box.SetMessage(wrappedMessage(text));  // this dialog does not wrap by itself
     if (buttons == MessageButtons::YesNo) box.SetEscapeId(wxID_NO);
@@ -153,7 +154,8 @@ std::optional<std::string> askFile(wxWindow* owner, FileDialogKind kind, const w
         if (full == chosen || !wxFileExists(toWx(full))) return full;
         const wxString question = wxString::Format("The file '%s' already exists. Do you want to replace it?",
                                                    wxFileName(toWx(full)).GetFullName());
-        if (askMessage(owner, question, MessageButtons::YesNo, MessageIcon::Question) == MessageAnswer::Yes) {
+        if (askMessage(owner, {}, question, MessageButtons::YesNo, MessageIcon::Question) ==
+            MessageAnswer::Yes) {
             return full;
         }
         before.Assign(toWx(full));

@@ -14,8 +14,9 @@ class wxWindow;
 
 namespace tsln::desktop {
 
-/// The system's dialogs as a screen asks for them. `owner` may be null.
-MessageAnswer askMessage(wxWindow* owner, const wxString& text, MessageButtons buttons, MessageIcon icon);
+/// The system's dialogs as a screen asks for them. `owner` may be null; an empty title is the program's.
+MessageAnswer askMessage(wxWindow* owner, const wxString& title, const wxString& text, MessageButtons buttons,
+                         MessageIcon icon);
 
 enum class FileDialogKind { Open, Save };
 std::optional<std::string> askFile(wxWindow* owner, FileDialogKind kind, const wxString& title,

@@ -19,6 +19,9 @@ class FrameView : public ControlView {
         }
     }
 
+    bool takesFocus() const override { return false; }
+    bool holdsOthers() const override { return true; }
+
   private:
     void updateContent() override {}
 };

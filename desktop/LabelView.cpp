@@ -17,6 +17,8 @@ class LabelView : public ControlView {
         setWindow(text_);
     }
 
+    bool takesFocus() const override { return false; }
+
   private:
     void updateContent() override {
         const wxString caption = toWx(label_.caption());

@@ -4,7 +4,6 @@
 
 #include <wx/button.h>
 #include <wx/gbsizer.h>
-#include <wx/notebook.h>
 #include <wx/panel.h>
 #include <wx/sizer.h>
 #include <wx/statbox.h>
@@ -15,7 +14,6 @@
 #include "desktop/ScreenDialog.h"
 #include "desktop/Text.h"
 #include "screens/Controls.h"
-#include "screens/TabControl.h"
 
 namespace tsln::desktop {
 namespace {
@@ -67,7 +65,9 @@ LayoutBuilder::Part LayoutBuilder::make(const Layout& layout, wxWindow* parent) 
         case Layout::Kind::Form:
             return makeBox(layout, parent);
         case Layout::Kind::Tabs:
-            return makeTabs(layout, parent);
+            return makeParts(layout, parent, dialog_.FromDIP(dialogMargin));
+        case Layout::Kind::Split:
+            return makeParts(layout, parent, 0);
         case Layout::Kind::Spring:
             return {};
     }
@@ -85,9 +85,7 @@ LayoutBuilder::Part LayoutBuilder::makeControl(Control& control, wxWindow* paren
         if (!name.empty()) setAccessibleName(view->inputWindow(), name);
         if (!label.empty()) dialog_.addMnemonic(label, *view);
         lastLabel_.clear();
-        if (auto* button = dynamic_cast<Button*>(&control))
-            dialog_.addMnemonic(toWx(button->caption()), *view);
-        if (auto* box = dynamic_cast<CheckBox*>(&control)) dialog_.addMnemonic(toWx(box->caption()), *view);
+        if (const wxString caption = view->caption(); !caption.empty()) dialog_.addMnemonic(caption, *view);
     }
     return {.window = &view->window(),
             .view = view,
@@ -251,27 +249,25 @@ LayoutBuilder::Part LayoutBuilder::makeForm(const Layout& layout, wxWindow* pare
     return whole;
 }
 
-/// A page for each layout, with a margin of its own.
-LayoutBuilder::Part LayoutBuilder::makeTabs(const Layout& layout, wxWindow* parent) {
-    auto& tabs = dynamic_cast<TabControl&>(*layout.control);
-    ControlView* view = dialog_.addView(makeView(dialog_, parent, tabs));
-    auto& book = static_cast<wxNotebook&>(view->window());
-    for (std::size_t i = 0; i < layout.children.size() && i < tabs.captions().size(); ++i) {
-        auto* page = new wxPanel(&book);
-        const Part content = make(layout.children[i], page);
-        auto* margin = new wxBoxSizer(wxVERTICAL);
-        const wxSizerFlags flags = wxSizerFlags(1).Expand().Border(wxALL, dialog_.FromDIP(dialogMargin));
+/// A page or a pane for each layout, with a margin around what stands in it.
+LayoutBuilder::Part LayoutBuilder::makeParts(const Layout& layout, wxWindow* parent, int margin) {
+    ControlView* view = dialog_.addView(makeView(dialog_, parent, *layout.control));
+    for (const Layout& child : layout.children) {
+        auto* page = new wxPanel(&view->window());
+        const Part content = make(child, page);
+        auto* sizer = new wxBoxSizer(wxVERTICAL);
+        const wxSizerFlags flags = wxSizerFlags(1).Expand().Border(wxALL, margin);
         if (content.sizer) {
-            margin->Add(content.sizer, flags);
+            sizer->Add(content.sizer, flags);
         } else if (content.window) {
-            margin->Add(content.window, flags);
+            sizer->Add(content.window, flags);
         }
-        page->SetSizer(margin);
-        page->SetSize(margin->GetMinSize());  // windows of no size at all upset the toolkit
+        page->SetSizer(sizer);
+        page->SetSize(sizer->GetMinSize());  // windows of no size at all upset the toolkit
         page->Layout();
-        book.AddPage(page, toWx(tabs.captions()[i]));
+        view->addPart(page);
     }
-    return {.window = &book, .view = view, .isGroup = true, .growsWide = true, .growsHigh = true};
+    return {.window = &view->window(), .view = view, .isGroup = true, .growsWide = true, .growsHigh = true};
 }
 
 }  // namespace tsln::desktop

@@ -35,7 +35,7 @@ class LayoutBuilder {
         bool growsHigh = false;
     };
     Part make(const Layout& layout, wxWindow* parent);
-    Part makeTabs(const Layout& layout, wxWindow* parent);
+    Part makeParts(const Layout& layout, wxWindow* parent, int margin);
     Part makeControl(Control& control, wxWindow* parent, const wxString& label);
     Part makeBox(const Layout& layout, wxWindow* parent);
     Part makeForm(const Layout& layout, wxWindow* parent);

@@ -24,6 +24,8 @@ class PictureView : public ControlView {
         window_->Bind(wxEVT_PAINT, [this](wxPaintEvent&) { paintLock(); });
     }
 
+    bool takesFocus() const override { return false; }
+
   private:
     void updateContent() override {}
 

@@ -14,8 +14,6 @@
 #include "desktop/Placement.h"
 #include "desktop/Text.h"
 #include "screens/Controls.h"
-#include "screens/Picture.h"
-#include "screens/TabControl.h"
 
 namespace tsln::desktop {
 namespace {
@@ -29,10 +27,8 @@ bool isButton(const Control& control, Button::Role role) {
     return button && button->role() == role;
 }
 
-bool takesFocus(const Control& control) {
-    return control.enabled() && control.visible() && !dynamic_cast<const Label*>(&control) &&
-           !dynamic_cast<const Frame*>(&control) && !dynamic_cast<const Picture*>(&control) &&
-           !dynamic_cast<const TabControl*>(&control);
+bool isUsable(const Control& control) {
+    return control.enabled() && control.visible();
 }
 
 /// Its page of a tab control, if it stands on one, is the one that shows.
@@ -42,6 +38,13 @@ bool isOnShownPage(const wxWindow& window) {
         if (book && book->GetCurrentPage() != at) return false;
     }
     return true;
+}
+
+bool isWithin(const wxWindow& window, const wxWindow& outer) {
+    for (const wxWindow* at = &window; at; at = at->GetParent()) {
+        if (at == &outer) return true;
+    }
+    return false;
 }
 
 void setPointer(wxWindow& window, const wxCursor& cursor) {
@@ -280,7 +283,7 @@ void ScreenDialog::rememberPlacement() {
 /// has it itself only where nothing on its pages does, and those were made after it.
 ControlView* ScreenDialog::viewWithKeyboard() const {
     for (const ControlViewPtr& view : views_ | std::views::reverse) {
-        if (!dynamic_cast<Frame*>(&view->control()) && hasKeyboard(view->window())) return view.get();
+        if (!view->holdsOthers() && hasKeyboard(view->window())) return view.get();
     }
     return nullptr;
 }
@@ -288,8 +291,8 @@ ControlView* ScreenDialog::viewWithKeyboard() const {
 void ScreenDialog::setInitialFocus() {
     ControlView* first = screen_.focusedControl() ? viewOf(*screen_.focusedControl()) : nullptr;
     if (!first) {
-        const auto found =
-            std::ranges::find_if(views_, [](const auto& view) { return takesFocus(view->control()); });
+        const auto found = std::ranges::find_if(
+            views_, [](const auto& view) { return view->isTabStop() && isUsable(view->control()); });
         if (found != views_.end()) first = found->get();
     }
     if (first) moveFocus(*first);
@@ -297,12 +300,12 @@ void ScreenDialog::setInitialFocus() {
 
 /// Moves the focus by the screen's own wish, which is no leaving of a control by the user.
 void ScreenDialog::restoreFocus() {
-    if (focused_) focused_->inputWindow().SetFocus();
+    if (focused_) focused_->takeFocus();
 }
 
 void ScreenDialog::moveFocus(ControlView& view) {
     focused_ = &view;
-    view.inputWindow().SetFocus();
+    view.takeFocus();
 }
 
 /// Tells the screen where the user has moved the focus to.
@@ -339,6 +342,8 @@ bool ScreenDialog::pressKey(const wxKeyEvent& key) {
     ControlView* focus = viewWithKeyboard();
     if (focus && focus->takesKey(key)) return true;
     if (key.GetModifiers() == wxMOD_CONTROL && turnPage(key.GetKeyCode())) return true;
+    if (key.GetKeyCode() == WXK_F6 && (key.GetModifiers() & ~wxMOD_SHIFT) == 0)
+        return turnPane(key.GetModifiers() == wxMOD_SHIFT);
     if (key.GetModifiers() == wxMOD_ALT) return pressMnemonic(key);
     if (key.HasAnyModifiers()) return false;
     const int code = key.GetKeyCode();
@@ -370,6 +375,39 @@ bool ScreenDialog::turnPage(int keyCode) {
     return false;
 }
 
+/// The panes of all splitters, in the layout's order; one that is itself split gives way to its own panes.
+std::vector<wxWindow*> ScreenDialog::panes() const {
+    std::vector<wxWindow*> all;
+    for (const ControlViewPtr& view : views_) {
+        const auto outer = std::ranges::find_if(all, [&](const wxWindow* pane) {
+            return !view->panes().empty() && isWithin(view->window(), *pane);
+        });
+        const auto place = outer == all.end() ? outer : all.erase(outer);
+        all.insert(place, view->panes().begin(), view->panes().end());
+    }
+    return all;
+}
+
+/// Moves the keyboard to the first control of the next pane in which it can stop; false when there is none.
+bool ScreenDialog::turnPane(bool back) {
+    const std::vector<wxWindow*> all = panes();
+    const auto here = std::ranges::find_if(all, [](const wxWindow* pane) { return hasKeyboard(*pane); });
+    const std::size_t at = here != all.end() ? static_cast<std::size_t>(here - all.begin())
+                           : back            ? 0
+                                             : all.size() - 1;
+    for (std::size_t i = 1; i <= all.size(); ++i) {
+        const wxWindow& pane = *all[(at + (back ? all.size() - i : i)) % all.size()];
+        for (const ControlViewPtr& view : views_) {
+            if (!view->isTabStop() || !isUsable(view->control()) || !isWithin(view->window(), pane) ||
+                !isOnShownPage(view->window()))
+                continue;
+            view->takeFocus();
+            return true;
+        }
+    }
+    return false;
+}
+
 /// Presses the first button that is meant; false when the screen has none.
 bool ScreenDialog::press(bool (*isMeant)(const Control& control)) {
     for (const ControlViewPtr& view : views_) {
@@ -384,7 +422,7 @@ bool ScreenDialog::pressMnemonic(const wxKeyEvent& key) {
     const auto found = viewsByMnemonic_.find(key.GetKeyCode());
     if (found == viewsByMnemonic_.end()) return false;
     for (ControlView* view : found->second) {
-        if (!takesFocus(view->control()) || !isOnShownPage(view->window())) continue;
+        if (!view->takesFocus() || !isUsable(view->control()) || !isOnShownPage(view->window())) continue;
         view->mnemonic();
         return true;
     }

@@ -28,7 +28,7 @@ class ScreenDialog : public wxDialog, private ScreenView {
     Screen& screen() const noexcept { return screen_; }
     /// Runs an act of the user, then draws what it changed. Nothing happens while another one runs or the
     /// screen is gone. What it throws is reported by the screen.
-    void act(const std::function<void()>& what);
+    void act(const std::function<void()>& what) override;
     /// Gives the keyboard back to the control that had it.
     void restoreFocus();
     /// Draws what has changed so far; for an act that is about to wait for something.
@@ -65,6 +65,8 @@ class ScreenDialog : public wxDialog, private ScreenView {
     void onKey(wxKeyEvent& event);
     bool pressKey(const wxKeyEvent& key);
     bool turnPage(int keyCode);
+    bool turnPane(bool back);
+    std::vector<wxWindow*> panes() const;
     bool pressMnemonic(const wxKeyEvent& key);
     bool press(bool (*isMeant)(const Control& control));
 

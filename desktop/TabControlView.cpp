@@ -1,6 +1,9 @@
+#include <algorithm>
+
 #include <wx/notebook.h>
 
 #include "desktop/ControlView.h"
+#include "desktop/Text.h"
 #include "screens/TabControl.h"
 
 namespace tsln::desktop {
@@ -14,26 +17,60 @@ class TabControlView : public ControlView {
         setWindow(book_);
         book_->Bind(wxEVT_NOTEBOOK_PAGE_CHANGED, [this](wxBookCtrlEvent& event) {
             event.Skip();
-            if (event.GetEventObject() == book_) act([] {});
+            if (event.GetEventObject() == book_ && !updating_) act([] {});
         });
     }
 
     void settle() override {
-        if (const int page = book_->GetSelection(); page >= 0 && page != tabs_.selected())
+        const auto shown = std::ranges::find(pages_, book_->GetCurrentPage());
+        if (shown == pages_.end()) return;
+        if (const auto page = static_cast<int>(shown - pages_.begin()); page != tabs_.selected())
             tabs_.userSelect(page);
     }
+    void addPart(wxWindow* part) override {
+        pages_.push_back(part);
+        part->Hide();
+        const std::size_t page = pages_.size() - 1;
+        if (tabs_.isPageVisible(static_cast<int>(page))) insert(page);
+    }
+    bool takesFocus() const override { return false; }  // but what stands on its pages does
     bool growsWide() const override { return true; }
     bool growsHigh() const override { return true; }
 
   private:
+    bool isInserted(std::size_t page) const { return book_->FindPage(pages_[page]) != wxNOT_FOUND; }
+
+    void insert(std::size_t page) {
+        std::size_t place = 0;
+        for (std::size_t before = 0; before < page; ++before)
+            place += isInserted(before) ? 1 : 0;
+        pages_[page]->Show();
+        book_->InsertPage(place, pages_[page], toWx(tabs_.captions()[page]));
+    }
+
     void updateContent() override {
-        const auto page = static_cast<std::size_t>(tabs_.selected());
-        if (page < book_->GetPageCount() && book_->GetSelection() != tabs_.selected())
-            book_->ChangeSelection(page);
+        updating_ = true;  // the toolkit turns pages of its own accord when they come and go
+        for (std::size_t page = 0; page < pages_.size(); ++page) {
+            const bool visible = tabs_.isPageVisible(static_cast<int>(page));
+            if (visible && !isInserted(page)) {
+                insert(page);
+            } else if (!visible && isInserted(page)) {
+                book_->RemovePage(static_cast<std::size_t>(book_->FindPage(pages_[page])));
+                pages_[page]->Hide();
+            }
+        }
+        const auto selected = static_cast<std::size_t>(tabs_.selected());
+        if (tabs_.selected() >= 0 && selected < pages_.size()) {
+            const int place = book_->FindPage(pages_[selected]);
+            if (place != book_->GetSelection()) book_->ChangeSelection(static_cast<std::size_t>(place));
+        }
+        updating_ = false;
     }
 
     TabControl& tabs_;
     wxNotebook* book_;
+    std::vector<wxWindow*> pages_;  // hidden ones included
+    bool updating_ = false;
 };
 
 }  // namespace

@@ -7,6 +7,9 @@
 
 namespace tsln::desktop {
 
+/// What windows without a title of their own are called.
+inline constexpr char programTitle[] = "Tessaline";
+
 /// UTF-8 to the toolkit's text. Bytes that are no UTF-8 are read as Latin-1 rather than lost.
 inline wxString toWx(std::string_view text) {
     wxString result = wxString::FromUTF8(text.data(), text.size());

@@ -31,6 +31,42 @@ std::string typedText(const TextBox& box, wxString text) {
     return fromWx(text);
 }
 
+// How the platform counts a line end of a box of several lines in positions.
+#ifdef __WXMSW__
+constexpr long lineEndUnits = 2;
+#else
+constexpr long lineEndUnits = 1;
+#endif
+
+/// Positions in a window's text beside those in the control's, which counts characters and has CR LF for line
+/// ends. The window may count halves of characters beyond the first plane.
+class Positions {
+  public:
+    explicit Positions(wxString shown) : shown_(std::move(shown)) {}
+
+    std::size_t characters(long units) const {
+        return advance([&](long unit, std::size_t) { return unit < units; }).second;
+    }
+    long units(std::size_t characters) const {
+        return advance([&](long, std::size_t character) { return character < characters; }).first;
+    }
+
+  private:
+    template <class GoesOn>
+    std::pair<long, std::size_t> advance(GoesOn goesOn) const {
+        std::pair<long, std::size_t> at{0, 0};
+        for (const wxUniChar c : shown_) {
+            if (!goesOn(at.first, at.second)) break;
+            const bool isSecondHalf = (c.GetValue() & ~0x3FFU) == 0xDC00;
+            at.first += c == '\n' ? lineEndUnits : 1;
+            at.second += c == '\n' ? 2U : isSecondHalf ? 0U : 1U;
+        }
+        return at;
+    }
+
+    wxString shown_;
+};
+
 class TextBoxView : public ControlView {
   public:
     TextBoxView(ScreenDialog& dialog, wxWindow* parent, TextBox& box)
@@ -44,14 +80,32 @@ class TextBoxView : public ControlView {
             setTextMargin(*window_, window_->FromDIP(textMargin));
         }
         window_->SetMinSize(least);
+        if (!box.cueText.empty() && !box.multiLine) window_->SetHint(toWx(box.cueText));
         window_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { act([] {}); });
     }
 
     void settle() override {
         const wxString text = window_->GetValue();
-        if (text == known_) return;
+        const TextBox::Selection selection = shownSelection(text);
+        if (text == known_) return box_.userSelect(selection);
         known_ = text;
-        box_.userType(typedText(box_, text));
+        box_.userType(typedText(box_, text), selection);
+    }
+
+    bool takesKey(const wxKeyEvent& key) override {
+        const int code = key.GetKeyCode();
+        if (!box_.onEnterKey || key.HasAnyModifiers() || (code != WXK_RETURN && code != WXK_NUMPAD_ENTER))
+            return false;
+        bool used = false;
+        act([&] { used = box_.userEnter(); });
+        return used;
+    }
+
+    /// The platform may select everything now; a selection that the screen has made since stays.
+    void takeFocus() override {
+        ControlView::takeFocus();
+        if (selectionsFocused_ != box_.selectionsMade()) showSelection();
+        selectionsFocused_ = box_.selectionsMade();
     }
 
     bool wantsKey(int keyCode) const override { return box_.multiLine && keyCode != WXK_ESCAPE; }
@@ -60,7 +114,23 @@ class TextBoxView : public ControlView {
 
   private:
     static long styleOf(const TextBox& box) {
-        return (box.multiLine ? long(wxTE_MULTILINE) : 0L) | (box.rightAligned ? long(wxTE_RIGHT) : 0L);
+        return (box.multiLine ? long(wxTE_MULTILINE) : 0L) | (box.rightAligned ? long(wxTE_RIGHT) : 0L) |
+               (box.password ? long(wxTE_PASSWORD) : 0L);
+    }
+
+    TextBox::Selection shownSelection(const wxString& text) const {
+        long from = 0, to = 0;
+        window_->GetSelection(&from, &to);
+        const Positions positions(text);
+        const std::size_t start = positions.characters(from);
+        return {start, positions.characters(to) - start};
+    }
+
+    void showSelection() {
+        const Positions positions(window_->GetValue());
+        const auto [start, length] = box_.selection();
+        window_->SetSelection(positions.units(start), positions.units(start + length));
+        window_->ShowPosition(positions.units(start + length));
     }
 
     void updateContent() override {
@@ -76,6 +146,8 @@ class TextBoxView : public ControlView {
         }
         shown_ = text;
         shownAs_ = known_ = window_->GetValue();
+        if (selectionsShown_ != box_.selectionsMade()) showSelection();
+        selectionsShown_ = box_.selectionsMade();
         if (window_->IsEditable() == box_.locked()) window_->SetEditable(!box_.locked());
     }
 
@@ -86,6 +158,9 @@ class TextBoxView : public ControlView {
     wxString shown_;    // what the window was given last
     wxString shownAs_;  // what it made of that
     wxString known_;    // what it held when last looked at
+    // The screen's own selections that have been shown, and those after which the box has had the focus.
+    int selectionsShown_ = 0;
+    int selectionsFocused_ = 0;
 };
 
 }  // namespace

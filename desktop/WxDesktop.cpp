@@ -4,12 +4,16 @@
 #include <memory>
 
 #include <wx/app.h>
+#include <wx/clipbrd.h>
+#include <wx/dataobj.h>
 #include <wx/evtloop.h>
 #include <wx/filename.h>
 #include <wx/log.h>
 #include <wx/stdpaths.h>
+#include <wx/timer.h>
 #include <wx/utils.h>
 
+#include "desktop/ChoiceDialog.h"
 #include "desktop/Dialogs.h"
 #include "desktop/ForeignWindows.h"
 #include "desktop/HelpWindow.h"
@@ -37,6 +41,21 @@ class ActiveLoop {
   private:
     std::unique_ptr<wxGUIEventLoop> own_;
     std::unique_ptr<wxEventLoopActivator> activator_;
+};
+
+class WxTimer : public RunningTimer, private wxTimer {
+  public:
+    WxTimer(std::function<void()> callback, int milliseconds)
+        : callback_(std::make_shared<std::function<void()>>(std::move(callback))) {
+        Start(milliseconds);
+    }
+
+  private:
+    void Notify() override {
+        const auto callback = callback_;  // which may destroy this timer
+        (*callback)();
+    }
+    std::shared_ptr<std::function<void()>> callback_;
 };
 
 }  // namespace
@@ -77,9 +96,16 @@ void WxDesktop::drawChanges() {
 // Dialogs -----------------------------------------------------------------------------------------
 
 MessageAnswer WxDesktop::messageBox(Screen* owner, std::string_view text, MessageButtons buttons,
-                                    MessageIcon icon) {
+                                    MessageIcon icon, std::string_view title) {
     drawChanges();
-    return askMessage(windowFor(owner), toWx(text), buttons, icon);
+    return askMessage(windowFor(owner), toWx(title), toWx(text), buttons, icon);
+}
+
+std::optional<std::size_t> WxDesktop::choose(Screen* owner, std::string_view title, std::string_view question,
+                                             std::span<const std::string> answers) {
+    drawChanges();
+    return askChoice(windowFor(owner), title.empty() ? wxString(programTitle) : toWx(title), toWx(question),
+                     answers);
 }
 
 std::optional<std::string> WxDesktop::openFile(Screen& owner, std::string_view title,
@@ -111,6 +137,25 @@ void WxDesktop::printPreview(Screen& owner, const ReportControl& report, std::st
 void WxDesktop::showHelp(Screen& owner, std::string_view file, std::int32_t context) {
     drawChanges();
     showHelpWindow(windowFor(&owner), applicationFolder(), std::string(file), context);
+}
+
+// Clipboard and timers ----------------------------------------------------------------------------
+
+void WxDesktop::setClipboardText(std::string_view text) {
+    const wxClipboardLocker clipboard;
+    if (!clipboard) return;
+    wxTheClipboard->SetData(new wxTextDataObject(toWx(text)));
+}
+
+std::string WxDesktop::clipboardText() {
+    const wxClipboardLocker clipboard;
+    wxTextDataObject text;
+    if (!clipboard || !wxTheClipboard->GetData(text)) return {};
+    return fromWx(text.GetText());
+}
+
+std::unique_ptr<RunningTimer> WxDesktop::startTimer(std::function<void()> callback, int milliseconds) {
+    return std::make_unique<WxTimer>(std::move(callback), milliseconds);
 }
 
 // Processes ---------------------------------------------------------------------------------------

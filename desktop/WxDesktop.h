@@ -28,8 +28,10 @@ class WxDesktop : public Desktop {
     std::function<void(std::string_view commandLine, ProcessEnd end)> onProcessEnd;
 
     void showModal(Screen& screen) override;
-    MessageAnswer messageBox(Screen* owner, std::string_view text, MessageButtons buttons,
-                             MessageIcon icon) override;
+    MessageAnswer messageBox(Screen* owner, std::string_view text, MessageButtons buttons, MessageIcon icon,
+                             std::string_view title = {}) override;
+    std::optional<std::size_t> choose(Screen* owner, std::string_view title, std::string_view question,
+                                      std::span<const std::string> answers) override;
     std::optional<std::string> openFile(Screen& owner, std::string_view title,
                                         std::span<const FileFilter> filters) override;
     std::optional<std::string> saveFile(Screen& owner, std::string_view title,
@@ -37,6 +39,9 @@ class WxDesktop : public Desktop {
     int choosePopup(Screen& owner, const Command& popup, Control& below) override;
     void printPreview(Screen& owner, const ReportControl& report, std::string_view title) override;
     void showHelp(Screen& owner, std::string_view file, std::int32_t context) override;
+    void setClipboardText(std::string_view text) override;
+    std::string clipboardText() override;
+    std::unique_ptr<RunningTimer> startTimer(std::function<void()> callback, int milliseconds) override;
     void yield() override;
     ProcessEnd runAndWait(std::string_view commandLine) override;
     void shellOpen(std::string_view file, std::string_view arguments) override;

@@ -8,7 +8,14 @@ namespace tsln::test {
 class QuietDesktop : public Desktop {
   public:
     void showModal(Screen&) override {}
-    MessageAnswer messageBox(Screen*, std::string_view, MessageButtons, MessageIcon) override { return {}; }
+    MessageAnswer messageBox(Screen*, std::string_view, MessageButtons, MessageIcon,
+                             std::string_view = {}) override {
+        return {};
+    }
+    std::optional<std::size_t> choose(Screen*, std::string_view, std::string_view,
+                                      std::span<const std::string>) override {
+        return {};
+    }
     std::optional<std::string> openFile(Screen&, std::string_view, std::span<const FileFilter>) override {
         return {};
     }
@@ -18,6 +25,11 @@ class QuietDesktop : public Desktop {
     int choosePopup(Screen&, const Command&, Control&) override { return 0; }
     void printPreview(Screen&, const ReportControl&, std::string_view) override {}
     void showHelp(Screen&, std::string_view, std::int32_t) override {}
+    void setClipboardText(std::string_view) override {}
+    std::string clipboardText() override { return {}; }
+    std::unique_ptr<RunningTimer> startTimer(std::function<void()>, int) override {
+        return std::make_unique<RunningTimer>();
+    }
     void yield() override {}
     ProcessEnd runAndWait(std::string_view) override { return {}; }
     void shellOpen(std::string_view, std::string_view) override {}

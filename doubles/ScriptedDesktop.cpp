@@ -1,5 +1,7 @@
 #include "doubles/ScriptedDesktop.h"
 
+#include <algorithm>
+
 namespace tsln::test {
 namespace {
 
@@ -23,10 +25,51 @@ void ScriptedDesktop::showModal(Screen& screen) {
 }
 
 MessageAnswer ScriptedDesktop::messageBox(Screen*, std::string_view text, MessageButtons buttons,
-                                          MessageIcon icon) {
-    boxes.push_back({std::string(text), buttons, icon});
+                                          MessageIcon icon, std::string_view title) {
+    boxes.push_back({std::string(text), buttons, icon, std::string(title)});
     if (buttons == MessageButtons::Ok) return MessageAnswer::Ok;
     return next(answers).value_or(MessageAnswer::No);
+}
+
+std::optional<std::size_t> ScriptedDesktop::choose(Screen*, std::string_view title, std::string_view question,
+                                                   std::span<const std::string> offered) {
+    questions.push_back({std::string(title), std::string(question), {offered.begin(), offered.end()}});
+    const auto choice = next(choices);
+    return choice && *choice < offered.size() ? choice : std::nullopt;
+}
+
+void ScriptedDesktop::setClipboardText(std::string_view text) {
+    clipboard = text;
+}
+
+std::string ScriptedDesktop::clipboardText() {
+    return clipboard;
+}
+
+class ScriptedDesktop::ScriptedTimer : public RunningTimer {
+  public:
+    ScriptedTimer(ScriptedDesktop& desktop, std::function<void()> callback)
+        : desktop_(desktop), callback_(std::move(callback)) {
+        desktop_.timers_.push_back(this);
+    }
+    ~ScriptedTimer() override { std::erase(desktop_.timers_, this); }
+    const std::function<void()>& callback() const { return callback_; }
+
+  private:
+    ScriptedDesktop& desktop_;
+    std::function<void()> callback_;
+};
+
+std::unique_ptr<RunningTimer> ScriptedDesktop::startTimer(std::function<void()> callback, int) {
+    return std::make_unique<ScriptedTimer>(*this, std::move(callback));
+}
+
+void ScriptedDesktop::tick() {
+    for (const ScriptedTimer* timer : std::vector(timers_.begin(), timers_.end())) {
+        if (std::ranges::find(timers_, timer) == timers_.end()) continue;  // stopped by the one before
+        const auto callback = timer->callback();                           // which may stop this one
+        callback();
+    }
 }
 
 std::optional<std::string> ScriptedDesktop::pickFile(std::string_view title,

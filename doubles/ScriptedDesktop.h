@@ -26,7 +26,13 @@ class ScriptedDesktop : public Desktop {
         std::string text;
         MessageButtons buttons;
         MessageIcon icon;
+        std::string title;  ///< empty: the program's
         bool operator==(const Box&) const = default;
+    };
+    struct Question {
+        std::string title;
+        std::string text;
+        std::vector<std::string> answers;
     };
     struct FileDialog {
         std::string title;
@@ -41,7 +47,10 @@ class ScriptedDesktop : public Desktop {
     std::vector<std::string> shown;     ///< the screens in the order they were shown
     std::vector<Box> boxes;             ///< the message boxes
     std::deque<MessageAnswer> answers;  ///< to questions; No when there is none left
-    std::deque<std::string> files;      ///< picked in file dialogs; cancelled when there is none left
+    std::vector<Question> questions;    ///< with answers in words
+    std::deque<std::size_t> choices;    ///< of such answers; cancelled when there is none left
+    std::string clipboard;
+    std::deque<std::string> files;  ///< picked in file dialogs; cancelled when there is none left
     std::vector<FileDialog> fileDialogs;
     std::deque<int> popupChoices;      ///< 0 when there is none left
     std::vector<Command> popups;       ///< as they were shown
@@ -56,9 +65,15 @@ class ScriptedDesktop : public Desktop {
     int yields = 0;
     std::function<void()> onYield;
 
+    /// Lets every timer that runs tick once.
+    void tick();
+    std::size_t timersRunning() const { return timers_.size(); }
+
     void showModal(Screen& screen) override;
-    MessageAnswer messageBox(Screen* owner, std::string_view text, MessageButtons buttons,
-                             MessageIcon icon) override;
+    MessageAnswer messageBox(Screen* owner, std::string_view text, MessageButtons buttons, MessageIcon icon,
+                             std::string_view title = {}) override;
+    std::optional<std::size_t> choose(Screen* owner, std::string_view title, std::string_view question,
+                                      std::span<const std::string> answers) override;
     std::optional<std::string> openFile(Screen& owner, std::string_view title,
                                         std::span<const FileFilter> filters) override;
     std::optional<std::string> saveFile(Screen& owner, std::string_view title,
@@ -66,6 +81,9 @@ class ScriptedDesktop : public Desktop {
     int choosePopup(Screen& owner, const Command& popup, Control& below) override;
     void printPreview(Screen& owner, const ReportControl& report, std::string_view title) override;
     void showHelp(Screen& owner, std::string_view file, std::int32_t context) override;
+    void setClipboardText(std::string_view text) override;
+    std::string clipboardText() override;
+    std::unique_ptr<RunningTimer> startTimer(std::function<void()> callback, int milliseconds) override;
     void yield() override;
     ProcessEnd runAndWait(std::string_view commandLine) override;
     void shellOpen(std::string_view file, std::string_view arguments) override;
@@ -75,6 +93,9 @@ class ScriptedDesktop : public Desktop {
     ObjectPtr createObject(std::string_view programId) override;
 
   private:
+    class ScriptedTimer;
+    std::vector<ScriptedTimer*> timers_;
+
     std::optional<std::string> pickFile(std::string_view title, std::span<const FileFilter> filters);
 };
 

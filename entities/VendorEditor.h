@@ -1,7 +1,7 @@
 #pragma once
 
 #include "maintenance/RecordDialog.h"
-#include "screens/LinkLabel.h"
+#include "screens/MarkupLabel.h"
 #include "screens/Picture.h"
 #include "screens/TabControl.h"
 
@@ -17,7 +17,7 @@ class VendorEditor : public RecordDialog {
     TabControl TabControl1{*this, "TabControl1", {"General", "Addresses", "Purchasing", "Notes"}};
     Frame grpBillTo{*this, "grpBillTo", "Bill-to address"};
     Frame grpShipTo{*this, "grpShipTo", "Ship-to address"};
-    LinkLabel lblCopyBilling{*this, "lblCopyBilling",
+    MarkupLabel lblCopyBilling{*this, "lblCopyBilling",
                              "<TextBlock><Hyperlink Click='Hyperlink_BillingToShipping'>Copy the bill-to address</Hyperlink></TextBlock>"};
 
     /// Copies the bill-to address as it stands into the ship-to address.

@@ -13,6 +13,7 @@ namespace tsln {
 class CheckList : public Control {
   public:
     CheckList(Screen& screen, std::string name) : Control(screen, std::move(name)) {}
+    void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
 
     struct Column {
         std::string caption;

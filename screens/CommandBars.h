@@ -22,6 +22,7 @@ struct Command {
 class CommandBars : public Control {
   public:
     CommandBars(Screen& screen, std::string name) : Control(screen, std::move(name)) {}
+    void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
 
     std::vector<Command> popups;
     /// The first popup with this identifier, or null.

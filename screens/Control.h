@@ -5,6 +5,7 @@
 #include <string>
 
 #include "automation/Object.h"
+#include "screens/ControlVisitor.h"
 
 namespace tsln {
 
@@ -23,6 +24,8 @@ class Control {
 
     Screen& screen() const noexcept { return screen_; }
     const std::string& name() const noexcept { return name_; }
+    /// Calls the visitor's function for this kind of control.
+    virtual void accept(ControlVisitor& visitor) = 0;
 
     bool enabled() const noexcept { return enabled_; }
     void setEnabled(bool enabled);

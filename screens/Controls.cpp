@@ -2,17 +2,36 @@
 
 #include <algorithm>
 
+#include "screens/ControlMembers.h"
+
 namespace tsln {
 namespace {
 
-/// Answers a member from the kind's own table, or from those every control has.
-template <class Self, std::size_t N>
-Variant invokeControl(Self& self, const Member<Self> (&members)[N], std::string_view member, Access access,
-                      Arguments arguments) {
-    const bool own =
-        std::ranges::any_of(members, [&](const auto& row) { return sameName(row.name, member); });
-    if (!own) return self.Control::invoke(member, access, arguments);
-    return invokeMember<Self>(self, self.name(), members, member, access, arguments);
+bool continuesCharacter(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
+}
+
+std::size_t characterCount(std::string_view utf8) {
+    return static_cast<std::size_t>(
+        std::ranges::count_if(utf8, [](char byte) { return !continuesCharacter(byte); }));
+}
+
+/// Where the character of that number begins; the end of the text for those beyond it.
+std::size_t byteOffset(std::string_view utf8, std::size_t character) {
+    std::size_t at = 0;
+    for (; at < utf8.size(); ++at) {
+        if (!continuesCharacter(utf8[at]) && character-- == 0) break;
+    }
+    return at;
+}
+
+/// A number of characters that the host gives.
+std::size_t countOf(const Control& control, const Variant& value) {
+    const std::int32_t count = value.toLong();
+    if (count < 0)
+        throw HostError(code::badIndex, control.name(),
+                        "There are no " + std::to_string(count) + " characters.");
+    return static_cast<std::size_t>(count);
 }
 
 }  // namespace
@@ -62,8 +81,41 @@ Variant Button::invoke(std::string_view member, Access access, Arguments argumen
 void TextBox::setText(std::string text) {
     if (text_ == text) return;
     text_ = std::move(text);
+    selection_ = {};
     changed();
     fire(onChange);
+}
+
+TextBox::Selection TextBox::withinText(Selection selection) const {
+    const std::size_t length = characterCount(text_);
+    selection.start = std::min(selection.start, length);
+    selection.length = std::min(selection.length, length - selection.start);
+    return selection;
+}
+
+void TextBox::select(Selection selection) {
+    selection_ = withinText(selection);
+    ++selectionsMade_;
+    changed();
+}
+
+void TextBox::selectAll() {
+    select({0, characterCount(text_)});
+}
+
+std::string TextBox::selectedText() const {
+    const std::size_t from = byteOffset(text_, selection_.start);
+    return text_.substr(from, byteOffset(text_, selection_.start + selection_.length) - from);
+}
+
+void TextBox::insert(std::string_view text) {
+    const std::size_t from = byteOffset(text_, selection_.start);
+    const std::size_t to = byteOffset(text_, selection_.start + selection_.length);
+    const std::size_t caret = selection_.start + characterCount(text);
+    const bool isChange = std::string_view(text_).substr(from, to - from) != text;
+    text_.replace(from, to - from, text);
+    select({caret, 0});
+    if (isChange) fire(onChange);
 }
 
 void TextBox::setLocked(bool locked) {
@@ -71,10 +123,22 @@ void TextBox::setLocked(bool locked) {
     changed();
 }
 
-void TextBox::userType(std::string text) {
+void TextBox::userType(std::string text, std::optional<Selection> selection) {
     if (locked_ || !enabled() || text_ == text) return;
     text_ = std::move(text);
+    selection_ = withinText(selection.value_or(Selection{std::string::npos, 0}));
     fire(onChange);
+}
+
+void TextBox::userSelect(Selection selection) {
+    selection_ = withinText(selection);
+}
+
+bool TextBox::userEnter() {
+    if (!enabled() || !onEnterKey) return false;
+    bool used = true;
+    fire([&] { used = onEnterKey(); });
+    return used;
 }
 
 Variant TextBox::invoke(std::string_view member, Access access, Arguments arguments) {
@@ -83,6 +147,18 @@ Variant TextBox::invoke(std::string_view member, Access access, Arguments argume
          [](TextBox& self, Arguments a) { self.setText(a[0].toText()); }},
         {"Locked", [](TextBox& self, Arguments) { return Variant(self.locked_); },
          [](TextBox& self, Arguments a) { self.setLocked(a[0].toBoolean()); }},
+        {"SelStart",
+         [](TextBox& self, Arguments) { return Variant(static_cast<std::int32_t>(self.selection_.start)); },
+         [](TextBox& self, Arguments a) {
+             self.select({countOf(self, a[0]), 0});
+         }},
+        {"SelLength",
+         [](TextBox& self, Arguments) { return Variant(static_cast<std::int32_t>(self.selection_.length)); },
+         [](TextBox& self, Arguments a) {
+             self.select({self.selection_.start, countOf(self, a[0])});
+         }},
+        {"SelText", [](TextBox& self, Arguments) { return Variant(self.selectedText()); },
+         [](TextBox& self, Arguments a) { self.insert(a[0].toText()); }},
     };
     return invokeControl(*this, members, member, access, arguments);
 }

@@ -14,6 +14,7 @@ class Label : public Control {
   public:
     Label(Screen& screen, std::string name, std::string caption)
         : Control(screen, std::move(name)), caption_(std::move(caption)) {}
+    void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
 
     const std::string& caption() const noexcept { return caption_; }
     void setCaption(std::string caption);
@@ -33,6 +34,7 @@ class Button : public Control {
     };
     Button(Screen& screen, std::string name, std::string caption, Role role = Role::Plain)
         : Control(screen, std::move(name)), caption_(std::move(caption)), role_(role) {}
+    void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
 
     const std::string& caption() const noexcept { return caption_; }
     void setCaption(std::string caption);
@@ -53,24 +55,55 @@ class Button : public Control {
 class TextBox : public Control {
   public:
     TextBox(Screen& screen, std::string name) : Control(screen, std::move(name)) {}
+    void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
 
     const std::string& text() const noexcept { return text_; }
     void setText(std::string text);
     bool locked() const noexcept { return locked_; }
     void setLocked(bool locked);
 
-    bool multiLine = false;      ///< set before the screen is shown
+    /// The selection, in characters of the text; a line end is two, CR and LF. Without a selection the length
+    /// is 0 and the start is where the caret stands. The front end keeps it up to date at every act of the
+    /// user.
+    struct Selection {
+        std::size_t start = 0;
+        std::size_t length = 0;
+        friend bool operator==(Selection, Selection) = default;
+    };
+    const Selection& selection() const noexcept { return selection_; }
+    /// What lies beyond the end of the text is left out.
+    void select(Selection selection);
+    void selectAll();
+    std::string selectedText() const;
+    /// Puts the text in the place of the selection, and the caret behind it.
+    void insert(std::string_view text);
+    /// Counts the screen's own selections, so that the front end can tell a new one.
+    int selectionsMade() const noexcept { return selectionsMade_; }
+
+    bool multiLine = false;  ///< set before the screen is shown
+    bool password = false;   ///< shown masked, of one line; set before the screen is shown
+    std::string cueText;     ///< shown grey while a box of one line is empty; set before the screen is shown
     bool rightAligned = false;   ///< set before the screen is shown
     int widthInCharacters = 30;  ///< the least width; set before the screen is shown
     std::size_t maxLength = 0;   ///< in characters; 0 means no limit; set before the screen is shown
 
     std::function<void()> onChange;
-    /// The user changed the text.
-    void userType(std::string text);
+    /// Enter was pressed. True means that this was all, and the default button is not pressed.
+    std::function<bool()> onEnterKey;
+    /// The user changed the text; the caret stands at its end unless told otherwise.
+    void userType(std::string text, std::optional<Selection> selection = std::nullopt);
+    void userSelect(Selection selection);
+    /// The user pressed Enter; true when it has been used. A handler that fails has used it.
+    bool userEnter();
+    /// Adds `Text`, `Locked`, `SelStart`, `SelLength` and `SelText`.
     Variant invoke(std::string_view member, Access access, Arguments arguments) override;
 
   private:
+    Selection withinText(Selection selection) const;
+
     std::string text_;
+    Selection selection_;
+    int selectionsMade_ = 0;
     bool locked_ = false;
 };
 
@@ -79,6 +112,7 @@ class CheckBox : public Control {
   public:
     CheckBox(Screen& screen, std::string name, std::string caption)
         : Control(screen, std::move(name)), caption_(std::move(caption)) {}
+    void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
 
     const std::string& caption() const noexcept { return caption_; }
     bool checked() const noexcept { return checked_; }
@@ -101,6 +135,7 @@ class CheckBox : public Control {
 class ComboBox : public Control {
   public:
     ComboBox(Screen& screen, std::string name) : Control(screen, std::move(name)) {}
+    void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
 
     struct Entry {
         std::string text;
@@ -143,6 +178,7 @@ class Frame : public Control {
   public:
     Frame(Screen& screen, std::string name, std::string caption = {})
         : Control(screen, std::move(name)), caption_(std::move(caption)) {}
+    void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
     const std::string& caption() const noexcept { return caption_; }
 
   private:

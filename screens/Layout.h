@@ -10,12 +10,13 @@ namespace tsln {
 /// How a screen's controls stand, in rows, columns and labelled fields. The front end turns it into sizers;
 /// there are no pixel positions. The order of the controls is their tab order.
 struct Layout {
-    enum class Kind { Item, Row, Column, Form, Field, Spring, Tabs };
+    enum class Kind { Item, Row, Column, Form, Field, Spring, Tabs, Split };
     Kind kind = Kind::Item;
     Control* control = nullptr;    ///< Item, Field: the control; Row, Column: the Frame around it, if any;
-                                   ///< Tabs: the TabControl
+                                   ///< Tabs: the TabControl; Split: the Splitter
     std::string caption;           ///< Field: the label before the control
-    std::vector<Layout> children;  ///< Row, Column, Form; Tabs: what stands on each page, in their order
+    std::vector<Layout> children;  ///< Row, Column, Form; Tabs: what stands on each page, in their order;
+                                   ///< Split: what stands in the two panes
     bool stretches = false;        ///< takes what room is left in the direction of its parent
 };
 
@@ -48,6 +49,11 @@ inline Layout field(std::string caption, Control& control) {
 /// The pages of a tab control: a layout for each.
 inline Layout tabs(Control& tabControl, std::vector<Layout> pages) {
     return {.kind = Layout::Kind::Tabs, .control = &tabControl, .children = std::move(pages)};
+}
+/// The two panes of a splitter.
+inline Layout split(Control& splitter, Layout first, Layout second) {
+    return {
+        .kind = Layout::Kind::Split, .control = &splitter, .children = {std::move(first), std::move(second)}};
 }
 /// Empty room that grows.
 inline Layout spring() {

@@ -24,6 +24,7 @@ namespace tsln {
 class ReportControl : public Control {
   public:
     ReportControl(Screen& screen, std::string name) : Control(screen, std::move(name)) {}
+    void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
 
     using Column = ReportColumn;
     std::vector<Column> columns;  ///< define them before the first record

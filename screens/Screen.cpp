@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "screens/Timer.h"
+
 namespace tsln {
 
 Screen::Screen(Desktop& desktop, std::string name) : desktop_(desktop), name_(std::move(name)) {}
@@ -43,6 +45,8 @@ void Screen::activate() {
 
 void Screen::hide() {
     shown_ = false;
+    for (Timer* timer : timers_)
+        timer->stop();
     if (view_) view_->screenChanged();
 }
 

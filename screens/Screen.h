@@ -12,6 +12,8 @@
 
 namespace tsln {
 
+class Timer;
+
 /// What a front end is told while it shows a screen.
 class ScreenView {
   public:
@@ -21,6 +23,9 @@ class ScreenView {
     /// Caption, pointer or visibility of the screen changed.
     virtual void screenChanged() = 0;
     virtual void focusChanged(Control& control) = 0;
+    /// Runs something on the screen as if the user had done it, under the screen's guard; nothing happens
+    /// while something else runs.
+    virtual void act(const std::function<void()>& what) = 0;
 };
 
 /// A modal screen: its controls, their state and the rules, without a toolkit.
@@ -105,12 +110,14 @@ class Screen {
 
   private:
     friend class Control;
+    friend class Timer;
     void close(bool byCloseBox);
 
     Desktop& desktop_;
     std::string name_;
     std::string caption_;
     std::vector<Control*> controls_;
+    std::vector<Timer*> timers_;
     ScreenView* view_ = nullptr;
     Control* focused_ = nullptr;
     int handlers_ = 0;  // running, one within the other

@@ -3,13 +3,33 @@
 namespace tsln {
 
 bool TabControl::show(int page) {
-    if (page == selected_ || page < 0 || page >= static_cast<int>(captions_.size())) return false;
+    if (page == selected_ || !isPageVisible(page)) return false;
     selected_ = page;
     return true;
 }
 
 void TabControl::select(int page) {
     if (show(page)) changed();
+}
+
+bool TabControl::isPageVisible(int page) const {
+    return exists(page) && !hidden_[static_cast<std::size_t>(page)];
+}
+
+int TabControl::nearestVisible(int page) const {
+    for (int after = page; exists(after); ++after) {
+        if (isPageVisible(after)) return after;
+    }
+    while (exists(page) && !isPageVisible(page))
+        --page;
+    return page;
+}
+
+void TabControl::setPageVisible(int page, bool visible) {
+    if (!exists(page) || isPageVisible(page) == visible) return;
+    hidden_[static_cast<std::size_t>(page)] = !visible;
+    selected_ = nearestVisible(selected_ < 0 ? page : selected_);
+    changed();
 }
 
 void TabControl::userSelect(int page) {

@@ -12,13 +12,19 @@ namespace tsln {
 class TabControl : public Control {
   public:
     TabControl(Screen& screen, std::string name, std::vector<std::string> captions)
-        : Control(screen, std::move(name)), captions_(std::move(captions)) {}
+        : Control(screen, std::move(name)), captions_(std::move(captions)), hidden_(captions_.size()) {}
+    void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
 
     const std::vector<std::string>& captions() const noexcept { return captions_; }
-    /// The page that shows, from 0.
+    /// The page that shows, from 0; -1 when all are hidden.
     int selected() const noexcept { return selected_; }
-    /// A page that does not exist changes nothing.
+    /// A page that does not exist or is hidden changes nothing.
     void select(int page);
+
+    bool isPageVisible(int page) const;
+    /// A hidden page has no tab. When the page that shows is hidden, the next visible one shows, or the last
+    /// before it.
+    void setPageVisible(int page, bool visible);
 
     std::function<void()> onSelect;  ///< the user turned to another page
     void userSelect(int page);
@@ -26,9 +32,12 @@ class TabControl : public Control {
     Variant invoke(std::string_view member, Access access, Arguments arguments) override;
 
   private:
+    bool exists(int page) const { return page >= 0 && page < static_cast<int>(captions_.size()); }
     bool show(int page);
+    int nearestVisible(int page) const;
 
     std::vector<std::string> captions_;
+    std::vector<bool> hidden_;
     int selected_ = 0;
 };
 

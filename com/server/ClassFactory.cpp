@@ -2,24 +2,14 @@
 
 #include "com/edge/Failure.h"
 #include "com/server/LibraryClass.h"
-#include "entities/Entities.h"
-#include "lists/Lists.h"
+#include "module/Module.h"
 
 namespace tsln::com {
-namespace {
-
-void plugInScreens(tsln::Library& library) {
-    lists::plugIn(library);
-    entities::plugIn(library);
-}
-
-}  // namespace
-
 STDMETHODIMP ClassFactory::CreateInstance(IUnknown* outer, REFIID iid, void** out) noexcept {
     if (!out) return E_POINTER;
     *out = nullptr;
     if (outer) return CLASS_E_NOAGGREGATION;
-    return guarded([&]() -> HRESULT { return createLibrary(plugInScreens)->QueryInterface(iid, out); },
+    return guarded([&]() -> HRESULT { return createLibrary(plugInModule)->QueryInterface(iid, out); },
                    nullptr);
 }
 

@@ -5,9 +5,9 @@
 #include <wx/statbmp.h>
 #include <wx/wx.h>
 
+#include "shared/Markup.h"
 #include "workbench/app/ExpressionWindow.h"
 #include "workbench/app/OverScreens.h"
-#include "workbench/host/Markup.h"
 
 namespace tsln::workbench {
 namespace {

@@ -17,7 +17,7 @@ enum class MessageStyle {
     LoggedError,       ///< a failure that stands in the event log, too
 };
 
-/// One message. `text` and `advice` may hold the markup that Markup.h reads, the rest is plain text.
+/// One message. `text` and `advice` may hold the markup that shared/Markup.h reads, the rest is plain text.
 struct Message {
     MessageStyle style = MessageStyle::Style1;
     std::string text;

@@ -1,8 +1,8 @@
 #include "workbench/host/MessageMembers.h"
 
 #include "bridge/Host.h"
+#include "shared/Markup.h"
 #include "shared/modSharedStrings.h"
-#include "workbench/host/Markup.h"
 #include "workbench/host/Sha2.h"
 #include "workbench/host/TextOf.h"
 
