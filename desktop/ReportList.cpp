@@ -10,32 +10,12 @@
 #include "desktop/Text.h"
 
 namespace tsln::desktop {
-namespace {
 
-constexpr int headerPadding = 28;  // around a column's caption, so that it and a sort arrow are shown whole
-constexpr std::size_t mostShown = 1000;  // bytes of a cell that are drawn; no column is wider
-
-/// A cell's text on one line, as far as anybody can see it.
-wxString cellText(std::string_view text) {
-    if (text.size() > mostShown) {
-        std::size_t end = mostShown;
-        while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80)
-            --end;  // whole characters
-        text = text.substr(0, end);
-    }
-    wxString shown = toWx(text);
-    shown.Replace("\r\n", " ");
-    shown.Replace("\n", " ");
-    shown.Replace("\r", " ");
-    return shown;
-}
-
-}  // namespace
-
-ReportList::ReportList(wxWindow* parent, const ReportControl& report)
+ReportList::ReportList(wxWindow* parent, ReportControl& report)
     : wxListCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                  wxLC_REPORT | wxLC_VIRTUAL | wxBORDER_NONE),
-      report_(report) {
+      report_(report),
+      groups_(report) {
     groupAttr_.SetFont(GetFont().Bold());
     EnableAlternateRowColours();
 #ifndef __WXMSW__
@@ -47,36 +27,68 @@ ReportList::ReportList(wxWindow* parent, const ReportControl& report)
     images->Add(wxBitmap(nothing));
     AssignImageList(images, wxIMAGE_LIST_SMALL);
 #endif
+    bindEvents();
+}
+
+void ReportList::bindEvents() {
+    const auto changed = [this](wxEvent& event) {
+        event.Skip();
+        events.selection();
+    };
+    Bind(wxEVT_LIST_ITEM_SELECTED, changed);
+    Bind(wxEVT_LIST_ITEM_DESELECTED, changed);
+    Bind(wxEVT_LIST_ITEM_FOCUSED, changed);
+    Bind(wxEVT_LIST_ITEM_ACTIVATED,
+         [this](wxListEvent& event) { events.activated(static_cast<std::size_t>(event.GetIndex())); });
+    Bind(wxEVT_LIST_COL_CLICK, [this](wxListEvent& event) {
+        const auto place = static_cast<std::size_t>(event.GetColumn());
+        if (place < shown_.size()) events.headerClicked(shown_[place].column);
+    });
+    Bind(wxEVT_LIST_COL_BEGIN_DRAG, [this](wxListEvent& event) {
+        const auto place = static_cast<std::size_t>(event.GetColumn());
+        if (place < shown_.size() && !report_.columns[shown_[place].column].resizable) event.Veto();
+    });
+    Bind(wxEVT_LIST_COL_END_DRAG, [this](wxListEvent& event) {
+        const auto place = static_cast<std::size_t>(event.GetColumn());
+        CallAfter([this, place] { columnDragged(place); });  // natively the column has its width only then
+    });
+    Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+        event.Skip();
+        CallAfter([this] { stretchColumn(); });
+    });
+#ifndef __WXMSW__
+    rowsWindow().Bind(wxEVT_RIGHT_UP, [this](wxMouseEvent& event) {
+        events.contextMenu(rowsWindow().ClientToScreen(event.GetPosition()));
+    });
+#endif
 }
 
 // Painting: called by the toolkit for what is in view, so nothing may be thrown and a row may be gone.
 
 wxString ReportList::OnGetItemText(long item, long column) const {
     const auto row = static_cast<std::size_t>(item);
-    const auto col = static_cast<std::size_t>(column);
-    if (item < 0 || row >= report_.rowCount() || column < 0 || col >= report_.columns.size()) return {};
-    if (report_.row(row).isGroup()) return col == 0 ? groupText(row) : wxString();
-    return cellText(report_.rowText(row, col));
+    const auto place = static_cast<std::size_t>(column);
+    if (row >= report_.rowCount() || place >= shown_.size()) return {};
+    if (report_.row(row).isGroup()) return place == 0 ? groups_.text(row) : wxString();
+    const std::size_t shown = shown_[place].column;
+    return shown < report_.columns.size() ? shownText(report_, row, shown) : wxString();
 }
 
 wxItemAttr* ReportList::OnGetItemAttr(long item) const {
     const auto row = static_cast<std::size_t>(item);
-    if (item >= 0 && row < report_.rowCount() && report_.row(row).isGroup()) {
-        return const_cast<wxItemAttr*>(&groupAttr_);
-    }
-    return wxListCtrl::OnGetItemAttr(item);
+    wxItemAttr* const usual = wxListCtrl::OnGetItemAttr(item);
+    if (row >= report_.rowCount()) return usual;
+    if (report_.row(row).isGroup()) return const_cast<wxItemAttr*>(&groupAttr_);
+    const ReportControl::Style style = report_.style(report_.row(row).record);
+    if (!style.bold && !style.color) return usual;
+    recordAttr_ = usual ? *usual : wxItemAttr();
+    if (style.bold) recordAttr_.SetFont(groupAttr_.GetFont());
+    if (style.color) recordAttr_.SetTextColour(wxColour(*style.color));
+    return &recordAttr_;
 }
 
 int ReportList::OnGetItemColumnImage(long, long) const {
     return GetImageList(wxIMAGE_LIST_SMALL) ? 0 : -1;
-}
-
-wxString ReportList::groupText(std::size_t row) const {
-    const wxString text = toWx(report_.rowText(row, 0));
-    const auto group = std::ranges::lower_bound(groupRows_, row);
-    if (group == groupRows_.end() || *group != row) return text;
-    const std::size_t next = group + 1 == groupRows_.end() ? report_.rowCount() : group[1];
-    return wxString::Format("%s (%zu)", text, next - row - 1);
 }
 
 // Taking the report over --------------------------------------------------------------------------
@@ -84,7 +96,7 @@ wxString ReportList::groupText(std::size_t row) const {
 void ReportList::showReport() {
     const wxWindowUpdateLocker lock(this);
     showColumns();
-    countGroups();
+    groups_.count();
     SetItemCount(static_cast<long>(report_.rowCount()));
     showSelection();
     showSortOrder();
@@ -92,52 +104,38 @@ void ReportList::showReport() {
 }
 
 void ReportList::showColumns() {
-    std::vector<wxString> captions;
-    for (const ReportControl::Column& column : report_.columns)
-        captions.push_back(toWx(column.caption));
-    if (captions == captions_) return;  // widths the user has set stay
-    captions_ = std::move(captions);
+    std::vector<Shown> wanted;
+    for (const std::size_t column : report_.columnOrder())
+        wanted.push_back({column, toWx(report_.columns[column].caption), report_.columns[column].width});
+    if (wanted == shown_) return;  // widths that columns were stretched to stay
+    shown_ = std::move(wanted);
     DeleteAllColumns();
-    for (std::size_t i = 0; i < report_.columns.size(); ++i) {
-        const ReportControl::Column& column = report_.columns[i];
-        AppendColumn(captions_[i], column.rightAligned ? wxLIST_FORMAT_RIGHT : wxLIST_FORMAT_LEFT,
-                     naturalWidth(column));
+    for (const Shown& shown : shown_) {
+        const ReportControl::Column& column = report_.columns[shown.column];
+        AppendColumn(shown.caption, column.rightAligned ? wxLIST_FORMAT_RIGHT : wxLIST_FORMAT_LEFT,
+                     desktop::naturalWidth(*this, column));
     }
     stretchColumn();
 }
 
-int ReportList::naturalWidth(const ReportControl::Column& column) const {
-    return std::max(FromDIP(column.width), GetTextExtent(toWx(column.caption)).x + FromDIP(headerPadding));
-}
-
-int ReportList::naturalWidth() const {
-    int wide = 0;
-    for (const ReportControl::Column& column : report_.columns)
-        wide += naturalWidth(column);
-    return wide;
+void ReportList::columnDragged(std::size_t place) {
+    if (place >= shown_.size()) return;
+    shown_[place].width = ToDIP(GetColumnWidth(static_cast<int>(place)));
+    report_.userColumnWidth(shown_[place].column, shown_[place].width);
 }
 
 void ReportList::stretchColumn() {
-    if (GetColumnCount() == 0) return;
-    // Texts gain most from the room: the first column that is not right-aligned takes it, usually the name.
-    const auto& columns = report_.columns;
-    const auto left = std::ranges::find(columns, false, &ReportControl::Column::rightAligned);
-    const auto stretched = left == columns.end() ? 0 : static_cast<int>(left - columns.begin());
+    if (shown_.empty()) return;
+    const auto stretched = std::ranges::find(shown_, stretchedColumn(report_), &Shown::column);
+    if (stretched == shown_.end()) return;
+    const auto place = static_cast<int>(stretched - shown_.begin());
     int others = 0;
     for (int i = 0; i < GetColumnCount(); ++i) {
-        if (i != stretched) others += GetColumnWidth(i);
+        if (i != place) others += GetColumnWidth(i);
     }
-    const int width =
-        std::max(naturalWidth(columns[static_cast<std::size_t>(stretched)]), GetClientSize().x - others);
-    if (width != GetColumnWidth(stretched)) SetColumnWidth(stretched, width);
-}
-
-void ReportList::countGroups() {
-    groupRows_.clear();
-    if (!report_.groupColumn()) return;
-    for (std::size_t row = 0; row < report_.rowCount(); ++row) {
-        if (report_.row(row).isGroup()) groupRows_.push_back(static_cast<std::uint32_t>(row));
-    }
+    const int width = std::max(desktop::naturalWidth(*this, report_.columns[stretched->column]),
+                               GetClientSize().x - others);
+    if (width != GetColumnWidth(place)) SetColumnWidth(place, width);
 }
 
 void ReportList::showSelection() {
@@ -164,8 +162,10 @@ void ReportList::showSelection() {
 }
 
 void ReportList::showSortOrder() {
-    if (const auto& order = report_.sortOrder()) {
-        ShowSortIndicator(static_cast<int>(order->column), !order->descending);
+    const auto& order = report_.sortOrder();
+    const auto sorted = order ? std::ranges::find(shown_, order->column, &Shown::column) : shown_.end();
+    if (sorted != shown_.end()) {
+        ShowSortIndicator(static_cast<int>(sorted - shown_.begin()), !order->descending);
     } else {
         RemoveSortIndicator();
     }
@@ -223,16 +223,10 @@ void ReportList::goTo(std::size_t row) {
     EnsureVisible(item);
 }
 
-std::optional<std::size_t> ReportList::findText(const wxString& start, std::size_t from) const {
-    const std::size_t column = report_.sortOrder() ? report_.sortOrder()->column : 0;
-    const std::size_t count = report_.rowCount();
-    for (std::size_t i = 0; i < count && column < report_.columns.size(); ++i) {
-        const std::size_t row = (from + i) % count;
-        if (report_.row(row).isGroup()) continue;
-        const std::string_view text = report_.rowText(row, column);
-        if (toWx(text).Left(start.size()).IsSameAs(start, false)) return row;
-    }
-    return std::nullopt;
+std::optional<wxPoint> ReportList::belowRow(std::size_t row) const {
+    wxRect rect;
+    if (!GetItemRect(static_cast<long>(row), rect)) return std::nullopt;
+    return ClientToScreen(rect.GetBottomLeft());
 }
 
 }  // namespace tsln::desktop

@@ -1,34 +1,30 @@
 #pragma once
 
-#include <cstdint>
 #include <vector>
 
 #include <wx/listctrl.h>
 
-#include "screens/ReportControl.h"
+#include "desktop/ReportTexts.h"
+#include "desktop/ReportWindow.h"
 
 namespace tsln::desktop {
 
-/// The window of a report control: asks the control for each row it paints, so that its cost does not depend
-/// on the number of rows.
-class ReportList : public wxListCtrl {
+/// The window of a report control for reading: asks the control for each row it paints, so that its cost does
+/// not depend on the number of rows.
+class ReportList : public wxListCtrl, public ReportWindow {
   public:
-    ReportList(wxWindow* parent, const ReportControl& report);
+    ReportList(wxWindow* parent, ReportControl& report);
 
-    /// Takes over columns, rows, selection, focus and sort order. Sends events like a user's act would; the
-    /// caller tells them apart.
-    void showReport();
+    wxWindow& window() override { return *this; }
+    wxWindow& rowsWindow() const override;
+    void showReport() override;
 
-    std::vector<std::size_t> selection() const;
-    std::optional<std::size_t> focusedRow() const;
-    /// Selects just this row and brings it into view.
-    void goTo(std::size_t row);
-    /// The next row after `from` whose text in the sorted column, or the first one, begins with `start`.
-    std::optional<std::size_t> findText(const wxString& start, std::size_t from) const;
-    /// The row at a point of the screen, if there is one.
-    std::optional<std::size_t> rowAt(const wxPoint& onScreen) const;
-    /// The inner window that holds the rows and takes the input.
-    wxWindow& rowsWindow() const;
+    std::vector<std::size_t> selection() const override;
+    std::optional<std::size_t> focusedRow() const override;
+    void goTo(std::size_t row) override;
+    std::optional<std::size_t> rowAt(const wxPoint& onScreen) const override;
+    std::optional<wxPoint> belowRow(std::size_t row) const override;
+    int naturalWidth() const override { return desktop::naturalWidth(*this, report_); }
 #ifndef __WXMSW__
     /// The generic list does nothing where it takes itself for focused, also when its rows have lost the
     /// keyboard while the window was disabled.
@@ -36,27 +32,32 @@ class ReportList : public wxListCtrl {
         rowsWindow().SetFocus();
     }
 #endif
-    /// Lets one column take the width that is left.
-    void stretchColumn();
-    /// The width at which every column shows its caption whole and has the width it asks for, in pixels.
-    int naturalWidth() const;
 
   private:
     wxString OnGetItemText(long item, long column) const override;
     wxItemAttr* OnGetItemAttr(long item) const override;
     int OnGetItemColumnImage(long item, long column) const override;
 
-    int naturalWidth(const ReportControl::Column& column) const;
+    /// A column as it is shown.
+    struct Shown {
+        std::size_t column = 0;
+        wxString caption;
+        int width = 0;  // as the control has it
+        friend bool operator==(const Shown&, const Shown&) = default;
+    };
+
+    void bindEvents();
+    void columnDragged(std::size_t place);
+    void stretchColumn();
     void showColumns();
     void showSelection();
     void showSortOrder();
-    void countGroups();
-    wxString groupText(std::size_t row) const;
 
-    const ReportControl& report_;
+    ReportControl& report_;
     wxItemAttr groupAttr_;
-    std::vector<wxString> captions_;        // of the columns shown now
-    std::vector<std::uint32_t> groupRows_;  // ascending
+    mutable wxItemAttr recordAttr_;  // of the row that was asked for last
+    std::vector<Shown> shown_;       // from left to right
+    GroupTexts groups_;
 };
 
 }  // namespace tsln::desktop

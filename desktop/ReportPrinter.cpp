@@ -11,6 +11,7 @@
 #include <gtk/gtk.h>
 #endif
 
+#include "desktop/ReportTexts.h"
 #include "desktop/Text.h"
 
 namespace tsln::desktop {
@@ -103,11 +104,13 @@ void ReportPrintout::measure() {
     columns_.clear();
     const int total = std::max(1, totalWidth(report_));
     int before = 0;  // scaled from the running sum, so that rounding leaves no gap at the right
-    for (const ReportControl::Column& column : report_.columns) {
+    for (const std::size_t index : report_.columnOrder()) {
+        const ReportControl::Column& column = report_.columns[index];
         const auto scaled = [&](int width) {
             return static_cast<int>(static_cast<long long>(width) * area_.width / total);
         };
-        columns_.push_back({area_.x + scaled(before), scaled(before + column.width) - scaled(before)});
+        columns_.push_back(
+            {&column, index, area_.x + scaled(before), scaled(before + column.width) - scaled(before)});
         before += column.width;
     }
 
@@ -148,9 +151,9 @@ void ReportPrintout::printHeading(wxDC& dc, int page) {
 
     dc.SetFont(headingFont());
     const int top = area_.y + titleHeight_;
-    for (std::size_t i = 0; i < columns_.size(); ++i) {
-        const ReportControl::Column& column = report_.columns[i];
-        printCell(dc, toWx(column.caption), columns_[i].left, top, columns_[i].width, column.rightAligned);
+    for (const Column& column : columns_) {
+        printCell(dc, toWx(column.shown->caption), column.left, top, column.width,
+                  column.shown->rightAligned);
     }
     dc.SetPen(wxPen(*wxBLACK, 1));
     dc.DrawLine(area_.x, top + rowHeight_ - 1, area_.GetRight(), top + rowHeight_ - 1);
@@ -159,12 +162,12 @@ void ReportPrintout::printHeading(wxDC& dc, int page) {
 void ReportPrintout::printRow(wxDC& dc, std::size_t row, int top) {
     if (report_.row(row).isGroup()) {
         dc.SetFont(headingFont());
-        printCell(dc, toWx(report_.rowText(row, 0)), area_.x, top, area_.width, false);
+        printCell(dc, shownText(report_, row, 0), area_.x, top, area_.width, false);
     } else {
         dc.SetFont(bodyFont());
-        for (std::size_t i = 0; i < columns_.size(); ++i) {
-            printCell(dc, toWx(report_.rowText(row, i)), columns_[i].left, top, columns_[i].width,
-                      report_.columns[i].rightAligned);
+        for (const Column& column : columns_) {
+            printCell(dc, shownText(report_, row, column.index), column.left, top, column.width,
+                      column.shown->rightAligned);
         }
     }
     dc.SetPen(wxPen(wxColour(200, 200, 200), 1));
@@ -173,10 +176,7 @@ void ReportPrintout::printRow(wxDC& dc, std::size_t row, int top) {
 
 void ReportPrintout::printCell(wxDC& dc, const wxString& text, int left, int top, int width,
                                bool rightAligned) const {
-    wxString line = text;
-    line.Replace("\r\n", " ");
-    line.Replace("\n", " ");
-    const wxString shown = wxControl::Ellipsize(line, dc, wxELLIPSIZE_END, std::max(1, width - 2 * padding_));
+    const wxString shown = wxControl::Ellipsize(text, dc, wxELLIPSIZE_END, std::max(1, width - 2 * padding_));
     const int extent = rightAligned ? dc.GetTextExtent(shown).x : 0;
     const int x = rightAligned ? left + width - padding_ - extent : left + padding_;
     dc.DrawText(shown, x, top + (rowHeight_ - dc.GetCharHeight()) / 2);

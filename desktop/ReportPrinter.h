@@ -25,6 +25,8 @@ class ReportPrintout : public wxPrintout {
 
   private:
     struct Column {
+        const ReportControl::Column* shown = nullptr;
+        std::size_t index = 0;
         int left = 0;
         int width = 0;
     };

@@ -2,7 +2,6 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <wx/imaglist.h>
 #include <wx/listctrl.h>
 
 #include "desktop/ReportList.h"
@@ -15,19 +14,33 @@ namespace {
 using testing::Contains;
 using testing::ElementsAre;
 
+/// A list for reading, or a grid, whose last column is edited by ticks.
+class EitherList : public SampleList {
+  public:
+    EitherList(Desktop& desktop, bool grid, int records = 5) : SampleList(desktop, records) {
+        if (!grid) return;
+        rptItems.columns[2].kind = ReportColumn::Kind::Check;
+        rptItems.columns[2].editable = true;
+    }
+};
+
 class ReportViewTest : public testing::Test {
   protected:
     WxDesktop desktop{nullptr, ""};
 
     static ReportList& list(Robot& user, SampleList& screen) {
-        return *static_cast<ReportList*>(user.windowOf(screen.rptItems));
+        return *dynamic_cast<ReportList*>(user.windowOf(screen.rptItems));
+    }
+    static ReportWindow& window(Robot& user, SampleList& screen) {
+        return dynamic_cast<ReportWindow&>(*user.windowOf(screen.rptItems));
     }
     /// A point on a row, or where it would be; the list must not be scrolled.
     static Robot::Where onRow(Robot& user, SampleList& screen, int row) {
         return [=, &user, &screen] {
-            wxRect first;
-            list(user, screen).GetItemRect(0, first);
-            return wxPoint(60, first.y + row * first.height + first.height / 2);
+            wxWindow& rows = window(user, screen).window();
+            const int first = rows.ScreenToClient(*window(user, screen).belowRow(0)).y;
+            const int height = rows.ScreenToClient(*window(user, screen).belowRow(1)).y - first;
+            return wxPoint(60, first + row * height - height / 2);
         };
     }
     static void untilNoted(Robot& user, SampleList& screen, const std::string& what, std::size_t times = 1) {
@@ -35,8 +48,11 @@ class ReportViewTest : public testing::Test {
     }
 };
 
-TEST_F(ReportViewTest, KeysActOnTheFocusedRow) {
-    SampleList screen(desktop);
+class EitherReportView : public ReportViewTest, public testing::WithParamInterface<bool> {};
+INSTANTIATE_TEST_SUITE_P(ListAndGrid, EitherReportView, testing::Values(false, true));
+
+TEST_P(EitherReportView, KeysActOnTheFocusedRow) {
+    EitherList screen(desktop, GetParam());
     Robot user(screen);
     user.key(WXK_DOWN).key(WXK_DOWN).until("second row", [&] { return screen.rptItems.focusedRow() == 1; });
     user.key(WXK_RETURN);
@@ -52,8 +68,8 @@ TEST_F(ReportViewTest, KeysActOnTheFocusedRow) {
     user.key(WXK_ESCAPE).show();
 }
 
-TEST_F(ReportViewTest, TheWholeSelectionIsReportedOnceForEachAct) {
-    SampleList screen(desktop, 100);
+TEST_P(EitherReportView, TheWholeSelectionIsReportedOnceForEachAct) {
+    EitherList screen(desktop, GetParam(), 100);
     Robot user(screen);
     user.clickAt(screen.rptItems, onRow(user, screen, 1));
     untilNoted(user, screen, "selection 1");
@@ -78,9 +94,9 @@ TEST_F(ReportViewTest, TheWholeSelectionIsReportedOnceForEachAct) {
                                           "selection 1", "selection 2"));
 }
 
-TEST_F(ReportViewTest, TheFirstKeySelectsTheFirstRowAndShiftGoesOnFromThere) {
+TEST_P(EitherReportView, TheFirstKeySelectsTheFirstRowAndShiftGoesOnFromThere) {
     for (const int first : {WXK_DOWN, WXK_UP, WXK_HOME}) {
-        SampleList screen(desktop, 10);
+        EitherList screen(desktop, GetParam(), 10);
         Robot user(screen);
         user.key(first);
         untilNoted(user, screen, "selection 1");
@@ -104,13 +120,13 @@ TEST_F(ReportViewTest, TheFirstKeySelectsTheFirstRowAndShiftGoesOnFromThere) {
     }
 }
 
-TEST_F(ReportViewTest, RowsThatComeAfterTheKeyboardTakeTheFirstKey) {
+TEST_P(EitherReportView, RowsThatComeAfterTheKeyboardTakeTheFirstKey) {
     const struct {
         int key;
         std::size_t row;
     } cases[] = {{WXK_DOWN, 0}, {WXK_HOME, 0}, {WXK_PAGEDOWN, 0}, {WXK_END, 2}};
     for (const auto& test : cases) {
-        SampleList screen(desktop, 0);
+        EitherList screen(desktop, GetParam(), 0);
         Robot user(screen);
         user.then([&] {
             for (int i = 1; i <= 3; ++i)
@@ -123,28 +139,29 @@ TEST_F(ReportViewTest, RowsThatComeAfterTheKeyboardTakeTheFirstKey) {
         user.key(WXK_ESCAPE).show();
     }
     // One that the screen selects is shown so, too.
-    SampleList screen(desktop, 0);
+    EitherList screen(desktop, GetParam(), 0);
     Robot user(screen);
     user.then([&] {
         screen.rptItems.addRecord(1, std::array<std::string_view, 1>{"Net 30"});
         screen.rptItems.populate();
         screen.rptItems.selectRow(0);
-        EXPECT_EQ(list(user, screen).GetItemState(0, wxLIST_STATE_SELECTED), wxLIST_STATE_SELECTED);
+        EXPECT_THAT(window(user, screen).selection(), ElementsAre(0));
     });
     user.key(WXK_ESCAPE).show();
 }
 
-TEST_F(ReportViewTest, DoubleClickOpensAndHeaderSorts) {
-    SampleList screen(desktop, 20);
+TEST_P(EitherReportView, DoubleClickOpensAndHeaderSorts) {
+    EitherList screen(desktop, GetParam(), 20);
     Robot user(screen);
     user.doubleClickAt(screen.rptItems, onRow(user, screen, 2));
     untilNoted(user, screen, "open 2");
     for (const bool descending : {false, true}) {
         user.pause();
         user.clickAt(screen.rptItems, [] { return wxPoint(230, 12); }).until("sorted", [&, descending] {
-            return screen.rptItems.sortOrder() == ReportControl::SortOrder{1, descending} &&
-                   list(user, screen).GetSortIndicator() == 1 &&
-                   list(user, screen).IsAscendingSortIndicator() == !descending;
+            if (screen.rptItems.sortOrder() != ReportControl::SortOrder{1, descending}) return false;
+            const auto* shown = dynamic_cast<const ReportList*>(&window(user, screen));
+            return !shown || (shown->GetSortIndicator() == 1 &&
+                              shown->IsAscendingSortIndicator() == !descending);
         });
     }
     user.then([&] {
@@ -152,19 +169,32 @@ TEST_F(ReportViewTest, DoubleClickOpensAndHeaderSorts) {
         ASSERT_EQ(screen.rptItems.selectedRows().size(), 1u);
         const std::size_t row = screen.rptItems.selectedRows().front();
         EXPECT_EQ(screen.rptItems.rowText(row, 0), "Net 2");
-        EXPECT_THAT(list(user, screen).selection(), ElementsAre(row));
-        EXPECT_EQ(list(user, screen).GetItemText(static_cast<long>(row), 1), "14");
+        EXPECT_THAT(window(user, screen).selection(), ElementsAre(row));
+        EXPECT_EQ(window(user, screen).focusedRow(), row);
     });
     user.key(WXK_ESCAPE).show();
 }
 
-TEST_F(ReportViewTest, RightClickTellsTheRowItHit) {
-    SampleList screen(desktop, 3);
+TEST_P(EitherReportView, TheContextMenuIsOfTheRowUnderThePointerOrTheFocusedOne) {
+    EitherList screen(desktop, GetParam(), 3);
     Robot user(screen);
     user.rightClickAt(screen.rptItems, onRow(user, screen, 1));
     untilNoted(user, screen, "context 1");
-    user.rightClickAt(screen.rptItems, onRow(user, screen, 8));
+    user.then([&] { EXPECT_THAT(window(user, screen).selection(), ElementsAre(1)); });
+    user.key('A', wxMOD_CONTROL);
+    untilNoted(user, screen, "selection 3");
+    user.rightClickAt(screen.rptItems, onRow(user, screen, 2));
+    untilNoted(user, screen, "context 2");
+    user.then([&] { EXPECT_THAT(screen.rptItems.selectedRows(), ElementsAre(0, 1, 2)); });
+    user.rightClickAt(screen.rptItems, onRow(user, screen, 6));
     untilNoted(user, screen, "context 3");
+    user.then([&] { EXPECT_THAT(window(user, screen).selection(), ElementsAre()); });
+    user.key(WXK_HOME);
+    user.until("first row", [&] { return screen.rptItems.focusedRow() == 0; });
+    user.key(WXK_F10, wxMOD_SHIFT);
+    untilNoted(user, screen, "context 0");
+    user.key(WXK_MENU);
+    untilNoted(user, screen, "context 0", 2);
     user.key(WXK_ESCAPE).show();
 }
 

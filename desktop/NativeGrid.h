@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <optional>
+
+#include <wx/dataview.h>
+
+namespace tsln::desktop {
+
+/// The editor that a data view opens in a cell. It must not outlive the data view.
+class CellEditor {
+  public:
+    explicit CellEditor(wxDataViewCtrl& grid) : grid_(grid) {}
+    ~CellEditor();
+    CellEditor(const CellEditor&) = delete;
+    CellEditor& operator=(const CellEditor&) = delete;
+
+    /// Makes a column of the data view ready: text typed there has at most so many characters (0: any
+    /// number), and moving the keyboard elsewhere keeps what was typed.
+    void prepare(wxDataViewColumn& column, std::size_t maxLength);
+    bool isOpen() const;
+    /// Ends editing and takes over what was typed.
+    void accept();
+    /// Replaces the text in the open editor and sets the caret behind it.
+    void replaceText(const wxString& text);
+    /// Opens the list of the choices to edit by.
+    void openChoices();
+
+  private:
+    wxDataViewCtrl& grid_;
+    void* open_ = nullptr;  // the platform's widget
+    bool menuOpen_ = false;
+};
+
+// What else the toolkit has no calls for that mean the same on all platforms.
+
+/// Runs `clicked` with the model's column when the user has clicked a header, not dragged it. Called once,
+/// when the columns are there.
+void onHeaderClick(wxDataViewCtrl& grid, std::function<void(unsigned column)> clicked);
+/// Draws the arrow of the sort order; a null column draws none.
+void showSortArrow(wxDataViewCtrl& grid, const wxDataViewColumn* column, bool ascending);
+/// Selects just this row and gives it the keyboard, so that Shift goes on from there.
+void selectOnly(wxDataViewCtrl& grid, const wxDataViewItem& item, unsigned row,
+                const wxDataViewColumn* column);
+/// The row at a point of the data view's client area, if there is one.
+std::optional<unsigned> rowAt(const wxDataViewCtrl& grid, const wxPoint& point);
+/// The width a column was given by the program or the user, without what it was stretched by.
+int givenWidth(const wxDataViewColumn& column);
+/// Lets the column take the width that is left.
+void stretch(wxDataViewColumn& column);
+
+}  // namespace tsln::desktop

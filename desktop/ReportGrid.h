@@ -1,0 +1,78 @@
+#pragma once
+
+#include <vector>
+
+#include <wx/dataview.h>
+#include <wx/timer.h>
+
+#include "desktop/NativeGrid.h"
+#include "desktop/ReportTexts.h"
+#include "desktop/ReportWindow.h"
+
+namespace tsln::desktop {
+
+/// The window of a report control whose cells are edited in place.
+///
+/// F2, Enter or typing edit the cell of the focused row that the arrow keys have moved to, Tab goes on to the
+/// next one; Space ticks. New rows cost the toolkit time for each, so while the user types elsewhere, into a
+/// filter say, rows that change again and again are shown once the typing pauses.
+class ReportGrid : public wxDataViewCtrl, public ReportWindow {
+  public:
+    ReportGrid(wxWindow* parent, ReportControl& report);
+    ~ReportGrid() override;
+
+    wxWindow& window() override { return *this; }
+    wxWindow& rowsWindow() const override;
+    void showReport() override;
+    void settle() override;
+
+    std::vector<std::size_t> selection() const override;
+    std::optional<std::size_t> focusedRow() const override;
+    void goTo(std::size_t row) override;
+    std::optional<std::size_t> rowAt(const wxPoint& onScreen) const override;
+    std::optional<wxPoint> belowRow(std::size_t row) const override;
+    int naturalWidth() const override { return desktop::naturalWidth(*this, report_); }
+
+    bool isEditing() const override { return editor_.isOpen(); }
+    bool takesKey(const wxKeyEvent& key) override;
+    bool takesLetter(const wxString& letter) override;
+
+    /// The cell that keys edit: the column of the focused row that has the focus, or the first one that can
+    /// be edited.
+    std::optional<ReportControl::Cell> currentCell() const;
+    /// The rows in the window are not yet those of the control.
+    bool refillPending() const { return refill_.IsRunning(); }
+
+  private:
+    class Model;
+
+    void bindEvents();
+    void showColumns();
+    void appendColumn(std::size_t column);
+    void refill();
+    void showSelection();
+    bool edit(std::optional<ReportControl::Cell> cell);
+    bool tick();
+    bool moveOn(bool backwards);
+    bool setValue(const wxVariant& value, ReportControl::Cell cell);
+    wxDataViewItem itemOf(std::size_t row) const;
+    wxDataViewColumn* columnWindow(std::size_t column) const;
+    std::vector<std::size_t> orderInWindow() const;
+
+    ReportControl& report_;
+    GroupTexts groups_;
+    wxObjectDataPtr<Model> model_;
+    CellEditor editor_;
+    wxTimer refill_;
+    std::vector<std::size_t> order_;  // of the columns, as last shown or reported
+    std::vector<int> widths_;         // by column, in pixels, likewise
+    std::vector<wxString> captions_;
+    std::uint64_t shownVersion_ = 0;
+    bool filled_ = false;
+    bool quiet_ = false;     // what the window sends now is not the user's doing
+    bool settling_ = false;  // within an act: what was typed goes to the control directly
+    bool taking_ = false;    // the toolkit is at work on a cell that was edited
+    bool tabbing_ = false;   // the user goes from cell to cell by Tab
+};
+
+}  // namespace tsln::desktop
