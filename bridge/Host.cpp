@@ -50,6 +50,10 @@ std::string Host::FixForSQLInsert(std::string_view text) const {
     return safe;
 }
 
+std::string Host::FixDateForSQLInsert(std::string_view date) const {
+    return textOf(sharedCode()->call("FixDateForSQLInsert", date), "FixDateForSQLInsert");
+}
+
 std::string Host::CombineAddress(const Address& a) const {
     return textOf(sharedCode()->call("CombineAddress", a[0], a[1], a[2], a[3], a[4], a[5]), "CombineAddress");
 }

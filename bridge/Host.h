@@ -60,6 +60,9 @@ class Host {
     void RecordEvent(std::int32_t type, std::string_view text) const;
     /// The text made safe to stand between a statement's single quotes.
     std::string FixForSQLInsert(std::string_view text) const;
+    /// The date made ready for a statement, in the form that the host's database takes; the quotes stand in the
+    /// statement.
+    std::string FixDateForSQLInsert(std::string_view date) const;
 
     /// The address as one text of several lines.
     std::string CombineAddress(const Address& address) const;

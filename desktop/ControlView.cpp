@@ -56,7 +56,8 @@ class ViewMaker : public ControlVisitor {
 }  // namespace
 
 void ControlView::update() {
-    if (window_->IsThisEnabled() != control_.enabled()) window_->Enable(control_.enabled());
+    const bool enabled = control_.enabled() && (holdsOthers() || dialog_.takesInput(control_));
+    if (window_->IsThisEnabled() != enabled) window_->Enable(enabled);
     if (window_->IsShown() != control_.visible()) {
         window_->Show(control_.visible());
         if (label_) label_->Show(control_.visible());
@@ -77,7 +78,7 @@ wxPoint ControlView::popupPosition() const {
 }
 
 void ControlView::act(const std::function<void()>& what) {
-    dialog_.act(what);
+    if (!dialog_.cancelsJob(control_)) dialog_.act(what);
 }
 
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, Control& control) {

@@ -14,6 +14,7 @@
 #include "desktop/Placement.h"
 #include "desktop/Text.h"
 #include "screens/Controls.h"
+#include "screens/Job.h"
 
 namespace tsln::desktop {
 namespace {
@@ -158,6 +159,7 @@ void ScreenDialog::activateFirst() {
 }
 
 void ScreenDialog::requestClose() {
+    if (Job* job = screen_.job(); job && !abandoned_) return job->userCancel();
     if (acting_) {
         closePending_ = true;
         return;
@@ -197,6 +199,31 @@ void ScreenDialog::focusChanged(Control& control) {
         drawChanges();  // it may have been enabled just now
         moveFocus(*view);
     }
+}
+
+// Jobs --------------------------------------------------------------------------------------------
+
+bool ScreenDialog::takesInput(const Control& control) const {
+    const Job* job = screen_.job();
+    return !job || job->cancelButton() == &control;
+}
+
+bool ScreenDialog::cancelsJob(const Control& control) {
+    Job* job = screen_.job();
+    if (!job || job->cancelButton() != &control) return false;
+    job->userCancel();
+    return true;
+}
+
+/// Disables or enables the windows, and moves the keyboard to the cancel button for the time of the job.
+void ScreenDialog::jobChanged() {
+    const Job* job = screen_.job();
+    if (job) focusedBeforeJob_ = focused_;
+    for (const ControlViewPtr& view : views_)
+        view->update();
+    ControlView* next = job ? (job->cancelButton() ? viewOf(*job->cancelButton()) : nullptr)
+                            : std::exchange(focusedBeforeJob_, nullptr);
+    if (next && isUsable(next->control())) moveFocus(*next);
 }
 
 void ScreenDialog::showPointer() {
@@ -338,6 +365,10 @@ void ScreenDialog::onKey(wxKeyEvent& event) {
 }
 
 bool ScreenDialog::pressKey(const wxKeyEvent& key) {
+    if (Job* job = screen_.job(); job && key.GetKeyCode() == WXK_ESCAPE) {
+        job->userCancel();
+        return true;
+    }
     noticeFocus();
     ControlView* focus = viewWithKeyboard();
     if (focus && focus->takesKey(key)) return true;

@@ -29,6 +29,10 @@ class ScreenDialog : public wxDialog, private ScreenView {
     /// Runs an act of the user, then draws what it changed. Nothing happens while another one runs or the
     /// screen is gone. What it throws is reported by the screen.
     void act(const std::function<void()>& what) override;
+    /// Whether the control takes input now: while the screen does a job, only the job's cancel button does.
+    bool takesInput(const Control& control) const;
+    /// Passes a press of the job's cancel button on to the job; false for any other control.
+    bool cancelsJob(const Control& control);
     /// Gives the keyboard back to the control that had it.
     void restoreFocus();
     /// Draws what has changed so far; for an act that is about to wait for something.
@@ -47,6 +51,7 @@ class ScreenDialog : public wxDialog, private ScreenView {
     void controlChanged(Control& control) override;
     void screenChanged() override;
     void focusChanged(Control& control) override;
+    void jobChanged() override;
 
     ControlView* viewWithKeyboard() const;
     void place();
@@ -76,6 +81,7 @@ class ScreenDialog : public wxDialog, private ScreenView {
     std::unordered_map<int, std::vector<ControlView*>> viewsByMnemonic_;
     std::unordered_set<ControlView*> changed_;
     ControlView* focused_ = nullptr;
+    ControlView* focusedBeforeJob_ = nullptr;
     ForeignWindows* foreign_ = nullptr;  // while the dialog is shown
     bool layoutDirty_ = false;
     bool acting_ = false;

@@ -168,8 +168,9 @@ void WxDesktop::yield() {
     drawChanges();
     const ActiveLoop loop;
     if (loop->IsYielding()) return;
-    // Input stays in the queue until the screen that is at work has finished.
-    loop->YieldFor(wxEVT_CATEGORY_UI | wxEVT_CATEGORY_TIMER);
+    // Input stays in the queue until the screen that is at work has finished, unless a job takes its cancel button.
+    const bool job = !dialogs_.empty() && dialogs_.back()->screen().job();
+    loop->YieldFor(job ? wxEVT_CATEGORY_ALL : wxEVT_CATEGORY_UI | wxEVT_CATEGORY_TIMER);
     for (ScreenDialog* dialog : dialogs_)
         dialog->Update();
 }

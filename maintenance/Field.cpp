@@ -67,8 +67,12 @@ void Field::make() {
             control_ = std::move(combo);
             return;
         }
+        case Rule::Date:
+            control_ = std::make_unique<DateBox>(screen_, std::move(name));
+            return;
         case Rule::Text:
         case Rule::Trimmed:
+        case Rule::Password:
         case Rule::Lines:
         case Rule::PostalAddress:
         case Rule::Whole:
@@ -77,6 +81,7 @@ void Field::make() {
         case Rule::Margin: {
             auto box = std::make_unique<TextBox>(screen_, std::move(name));
             box->multiLine = hasSeveralLines();
+            box->password = description_.rule == Rule::Password;
             box->rightAligned = !isText();
             if (!isText()) box->widthInCharacters = numberWidth;
             if (description_.rule == Rule::Lines) box->widthInCharacters = linesWidth;
@@ -96,6 +101,7 @@ bool Field::isText() const noexcept {
     switch (description_.rule) {
         case Rule::Text:
         case Rule::Trimmed:
+        case Rule::Password:
         case Rule::Lines:
         case Rule::Label:
         case Rule::PostalAddress:
@@ -151,9 +157,13 @@ void Field::show(const Row& row) {
     switch (description_.rule) {
         case Rule::Text:
         case Rule::Trimmed:
+        case Rule::Password:
         case Rule::Lines:
         case Rule::Whole:
             text().setText(row.text(column));
+            break;
+        case Rule::Date:
+            date().setDate(row.date(column));
             break;
         case Rule::Decimal:
             text().setText(normalNumber(row.text(column)));
@@ -237,6 +247,7 @@ void Field::normalize() {
 
 std::string_view Field::complaint() const {
     if (description_.requiredText.empty()) return {};
+    if (description_.rule == Rule::Date) return date().isNone() ? description_.requiredText : std::string_view();
     const auto* combo = dynamic_cast<const ComboBox*>(control());
     const bool open = combo && !combo->editable ? !combo->chosen()
                       : combo                   ? combo->text().empty()
@@ -251,8 +262,12 @@ void Field::addTags(StatementTags& tags) const {
     switch (description_.rule) {
         case Rule::Text:
         case Rule::Trimmed:
+        case Rule::Password:
         case Rule::Lines:
             tags.text(tag, text().text());
+            break;
+        case Rule::Date:
+            tags.plain(tag, date().isNone() ? "NULL" : "'" + screen_.host().FixDateForSQLInsert(date().text()) + "'");
             break;
         case Rule::Label:
             tags.text(tag, combo().text());

@@ -10,6 +10,7 @@
 #include "maintenance/Row.h"
 #include "maintenance/StatementTags.h"
 #include "screens/Controls.h"
+#include "screens/DateBox.h"
 
 namespace tsln {
 
@@ -27,6 +28,7 @@ class Field {
     /// The control of a field that has one of that kind; another raises std::bad_cast.
     TextBox& text() const { return dynamic_cast<TextBox&>(*control()); }
     ComboBox& combo() const { return dynamic_cast<ComboBox&>(*control()); }
+    DateBox& date() const { return dynamic_cast<DateBox&>(*control()); }
     CheckBox& check() const { return dynamic_cast<CheckBox&>(*control()); }
     /// Its label and control, to stand in a form.
     Layout layout() const;

@@ -31,6 +31,8 @@ enum class Rule {
     Key,                ///< the stored number of the chosen entry of a list that the host fills, or 0
     KeyOrNull,          ///< likewise, or NULL when the list shows no text
     Check,              ///< 1 or 0
+    Date,               ///< a date, made ready for statements by the host, or NULL for "None"
+    Password,           ///< text as it is typed, shown masked
     PostalAddress,      ///< an address of six columns in one box of several lines, parsed by the host
     ValidateAddresses,  ///< without a control: the record's wish to have its addresses validated
 };
@@ -172,6 +174,12 @@ constexpr FieldDescription keyOrNull(Name control, Name label, Name column, Name
     FieldDescription made = key(control, label, column, tag, loader);
     made.rule = Rule::KeyOrNull;
     return made;
+}
+constexpr FieldDescription date(Name control, Name label, Name column, Name tag) {
+    return of(Rule::Date, control, label, column, tag);
+}
+constexpr FieldDescription password(Name control, Name label, Name column, Name tag) {
+    return of(Rule::Password, control, label, column, tag);
 }
 /// `caption` stands beside the box.
 constexpr FieldDescription check(Name control, Name caption, Name column, Name tag) {

@@ -103,6 +103,8 @@ ListScreen::ListScreen(Library& library, const ListDescription& description)
     cmdMore.onClick = [this] { cbContext.showPopup(command::more, cmdMore); };
     cmdHelp.onClick = [this] { Form_Help(); };
     cmdClose.onClick = [this] { cmdClose_Click(); };
+    txtFilter.cueText = "Filter results";
+    txtFilter.accessibleName = "Filter results";
     txtFilter.onChange = [this] { filterRows(); };
     rptItems.onSelectionChanged = [this] { updateButtons(); };
     rptItems.onRowDoubleClick = [this](std::size_t) { cmdEdit.userPress(); };

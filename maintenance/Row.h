@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -18,6 +19,8 @@ class Row {
     virtual std::int32_t number(std::string_view column) const = 0;
     virtual float single(std::string_view column) const = 0;
     virtual bool boolean(std::string_view column) const = 0;
+    /// Nothing for a NULL and for a text that is no date.
+    virtual std::optional<Date> date(std::string_view column) const = 0;
 };
 
 /// A row of a query result.
@@ -36,6 +39,9 @@ class RecordRow : public Row {
     bool boolean(std::string_view column) const override {
         return modSharedXML::readBoolean(column, record_);
     }
+    std::optional<Date> date(std::string_view column) const override {
+        return modSharedXML::toDate(modSharedXML::readText(column, record_));
+    }
 
   private:
     Record record_;
@@ -51,6 +57,9 @@ class RecordsetRow : public Row {
     std::int32_t number(std::string_view column) const override { return rows_.number(column); }
     float single(std::string_view column) const override { return rows_.single(column); }
     bool boolean(std::string_view column) const override { return rows_.number(column) != 0; }
+    std::optional<Date> date(std::string_view column) const override {
+        return modSharedXML::toDate(rows_.text(column));
+    }
 
   private:
     const Recordset& rows_;

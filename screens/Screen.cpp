@@ -73,6 +73,11 @@ void Screen::close(bool byCloseBox) {
     hide();
 }
 
+void Screen::setJob(Job* job) {
+    job_ = job;
+    if (view_) view_->jobChanged();
+}
+
 void Screen::setFocus(Control& control) {
     focused_ = &control;
     if (view_) view_->focusChanged(control);

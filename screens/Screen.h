@@ -12,6 +12,7 @@
 
 namespace tsln {
 
+class Job;
 class Timer;
 
 /// What a front end is told while it shows a screen.
@@ -23,6 +24,8 @@ class ScreenView {
     /// Caption, pointer or visibility of the screen changed.
     virtual void screenChanged() = 0;
     virtual void focusChanged(Control& control) = 0;
+    /// A job of the screen has begun or ended.
+    virtual void jobChanged() = 0;
     /// Runs something on the screen as if the user had done it, under the screen's guard; nothing happens
     /// while something else runs.
     virtual void act(const std::function<void()>& what) = 0;
@@ -92,6 +95,9 @@ class Screen {
     /// Runs a handler and reports what it throws. Returns false when it threw.
     bool handle(const std::function<void()>& handler);
 
+    /// The work of many steps that one of its handlers does now; null when there is none.
+    Job* job() const noexcept { return job_; }
+
     ScreenView* view() const noexcept { return view_; }
     void setView(ScreenView* view) noexcept { view_ = view; }
     void controlChanged(Control& control);
@@ -110,14 +116,17 @@ class Screen {
 
   private:
     friend class Control;
+    friend class Job;
     friend class Timer;
     void close(bool byCloseBox);
+    void setJob(Job* job);
 
     Desktop& desktop_;
     std::string name_;
     std::string caption_;
     std::vector<Control*> controls_;
     std::vector<Timer*> timers_;
+    Job* job_ = nullptr;
     ScreenView* view_ = nullptr;
     Control* focused_ = nullptr;
     int handlers_ = 0;  // running, one within the other
