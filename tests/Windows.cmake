@@ -48,7 +48,7 @@ add_test(NAME package COMMAND ${CMAKE_CPACK_COMMAND} -B ${CMAKE_BINARY_DIR}/pack
                               --config ${CMAKE_BINARY_DIR}/CPackConfig.cmake)
 set_tests_properties(package PROPERTIES FIXTURES_SETUP package)
 add_test(NAME com_script COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/com/run-script ${bits}
-    ${CMAKE_BINARY_DIR}/package/${package}.zip ${CMAKE_CURRENT_SOURCE_DIR}/com/road.vbs
+    ${CMAKE_BINARY_DIR}/package/${package}.zip ${CMAKE_CURRENT_SOURCE_DIR}/com/client.vbs
     $<TARGET_FILE:window_driver>)
 add_test(NAME com_workbench COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/com/run-workbench ${bits}
     ${CMAKE_BINARY_DIR}/package/${package}.zip $<TARGET_FILE:window_driver>)

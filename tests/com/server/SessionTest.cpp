@@ -30,7 +30,7 @@ class SilentUi : public workbench::HostUi {
     std::vector<std::string> told;
 };
 
-class RoadTest : public ::testing::Test {
+class SessionTest : public ::testing::Test {
   protected:
     void SetUp() override {
         session.company().execute("DELETE FROM Terms");
@@ -58,7 +58,7 @@ class RoadTest : public ::testing::Test {
     ComPtr<ILibrary> library = newLibrary();
 };
 
-TEST_F(RoadTest, TermsAreListedAddedEditedAndDeleted) {
+TEST_F(SessionTest, TermsAreListedAddedEditedAndDeleted) {
     VARIANT_BOOL closed = VARIANT_FALSE;
     {
         const User user([](WindowDriver& at) {
@@ -108,7 +108,7 @@ TEST_F(RoadTest, TermsAreListedAddedEditedAndDeleted) {
     EXPECT_TRUE(ui.told.empty());
 }
 
-TEST_F(RoadTest, DefaultsComeFromTheProgramBesideTheHost) {
+TEST_F(SessionTest, DefaultsComeFromTheProgramBesideTheHost) {
     session.company().execute("DELETE FROM Terms");
     const User user([&](WindowDriver& at) {
         at.press("Tessaline", "&Yes");
@@ -125,7 +125,7 @@ TEST_F(RoadTest, DefaultsComeFromTheProgramBesideTheHost) {
 
 // The host fills the editor's lists through the controls that are passed to it, and gives the row as a
 // recordset.
-TEST_F(RoadTest, AVendorIsEditedAndItsHistoryTellsTheChange) {
+TEST_F(SessionTest, AVendorIsEditedAndItsHistoryTellsTheChange) {
     const std::string contact = session.company().scalar("SELECT Contact FROM Vendors WHERE ID = 3").toText();
     ASSERT_FALSE(contact.empty());
     session.company().execute("DELETE FROM VendorActivity");
@@ -150,7 +150,7 @@ TEST_F(RoadTest, AVendorIsEditedAndItsHistoryTellsTheChange) {
     EXPECT_TRUE(ui.told.empty()) << ui.told.front();
 }
 
-TEST_F(RoadTest, NothingOfTheHostIsHeldAfterAScreen) {
+TEST_F(SessionTest, NothingOfTheHostIsHeldAfterAScreen) {
     const auto open = [&] {
         const User user([](WindowDriver& at) { at.press("Terms", "&Close"); });
         VARIANT_BOOL closed;
@@ -175,7 +175,7 @@ void pumpFor(DWORD time) {
     }
 }
 
-TEST_F(RoadTest, TheHostsWindowsAreDisabledWhileAScreenIsOpen) {
+TEST_F(SessionTest, TheHostsWindowsAreDisabledWhileAScreenIsOpen) {
     const auto create = [](const wchar_t* caption, int left, DWORD style) {
         return CreateWindowExW(0, L"STATIC", caption, WS_OVERLAPPEDWINDOW | WS_VISIBLE | style, left, 50, 200,
                                200, nullptr, nullptr, nullptr, nullptr);
@@ -208,7 +208,7 @@ TEST_F(RoadTest, TheHostsWindowsAreDisabledWhileAScreenIsOpen) {
         DestroyWindow(window);
 }
 
-TEST_F(RoadTest, TheHostMayEndWhileAScreenIsOpen) {
+TEST_F(SessionTest, TheHostMayEndWhileAScreenIsOpen) {
     const DWORD thread = GetCurrentThreadId();
     {
         const User user([&](WindowDriver& at) {
@@ -224,7 +224,7 @@ TEST_F(RoadTest, TheHostMayEndWhileAScreenIsOpen) {
     EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
 }
 
-TEST_F(RoadTest, TheHostMayDestroyItsWindowWhileAScreenIsOpen) {
+TEST_F(SessionTest, TheHostMayDestroyItsWindowWhileAScreenIsOpen) {
     const HWND host = CreateWindowExW(0, L"STATIC", L"The host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 50, 50,
                                       200, 200, nullptr, nullptr, nullptr, nullptr);
     {
@@ -244,7 +244,7 @@ TEST_F(RoadTest, TheHostMayDestroyItsWindowWhileAScreenIsOpen) {
     EXPECT_EQ(VARIANT_TRUE, closed);
 }
 
-TEST_F(RoadTest, WindowPositionsAreKeptInTheRegistry) {
+TEST_F(SessionTest, WindowPositionsAreKeptInTheRegistry) {
     {
         const User user([](WindowDriver& at) {
             SetWindowPos(at.window("Terms"), nullptr, 120, 80, 640, 420, SWP_NOZORDER | SWP_NOACTIVATE);
@@ -274,7 +274,7 @@ TEST_F(RoadTest, WindowPositionsAreKeptInTheRegistry) {
     }
 }
 
-TEST_F(RoadTest, TheModuleCanBeUnloadedAndLoadedAgain) {
+TEST_F(SessionTest, TheModuleCanBeUnloadedAndLoadedAgain) {
     const auto isLoaded = [] { return GetModuleHandleW(L"tslnmaint5.dll") != nullptr; };
     for (int round = 0; round < 3; ++round) {
         {
@@ -292,7 +292,7 @@ TEST_F(RoadTest, TheModuleCanBeUnloadedAndLoadedAgain) {
     }
 }
 
-TEST_F(RoadTest, TheHostMayReleaseTheLibraryWhileAScreenIsOpen) {
+TEST_F(SessionTest, TheHostMayReleaseTheLibraryWhileAScreenIsOpen) {
     ILibrary* last = library.Detach();
     const User user([](WindowDriver& at) { at.press("Terms", "&Close"); });
     const auto host = RecordingHost::make();

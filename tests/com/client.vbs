@@ -1,5 +1,5 @@
-' The whole road in a script host: a client that knows the module by name alone, with a host of its own making.
-'   cscript road.vbs DRIVER     DRIVER: the program that plays the user at the windows
+' A late-bound client of the module that is written as a script, with host objects written as classes of the script.
+'   cscript client.vbs DRIVER     DRIVER: the program that operates the windows
 Option Explicit
 
 Dim failures : failures = 0
@@ -10,7 +10,7 @@ Sub Expect(what, wanted, found)
     End If
 End Sub
 
-' The company: rows of terms by their ID, which the statements below are carried out on.
+' The company's table of terms, by ID. The host objects below apply the statements to it.
 Dim rows : Set rows = CreateRows()
 Function CreateRows()
     Set CreateRows = WScript.CreateObject("Scripting.Dictionary")
@@ -154,5 +154,5 @@ On Error GoTo 0
 library.PreTerminate
 Set library = Nothing
 If InStr(log, "ERROR") Then Expect "no errors told", "", log
-WScript.Echo "road: " & failures & " failure(s)"
+WScript.Echo "client: " & failures & " failure(s)"
 WScript.Quit failures
