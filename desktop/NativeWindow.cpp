@@ -34,12 +34,6 @@ bool hasKeyboard(const wxWindow& window) {
     return focus && (focus == window.GetHandle() || gtk_widget_is_ancestor(focus, window.GetHandle()));
 }
 
-void allotSizesAgain(wxWindow& window) {
-    if (window.GetHandle()) gtk_widget_queue_resize(window.GetHandle());
-    for (wxWindow* child : window.GetChildren())
-        allotSizesAgain(*child);
-}
-
 void setTextMargin(wxTextCtrl& text, int pixels) {
     GtkWidget* view = gtk_bin_get_child(GTK_BIN(text.GetHandle()));
     gtk_text_view_set_left_margin(GTK_TEXT_VIEW(view), pixels);
@@ -81,8 +75,6 @@ bool hasKeyboard(const wxWindow& window) {
     }
     return false;
 }
-
-void allotSizesAgain(wxWindow&) {}
 
 void setTextMargin(wxTextCtrl& text, int pixels) {
     text.SetMargins(pixels);

@@ -14,10 +14,6 @@ void setAccessibleName(wxWindow& window, const wxString& name);
 /// that some of the platform's controls are made of.
 bool hasKeyboard(const wxWindow& window);
 
-/// Hands out the sizes of all windows within this one again. One of the platforms may lose those that are set
-/// while it is at that; the windows are drawn too small then.
-void allotSizesAgain(wxWindow& window);
-
 /// Keeps the text of a box of several lines off its border.
 void setTextMargin(wxTextCtrl& text, int pixels);
 

@@ -4,7 +4,6 @@
 #include <wx/splitter.h>
 
 #include "desktop/ControlView.h"
-#include "desktop/NativeWindow.h"
 #include "screens/Splitter.h"
 
 namespace tsln::desktop {
@@ -21,11 +20,7 @@ class SplitterView : public ControlView {
         window_->SetMinimumPaneSize(1);  // so that no pane can be closed
         window_->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
             event.Skip();
-            // Not at once: one of the platforms loses sizes that are set while it hands out sizes.
-            window_->CallAfter([this] {
-                updateContent();
-                allotSizesAgain(*window_);
-            });
+            updateContent();
         });
         window_->Bind(wxEVT_SPLITTER_SASH_POS_CHANGING, [this](wxSplitterEvent& event) {
             event.SetSashPosition(withinLimits(event.GetSashPosition()));

@@ -118,7 +118,7 @@ class EveryControl : public NotingScreen {
   private:
     void fillLists() {
         rpt.columns = {{"Product", 160}, {"Price", 80, true, true}};
-        for (int i = 1; i <= 8; ++i) {
+        for (int i = 1; i <= 5; ++i) {
             const std::string product = "Blind " + std::to_string(i);
             const std::string price = std::to_string(i * 12) + ".50";
             const std::string_view cells[] = {product, price};
