@@ -48,6 +48,6 @@ std::optional<unsigned> rowAt(const wxDataViewCtrl& grid, const wxPoint& point);
 /// The width a column was given by the program or the user, without what it was stretched by.
 int givenWidth(const wxDataViewColumn& column);
 /// Lets the column take the width that is left.
-void stretch(wxDataViewColumn& column);
+void takeRemainingWidth(wxDataViewColumn& column);
 
 }  // namespace tsln::desktop
