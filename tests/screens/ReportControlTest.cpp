@@ -351,6 +351,21 @@ TEST_F(ReportControlTest, AgreesWithAPlainListThroughAnyHistory) {
     }
 }
 
+TEST(ReportRecords, CellsThatGrowAgainAndAgainLeaveTheOthersAndTakeNoMoreRoom) {
+    ReportRecords records(1);
+    for (const std::string_view text : {"first", "grows", "last"})
+        records.add(1, std::array{text});
+    for (std::size_t size = 100'000; size < 100'100; ++size) {
+        records.setCell(1, 0, std::string(size, 'x'));
+        ASSERT_EQ(records.cell(0, 0), "first");
+        ASSERT_EQ(records.cell(1, 0).size(), size);
+        ASSERT_EQ(records.cell(2, 0), "last");
+    }
+    EXPECT_LT(records.textBytes(), 3'000'000U);
+    records.setCell(1, 0, records.cell(2, 0));
+    EXPECT_EQ(records.cell(1, 0), "last");
+}
+
 TEST(ControlAutomation, AComboBoxIsFilledByTheHostAndOutlivesItsScreenSafely) {
     test::QuietDesktop desktop;
     ObjectPtr handed;
