@@ -108,6 +108,15 @@ void CellEditor::openChoices() {
     if (open_ && GTK_IS_COMBO_BOX(open_)) gtk_combo_box_popup(GTK_COMBO_BOX(open_));
 }
 
+void setBackground(wxDataViewRenderer& renderer, const wxColour& colour) {
+    GtkCellRenderer* const handle = renderer.GetGtkHandle();
+    if (colour.IsOk()) {
+        g_object_set(handle, "cell-background-rgba", static_cast<const GdkRGBA*>(colour), nullptr);
+    } else {
+        g_object_set(handle, "cell-background-set", FALSE, nullptr);
+    }
+}
+
 void onHeaderClick(wxDataViewCtrl& grid, std::function<void(unsigned column)> clicked) {
     for (unsigned i = 0; i < grid.GetColumnCount(); ++i) {
         const unsigned column = grid.GetColumn(i)->GetModelColumn();
@@ -200,6 +209,8 @@ void CellEditor::openChoices() {
         ::SendMessage(GetHwndOf(choice), CB_SHOWDROPDOWN, TRUE, 0);
 #endif
 }
+
+void setBackground(wxDataViewRenderer&, const wxColour&) {}  // the data view draws it itself
 
 void onHeaderClick(wxDataViewCtrl& grid, std::function<void(unsigned column)> clicked) {
     grid.Bind(wxEVT_DATAVIEW_COLUMN_HEADER_CLICK, [clicked = std::move(clicked)](wxDataViewEvent& event) {

@@ -62,12 +62,17 @@ class ReportGrid::Model : public wxDataViewVirtualListModel {
 
     bool GetAttrByRow(unsigned row, unsigned column, wxDataViewItemAttr& attr) const override {
         if (!has(row, column)) return false;
+        const ReportControl::Row& shown = grid_.report_.row(row);
+        if (shown.isGroup()) {
+            attr.SetBold(true);
+            // Not editable, but not grey either.
+            attr.SetColour(wxSystemSettings::GetColour(wxSYS_COLOUR_LISTBOXTEXT));
+            return true;
+        }
 #ifdef __WXGTK__
         if (row % 2 == 1) attr.SetBackgroundColour(stripe_);
 #endif
-        const ReportControl::Row& shown = grid_.report_.row(row);
-        const auto style =
-            shown.isGroup() ? ReportControl::Style{.bold = true} : grid_.report_.style(shown.record);
+        const ReportControl::Style style = grid_.report_.style(shown.record);
         if (style.bold) attr.SetBold(true);
         if (style.color) attr.SetColour(wxColour(*style.color));
         return !attr.IsDefault();
@@ -184,12 +189,12 @@ void ReportGrid::appendColumn(std::size_t index) {
                                                          : wxALIGN_LEFT;
     wxDataViewRenderer* renderer = nullptr;
     if (column.kind == Kind::Check) {
-        renderer = new wxDataViewToggleRenderer("bool", mode);
+        renderer = new Striped<wxDataViewToggleRenderer>("bool", mode);
     } else if (column.kind == Kind::Choice && column.editable) {
         wxArrayString captions;
         for (const ReportColumn::Choice& choice : column.choices)
             captions.push_back(toWx(choice.caption));
-        renderer = new wxDataViewChoiceRenderer(captions, mode);
+        renderer = new Striped<wxDataViewChoiceRenderer>(captions, mode);
     } else {
         renderer = new wxDataViewTextRenderer("string", mode);
         renderer->EnableEllipsize(wxELLIPSIZE_END);
