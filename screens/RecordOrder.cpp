@@ -55,8 +55,8 @@ template <class ValueOf>
 void sortByValues(std::span<std::uint32_t> order, bool descending, std::size_t records,
                   const ValueOf& valueOf) {
     // Numbers in a list are often the same few: then just those are sorted, and the records put to them.
-    const std::size_t few = order.size() / 16;
-    std::unordered_map<double, std::uint32_t> numbers;
+    const std::size_t few = order.size() / 4;
+    std::unordered_map<double, std::uint32_t> numbers(few);
     std::vector<double> values;
     std::vector<std::uint32_t> ranks(records);
     for (const std::uint32_t record : order) {
