@@ -42,6 +42,13 @@ void connect(gpointer sender, const char* signal, std::function<Result(Arguments
         flags);
 }
 
+/// The widget or one inside it has the keyboard.
+bool hasFocus(GtkWidget* widget) {
+    GtkWidget* const top = gtk_widget_get_toplevel(widget);
+    GtkWidget* const focus = GTK_IS_WINDOW(top) ? gtk_window_get_focus(GTK_WINDOW(top)) : nullptr;
+    return focus && (focus == widget || gtk_widget_is_ancestor(focus, widget));
+}
+
 }  // namespace
 
 CellEditor::~CellEditor() {
@@ -56,7 +63,14 @@ void CellEditor::prepare(wxDataViewColumn& column, std::size_t maxLength) {
                 open_ = editor;
                 menuOpen_ = false;
                 connect(editor, "remove-widget",
-                        std::function<void(GtkCellEditable*)>([this](GtkCellEditable*) { open_ = nullptr; }));
+                        std::function<void(GtkCellEditable*)>([this](GtkCellEditable* removed) {
+                            open_ = nullptr;
+                            // The toolkit gives the keyboard back only where the editor has no inner parts.
+                            if (hasFocus(GTK_WIDGET(removed)))
+                                grid_.CallAfter([this] {
+                                    if (!open_) grid_.SetFocus();
+                                });
+                        }));
                 if (!GTK_IS_ENTRY(editor)) return;
                 gtk_entry_set_max_length(GTK_ENTRY(editor), static_cast<int>(maxLength));
                 connect(editor, "populate-popup",
@@ -92,6 +106,15 @@ void CellEditor::replaceText(const wxString& text) {
 
 void CellEditor::openChoices() {
     if (open_ && GTK_IS_COMBO_BOX(open_)) gtk_combo_box_popup(GTK_COMBO_BOX(open_));
+}
+
+void setBackground(wxDataViewRenderer& renderer, const wxColour& colour) {
+    GtkCellRenderer* const handle = renderer.GetGtkHandle();
+    if (colour.IsOk()) {
+        g_object_set(handle, "cell-background-rgba", static_cast<const GdkRGBA*>(colour), nullptr);
+    } else {
+        g_object_set(handle, "cell-background-set", FALSE, nullptr);
+    }
 }
 
 void onHeaderClick(wxDataViewCtrl& grid, std::function<void(unsigned column)> clicked) {
@@ -134,7 +157,7 @@ int givenWidth(const wxDataViewColumn& column) {
     return gtk_tree_view_column_get_fixed_width(handleOf(column));
 }
 
-void stretch(wxDataViewColumn& column) {
+void takeRemainingWidth(wxDataViewColumn& column) {
     gtk_tree_view_column_set_expand(handleOf(column), TRUE);
 }
 
@@ -187,6 +210,8 @@ void CellEditor::openChoices() {
 #endif
 }
 
+void setBackground(wxDataViewRenderer&, const wxColour&) {}  // the data view draws it itself
+
 void onHeaderClick(wxDataViewCtrl& grid, std::function<void(unsigned column)> clicked) {
     grid.Bind(wxEVT_DATAVIEW_COLUMN_HEADER_CLICK, [clicked = std::move(clicked)](wxDataViewEvent& event) {
         if (event.GetDataViewColumn()) clicked(event.GetDataViewColumn()->GetModelColumn());
@@ -222,7 +247,7 @@ int givenWidth(const wxDataViewColumn& column) {
     return column.GetWidth();
 }
 
-void stretch(wxDataViewColumn&) {}  // the last column does so by itself
+void takeRemainingWidth(wxDataViewColumn&) {}  // the last column does so by itself
 
 #endif
 

@@ -35,6 +35,22 @@ class CellEditor {
 
 // What else the toolkit has no calls for that mean the same on all platforms.
 
+/// Draws the background of a cell's attributes, which the toolkit draws for text alone; an invalid colour
+/// draws none.
+void setBackground(wxDataViewRenderer& renderer, const wxColour& colour);
+/// A renderer whose cells have the background of their attributes.
+template <class Renderer>
+class Striped : public Renderer {
+  public:
+    using Renderer::Renderer;
+
+  protected:
+    void SetAttr(const wxDataViewItemAttr& attr) override {
+        Renderer::SetAttr(attr);
+        setBackground(*this, attr.HasBackgroundColour() ? attr.GetBackgroundColour() : wxColour());
+    }
+};
+
 /// Runs `clicked` with the model's column when the user has clicked a header, not dragged it. Called once,
 /// when the columns are there.
 void onHeaderClick(wxDataViewCtrl& grid, std::function<void(unsigned column)> clicked);
@@ -48,6 +64,6 @@ std::optional<unsigned> rowAt(const wxDataViewCtrl& grid, const wxPoint& point);
 /// The width a column was given by the program or the user, without what it was stretched by.
 int givenWidth(const wxDataViewColumn& column);
 /// Lets the column take the width that is left.
-void stretch(wxDataViewColumn& column);
+void takeRemainingWidth(wxDataViewColumn& column);
 
 }  // namespace tsln::desktop

@@ -62,12 +62,17 @@ class ReportGrid::Model : public wxDataViewVirtualListModel {
 
     bool GetAttrByRow(unsigned row, unsigned column, wxDataViewItemAttr& attr) const override {
         if (!has(row, column)) return false;
+        const ReportControl::Row& shown = grid_.report_.row(row);
+        if (shown.isGroup()) {
+            attr.SetBold(true);
+            // Not editable, but not grey either.
+            attr.SetColour(wxSystemSettings::GetColour(wxSYS_COLOUR_LISTBOXTEXT));
+            return true;
+        }
 #ifdef __WXGTK__
         if (row % 2 == 1) attr.SetBackgroundColour(stripe_);
 #endif
-        const ReportControl::Row& shown = grid_.report_.row(row);
-        const auto style =
-            shown.isGroup() ? ReportControl::Style{.bold = true} : grid_.report_.style(shown.record);
+        const ReportControl::Style style = grid_.report_.style(shown.record);
         if (style.bold) attr.SetBold(true);
         if (style.color) attr.SetColour(wxColour(*style.color));
         return !attr.IsDefault();
@@ -124,6 +129,12 @@ void ReportGrid::bindEvents() {
         if (column && !report_.canEdit({model_->GetRow(event.GetItem()), column->GetModelColumn()}))
             event.Veto();
     });
+    Bind(wxEVT_DATAVIEW_ITEM_EDITING_STARTED, [this](wxDataViewEvent& event) {
+        event.Skip();
+        const unsigned row = model_->GetRow(event.GetItem());
+        editedID_ =
+            row < report_.rowCount() && !report_.row(row).isGroup() ? report_.id(report_.row(row).record) : 0;
+    });
     // Who comes to the rows works on those there are.
     const auto entered = [this](wxEvent& event) {
         event.Skip();
@@ -164,7 +175,7 @@ void ReportGrid::showColumns() {
     ClearColumns();
     for (const std::size_t column : order_)
         appendColumn(column);
-    if (!order_.empty()) stretch(*columnWindow(stretchedColumn(report_)));
+    if (!order_.empty()) takeRemainingWidth(*columnWindow(stretchedColumn(report_)));
     onHeaderClick(*this, [this](unsigned column) { events.headerClicked(column); });
 }
 
@@ -178,12 +189,12 @@ void ReportGrid::appendColumn(std::size_t index) {
                                                          : wxALIGN_LEFT;
     wxDataViewRenderer* renderer = nullptr;
     if (column.kind == Kind::Check) {
-        renderer = new wxDataViewToggleRenderer("bool", mode);
+        renderer = new Striped<wxDataViewToggleRenderer>("bool", mode);
     } else if (column.kind == Kind::Choice && column.editable) {
         wxArrayString captions;
         for (const ReportColumn::Choice& choice : column.choices)
             captions.push_back(toWx(choice.caption));
-        renderer = new wxDataViewChoiceRenderer(captions, mode);
+        renderer = new Striped<wxDataViewChoiceRenderer>(captions, mode);
     } else {
         renderer = new wxDataViewTextRenderer("string", mode);
         renderer->EnableEllipsize(wxELLIPSIZE_END);
@@ -209,11 +220,7 @@ std::vector<std::size_t> ReportGrid::orderInWindow() const {
 }
 
 void ReportGrid::settle() {
-    if (editor_.isOpen() && !taking_) {
-        settling_ = true;
-        editor_.accept();
-        settling_ = false;
-    }
+    acceptEdit();
     if (const auto order = orderInWindow(); order != order_) {
         order_ = order;
         report_.userColumnOrder(order);
@@ -227,6 +234,14 @@ void ReportGrid::settle() {
         report_.userColumnWidth(column, ToDIP(width));
         widths_[column] = desktop::naturalWidth(*this, report_.columns[column]);
     }
+}
+
+/// Ends editing within an act.
+void ReportGrid::acceptEdit() {
+    if (!editor_.isOpen() || taking_) return;
+    settling_ = true;
+    editor_.accept();
+    settling_ = false;
 }
 
 // Rows --------------------------------------------------------------------------------------------
@@ -253,6 +268,7 @@ void ReportGrid::showReport() {
 
 void ReportGrid::refill() {
     refill_.Stop();
+    acceptEdit();
     quiet_ = true;
     const wxDataViewColumn* const column = GetCurrentColumn();
     groups_.count();
@@ -345,11 +361,11 @@ bool ReportGrid::takesKey(const wxKeyEvent& key) {
     const auto cell = currentCell();
     if (!cell) return false;
     const Kind kind = report_.columns[cell->column].kind;
-    if (key.GetModifiers() == wxMOD_ALT && code == WXK_DOWN && kind == Kind::Choice) return edit(cell);
+    if (key.GetModifiers() == wxMOD_ALT && code == WXK_DOWN && kind == Kind::Choice) return editByList(cell);
     if (key.HasAnyModifiers()) return false;
     switch (code) {
         case WXK_F2:
-            return edit(cell);
+            return editByList(cell);
         case WXK_RETURN:
         case WXK_NUMPAD_ENTER:
             return GetCurrentColumn() && GetCurrentColumn()->GetModelColumn() == cell->column && edit(cell);
@@ -368,12 +384,18 @@ bool ReportGrid::takesLetter(const wxString& letter) {
 }
 
 /// Opens the editor in a cell. True when it is open.
-bool ReportGrid::edit(std::optional<Cell> cell) {
+bool ReportGrid::edit(const std::optional<Cell>& cell) {
     if (!cell || !report_.canEdit(*cell) || report_.columns[cell->column].kind == Kind::Check) return false;
     if (report_.selectedRows() != std::vector{cell->row}) goTo(cell->row);
     EditItem(itemOf(cell->row), columnWindow(cell->column));
-    if (report_.columns[cell->column].kind == Kind::Choice) CallAfter([this] { editor_.openChoices(); });
     return editor_.isOpen();
+}
+
+/// Opens the editor, and the list of choices where it has one.
+bool ReportGrid::editByList(const std::optional<Cell>& cell) {
+    if (!edit(cell)) return false;
+    CallAfter([this] { editor_.openChoices(); });
+    return true;
 }
 
 /// Turns the check box of the focused row: that of the current column, or the first one.
@@ -408,6 +430,12 @@ bool ReportGrid::moveOn(bool backwards) {
 
 /// Hands what was typed, chosen or ticked to the control.
 bool ReportGrid::setValue(const wxVariant& value, Cell cell) {
+    if (report_.rowsVersion() != shownVersion_) {  // the screen made new rows while the editor was open
+        const auto record = report_.findRecord(editedID_);
+        const auto row = record ? report_.findRow(*record) : std::nullopt;
+        if (!row) return false;
+        cell.row = *row;
+    }
     taking_ = true;
     const auto take = [&] {
         if (report_.columns[cell.column].kind == Kind::Check) {

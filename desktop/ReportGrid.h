@@ -51,7 +51,9 @@ class ReportGrid : public wxDataViewCtrl, public ReportWindow {
     void appendColumn(std::size_t column);
     void refill();
     void showSelection();
-    bool edit(std::optional<ReportControl::Cell> cell);
+    bool edit(const std::optional<ReportControl::Cell>& cell);
+    bool editByList(const std::optional<ReportControl::Cell>& cell);
+    void acceptEdit();
     bool tick();
     bool moveOn(bool backwards);
     bool setValue(const wxVariant& value, ReportControl::Cell cell);
@@ -68,6 +70,7 @@ class ReportGrid : public wxDataViewCtrl, public ReportWindow {
     std::vector<int> widths_;         // by column, in pixels, likewise
     std::vector<wxString> captions_;
     std::uint64_t shownVersion_ = 0;
+    std::int32_t editedID_ = 0;  // of the record whose cell has the editor
     bool filled_ = false;
     bool quiet_ = false;     // what the window sends now is not the user's doing
     bool settling_ = false;  // within an act: what was typed goes to the control directly

@@ -66,7 +66,7 @@ class ReportView : public ControlView {
     }
 
     void settle() override {
-        rows_.settle();
+        if (!reporting_) rows_.settle();
         if (!unreported_) return;
         unreported_ = false;
         const std::vector<std::size_t> selected = rows_.selection();
@@ -78,7 +78,8 @@ class ReportView : public ControlView {
     bool wantsKey(int) const override { return rows_.isEditing(); }
 
     bool takesKey(const wxKeyEvent& key) override {
-        if (rows_.takesKey(key)) return true;
+        // A space within the letters that look for a row is one of them.
+        if (!(key.GetKeyCode() == WXK_SPACE && isSearching()) && rows_.takesKey(key)) return true;
         if (rows_.isEditing()) return false;
         const int code = key.GetKeyCode();
         if (key.GetModifiers() == wxMOD_CONTROL && code == 'A') {
@@ -154,7 +155,10 @@ class ReportView : public ControlView {
         if (showing_ || unreported_) return;
         unreported_ = true;
         border_->CallAfter([this] {
-            if (unreported_) act([] {});  // every act settles first
+            if (!unreported_) return;
+            reporting_ = true;  // an editor that the user has just opened stays open
+            act([] {});         // every act settles first
+            reporting_ = false;
         });
     }
 
@@ -199,19 +203,22 @@ class ReportView : public ControlView {
         popupAt_ = wxDefaultPosition;
     }
 
+    bool isSearching() const {
+        return !typed_.empty() && Clock::now() - lastTyped_ < typingPause;
+    }
+
     /// Letters typed in one go look for the row that begins with them.
     void onChar(wxKeyEvent& event) {
         const wxChar letter = event.GetUnicodeKey();
         const bool modified = event.ControlDown() || event.AltDown();
-        const Clock::time_point now = Clock::now();
         if (!modified && letter > ' ' && letter != WXK_DELETE && rows_.takesLetter(wxString(letter))) return;
-        const bool goesOn = now - lastTyped_ < typingPause && !typed_.empty();
+        const bool goesOn = isSearching();
         if (modified || letter <= ' ' || letter == WXK_DELETE) {
             if (!goesOn || letter != ' ') return event.Skip();
         }
         if (!goesOn) typed_.clear();
         typed_ += letter;
-        lastTyped_ = now;
+        lastTyped_ = Clock::now();
         const std::size_t focused = rows_.focusedRow().value_or(0);
         // The first letter moves on from a row that begins with it already.
         if (const auto row = findText(report_, typed_, typed_.size() == 1 ? focused + 1 : focused)) {
@@ -225,6 +232,7 @@ class ReportView : public ControlView {
     ReportWindow& rows_;
     bool showing_ = false;
     bool unreported_ = false;
+    bool reporting_ = false;
     wxPoint popupAt_ = wxDefaultPosition;
     wxString typed_;
     Clock::time_point lastTyped_{};

@@ -16,40 +16,62 @@
 namespace tsln {
 namespace {
 
-/// A record with what it is sorted by, and where it stood before.
-template <class Key>
-struct Item {
-    Key key;
-    std::uint32_t place;
-    std::uint32_t record;
-};
-
 /// Puts the records in the order of `keyOf(record)`, equal ones in the order they come in.
-/// `compare(a, b)`: below, equal to or above zero.
-template <class KeyOf, class Compare>
-void sortByKey(std::span<std::uint32_t> order, bool descending, const KeyOf& keyOf, const Compare& compare) {
-    using Key = decltype(keyOf(0U));
-    std::vector<Item<Key>> items;
+template <class KeyOf, class Before>
+void sortByKey(std::span<std::uint32_t> order, bool descending, const KeyOf& keyOf, const Before& before) {
+    struct Item {
+        decltype(keyOf(0U)) key;
+        std::uint32_t record;
+    };
+    std::vector<Item> items;
     items.reserve(order.size());
     for (const std::uint32_t record : order)
-        items.push_back({keyOf(record), static_cast<std::uint32_t>(items.size()), record});
-    const auto sort = [&](const auto& before) {
-        std::ranges::sort(items, [&](const Item<Key>& a, const Item<Key>& b) {
-            const auto compared = compare(a.key, b.key);
-            return compared != 0 ? before(compared, 0) : a.place < b.place;
-        });
-    };
+        items.push_back({keyOf(record), record});
+    // Quicker than std::sort where many keys are equal, which would have to compare the places of their
+    // records.
     if (descending) {
-        sort(std::greater());
+        std::stable_sort(items.begin(), items.end(),
+                         [&](const Item& a, const Item& b) { return before(b.key, a.key); });
     } else {
-        sort(std::less());
+        std::stable_sort(items.begin(), items.end(),
+                         [&](const Item& a, const Item& b) { return before(a.key, b.key); });
     }
-    std::ranges::transform(items, order.begin(), &Item<Key>::record);
+    std::ranges::transform(items, order.begin(), &Item::record);
 }
 
-void sortByDoubles(std::span<std::uint32_t> order, bool descending, const auto& valueOf) {
-    sortByKey(order, descending, valueOf,
-              [](double a, double b) { return static_cast<int>(a > b) - static_cast<int>(a < b); });
+/// By number the rank of what the numbers stand for; `before` orders two numbers.
+template <class Before>
+std::vector<std::uint32_t> rankNumbers(std::size_t count, const Before& before) {
+    std::vector<std::uint32_t> order(count);
+    std::iota(order.begin(), order.end(), 0U);
+    std::ranges::sort(order, before);
+    std::vector<std::uint32_t> ranks(count);
+    for (std::size_t rank = 0; rank < count; ++rank)
+        ranks[order[rank]] = static_cast<std::uint32_t>(rank);
+    return ranks;
+}
+
+template <class ValueOf>
+void sortByValues(std::span<std::uint32_t> order, bool descending, std::size_t records,
+                  const ValueOf& valueOf) {
+    // Numbers in a list are often the same few: then just those are sorted, and the records put to them.
+    const std::size_t few = order.size() / 4;
+    std::unordered_map<double, std::uint32_t> numbers(few);
+    std::vector<double> values;
+    std::vector<std::uint32_t> ranks(records);
+    for (const std::uint32_t record : order) {
+        const double value = valueOf(record);
+        const auto [entry, isNew] = numbers.try_emplace(value, static_cast<std::uint32_t>(values.size()));
+        if (isNew) values.push_back(value);
+        if (values.size() > few) return sortByKey(order, descending, valueOf, std::less());
+        ranks[record] = entry->second;
+    }
+    const auto rankOf = rankNumbers(values.size(), [&](std::uint32_t a, std::uint32_t b) {
+        return descending ? values[a] > values[b] : values[a] < values[b];
+    });
+    for (std::uint32_t& rank : ranks)
+        rank = rankOf.empty() ? 0 : rankOf[rank];
+    sortByRank(order, ranks);
 }
 
 /// The keys of all records: bytes that order as their texts do, each with a zero at its end.
@@ -61,9 +83,9 @@ class TextKeys {
         std::uint64_t start;
         const char* rest;
     };
-    static int compare(const Key& a, const Key& b) {
-        if (a.start != b.start) return a.start < b.start ? -1 : 1;
-        return a.rest ? std::strcmp(a.rest, b.rest) : 0;  // equal starts go on both or neither
+    static bool before(const Key& a, const Key& b) {
+        if (a.start != b.start) return a.start < b.start;
+        return a.rest && std::strcmp(a.rest, b.rest) < 0;  // equal starts go on both or neither
     }
 
     TextKeys(const ReportRecords& records, std::size_t column) : starts_(records.count()) {
@@ -99,19 +121,21 @@ class TextKeys {
 void sortByText(std::span<std::uint32_t> order, const ReportRecords& records, std::size_t column,
                 bool descending) {
     const TextKeys keys(records, column);
-    sortByKey(order, descending, keys, TextKeys::compare);
+    sortByKey(order, descending, keys, TextKeys::before);
 }
 
 void sortByNumber(std::span<std::uint32_t> order, const ReportRecords& records, std::size_t column,
                   bool descending) {
-    sortByDoubles(order, descending, [&](std::uint32_t record) {
+    const auto valueOf = [&](std::uint32_t record) {
         return parseNumber(records.cell(record, column)).value_or(-std::numeric_limits<double>::infinity());
-    });
+    };
+    sortByValues(order, descending, records.count(), valueOf);
 }
 
 void sortByValue(std::span<std::uint32_t> order, const ReportRecords& records, std::size_t column,
                  bool descending) {
-    sortByDoubles(order, descending, [&](std::uint32_t record) { return records.sortValue(record, column); });
+    const auto valueOf = [&](std::uint32_t record) { return records.sortValue(record, column); };
+    sortByValues(order, descending, records.count(), valueOf);
 }
 
 TextNumbers numberTexts(const ReportRecords& records, std::size_t column) {
@@ -138,15 +162,10 @@ TextNumbers numberTexts(const ReportRecords& records, std::size_t column) {
 
 std::vector<std::uint32_t> rankTexts(const ReportRecords& records, std::size_t column) {
     TextNumbers texts = numberTexts(records, column);
-    std::vector<std::uint32_t> order(texts.first.size());
-    std::iota(order.begin(), order.end(), 0U);
-    std::ranges::sort(order, [&](std::uint32_t a, std::uint32_t b) {
+    const auto rankOf = rankNumbers(texts.first.size(), [&](std::uint32_t a, std::uint32_t b) {
         return modSharedStrings::compareNoCase(records.cell(texts.first[a], column),
                                                records.cell(texts.first[b], column)) < 0;
     });
-    std::vector<std::uint32_t> rankOf(order.size());
-    for (std::size_t rank = 0; rank < rankOf.size(); ++rank)
-        rankOf[order[rank]] = static_cast<std::uint32_t>(rank);
     for (std::uint32_t& number : texts.numbers)
         number = rankOf[number];
     return std::move(texts.numbers);

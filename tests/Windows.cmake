@@ -1,6 +1,6 @@
 # The Windows suite: what runs under Wine, one test a program. The tests that drive windows by the X server, and those
-# that start and kill processes by POSIX calls (tests/desktop, tests/workbench/app, parts of tests/workbench/company),
-# are for the native suite alone; here the windows are driven by the system's messages.
+# that start and kill processes by POSIX calls (most of tests/desktop, tests/workbench/app, parts of
+# tests/workbench/company), are for the native suite alone; here the windows are driven by the system's messages.
 if(CMAKE_SIZEOF_VOID_P EQUAL 8)
     set(bits 64)
 else()
@@ -33,6 +33,17 @@ tsln_windows_test(entities entities USES tsln_doubles)
 tsln_windows_test(workbench_host workbench/host USES tsln_workbench_host tsln_doubles)
 tsln_windows_test(com_edge com/edge USES tsln_com_edge tsln_shared)
 tsln_windows_test(com_slots com/slots USES tsln_com_server)
+
+# The controls in real windows, worked by the keyboard.
+set(manifest ${CMAKE_SOURCE_DIR}/workbench/app/tessaline-workbench)  # asks for the system's newer controls
+add_executable(test_desktop desktop/main.cpp desktop/Robot.cpp desktop/Picture.cpp desktop/EveryControlTest.cpp
+               ${manifest}.rc)
+set_source_files_properties(${manifest}.rc PROPERTIES OBJECT_DEPENDS ${manifest}.manifest
+                            INCLUDE_DIRECTORIES ${CMAKE_SOURCE_DIR}/workbench/app)
+tsln_use_wx(test_desktop)
+target_link_libraries(test_desktop PRIVATE tsln_desktop tsln_options GTest::gmock)
+add_test(NAME desktop COMMAND ${onWine} $<TARGET_FILE:test_desktop>)
+set_tests_properties(desktop PROPERTIES TIMEOUT 300 RESOURCE_LOCK windows ENVIRONMENT TSLN_BUILD=${CMAKE_BINARY_DIR})
 
 add_library(tsln_window_driver STATIC com/driver/WindowDriver.cpp)
 target_link_libraries(tsln_window_driver PUBLIC tsln_com_edge tsln_options)

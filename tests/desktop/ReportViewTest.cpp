@@ -160,8 +160,8 @@ TEST_P(EitherReportView, DoubleClickOpensAndHeaderSorts) {
         user.clickAt(screen.rptItems, [] { return wxPoint(230, 12); }).until("sorted", [&, descending] {
             if (screen.rptItems.sortOrder() != ReportControl::SortOrder{1, descending}) return false;
             const auto* shown = dynamic_cast<const ReportList*>(&window(user, screen));
-            return !shown || (shown->GetSortIndicator() == 1 &&
-                              shown->IsAscendingSortIndicator() == !descending);
+            return !shown ||
+                   (shown->GetSortIndicator() == 1 && shown->IsAscendingSortIndicator() == !descending);
         });
     }
     user.then([&] {

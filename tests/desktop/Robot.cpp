@@ -8,12 +8,14 @@
 
 #include "desktop/NativeWindow.h"
 #include "screens/Controls.h"
+#include "screens/Splitter.h"
 #include "screens/TabControl.h"
 
 namespace tsln::desktop::test {
 namespace {
 
 constexpr int tick = 30;  // milliseconds between steps: time for the display server's events to come round
+constexpr auto timeToFinish = std::chrono::milliseconds(150);
 constexpr auto patience = std::chrono::seconds(20);
 
 }  // namespace
@@ -98,16 +100,28 @@ void Robot::show() {
 }
 
 void Robot::Notify() {
+    // Sending a key may let the event loop run, and the next act must not overtake this one.
+    if (*unfinished_ > 0 && Clock::now() - since_ < timeToFinish) return;
     if (!failed_ && !steps_.empty() && (!steps_.front().isTrue || steps_.front().isTrue())) {
         // Posted, not done here: what opens a menu or a dialog returns only when that is closed, and the
         // timer would not fire until then.
-        if (steps_.front().act) wxTheApp->CallAfter(std::move(steps_.front().act));
+        if (steps_.front().act) {
+            ++*unfinished_;
+            wxTheApp->CallAfter([act = std::move(steps_.front().act), unfinished = unfinished_] {
+                act();
+                --*unfinished;
+            });
+        }
         steps_.pop_front();
         since_ = Clock::now();
         return;
     }
     if (Clock::now() - since_ < patience && !failed_) return;
-    if (!failed_) ADD_FAILURE() << "Waited in vain: " << (steps_.empty() ? "the end" : steps_.front().what);
+    if (!failed_) {
+        const Control* control = focused();
+        ADD_FAILURE() << "Waited in vain: " << (steps_.empty() ? "the end" : steps_.front().what)
+                      << "; the keyboard is at " << (control ? control->name() : "no control");
+    }
     failed_ = true;
     // Leave every window that is open, so that the other tests can run; Esc closes menus.
     wxUIActionSimulator().Char(WXK_ESCAPE);
@@ -146,7 +160,8 @@ Control* Robot::focused() const {
     Control* tabs = nullptr;  // they have the keyboard themselves when nothing on their pages has
     for (Control* control : screen_.controls()) {
         const wxWindow* window = windowOf(*control);
-        if (!window || dynamic_cast<Frame*>(control) || !hasKeyboard(*window)) continue;
+        const bool holdsOthers = dynamic_cast<Frame*>(control) || dynamic_cast<Splitter*>(control);
+        if (!window || holdsOthers || !hasKeyboard(*window)) continue;
         if (!dynamic_cast<TabControl*>(control)) return control;
         tabs = control;
     }

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <deque>
 #include <functional>
+#include <memory>
 #include <string>
 
 #include <wx/event.h>
@@ -70,6 +71,8 @@ class Robot : private wxTimer {
     Screen& screen_;
     std::deque<Step> steps_;
     Clock::time_point since_{};
+    /// Acts that were posted and have not returned: some are waiting, others have opened a window.
+    std::shared_ptr<int> unfinished_ = std::make_shared<int>(0);
     bool failed_ = false;
 };
 

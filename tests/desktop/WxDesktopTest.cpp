@@ -13,6 +13,7 @@
 
 #include "desktop/Dialogs.h"
 #include "desktop/WxDesktop.h"
+#include "tests/desktop/Picture.h"
 #include "tests/desktop/Robot.h"
 #include "tests/desktop/Samples.h"
 
@@ -176,6 +177,52 @@ TEST_F(BoxTest, AMessageBoxShowsALongTextWhole) {
     }
     closeScreen();
     EXPECT_EQ(next, std::size(texts));
+}
+
+TEST_F(BoxTest, AQuestionIsAnsweredInWordsByKeyboard) {
+    const std::string answers[] = {"Replace it", "Keep both & rename", "Leave it"};
+    const struct {
+        std::vector<int> keys;
+        std::optional<std::size_t> answer;
+    } cases[] = {
+        {{WXK_RETURN}, 0U},
+        {{WXK_DOWN, WXK_RETURN}, 1U},
+        {{WXK_UP, WXK_RETURN}, 2U},
+        {{WXK_DOWN, WXK_ESCAPE}, {}},
+        {{WXK_DOWN, WXK_DOWN, WXK_DOWN, WXK_RETURN}, 0U},
+    };
+    std::size_t next = 0;
+    screen.onNew = [&] {
+        const auto& test = cases[next++];
+        EXPECT_EQ(desktop.choose(&screen, "Import", "There is such a template already.", answers),
+                  test.answer)
+            << "case " << next;
+    };
+    for (const auto& test : cases) {
+        user.key('N', wxMOD_ALT).until("the question is open", [] {
+            return Robot::find<wxDialog>()->GetTitle() == "Import" && Robot::find<wxDialog>()->IsActive();
+        });
+        user.then([] { savePicture(*Robot::find<wxDialog>(), "question"); });
+        for (const int key : test.keys)
+            user.key(key);
+        user.until("active again", [&] { return user.dialog()->IsActive(); });
+    }
+    closeScreen();
+    EXPECT_EQ(next, std::size(cases));
+    EXPECT_EQ(desktop.choose(nullptr, "", "Nothing to choose?", {}), std::nullopt);
+}
+
+TEST_F(BoxTest, ABoxHasTheTitleItIsGivenAndTheClipboardKeepsItsText) {
+    screen.onNew = [&] {
+        desktop.setClipboardText("\xC3\xA9 two\nlines");
+        desktop.messageBox(&screen, "Saved.", MessageButtons::Ok, MessageIcon::Information, "Templates");
+    };
+    user.key('N', wxMOD_ALT);
+    untilFound<wxGenericMessageDialog>("the box is open");
+    user.then([] { EXPECT_EQ(Robot::find<wxGenericMessageDialog>()->GetTitle(), "Templates"); });
+    user.key(WXK_ESCAPE).until("closed", [] { return !Robot::find<wxGenericMessageDialog>(); });
+    closeScreen();
+    EXPECT_EQ(desktop.clipboardText(), "\xC3\xA9 two\nlines");
 }
 
 TEST_F(BoxTest, APopupReturnsTheChosenCommandAndRefusesADisabledOne) {

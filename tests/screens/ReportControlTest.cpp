@@ -1,3 +1,4 @@
+#include <array>
 #include <random>
 
 #include <gmock/gmock.h>
@@ -105,6 +106,198 @@ TEST_F(ReportControlTest, SelectionAndFocusStayWithTheirRecords) {
     EXPECT_THROW(list.rowText(4, 0), std::out_of_range);
 }
 
+TEST_F(ReportControlTest, GroupsStandInAnOrderOfTheirOwn) {
+    using Grouping = ReportControl::Grouping;
+    add(1, "x", "", "Ship");
+    add(2, "y", "", "");
+    add(3, "z", "", "Install");
+    add(4, "w", "", "ship");
+    list.groupBy(Grouping{.column = 2, .emptyText = "(No Group)"});
+    EXPECT_THAT(shown(), ElementsAre("(No Group)", "y", "Install", "z", "Ship", "x", "w"));
+    list.groupBy(Grouping{.column = 2, .order = Grouping::Order::ByAppearance});
+    EXPECT_THAT(shown(), ElementsAre("Ship", "x", "w", "", "y", "Install", "z"));
+    list.groupBy(Grouping{.column = 2, .before = [](auto a, auto b) { return a.size() > b.size(); }});
+    EXPECT_THAT(shown(), ElementsAre("Install", "z", "Ship", "x", "w", "", "y"));
+    list.setFilter("W");
+    EXPECT_THAT(shown(), ElementsAre("ship", "w")) << "a group without rows goes, too";
+
+    list.setFilter("");
+    const auto throwing = [](std::string_view, std::string_view) -> bool {
+        throw std::runtime_error("order");
+    };
+    EXPECT_THROW(list.groupBy(Grouping{.column = 2, .before = throwing}), std::runtime_error);
+    EXPECT_EQ(list.rowCount(), 0U);
+    list.groupBy(std::nullopt);
+    EXPECT_THAT(shown(), ElementsAre("x", "y", "z", "w")) << "no record is lost";
+}
+
+TEST_F(ReportControlTest, DatesSortBySortValue) {
+    list.columns[1] = {.caption = "Due", .kind = ReportColumn::Kind::Date};
+    add(1, "a", "12/1/2024");
+    add(2, "b", "2/1/2025");
+    add(3, "c", "None");
+    add(4, "d", "1/1/2025");
+    list.setSortValue(0, 1, 45627);
+    list.setSortValue(1, 1, 45689);
+    list.setSortValue(3, 1, 45658);
+    list.populate();
+    list.userClickHeader(1);
+    EXPECT_THAT(shown(), ElementsAre("c", "a", "d", "b"));
+    list.userClickHeader(1);
+    EXPECT_THAT(shown(), ElementsAre("b", "d", "a", "c"));
+    list.removeRecord(0);
+    list.populate();
+    EXPECT_THAT(shown(), ElementsAre("b", "d", "c")) << "the values move with their records";
+}
+
+TEST_F(ReportControlTest, FilterShowsWhatContainsTheTextInAnyColumn) {
+    list.columns[2].kind = ReportColumn::Kind::Check;
+    add(1, "Ångström", "30", "1");
+    add(2, "Meter\nlong", "31", "0");
+    add(3, "meter", "", "1");
+    list.populate();
+    const struct {
+        const char* text;
+        std::vector<std::string> rows;
+    } cases[] = {{"METER", {"Meter\nlong", "meter"}},
+                 {"ångSTR", {"Ångström"}},
+                 {"3", {"Ångström", "Meter\nlong"}},
+                 {"31", {"Meter\nlong"}},
+                 {"m30", {}},             // not across two columns
+                 {"1", {"Meter\nlong"}},  // not the ticks
+                 {"meterx", {}},
+                 {"", {"Ångström", "Meter\nlong", "meter"}}};
+    for (const auto& test : cases) {
+        list.setFilter(test.text);
+        EXPECT_EQ(shown(), test.rows) << test.text;
+    }
+    list.setFilterPredicate([&](std::size_t record) { return list.id(record) != 2; });
+    list.setFilter("meter");
+    EXPECT_THAT(shown(), ElementsAre("meter"));
+    list.setCell(0, 0, "Kilometer");
+    list.setFilter("METER");
+    EXPECT_THAT(shown(), ElementsAre("Kilometer", "meter")) << "the texts are those of now";
+    EXPECT_EQ(list.recordCount(), 3U);
+}
+
+TEST_F(ReportControlTest, FilterKeepsSelectionAndFocusWhereTheirRowsAreShown) {
+    for (const char* name : {"aa", "ab", "b", "ac", "ad"})
+        add(1, name);
+    list.populate();
+    list.userSelect(std::vector<std::size_t>{1, 2, 3}, 2);
+    list.setFilter("a");
+    EXPECT_THAT(shown(), ElementsAre("aa", "ab", "ac", "ad"));
+    EXPECT_THAT(list.selectedRows(), ElementsAre(1U, 2U));
+    EXPECT_EQ(list.focusedRow(), 2U) << "the row that took the hidden one's place";
+    list.removeRecord(0);
+    list.setFilter("");
+    EXPECT_THAT(shown(), ElementsAre("ab", "b", "ac", "ad"));
+    EXPECT_THAT(list.selectedRows(), ElementsAre(0U, 2U));
+    list.setFilter("zzz");
+    EXPECT_EQ(list.focusedRow(), std::nullopt);
+}
+
+TEST_F(ReportControlTest, EditsAreTakenWhereTheyMayBe) {
+    using Kind = ReportColumn::Kind;
+    list.columns = {{.caption = "Name", .editable = true, .maxLength = 3},
+                    {.caption = "On", .kind = Kind::Check, .editable = true},
+                    {.caption = "Unit", .kind = Kind::Choice, .editable = true, .choices = {{1, "Pair"}}},
+                    {.caption = "Fixed"}};
+    for (const char* name : {"c", "b", "a"})
+        list.addRecord(1, std::array<std::string_view, 4>{name, "0", "", "f"});
+    std::vector<std::string> edited;
+    list.onCellEdited = [&](std::size_t record, std::size_t column) {
+        edited.push_back(std::to_string(record) + "." + std::to_string(column));
+    };
+    list.cellEditable = [](std::size_t record, std::size_t column) {
+        if (record == 1 && column == 0) throw std::runtime_error("asked while drawing");
+        return record != 2 || column != 2;
+    };
+    list.sortBy(ReportControl::SortOrder{0});
+    const auto version = list.rowsVersion();
+    list.userEdit(2, 0, "äöüß");
+    EXPECT_EQ(list.rowText(2, 0), "äöü") << "characters, not bytes; the row stays";
+    list.userEdit(2, 0, "äöü");   // as it is
+    list.userEdit(1, 0, "x");     // the screen cannot tell whether it may be
+    list.userEdit(0, 2, "Pair");  // the screen refuses
+    list.userEdit(2, 2, "Pair");
+    list.userEdit(2, 2, "Dozen");  // no choice
+    list.userEdit(2, 3, "x");
+    list.userEdit(2, 1, "x");
+    list.userEdit(9, 0, "x");
+    list.userCheck(2, 1, true);
+    list.userCheck(2, 1, true);
+    list.userCheck(2, 0, true);
+    EXPECT_THAT(edited, ElementsAre("0.0", "0.2", "0.1"));
+    EXPECT_TRUE(list.checked(0, 1));
+    EXPECT_EQ(list.rowsVersion(), version) << "no rows are made for an edit";
+    EXPECT_THAT(shown(), ElementsAre("a", "b", "äöü"));
+
+    // From cell to cell, past those that may not be edited.
+    using Cell = ReportControl::Cell;
+    EXPECT_EQ(list.nextEditable({0, 1}, false), (Cell{1, 1}));
+    EXPECT_EQ(list.nextEditable({1, 1}, true), (Cell{0, 1}));
+    EXPECT_EQ(list.nextEditable({0, 0}, true), std::nullopt);
+    EXPECT_EQ(list.nextEditable({2, 2}, false), std::nullopt);
+    list.setEnabled(false);
+    list.userCheck(2, 1, false);
+    EXPECT_TRUE(list.checked(0, 1));
+}
+
+TEST_F(ReportControlTest, ColumnLayoutGoesByCaptionsAndOutlivesOtherColumns) {
+    list.columns = {{.caption = "Name; first, last", .width = 100},
+                    {.caption = "Days", .width = 50},
+                    {.caption = "Kind", .width = 60, .resizable = false}};
+    list.userColumnOrder({2, 0, 1});
+    list.userColumnOrder({0, 0, 1});  // no order
+    list.userColumnOrder({0, 1});
+    list.userColumnWidth(1, 77);
+    list.userColumnWidth(2, 99);  // fixed
+    list.sortBy(ReportControl::SortOrder{1, true});
+    const std::string layout = list.columnLayout();
+
+    list.columns[1].width = 1;
+    list.userColumnOrder({0, 1, 2});
+    list.sortBy(std::nullopt);
+    list.setColumnLayout(layout);
+    EXPECT_EQ(list.columnLayout(), layout);
+    EXPECT_THAT(list.columnOrder(), ElementsAre(2U, 0U, 1U));
+    EXPECT_EQ(list.columns[1].width, 77);
+    EXPECT_EQ(list.sortOrder(), (ReportControl::SortOrder{1, true}));
+
+    for (const char* bad :
+         {"", "x", ";;,,\\", "Gone,5,+;Days", "Days,-5;Days,99999999999999", "Kind,1", "\xFF,1"}) {
+        list.setColumnLayout(bad);
+        EXPECT_EQ(list.columns[1].width, 77) << bad;
+        EXPECT_EQ(list.columns[2].width, 60) << bad;
+        EXPECT_EQ(list.columnOrder().size(), 3U) << bad;
+    }
+    list.setColumnLayout("Days,90;Gone,5");
+    EXPECT_THAT(list.columnOrder().front(), 1U) << "a column the text does not name stands behind";
+    EXPECT_EQ(list.columns[1].width, 90);
+}
+
+TEST_F(ReportControlTest, StylesGoWithTheirRecordsAndTheContextMenuWithItsRow) {
+    for (const char* name : {"a", "b", "c"})
+        add(1, name);
+    list.setStyle(1, {.bold = true, .color = 0x0000FF});
+    list.populate();
+    list.removeRecord(0);
+    list.populate();
+    EXPECT_TRUE(list.style(0).bold);
+    EXPECT_FALSE(list.style(1).bold);
+    EXPECT_THROW(list.setStyle(2, {}), std::out_of_range);
+
+    std::vector<std::size_t> asked;
+    list.onContextMenu = [&](std::size_t row) { asked.push_back(row * 10 + list.selectedRows().size()); };
+    list.userContextMenu(1);
+    EXPECT_THAT(list.selectedRows(), ElementsAre(1U));
+    list.userSelectAll();
+    list.userContextMenu(0);
+    list.userContextMenu(2);
+    EXPECT_THAT(asked, ElementsAre(11, 2, 20));
+}
+
 TEST_F(ReportControlTest, WhatIsNotThereIsRefused) {
     add(5, "a");
     list.populate();
@@ -126,7 +319,7 @@ TEST_F(ReportControlTest, AgreesWithAPlainListThroughAnyHistory) {
         std::vector<Plain> plain;
         for (int step = 0; step < 40; ++step) {
             const auto pick = plain.empty() ? 0 : random() % plain.size();
-            switch (plain.empty() ? 0 : random() % 4) {
+            switch (plain.empty() ? 0 : random() % 5) {
                 case 0:
                 case 1:
                     plain.push_back({step + 1, "n" + std::to_string(random() % 1000)});
@@ -138,6 +331,10 @@ TEST_F(ReportControlTest, AgreesWithAPlainListThroughAnyHistory) {
                     list.replaceRecord(*list.findRecord(plain[pick].id), cells);
                     break;
                 }
+                case 3:
+                    plain[pick].name = std::string(random() % 60'000, 'y') + std::to_string(step);
+                    list.setCell(*list.findRecord(plain[pick].id), 0, plain[pick].name);
+                    break;
                 default:
                     list.removeRecord(*list.findRecord(plain[pick].id));
                     plain.erase(plain.begin() + static_cast<std::ptrdiff_t>(pick));
@@ -152,6 +349,21 @@ TEST_F(ReportControlTest, AgreesWithAPlainListThroughAnyHistory) {
             ASSERT_EQ(list.id(list.row(i).record), plain[i].id);
         }
     }
+}
+
+TEST(ReportRecords, CellsThatGrowAgainAndAgainLeaveTheOthersAndTakeNoMoreRoom) {
+    ReportRecords records(1);
+    for (const std::string_view text : {"first", "grows", "last"})
+        records.add(1, std::array{text});
+    for (std::size_t size = 100'000; size < 100'100; ++size) {
+        records.setCell(1, 0, std::string(size, 'x'));
+        ASSERT_EQ(records.cell(0, 0), "first");
+        ASSERT_EQ(records.cell(1, 0).size(), size);
+        ASSERT_EQ(records.cell(2, 0), "last");
+    }
+    EXPECT_LT(records.textBytes(), 3'000'000U);
+    records.setCell(1, 0, records.cell(2, 0));
+    EXPECT_EQ(records.cell(1, 0), "last");
 }
 
 TEST(ControlAutomation, AComboBoxIsFilledByTheHostAndOutlivesItsScreenSafely) {

@@ -1,0 +1,190 @@
+#include <cstdlib>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <wx/gauge.h>
+#include <wx/propgrid/propgrid.h>
+#include <wx/splitter.h>
+#include <wx/textctrl.h>
+#include <wx/utils.h>
+
+#include "tests/desktop/EveryControl.h"
+#include "tests/desktop/Picture.h"
+#include "tests/desktop/Robot.h"
+
+namespace tsln::desktop::test {
+namespace {
+
+using testing::StartsWith;
+
+class EveryControlTest : public testing::Test {
+  protected:
+    WxDesktop desktop{nullptr, ""};
+    EveryControl screen{desktop};
+    Robot user{screen};
+
+    void untilNoted(const std::string& what, std::size_t times = 1) {
+        user.until("noted: " + what, [=, this] { return screen.count(what) >= times; });
+    }
+    void untilFocused(Control& control) {
+        user.until("focus on " + control.name(), [&] { return user.focused() == &control; });
+    }
+    /// Waits until a dialog is open over the screen, or no more.
+    void untilCovered(bool covered = true) {
+        user.until(covered ? "a dialog is open" : "the dialog is closed",
+                   [this, covered] { return user.dialog()->IsActive() != covered; });
+        if (covered) user.pause();
+    }
+    template <class Window>
+    Window& windowOf(Control& control) {
+        return dynamic_cast<Window&>(*user.windowOf(control));
+    }
+    wxSplitterWindow& sash() { return windowOf<wxSplitterWindow>(screen.spl); }
+};
+
+TEST_F(EveryControlTest, TakesTextDatesColorsAndChoicesByKeyboardAlone) {
+    untilFocused(screen.txtName);
+    user.key(WXK_TAB).pause().then([&] { savePicture(*user.dialog(), "controls"); });
+    user.key(WXK_TAB, wxMOD_SHIFT).type("quay").key(WXK_RETURN);
+    untilNoted("enter in name");
+    user.key(WXK_TAB).type("pw").until("masked text", [&] { return screen.txtPassword.text() == "pw"; });
+
+    // What is inserted takes the place of the selection, and typing goes on behind it.
+    user.key(WXK_TAB);
+    untilFocused(screen.txtNotes);
+    user.key(WXK_HOME, wxMOD_CONTROL).key(WXK_RIGHT, wxMOD_SHIFT).key(WXK_RIGHT, wxMOD_SHIFT);
+    user.key('I', wxMOD_ALT);
+    user.until("inserted", [&] { return screen.txtNotes.text() == "[Date]e line\r\nand another"; });
+    untilFocused(screen.txtNotes);
+    user.type("x").until("typed", [&] { return screen.txtNotes.text() == "[Date]xe line\r\nand another"; });
+    user.key(WXK_END, wxMOD_CONTROL).key(WXK_LEFT, wxMOD_SHIFT).key(WXK_LEFT, wxMOD_SHIFT);
+    user.key('I', wxMOD_ALT);
+    user.until("inserted below",
+               [&] { return screen.txtNotes.text() == "[Date]xe line\r\nand anoth[Date]"; });
+    untilFocused(screen.txtNotes);
+
+    user.key(WXK_TAB, wxMOD_CONTROL);
+    untilFocused(screen.cboTerms);
+    user.key('D', wxMOD_ALT);
+    untilFocused(screen.datDue);
+    user.key(WXK_F4);
+    untilCovered();
+    user.then([] { savePicture(*Robot::find<wxDialog>(), "calendar"); });
+    user.key(WXK_RIGHT).key(WXK_RETURN);
+    untilNoted("due 3/5/2024");
+    untilFocused(screen.datDue);
+    user.key(WXK_DOWN, wxMOD_ALT);
+    untilCovered();
+    user.key(WXK_PAGEDOWN).key(WXK_ESCAPE);
+    untilCovered(false);
+    user.then([&] { EXPECT_EQ(screen.datDue.text(), "3/5/2024"); }).key(WXK_F4);
+    untilCovered();
+    user.key('N', wxMOD_ALT);
+    untilNoted("due None");
+    untilFocused(screen.datDue);
+    user.type("x");
+    untilNoted("due x");  // what the calendar has put in is selected
+
+    user.key(WXK_TAB);
+    untilFocused(screen.colFabric);
+    for (const int opens : {int(WXK_SPACE), int(WXK_RETURN)}) {
+        user.key(opens);
+        untilCovered();
+        user.key(WXK_ESCAPE);
+        untilCovered(false);
+        untilFocused(screen.colFabric);
+    }
+    user.key(WXK_TAB).key(WXK_SPACE).until("cleared", [&] { return !screen.chkActive.checked(); });
+
+    user.key(WXK_TAB);
+    untilFocused(screen.optAmount);  // the chosen one, not the first
+    user.key(WXK_DOWN);
+    untilNoted("optNone");
+    untilFocused(screen.optNone);
+    user.key(WXK_DOWN);
+    untilNoted("optPercent");
+    user.then([&] { screen.optKind.clear(); }).key('M', wxMOD_ALT);
+    untilNoted("optAmount");
+    user.key(WXK_TAB, wxMOD_SHIFT);
+    untilFocused(screen.chkActive);
+    user.key(WXK_ESCAPE).show();
+    EXPECT_EQ(screen.count("color"), 0U);
+    EXPECT_EQ(screen.count("ok"), 0U);
+    EXPECT_EQ(screen.optKind.selected(), &screen.optAmount);
+}
+
+TEST_F(EveryControlTest, MovesThroughPanesPagesAndLinksByKeyboardAlone) {
+    screen.rpt.setFocus();
+    untilFocused(screen.rpt);
+    user.key(WXK_F6);
+    untilFocused(screen.grd);
+    user.then([&] {
+        screen.grd.addRow(screen.grd.addCategory("Later"), "Row", "added");
+        EXPECT_EQ(windowOf<wxPropertyGrid>(screen.grd).GetPropertyValueAsString("9"), "added");
+    });
+    user.key(WXK_F6);
+    untilFocused(screen.rpt);
+    user.key(WXK_F6, wxMOD_SHIFT);
+    untilFocused(screen.grd);
+    user.then([&] { screen.spl.setPosition(0.9); });
+    user.until("sash moved as far as the lower pane allows", [&] {
+        const int length = sash().GetClientSize().y;
+        return sash().GetSashPosition() > length / 2 &&
+               length - sash().GetSashPosition() >= user.windowOf(screen.grd)->GetMinSize().y;
+    });
+    user.then([&] { EXPECT_EQ(screen.count("sash"), 0U) << "the screen's own position was sent back"; });
+    user.key(WXK_TAB);
+    untilFocused(screen.lblLinks);
+    user.key(WXK_RETURN);
+    untilNoted("Approve");
+    user.key(WXK_TAB).key(WXK_RETURN);
+    untilNoted("Discard");
+    user.key(WXK_TAB);
+    untilFocused(screen.cmdInsert);  // the progress bar and the label have no stop
+
+    user.key(WXK_PAGEDOWN, wxMOD_CONTROL).until("past the hidden page", [&] {
+        return screen.tab.selected() == 2;
+    });
+    user.then([&] { screen.tab.setPageVisible(1, true); });
+    user.key(WXK_PAGEUP, wxMOD_CONTROL).until("the page has come", [&] {
+        return screen.tab.selected() == 1;
+    });
+    user.until("its field shows", [&] { return user.windowOf(screen.txtHidden)->IsShownOnScreen(); });
+    user.then([&] {
+        screen.tab.setPageVisible(1, false);
+        EXPECT_EQ(screen.tab.selected(), 2);
+    });
+    user.until("the next page shows", [&] { return user.windowOf(screen.lst)->IsShownOnScreen(); });
+    user.key(WXK_ESCAPE).show();
+}
+
+TEST_F(EveryControlTest, ShowsTheProgressOfItsWorkAndTicksInBetween) {
+    std::vector<int> shown;
+    screen.duringWork = [&] {
+        shown.push_back(windowOf<wxGauge>(screen.prg).GetValue());
+        EXPECT_EQ(user.windowOf(screen.lblState)->GetLabel().utf8_string(),
+                  "Step " + std::to_string(shown.size()));
+        wxMilliSleep(30);  // more than an interval of the timer
+    };
+    screen.cmdWork.onClick = [this, work = screen.cmdWork.onClick] {
+        screen.note("work begins");
+        work();
+        screen.note("work ends");
+    };
+    untilFocused(screen.txtName);
+    user.then([&] { screen.tim.start(); });
+    untilNoted("tick", 2);
+    user.key('K', wxMOD_ALT);
+    untilNoted("work ends");
+    user.then([&] {
+        const auto& notes = screen.notes;
+        EXPECT_EQ(std::ranges::find(notes, "work begins") + 1, std::ranges::find(notes, "work ends"))
+            << "a tick ran within the work";
+        screen.tim.stop();
+    });
+    user.key(WXK_ESCAPE).show();
+    EXPECT_THAT(shown, testing::ElementsAre(1, 2, 3, 4));
+}
+
+}  // namespace
+}  // namespace tsln::desktop::test
