@@ -3,7 +3,7 @@
 
 #include "automation/DateText.h"
 #include "tests/desktop/EveryControl.h"
-#include "tests/support/QuietDesktop.h"
+#include "doubles/QuietDesktop.h"
 
 namespace tsln {
 namespace {

@@ -143,6 +143,11 @@ Script termsTour(Company& company, std::string folder) {
     co_await settled();
     album.take("selected", "three rows selected");
     press(WXK_DELETE);
+    co_await untilActive("Tessaline");
+    co_await settled();
+    album.take("delete", "the Del key asks before it deletes");
+    expect(count(company, "ID > 0") == defaults + 1, "nothing is deleted before the answer");
+    press(WXK_RETURN);
     co_await until("three terms are deleted", [&] { return count(company, "ID > 0") == defaults - 2; });
     co_await settled();
     album.take("deleted", "Delete: the three rows are gone");
@@ -163,7 +168,7 @@ Script termsTour(Company& company, std::string folder) {
 
     press('a', wxMOD_CONTROL);
     co_await settled();
-    press(WXK_DELETE);
+    press('d', wxMOD_ALT);
     co_await until("all terms are deleted", [&] { return count(company, "ID > 0") == 0; });
     co_await chooseMore(MoreCommand::Import);
     co_await untilActive("Open");

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "entities/VendorEditor.h"
+#include "module/Module.h"
 #include "doubles/HexPattern.h"
 #include "tests/workbench/host/HostStage.h"
 #include "workbench/host/RecordLists.h"
@@ -112,7 +113,7 @@ TEST(VendorOnCompany, TwoEditorsOfOneVendorTellEachChangeTruthfully) {
     CompanySession session(first.folder.file("test.company"), "priya", ui);
     test::ScriptedDesktop desktop;
     const auto second = std::make_shared<Library>(desktop);
-    entities::plugIn(*second);
+    plugInModule(*second);
     second->Initialize(session.sharedCode());
 
     edit(first.desktop, *first.library, 3, [&](VendorEditor& editor) {
