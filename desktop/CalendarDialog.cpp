@@ -32,7 +32,9 @@ std::optional<Date> toDate(const wxDateTime& day) {
 class CalendarDialog : public wxDialog {
   public:
     CalendarDialog(wxWindow& owner, std::optional<Date> preset)
-        : wxDialog(&owner, wxID_ANY, "Choose a date"), calendar_(new wxCalendarCtrl(this, wxID_ANY)) {
+        : wxDialog(&owner, wxID_ANY, "Choose a date"),
+          calendar_(
+              new wxCalendarCtrl(this, wxID_ANY, wxDefaultDateTime, wxDefaultPosition, wxDefaultSize, 0)) {
         calendar_->SetDate(toCalendarDay(preset));
         auto* buttons = new wxBoxSizer(wxHORIZONTAL);
         none_ = new wxButton(this, wxID_CLEAR, "&None");

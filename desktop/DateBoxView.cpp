@@ -45,7 +45,7 @@ class DateBoxView : public ControlView {
         setWindow(panel_);
         text_->SetMinSize(text_->GetSizeFromTextSize(text_->GetCharWidth() * widthInCharacters));
         // From the keyboard the calendar opens by the keys of drop-down lists, without a stop on the way.
-        drop_->SetCanFocus(false);
+        leaveOutOfTabOrder(*drop_);
         drop_->SetMinSize({text_->GetBestSize().y, text_->GetBestSize().y});
         setAccessibleName(*drop_, "Calendar");
         auto* row = new wxBoxSizer(wxHORIZONTAL);

@@ -17,6 +17,12 @@
 
 namespace tsln::desktop {
 
+void leaveOutOfTabOrder(wxWindow& window) {
+    // Each platform knows but one of them.
+    window.SetCanFocus(false);
+    window.DisableFocusFromKeyboard();
+}
+
 #ifdef __WXGTK__
 
 void setAccessibleName(wxWindow& window, const wxString& name) {

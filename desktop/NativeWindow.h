@@ -14,6 +14,9 @@ void setAccessibleName(wxWindow& window, const wxString& name);
 /// that some of the platform's controls are made of.
 bool hasKeyboard(const wxWindow& window);
 
+/// Tab passes the window over.
+void leaveOutOfTabOrder(wxWindow& window);
+
 /// Keeps the text of a box of several lines off its border.
 void setTextMargin(wxTextCtrl& text, int pixels);
 

@@ -6,6 +6,7 @@
 #include <wx/window.h>
 
 #include "desktop/ControlView.h"
+#include "desktop/NativeWindow.h"
 #include "screens/Picture.h"
 
 namespace tsln::desktop {
@@ -20,7 +21,7 @@ class PictureView : public ControlView {
         : ControlView(dialog, picture), window_(new wxWindow(parent, wxID_ANY)) {
         setWindow(window_);
         window_->SetMinSize(window_->FromDIP(wxSize(side, side)));
-        window_->SetCanFocus(false);
+        leaveOutOfTabOrder(*window_);
         window_->Bind(wxEVT_PAINT, [this](wxPaintEvent&) { paintLock(); });
     }
 

@@ -25,7 +25,8 @@ void savePicture(const wxWindow& window, const std::string& name) {
     EXPECT_TRUE(gdk_pixbuf_save(picture, (path + "-linux.png").c_str(), "png", nullptr, nullptr));
     g_object_unref(picture);
 #else
-    const wxRect place = window.GetScreenRect();
+    const wxRect place(window.ClientToScreen({0, 0}),
+                       window.GetClientSize());  // the frame is not the system's
     wxScreenDC screen;
     wxBitmap picture(place.GetSize());
     wxMemoryDC memory(picture);
