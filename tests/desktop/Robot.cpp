@@ -34,7 +34,13 @@ Robot& Robot::key(int code, int modifiers) {
 
 Robot& Robot::type(const std::string& text) {
     for (const char letter : text) {
-        then([letter] { wxUIActionSimulator().Text(wxString(letter)); });
+        // The simulator lets events be processed while it types: the next letter would overtake this one.
+        until("the letter before is typed", [this] { return !typing_; });
+        then([this, letter] {
+            typing_ = true;
+            wxUIActionSimulator().Text(wxString(letter));
+            typing_ = false;
+        });
     }
     return *this;
 }

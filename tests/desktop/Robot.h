@@ -70,6 +70,7 @@ class Robot : private wxTimer {
     Screen& screen_;
     std::deque<Step> steps_;
     Clock::time_point since_{};
+    bool typing_ = false;
     bool failed_ = false;
 };
 
