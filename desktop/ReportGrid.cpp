@@ -248,8 +248,7 @@ void ReportGrid::acceptEdit() {
 
 void ReportGrid::showReport() {
     showColumns();
-    const auto& sorted = report_.sortOrder();
-    showSortArrow(*this, sorted ? columnWindow(sorted->column) : nullptr, !sorted || !sorted->descending);
+    showSortOrder();
     if (filled_ && report_.rowsVersion() == shownVersion_) {
         if (refillPending()) return;
         showSelection();
@@ -273,12 +272,18 @@ void ReportGrid::refill() {
     const wxDataViewColumn* const column = GetCurrentColumn();
     groups_.count();
     model_->Reset(static_cast<unsigned>(report_.rowCount()));
+    showSortOrder();  // which the toolkit takes for the order of the rows before
     shownVersion_ = report_.rowsVersion();
     filled_ = true;
     if (const auto focused = report_.focusedRow())
         selectOnly(*this, itemOf(*focused), static_cast<unsigned>(*focused), column);
     quiet_ = false;
     showSelection();
+}
+
+void ReportGrid::showSortOrder() {
+    const auto& order = report_.sortOrder();
+    showSortArrow(*this, order ? columnWindow(order->column) : nullptr, !order || !order->descending);
 }
 
 void ReportGrid::showSelection() {

@@ -50,6 +50,7 @@ class ReportGrid : public wxDataViewCtrl, public ReportWindow {
     void showColumns();
     void appendColumn(std::size_t column);
     void refill();
+    void showSortOrder();
     void showSelection();
     bool edit(const std::optional<ReportControl::Cell>& cell);
     bool editByList(const std::optional<ReportControl::Cell>& cell);

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <wx/listctrl.h>
 
+#include "desktop/ReportGrid.h"
 #include "desktop/ReportList.h"
 #include "tests/desktop/Robot.h"
 #include "tests/desktop/Samples.h"
@@ -159,9 +160,10 @@ TEST_P(EitherReportView, DoubleClickOpensAndHeaderSorts) {
         user.pause();
         user.clickAt(screen.rptItems, [] { return wxPoint(230, 12); }).until("sorted", [&, descending] {
             if (screen.rptItems.sortOrder() != ReportControl::SortOrder{1, descending}) return false;
-            const auto* shown = dynamic_cast<const ReportList*>(&window(user, screen));
-            return !shown ||
-                   (shown->GetSortIndicator() == 1 && shown->IsAscendingSortIndicator() == !descending);
+            if (const auto* shown = dynamic_cast<const ReportList*>(&window(user, screen)))
+                return shown->GetSortIndicator() == 1 && shown->IsAscendingSortIndicator() == !descending;
+            const auto* price = dynamic_cast<ReportGrid&>(window(user, screen)).GetColumn(1);
+            return price->IsSortKey() && price->IsSortOrderAscending() == !descending;
         });
     }
     user.then([&] {
