@@ -20,8 +20,7 @@ namespace tsln {
 inline constexpr std::string_view standardExplanation = "{standard explanation}";
 /// The same in words, for the screens that give it so.
 inline constexpr std::string_view saveAgainExplanation =
-    "This typically happens if the database is in use by another user or program. Try saving again. If the "
-    "problem persists, close the program, restart and try again.";
+    "This typically happens if the database is in use by another user or program. Try saving again. If the problem persists, close the program, restart and try again.";
 
 /// A postal address: two lines, city, state, zip and country, in the order of its columns.
 using Address = std::array<std::string, 6>;

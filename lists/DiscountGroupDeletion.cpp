@@ -33,8 +33,7 @@ struct Step {
     std::string_view statement, failure;
 };
 constexpr std::string_view customersNotMoved =
-    "Unable to update the customers to reference a new discount group [{0}] while deleting a discount group. "
-    "More information to follow.";
+    "Unable to update the customers to reference a new discount group [{0}] while deleting a discount group. More information to follow.";
 constexpr Step steps[] = {
     {"UPDATE Customers SET DiscountGroupID = {0} WHERE DiscountGroupID = {1}", customersNotMoved},
     {"UPDATE Customers SET CustomerDiscountGroupID = {0} WHERE CustomerDiscountGroupID = {1}",
@@ -83,8 +82,7 @@ bool askAndDelete(Library& library, std::int32_t ID, std::string& name, bool& fa
     name = host.common().GetDiscountGroupName(ID);
     const std::string question =
         "Deleting the discount group '" + name +
-        "' will delete all discounts for that group and set the discount group for associated customers to "
-        "another discount group that you must select. Are you sure you want to delete this discount group?";
+        "' will delete all discounts for that group and set the discount group for associated customers to another discount group that you must select. Are you sure you want to delete this discount group?";
     if (library.desktop().messageBox(nullptr, question, MessageButtons::YesNo, MessageIcon::Question) !=
         MessageAnswer::Yes) {
         return false;

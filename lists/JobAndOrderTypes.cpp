@@ -18,8 +18,7 @@ const ListDescription jobTypesList{
     .deletionChecks =
         {{countReferences("Jobs", "JobTypeID"),
           "The job type <Bold>{0}</Bold> cannot be deleted because it's being used by {1} jobs.",
-          "In order to delete this job type you must first remove it from the jobs that are referencing "
-          "it."}},
+          "In order to delete this job type you must first remove it from the jobs that are referencing it."}},
     .deleteFailure = "There was a problem deleting one or more job type(s).",
     .dialog = {
         .newCaption = "New Job Type",

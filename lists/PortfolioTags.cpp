@@ -19,9 +19,8 @@ const ListDescription portfolioTagsList{
 };
 
 std::string PortfolioTagsScreen::loadStatement() const {
-    return "SELECT PortfolioTags.ID, PortfolioTags.Tag, Portfolio.FileName FROM PortfolioTags INNER JOIN "
-           "Portfolio ON PortfolioTags.PortfolioID = Portfolio.ID ORDER BY PortfolioTags.Tag, "
-           "Portfolio.FileName";
+    return "SELECT PortfolioTags.ID, PortfolioTags.Tag, Portfolio.FileName FROM PortfolioTags "
+           "INNER JOIN Portfolio ON PortfolioTags.PortfolioID = Portfolio.ID ORDER BY PortfolioTags.Tag, Portfolio.FileName";
 }
 
 void PortfolioTagsScreen::cmdEdit_Click() {

@@ -1,8 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "entities/VendorEditor.h"
 #include "doubles/Stage.h"
+#include "entities/VendorEditor.h"
 
 namespace tsln::test {
 namespace {
@@ -21,15 +21,14 @@ constexpr auto snapshotSeven = "SELECT * FROM [Vendors] WHERE ID = 7";
 std::string rowSeven(const std::string& further = "") {
     return "<Records><Record><ID>7</ID><VendorName>O'Dell</VendorName><WebSite>www.odell.example</WebSite>"
            "<Phone1Label>Hut</Phone1Label><Phone1>1</Phone1><Phone2Label>Work</Phone2Label><Phone2>2</Phone2>"
-           "<Phone3Label>Fax</Phone3Label><Phone3>3</Phone3><Email1Label>Home</Email1Label><Email1>a@b</"
-           "Email1>"
+           "<Phone3Label>Fax</Phone3Label><Phone3>3</Phone3><Email1Label>Home</Email1Label><Email1>a@b</Email1>"
            "<Email2Label>Work</Email2Label><Email2>c@d</Email2><BillToAddress1>1 Mill St</BillToAddress1>"
            "<BillToCity>Reno</BillToCity><BillToZip>89501</BillToZip><ShipToAddress1>Dock 2</ShipToAddress1>"
            "<ShipToCountry>USA</ShipToCountry><AccountNumber>LW</AccountNumber><Contact>Ivo</Contact>"
            "<TermsID>5</TermsID><SplitPOByProduct>1</SplitPOByProduct><OOP_Process>0</OOP_Process>"
-           "<OOP_VendorID>E7</OOP_VendorID><UniqueID>{U-7}</UniqueID><Notes> n&#13;&#10;m </Notes>"
-           "<Active>1</Active><ValidateAddresses>0</ValidateAddresses><Margin>0.4</Margin>"
-           "<MarginAD>-0.125</MarginAD><Exported>1</Exported>" +
+           "<OOP_VendorID>E7</OOP_VendorID><UniqueID>{U-7}</UniqueID><Notes> n&#13;&#10;m </Notes><Active>1</Active>"
+           "<ValidateAddresses>0</ValidateAddresses><Margin>0.4</Margin><MarginAD>-0.125</MarginAD>"
+           "<Exported>1</Exported>" +
            further + "</Record></Records>";
 }
 
@@ -72,27 +71,23 @@ ComboBox& combo(Screen& editor, std::string_view name) {
 
 // The statements as the database expects them, written out as a whole so that a change to a template shows.
 constexpr auto insertedWhole =
-    "INSERT INTO Vendors (VendorName, WebSite, Phone1Label, Phone1, Phone2Label, Phone2, Phone3Label, "
-    "Phone3, "
+    "INSERT INTO Vendors (VendorName, WebSite, Phone1Label, Phone1, Phone2Label, Phone2, Phone3Label, Phone3, "
     "Email1Label, Email1, Email2Label, Email2, BillToAddress1, BillToAddress2, BillToCity, BillToState, "
     "BillToZip, BillToCountry, ShipToAddress1, ShipToAddress2, ShipToCity, ShipToState, ShipToZip, "
     "ShipToCountry, AccountNumber, Contact, TermsID, SplitPOByProduct, OOP_Process, OOP_VendorID, UniqueID, "
     "Notes, Active, ValidateAddresses, Margin, MarginAD, Exported) VALUES ('O''Dell', 'w.x', 'Home', '555', "
     "'Cell', '', 'Mobile', '', 'Home', 'a@b', 'Work', '', 'b1', 'b2', 'b3', 'b4', 'b5', 'b6', 's1', 's2', "
-    "'s3', "
-    "'s4', 's5', 's6', 'A''1', 'Ivo', 3, 1, 0, 'E9', '{0123ABCD}', ' it''s\r\n', 1, 0, 0.125, 0, 1)";
+    "'s3', 's4', 's5', 's6', 'A''1', 'Ivo', 3, 1, 0, 'E9', '{0123ABCD}', ' it''s\r\n', 1, 0, 0.125, 0, 1)";
 constexpr auto updatedWhole =
-    "UPDATE Vendors SET VendorName = 'O''Dell', WebSite = 'www.odell.example', Phone1Label = 'Hut', Phone1 = "
-    "'1', Phone2Label = 'Work', Phone2 = '2', Phone3Label = 'Fax', Phone3 = '3', Email1Label = 'Home', "
-    "Email1 = "
-    "'a@b', Email2Label = 'Work', Email2 = 'c@d', Active = 1, BillToAddress1 = '1 Mill St\r\nReno\r\n89501', "
-    "BillToAddress2 = '', BillToCity = '', BillToState = '', BillToZip = '', BillToCountry = '', "
-    "ShipToAddress1 = 'Dock 2\r\nUSA', ShipToAddress2 = '', ShipToCity = '', ShipToState = '', ShipToZip = "
-    "'', "
-    "ShipToCountry = '', AccountNumber = 'LW', Contact = 'Ivo', TermsID = 5, SplitPOByProduct = 1, "
-    "OOP_Process "
-    "= 0, OOP_VendorID = 'E7', UniqueID = '{U-7}', Notes = ' n\r\nm ', ValidateAddresses = 0, Margin = 0.4, "
-    "MarginAD = -0.125, Exported = 1 WHERE ID = 7";
+    "UPDATE Vendors SET VendorName = 'O''Dell', WebSite = 'www.odell.example', Phone1Label = 'Hut', "
+    "Phone1 = '1', Phone2Label = 'Work', Phone2 = '2', Phone3Label = 'Fax', Phone3 = '3', "
+    "Email1Label = 'Home', Email1 = 'a@b', Email2Label = 'Work', Email2 = 'c@d', Active = 1, "
+    "BillToAddress1 = '1 Mill St\r\nReno\r\n89501', BillToAddress2 = '', BillToCity = '', BillToState = '', "
+    "BillToZip = '', BillToCountry = '', ShipToAddress1 = 'Dock 2\r\nUSA', ShipToAddress2 = '', "
+    "ShipToCity = '', ShipToState = '', ShipToZip = '', ShipToCountry = '', AccountNumber = 'LW', "
+    "Contact = 'Ivo', TermsID = 5, SplitPOByProduct = 1, OOP_Process = 0, OOP_VendorID = 'E7', "
+    "UniqueID = '{U-7}', Notes = ' n\r\nm ', ValidateAddresses = 0, Margin = 0.4, MarginAD = -0.125, "
+    "Exported = 1 WHERE ID = 7";
 
 TEST(VendorEditor, ANewVendorTakesTheDefaultsAndIsInserted) {
     VendorStage stage;
@@ -152,21 +147,21 @@ TEST(VendorEditor, AVendorIsLoadedAndUpdatedWithItsChangeTold) {
         stage.host->rows(snapshotSeven, after);
         return Variant(true);
     });
-    EXPECT_EQ(stage.edit(7,
-                         [](VendorEditor& editor) {
-                             EXPECT_EQ(editor.caption(), "Edit Vendor");
-                             EXPECT_EQ(combo(editor, "cboPhone1Label").text(), "Hut")
-                                 << "though not in the list";
-                             EXPECT_EQ(editor.textBox("txtBillToAddress").text(), "1 Mill St\r\nReno\r\n89501");
-                             EXPECT_EQ(editor.comboBox("cboTerms").text(), "Net 30");
-                             EXPECT_EQ(editor.textBox("txtMargin").text(), "40");
-                             EXPECT_EQ(editor.textBox("txtMarginAD").text(), "-12.5");
-                             EXPECT_FALSE(editor.textBox("txtUniqueID").enabled());
-                             EXPECT_TRUE(editor.textBox("txtName").enabled());
-                             EXPECT_FALSE(editor.lblLocked.visible());
-                             editor.cmdOK.userPress();
-                         }),
-              7);
+    EXPECT_EQ(
+        stage.edit(7,
+                   [](VendorEditor& editor) {
+                       EXPECT_EQ(editor.caption(), "Edit Vendor");
+                       EXPECT_EQ(combo(editor, "cboPhone1Label").text(), "Hut") << "though not in the list";
+                       EXPECT_EQ(editor.textBox("txtBillToAddress").text(), "1 Mill St\r\nReno\r\n89501");
+                       EXPECT_EQ(editor.comboBox("cboTerms").text(), "Net 30");
+                       EXPECT_EQ(editor.textBox("txtMargin").text(), "40");
+                       EXPECT_EQ(editor.textBox("txtMarginAD").text(), "-12.5");
+                       EXPECT_FALSE(editor.textBox("txtUniqueID").enabled());
+                       EXPECT_TRUE(editor.textBox("txtName").enabled());
+                       EXPECT_FALSE(editor.lblLocked.visible());
+                       editor.cmdOK.userPress();
+                   }),
+        7);
     EXPECT_THAT(stage.updated(), ElementsAre(updatedWhole));
     EXPECT_THAT(stage.host->callsOf("Activity.RecordVendorActivity"),
                 ElementsAre("7, Vendor updated:\r\nPhone2: 2 to 22\r\nContact: Ivo to Edda"));
@@ -245,7 +240,8 @@ TEST(VendorEditor, MarginsAreStoredAsFractions) {
         const std::string margins = std::string("0, ") + c.stored + ", 0)";
         EXPECT_THAT(stage.inserted(), ElementsAre(testing::EndsWith(margins))) << c.typed;
         EXPECT_THAT(stage.host->callsOf("tslnnum5.Checker.CheckDecimal"),
-                    Contains("object, -100000, 10000, 0").Times(1)) << "only when the box is left";
+                    Contains("object, -100000, 10000, 0").Times(1))
+            << "only when the box is left";
     }
     // OK pressed from within the box saves what it reads as.
     VendorStage stage;
@@ -287,9 +283,7 @@ TEST(VendorEditor, RefusesABlankNameButOnlyWarnsOfADouble) {
 
 TEST(VendorEditor, AFailedSaveIsToldAndCanBeTriedAgain) {
     const std::string explanation =
-        "This typically happens if the database is in use by another user or program. Try saving again. If "
-        "the "
-        "problem persists, close the program, restart and try again.";
+        "This typically happens if the database is in use by another user or program. Try saving again. If the problem persists, close the program, restart and try again.";
     for (const std::int32_t ID : {0, 7}) {
         VendorStage stage;
         int tries = 0;
@@ -327,15 +321,15 @@ TEST(VendorEditor, ALockedVendorKeepsWhatIsNotTheCompanysOwn) {
                              for (const Control* control : editor.controls()) {
                                  if (!control->enabled()) locked += control->name() + " ";
                              }
-                             EXPECT_EQ(
-                                 locked,
-                                 "txtName txtWebSite cboPhone1Label txtPhone1 cboPhone2Label txtPhone2 "
-                                 "cboPhone3Label txtPhone3 cboEmail1Label txtEmail1 cboEmail2Label "
-                                 "txtEmail2 txtBillToAddress txtShipToAddress chkSplitPOs "
-                                 "chkElectronic txtOOPID txtUniqueID ");
+                             EXPECT_EQ(locked,
+                                       "txtName txtWebSite cboPhone1Label txtPhone1 cboPhone2Label txtPhone2 "
+                                       "cboPhone3Label txtPhone3 cboEmail1Label txtEmail1 cboEmail2Label "
+                                       "txtEmail2 txtBillToAddress txtShipToAddress chkSplitPOs "
+                                       "chkElectronic txtOOPID txtUniqueID ");
                              EXPECT_TRUE(editor.imgLocked.visible() && editor.lblLocked.visible());
                              editor.lblCopyBilling.userFollow("Hyperlink_BillingToShipping");
-                             EXPECT_EQ(editor.textBox("txtShipToAddress").text(), "1 Mill St\r\nReno\r\n89501");
+                             EXPECT_EQ(editor.textBox("txtShipToAddress").text(),
+                                       "1 Mill St\r\nReno\r\n89501");
                              editor.comboBox("cboTerms").userChoose(0);
                              editor.textBox("txtMargin").userType("5");
                              editor.checkBox("chkActive").userCheck(false);
@@ -377,7 +371,8 @@ TEST(VendorEditor, AddressesAreReadByTheHost) {
 TEST(VendorEditor, EnterBelongsToTheBoxOfSeveralLinesThatHasTheFocus) {
     VendorStage stage;
     stage.edit(0, [](VendorEditor& editor) {
-        for (TextBox* box : {&editor.textBox("txtBillToAddress"), &editor.textBox("txtShipToAddress"), &editor.textBox("txtNotes")}) {
+        for (TextBox* box : {&editor.textBox("txtBillToAddress"), &editor.textBox("txtShipToAddress"),
+                             &editor.textBox("txtNotes")}) {
             EXPECT_TRUE(box->multiLine);
             box->userEntered();
             EXPECT_EQ(editor.cmdOK.role(), Button::Role::Plain) << box->name();
@@ -441,8 +436,10 @@ TEST(VendorEditor, TheRowIsCapturedBeforeTheStatementIsBuilt) {
         editor.cmdOK.userPress();
     });
     const auto& calls = stage.host->calls;
-    const auto captured = std::ranges::find_if(calls, [](const auto& c) { return c.find("[Vendors]") != c.npos; });
-    const auto built = std::ranges::find_if(calls, [](const auto& c) { return c.starts_with("FixForSQLInsert"); });
+    const auto captured =
+        std::ranges::find_if(calls, [](const auto& c) { return c.find("[Vendors]") != c.npos; });
+    const auto built =
+        std::ranges::find_if(calls, [](const auto& c) { return c.starts_with("FixForSQLInsert"); });
     EXPECT_LT(captured, built);
 }
 

@@ -66,18 +66,14 @@ TEST(DiscountGroupDeletion, WhichGroupsMayGo) {
         {"Standard", "1", 2, nullptr},  // only its own type's name is reserved
         {"Designers", "0", 2, nullptr},
         {"Designers", "0", 1,
-         " cannot be deleted because it's the last price discount group., You must have at least one price "
-         "discount group setup in your company."},
+         " cannot be deleted because it's the last price discount group., You must have at least one price discount group setup in your company."},
         {"Early", "1", 1,
-         " cannot be deleted because it's the last cost discount group., You must have at least one customer "
-         "cost group setup in your company."},
+         " cannot be deleted because it's the last cost discount group., You must have at least one customer cost group setup in your company."},
         {"Volume", "2", 1,
-         " cannot be deleted because it's the last customer discount group., You must have at least one "
-         "customer discount group setup in your company."},
+         " cannot be deleted because it's the last customer discount group., You must have at least one customer discount group setup in your company."},
         {"Odd", "3", 4, ""},
         {"Odd", "many", 1,
-         " cannot be deleted because it's the last price discount group., You must have at least one price "
-         "discount group setup in your company."},
+         " cannot be deleted because it's the last price discount group., You must have at least one price discount group setup in your company."},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(std::string(c.name) + " " + c.type);
@@ -100,12 +96,11 @@ TEST(DiscountGroupDeletion, AsksAndCanBeLeftAtEveryQuestion) {
     Stage stage;
     fill(stage);
     EXPECT_FALSE(stage.library->ShowDeleteDiscountGroup(7));
-    EXPECT_THAT(stage.desktop.boxes,
-                ElementsAre(Box{"Deleting the discount group 'Designers' will delete all discounts for that "
-                                "group and set the discount group for associated customers to another "
-                                "discount group that you must select. Are you sure you want to delete this "
-                                "discount group?",
-                                MessageButtons::YesNo, MessageIcon::Question}));
+    EXPECT_THAT(
+        stage.desktop.boxes,
+        ElementsAre(Box{
+            "Deleting the discount group 'Designers' will delete all discounts for that group and set the discount group for associated customers to another discount group that you must select. Are you sure you want to delete this discount group?",
+            MessageButtons::YesNo, MessageIcon::Question}));
     for (const bool byCloseBox : {true, false}) {
         stage.desktop.answers = {MessageAnswer::Yes};
         stage.desktop.user<ReplacementDiscountGroup>("frmGetReplacementDiscountGroup",
@@ -132,12 +127,10 @@ TEST(DiscountGroupDeletion, AsksAndCanBeLeftAtEveryQuestion) {
 
 TEST(DiscountGroupDeletion, StopsAtTheFirstFailureAndRecordsIt) {
     const std::string customers =
-        "Unable to update the customers to reference a new discount group [9] while deleting a discount "
-        "group. More information to follow.";
+        "Unable to update the customers to reference a new discount group [9] while deleting a discount group. More information to follow.";
     const std::string failures[] = {
         customers, customers,
-        "Unable to delete the discounts from discount group [7]. More "
-        "information to follow.",
+        "Unable to delete the discounts from discount group [7]. More information to follow.",
         "Unable to delete the discount group [7]. More information to follow."};
     const Box notDeleted{"The discount group 'Designers' could not be deleted.", MessageButtons::Ok,
                          MessageIcon::Exclamation};
@@ -200,10 +193,10 @@ TEST(DiscountGroups, TheListDeletesByTheLibraryAndNotesWhatExportLeavesOut) {
         list.cmdDelete.userPress();
     });
     stage.library->ShowDiscountGroups();
-    EXPECT_THAT(stage.host->callsOf("ShowMessageStyle1WithMemory"),
-                ElementsAre("Exporting Discount Groups, Exporting discount groups will only export the names "
-                            "and types of the groups. It does not export the actual discounts. Exporting of "
-                            "discounts must be done from the Discounts screen."));
+    EXPECT_THAT(
+        stage.host->callsOf("ShowMessageStyle1WithMemory"),
+        ElementsAre(
+            "Exporting Discount Groups, Exporting discount groups will only export the names and types of the groups. It does not export the actual discounts. Exporting of discounts must be done from the Discounts screen."));
     EXPECT_EQ(changes(stage), allSteps);
     EXPECT_EQ(stage.host->callsOf("Database.ExecuteRead").back(),
               "SELECT * FROM DiscountGroups ORDER BY DiscountGroup");
@@ -228,9 +221,10 @@ TEST(DiscountGroups, RequiredGroupsCannotBeChanged) {
         dialog.cmdOK.userPress();
     });
     EXPECT_EQ(stage.library->ShowEditDiscountGroups(7), 7);
-    EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"),
-                ElementsAre("UPDATE DiscountGroups SET DiscountGroup = 'Designers & more', "
-                            "DiscountGroupType = 2 WHERE ID = 7"));
+    EXPECT_THAT(
+        stage.host->callsOf("Database.ExecuteNonQuery"),
+        ElementsAre(
+            "UPDATE DiscountGroups SET DiscountGroup = 'Designers & more', DiscountGroupType = 2 WHERE ID = 7"));
     EXPECT_THAT(stage.host->callsOf("tslnfe5.Engine.PreTerminate"), ElementsAre(""));
 
     // An editor that is missing, or gives nothing back, changes nothing.

@@ -41,15 +41,15 @@ TEST(CustomerTypes, TheLastOneStays) {
     stage.library->ShowCustomerTypes();
     EXPECT_THAT(
         stage.host->callsOf("ShowMessageStyle1"),
-        ElementsAre("The customer type Retail cannot be deleted because it's the last customer type., "
-                    "You must have at least one Customer Type setup in your company."));
+        ElementsAre(
+            "The customer type Retail cannot be deleted because it's the last customer type., You must have at least one Customer Type setup in your company."));
 }
 
 TEST(ShippingMethods, ATaskTypeIsRequired) {
     Stage stage;
-    stage.host->rows("SELECT * FROM ShippingMethods WHERE ID = 7",
-                     records("<Record><ID>7</ID><ShippingMethod>Van</ShippingMethod><TaskType>0</TaskType>"
-                             "</Record>"));
+    stage.host->rows(
+        "SELECT * FROM ShippingMethods WHERE ID = 7",
+        records("<Record><ID>7</ID><ShippingMethod>Van</ShippingMethod><TaskType>0</TaskType></Record>"));
     for (const std::int32_t ID : {0, 7}) {
         stage.desktop.user<RecordDialog>("frmShippingMethods_Edit", [](RecordDialog& dialog) {
             enter(dialog, "txtShippingMethod", "Truck");
@@ -68,7 +68,7 @@ TEST(MeasurementRooms, TheDialogAnswersWithItsRowAfterCancelToo) {
     Stage stage;
     for (const std::int32_t ID : {0, 7}) {
         stage.desktop.user<RecordDialog>("frmMeasurementRooms_Edit",
-                                       [](RecordDialog& dialog) { dialog.cmdCancel.userPress(); });
+                                         [](RecordDialog& dialog) { dialog.cmdCancel.userPress(); });
         EXPECT_EQ(stage.library->ShowEditMeasurementRoom(ID), ID);
     }
     // The manufacturers' dialog, which was asked, is as fresh as ever.
@@ -162,13 +162,14 @@ TEST(Locations, TheDialogSavesEveryField) {
         dialog.cmdOK.userPress();
     });
     EXPECT_FALSE(stage.library->ShowEditLocation(7));
-    EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"),
-                ElementsAre("UPDATE Locations SET LocationName = 'O''Falls', Email = 'e', WebSite = 'w', "
-                            "Phone1Label = 'Old', Phone1 = '1', Phone2Label = '', Phone2 = '', Phone3Label = "
-                            "'', Phone3 = '', Phone4Label = '', Phone4 = '4', ShipToAddress1 = '1 ROW', "
-                            "ShipToAddress2 = '', ShipToCity = 'OSLO', ShipToState = '', ShipToZip = '', "
-                            "ShipToCountry = 'NO', StoreNumber = '01', MarketNumber = 'M1' , MarketName = "
-                            "'Mid' , Region = 'North'  WHERE ID = 7"));
+    EXPECT_THAT(
+        stage.host->callsOf("Database.ExecuteNonQuery"),
+        ElementsAre(
+            "UPDATE Locations SET LocationName = 'O''Falls', Email = 'e', WebSite = 'w', Phone1Label = 'Old', "
+            "Phone1 = '1', Phone2Label = '', Phone2 = '', Phone3Label = '', Phone3 = '', Phone4Label = '', "
+            "Phone4 = '4', ShipToAddress1 = '1 ROW', ShipToAddress2 = '', ShipToCity = 'OSLO', ShipToState = '', "
+            "ShipToZip = '', ShipToCountry = 'NO', StoreNumber = '01', MarketNumber = 'M1' , MarketName = 'Mid' , "
+            "Region = 'North'  WHERE ID = 7"));
     EXPECT_THAT(stage.desktop.boxes, ElementsAre(Box{"You must enter a name for this location.",
                                                      MessageButtons::Ok, MessageIcon::Exclamation}));
 
@@ -190,22 +191,21 @@ TEST(Locations, TheDialogSavesEveryField) {
     EXPECT_THAT(
         stage.host->callsOf("Database.ExecuteNonQueryWithID"),
         ElementsAre(
-            "INSERT INTO Locations (LocationName,Email,WebSite,Phone1Label,Phone1,Phone2Label,Phone2,"
-            "Phone3Label,Phone3,Phone4Label,Phone4,ShipToAddress1,ShipToAddress2,ShipToCity,ShipToState,"
-            "ShipToZip,ShipToCountry,ValidateAddresses,StoreNumber,MarketName,MarketName,Region) "
+            "INSERT INTO Locations (LocationName,Email,WebSite,Phone1Label,Phone1,Phone2Label,Phone2,Phone3Label,"
+            "Phone3,Phone4Label,Phone4,ShipToAddress1,ShipToAddress2,ShipToCity,ShipToState,ShipToZip,ShipToCountry,"
+            "ValidateAddresses,StoreNumber,MarketName,MarketName,Region) "
             "VALUES('New','','','','','Main','22','','','','','A','B','C','D','E','F',1,'','9','','')"));
-    EXPECT_THAT(stage.host->callsOf("ShowAndLogErrorMessage"),
-                ElementsAre("There was a problem saving this location., This typically happens if the "
-                            "database is in use by another user or program. Try saving again. If the problem "
-                            "persists, close the program, restart and try again., the database's own words"));
+    EXPECT_THAT(
+        stage.host->callsOf("ShowAndLogErrorMessage"),
+        ElementsAre(
+            "There was a problem saving this location., This typically happens if the database is in use by another user or program. Try saving again. If the problem persists, close the program, restart and try again., the database's own words"));
 }
 
 TEST(Locations, TheAddressIsCopiedFromTheCompanyAndSavedAsTheHostParsesIt) {
     Stage stage;
     speakAddresses(stage);
     stage.host->rows(
-        "SELECT TOP 1 BillToAddress1, BillToAddress2, BillToCity, BillToState, BillToZip, BillToCountry FROM "
-        "Company",
+        "SELECT TOP 1 BillToAddress1, BillToAddress2, BillToCity, BillToState, BillToZip, BillToCountry FROM Company",
         records("<Record><BillToAddress1>8 Mill</BillToAddress1><BillToZip>53000</BillToZip></Record>"));
     stage.desktop.user<LocationDialog>("frmLocations_Edit", [&](LocationDialog& dialog) {
         dialog.cmdCopyAddress.userPress();
@@ -215,7 +215,8 @@ TEST(Locations, TheAddressIsCopiedFromTheCompanyAndSavedAsTheHostParsesIt) {
         dialog.cmdOK.userPress();
     });
     stage.library->ShowEditLocation(0);
-    EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQueryWithID"), ElementsAre(testing::HasSubstr("VALUES('New',")));
+    EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQueryWithID"),
+                ElementsAre(testing::HasSubstr("VALUES('New',")));
     EXPECT_FALSE(stage.told());
 }
 
@@ -245,10 +246,10 @@ TEST(Locations, TheListLooksItselfWhatWasSaved) {
     stage.library->ShowLocations();
     const std::string row = "SELECT * FROM Locations WHERE ID = 7";
     EXPECT_THAT(stage.host->callsOf("Database.ExecuteRead"), ElementsAre(load, load, row, row));
-    EXPECT_THAT(stage.host->callsOf("ShowMessageStyle1"),
-                ElementsAre("The location <Bold>Falls</Bold> cannot be deleted because it's being referenced "
-                            "by 2 quotes/sales/orders., In order to delete this location you must first "
-                            "remove it from the quotes/sales/orders that are referencing it."));
+    EXPECT_THAT(
+        stage.host->callsOf("ShowMessageStyle1"),
+        ElementsAre(
+            "The location <Bold>Falls</Bold> cannot be deleted because it's being referenced by 2 quotes/sales/orders., In order to delete this location you must first remove it from the quotes/sales/orders that are referencing it."));
     EXPECT_THAT(stage.host->callsOf("Security.CanDo"), testing::Contains("112, 8"));
 }
 
@@ -322,9 +323,10 @@ TEST(ProductTags, AreAddedAndDeleted) {
                 ElementsAre(typed, chosen, typed, chosen, "DELETE FROM ProductTags WHERE ID = 7"));
     EXPECT_THAT(stage.desktop.boxes, testing::Contains(Box{"You must enter a valid tag name.",
                                                            MessageButtons::Ok, MessageIcon::Exclamation}));
-    EXPECT_THAT(stage.host->callsOf("ShowAndLogErrorMessage"),
-                ElementsAre("There was a problem saving this product tag., {standard explanation}, the "
-                            "database's own words"));
+    EXPECT_THAT(
+        stage.host->callsOf("ShowAndLogErrorMessage"),
+        ElementsAre(
+            "There was a problem saving this product tag., {standard explanation}, the database's own words"));
     EXPECT_THAT(stage.host->callsOf("tslniee5.Engine.AddToExport"),
                 ElementsAre("PhoneLabels, SELECT * FROM vwExporting_PhoneLabels"));
     EXPECT_THAT(stage.host->callsOf("Security.CanDo"), IsEmpty());
@@ -334,9 +336,8 @@ TEST(ProductTags, AreAddedAndDeleted) {
 TEST(PortfolioTags, AreRenamedEverywhereAtOnce) {
     Stage stage;
     const std::string load =
-        "SELECT PortfolioTags.ID, PortfolioTags.Tag, Portfolio.FileName FROM PortfolioTags INNER JOIN "
-        "Portfolio ON PortfolioTags.PortfolioID = Portfolio.ID ORDER BY PortfolioTags.Tag, "
-        "Portfolio.FileName";
+        "SELECT PortfolioTags.ID, PortfolioTags.Tag, Portfolio.FileName FROM PortfolioTags "
+        "INNER JOIN Portfolio ON PortfolioTags.PortfolioID = Portfolio.ID ORDER BY PortfolioTags.Tag, Portfolio.FileName";
     stage.host->rows(load, records("<Record><ID>3</ID><Tag>kid's</Tag><FileName>a.jpg</FileName></Record>"));
     const auto rename = [](PortfolioTagDialog& dialog, const char* to) {
         dialog.txtTag.userType(to);
@@ -359,9 +360,10 @@ TEST(PortfolioTags, AreRenamedEverywhereAtOnce) {
     open(stage, Operation::ShowPortfolioTags);
     EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"),
                 ElementsAre("UPDATE PortfolioTags SET Tag = 'kids''' WHERE Tag = 'kid''s'"));
-    EXPECT_THAT(stage.host->callsOf("ShowAndLogErrorMessage"),
-                ElementsAre("There was a problem renaming the tags., {standard explanation}, the database's "
-                            "own words"));
+    EXPECT_THAT(
+        stage.host->callsOf("ShowAndLogErrorMessage"),
+        ElementsAre(
+            "There was a problem renaming the tags., {standard explanation}, the database's own words"));
     EXPECT_THAT(stage.host->callsOf("Database.ExecuteRead"), ElementsAre(load));
 
     stage.host->on("Database.ExecuteNonQuery", Variant(true));

@@ -1,9 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "maintenance/RecordDialog.h"
 #include "lists/SalesTaxGroupCodes.h"
 #include "lists/SalesTaxGroups.h"
+#include "maintenance/RecordDialog.h"
 #include "tests/lists/Acts.h"
 
 namespace tsln::test {
@@ -16,18 +16,13 @@ using testing::IsEmpty;
 
 std::string detailsOf(int group) {
     return "SELECT SalesTaxCodes.Code, SalesTaxCodes.Rate, SalesTaxCodes.Vendor FROM SalesTaxGroupCodes "
-           "INNER "
-           "JOIN SalesTaxCodes ON SalesTaxGroupCodes.SalesTaxCodeID = SalesTaxCodes.ID WHERE "
-           "(SalesTaxGroupCodes.SalesTaxGroupID = " +
+           "INNER JOIN SalesTaxCodes ON SalesTaxGroupCodes.SalesTaxCodeID = SalesTaxCodes.ID "
+           "WHERE (SalesTaxGroupCodes.SalesTaxGroupID = " +
            std::to_string(group) + ")";
 }
 
 constexpr auto welcomed =
-    "Sales sales groups are made up of one or more sales tax codes., In the Kestrane Tessaline a customer is "
-    "assigned a sales tax group. A sales tax group is made up of one or  more sales tax codes.\r\n\r\nUse "
-    "the "
-    "Manage Tax Codes button to create individual tax codes. Then use the Assign Tax Codes button to assign "
-    "those codes to the selected tax group.";
+    "Sales sales groups are made up of one or more sales tax codes., In the Kestrane Tessaline a customer is assigned a sales tax group. A sales tax group is made up of one or  more sales tax codes.\r\n\r\nUse the Manage Tax Codes button to create individual tax codes. Then use the Assign Tax Codes button to assign those codes to the selected tax group.";
 
 /// A company with the groups 7 and 8, of which 7 has the codes 1 and 2 of three.
 void fill(Stage& stage) {
@@ -98,8 +93,7 @@ TEST(SalesTaxGroups, LeadAFirstTimeUserFromCodesToAGroup) {
         stage.library->ShowSalesTaxGroups();
 
         const Box start{
-            "Since you don't have any sales tax codes defined yet the Sales Tax Codes screen will "
-            "open to allow you enter the individual tax codes first.",
+            "Since you don't have any sales tax codes defined yet the Sales Tax Codes screen will open to allow you enter the individual tax codes first.",
             MessageButtons::Ok, MessageIcon::Information};
         if (!makesACode) {
             EXPECT_THAT(stage.desktop.boxes, ElementsAre(start));
@@ -114,14 +108,14 @@ TEST(SalesTaxGroups, LeadAFirstTimeUserFromCodesToAGroup) {
                                     MessageIcon::Exclamation},
                                 Box{"You need to assign at least one sales tax code to a sales tax group.",
                                     MessageButtons::Ok, MessageIcon::Information}));
-        EXPECT_THAT(stage.host->callsOf("ShowMessageStyle1"),
-                    ElementsAre("Now that you have created at least one sales tax code you should create at "
-                                "least one sales tax group to use that code., If you only have one sales tax "
-                                "code or don't want to calculate different rates for one customer then you "
-                                "can just give the sales tax group name the same name as the tax code."));
-        EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQueryWithID"),
-                    ElementsAre("INSERT INTO SalesTaxGroups (SalesTaxGroup,Description,Exported) "
-                                "VALUES('O''Neil', 'all',0)"));
+        EXPECT_THAT(
+            stage.host->callsOf("ShowMessageStyle1"),
+            ElementsAre(
+                "Now that you have created at least one sales tax code you should create at least one sales tax group to use that code., If you only have one sales tax code or don't want to calculate different rates for one customer then you can just give the sales tax group name the same name as the tax code."));
+        EXPECT_THAT(
+            stage.host->callsOf("Database.ExecuteNonQueryWithID"),
+            ElementsAre(
+                "INSERT INTO SalesTaxGroups (SalesTaxGroup,Description,Exported) VALUES('O''Neil', 'all',0)"));
     }
 }
 
@@ -166,12 +160,12 @@ TEST(SalesTaxGroupCodes, AFailureIsToldAndCanBeTriedAgain) {
             EXPECT_FALSE(screen.shown());
         });
         stage.library->ShowSalesTaxGroupCodes(7);
-        EXPECT_THAT(stage.host->callsOf("ShowAndLogErrorMessage"),
-                    ElementsAre(std::string("Sales tax code selection could not be saved. (") +
-                                (failing == 1 ? "3738" : "3739") +
-                                "), This typically happens if the database is in use by another user or "
-                                "program. Try saving again. If the problem persists, close the program, "
-                                "restart and try again., the database's own words"));
+        EXPECT_THAT(
+            stage.host->callsOf("ShowAndLogErrorMessage"),
+            ElementsAre(
+                std::string("Sales tax code selection could not be saved. (") +
+                (failing == 1 ? "3738" : "3739") +
+                "), This typically happens if the database is in use by another user or program. Try saving again. If the problem persists, close the program, restart and try again., the database's own words"));
     }
     Stage stage;  // a group that is gone
     EXPECT_FALSE(stage.library->ShowSalesTaxGroupCodes(9));

@@ -1,10 +1,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "doubles/Stage.h"
 #include "maintenance/RecordDialog.h"
 #include "shared/modSharedSQL.h"
 #include "shared/modSharedStrings.h"
-#include "doubles/Stage.h"
 
 namespace tsln::test {
 namespace {
@@ -51,9 +51,10 @@ TEST(TermsDialog, LoadsTheRowAndSavesIt) {
     EXPECT_EQ(stage.library->ShowEditTerms(7), 7);
     EXPECT_THAT(stage.host->callsOf("Common.RecordExists"), ElementsAre("Terms, Terms, O'Brien's 3%, 7"));
     EXPECT_THAT(stage.host->callsOf("Database.ExecuteRead"), ElementsAre(readSeven));
-    EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"),
-                ElementsAre("UPDATE Terms SET Terms = 'O''Brien''s 3%', DueDays = 45, Discount = 0.03, "
-                            "DiscountDays = 15, Exported = 0 WHERE ID = 7"));
+    EXPECT_THAT(
+        stage.host->callsOf("Database.ExecuteNonQuery"),
+        ElementsAre(
+            "UPDATE Terms SET Terms = 'O''Brien''s 3%', DueDays = 45, Discount = 0.03, DiscountDays = 15, Exported = 0 WHERE ID = 7"));
 }
 
 TEST(TermsDialog, InsertsANewRowAndReturnsItsKey) {
@@ -69,9 +70,10 @@ TEST(TermsDialog, InsertsANewRowAndReturnsItsKey) {
     EXPECT_EQ(stage.library->ShowEditTerms(0), 12);
     EXPECT_THAT(stage.host->callsOf("Database.ExecuteRead"), IsEmpty());
     // The name's "<d>" is filled by the later tag: how these templates work.
-    EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQueryWithID"),
-                ElementsAre("INSERT INTO Terms (Terms,DueDays,Discount,DiscountDays,Exported) "
-                            "VALUES('Net 0 {0}', 0, 0.025, 0, 1)"));
+    EXPECT_THAT(
+        stage.host->callsOf("Database.ExecuteNonQueryWithID"),
+        ElementsAre(
+            "INSERT INTO Terms (Terms,DueDays,Discount,DiscountDays,Exported) VALUES('Net 0 {0}', 0, 0.025, 0, 1)"));
 }
 
 TEST(TermsDialog, EveryWayOut) {
@@ -156,9 +158,10 @@ TEST(TermsDialog, NumbersAreCorrectedBeforeTheyReachTheDatabase) {
                 dialog.cmdOK.userPress();
             });
             stage.library->ShowEditTerms(0);
-            EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQueryWithID"),
-                        ElementsAre("INSERT INTO Terms (Terms,DueDays,Discount,DiscountDays,Exported) VALUES('T', " +
-                                    std::string(withChecker ? c.filledByHost : c.filled) + ", 0)"))
+            EXPECT_THAT(
+                stage.host->callsOf("Database.ExecuteNonQueryWithID"),
+                ElementsAre("INSERT INTO Terms (Terms,DueDays,Discount,DiscountDays,Exported) VALUES('T', " +
+                            std::string(withChecker ? c.filledByHost : c.filled) + ", 0)"))
                 << c.dueIn;
             if (withChecker) {
                 EXPECT_THAT(seen, testing::IsSupersetOf({c.dueIn, c.days}));
@@ -202,9 +205,10 @@ TEST(TermsDialog, AFailedSaveKeepsTheInputAndCanBeTriedAgain) {
             EXPECT_FALSE(dialog.shown());
         });
         EXPECT_EQ(stage.library->ShowEditTerms(ID), ID == 0 ? 8 : 7);
-        EXPECT_THAT(stage.host->callsOf("ShowAndLogErrorMessage"),
-                    ElementsAre("There was a problem saving this term., {standard explanation}, "
-                                "the database's own words"));
+        EXPECT_THAT(
+            stage.host->callsOf("ShowAndLogErrorMessage"),
+            ElementsAre(
+                "There was a problem saving this term., {standard explanation}, the database's own words"));
     }
 }
 

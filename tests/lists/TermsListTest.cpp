@@ -4,10 +4,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "maintenance/ListScreen.h"
-#include "maintenance/RecordDialog.h"
 #include "doubles/Stage.h"
 #include "doubles/TempFolder.h"
+#include "maintenance/ListScreen.h"
+#include "maintenance/RecordDialog.h"
 
 namespace tsln::test {
 namespace {
@@ -106,9 +106,9 @@ TEST(TermsList, OffersTheDefaultsOnceWhileTheListIsEmpty) {
         }
         EXPECT_EQ(stage.host->callsOf("Database.ExecuteRead").size(), c.installed ? 2U : 1U);
         if (c.installed) {
-            EXPECT_THAT(stage.desktop.commandLines, ElementsAre("\"" + folder +
-                                                                "tsln5pkg.exe\" /Keys:TSLN50_Terms "
-                                                                "/PSD:\"/psd/company.psd\""));
+            EXPECT_THAT(
+                stage.desktop.commandLines,
+                ElementsAre("\"" + folder + "tsln5pkg.exe\" /Keys:TSLN50_Terms /PSD:\"/psd/company.psd\""));
         } else {
             EXPECT_THAT(stage.desktop.commandLines, IsEmpty());
         }
@@ -221,9 +221,10 @@ TEST(TermsList, DeletesTheSelectionAtOnceAndStopsAtTheFirstFailure) {
     EXPECT_THAT(stage.desktop.boxes, IsEmpty()) << "no confirmation is asked";
     EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"),
                 ElementsAre("DELETE FROM Terms WHERE ID = 1", "DELETE FROM Terms WHERE ID = 2"));
-    EXPECT_THAT(stage.host->callsOf("ShowAndLogErrorMessage"),
-                ElementsAre("There was a problem deleting one or more term., {standard explanation}, "
-                            "the database's own words"));
+    EXPECT_THAT(
+        stage.host->callsOf("ShowAndLogErrorMessage"),
+        ElementsAre(
+            "There was a problem deleting one or more term., {standard explanation}, the database's own words"));
 }
 
 TEST(ListScreen, ReferencedRowsAreRefusedWithTheirCountAndTheLoopGoesOn) {

@@ -17,8 +17,7 @@ TEST(ListRows, AreShownAsTheirColumnsSayWhicheverWayTheyAreRead) {
                                   {"Rate", 50, "Rate", ListColumn::Show::Number},
                                   {"Number", 50, "ID"}};
     const std::string text =
-        "<Records><Record><ID>7</ID><Name>A &amp; "
-        "B</Name><Active>yes</Active><Kind>2</Kind><Rate>0.50</Rate></Record>"
+        "<Records><Record><ID>7</ID><Name>A &amp; B</Name><Active>yes</Active><Kind>2</Kind><Rate>0.50</Rate></Record>"
         "<Record><Name>no more</Name></Record>"
         "<Record><ID>x</ID><Name/><Active>0</Active><Kind>9</Kind></Record></Records>";
     for (const Way way : {Way::OnePass, Way::Nodes}) {

@@ -21,7 +21,9 @@ const RecordDescription sample{
     .editCaption = "Edit Sample",
     .fields = fields::join(
         fields::choice("cboKind", "&Kind:", "Kind", "<k>", kinds).required("You must select a kind."),
-        fields::trimmed("txtCode", "&Code:", "Code", "<c>").required("You must enter a code.").unique("Taken."),
+        fields::trimmed("txtCode", "&Code:", "Code", "<c>")
+            .required("You must enter a code.")
+            .unique("Taken."),
         fields::lines("txtNotes", "&Notes", "Notes", "<n>"),
         fields::keyOrNull("cboTerms", "&Terms:", "TermsID", "<t>", &Common::LoadTerms)
             .byDefault({"DefaultTerms", "Samples", "-1"})
@@ -42,8 +44,9 @@ class SampleDialog : public RecordDialog {
 
   protected:
     Layout content() override {
-        return layout::tabs(tabs, {formOf({"cboKind", "txtNotes", "cboTerms", "chkActive", "txtRate", "txtShipTo"}),
-                                   formOf({"txtCode"})});
+        return layout::tabs(tabs,
+                            {formOf({"cboKind", "txtNotes", "cboTerms", "chkActive", "txtRate", "txtShipTo"}),
+                             formOf({"txtCode"})});
     }
 };
 
@@ -68,7 +71,8 @@ struct SampleStage : Stage {
     }
     std::shared_ptr<SampleDialog> edit(std::int32_t ID, const std::function<void(SampleDialog&)>& act) {
         desktop.user<SampleDialog>("frmSample", act);
-        return openRecord(*library, "frmSample", [this] { return std::make_shared<SampleDialog>(*library); }, ID);
+        return openRecord(
+            *library, "frmSample", [this] { return std::make_shared<SampleDialog>(*library); }, ID);
     }
 };
 
@@ -83,10 +87,12 @@ TEST(RecordDialog, ARowIsShownFromARecordsetAndWrittenInTheOrderOfItsFields) {
         dialog.cmdOK.userPress();
     });
     EXPECT_EQ(closed->result(), 7);
-    EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"),
-                ElementsAre("UPDATE Samples SET Kind = 9, Code = 'C', Notes = '', TermsID = 5, Active = 1, Rate = "
-                            "0.125, ShipToAddress1 = '', ShipToAddress2 = '', ShipToCity = 'Reno', ShipToState = '', "
-                            "ShipToZip = '', ShipToCountry = '', ValidateAddresses = 1 WHERE ID = 7"));
+    EXPECT_THAT(
+        stage.host->callsOf("Database.ExecuteNonQuery"),
+        ElementsAre(
+            "UPDATE Samples SET Kind = 9, Code = 'C', Notes = '', TermsID = 5, Active = 1, Rate = 0.125, "
+            "ShipToAddress1 = '', ShipToAddress2 = '', ShipToCity = 'Reno', ShipToState = '', ShipToZip = '', "
+            "ShipToCountry = '', ValidateAddresses = 1 WHERE ID = 7"));
 }
 
 TEST(RecordDialog, ANewRecordIsValidatedFieldByFieldOnThePageWhereTheFieldStands) {
@@ -116,10 +122,12 @@ TEST(RecordDialog, ANewRecordIsValidatedFieldByFieldOnThePageWhereTheFieldStands
                 ElementsAre(Box{"You must select a kind.", MessageButtons::Ok, MessageIcon::Exclamation},
                             Box{"You must enter a code.", MessageButtons::Ok, MessageIcon::Exclamation},
                             Box{"Taken.", MessageButtons::Ok, MessageIcon::Exclamation}));
-    EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQueryWithID"),
-                ElementsAre("INSERT INTO Samples (Kind,Code,Notes,TermsID,Rate,ShipToAddress1,ShipToAddress2,ShipToCity,"
-                            "ShipToState,ShipToZip,ShipToCountry,ValidateAddresses,Active) VALUES(4, 'O''Neil', '', "
-                            "NULL, 0, '', '', '', '', '', '', 1, 0)"));
+    EXPECT_THAT(
+        stage.host->callsOf("Database.ExecuteNonQueryWithID"),
+        ElementsAre(
+            "INSERT INTO Samples (Kind,Code,Notes,TermsID,Rate,ShipToAddress1,ShipToAddress2,ShipToCity,ShipToState,"
+            "ShipToZip,ShipToCountry,ValidateAddresses,Active) "
+            "VALUES(4, 'O''Neil', '', NULL, 0, '', '', '', '', '', '', 1, 0)"));
 }
 
 TEST(RecordDialog, WhileItSavesNothingElseCanBePressed) {
@@ -167,8 +175,9 @@ TEST(RecordDialog, NoFaultOfTheHostLosesInputOrWritesAnythingElse) {
                     EXPECT_TRUE(stage.told());
                     EXPECT_EQ(dialog.textBox("txtCode").text(), "Typed");
                 });
-                openRecord(*stage.library, "frmSample",
-                           [&] { return std::make_shared<SampleDialog>(*stage.library); }, ID);
+                openRecord(
+                    *stage.library, "frmSample",
+                    [&] { return std::make_shared<SampleDialog>(*stage.library); }, ID);
             },
             [](Stage&) {});
     }

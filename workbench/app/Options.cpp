@@ -60,24 +60,23 @@ std::optional<Options> readCommandLine(int argc, const char* const* argv, int& e
                      ->expected(1, 4);
     // These two delete rows, so they keep off companies that exist.
     auto* tour =
-        line.add_option("--tour", options.tour,
-                        "Go through the terms list on a fresh company as a user at the keyboard, and save "
-                        "a picture of each step in the folder")
+        line.add_option(
+                "--tour", options.tour,
+                "Go through the terms list on a fresh company as a user at the keyboard, and save a picture of each step in the folder")
             ->type_name("FOLDER")
             ->excludes(show)
             ->excludes(company);
     auto* gallery =
-        line.add_option("--gallery", options.gallery,
-                        "Open every screen over a fresh company and save a picture of each window in the "
-                        "folder (default: tessaline-gallery among the temporary files)")
+        line.add_option(
+                "--gallery", options.gallery,
+                "Open every screen over a fresh company and save a picture of each window in the folder (default: tessaline-gallery among the temporary files)")
             ->type_name("[FOLDER]")
             ->expected(0, 1)
             ->excludes(show)
             ->excludes(tour)
             ->excludes(company);
     line.footer(
-        "Exit codes: 1 the operation, the tour or the gallery failed, 2 wrong command line, 3 the company "
-        "file cannot be used, 4 no such user, 5 no display.");
+        "Exit codes: 1 the operation, the tour or the gallery failed, 2 wrong command line, 3 the company file cannot be used, 4 no such user, 5 no display.");
     try {
         line.parse(argc, argv);
         if (!options.show.empty()) {

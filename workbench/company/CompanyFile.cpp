@@ -75,16 +75,15 @@ void checkIsCompany(SQLite::Database& database, const std::string& path) {
     }
     int version = pragma(database, "user_version");
     if (version > schema::version) {
-        throw CompanyFileError(Reason::NewerVersion,
-                               "The company file " + quoted(path) +
-                                   " was made by a newer version of this program, which is "
-                                   "needed to open it.");
+        throw CompanyFileError(
+            Reason::NewerVersion,
+            "The company file " + quoted(path) +
+                " was made by a newer version of this program, which is needed to open it.");
     }
     if (version < schema::oldestVersion) {
         throw CompanyFileError(Reason::NotACompany,
                                "The company file " + quoted(path) +
-                                   " was made by a version of this program that is no longer "
-                                   "known.");
+                                   " was made by a version of this program that is no longer known.");
     }
 }
 
@@ -94,10 +93,10 @@ void upgrade(SQLite::Database& database, const std::string& path) {
     const std::string file =
         "The company file " + quoted(path) + " was made by an older version of this program";
     if (sqlite3_db_readonly(database.getHandle(), "main") != 0) {
-        throw CompanyFileError(Reason::OlderVersion,
-                               file +
-                                   " and must be brought up to date, but it can only be read. Open it once "
-                                   "where it can be written.");
+        throw CompanyFileError(
+            Reason::OlderVersion,
+            file +
+                " and must be brought up to date, but it can only be read. Open it once where it can be written.");
     }
     try {
         schema::upgrade(database);

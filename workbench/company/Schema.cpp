@@ -58,10 +58,10 @@ std::vector<std::string> texts(SQLite::Database& database, const std::string& sq
 
 /// Every table that says when its records changed keeps that by itself.
 void addUpdateTriggers(SQLite::Database& database) {
-    for (const std::string& name :
-         texts(database,
-               "SELECT t.name FROM sqlite_schema t JOIN pragma_table_info(t.name) c "
-               "WHERE t.type = 'table' AND c.name = 'UpdatedOn'")) {
+    for (
+        const std::string& name : texts(
+            database,
+            "SELECT t.name FROM sqlite_schema t JOIN pragma_table_info(t.name) c WHERE t.type = 'table' AND c.name = 'UpdatedOn'")) {
         std::string trigger =
             "CREATE TRIGGER \"{table}_Updated\" AFTER UPDATE ON \"{table}\" "
             "WHEN NEW.UpdatedOn IS OLD.UpdatedOn BEGIN UPDATE \"{table}\" SET UpdatedOn = {now} WHERE ID = "
@@ -141,9 +141,9 @@ void upgrade(SQLite::Database& database) {
         if (before < column.since) drop(database, column);
     }
     const std::vector<std::string> there = texts(database, "SELECT name FROM sqlite_schema");
-    SQLite::Statement parts(model,
-                            "SELECT name, sql FROM sqlite_schema WHERE sql IS NOT NULL AND name NOT LIKE "
-                            "'sqlite\\_%' ESCAPE '\\' ORDER BY rowid");
+    SQLite::Statement parts(
+        model,
+        "SELECT name, sql FROM sqlite_schema WHERE sql IS NOT NULL AND name NOT LIKE 'sqlite\\_%' ESCAPE '\\' ORDER BY rowid");
     while (parts.executeStep()) {
         if (std::ranges::find(there, parts.getColumn(0).getString()) == there.end())
             database.exec(parts.getColumn(1).getString());

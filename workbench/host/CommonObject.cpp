@@ -6,9 +6,9 @@
 #include "shared/modSharedSQL.h"
 #include "shared/modSharedStrings.h"
 #include "shared/modSharedXML.h"
+#include "workbench/host/TextOf.h"
 #include "workbench/sql/Guid.h"
 #include "workbench/sql/SqlText.h"
-#include "workbench/host/TextOf.h"
 
 namespace tsln::workbench {
 namespace {
@@ -30,9 +30,7 @@ constexpr StatementMember nameMembers[] = {
     {"GetCustomerName", "SELECT CustomerName FROM Customers WHERE ID = {0}"},
     {"GetShippingMethodName", "SELECT ShippingMethod FROM ShippingMethods WHERE ID = {0}"},
     {"GetVendorCostMethodName",
-     "SELECT CASE {0} WHEN 1 THEN '% of MSRP' WHEN 2 THEN 'Cost from Product' WHEN 3 THEN 'Price from "
-     "Product' "
-     "ELSE '' END"},
+     "SELECT CASE {0} WHEN 1 THEN '% of MSRP' WHEN 2 THEN 'Cost from Product' WHEN 3 THEN 'Price from Product' ELSE '' END"},
     {"GetOrderStatusNameFromID", "SELECT StatusName FROM OrderStatusCodes WHERE ID = {0}"},
     {"GetProductNameFromID", "SELECT Product FROM Products WHERE ID = {0}"},
     {"GetProductFileFromID2", "SELECT ProductFile FROM Products WHERE ID = {0}"},
@@ -133,17 +131,19 @@ Variant CommonObject::LoadSalesReps(Arguments a) {
     const bool all = a.has(1) && a[1].toBoolean();
     return load(
         a[0].object(),
-        std::string("SELECT ID, dbo.BuildEmployeeName(FirstName, MiddleInitial, LastName) AS Entry FROM "
-                    "Employees WHERE SalesRep <> 0 ") +
+        std::string(
+            "SELECT ID, dbo.BuildEmployeeName(FirstName, MiddleInitial, LastName) AS Entry FROM Employees WHERE SalesRep <> 0 ") +
             (all ? "" : "AND Active <> 0 ") + "ORDER BY LastName, FirstName");
 }
 
 /// The last argument is a group that is left out.
 Variant CommonObject::LoadDiscountGroups(Arguments a) {
     a.require(2, 3);
-    return load(a[0].object(), format("SELECT ID, DiscountGroup AS Entry FROM DiscountGroups "
-                                      "WHERE DiscountGroupType = {0} AND ID <> {1} ORDER BY DiscountGroup",
-                                      a[1].toLong(), a.valueOr(2, 0).toLong()));
+    return load(
+        a[0].object(),
+        format(
+            "SELECT ID, DiscountGroup AS Entry FROM DiscountGroups WHERE DiscountGroupType = {0} AND ID <> {1} ORDER BY DiscountGroup",
+            a[1].toLong(), a.valueOr(2, 0).toLong()));
 }
 
 Variant CommonObject::invoke(std::string_view member, Access access, Arguments arguments) {

@@ -11,8 +11,7 @@ namespace tsln::workbench {
 // them stands for the usual one.
 
 inline constexpr std::string_view usualExplanation =
-    "This typically happens if the database is in use by another user or program. Try saving again. If the "
-    "problem persists, close the program, restart and try again.";
+    "This typically happens if the database is in use by another user or program. Try saving again. If the problem persists, close the program, restart and try again.";
 
 /// Main text and second line. Of what follows, a number says the buttons, which makes the message a question,
 /// and a text is the window's title. A question is answered with the platform's number of the button.

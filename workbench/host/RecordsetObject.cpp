@@ -50,9 +50,9 @@ class Cursor {
             throw HostError(isClosed, "Recordset", "Operation is not allowed when the object is closed.");
     }
     [[noreturn]] static void raiseNoRow() {
-        throw HostError(noCurrentRow, "Recordset",
-                        "Either BOF or EOF is True, or the current record has been deleted. Requested "
-                        "operation requires a current record.");
+        throw HostError(
+            noCurrentRow, "Recordset",
+            "Either BOF or EOF is True, or the current record has been deleted. Requested operation requires a current record.");
     }
 
     SqlResult result_;
@@ -90,10 +90,10 @@ ObjectPtr makeField(const CursorPtr& cursor, const Variant& which) {
         column = static_cast<std::size_t>(index);
     }
     if (column >= columns.size()) {
-        throw HostError(noSuchField, "Recordset",
-                        "Item cannot be found in the collection corresponding to the requested name or "
-                        "ordinal: " +
-                            which.toText() + ".");
+        throw HostError(
+            noSuchField, "Recordset",
+            "Item cannot be found in the collection corresponding to the requested name or ordinal: " +
+                which.toText() + ".");
     }
     return std::make_shared<Field>(cursor, column);
 }

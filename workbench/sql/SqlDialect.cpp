@@ -115,9 +115,9 @@ class StatementTranslator : public SqlSelect {
     void writtenColumn(std::set<std::string>& before) {
         std::string name = takeName();
         if (!before.insert(upperAscii(name)).second) {
-            fail("The column name '" + name +
-                 "' is specified more than once in the SET clause or column list of an INSERT. A column "
-                 "cannot be assigned more than one value in the same clause.");
+            fail(
+                "The column name '" + name +
+                "' is specified more than once in the SET clause or column list of an INSERT. A column cannot be assigned more than one value in the same clause.");
         }
         writeName(name);
     }

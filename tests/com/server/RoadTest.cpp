@@ -9,9 +9,9 @@
 #include "com/edge/Conversion.h"
 #include "com/edge/DispatchObject.h"
 #include "com/edge/Wide.h"
-#include "tests/com/server/Server.h"
 #include "doubles/RecordingHost.h"
 #include "doubles/TempFolder.h"
+#include "tests/com/server/Server.h"
 #include "workbench/host/CompanySession.h"
 
 namespace tsln::test {
@@ -35,8 +35,7 @@ class RoadTest : public ::testing::Test {
     void SetUp() override {
         session.company().execute("DELETE FROM Terms");
         session.company().execute(
-            "INSERT INTO Terms (Terms, DueDays, Discount, DiscountDays, Exported) "
-            "VALUES ('Net 30', 30, 0, 0, 0)");
+            "INSERT INTO Terms (Terms, DueDays, Discount, DiscountDays, Exported) VALUES ('Net 30', 30, 0, 0, 0)");
         ComPtr<IDispatch> sharedCode = com::adopt(com::newDispatch(session.sharedCode()));
         ASSERT_EQ(S_OK, library->Initialize(sharedCode.GetAddressOf()));
     }

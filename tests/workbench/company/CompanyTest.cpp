@@ -45,9 +45,9 @@ TEST_F(CompanyTest, BeginsAsARetailersCompany) {
         {"SELECT FirstName, LastName FROM Employees WHERE Username = 'ADMIN' AND CanLogin <> 0",
          "Dana|Whitfield"},
         {"SELECT MIN(Access & 60) FROM SecurityRoleAccess WHERE SecurityRoleID = 1", "60"},
-        {"SELECT DISTINCT Access FROM SecurityRoleAccess a INNER JOIN EmployeeSecurityRoles e ON "
-         "e.SecurityRoleID = "
-         "a.SecurityRoleID INNER JOIN Employees u ON u.ID = e.EmployeeID WHERE u.Username = 'viewer'",
+        {"SELECT DISTINCT Access FROM SecurityRoleAccess a "
+         "INNER JOIN EmployeeSecurityRoles e ON e.SecurityRoleID = a.SecurityRoleID "
+         "INNER JOIN Employees u ON u.ID = e.EmployeeID WHERE u.Username = 'viewer'",
          "4"},
         {"SELECT COUNT(*) FROM Orders o LEFT JOIN Customers c ON c.ID = o.CustomerID WHERE c.ID IS NULL",
          "0"},
@@ -95,8 +95,7 @@ TEST_F(CompanyTest, KeepsTextAsItIs) {
 
 TEST_F(CompanyTest, ReadsRowsAsADocument) {
     company_.execute(
-        "INSERT INTO Jobs (JobName, Notes, Created) VALUES ('a<b', 'one\r\ntwo\x01\xFF\tend', "
-        "'2011-03-04T10:20:30')");
+        "INSERT INTO Jobs (JobName, Notes, Created) VALUES ('a<b', 'one\r\ntwo\x01\xFF\tend', '2011-03-04T10:20:30')");
     EXPECT_EQ(
         company_.read("SELECT JobName, Notes, Created, CustomerID FROM Jobs WHERE JobName = 'A<B'"),
         "<Records><Record><JobName>a&lt;b</JobName><Notes>one&amp;#13;&amp;#10;two\uFFFD\uFFFD\tend</Notes>"

@@ -14,8 +14,8 @@ std::string partsOf(SQLite::Database& database) {
     std::string parts;
     for (const char* sql :
          {"SELECT type || ' ' || name FROM sqlite_schema ORDER BY 1",
-          "SELECT t.name || '.' || c.name || ' ' || c.type || ifnull(c.dflt_value, '') FROM "
-          "sqlite_schema t JOIN pragma_table_info(t.name) c WHERE t.type = 'table' ORDER BY 1"}) {
+          "SELECT t.name || '.' || c.name || ' ' || c.type || ifnull(c.dflt_value, '') FROM sqlite_schema t "
+          "JOIN pragma_table_info(t.name) c WHERE t.type = 'table' ORDER BY 1"}) {
         SQLite::Statement statement(database, sql);
         while (statement.executeStep())
             parts += statement.getColumn(0).getString() + "\n";

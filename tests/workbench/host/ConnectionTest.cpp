@@ -31,8 +31,7 @@ struct ConnectionStage : HostStage {
 TEST(Connection, RecordsetsWalkTheRows) {
     const ConnectionStage stage;
     const ObjectPtr rows = stage.open(
-        "SELECT ID, Code, Rate, Vendor, NULL AS Nothing FROM SalesTaxCodes "
-        "WHERE Rate > 0 ORDER BY Rate DESC");
+        "SELECT ID, Code, Rate, Vendor, NULL AS Nothing FROM SalesTaxCodes WHERE Rate > 0 ORDER BY Rate DESC");
     const auto value = [&](const Variant& which) { return rows->get("Fields", which).object().get("Value"); };
     EXPECT_EQ(rows->get("RecordCount"), Variant(4));
     EXPECT_EQ(rows->get("State"), Variant(1));

@@ -18,8 +18,7 @@ struct EngineStage : HostStage {
     ObjectPtr engine = session->createObject("tslniee5.Engine");
 
     EngineStage() {
-        run("INSERT INTO Terms (Terms,DueDays,Discount,DiscountDays,Exported) VALUES('Net 30', 30, 0.025, "
-            "10, 1)");
+        run("INSERT INTO Terms (Terms,DueDays,Discount,DiscountDays,Exported) VALUES('Net 30', 30, 0.025, 10, 1)");
         run("INSERT INTO Terms (Terms,DueDays) VALUES('COD', 0)");
         engine->call("Initialize", session->sharedCode());
     }
@@ -190,15 +189,15 @@ TEST(ImportExport, ReadsFilesOfOtherHands) {
     const auto file = stage.folder.write(
         "more.xml",
         "<Sections><SecurityRoles><Record><Name>Helper</Name></Record></SecurityRoles>"
-        "<SecurityRoleAccess><Record><SecurityRoleUniqueID>x</SecurityRoleUniqueID><SecurityRole>helper</"
-        "SecurityRole>"
-        "<Activity>106</Activity><Access>12</Access></Record></SecurityRoleAccess><DiscountGroups><Record>"
-        "<DiscountGroup>Standard</DiscountGroup><DiscountGroupType>1</DiscountGroupType></Record></"
-        "DiscountGroups></Sections>");
+        "<SecurityRoleAccess><Record><SecurityRoleUniqueID>x</SecurityRoleUniqueID>"
+        "<SecurityRole>helper</SecurityRole><Activity>106</Activity><Access>12</Access></Record></SecurityRoleAccess>"
+        "<DiscountGroups><Record><DiscountGroup>Standard</DiscountGroup><DiscountGroupType>1</DiscountGroupType>"
+        "</Record></DiscountGroups></Sections>");
     EXPECT_TRUE(stage.import(file, "")) << stage.lastEvent();
-    EXPECT_EQ(stage.value("SELECT Access FROM SecurityRoleAccess WHERE SecurityRoleID = "
-                          "(SELECT ID FROM SecurityRoles WHERE Name = 'Helper')"),
-              "12");
+    EXPECT_EQ(
+        stage.value(
+            "SELECT Access FROM SecurityRoleAccess WHERE SecurityRoleID = (SELECT ID FROM SecurityRoles WHERE Name = 'Helper')"),
+        "12");
     EXPECT_EQ(stage.value("SELECT COUNT(*) FROM DiscountGroups WHERE DiscountGroup = 'Standard'"), "2");
 }
 

@@ -2,14 +2,14 @@
 
 #include <gmock/gmock.h>
 
-#include "maintenance/RecordDialog.h"
-#include "maintenance/ListScreen.h"
 #include "lists/Locations.h"
 #include "lists/MoveListReferences.h"
 #include "lists/ReplacementDiscountGroup.h"
 #include "lists/SalesTaxGroupCodes.h"
 #include "lists/SalesTaxGroups.h"
 #include "lists/Tags.h"
+#include "maintenance/ListScreen.h"
+#include "maintenance/RecordDialog.h"
 #include "tests/workbench/host/HostStage.h"
 
 namespace tsln::workbench {
@@ -127,9 +127,10 @@ TEST(ListsOnCompany, ADiscountGroupGoesWithItsDiscountsAndItsCustomersMove) {
           "Discounts WHERE DiscountGroupID = ", "DiscountGroups WHERE ID = "}) {
         EXPECT_EQ(stage.value("SELECT COUNT(*) FROM " + (references + going)), "0") << references;
     }
-    EXPECT_EQ(stage.value("SELECT g.DiscountGroup FROM Customers c JOIN DiscountGroups g ON g.ID = "
-                          "c.CustomerDiscountGroupID WHERE c.ID = 3"),
-              "Standard");
+    EXPECT_EQ(
+        stage.value(
+            "SELECT g.DiscountGroup FROM Customers c JOIN DiscountGroups g ON g.ID = c.CustomerDiscountGroupID WHERE c.ID = 3"),
+        "Standard");
     ASSERT_EQ(stage.ui.shown.size(), 1U);
     EXPECT_THAT(stage.ui.shown[0].text, HasSubstr("required discount group"));
     EXPECT_EQ(stage.lastEvent(), "The discount group 'Designers' was deleted.");

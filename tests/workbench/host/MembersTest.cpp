@@ -1,8 +1,8 @@
 #include <gmock/gmock.h>
 
+#include "doubles/HexPattern.h"
 #include "screens/Controls.h"
 #include "screens/Screen.h"
-#include "doubles/HexPattern.h"
 #include "tests/workbench/host/HostStage.h"
 #include "workbench/host/ExpressionText.h"
 #include "workbench/host/MessageMembers.h"
@@ -326,8 +326,7 @@ TEST(Members, LoadersFillComboBoxes) {
         {"LoadTaxGroups", {}, "Exempt=4;Merriden County=1;Oxbow County=2;State only=3;"},
         {"LoadPurchaseAccounts",
          {},
-         "Contract Installers=10;Freight In=11;Purchases - Blinds and Shades=7;Purchases - Draperies=8;"
-         "Purchases - Shutters=9;"},
+         "Contract Installers=10;Freight In=11;Purchases - Blinds and Shades=7;Purchases - Draperies=8;Purchases - Shutters=9;"},
         {"LoadSalesReps", {false}, "Priya K Lindqvist=3;Owen T Marchbanks=4;Dana Whitfield=1;"},
         {"LoadSalesReps", {true}, "Priya K Lindqvist=3;Owen T Marchbanks=4;Hester L Pym=8;Dana Whitfield=1;"},
         {"LoadInstallers", {}, "Bram Okonjo=7;Teodor J Vask=6;"},

@@ -15,21 +15,19 @@ const std::string& filledCompany() {
     static const TestFolder folder;
     static const std::string path = [] {
         Company company(folder.file("filled.company"));
-        for (const char* sql : {
-                 "INSERT INTO Terms (Terms,DueDays,Discount,DiscountDays,Exported) VALUES('Net 90', 90, "
-                 "0.025, 10, 1)",
-                 "INSERT INTO Terms (Terms) VALUES('COD')",
-                 "INSERT INTO MeasurementRooms (Room) VALUES('Sun room'), ('Kitchen')",
-                 "INSERT INTO MeasurementItems (ItemName) VALUES('Window'), ('Door')",
-                 "INSERT INTO MeasurementMounts (Mount) VALUES('Inside'), ('Outside')",
-                 "INSERT INTO FieldMeasureCriteria (Criteria) VALUES('Width over 96')",
-                 "INSERT INTO RequireDepositCriteria (Criteria, DepositPercent) VALUES('total OVER 500', "
-                 "33.3)",
-                 "INSERT INTO EmailTemplates (TemplateType,TemplateName,GroupName,Subject) VALUES(4, 'Quote "
-                 "enclosed', 'Orders', 'Another'), (1, '', '', 'Without a name')",
-                 "INSERT INTO Discounts (DiscountGroupID,DiscountLevel,ProductID,Multiplier) VALUES(1, 1, 1, "
-                 "0.5)",
-             }) {
+        for (
+            const char* sql : {
+                "INSERT INTO Terms (Terms,DueDays,Discount,DiscountDays,Exported) VALUES('Net 90', 90, 0.025, 10, 1)",
+                "INSERT INTO Terms (Terms) VALUES('COD')",
+                "INSERT INTO MeasurementRooms (Room) VALUES('Sun room'), ('Kitchen')",
+                "INSERT INTO MeasurementItems (ItemName) VALUES('Window'), ('Door')",
+                "INSERT INTO MeasurementMounts (Mount) VALUES('Inside'), ('Outside')",
+                "INSERT INTO FieldMeasureCriteria (Criteria) VALUES('Width over 96')",
+                "INSERT INTO RequireDepositCriteria (Criteria, DepositPercent) VALUES('total OVER 500', 33.3)",
+                "INSERT INTO EmailTemplates (TemplateType,TemplateName,GroupName,Subject) "
+                "VALUES(4, 'Quote enclosed', 'Orders', 'Another'), (1, '', '', 'Without a name')",
+                "INSERT INTO Discounts (DiscountGroupID,DiscountLevel,ProductID,Multiplier) VALUES(1, 1, 1, 0.5)",
+            }) {
             company.execute(sql);
         }
         return company.path();

@@ -2,13 +2,13 @@
 
 #include <gmock/gmock.h>
 
-#include "maintenance/RecordDialog.h"
 #include "maintenance/ListCommands.h"
 #include "maintenance/ListScreen.h"
+#include "maintenance/RecordDialog.h"
 #include "shared/modSharedStrings.h"
 #include "tests/workbench/host/HostStage.h"
-#include "workbench/sql/SqlText.h"
 #include "workbench/host/MessageMembers.h"
+#include "workbench/sql/SqlText.h"
 
 namespace tsln::workbench {
 namespace {
@@ -76,9 +76,9 @@ TEST(TermsOnCompany, AreAddedEditedRefusedAndDeleted) {
     });
     stage.desktop.answers = {MessageAnswer::No};  // to the offer of the defaults
     stage.library->ShowTerms();
-    EXPECT_EQ(stage.session->company().read("SELECT ID, Terms, DueDays, Discount FROM Terms"),
-              "<Records><Record><ID>2</ID><Terms>Cash on "
-              "delivery</Terms><DueDays>1</DueDays><Discount>0</Discount></Record></Records>");
+    EXPECT_EQ(
+        stage.session->company().read("SELECT ID, Terms, DueDays, Discount FROM Terms"),
+        "<Records><Record><ID>2</ID><Terms>Cash on delivery</Terms><DueDays>1</DueDays><Discount>0</Discount></Record></Records>");
     EXPECT_EQ(stage.value("SELECT COUNT(*) FROM EventLog"), "0");
     EXPECT_THAT(stage.ui.shown, IsEmpty());
 }

@@ -1,8 +1,8 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <gmock/gmock.h>
 
-#include "entities/VendorEditor.h"
 #include "doubles/HexPattern.h"
+#include "entities/VendorEditor.h"
 #include "tests/workbench/host/HostStage.h"
 #include "workbench/host/RecordLists.h"
 
@@ -52,9 +52,7 @@ TEST(VendorOnCompany, IsAddedReadBackAndItsChangesAreInTheHistory) {
     const std::string where = " FROM Vendors WHERE ID = " + std::to_string(ID);
     const std::pair<const char*, const char*> stored[] = {
         {"VendorName", "O'Brien & Daughters"},
-        {"BillToAddress1 + ';' + BillToAddress2 + ';' + BillToCity + ';' + BillToState + ';' + BillToZip + "
-         "';' + "
-         "BillToCountry",
+        {"BillToAddress1 + ';' + BillToAddress2 + ';' + BillToCity + ';' + BillToState + ';' + BillToZip + ';' + BillToCountry",
          "9 Quay Rd;Suite 4;toronto;on;m5v 2t6;Canada"},
         {"ShipToZip", "m5v 2t6"},
         {"Phone3Label", "Mobile"},
@@ -124,10 +122,11 @@ TEST(VendorOnCompany, TwoEditorsOfOneVendorTellEachChangeTruthfully) {
         editor.cmdOK.userPress();
     });
     // The one saved last takes the other's change back without knowing, and says so.
-    EXPECT_THAT(history(first, 3),
-                ElementsAre("Vendor updated:\r\nPhone1: 1-800 to (555) 010-0203\r\nContact: Lucasta Bell to "
-                            "Changed first, saved last",
-                            "Vendor updated:\r\nPhone1: (555) 010-0203 to 1-800"));
+    EXPECT_THAT(
+        history(first, 3),
+        ElementsAre(
+            "Vendor updated:\r\nPhone1: 1-800 to (555) 010-0203\r\nContact: Lucasta Bell to Changed first, saved last",
+            "Vendor updated:\r\nPhone1: (555) 010-0203 to 1-800"));
     EXPECT_EQ(first.value("SELECT EmployeeID FROM VendorActivity ORDER BY ID"), "3")
         << "put down to each user";
     second->PreTerminate();

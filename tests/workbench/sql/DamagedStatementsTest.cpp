@@ -14,17 +14,13 @@ class DamagedStatements : public CompanyTest {};
 
 TEST_F(DamagedStatements, RunOrAreRefused) {
     const std::string statements[] = {
-        "SELECT TOP 1 VendorName + ' (' + CONVERT(varchar(10), CAST(AddedOn AS DATE), 101) + ')' AS Result "
-        "FROM Vendors "
+        "SELECT TOP 1 VendorName + ' (' + CONVERT(varchar(10), CAST(AddedOn AS DATE), 101) + ')' AS Result FROM Vendors "
         "ORDER BY AddedOn DESC",
-        "SELECT DISTINCT t.[Terms], CASE WHEN LEN(x.Name) > 3 THEN LEFT(x.Name, 2) ELSE NULL END FROM Terms "
-        "t LEFT JOIN (SELECT "
-        "TOP 3 * FROM CustomerTypes) AS x ON x.ID = t.ID WHERE t.ID IN (1, 2) AND NOT t.Terms LIKE 'a%' "
-        "ESCAPE '!'",
-        "INSERT INTO Terms (Terms,DueDays) SELECT GroupName, COUNT(DISTINCT ID) FROM Groups GROUP BY "
-        "GroupName HAVING 1 < 2",
-        "UPDATE Terms SET Terms = 'it''s', DueDays = -DueDays * (2 - 1) / 3 WHERE ID BETWEEN 1 AND 5 OR "
-        "EXISTS (SELECT 1)",
+        "SELECT DISTINCT t.[Terms], CASE WHEN LEN(x.Name) > 3 THEN LEFT(x.Name, 2) ELSE NULL END FROM Terms t "
+        "LEFT JOIN (SELECT TOP 3 * FROM CustomerTypes) AS x ON x.ID = t.ID "
+        "WHERE t.ID IN (1, 2) AND NOT t.Terms LIKE 'a%' ESCAPE '!'",
+        "INSERT INTO Terms (Terms,DueDays) SELECT GroupName, COUNT(DISTINCT ID) FROM Groups GROUP BY GroupName HAVING 1 < 2",
+        "UPDATE Terms SET Terms = 'it''s', DueDays = -DueDays * (2 - 1) / 3 WHERE ID BETWEEN 1 AND 5 OR EXISTS (SELECT 1)",
         "DELETE FROM Terms WHERE DATEADD(hh, 1, AddedOn) >= GETDATE() AND ID IS NOT NULL"};
     std::vector<std::string> words;
     for (const std::string& statement : statements) {

@@ -15,8 +15,7 @@ class SqlDialectTest : public CompanyTest {
   protected:
     void SetUp() override {
         company_.execute(
-            "INSERT INTO Terms (Terms, DueDays, Discount) VALUES ('Net 30', 30, 0), ('net 60', 60, 0.025), "
-            "('Österreich''s terms', 7, 0.5)");
+            "INSERT INTO Terms (Terms, DueDays, Discount) VALUES ('Net 30', 30, 0), ('net 60', 60, 0.025), ('Österreich''s terms', 7, 0.5)");
         company_.execute("UPDATE Terms SET AddedOn = '2011-03-04T10:20:30'");
         company_.execute("UPDATE Terms SET AddedOn = '2012-12-31T23:05:00' WHERE DueDays = 60");
     }
@@ -48,15 +47,14 @@ TEST_F(SqlDialectTest, ReadsTables) {
         {"SELECT c.ID, v.ID FROM Customers c LEFT JOIN Vendors v ON v.ID = c.ID WHERE c.ID BETWEEN 12 AND 14",
          "12|12;13|13;14"},
         {"SELECT COUNT(*) FROM (Customers INNER JOIN Orders ON Orders.CustomerID = Customers.ID)", "40"},
-        {"SELECT e.Username FROM Employees e WHERE EXISTS (SELECT * FROM EmployeeSecurityRoles r WHERE "
-         "r.EmployeeID = e.ID "
-         "AND r.SecurityRoleID = 1)",
+        {"SELECT e.Username FROM Employees e WHERE EXISTS (SELECT * FROM EmployeeSecurityRoles r "
+         "WHERE r.EmployeeID = e.ID AND r.SecurityRoleID = 1)",
          "admin"},
         {"SELECT Range FROM DeliveryRanges WHERE ID = 1 AND NOT ID IS NULL", "Next available"},
         {"SELECT COUNT(*) AS Result FROM Groups WHERE GroupType = 1", "4"},
-        {"SELECT PortfolioTags.Tag, Portfolio.FileName FROM PortfolioTags INNER JOIN Portfolio ON "
-         "PortfolioTags.PortfolioID "
-         "= Portfolio.ID WHERE (Portfolio.ID = 2) ORDER BY PortfolioTags.Tag, Portfolio.FileName",
+        {"SELECT PortfolioTags.Tag, Portfolio.FileName FROM PortfolioTags "
+         "INNER JOIN Portfolio ON PortfolioTags.PortfolioID = Portfolio.ID WHERE (Portfolio.ID = 2) "
+         "ORDER BY PortfolioTags.Tag, Portfolio.FileName",
          "Kitchen|kitchen-roman.jpg"},
     });
 }
@@ -101,24 +99,19 @@ TEST_F(SqlDialectTest, ConvertsAndCalculates) {
          "(2012-12-31)5"},
         {"SELECT CAST('3/4/2011 1:05 PM' AS DATETIME), CAST('20110304' AS DATE)",
          "2011-03-04T13:05:00|2011-03-04"},
-        {"SELECT CAST(2.9 AS INT), CAST(' 12 ' AS INT), CAST(1.005 AS DECIMAL(9,2)), CAST('0.5' AS FLOAT), "
-         "CAST(7 AS BIT)",
+        {"SELECT CAST(2.9 AS INT), CAST(' 12 ' AS INT), CAST(1.005 AS DECIMAL(9,2)), CAST('0.5' AS FLOAT), CAST(7 AS BIT)",
          "2|12|1.01|0.5|1"},
         {"SELECT CAST('abcdef' AS VARCHAR(3)), CAST(12345 AS NVARCHAR(3)), CAST('ab' AS CHAR(4)) + '.'",
          "abc|*|ab  ."},
         {"SELECT DATEADD(month, 1, '2012-01-31'), DATEADD(hh, -11, '2011-03-04T10:20:30')",
          "2012-02-29|2011-03-03T23:20:30"},
-        {"SELECT DATEDIFF(day, '2011-03-04T23:59:00', '2011-03-05'), DATEDIFF(yy, '2011-12-31', "
-         "'2012-01-01'), "
-         "DATEDIFF(wk, '2011-03-05', '2011-03-06')",
+        {"SELECT DATEDIFF(day, '2011-03-04T23:59:00', '2011-03-05'), DATEDIFF(yy, '2011-12-31', '2012-01-01'), DATEDIFF(wk, '2011-03-05', '2011-03-06')",
          "1|1|1"},
         {"SELECT YEAR(AddedOn), MONTH(AddedOn), DATEPART(minute, AddedOn) FROM Terms WHERE DueDays = 60",
          "2012|12|5"},
-        {"SELECT LEN('ab  '), LEFT('Größe', 4), RIGHT('𝄞x', 1), SUBSTRING('abcdef', 0, 3), CHARINDEX('C', "
-         "'abc')",
+        {"SELECT LEN('ab  '), LEFT('Größe', 4), RIGHT('𝄞x', 1), SUBSTRING('abcdef', 0, 3), CHARINDEX('C', 'abc')",
          "2|Größ|x|ab|3"},
-        {"SELECT REPLACE('aXbx', 'x', '-'), LTRIM('  a'), UPPER('b'), ROUND(2.345, 2), FLOOR(-1.5), "
-         "CEILING(1.2)",
+        {"SELECT REPLACE('aXbx', 'x', '-'), LTRIM('  a'), UPPER('b'), ROUND(2.345, 2), FLOOR(-1.5), CEILING(1.2)",
          "a-b-|a|B|2.35|-2|2"},
         {"SELECT dbo.BuildEmployeeName('Ann', 'B', 'Lee'), dbo.BuildEmployeeName('Ann', NULL, 'Lee')",
          "Ann B Lee|Ann Lee"},
@@ -139,8 +132,7 @@ TEST_F(SqlDialectTest, ChangesRows) {
     EXPECT_EQ(company_.execute("DELETE Terms WHERE DueDays > 50"), 2);
     // The way a role is copied.
     company_.execute(
-        "INSERT INTO SecurityRoles (Name, Description) SELECT 'Viewer Copy', Description from SecurityRoles "
-        "where ID = 2");
+        "INSERT INTO SecurityRoles (Name, Description) SELECT 'Viewer Copy', Description from SecurityRoles where ID = 2");
     int copy = company_.lastInsertId();
     EXPECT_GT(copy, 3);
     EXPECT_GT(company_.execute("INSERT INTO SecurityRoleAccess (SecurityRoleID,Activity,Access) SELECT " +
@@ -200,11 +192,9 @@ TEST_F(SqlDialectTest, NamesWhatItDoesNotKnow) {
         {"BEGIN TRANSACTION", uses("BEGIN")},
         {"EXEC xp_cmdshell 'dir'", uses("the procedure xp_cmdshell")},
         {"DELETE FROM Terms; DELETE FROM Vendors",
-         "The text holds more than one statement: DELETE begins a second one, and this database runs one at "
-         "a time."},
+         "The text holds more than one statement: DELETE begins a second one, and this database runs one at a time."},
         {"SELECT 1 DROP TABLE Terms",
-         "The text holds more than one statement: DROP begins a second one, and this database runs one at a "
-         "time."},
+         "The text holds more than one statement: DROP begins a second one, and this database runs one at a time."},
         {"", "The statement is empty."},
         {" -- nothing", "The statement is empty."},
         {"SELECT ID FROM Terms WHERE", "The statement ends too early."},
@@ -220,9 +210,7 @@ TEST_F(SqlDialectTest, NamesWhatItDoesNotKnow) {
         {"SELECT * FROM sqlite_schema", "Invalid object name 'sqlite_schema'."},
         {"SELECT LEN()", "The function LEN() does not take 0 arguments."},
         {"INSERT INTO Locations (LocationName,MarketName,MarketName) VALUES('a','b','c')",
-         "The column name 'MarketName' is specified more than once in the SET clause or column list of an "
-         "INSERT. A column "
-         "cannot be assigned more than one value in the same clause."},
+         "The column name 'MarketName' is specified more than once in the SET clause or column list of an INSERT. A column cannot be assigned more than one value in the same clause."},
     };
     for (const auto& [sql, text] : cases) {
         SCOPED_TRACE(sql);
