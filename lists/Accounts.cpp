@@ -7,7 +7,7 @@ constexpr Choice accountTypes[] = {{1, "Sales"}, {2, "Purchase"}};
 
 }  // namespace
 
-/// Some of its texts speak of shipping methods and customers (deliberate).
+/// Some of the texts name shipping methods and customers instead of accounts (deliberate).
 const ListDescription accountsList{
     .open = Operation::ShowAccounts,
     .edit = Operation::ShowAccounts_Edit,

@@ -9,7 +9,7 @@ namespace {
 using Show = ListColumn::Show;
 
 constexpr Choice directions[] = {{0, "Down"}, {1, "Nearest"}};
-/// How discounts that apply at once come together.
+/// How several discounts on one item are combined.
 constexpr Choice discountMethods[] = {
     {0, "Highest discount only"}, {1, "Add up"}, {2, "One after the other"}};
 
@@ -46,7 +46,7 @@ const ListDescription customerTypesList{
         .saveFailure = "There was a problem saving this customer type.",
         .insert = "INSERT INTO CustomerTypes (Name,RoundUnitPrice,RoundUnitPriceTo,RoundUnitPriceDirection,OptionDiscountMethod,DiscountMethod) "
                   "VALUES('<n>', '<rup>', '<rupt>', '<rupd>', '<odm>', '<dm>')",
-        // The bare "<rupt>" and the two blanks before it are deliberate.
+        // The unquoted "<rupt>" and the two blanks before it are deliberate.
         .update =
             "UPDATE CustomerTypes SET Name = '<n>', RoundUnitPrice = '<rup>', RoundUnitPriceTo =  <rupt>, "
             "RoundUnitPriceDirection = '<rupd>', OptionDiscountMethod = '<odm>', DiscountMethod = '<dm>' WHERE ID = <id>",

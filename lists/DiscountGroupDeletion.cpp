@@ -12,7 +12,7 @@ namespace {
 
 using modSharedSQL::format;
 
-/// How the refusal to delete a type's last group reads.
+/// The message box that refuses to delete the last group of a type.
 struct LastOfType {
     std::int32_t type;
     std::string_view message, advice;
@@ -21,14 +21,14 @@ constexpr LastOfType lastOfType[] = {
     {0, "The discount group {0} cannot be deleted because it's the last price discount group.",
      "You must have at least one price discount group setup in your company."},
     {1, "The discount group {0} cannot be deleted because it's the last cost discount group.",
-     // "customer cost group" is deliberate
+     // "customer cost group" is deliberate.
      "You must have at least one customer cost group setup in your company."},
     {2, "The discount group {0} cannot be deleted because it's the last customer discount group.",
      "You must have at least one customer discount group setup in your company."},
 };
 
-/// A statement of the deletion and the entry in the event log when it fails: {0} is the replacement, {1} the
-/// group that goes.
+/// A statement of the deletion, and the event log entry for its failure: {0} is the replacement group, {1} the
+/// deleted group.
 struct Step {
     std::string_view statement, failure;
 };
@@ -44,7 +44,7 @@ constexpr Step steps[] = {
      "Unable to delete the discount group [{1}]. More information to follow."},
 };
 
-/// Writes to the event log; a log that cannot be written changes nothing about what is logged.
+/// Writes to the event log. A failure to log is ignored: it must not replace the failure being logged.
 void record(const Host& host, std::string_view text) noexcept {
     try {
         host.RecordEvent(text);
@@ -74,7 +74,8 @@ bool runSteps(const Host& host, const Connection& connection, std::int32_t repla
     return true;
 }
 
-/// Step by step what the user wants; false when it came to nothing. `name` is set once it is known.
+/// Checks, asks and deletes. Returns true when the group is deleted. Sets `name` once the group's name is read, and
+/// `failed` when the deletion failed rather than being refused or declined.
 bool askAndDelete(Library& library, std::int32_t ID, std::string& name, bool& failed) {
     Argument group(ID);
     if (!library.perform(Operation::CanDeleteDiscountGroup, Arguments({&group, 1})).toBoolean()) return false;

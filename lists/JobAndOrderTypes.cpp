@@ -35,7 +35,7 @@ const ListDescription orderTypesList{
     .table = "OrderTypes",
     .orderBy = "OrderType",
     .columns = {{"Order Type", 280, "OrderType"}},
-    .securityArea = 108,  // the job types' area: one right guards both
+    .securityArea = 108,  // the area of the job types: one right guards both lists
     .listKind = 17,
     .moveReferencesCode = 6,
     .deleteFailure = "There was a problem deleting one or more order type(s).",

@@ -15,7 +15,7 @@ const ListDescription portfolioTagsList{
     .orderBy = "Tag",
     .columns = {{"Tag", 160, "Tag"}, {"Portfolio File", 280, "FileName"}},
     .deleteFailure = "There was a problem deleting one or more portfolio tags(s).",
-    .addsRows = false,  // files get their tags elsewhere
+    .addsRows = false,  // tags are assigned to files elsewhere
 };
 
 std::string PortfolioTagsScreen::loadStatement() const {
@@ -26,7 +26,7 @@ std::string PortfolioTagsScreen::loadStatement() const {
 void PortfolioTagsScreen::cmdEdit_Click() {
     const auto record = modSharedReportControl::focusedRecord(rptItems);
     if (!record) return;
-    // A new name may stand in many rows.
+    // Renaming a tag can change many rows.
     if (!library().ShowEditPortfiolioTag(std::string(rptItems.cell(*record, 0)))) loadList();
 }
 

@@ -97,7 +97,7 @@ bool SalesTaxGroupsScreen::anyCode() const {
 
 void SalesTaxGroupsScreen::welcome() {
     host().ShowMessageStyle1WithMemory(
-        "Sales sales groups are made up of one or more sales tax codes.",  // worded so (deliberate)
+        "Sales sales groups are made up of one or more sales tax codes.",  // this wording is deliberate
         "In the Kestrane Tessaline a customer is assigned a sales tax group. A sales tax group is made up of one or  more sales tax codes.\r\n\r\nUse the Manage Tax Codes button to create individual tax codes. Then use the Assign Tax Codes button to assign those codes to the selected tax group.");
     if (anyCode()) return;
     tell(
@@ -118,7 +118,7 @@ void SalesTaxGroupsScreen::added(std::int32_t ID) {
 
 void SalesTaxGroupsScreen::cmdManageTaxCodes_Click() {
     library().ShowSalesTaxCodes();
-    refreshCodes();  // their names and rates may be others now
+    refreshCodes();  // their names and rates may have changed
 }
 
 void SalesTaxGroupsScreen::assignTaxCodes(std::int32_t groupID) {
