@@ -110,8 +110,8 @@ class StatementTranslator : public SqlSelect {
         where();
     }
 
-    /// A column that the statement writes. SQLite would take the same one twice and drop one of the two
-    /// values in silence.
+    /// Translates a column that the statement writes. SQLite accepts a column twice and silently ignores one of the
+    /// values.
     void writtenColumn(std::set<std::string>& before) {
         std::string name = takeName();
         if (!before.insert(upperAscii(name)).second) {
@@ -122,7 +122,7 @@ class StatementTranslator : public SqlSelect {
         writeName(name);
     }
 
-    /// True when the procedure changes rows.
+    /// Translates EXEC. Returns true when the procedure changes rows.
     bool execute() {
         acceptSchema();
         std::string name = takeName();
