@@ -71,7 +71,7 @@ void OperationPanel::show(Operation operation) {
     showResult(offered ? "" : "The module keeps this operation to itself.", false);
 }
 
-/// An empty field leaves a text empty, and stands for 0 or false elsewhere.
+/// Converts the field's text to an argument. An empty field is an empty text, 0 or false, by the argument's type.
 Argument OperationPanel::argument(std::size_t i) const {
     const ValueType type = operation_->argumentRow[i].type;
     if (type == ValueType::Object) return Argument(sharedCode_);
