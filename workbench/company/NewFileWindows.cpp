@@ -33,8 +33,7 @@ std::string sentence(DWORD error) {
     }
 }
 
-/// A file that is removed again unless it was given its place. What fails leaves its reason in
-/// GetLastError().
+/// A file that is removed in the end unless it was moved to its place. A failure leaves its reason in GetLastError().
 class TemporaryFile {
   public:
     explicit TemporaryFile(std::wstring path)

@@ -3,7 +3,7 @@
 namespace tsln::workbench {
 
 std::string expressionFault(std::string_view expression) {
-    std::string closing;  // what the open brackets wait for
+    std::string closing;  // the brackets that close the open ones
     bool quoted = false;
     for (const char c : expression) {
         if (c == '"') quoted = !quoted;

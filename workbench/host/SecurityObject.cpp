@@ -39,7 +39,7 @@ Variant SecurityObject::invoke(std::string_view member, Access access, Arguments
          [](Self& self, Arguments) {
              return Variant(self.companyFlag("IsRoamingWorkstation", "Synchronization", false));
          }},
-        // A company has every feature that is not switched off for it.
+        // A company has every feature that is not switched off.
         {"CompanyFeatureEnabled",
          [](Self& self, Arguments a) {
              a.require(1, 1);
