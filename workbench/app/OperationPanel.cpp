@@ -68,7 +68,7 @@ void OperationPanel::show(Operation operation) {
     const bool offered = operation_->visibility == Visibility::Public;
     open_->Enable(offered);
     browse_->Show(canBrowse && canBrowse(operation));
-    showResult(offered ? "" : "The module keeps this operation to itself.", false);
+    showResult(offered ? "" : "Hosts cannot call this operation.", false);
 }
 
 /// Converts the field's text to an argument. An empty field is an empty text, 0 or false, by the argument's type.

@@ -63,13 +63,13 @@ bool WorkbenchApp::OnInit() {
         std::printf("A tour of the terms list; its pictures are in %s\n", options_.tour.c_str());
         start(termsTour(session_.company(), options_.tour), options_.tour, [this] {
             printTerms(options_.company);
-            std::printf("Every step came out as expected.\n");
+            std::printf("All steps succeeded.\n");
         });
     }
     if (!options_.gallery.empty()) {
         std::printf("Every screen; its pictures are in %s\n", options_.gallery.c_str());
         start(galleryRound(module_->library(), session_.company(), *frame, galleryStops(), options_.gallery),
-              options_.gallery, [] { std::printf("Every window is drawn as it should be.\n"); });
+              options_.gallery, [] { std::printf("No drawing faults were found.\n"); });
     }
     return true;
 }
@@ -111,7 +111,7 @@ void WorkbenchApp::start(Script script, const std::string& folder, std::function
             } catch (const std::exception& error) {
                 std::fflush(stdout);
                 saveScreenshot(folder + "/failure.png");
-                std::fprintf(stderr, "Something did not come out: %s\n", error.what());
+                std::fprintf(stderr, "The script failed: %s\n", error.what());
                 // Modal windows may be open, and no user is there to close them.
                 std::_Exit(exitFailed);
             }

@@ -104,7 +104,7 @@ void upgrade(SQLite::Database& database, const std::string& path) {
         const int code = failure.getErrorCode();
         if (code == SQLITE_BUSY || code == SQLITE_LOCKED) throw;
         throw CompanyFileError(Reason::OlderVersion, file + " and cannot be brought up to date: " +
-                                                         failure.what() + ". It is as it was.");
+                                                         failure.what() + ". It is unchanged.");
     }
 }
 

@@ -24,12 +24,12 @@ std::string sentence(DWORD error) {
         case ERROR_HANDLE_DISK_FULL:
             return "The disk is full.";
         case ERROR_INVALID_NAME:
-            return "Its name has signs that a file's name cannot have.";
+            return "Its name contains characters that a file name cannot contain.";
         case ERROR_FILENAME_EXCED_RANGE:
         case ERROR_BUFFER_OVERFLOW:
             return "Its name is too long.";
         default:
-            return "The system answers with error " + std::to_string(error) + ".";
+            return "The system reports error " + std::to_string(error) + ".";
     }
 }
 

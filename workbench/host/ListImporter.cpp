@@ -88,7 +88,7 @@ class ReferencedRows {
             result.text = found->second;
         }
         if (std::ranges::any_of(values, [&](const Value& v) { return sameName(v.column, result.column); })) {
-            throw ImportError("The column " + result.column + " stands there twice.");
+            throw ImportError("The column " + result.column + " occurs twice.");
         }
         values.push_back(std::move(result));
     }
@@ -191,7 +191,7 @@ class SectionImport {
             }
             text = modSharedXML::decodeFieldText(text);
             if (std::ranges::any_of(result, [&](const Value& v) { return sameName(v.column, column); })) {
-                throw ImportError("The column " + column + " stands there twice.");
+                throw ImportError("The column " + column + " occurs twice.");
             }
             result.push_back({std::move(column), std::move(text)});
         }
@@ -207,7 +207,7 @@ class SectionImport {
                 std::ranges::find_if(values, [&](const Value& v) { return sameName(v.column, column); });
             const std::string text = value == values.end() ? "" : comparable(value->text.value_or(""));
             if (text.empty() && column == list_.keys.front()) {
-                throw ImportError("The column " + std::string(column) + ", which names it, is empty.");
+                throw ImportError("The column " + std::string(column) + ", which identifies the record, is empty.");
             }
             result += text + '\0';
         }

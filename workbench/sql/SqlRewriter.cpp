@@ -63,7 +63,7 @@ std::string SqlRewriter::takeName() {
         unknown(std::string(peek().text));
     }
     std::string name = take().name();
-    if (name.empty()) fail("The statement has a name without letters.");
+    if (name.empty()) fail("The statement contains an empty name.");
     return name;
 }
 

@@ -52,7 +52,7 @@ class Inspection {
             lookAtText(*child);
             lookAtAccessKey(*child);
             if (holdsAll && !wxRect(parent.GetClientSize()).Contains(child->GetRect()))
-                tell(*child, "sticks out of its window");
+                tell(*child, "extends beyond its window");
             look(*child);
         }
         for (std::size_t i = 0; i < shown.size(); ++i) {
@@ -94,7 +94,7 @@ class Inspection {
             if (dynamic_cast<const wxStaticBox*>(window) || dynamic_cast<const wxStaticLine*>(window)) return;
         }
         if (a.GetRect().Intersects(b.GetRect())) {
-            const wxString what = "lies over \"" + captionOf(b) + "\"";
+            const wxString what = "overlaps \"" + captionOf(b) + "\"";
             tell(a, what.utf8_str());
         }
     }

@@ -51,7 +51,7 @@ std::shared_ptr<Call> begin(const ObjectPtr& library, const GalleryStop& stop) {
 Script::Wait settled(std::shared_ptr<Call> call, milliseconds time = timeToDraw) {
     const void* front = nullptr;
     auto since = std::chrono::steady_clock::now();
-    return until("a window has come to rest", [call, time, front, since]() mutable {
+    return until("a window has stayed in front", [call, time, front, since]() mutable {
         if (call && call->returned) return true;
         const auto now = std::chrono::steady_clock::now();
         if (const void* inFront = frontWindow(); inFront != front || !inFront) {

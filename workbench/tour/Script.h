@@ -36,7 +36,7 @@ class Script {
 
         bool await_ready() const { return false; }
         void await_resume() const {
-            if (!*held) throw ScriptFailure("Waited in vain until " + what + ".");
+            if (!*held) throw ScriptFailure("The time limit passed before " + what + ".");
         }
         template <class Promise>
         void await_suspend(std::coroutine_handle<Promise> script) {

@@ -170,7 +170,7 @@ Script termsTour(Company& company, std::string folder) {
     co_await settled();
     type("./" + exported);  // typing a path opens the dialog's field for it
     co_await settled();
-    album.take("import", "Import: every row was deleted, the exported file comes back");
+    album.take("import", "Import: every row was deleted, the exported file is imported");
     press(WXK_RETURN);
     co_await untilActive("Tessaline");
     co_await settled();
@@ -179,7 +179,7 @@ Script termsTour(Company& company, std::string folder) {
     co_await untilActive("Terms");
     expect(count(company, "ID > 0") == defaults - 2 &&
                count(company, "Terms = 'Net 21 Days' AND DueDays = 20 AND Discount = 0.015") == 1,
-           "the exported terms came back");
+           "the exported terms were imported");
 
     press('m', wxMOD_ALT);
     co_await until("the popup is open", [] { return popupIsOpen(); });

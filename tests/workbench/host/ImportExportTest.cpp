@@ -137,10 +137,10 @@ TEST(ImportExport, AFailedImportChangesNothingAndSaysWhy) {
          "no columns of these names: Wrong, Terms2"},
         {section(good + "<Record><DueDays>1</DueDays></Record>"), "Terms",
          "Record 2 of the list Terms: The column Terms"},
-        {section(good + "<Record><Terms>   </Terms></Record>"), "Terms", "which names it, is empty"},
+        {section(good + "<Record><Terms>   </Terms></Record>"), "Terms", "which identifies the record, is empty"},
         {section(good + "<Record><Terms>x</Terms><DueDays>many</DueDays></Record>"), "Terms",
          "Record 2 of the list Terms"},
-        {section(good + "<Record><Terms>x</Terms><terms>y</terms></Record>"), "Terms", "stands there twice"},
+        {section(good + "<Record><Terms>x</Terms><terms>y</terms></Record>"), "Terms", "occurs twice"},
         {section(good + "<Record><Terms><b>x</b></Terms></Record>"), "Terms", "holds no text"},
     };
     for (const Case& c : cases) {

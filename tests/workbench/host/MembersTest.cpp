@@ -379,8 +379,8 @@ TEST(Members, AnExpressionsFaultIsNamed) {
         {"Product type is Shutters", ""},
         {"([Width] > 96) and \"a ) b\" <> [Room]", ""},
         {"(Width > 96", "A \")\" is missing at the end."},
-        {"Width > 96)", "There is a \")\" without its beginning."},
-        {"([Width)]", "There is a \")\" where a \"]\" is due."},
+        {"Width > 96)", "There is a \")\" without an opening bracket."},
+        {"([Width)]", "There is a \")\" where a \"]\" is expected."},
         {"Room = \"Kitchen", "A quotation mark is not closed."},
     };
     for (const auto& [expression, fault] : cases)

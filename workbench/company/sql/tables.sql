@@ -2,7 +2,7 @@
 -- across companies and the times of its addition and last change, in UTC. {text} is replaced by the type of a text
 -- that compares without letter case. Texts have no index: see SqlFunctions.h.
 
--- The company and its employees ----------------------------------------------------------------------------------
+-- The company and its employees ---------------------------------------------------------------------------------
 
 CREATE TABLE Company ({id},
     Name {text}, Email {text}, WebSite {text},
@@ -45,7 +45,7 @@ CREATE TABLE CompanyOptions ({id}, Section {text}, OptionName {text}, OptionValu
 CREATE TABLE UserOptions ({id},
     EmployeeID INTEGER NOT NULL, Section {text}, OptionName {text}, OptionValue {text}, {bookkeeping}) STRICT;
 
--- Event log -----------------------------------------------------------------------------------------------------
+-- Events and activity -------------------------------------------------------------------------------------------
 
 -- EventType: 1 error, 2 notice, 3 warning
 CREATE TABLE EventLog ({id},
@@ -153,7 +153,7 @@ CREATE TABLE CustomerMeasurements ({id},
 CREATE INDEX CustomerMeasurements_Customer ON CustomerMeasurements (CustomerID);
 CREATE TABLE GroupedCustomers ({id}, GroupID INTEGER NOT NULL, CustomerID INTEGER NOT NULL, {bookkeeping}) STRICT;
 
--- Orders and their lines ----------------------------------------------------------------------------------------
+-- Jobs, orders and payments -------------------------------------------------------------------------------------
 
 CREATE TABLE Jobs ({id},
     JobName {text}, CustomerID INTEGER, JobTypeID INTEGER, Notes {text}, Created TEXT, CreatedBy INTEGER,
@@ -192,7 +192,7 @@ CREATE TABLE Discounts ({id},
     OptionName {text}, Multiplier REAL NOT NULL DEFAULT 0, TierLevel {text}, Markup REAL NOT NULL DEFAULT 0,
     Margin REAL NOT NULL DEFAULT 0, {bookkeeping}) STRICT;
 
--- Pricing and order entry ----------------------------------------------------------------------------------------
+-- Pricing and order entry ---------------------------------------------------------------------------------------
 
 -- ChargeType: 1 vendor promotion, 2 customer promotion, 4 item price adjustment, 8 additional charge, 256 item cost
 -- adjustment. Category: 1 installation, 2 shipping, 3 other. Value: an amount, a percentage or a price line's name.
