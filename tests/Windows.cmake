@@ -1,6 +1,6 @@
-# The Windows suite: what runs under Wine, one test a program. The tests that drive windows by the X server, and those
-# that start and kill processes by POSIX calls (tests/desktop, tests/workbench/app, parts of tests/workbench/company),
-# are for the native suite alone; here the windows are driven by the system's messages.
+# The Windows suite: the tests that run under Wine, one test per program. Tests that drive windows through the X server
+# and tests that start and kill processes by POSIX calls (tests/desktop, tests/workbench/app, parts of
+# tests/workbench/company) run in the native suite only. Here windows are driven by messages of the system.
 if(CMAKE_SIZEOF_VOID_P EQUAL 8)
     set(bits 64)
 else()
@@ -8,9 +8,9 @@ else()
 endif()
 set(onWine ${CMAKE_SOURCE_DIR}/scripts/on-wine ${bits})
 
-# All tests share one Windows, with its registry and its display, and run in it one after the other.
+# All tests share one Wine prefix with its registry and display, so they run one after the other.
 
-# tsln_windows_test(NAME FOLDER USES TARGET...): the tests of a folder as one program.
+# tsln_windows_test(NAME FOLDER USES TARGET...): adds the tests of a folder as one program.
 function(tsln_windows_test name folder)
     cmake_parse_arguments(TEST "" "" "USES" ${ARGN})
     file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp)
@@ -43,7 +43,7 @@ tsln_windows_test(com_server com/server
     USES tsln_com_edge tsln_window_driver tsln_workbench_host tsln_doubles tsln_interface)
 add_dependencies(test_com_server tslnmaint5 tsln5pkg.exe tsln_interface_files)
 
-# The package as a user has it: unpacked, registered by its script, used from a script, unregistered.
+# Tests the package as a user receives it: unpacked, registered by its script, used from a script, unregistered.
 add_test(NAME package COMMAND ${CMAKE_CPACK_COMMAND} -B ${CMAKE_BINARY_DIR}/package
                               --config ${CMAKE_BINARY_DIR}/CPackConfig.cmake)
 set_tests_properties(package PROPERTIES FIXTURES_SETUP package)
