@@ -69,7 +69,7 @@ ComboBox& combo(Screen& editor, std::string_view name) {
     return dynamic_cast<ComboBox&>(*editor.control(name));
 }
 
-// The statements as the database expects them, written out as a whole so that a change to a template shows.
+// The complete expected statements, so that a change to a template shows.
 constexpr auto insertedWhole =
     "INSERT INTO Vendors (VendorName, WebSite, Phone1Label, Phone1, Phone2Label, Phone2, Phone3Label, Phone3, "
     "Email1Label, Email1, Email2Label, Email2, BillToAddress1, BillToAddress2, BillToCity, BillToState, "
@@ -89,7 +89,7 @@ constexpr auto updatedWhole =
     "UniqueID = '{U-7}', Notes = ' n\r\nm ', ValidateAddresses = 0, Margin = 0.4, MarginAD = -0.125, "
     "Exported = 1 WHERE ID = 7";
 
-TEST(VendorEditor, ANewVendorTakesTheDefaultsAndIsInserted) {
+TEST(VendorEditor, ANewVendorGetsTheDefaultsAndIsInserted) {
     VendorStage stage;
     stage.host->on("Database.ExecuteNonQueryWithID", Variant(12));
     stage.host->on("Options.GetCompanyOption", [](Arguments a) {
@@ -138,7 +138,7 @@ TEST(VendorEditor, ANewVendorTakesTheDefaultsAndIsInserted) {
                             "DefaultEmail2Label, Customers, Work", "DefaultTerms, Vendors, -1"));
 }
 
-TEST(VendorEditor, AVendorIsLoadedAndUpdatedWithItsChangeTold) {
+TEST(VendorEditor, AVendorIsLoadedAndUpdatedAndTheHistoryShowsTheChange) {
     VendorStage stage;
     stage.host->on("Database.ExecuteNonQuery", [&](Arguments) {
         std::string after = rowSeven();
@@ -181,7 +181,7 @@ TEST(VendorEditor, AnUpdateThatChangesNothingIsNotInTheHistory) {
     EXPECT_THAT(stage.host->callsOf("Messages.PostMessage"), ElementsAre("6003, 7"));
     EXPECT_EQ(stage.host->callsOf("RecordEvent").size(), 1U);
 
-    // The same when the row cannot be looked at before or after.
+    // No entry is written either when the row cannot be read before or after the update.
     VendorStage blind;
     blind.host->failStatement = snapshotSeven;
     EXPECT_EQ(blind.edit(7, accept), 7);
@@ -189,7 +189,7 @@ TEST(VendorEditor, AnUpdateThatChangesNothingIsNotInTheHistory) {
     EXPECT_FALSE(blind.told());
 }
 
-TEST(VendorEditor, TermsAreTheDefaultTheFirstOrNone) {
+TEST(VendorEditor, TheTermsAreTheDefaultOrTheFirstOrNone) {
     const struct {
         const char* option;
         bool anyTerms;
@@ -210,7 +210,7 @@ TEST(VendorEditor, TermsAreTheDefaultTheFirstOrNone) {
         });
         EXPECT_THAT(stage.inserted(), ElementsAre(HasSubstr(c.written))) << c.option;
     }
-    // Terms that are gone are no terms.
+    // Terms that no longer exist are stored as none.
     VendorStage stage;
     stage.host->on("Common.LoadTerms", Variant());
     stage.edit(7, [](VendorEditor& editor) { editor.cmdOK.userPress(); });
@@ -243,7 +243,7 @@ TEST(VendorEditor, MarginsAreStoredAsFractions) {
                     Contains("object, -100000, 10000, 0").Times(1))
             << "only when the box is left";
     }
-    // OK pressed from within the box saves what it reads as.
+    // OK pressed while the box has the focus saves the number that its text reads as.
     VendorStage stage;
     stage.edit(0, [](VendorEditor& editor) {
         editor.textBox("txtName").userType("V");
@@ -254,7 +254,7 @@ TEST(VendorEditor, MarginsAreStoredAsFractions) {
     EXPECT_THAT(stage.host->callsOf("tslnnum5.Checker.CheckDecimal"), IsEmpty());
 }
 
-TEST(VendorEditor, RefusesABlankNameButOnlyWarnsOfADouble) {
+TEST(VendorEditor, AnEmptyNameIsRefusedAndADuplicateOnlyWarnedOf) {
     VendorStage stage;
     stage.host->on("Common.RecordExists", Variant(true));
     EXPECT_EQ(stage.edit(0,
@@ -281,7 +281,7 @@ TEST(VendorEditor, RefusesABlankNameButOnlyWarnsOfADouble) {
     EXPECT_EQ(stage.inserted().size(), 1U);
 }
 
-TEST(VendorEditor, AFailedSaveIsToldAndCanBeTriedAgain) {
+TEST(VendorEditor, AFailedSaveIsReportedAndCanBeRepeated) {
     const std::string explanation =
         "This typically happens if the database is in use by another user or program. Try saving again. If the problem persists, close the program, restart and try again.";
     for (const std::int32_t ID : {0, 7}) {
@@ -310,9 +310,9 @@ TEST(VendorEditor, AFailedSaveIsToldAndCanBeTriedAgain) {
     }
 }
 
-TEST(VendorEditor, ALockedVendorKeepsWhatIsNotTheCompanysOwn) {
+TEST(VendorEditor, OnlyTheCompanysOwnFieldsOfALockedVendorCanBeChanged) {
     VendorStage stage("<Locked>1</Locked>");
-    // The host itself wishes no validation: a lock is stronger.
+    // The host answers that addresses are not to be validated; the lock overrides that.
     stage.host->on("ParseAddress",
                    [](Arguments a) { return a.assign(1, "x"), a.assign(7, false), Variant(); });
     EXPECT_EQ(stage.edit(7,
@@ -343,7 +343,7 @@ TEST(VendorEditor, ALockedVendorKeepsWhatIsNotTheCompanysOwn) {
         EXPECT_THAT(stage.updated()[0], HasSubstr(part));
 }
 
-TEST(VendorEditor, AddressesAreReadByTheHost) {
+TEST(VendorEditor, AddressesAreParsedByTheHost) {
     VendorStage stage;
     std::vector<std::string> flags;
     stage.host->on("ParseAddress", [&](Arguments a) {
@@ -360,7 +360,7 @@ TEST(VendorEditor, AddressesAreReadByTheHost) {
         editor.lblCopyBilling.userFollow("Hyperlink_BillingToShipping");
         EXPECT_EQ(editor.textBox("txtShipToAddress").text(), "In order");
         editor.textBox("txtShipToAddress").userType("");
-        editor.textBox("txtShipToAddress").userLeft();  // from now on they are to be validated
+        editor.textBox("txtShipToAddress").userLeft();  // addresses are validated from now on
         editor.textBox("txtBillToAddress").userType("typed");
         editor.cmdOK.userPress();
     });
@@ -368,7 +368,7 @@ TEST(VendorEditor, AddressesAreReadByTheHost) {
     EXPECT_THAT(stage.inserted(), ElementsAre(HasSubstr(" 1, 1, 0, 0, 0)")));
 }
 
-TEST(VendorEditor, EnterBelongsToTheBoxOfSeveralLinesThatHasTheFocus) {
+TEST(VendorEditor, EnterStartsANewLineOnlyInABoxOfSeveralLinesWithTheFocus) {
     VendorStage stage;
     stage.edit(0, [](VendorEditor& editor) {
         for (TextBox* box : {&editor.textBox("txtBillToAddress"), &editor.textBox("txtShipToAddress"),
@@ -382,7 +382,7 @@ TEST(VendorEditor, EnterBelongsToTheBoxOfSeveralLinesThatHasTheFocus) {
     });
 }
 
-TEST(VendorEditor, WhatDoesNotSaveReturnsNothing) {
+TEST(VendorEditor, AnEditorThatSavesNothingReturnsNoKey) {
     const std::pair<const char*, std::function<void(VendorEditor&)>> ways[] = {
         {"Cancel", [](VendorEditor& e) { e.cmdCancel.userPress(); }},
         {"close box", [](VendorEditor& e) { e.userClose(); }}};
@@ -403,7 +403,7 @@ TEST(VendorEditor, WhatDoesNotSaveReturnsNothing) {
     }
 }
 
-TEST(VendorEditor, ARowThatIsGoneShowsNothingAndSavingChangesNone) {
+TEST(VendorEditor, AMissingRowIsShownEmptyAndAnUpdateChangesNoRow) {
     VendorStage stage;
     EXPECT_EQ(stage.edit(8,
                          [](VendorEditor& editor) {
@@ -419,7 +419,7 @@ TEST(VendorEditor, ARowThatIsGoneShowsNothingAndSavingChangesNone) {
     EXPECT_THAT(stage.updated(), ElementsAre(testing::EndsWith("WHERE ID = 8")));
 }
 
-TEST(VendorEditor, ARecordsetThatComesBackClosedOpensAnEmptyEditor) {
+TEST(VendorEditor, AClosedRecordsetOpensAnEmptyEditor) {
     VendorStage stage;
     stage.host->on("CurrentCompanyConn.Execute", Variant(ObjectPtr()));
     stage.edit(7, [](VendorEditor& editor) {
@@ -443,7 +443,7 @@ TEST(VendorEditor, TheRowIsCapturedBeforeTheStatementIsBuilt) {
     EXPECT_LT(captured, built);
 }
 
-TEST(VendorEditor, ARowThatCannotBeReadIsNotSavedOver) {
+TEST(VendorEditor, ARowThatCannotBeReadIsNotOverwritten) {
     for (const bool connected : {false, true}) {
         VendorStage stage;
         if (connected) {
@@ -457,7 +457,7 @@ TEST(VendorEditor, ARowThatCannotBeReadIsNotSavedOver) {
     }
 }
 
-TEST(VendorEditor, ASaveCountsOnceItIsWritten) {
+TEST(VendorEditor, ASaveCountsOnceTheRowIsWritten) {
     VendorStage stage;
     for (const char* path : {"Activity.RecordCustomerActivity", "RecordEvent", "Messages.PostMessage"}) {
         stage.host->on(path, [](Arguments) -> Variant { throw HostError(code::fail, "Host", "down"); });
@@ -473,7 +473,7 @@ TEST(VendorEditor, ASaveCountsOnceItIsWritten) {
     EXPECT_EQ(stage.host->callsOf("ShowAndLogErrorMessage").size(), 3U);
 }
 
-TEST(VendorEditor, KeepsItsPlaceAndWhetherItFillsTheDisplay) {
+TEST(VendorEditor, ThePositionAndTheMaximizedStateAreKept) {
     VendorStage stage;
     const std::string key = "Software\\Kestrane\\Tessaline\\5.0\\Window Positions\\frmEditVendor|";
     stage.desktop.settings = {{key + "Left", "40"}, {key + "Width", "700"}, {key + "WindowState", "2"}};
@@ -487,7 +487,7 @@ TEST(VendorEditor, KeepsItsPlaceAndWhetherItFillsTheDisplay) {
     EXPECT_EQ(stage.desktop.settings[key + "Height"], "500");
 }
 
-TEST(VendorEditor, EveryHostFaultIsToldAndKeepsTheInput) {
+TEST(VendorEditor, EveryHostFaultIsReportedAndKeepsTheInput) {
     for (const std::int32_t ID : {0, 7}) {
         for (const bool accept : {true, false}) {
             sweepFaults(
@@ -507,7 +507,7 @@ TEST(VendorEditor, EveryHostFaultIsToldAndKeepsTheInput) {
                             EXPECT_EQ(editor.textBox("txtNotes").text(), "typed, too");
                             EXPECT_TRUE(editor.cmdOK.enabled() && editor.cmdCancel.enabled());
                             EXPECT_TRUE(editor.Cancelled);
-                            // nothing half told
+                            // no notice without a saved row
                             EXPECT_THAT(stage.host->callsOf("Messages.PostMessage"), IsEmpty());
                         } else if (!stage.told() && !toldBefore) {
                             EXPECT_GE(editor.ID, 1) << "closed as saved without a key";

@@ -275,7 +275,7 @@ const std::vector<Member> catalogue{
      .insert =
          "INSERT INTO CustomerTypes (Name,RoundUnitPrice,RoundUnitPriceTo,RoundUnitPriceDirection,OptionDiscountMethod,DiscountMethod) "
          "VALUES('O''Neil', '1', '0.25', '1', '0', '0')",
-     // 41 is none of the methods to choose from, and kept all the same.
+     // 41 is not among the choices; the stored number is kept.
      .update =
          "UPDATE CustomerTypes SET Name = 'Seven', RoundUnitPrice = '1', RoundUnitPriceTo =  0.5, "
          "RoundUnitPriceDirection = '1', OptionDiscountMethod = '41', DiscountMethod = '2' WHERE ID = 7"},

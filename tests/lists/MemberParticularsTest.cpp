@@ -1,4 +1,4 @@
-// What single lists do beyond what all of them do.
+// The special behaviour of single lists.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -22,7 +22,7 @@ std::string records(const std::string& rows) {
     return "<Records>" + rows + "</Records>";
 }
 
-TEST(CustomerTypes, TheLastOneStays) {
+TEST(CustomerTypes, TheLastOneCannotBeDeleted) {
     Stage stage;
     int left = 1;
     stage.host->rows("SELECT * FROM CustomerTypes ORDER BY Name",
@@ -64,14 +64,14 @@ TEST(ShippingMethods, ATaskTypeIsRequired) {
                                                       MessageButtons::Ok, MessageIcon::Exclamation}));
 }
 
-TEST(MeasurementRooms, TheDialogAnswersWithItsRowAfterCancelToo) {
+TEST(MeasurementRooms, TheDialogReturnsItsRowAlsoAfterCancel) {
     Stage stage;
     for (const std::int32_t ID : {0, 7}) {
         stage.desktop.user<RecordDialog>("frmMeasurementRooms_Edit",
                                          [](RecordDialog& dialog) { dialog.cmdCancel.userPress(); });
         EXPECT_EQ(stage.library->ShowEditMeasurementRoom(ID), ID);
     }
-    // The manufacturers' dialog, which was asked, is as fresh as ever.
+    // The manufacturers' dialog, whose result was read, has not been shown.
     stage.desktop.user<RecordDialog>("frmManufacturers_Edit", [](RecordDialog& dialog) {
         EXPECT_EQ(dialog.ID, 5);
         dialog.cmdCancel.userPress();
@@ -80,7 +80,7 @@ TEST(MeasurementRooms, TheDialogAnswersWithItsRowAfterCancelToo) {
     EXPECT_TRUE(stage.library->screens().empty());
 }
 
-TEST(DepositCriteria, KeepTheUsersOption) {
+TEST(DepositCriteria, TheUserOptionIsReadAndStored) {
     struct Case {
         std::function<void(Stage&)> prepare;
         std::vector<std::string> written;
@@ -103,7 +103,7 @@ TEST(DepositCriteria, KeepTheUsersOption) {
         stage.desktop.user<DepositCriteriaScreen>(
             "frmRequireDepositCriteria", [&](DepositCriteriaScreen& list) {
                 EXPECT_EQ(list.chkEnforce.enabled(), !c.written.empty());
-                list.cmdMore.userPress();  // the list is loaded again, and the option read
+                list.cmdMore.userPress();  // the list is loaded again, and the option is read
                 if (list.chkEnforce.enabled()) list.chkEnforce.userCheck(!list.chkEnforce.checked());
             });
         stage.library->ShowRequireDepositCriteria();
@@ -115,7 +115,7 @@ TEST(DepositCriteria, KeepTheUsersOption) {
 
 // Locations -----------------------------------------------------------------------------------------------
 
-/// A host that takes a line per part for an address, and whose validation puts it in capitals.
+/// A host that joins an address line by line, and whose parser returns capitals.
 void speakAddresses(Stage& stage) {
     stage.host->on("CombineAddress", [](Arguments a) {
         std::string text;
@@ -201,7 +201,7 @@ TEST(Locations, TheDialogSavesEveryField) {
             "There was a problem saving this location., This typically happens if the database is in use by another user or program. Try saving again. If the problem persists, close the program, restart and try again., the database's own words"));
 }
 
-TEST(Locations, TheAddressIsCopiedFromTheCompanyAndSavedAsTheHostParsesIt) {
+TEST(Locations, TheCompanysAddressIsCopiedAndSavedAsTheHostParsesIt) {
     Stage stage;
     speakAddresses(stage);
     stage.host->rows(
@@ -210,7 +210,7 @@ TEST(Locations, TheAddressIsCopiedFromTheCompanyAndSavedAsTheHostParsesIt) {
     stage.desktop.user<LocationDialog>("frmLocations_Edit", [&](LocationDialog& dialog) {
         dialog.cmdCopyAddress.userPress();
         EXPECT_EQ(entered(dialog, "txtShipToAddress"), "8 Mill||||53000|");
-        stage.host->on("ParseAddress", Variant());  // gives no parts
+        stage.host->on("ParseAddress", Variant());  // returns no parts
         enter(dialog, "txtName", "New");
         dialog.cmdOK.userPress();
     });
@@ -220,7 +220,7 @@ TEST(Locations, TheAddressIsCopiedFromTheCompanyAndSavedAsTheHostParsesIt) {
     EXPECT_FALSE(stage.told());
 }
 
-TEST(Locations, TheListLooksItselfWhatWasSaved) {
+TEST(Locations, TheListReadsTheSavedRowItself) {
     Stage stage;
     speakAddresses(stage);
     const std::string load = "SELECT * FROM Locations ORDER BY LocationName";
@@ -253,7 +253,7 @@ TEST(Locations, TheListLooksItselfWhatWasSaved) {
     EXPECT_THAT(stage.host->callsOf("Security.CanDo"), testing::Contains("112, 8"));
 }
 
-TEST(Locations, EveryHostFaultIsToldAndKeepsTheInput) {
+TEST(Locations, EveryHostFaultIsReportedAndKeepsTheInput) {
     for (const std::int32_t ID : {0, 7}) {
         sweepFaults(
             [ID](Stage& stage) {
@@ -287,7 +287,7 @@ TEST(ProductTags, AreAddedAndDeleted) {
                      records("<Record><Tag>cordless</Tag></Record><Record><Tag>kids' room</Tag></Record>"));
     stage.host->on("Common.GetProductNameFromID", Variant("Aldermoor 2in"));
     stage.host->on("Database.ExecuteScaler", [](Arguments a) {
-        return Variant(a[0].toText().ends_with("Tag = 'cordless'") ? 1 : 0);  // the product has it
+        return Variant(a[0].toText().ends_with("Tag = 'cordless'") ? 1 : 0);  // the product has this tag
     });
     int tries = 0;
     stage.host->on("Database.ExecuteNonQuery", [&](Arguments) { return Variant(++tries != 2); });
@@ -333,7 +333,7 @@ TEST(ProductTags, AreAddedAndDeleted) {
     EXPECT_EQ(stage.host->callsOf("Database.ExecuteRead").back(), load) << "the added tags are shown";
 }
 
-TEST(PortfolioTags, AreRenamedEverywhereAtOnce) {
+TEST(PortfolioTags, AreRenamedInAllFiles) {
     Stage stage;
     const std::string load =
         "SELECT PortfolioTags.ID, PortfolioTags.Tag, Portfolio.FileName FROM PortfolioTags "
@@ -355,7 +355,7 @@ TEST(PortfolioTags, AreRenamedEverywhereAtOnce) {
         selectAll(list.rptItems);
         EXPECT_TRUE(list.cmdEdit.enabled() && list.cmdDelete.enabled());
         EXPECT_FALSE(list.cmdNew.enabled()) << "files get their tags elsewhere";
-        list.rptItems.userDoubleClick(0);  // left by the close box after the failure
+        list.rptItems.userDoubleClick(0);  // the close box, after the failure
     });
     open(stage, Operation::ShowPortfolioTags);
     EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"),
@@ -373,7 +373,7 @@ TEST(PortfolioTags, AreRenamedEverywhereAtOnce) {
     EXPECT_TRUE(stage.library->ShowEditPortfiolioTag("kid's")) << "the close box counts as cancelled";
 }
 
-TEST(Tags, EveryHostFaultIsToldAndKeepsTheInput) {
+TEST(Tags, EveryHostFaultIsReportedAndKeepsTheInput) {
     sweepFaults(
         [](Stage& stage) {
             stage.host->rows("SELECT * FROM ProductTags WHERE ProductID = 5 ORDER BY Tag",

@@ -24,7 +24,7 @@ std::string detailsOf(int group) {
 constexpr auto welcomed =
     "Sales sales groups are made up of one or more sales tax codes., In the Kestrane Tessaline a customer is assigned a sales tax group. A sales tax group is made up of one or  more sales tax codes.\r\n\r\nUse the Manage Tax Codes button to create individual tax codes. Then use the Assign Tax Codes button to assign those codes to the selected tax group.";
 
-/// A company with the groups 7 and 8, of which 7 has the codes 1 and 2 of three.
+/// A company with the groups 7 and 8. Group 7 has two of the three codes, 1 and 2.
 void fill(Stage& stage) {
     stage.host->rows("SELECT * FROM SalesTaxGroups ORDER BY SalesTaxGroup",
                      "<Records><Record><ID>7</ID><SalesTaxGroup>Merriden</SalesTaxGroup></Record>"
@@ -46,7 +46,7 @@ void fill(Stage& stage) {
     stage.host->on("Database.ExecuteNonQueryWithID", Variant(7));
 }
 
-TEST(SalesTaxGroups, ShowTheCodesAndTheCombinedRateOfTheSelectedGroup) {
+TEST(SalesTaxGroups, TheCodesAndTheCombinedRateOfTheSelectedGroupAreShown) {
     Stage stage;
     fill(stage);
     stage.desktop.user<SalesTaxGroupsScreen>("frmSalesTaxGroups", [&](SalesTaxGroupsScreen& list) {
@@ -73,7 +73,7 @@ TEST(SalesTaxGroups, ShowTheCodesAndTheCombinedRateOfTheSelectedGroup) {
                 ElementsAre("DELETE FROM SalesTaxGroups WHERE ID = 7"));
 }
 
-TEST(SalesTaxGroups, LeadAFirstTimeUserFromCodesToAGroup) {
+TEST(SalesTaxGroups, AFirstTimeUserIsLedFromCodesToAGroup) {
     for (const bool makesACode : {true, false}) {
         Stage stage;
         fill(stage);
@@ -119,7 +119,7 @@ TEST(SalesTaxGroups, LeadAFirstTimeUserFromCodesToAGroup) {
     }
 }
 
-TEST(SalesTaxGroupCodes, ReplaceTheGroupsSetByWhatIsTicked) {
+TEST(SalesTaxGroupCodes, TheTickedCodesReplaceTheGroupsCodes) {
     struct Case {
         std::vector<std::size_t> toggled;
         std::vector<int> saved;
@@ -146,7 +146,7 @@ TEST(SalesTaxGroupCodes, ReplaceTheGroupsSetByWhatIsTicked) {
     }
 }
 
-TEST(SalesTaxGroupCodes, AFailureIsToldAndCanBeTriedAgain) {
+TEST(SalesTaxGroupCodes, AFailureIsReportedAndCanBeRepeated) {
     for (const int failing : {1, 3}) {
         Stage stage;
         fill(stage);
@@ -167,7 +167,7 @@ TEST(SalesTaxGroupCodes, AFailureIsToldAndCanBeTriedAgain) {
                 (failing == 1 ? "3738" : "3739") +
                 "), This typically happens if the database is in use by another user or program. Try saving again. If the problem persists, close the program, restart and try again., the database's own words"));
     }
-    Stage stage;  // a group that is gone
+    Stage stage;  // a group that no longer exists
     EXPECT_FALSE(stage.library->ShowSalesTaxGroupCodes(9));
     EXPECT_EQ(stage.desktop.boxes.size(), 1U);
     fill(stage);
@@ -177,7 +177,7 @@ TEST(SalesTaxGroupCodes, AFailureIsToldAndCanBeTriedAgain) {
     EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"), IsEmpty());
 }
 
-TEST(SalesTaxGroups, EveryHostFaultIsToldAndWipesNoCodes) {
+TEST(SalesTaxGroups, EveryHostFaultIsReportedAndLosesNoCodes) {
     sweepFaults(
         [](Stage& stage) {
             fill(stage);
@@ -191,7 +191,7 @@ TEST(SalesTaxGroups, EveryHostFaultIsToldAndWipesNoCodes) {
                 list.cmdAssignTaxCodes.userPress();
             });
             stage.library->ShowSalesTaxGroups();
-            // A set that was deleted is written again, or the failure to do so is told.
+            // After the codes were deleted, they are inserted again or the failure is reported.
             const auto statements = stage.host->callsOf("Database.ExecuteNonQuery");
             const bool half = !statements.empty() && statements.size() < 3;
             EXPECT_TRUE(!half || !stage.host->callsOf("ShowAndLogErrorMessage").empty());

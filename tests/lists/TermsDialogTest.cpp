@@ -43,7 +43,7 @@ TEST(TermsDialog, LoadsTheRowAndSavesIt) {
         EXPECT_EQ(box(dialog, "txtDiscountDays").text(), "10");
         EXPECT_TRUE(exported(dialog).checked());
         EXPECT_EQ(dialog.focusedControl(), dialog.control("txtTerms"));
-        dialog.activate();  // coming back from a message box must not load again
+        dialog.activate();  // activation after a message box does not load again
         type(dialog, "  O'Brien's 3%  ", "45", "3", "15");
         exported(dialog).userCheck(false);
         dialog.cmdOK.userPress();
@@ -69,14 +69,14 @@ TEST(TermsDialog, InsertsANewRowAndReturnsItsKey) {
     });
     EXPECT_EQ(stage.library->ShowEditTerms(0), 12);
     EXPECT_THAT(stage.host->callsOf("Database.ExecuteRead"), IsEmpty());
-    // The name's "<d>" is filled by the later tag: how these templates work.
+    // The "<d>" in the name is replaced by the value of the later tag (deliberate).
     EXPECT_THAT(
         stage.host->callsOf("Database.ExecuteNonQueryWithID"),
         ElementsAre(
             "INSERT INTO Terms (Terms,DueDays,Discount,DiscountDays,Exported) VALUES('Net 0 {0}', 0, 0.025, 0, 1)"));
 }
 
-TEST(TermsDialog, EveryWayOut) {
+TEST(TermsDialog, OnlyOkSaves) {
     struct Way {
         const char* name;
         std::function<void(RecordDialog&)> leave;
@@ -132,7 +132,7 @@ TEST(TermsDialog, NumbersAreCorrectedBeforeTheyReachTheDatabase) {
     struct Case {
         const char *dueIn, *discount, *days;
         const char* filled;
-        const char* filledByHost;  ///< by a host whose checker leaves every number as it is
+        const char* filledByHost;  ///< with a host whose checker changes no number
     };
     const Case cases[] = {
         {"-5", "1000", "1e2", "0, 10, 100", "-5, 10, 100"},
@@ -188,7 +188,7 @@ TEST(TermsDialog, LeavingANumericFieldLetsTheHostCorrectItsTextBox) {
     stage.library->ShowEditTerms(0);
 }
 
-TEST(TermsDialog, AFailedSaveKeepsTheInputAndCanBeTriedAgain) {
+TEST(TermsDialog, AFailedSaveKeepsTheInputAndCanBeRepeated) {
     for (const std::int32_t ID : {0, 7}) {
         Stage stage;
         stage.host->rows(readSeven, rowSeven);
@@ -212,7 +212,7 @@ TEST(TermsDialog, AFailedSaveKeepsTheInputAndCanBeTriedAgain) {
     }
 }
 
-TEST(TermsDialog, TheCloseBoxIsRefusedWhileItSaves) {
+TEST(TermsDialog, TheCloseBoxIsRefusedWhileSaving) {
     Stage stage;
     RecordDialog* open = nullptr;
     stage.host->on("Database.ExecuteNonQueryWithID", [&](Arguments) {
@@ -228,7 +228,7 @@ TEST(TermsDialog, TheCloseBoxIsRefusedWhileItSaves) {
     EXPECT_EQ(stage.library->ShowEditTerms(0), 3);
 }
 
-TEST(TermsDialog, ARowThatCouldNotBeReadCannotBeSavedOver) {
+TEST(TermsDialog, ARowThatCouldNotBeReadCannotBeOverwritten) {
     for (const char* answer : {"<Records><Record>", "no xml at all"}) {
         Stage stage;
         stage.host->rows(readSeven, answer);
@@ -243,7 +243,7 @@ TEST(TermsDialog, ARowThatCouldNotBeReadCannotBeSavedOver) {
     }
 }
 
-TEST(TermsDialog, OddNamesTravelWhole) {
+TEST(TermsDialog, NamesWithSpecialCharactersAreStoredUnchanged) {
     std::string longName;
     while (longName.size() < 60'000)
         longName += "Zahlung \xF0\x9F\xAA\x9F \"\\ ";
@@ -262,7 +262,7 @@ TEST(TermsDialog, OddNamesTravelWhole) {
     }
 }
 
-TEST(TermsDialog, EveryHostFaultIsToldAndKeepsTheInput) {
+TEST(TermsDialog, EveryHostFaultIsReportedAndKeepsTheInput) {
     for (const std::int32_t ID : {0, 7}) {
         sweepFaults(
             [ID](Stage& stage) {

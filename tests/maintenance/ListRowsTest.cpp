@@ -9,7 +9,7 @@ namespace {
 using testing::ElementsAre;
 using Way = modSharedXML::RowReader::Way;
 
-TEST(ListRows, AreShownAsTheirColumnsSayWhicheverWayTheyAreRead) {
+TEST(ListRows, AreFormattedByColumnForEveryWayOfReading) {
     const Choice kinds[] = {{0, "None"}, {2, "Two"}};
     const ListColumn columns[] = {{"Name", 100, "Name"},
                                   {"Active", 50, "Active", ListColumn::Show::YesNo},

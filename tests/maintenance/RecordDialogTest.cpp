@@ -14,7 +14,7 @@ using Box = ScriptedDesktop::Box;
 
 constexpr Choice kinds[] = {{0, "None"}, {4, "Four"}};
 
-/// A record whose first field is no text, read as a recordset, with every rule that statements tell apart.
+/// A record whose first field is not a text field, read as a recordset, with every rule that affects statements.
 const RecordDescription sample{
     .table = "Samples",
     .newCaption = "New Sample",
@@ -76,7 +76,7 @@ struct SampleStage : Stage {
     }
 };
 
-TEST(RecordDialog, ARowIsShownFromARecordsetAndWrittenInTheOrderOfItsFields) {
+TEST(RecordDialog, ARowIsReadFromARecordsetAndWrittenInTheOrderOfItsFields) {
     SampleStage stage;
     const auto closed = stage.edit(7, [](SampleDialog& dialog) {
         EXPECT_EQ(dialog.comboBox("cboKind").text(), "9") << "a number of another version is kept";
@@ -95,7 +95,7 @@ TEST(RecordDialog, ARowIsShownFromARecordsetAndWrittenInTheOrderOfItsFields) {
             "ShipToCountry = '', ValidateAddresses = 1 WHERE ID = 7"));
 }
 
-TEST(RecordDialog, ANewRecordIsValidatedFieldByFieldOnThePageWhereTheFieldStands) {
+TEST(RecordDialog, ANewRecordIsValidatedFieldByFieldAndTheFieldsPageIsShown) {
     SampleStage stage;
     stage.host->on("Database.ExecuteNonQueryWithID", Variant(12));
     bool taken = true;
@@ -130,7 +130,7 @@ TEST(RecordDialog, ANewRecordIsValidatedFieldByFieldOnThePageWhereTheFieldStands
             "VALUES(4, 'O''Neil', '', NULL, 0, '', '', '', '', '', '', 1, 0)"));
 }
 
-TEST(RecordDialog, WhileItSavesNothingElseCanBePressed) {
+TEST(RecordDialog, OkCancelAndCloseBoxAreDisabledWhileSaving) {
     SampleStage stage;
     SampleDialog* open = nullptr;
     stage.host->on("Database.ExecuteNonQuery", [&](Arguments) {
@@ -148,7 +148,7 @@ TEST(RecordDialog, WhileItSavesNothingElseCanBePressed) {
     EXPECT_EQ(stage.host->callsOf("ShowAndLogErrorMessage").size(), 1U);
 }
 
-TEST(RecordDialog, ARecordsetThatIsClosedShowsNothingLikeARowThatIsGone) {
+TEST(RecordDialog, AClosedRecordsetIsShownLikeAMissingRow) {
     for (const bool closed : {false, true}) {
         SampleStage stage;
         if (closed) stage.host->on("CurrentCompanyConn.Execute", Variant(ObjectPtr()));
@@ -160,7 +160,7 @@ TEST(RecordDialog, ARecordsetThatIsClosedShowsNothingLikeARowThatIsGone) {
     }
 }
 
-TEST(RecordDialog, NoFaultOfTheHostLosesInputOrWritesAnythingElse) {
+TEST(RecordDialog, NoHostFaultLosesInputOrWritesAnythingElse) {
     for (const std::int32_t ID : {0, 7}) {
         sweepFaults(
             [&](Stage& stage) {
