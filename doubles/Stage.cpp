@@ -51,7 +51,7 @@ void sweepFaults(const std::function<void(Stage&)>& scenario, const std::functio
         calls = stage.host->callCount();
         clean = writings(*stage.host);
     }
-    ASSERT_GT(calls, 0) << "the scenario asks nothing of the host";
+    ASSERT_GT(calls, 0) << "the scenario does not call the host";
     using Fault = RecordingHost::Fault;
     for (const Fault fault : {Fault::Raise, Fault::False, Fault::Nothing, Fault::WrongType, Fault::Empty}) {
         for (int call = 0; call < calls; ++call) {
@@ -65,7 +65,7 @@ void sweepFaults(const std::function<void(Stage&)>& scenario, const std::functio
                 EXPECT_TRUE(clean.contains(writing)) << "the clean run does not send " << writing;
             EXPECT_TRUE(stage.library->screens().empty()) << "a screen was left in its slot";
             stage.library->PreTerminate();
-            EXPECT_EQ(stage.host->liveObjects(), 0) << "the module keeps an object of the host";
+            EXPECT_EQ(stage.host->liveObjects(), 0) << "the module still references an object of the host";
         }
     }
 }

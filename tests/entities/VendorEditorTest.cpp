@@ -105,7 +105,7 @@ TEST(VendorEditor, ANewVendorGetsTheDefaultsAndIsInserted) {
                          [](VendorEditor& editor) {
                              EXPECT_EQ(editor.caption(), "New Vendor");
                              EXPECT_EQ(combo(editor, "cboPhone2Label").text(), "Cell");
-                             EXPECT_EQ(editor.comboBox("cboTerms").text(), "COD") << "no default: the first";
+                             EXPECT_EQ(editor.comboBox("cboTerms").text(), "COD") << "without a default the first entry is selected";
                              EXPECT_TRUE(editor.checkBox("chkActive").checked());
                              EXPECT_TRUE(editor.textBox("txtUniqueID").enabled());
                              EXPECT_FALSE(editor.imgLocked.visible());
@@ -127,7 +127,7 @@ TEST(VendorEditor, ANewVendorGetsTheDefaultsAndIsInserted) {
               12);
     EXPECT_THAT(stage.inserted(), ElementsAre(insertedWhole));
     EXPECT_THAT(stage.host->callsOf("Activity.RecordCustomerActivity"), ElementsAre("12, Vendor added."))
-        << "noted among the customers";
+        << "the entry is stored as customer activity";
     EXPECT_THAT(stage.host->callsOf("Activity.RecordVendorActivity"), IsEmpty());
     EXPECT_THAT(stage.host->callsOf("RecordEvent"), ElementsAre("2, Vendor 'O'Dell was added."));
     EXPECT_THAT(stage.host->callsOf("Messages.PostMessage"), ElementsAre("6001, 12"));
@@ -151,7 +151,7 @@ TEST(VendorEditor, AVendorIsLoadedAndUpdatedAndTheHistoryShowsTheChange) {
         stage.edit(7,
                    [](VendorEditor& editor) {
                        EXPECT_EQ(editor.caption(), "Edit Vendor");
-                       EXPECT_EQ(combo(editor, "cboPhone1Label").text(), "Hut") << "though not in the list";
+                       EXPECT_EQ(combo(editor, "cboPhone1Label").text(), "Hut") << "a label that is not in the list is kept";
                        EXPECT_EQ(editor.textBox("txtBillToAddress").text(), "1 Mill St\r\nReno\r\n89501");
                        EXPECT_EQ(editor.comboBox("cboTerms").text(), "Net 30");
                        EXPECT_EQ(editor.textBox("txtMargin").text(), "40");
@@ -241,7 +241,7 @@ TEST(VendorEditor, MarginsAreStoredAsFractions) {
         EXPECT_THAT(stage.inserted(), ElementsAre(testing::EndsWith(margins))) << c.typed;
         EXPECT_THAT(stage.host->callsOf("tslnnum5.Checker.CheckDecimal"),
                     Contains("object, -100000, 10000, 0").Times(1))
-            << "only when the box is left";
+            << "the number is corrected only when the box is left";
     }
     // OK pressed while the box has the focus saves the number that its text reads as.
     VendorStage stage;
@@ -502,7 +502,7 @@ TEST(VendorEditor, EveryHostFaultIsReportedAndKeepsTheInput) {
                         const bool toldBefore = stage.told();
                         editor.cmdOK.userPress();
                         if (editor.shown()) {
-                            EXPECT_TRUE(stage.told()) << "still open, and nobody said why";
+                            EXPECT_TRUE(stage.told()) << "the dialog stays open without a message";
                             EXPECT_EQ(editor.textBox("txtName").text(), "Typed");
                             EXPECT_EQ(editor.textBox("txtNotes").text(), "typed, too");
                             EXPECT_TRUE(editor.cmdOK.enabled() && editor.cmdCancel.enabled());
@@ -510,7 +510,7 @@ TEST(VendorEditor, EveryHostFaultIsReportedAndKeepsTheInput) {
                             // no notice without a saved row
                             EXPECT_THAT(stage.host->callsOf("Messages.PostMessage"), IsEmpty());
                         } else if (!stage.told() && !toldBefore) {
-                            EXPECT_GE(editor.ID, 1) << "closed as saved without a key";
+                            EXPECT_GE(editor.ID, 1) << "closed as saved, but has no key";
                             EXPECT_EQ(stage.host->callsOf("Messages.PostMessage").size(), 1U);
                             EXPECT_EQ(stage.host->callsOf("RecordEvent").size(), 1U);
                         }

@@ -291,7 +291,7 @@ TEST(Catalogue, EveryHostFaultIsReportedAndLosesNothing) {
                 if (typed) typeAll(dialog, m);
                 dialog.cmdOK.userPress();
                 if (!dialog.shown()) return;
-                EXPECT_TRUE(stage.told()) << "still open, and nobody said why";
+                EXPECT_TRUE(stage.told()) << "the dialog stays open without a message";
                 EXPECT_TRUE(!typed || entered(dialog, m.typed.front().control) == "O'Neil");
                 dialog.cmdCancel.userPress();
             };

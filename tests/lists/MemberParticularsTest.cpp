@@ -181,7 +181,7 @@ TEST(Locations, TheDialogSavesEveryField) {
         enter(dialog, "txtPhone2", "22");
         enter(dialog, "txtShipToAddress", "a|b|c|d|e|f");
         dialog.control("txtShipToAddress")->userLeft();
-        EXPECT_EQ(entered(dialog, "txtShipToAddress"), "A|B|C|D|E|F") << "as the host puts it right";
+        EXPECT_EQ(entered(dialog, "txtShipToAddress"), "A|B|C|D|E|F") << "as the host corrects it";
         enter(dialog, "txtMarketNumber", "9");
         dialog.cmdOK.userPress();
         EXPECT_TRUE(dialog.shown());
@@ -312,7 +312,7 @@ TEST(ProductTags, AreAddedAndDeleted) {
         list.cmdNew.userPress();
         selectAll(list.rptItems);
         EXPECT_TRUE(list.cmdNew.enabled() && list.cmdDelete.enabled());
-        EXPECT_FALSE(list.cmdEdit.enabled()) << "there is nothing to edit about a tag of a product";
+        EXPECT_FALSE(list.cmdEdit.enabled()) << "a product tag cannot be edited";
         list.rptItems.userDoubleClick(0);
         list.cmdDelete.userPress();
     });
@@ -354,7 +354,7 @@ TEST(PortfolioTags, AreRenamedInAllFiles) {
         EXPECT_EQ(list.rptItems.rowText(0, 1), "a.jpg");
         selectAll(list.rptItems);
         EXPECT_TRUE(list.cmdEdit.enabled() && list.cmdDelete.enabled());
-        EXPECT_FALSE(list.cmdNew.enabled()) << "files get their tags elsewhere";
+        EXPECT_FALSE(list.cmdNew.enabled()) << "tags are assigned to files elsewhere";
         list.rptItems.userDoubleClick(0);  // the close box, after the failure
     });
     open(stage, Operation::ShowPortfolioTags);

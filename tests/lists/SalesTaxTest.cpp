@@ -63,7 +63,7 @@ TEST(SalesTaxGroups, TheCodesAndTheCombinedRateOfTheSelectedGroupAreShown) {
         EXPECT_EQ(list.lblCombinedRate.caption(), "Combined rate: 0");
         stage.host->on("CurrentCompanyConn", Variant(ObjectPtr()));
         selectRows(list.rptItems, {0});
-        EXPECT_EQ(list.lblCombinedRate.caption(), "Combined rate:") << "no connection, no rate";
+        EXPECT_EQ(list.lblCombinedRate.caption(), "Combined rate:") << "without a connection no rate is shown";
         list.cmdDelete.userPress();
     });
     stage.library->ShowSalesTaxGroups();
@@ -155,7 +155,7 @@ TEST(SalesTaxGroupCodes, AFailureIsReportedAndCanBeRepeated) {
         stage.desktop.user<SalesTaxGroupCodes>("frmSalesTaxGroupCodes", [&](SalesTaxGroupCodes& screen) {
             screen.cmdOK.userPress();
             EXPECT_TRUE(screen.shown());
-            EXPECT_EQ(tries, failing) << "nothing goes on after a failure";
+            EXPECT_EQ(tries, failing) << "the first failure ends the saving";
             screen.cmdOK.userPress();
             EXPECT_FALSE(screen.shown());
         });

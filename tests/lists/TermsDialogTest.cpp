@@ -273,10 +273,10 @@ TEST(TermsDialog, EveryHostFaultIsReportedAndKeepsTheInput) {
                     if (dialog.shown()) {
                         EXPECT_EQ(box(dialog, "txtTerms").text(), "Net 5");
                         EXPECT_EQ(box(dialog, "txtDueIn").text(), "5");
-                        EXPECT_TRUE(stage.told()) << "still open, and nobody said why";
+                        EXPECT_TRUE(stage.told()) << "the dialog stays open without a message";
                     } else {
                         EXPECT_FALSE(dialog.Cancelled);
-                        EXPECT_GE(dialog.ID, 1) << "closed as saved without a key";
+                        EXPECT_GE(dialog.ID, 1) << "closed as saved, but has no key";
                     }
                     dialog.cmdCancel.userPress();
                 });

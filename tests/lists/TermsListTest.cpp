@@ -191,7 +191,7 @@ TEST(TermsList, NewAndEditShowTheSavedRow) {
     stage.desktop.user<ListScreen>("frmTerms", [](ListScreen& list) {
         list.rptItems.userInsertKey();
         EXPECT_THAT(names(list), ElementsAre("COD", "Net 15", "Net 30", "Net 60"));
-        EXPECT_THAT(list.rptItems.selectedRows(), ElementsAre(3U)) << "the new row is at hand";
+        EXPECT_THAT(list.rptItems.selectedRows(), ElementsAre(3U)) << "the new row is selected";
         EXPECT_TRUE(list.cmdEdit.enabled());
         select(list, {1});
         list.rptItems.userDoubleClick(1);

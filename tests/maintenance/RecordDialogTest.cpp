@@ -79,7 +79,7 @@ struct SampleStage : Stage {
 TEST(RecordDialog, ARowIsReadFromARecordsetAndWrittenInTheOrderOfItsFields) {
     SampleStage stage;
     const auto closed = stage.edit(7, [](SampleDialog& dialog) {
-        EXPECT_EQ(dialog.comboBox("cboKind").text(), "9") << "a number of another version is kept";
+        EXPECT_EQ(dialog.comboBox("cboKind").text(), "9") << "a number that is not among the choices is kept";
         EXPECT_EQ(dialog.textBox("txtRate").text(), "12.5");
         EXPECT_EQ(dialog.comboBox("cboTerms").text(), "Net 30");
         EXPECT_EQ(dialog.textBox("txtShipTo").text(), "Reno");
@@ -102,7 +102,7 @@ TEST(RecordDialog, ANewRecordIsValidatedFieldByFieldAndTheFieldsPageIsShown) {
     stage.host->on("Common.RecordExists", [&](Arguments) { return Variant(taken); });
     const auto closed = stage.edit(0, [&](SampleDialog& dialog) {
         EXPECT_EQ(dialog.caption(), "New Sample");
-        EXPECT_EQ(dialog.comboBox("cboTerms").text(), "COD") << "no default: the first";
+        EXPECT_EQ(dialog.comboBox("cboTerms").text(), "COD") << "without a default the first entry is selected";
         dialog.cmdOK.userPress();
         EXPECT_EQ(dialog.focusedControl(), &dialog.comboBox("cboKind"));
         dialog.comboBox("cboKind").userChoose(1);
@@ -112,7 +112,7 @@ TEST(RecordDialog, ANewRecordIsValidatedFieldByFieldAndTheFieldsPageIsShown) {
         EXPECT_EQ(dialog.focusedControl(), &dialog.textBox("txtCode"));
         dialog.textBox("txtCode").userType(" O'Neil ");
         dialog.cmdOK.userPress();
-        EXPECT_TRUE(dialog.shown()) << "the code is taken";
+        EXPECT_TRUE(dialog.shown()) << "another row has this code";
         taken = false;
         dialog.comboBox("cboTerms").userChoose(-1);
         dialog.cmdOK.userPress();

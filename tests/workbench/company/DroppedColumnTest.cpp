@@ -7,7 +7,7 @@
 namespace tsln::workbench {
 namespace {
 
-TEST_F(CompanyTest, AnUpgradeDropsWhatVendorsNoLongerHave) {
+TEST_F(CompanyTest, AnUpgradeDropsTheColumnOfVendors) {
     SQLite::Database file(company_.path(), SQLite::OPEN_READWRITE);
     addSqlFunctions(file);
     const std::string vendors = rows("SELECT * FROM Vendors ORDER BY ID");

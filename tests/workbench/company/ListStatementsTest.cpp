@@ -7,7 +7,7 @@ namespace tsln::workbench {
 
 namespace {
 
-/// The statement with a number in each place that callers fill.
+/// Replaces each placeholder of a statement by a number.
 std::string filled(std::string statement) {
     for (std::size_t at = 0; (at = statement.find_first_of("<{", at)) != std::string::npos; ++at) {
         const std::size_t end = statement.find_first_not_of("abcdefghijklmnopqrstuvwxyz0123456789", at + 1);
@@ -21,7 +21,7 @@ std::string filled(std::string statement) {
 
 class ListStatementsTest : public CompanyTest {
   protected:
-    /// Runs the statement and takes back what it did. Returns the database's refusal, empty for none.
+    /// Runs the statement and undoes it. Returns the database's error text, or an empty text.
     std::string refusal(const std::string& statement) {
         struct TakeBack {};
         std::string text;
@@ -40,7 +40,7 @@ class ListStatementsTest : public CompanyTest {
     }
 };
 
-/// What the screens of the lists send, in their words.
+/// The statements of the list screens, literally.
 const char* const statements[] = {
     "SELECT * FROM Terms ORDER BY Terms",
     "INSERT INTO Terms (Terms,DueDays,Discount,DiscountDays,Exported) VALUES('<t>', <dd>, <dis>, <d>, <ex>)",
@@ -151,7 +151,8 @@ const char* const statements[] = {
     "UPDATE Accounts SET Account = '<a>', AccountType = <t>, Exported = <ex> WHERE ID = <id>",
 };
 
-/// Each list, its name column, and what refers to it: table, column. Empty where nothing is counted or moved.
+/// Each list, its name column, and the references to it: table, column. Empty where no references are counted or
+/// moved.
 const struct {
     const char *list, *name;
     std::vector<std::pair<const char*, const char*>> references;
@@ -197,7 +198,7 @@ const struct {
     {"Locations", "LocationName", {{"Customers", "LocationID"}, {"Orders", "LocationID"}}},
 };
 
-TEST_F(ListStatementsTest, TheDatabaseTakesEveryStatement) {
+TEST_F(ListStatementsTest, TheDatabaseAcceptsEveryStatement) {
     for (const char* statement : statements)
         EXPECT_EQ(refusal(statement), "") << statement;
     for (const auto& [list, name, references] : lists) {
@@ -219,7 +220,7 @@ TEST_F(ListStatementsTest, TheDatabaseTakesEveryStatement) {
     }
 }
 
-TEST_F(ListStatementsTest, WhatNoServerTakesFailsWithItsWords) {
+TEST_F(ListStatementsTest, AStatementThatTheServerRefusesFailsWithTheServersMessage) {
     EXPECT_EQ(
         refusal(
             "INSERT INTO Locations (LocationName,Email,WebSite,Phone1Label,Phone1,Phone2Label,Phone2,Phone3Label,"
@@ -230,7 +231,7 @@ TEST_F(ListStatementsTest, WhatNoServerTakesFailsWithItsWords) {
         "The column name 'MarketName' is specified more than once in the SET clause or column list of an INSERT. A column cannot be assigned more than one value in the same clause.");
 }
 
-TEST_F(ListStatementsTest, TheDemonstrationCompanyRefersToItsLists) {
+TEST_F(ListStatementsTest, TheDemonstrationCompanyUsesItsLists) {
     Company demonstration(folder_.file("demonstration.company"));
     const auto found = [&](const std::string& sql) { return rows(demonstration, sql); };
     for (const auto& [list, name, references] : lists) {
@@ -245,7 +246,7 @@ TEST_F(ListStatementsTest, TheDemonstrationCompanyRefersToItsLists) {
             EXPECT_EQ(dangling, "0") << table << "." << column;
         }
     }
-    // something to delete in each list that refuses what is in use
+    // each list that refuses to delete used rows has a row that can be deleted
     for (const char* list : {"ProductTypes", "Manufacturers", "ShippingMethods", "JobTypes", "CustomerTypes",
                              "PaymentMethods", "ReferralMethods", "Locations", "Accounts", "Terms"}) {
         for (const auto& row : lists) {

@@ -27,17 +27,17 @@ void choose(ComboBox& combo, std::string_view text) {
     for (std::size_t i = 0; i < combo.entries().size(); ++i) {
         if (combo.entries()[i].text == text) return combo.userChoose(static_cast<int>(i));
     }
-    ADD_FAILURE() << "no entry " << text;
+    ADD_FAILURE() << "there is no entry " << text;
 }
 
 void select(ListScreen& list, std::string_view name) {
     for (std::size_t row = 0; row < list.rptItems.rowCount(); ++row) {
         if (list.rptItems.rowText(row, 0) == name) return list.rptItems.userSelect(std::array{row}, row);
     }
-    ADD_FAILURE() << "no row " << name;
+    ADD_FAILURE() << "there is no row " << name;
 }
 
-TEST(ListsOnCompany, EveryListOpensOverTheCompanysRows) {
+TEST(ListsOnCompany, EveryListShowsTheCompanysRows) {
     struct Case {
         Operation open;
         const char *screen, *count;
@@ -101,7 +101,7 @@ TEST(ListsOnCompany, ALocationIsEditedWithItsAddress) {
     EXPECT_THAT(stage.ui.shown, IsEmpty());
 }
 
-TEST(ListsOnCompany, ADiscountGroupGoesWithItsDiscountsAndItsCustomersMove) {
+TEST(ListsOnCompany, DeletingADiscountGroupDeletesItsDiscountsAndMovesItsCustomers) {
     ModuleStage stage;
     const std::string going = stage.value("SELECT ID FROM DiscountGroups WHERE DiscountGroup = 'Designers'");
     stage.run("UPDATE Customers SET DiscountGroupID = " + going + " WHERE ID <= 2");
@@ -136,7 +136,7 @@ TEST(ListsOnCompany, ADiscountGroupGoesWithItsDiscountsAndItsCustomersMove) {
     EXPECT_EQ(stage.lastEvent(), "The discount group 'Designers' was deleted.");
 }
 
-TEST(ListsOnCompany, SalesTaxCodesMakeUpAGroup) {
+TEST(ListsOnCompany, SalesTaxCodesAreAssignedToAGroup) {
     ModuleStage stage;
     stage.run("DELETE FROM SalesTaxGroupCodes");
     stage.run("DELETE FROM SalesTaxCodes");
@@ -179,7 +179,7 @@ TEST(ListsOnCompany, SalesTaxCodesMakeUpAGroup) {
     EXPECT_THAT(stage.ui.shown.back().text, HasSubstr("referenced 1 times"));
 }
 
-TEST(ListsOnCompany, ReferencesMoveAndAreCounted) {
+TEST(ListsOnCompany, ReferencesAreMovedAndCounted) {
     ModuleStage stage;
     const auto references = [&](const char* ID) {
         int sum = 0;

@@ -9,10 +9,10 @@ namespace tsln::workbench {
 
 namespace {
 
-/// Damaged statements, made by cutting, doubling and mixing the words of good ones: each runs or is refused.
+/// Damaged statements, made by deleting, replacing and inserting words of valid ones. Each must run or be refused.
 class DamagedStatements : public CompanyTest {};
 
-TEST_F(DamagedStatements, RunOrAreRefused) {
+TEST_F(DamagedStatements, EachRunsOrIsRefused) {
     const std::string statements[] = {
         "SELECT TOP 1 VendorName + ' (' + CONVERT(varchar(10), CAST(AddedOn AS DATE), 101) + ')' AS Result FROM Vendors "
         "ORDER BY AddedOn DESC",
@@ -42,7 +42,7 @@ TEST_F(DamagedStatements, RunOrAreRefused) {
         std::size_t first = below(words.size());
         std::vector<std::string> damaged(words.begin() + long(first),
                                          words.begin() + long(std::min(words.size(), first + 1 + below(40))));
-        if (round % 2 == 0) {  // a whole statement instead of a piece from anywhere
+        if (round % 2 == 0) {  // a complete statement instead of an arbitrary part
             damaged.clear();
             std::size_t start = 0;
             for (std::size_t skip = below(5); skip > 0; --skip) {
@@ -78,7 +78,7 @@ TEST_F(DamagedStatements, RunOrAreRefused) {
     }
     EXPECT_GT(ran, 50);
     EXPECT_GT(refused, 1000);
-    EXPECT_EQ(rows("SELECT COUNT(*) FROM Customers"), "60");  // no statement reached beyond its tables
+    EXPECT_EQ(rows("SELECT COUNT(*) FROM Customers"), "60");  // no statement changed another table
 }
 
 }  // namespace

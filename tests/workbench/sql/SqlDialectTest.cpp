@@ -27,7 +27,7 @@ class SqlDialectTest : public CompanyTest {
     }
 };
 
-TEST_F(SqlDialectTest, ReadsTables) {
+TEST_F(SqlDialectTest, SelectsReadTables) {
     check({
         {"SELECT TOP 1 Terms FROM Terms ORDER BY DueDays DESC", "net 60"},
         {"select top (2) DueDays from dbo.Terms order by DueDays", "7;30"},
@@ -59,7 +59,7 @@ TEST_F(SqlDialectTest, ReadsTables) {
     });
 }
 
-TEST_F(SqlDialectTest, ComparesTextWithoutCaseAndTrailingBlanks) {
+TEST_F(SqlDialectTest, TextComparesWithoutCaseAndTrailingBlanks) {
     check({
         {"SELECT DueDays FROM Terms WHERE Terms = 'NET 30  '", "30"},
         {"SELECT DueDays FROM Terms WHERE terms = N'öSTERREICH''S TERMS'", "7"},
@@ -75,7 +75,7 @@ TEST_F(SqlDialectTest, ComparesTextWithoutCaseAndTrailingBlanks) {
     });
 }
 
-TEST_F(SqlDialectTest, AddsNumbersAndJoinsTexts) {
+TEST_F(SqlDialectTest, PlusAddsNumbersAndJoinsTexts) {
     check({
         {"SELECT 1 + 2, '1' + '2', 'a' + NULL, 1.5 + 2, '3' + 4", "3|12|3.5|7"},
         {"SELECT Terms + ' (' + CONVERT(varchar(10), DueDays) + ')' FROM Terms WHERE DueDays = 30",
@@ -89,7 +89,7 @@ TEST_F(SqlDialectTest, AddsNumbersAndJoinsTexts) {
     EXPECT_EQ(failure("SELECT 1 / (DueDays - 30) FROM Terms"), "Divide by zero error encountered.");
 }
 
-TEST_F(SqlDialectTest, ConvertsAndCalculates) {
+TEST_F(SqlDialectTest, ConversionsAndFunctionsCompute) {
     check({
         {"SELECT CONVERT(varchar(10), CAST(AddedOn AS DATE), 101) FROM Terms WHERE DueDays = 30",
          "03/04/2011"},
@@ -124,13 +124,13 @@ TEST_F(SqlDialectTest, ConvertsAndCalculates) {
               "Conversion failed when converting the text '2011-02-30' to date.");
 }
 
-TEST_F(SqlDialectTest, ChangesRows) {
+TEST_F(SqlDialectTest, StatementsChangeRows) {
     EXPECT_EQ(
         company_.execute("UPDATE Terms SET Terms = 'Net 90', DueDays = DueDays + 60 WHERE Terms = 'NET 30'"),
         1);
     EXPECT_EQ(rows("SELECT Terms, DueDays FROM Terms WHERE DueDays = 90"), "Net 90|90");
     EXPECT_EQ(company_.execute("DELETE Terms WHERE DueDays > 50"), 2);
-    // The way a role is copied.
+    // As a role is copied.
     company_.execute(
         "INSERT INTO SecurityRoles (Name, Description) SELECT 'Viewer Copy', Description from SecurityRoles where ID = 2");
     int copy = company_.lastInsertId();
@@ -139,14 +139,14 @@ TEST_F(SqlDialectTest, ChangesRows) {
                                std::to_string(copy) +
                                ",Activity,Access FROM SecurityRoleAccess WHERE SecurityRoleID = 2 "),
               40);
-    // A quoted number goes into a number column; anything else is refused.
+    // A quoted number is accepted for a number column; other text is refused.
     company_.execute(
         "INSERT INTO CustomerTypes (Name,RoundUnitPrice,RoundUnitPriceTo) VALUES('n', '1', '0.25')");
     EXPECT_EQ(rows("SELECT RoundUnitPrice, RoundUnitPriceTo FROM CustomerTypes WHERE Name = 'N'"), "1|0.25");
     EXPECT_NE(failure("UPDATE Terms SET DueDays = 'soon'"), "no failure");
 }
 
-TEST_F(SqlDialectTest, RunsTheDatabasesProcedures) {
+TEST_F(SqlDialectTest, ProceduresOfTheDatabaseRun) {
     company_.execute("INSERT INTO Customers (CustomerName, BillToCity) VALUES ('New', 'Nowhere')");
     std::string id = std::to_string(company_.lastInsertId());
     for (int i = 0; i < 2; ++i)
@@ -158,7 +158,7 @@ TEST_F(SqlDialectTest, RunsTheDatabasesProcedures) {
     EXPECT_NE(company_.read("EXEC sp_spaceused").find("<database_size>0."), std::string::npos);
 }
 
-TEST_F(SqlDialectTest, NamesWhatItDoesNotKnow) {
+TEST_F(SqlDialectTest, UnknownConstructsAreNamed) {
     auto uses = [](std::string what) {
         return "The statement uses " + what + ", which this database does not know.";
     };
@@ -217,13 +217,13 @@ TEST_F(SqlDialectTest, NamesWhatItDoesNotKnow) {
         EXPECT_EQ(failure(sql), text);
     }
     EXPECT_EQ(failure(std::string("SELECT 'a\0b'", 12)), "The statement holds a null character.");
-    // What SQLite itself must find out, with names that it would take for texts if it could.
+    // Errors found by SQLite itself, with names that it must not read as texts.
     EXPECT_EQ(failure("SELECT ID FROM Vendodrs WHERE VendorName = 'x'"), "no such table: Vendodrs");
     EXPECT_EQ(failure("SELECT Missing FROM Terms"), "no such column: Missing");
     EXPECT_EQ(rows("SELECT COUNT(*) FROM Terms"), "3");
 }
 
-TEST_F(SqlDialectTest, NestsOnlySoDeep) {
+TEST_F(SqlDialectTest, DeepNestingIsRefused) {
     auto nested = [](int depth) {
         return "SELECT " + std::string(depth, '(') + "1" + std::string(depth, ')');
     };
@@ -232,7 +232,7 @@ TEST_F(SqlDialectTest, NestsOnlySoDeep) {
     EXPECT_EQ(failure("SELECT " + std::string(100'000, '~') + "1").find("no failure"), std::string::npos);
 }
 
-TEST_F(SqlDialectTest, TranslatesStatementsOfAMegabyte) {
+TEST_F(SqlDialectTest, StatementsOfAMegabyteAreTranslated) {
     std::string list = "SELECT ID FROM Terms WHERE ID IN (0", sum = "SELECT 1",
                 comparisons = "SELECT 1 WHERE 1 = 1";
     while (list.size() < 1'000'000)
