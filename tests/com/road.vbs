@@ -1,5 +1,5 @@
-' The whole road in a script host: a client that knows the module by name alone, with a host of its own making.
-'   cscript road.vbs DRIVER     DRIVER: the program that plays the user at the windows
+' Uses the module from beginning to end in a script host: a late-bound client with its own host object.
+'   cscript road.vbs DRIVER     DRIVER: the program that operates the windows
 Option Explicit
 
 Dim failures : failures = 0
@@ -10,7 +10,7 @@ Sub Expect(what, wanted, found)
     End If
 End Sub
 
-' The company: rows of terms by their ID, which the statements below are carried out on.
+' The company: the terms by their ID. The host object below carries out statements on them.
 Dim rows : Set rows = CreateRows()
 Function CreateRows()
     Set CreateRows = WScript.CreateObject("Scripting.Dictionary")
@@ -153,6 +153,6 @@ On Error GoTo 0
 
 library.PreTerminate
 Set library = Nothing
-If InStr(log, "ERROR") Then Expect "no errors told", "", log
+If InStr(log, "ERROR") Then Expect "no errors reported", "", log
 WScript.Echo "road: " & failures & " failure(s)"
 WScript.Quit failures

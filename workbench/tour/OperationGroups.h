@@ -22,7 +22,7 @@ std::span<const OperationGroup> operationGroups();
 /// Groups without a match are left out; an empty search text matches all operations.
 std::vector<OperationGroup> findOperations(std::string_view search);
 
-/// The declaration of an operation: "ShowMoveReferences(Integer listCode, Long ID) As Boolean".
+/// Returns the declaration of an operation: "ShowMoveReferences(listCode As Integer, ID As Long) As Boolean".
 std::string signature(const OperationInfo& row);
 std::string_view typeCaption(ValueType type);
 

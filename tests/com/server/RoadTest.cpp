@@ -1,5 +1,4 @@
-// A host uses the module from begin to end: real windows over a real company database, called through COM
-// only.
+// A host uses the module from beginning to end: real windows over a real company database, called only through COM.
 
 #include <atomic>
 #include <map>
@@ -51,7 +50,7 @@ class RoadTest : public ::testing::Test {
             .toText();
     }
 
-    TempFolder folder{"Größe "};  // with a blank and a letter beyond ASCII
+    TempFolder folder{"Größe "};  // with a blank and a non-ASCII letter
     SilentUi ui;
     CompanySession session{folder.file("Road.company"), "admin", ui};
     ComPtr<ILibrary> library = newLibrary();
@@ -122,9 +121,8 @@ TEST_F(RoadTest, DefaultsComeFromTheProgramBesideTheHost) {
     EXPECT_TRUE(ui.told.empty());
 }
 
-// The host fills the editor's lists through the controls that are passed to it, and gives the row as a
-// recordset.
-TEST_F(RoadTest, AVendorIsEditedAndItsHistoryTellsTheChange) {
+// The host fills the editor's lists through the controls that are passed to it, and returns the row as a recordset.
+TEST_F(RoadTest, AVendorIsEditedAndItsHistoryShowsTheChange) {
     const std::string contact = session.company().scalar("SELECT Contact FROM Vendors WHERE ID = 3").toText();
     ASSERT_FALSE(contact.empty());
     session.company().execute("DELETE FROM VendorActivity");
@@ -149,13 +147,13 @@ TEST_F(RoadTest, AVendorIsEditedAndItsHistoryTellsTheChange) {
     EXPECT_TRUE(ui.told.empty()) << ui.told.front();
 }
 
-TEST_F(RoadTest, NothingOfTheHostIsHeldAfterAScreen) {
+TEST_F(RoadTest, NoObjectOfTheHostIsReferencedAfterAScreen) {
     const auto open = [&] {
         const User user([](WindowDriver& at) { at.press("Terms", "&Close"); });
         VARIANT_BOOL closed;
         EXPECT_EQ(S_OK, library->ShowTerms(&closed));
     };
-    open();  // creates the objects that exist once a process
+    open();  // creates the objects that exist once per process
     ComPtr<IDispatch> held;
     library->get_SharedCodeLibrary(&held);
     const ULONG references = (held->AddRef(), held->Release());
@@ -166,7 +164,7 @@ TEST_F(RoadTest, NothingOfTheHostIsHeldAfterAScreen) {
     EXPECT_EQ(objects, com::moduleReferences());
 }
 
-/// Handles messages for that many milliseconds.
+/// Handles messages for this many milliseconds.
 void pumpFor(DWORD time) {
     for (const ULONGLONG end = GetTickCount64() + time; GetTickCount64() < end; Sleep(10)) {
         for (MSG message; PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE);)
@@ -219,7 +217,7 @@ TEST_F(RoadTest, TheHostMayEndWhileAScreenIsOpen) {
         EXPECT_EQ(S_OK, library->ShowTerms(&closed));
         EXPECT_EQ(VARIANT_FALSE, closed);
     }
-    MSG message{};  // the message to quit is left for the host's own loop
+    MSG message{};  // the quit message is left for the host's own message loop
     EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
 }
 
@@ -311,7 +309,7 @@ TEST_F(RoadTest, TheHostMayReleaseTheLibraryWhileAScreenIsOpen) {
 
 // Documents of the platform ---------------------------------------------------------------------------
 
-TEST(HostDocuments, TheParserOfThePlatformIsReadInOnePiece) {
+TEST(HostDocuments, ADocumentOfThePlatformIsReadAtOnce) {
     const auto host = RecordingHost::make();
     host->on("Database.ExecuteRead", [](Arguments) {
         const ObjectPtr document = com::createComponent("MSXML2.DOMDocument");
@@ -368,7 +366,7 @@ class Stubborn {
     std::thread thread_;
 };
 
-TEST(FailingHost, EveryCallInTurnMayRaiseAndNothingIsHeld) {
+TEST(FailingHost, AnErrorInAnyCallLeavesNoReference) {
     const auto run = [](int failing, RecordingHost::Fault fault) {
         const auto host = RecordingHost::make();
         const long objects = com::moduleReferences();

@@ -118,7 +118,7 @@ TEST_F(WriteBackTest, SlotsWriteEveryTypeOfTheTable) {
     EXPECT_EQ(2.5, real);
 }
 
-TEST_F(WriteBackTest, ObjectsAreReplacedWithTheirReferencesKeptRight) {
+TEST_F(WriteBackTest, ReplacedObjectsKeepCorrectReferenceCounts) {
     const long objects = moduleReferences();
     {
         ComPtr<IDispatch> first = adopt(newDispatch(std::make_shared<Nothing>()));
