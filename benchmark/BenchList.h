@@ -6,13 +6,13 @@
 
 namespace tsln::bench {
 
-/// A list screen whose work can be called and timed.
+/// A list screen whose steps can be called and timed.
 class BenchList : public ListScreen {
   public:
     using ListScreen::ListScreen;
     using ListScreen::loadList;
 
-    /// What is read in place of the list's own statement; empty: that one.
+    /// Replaces the list's own statement; empty: the list's own.
     std::string statement;
     std::string loadStatement() const override {
         return statement.empty() ? ListScreen::loadStatement() : statement;

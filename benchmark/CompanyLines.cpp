@@ -27,7 +27,7 @@ struct Stage {
     BenchList screen;
 };
 
-/// Reads every value of every row from the database, as text.
+/// Reads all values of all rows from the database, as text.
 std::size_t readBySqlite(SQLite::Database& database, const std::string& sql) {
     SQLite::Statement statement(database, sql);
     std::size_t bytes = 0;
@@ -77,7 +77,7 @@ void measureCompany(const Settings& settings, Report& report) {
         BenchCompany company(settings.rows, settings.customers());
         measureLoad(report, "statement to list, terms", company, lists::termsList);
         measureLoad(report, "statement to list, customers", company, customersList());
-        // Most of the time above is the database's sorting; without it the host and the text count more.
+        // Sorting in the database dominates the lines above. Without it, the shares of host and text show.
         measureLoad(report, "statement to list, terms in no order", company, lists::termsList,
                     "SELECT * FROM Terms");
     }

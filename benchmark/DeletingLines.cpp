@@ -12,7 +12,7 @@ namespace {
 
 constexpr double mostToDatabase = 0.1;
 
-/// Passes calls on to a host's object, and its sub-objects' too, and adds up the seconds they take.
+/// Forwards calls to an object of the host and its sub-objects, and sums the seconds they take.
 class TimedHost : public Object {
   public:
     TimedHost(ObjectPtr target, double& seconds) : target_(std::move(target)), seconds_(seconds) {}
@@ -28,14 +28,14 @@ class TimedHost : public Object {
     double& seconds_;
 };
 
-/// A terms list over a company, its host's time known apart.
+/// A terms list over a company, with the host's time measured separately.
 struct Stage {
     explicit Stage(std::size_t rows) : company(rows, 0), screen(*library, lists::termsList) {
         library->Initialize(std::make_shared<TimedHost>(company.session().sharedCode(), hostSeconds));
         screen.load();
         screen.loadList();
     }
-    /// Deletes rows scattered over the list.
+    /// Selects rows scattered over the list.
     void select(std::size_t count) {
         ReportControl& list = screen.rptItems;
         std::vector<std::size_t> selected;
@@ -68,7 +68,7 @@ void measureDeleting(const Settings& settings, Report& report) {
     report.add(Line{"deleting a tenth of the rows, the module's share", "the host with its database",
                     spreadOf(shares), Line::Goal::AtMost, mostToDatabase});
 
-    // Each row costs its statement, so the most that is deleted here is a tenth of the other curves' rows.
+    // Every deleted row needs a statement, so this curve ends at a tenth of the other curves' rows.
     std::unique_ptr<Stage> fresh;
     std::size_t count = 0;
     measureGrowth(settings, report, "deleting the selected rows", settings.mostRows / 10,

@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <malloc.h>
 
-// The C library's own allocator, which ours below wrap.
+// The C library's allocator, which the functions below wrap.
 extern "C" {
 void* __libc_malloc(std::size_t size);
 void* __libc_calloc(std::size_t count, std::size_t size);
@@ -43,7 +43,7 @@ void* calloc(std::size_t count, std::size_t size) {
 }
 void* realloc(void* block, std::size_t size) {
     if (!counting) return __libc_realloc(block, size);
-    // Both blocks may be there for a moment, but the kernel moves large ones without.
+    // The old and the new block are not counted together: the kernel moves large blocks without copying.
     const std::ptrdiff_t before = sizeOf(block);
     void* const after = __libc_realloc(block, size);
     if (after || size == 0) current -= before;

@@ -4,8 +4,8 @@
 
 namespace tsln::bench {
 
-/// Counts the bytes that this program has from the heap while the meter lives, by any allocator that ends in
-/// malloc. One at a time, on one thread.
+/// Counts the heap bytes that this program allocates during the meter's lifetime through any function based on
+/// malloc. At most one meter at a time, on one thread.
 class HeapMeter {
   public:
     HeapMeter();
@@ -13,9 +13,9 @@ class HeapMeter {
     HeapMeter(const HeapMeter&) = delete;
     HeapMeter& operator=(const HeapMeter&) = delete;
 
-    /// The most that there was at a time, over what there was in the beginning.
+    /// The peak, relative to the start.
     std::size_t peak() const;
-    /// What there is now over what there was in the beginning; what was freed counts against it.
+    /// The current amount, relative to the start. Freeing older memory counts as negative.
     std::ptrdiff_t now() const;
 };
 

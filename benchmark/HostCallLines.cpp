@@ -10,8 +10,8 @@ constexpr auto load = "SELECT * FROM Terms ORDER BY Terms";
 constexpr auto rows =
     "<Records><Record><ID>1</ID><Terms>COD</Terms></Record><Record><ID>2</ID><Terms>Net 30</Terms></Record></Records>";
 
-/// Counts what the terms list and its dialog ask of the host, one act of the user after another. Fetching a sub-object
-/// counts as a call, too.
+/// Counts the calls of the terms list and its dialog to the host for each action of the user. Fetching a sub-object
+/// counts as a call.
 class CountedActs {
   public:
     explicit CountedActs(Report& report) : report_(report) {

@@ -8,7 +8,7 @@
 
 namespace tsln::bench {
 
-/// Makes libxml2's document of it and asks an XPath, compiled beforehand, for each column of each row.
+/// Parses the text with libxml2 and evaluates a precompiled XPath for each column of each row.
 ReportRecords fillByLibxml2(const std::string& text, std::span<const ListColumn> columns);
 
 }  // namespace tsln::bench

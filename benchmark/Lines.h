@@ -9,15 +9,15 @@
 namespace tsln::bench {
 
 struct Settings {
-    std::size_t rows = 100'000;        ///< of the lists like the terms
-    std::size_t mostRows = 1'000'000;  ///< at which growth ends
+    std::size_t rows = 100'000;        ///< for lists of the terms' size
+    std::size_t mostRows = 1'000'000;  ///< the largest size of the growth curves
     bool growth = true;
 
-    /// Customers have about ten times the text of terms.
+    /// A customer has about ten times the text of a term.
     std::size_t customers() const { return rows / 10; }
 };
 
-/// A group of lines that are measured together.
+/// A group of lines measured together.
 struct Group {
     std::string_view name;
     bool onDisplay;  ///< needs real windows
@@ -42,7 +42,7 @@ inline constexpr Group groups[] = {
     {"start", true, measureStart},
 };
 
-/// Measures a thing at sizes from 1,000 to `most` rows, some rounds each, and adds the curve of the medians.
+/// Measures work at sizes from 1,000 to `most` rows, several rounds each, and adds the curve of the medians.
 template <class Make>
 void measureGrowth(const Settings& settings, Report& report, std::string_view what, std::size_t most,
                    const Make& make, bool ofProcessor = true) {
@@ -56,7 +56,7 @@ void measureGrowth(const Settings& settings, Report& report, std::string_view wh
         curve.rows.push_back(static_cast<double>(rows));
         curve.seconds.push_back(spreadOf(contest.seconds(0)).median);
     }
-    if (curve.rows.size() < 2) return;  // too few rows to see any
+    if (curve.rows.size() < 2) return;  // too few points for a curve
     report.add(std::move(curve));
 }
 

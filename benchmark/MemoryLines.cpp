@@ -12,7 +12,7 @@ constexpr double mostMemory = 1.0;
 
 using Way = modSharedXML::RowReader::Way;
 
-/// The heap at its fullest while a text becomes a list, beyond the text itself, by the text's size.
+/// The peak of heap memory while a text becomes a list, without the text, as a multiple of the text's size.
 double peakOver(const ListDescription& list, std::string text, Way way) {
     BareList bare(list.columns);
     const auto size = static_cast<double>(text.size());

@@ -35,7 +35,7 @@ std::string toJson(const Report& report) {
 void plot(const Report& report, const std::string& file) {
     std::unique_ptr<std::FILE, int (*)(std::FILE*)> gnuplot(popen("gnuplot", "w"), pclose);
     if (report.curves().empty())
-        throw std::runtime_error("Nothing was measured that grows; there is no picture to draw.");
+        throw std::runtime_error("No growth was measured, so there is nothing to plot.");
     if (!gnuplot) throw std::runtime_error("gnuplot cannot be started.");
     std::string script =
         "set terminal svg size 900,620 font 'Inter,sans-serif,14' background '#ffffff'\n"

@@ -6,9 +6,9 @@
 
 namespace tsln::bench {
 
-/// What was measured, for machines.
+/// Returns the results as JSON.
 std::string toJson(const Report& report);
-/// The curves as an SVG picture by gnuplot. Throws std::runtime_error.
+/// Draws the curves as an SVG picture with gnuplot. Throws std::runtime_error.
 void plot(const Report& report, const std::string& file);
 
 }  // namespace tsln::bench

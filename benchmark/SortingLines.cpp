@@ -17,7 +17,7 @@ constexpr ListColumn columns[] = {
     {"Name", 200, "Name"}, {"Number", 80, "Number", ListColumn::Show::Number}, {"Town", 80, "Town"}};
 enum { name, number, town };
 
-/// A list to sort and the keys it is sorted by, ready made.
+/// A list to sort and its prepared sort keys.
 struct Sorting {
     explicit Sorting(std::size_t rows) {
         for (std::size_t row = 0; row < rows; ++row) {
@@ -43,7 +43,7 @@ struct Sorting {
             keys.emplace_back(towns[i], names[i]);
         return keys;
     }
-    /// As a click on the header does it, the list being in its own order before.
+    /// Clicks the header of a list that is in its original order.
     Contestant click(int column, bool grouped = false) {
         return {"list", [this, column] { bare.report.userClickHeader(static_cast<std::size_t>(column)); },
                 [this, grouped] {
@@ -67,7 +67,7 @@ void measureSort(Report& report, const std::string& what, const Contestant& list
         Line{what, "std::sort of the keys alone", contest.ratio(0, 1), Line::Goal::AtMost, mostToSort});
 }
 
-/// A key in a list's filter, by which another part of the rows is shown, against one pass over all texts.
+/// Measures a filter that changes the shown rows, compared with one pass over all texts.
 void measureFilter(const Settings& settings, Report& report) {
     Sorting sorting(settings.rows);
     std::vector<std::string> texts;

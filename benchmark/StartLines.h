@@ -2,8 +2,7 @@
 
 namespace tsln::bench {
 
-/// Starts the module in this process, which has done nothing yet, opens a list, and prints the seconds each
-/// part took.
+/// Starts the module in this new process, opens a list, and prints the seconds of each part.
 void startOnce(int argc, char** argv);
 
 }  // namespace tsln::bench

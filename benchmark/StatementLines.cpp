@@ -9,7 +9,7 @@ using modSharedSQL::Tag;
 
 constexpr std::size_t fillsPerRun = 2000;
 
-/// A statement that writes all the columns of a customer, each by a tag of its own.
+/// A statement that writes all columns of a customer, with one tag per column.
 struct Statement {
     Statement() {
         text = "UPDATE Customers SET ";
@@ -27,7 +27,7 @@ struct Statement {
     std::vector<Tag> tags;
 };
 
-/// The least there is to do: from tag to tag through the template, each followed by its value.
+/// The minimal work: copies the template from tag to tag and appends each tag's value.
 std::string appendInOnePass(std::string_view text, std::span<const Tag> tags) {
     std::string result;
     std::size_t at = 0;

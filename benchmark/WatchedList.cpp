@@ -42,7 +42,7 @@ WatchedList::Moments WatchedList::open(Library& library, std::optional<std::size
 
 Layout WatchedList::layout() {
     moments_.building = Clock::now();
-    // Posted before the window's own events: what it does first once it is built and shown.
+    // Posted before the window's own events, so it runs as soon as the window is built and shown.
     wxTheApp->CallAfter([this] { moments_.built = Clock::now(); });
     return BenchList::layout();
 }

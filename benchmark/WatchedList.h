@@ -10,7 +10,7 @@
 
 namespace tsln::bench {
 
-/// The terms list, which is shown in a real window, notes when it had come how far, and closes itself.
+/// The terms list in a real window. It records when each step was reached, and closes itself.
 class WatchedList : public BenchList {
   public:
     using Clock = std::chrono::steady_clock;
@@ -23,13 +23,13 @@ class WatchedList : public BenchList {
         double data() const { return seconds(loading, loaded); }
     };
 
-    /// `mostID`: only rows up to this `ID` are read.
+    /// Only rows with an `ID` up to `mostID` are read.
     WatchedList(Library& library, std::optional<std::size_t> mostID) : BenchList(library, lists::termsList) {
         if (mostID)
             statement = "SELECT * FROM Terms WHERE ID <= " + std::to_string(*mostID) + " ORDER BY Terms";
     }
 
-    /// Opens the list, does something with it once its rows are drawn, and closes it.
+    /// Opens the list, calls `whileOpen` once its rows are drawn, and closes it.
     static Moments open(Library& library, std::optional<std::size_t> mostID,
                         const std::function<void(desktop::ReportList&)>& whileOpen = nullptr);
 
@@ -39,7 +39,7 @@ class WatchedList : public BenchList {
     void Form_Activate() override;
     std::string loadStatement() const override;
     void listLoaded() override;
-    void welcome() override {}  // nobody is there to be asked
+    void welcome() override {}  // no user is there to answer
 
   private:
     mutable Moments moments_;

@@ -9,7 +9,7 @@ namespace tsln::bench {
 namespace {
 
 constexpr double mostToData = 0.5;
-constexpr double mostToFewRows = 1.2;  // "the same", as far as it can be measured
+constexpr double mostToFewRows = 1.2;  // the time must not depend on the number of rows; the rest is measuring error
 constexpr std::size_t fewRows = 1'000;
 constexpr int steps = 100;
 
@@ -22,7 +22,7 @@ struct Stage {
     std::shared_ptr<Library> library = std::make_shared<Library>(desktop);
 };
 
-/// Acts on rows all over the list, each act drawn and dealt with before the next; the seconds they took.
+/// Returns the seconds of actions on rows all over the list; each one is drawn before the next begins.
 template <class Act>
 double secondsOfActs(desktop::ReportList& list, const Act& act) {
     return secondsOf(
@@ -65,7 +65,7 @@ void measureWindow(const Settings& settings, Report& report) {
         for (int round = 0; round < 11; ++round) {
             const auto full = WatchedList::open(*stage.library, std::nullopt);
             const auto none = WatchedList::open(*stage.library, 0);
-            if (round == 0) continue;  // the toolkit's own first time
+            if (round == 0) continue;  // includes one-time work of the toolkit
             beyond.push_back((full.total() - full.data()) / full.data());
             empty.push_back((none.total() - none.data()) / full.data());
         }

@@ -27,7 +27,7 @@ struct Options {
 bool startToolkit(int argc, char** argv) {
     if (!std::getenv("DISPLAY") && !std::getenv("WAYLAND_DISPLAY")) return false;
     wxApp::SetInstance(new wxApp);
-    argc = 1;  // the toolkit would read the options, too
+    argc = 1;  // hides our options from the toolkit
     if (!wxEntryStart(argc, argv)) return false;
     wxTheApp->CallOnInit();
     wxTheApp->SetExitOnFrameDelete(false);
@@ -38,7 +38,8 @@ void measure(const Options& options, bool onDisplay, Report& report) {
     for (const Group& group : groups) {
         if (group.name.find(options.filter) == group.name.npos) continue;
         if (group.onDisplay && !onDisplay) {
-            std::fprintf(stderr, "%s: left out, there is no display\n", std::string(group.name).c_str());
+            std::fprintf(stderr, "%s: skipped, because there is no display\n",
+                         std::string(group.name).c_str());
             continue;
         }
         std::fprintf(stderr, "%s\n", std::string(group.name).c_str());
@@ -54,26 +55,30 @@ int main(int argc, char** argv) {
         return 0;
     }
     Options options;
-    CLI::App line("Measures the module side by side with other ways to do the same; prints ratios.", "bench");
+    CLI::App line(
+        "Compares the speed of the module with other implementations of the same work, and prints the ratios.",
+        "bench");
     std::string names;
     for (const Group& group : groups)
         names += (names.empty() ? "" : ", ") + std::string(group.name);
-    line.add_option("filter", options.filter, "Only the groups of lines whose name holds this: " + names)
+    line.add_option("filter", options.filter,
+                    "Measure only the groups whose name contains this text: " + names)
         ->type_name("FILTER");
     line.add_option("--rows", options.settings.rows, "Rows of the lists (default: 100000)")
         ->check(CLI::Range(1000, 1000000));
-    line.add_option("--most-rows", options.settings.mostRows, "Rows at which growth ends (default: 1000000)")
+    line.add_option("--most-rows", options.settings.mostRows,
+                    "Most rows of the growth curves (default: 1000000)")
         ->check(CLI::Range(3000, 1000000));
-    line.add_flag("!--no-growth", options.settings.growth, "Leave out how things grow");
-    line.add_option("--json", options.json, "Write the results to this file, too")->type_name("FILE");
-    line.add_option("--plot", options.plot, "Draw growth to this file, an SVG picture")->type_name("FILE");
+    line.add_flag("!--no-growth", options.settings.growth, "Do not measure growth");
+    line.add_option("--json", options.json, "Also write the results to this file")->type_name("FILE");
+    line.add_option("--plot", options.plot, "Plot growth to this file, an SVG picture")->type_name("FILE");
     try {
         line.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         return line.exit(error) == 0 ? 0 : 2;
     }
 
-    // What is freed stays with the program, or each contestant would pay for the memory another gave back.
+    // Freed memory stays with the program; otherwise a contestant would pay for memory that another one returned.
     mallopt(M_TRIM_THRESHOLD, INT_MAX);
     mallopt(M_MMAP_MAX, 0);
     const bool onDisplay = startToolkit(argc, argv);

@@ -7,7 +7,7 @@
 
 namespace tsln {
 
-/// The activity histories of single records.
+/// The host's activity histories of records.
 class Activity : HostPart {
   public:
     explicit Activity(Library& library) : HostPart(library, "Activity") {}

@@ -14,7 +14,7 @@ class ComboBox;
 class Common : HostPart {
   public:
     explicit Common(Library& library) : HostPart(library, "Common") {}
-    /// True when a row other than `ID` has this value in the column.
+    /// Returns true when a row other than `ID` has this value in the column.
     bool RecordExists(std::string_view table, std::string_view column, std::string_view value,
                       std::int32_t ID) const;
     std::string GetDiscountGroupName(std::int32_t ID) const;
@@ -22,13 +22,13 @@ class Common : HostPart {
     /// Fills the combo box with the company's phone labels.
     void LoadPhoneLabels(ComboBox& combo) const;
     void LoadEmailLabels(ComboBox& combo) const;
-    /// The same with the payment terms; an entry's stored number is the terms' `ID`.
+    /// Fills the combo box with the payment terms. An entry's stored number is the terms' `ID`.
     void LoadTerms(ComboBox& combo) const;
     std::string CreateGUID() const;
-    /// The GUID in braces.
+    /// Returns the GUID in braces.
     std::string FormatAsGUID(std::string_view guid) const;
-    /// Fills the combo box with a query's rows: their `shown` column and, as the stored number, their
-    /// `stored` column; a blank entry before them if wanted.
+    /// Fills the combo box with a query's rows: their `shown` column and, as the stored number, their `stored`
+    /// column. With `blankEntry`, an empty entry precedes them.
     void LoadComboFromQuery(ComboBox& combo, std::string_view sql, std::string_view shown,
                             std::string_view stored, bool blankEntry) const;
 };

@@ -4,7 +4,7 @@
 
 namespace tsln {
 
-/// A component of the host, handed the shared-code object and terminated in the end.
+/// A component of the host. It is given the shared-code object at first and terminated at the end.
 class Component {
   public:
     /// Raises HostError when the component does not take the shared-code object.
@@ -15,7 +15,7 @@ class Component {
         try {
             component_->call("PreTerminate");
         } catch (const std::exception&) {
-            // The work is done or has failed already; there is nothing left to tell.
+            // The component has done its work or failed; a failure to terminate it changes neither.
         }
     }
     Component(const Component&) = delete;

@@ -14,7 +14,7 @@ Recordset::~Recordset() {
     try {
         rows_->call("Close");
     } catch (const std::exception&) {
-        // What was wanted of it has been read.
+        // All rows that were needed have been read.
     }
 }
 

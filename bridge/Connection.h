@@ -8,26 +8,26 @@
 
 namespace tsln {
 
-/// The rows of a query that was run on a connection, one at a time. Closed in the end.
+/// The rows of a query that was run on a connection, one at a time. The destructor closes it.
 class Recordset {
   public:
-    /// `rows` may be nothing, which has no rows.
+    /// `rows` may be null: a recordset without rows.
     explicit Recordset(ObjectPtr rows) : rows_(std::move(rows)) {}
     ~Recordset();
     Recordset(const Recordset&) = delete;
     Recordset& operator=(const Recordset&) = delete;
 
-    /// It has rows to give; what a statement other than a query returns has not.
+    /// True when it has rows to read. The result of a statement other than a query is not open.
     bool isOpen() const;
     bool atEnd() const;
     void next() const;
-    /// Of the current row; the database's "no value" is the empty text or 0.
+    /// The value in the current row. A NULL reads as the empty text or 0.
     std::string text(std::string_view field) const;
     std::int32_t number(std::string_view field) const;
     float single(std::string_view field) const;
 
     std::int32_t fieldCount() const;
-    /// A field by its place, from 0: its name, and its value in the current row.
+    /// The name of a field, by its index from 0, and its value in the current row.
     std::string name(std::int32_t field) const;
     Variant value(std::int32_t field) const;
 
@@ -37,13 +37,13 @@ class Recordset {
     ObjectPtr rows_;
 };
 
-/// The company's open connection, an ADO connection of the host's. Every call may raise HostError.
+/// The company's open connection, an ADO connection of the host. Every call may raise HostError.
 class Connection {
   public:
-    /// `connection` must not be nothing.
+    /// `connection` must not be null.
     explicit Connection(ObjectPtr connection) : connection_(std::move(connection)) {}
 
-    /// Runs a statement; one that fails raises HostError, and what was wrong stands in errors().
+    /// Runs a statement. A failure raises HostError; errors() describes it.
     void Execute(std::string_view sql) const;
     Recordset read(std::string_view sql) const;
     /// The descriptions of the errors that the connection reports.

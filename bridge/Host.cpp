@@ -44,7 +44,7 @@ void Host::RecordEvent(std::int32_t type, std::string_view text) const {
 
 std::string Host::FixForSQLInsert(std::string_view text) const {
     std::string safe = textOf(sharedCode()->call("FixForSQLInsert", text), "FixForSQLInsert");
-    // An empty answer must not take the user's text away.
+    // An empty answer must not erase the user's text.
     if (safe.empty() && !text.empty())
         throw HostError(code::fail, "FixForSQLInsert", "The text cannot be made safe.");
     return safe;

@@ -10,8 +10,8 @@ namespace tsln {
 
 class Library;
 
-/// A sub-object of the host's shared-code object. It holds no reference: every call fetches the shared-code
-/// object from the library and the sub-object from that, so a host may replace either between two calls.
+/// A sub-object of the host's shared-code object. It holds no reference: every call fetches the shared-code object
+/// from the library and the sub-object from there, so a host may replace either between calls.
 class HostPart {
   public:
     HostPart(Library& library, std::string_view name) : library_(library), name_(name) {}
@@ -30,11 +30,11 @@ class HostPart {
     std::string_view name_;
 };
 
-/// The host's shared-code object; raises HostError(code::objectNotSet) before the library is initialized.
+/// Returns the host's shared-code object. Raises HostError(code::objectNotSet) before the library is initialized.
 ObjectPtr sharedCodeOf(Library& library);
 
-/// The text that a member answered, empty for nothing; raises HostError(code::typeMismatch) for anything else: the
-/// text goes on into the company's data.
+/// Returns a member's result as text, empty for nothing. Raises HostError(code::typeMismatch) for another type: the
+/// text is written to the company's data.
 std::string textOf(const Variant& result, std::string_view member);
 
 }  // namespace tsln

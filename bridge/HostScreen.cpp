@@ -7,7 +7,7 @@
 namespace tsln {
 namespace {
 
-/// Every help button of the module opens this topic of the help file.
+/// All help buttons of the module open this help file.
 constexpr std::string_view helpFile = "UI Reference.chm";
 constexpr std::int32_t helpContext = 40;
 
@@ -21,7 +21,7 @@ constexpr PositionValue positionValues[] = {
     {"Height", &Screen::Placement::height},
 };
 
-/// The platform's numbers of a window's state. Minimised is no state to come back to.
+/// The platform's codes of window states. A minimized window is stored as normal.
 constexpr std::string_view stateValue = "WindowState";
 constexpr int stateNormal = 0;
 constexpr int stateMaximized = 2;
@@ -42,7 +42,7 @@ void HostScreen::reportDatabaseFailure(std::string_view message, std::string_vie
     try {
         host().ShowAndLogErrorMessage(message, explanation, detail);
     } catch (const std::exception&) {
-        // The host cannot tell it, the user must still know.
+        // The host failed to show the message; the user must still see it.
         tell(std::string(message) + "\n\n" + detail, MessageIcon::Critical);
     }
 }
@@ -55,7 +55,7 @@ void HostScreen::reportError(const std::exception& error) noexcept {
     try {
         host().ShowAndLogErrorMessage("The last action could not be completed.", "", error.what());
     } catch (const std::exception&) {
-        // A host that cannot even be told: the user must still learn why nothing happened.
+        // The host failed to show the error; the user must still see it.
         Screen::reportError(error);
     }
 }

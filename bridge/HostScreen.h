@@ -10,8 +10,8 @@
 
 namespace tsln {
 
-/// A screen of the module: it knows the library that opened it, asks the host through it, keeps its window
-/// position, and reports what goes wrong through the host.
+/// A screen of the module: it keeps the library that opened it, calls the host, stores its window position, and
+/// reports errors through the host.
 class HostScreen : public Screen {
   public:
     HostScreen(Library& library, std::string name)
@@ -20,7 +20,7 @@ class HostScreen : public Screen {
     Library& library() const noexcept { return library_; }
     Host host() const { return Host(library_); }
 
-    /// A plain message box of the module.
+    /// Shows a message box with an OK button.
     void tell(std::string_view text, MessageIcon icon) {
         desktop().messageBox(this, text, MessageButtons::Ok, icon);
     }
@@ -28,11 +28,11 @@ class HostScreen : public Screen {
         return desktop().messageBox(this, question, MessageButtons::YesNo, MessageIcon::Question) ==
                MessageAnswer::Yes;
     }
-    /// Reports a failed statement with the database's own words.
+    /// Reports a failed statement, with the database's description of the error.
     void reportDatabaseFailure(std::string_view message, std::string_view explanation = standardExplanation);
 
   protected:
-    /// While the screen is busy, a request to close it by its close box is refused.
+    /// Refuses a close box while the screen is busy.
     bool Form_QueryUnload(bool byCloseBox) override { return !(byCloseBox && busy_ > 0); }
     void Form_Help() override;
     void reportError(const std::exception& error) noexcept override;
@@ -41,11 +41,11 @@ class HostScreen : public Screen {
     friend class Busy;
 
     Library& library_;
-    int busy_ = 0;  // how many Busy there are
+    int busy_ = 0;  // the number of Busy objects
 };
 
-/// Marks a screen as busy while it lives. The buttons are disabled meanwhile; those that were enabled before are
-/// enabled again in the end.
+/// Marks a screen as busy for its own lifetime. It disables the buttons, and at the end enables those that it
+/// disabled.
 class Busy {
   public:
     /// The screen and its buttons must outlive it.
@@ -59,13 +59,11 @@ class Busy {
     std::vector<Button*> disabled_;
 };
 
-/// Which values of a screen's window are kept: the editors keep, besides its place and size, whether it fills
-/// the display.
+/// The stored values of a screen's window. Editors also store whether the window is maximized.
 enum class WindowValues { Place, PlaceAndState };
 
-/// Puts a screen where its user left it. Left, Width and Height, and WindowState if wanted, are kept under
-/// the window positions key in a value set named after the screen; values that are no numbers are passed
-/// over.
+/// Restores a screen's window position from the user's settings: Left, Width and Height, and WindowState if
+/// requested, under the window positions key and the screen's name. A value that is no number is ignored.
 void restoreWindowPosition(Screen& screen, WindowValues which = WindowValues::Place);
 void saveWindowPosition(Screen& screen, WindowValues which = WindowValues::Place);
 

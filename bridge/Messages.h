@@ -7,11 +7,11 @@
 
 namespace tsln {
 
-/// Notices to the rest of the host.
+/// Notices to the other parts of the host.
 class Messages : HostPart {
   public:
     explicit Messages(Library& library) : HostPart(library, "Messages") {}
-    /// `code` says what happened, `about` to which record.
+    /// `code` is the event, `about` the key of its record.
     void PostMessage(std::int32_t code, std::int32_t about) const;
 };
 

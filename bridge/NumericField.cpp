@@ -18,11 +18,11 @@ void check(TextBox& field, std::string_view member, const NumericBounds& bounds,
            double (*shape)(double)) noexcept {
     try {
         askHost(field, member, bounds);
-        if (isNumericText(field.text())) return;  // the host's number stands, in its own form
+        if (isNumericText(field.text())) return;  // the host's number is kept in its own form
     } catch (const std::exception&) {
-        // A host without the checker: the field is corrected here.
+        // The host has no working checker: the field is corrected below.
     }
-    // Numeric text like "$5" or "1,000" is a number to the host but not to a statement.
+    // Text such as "$5" or "1,000" is a number to the host, but not in a statement.
     const bool plain = field.text().find_first_not_of("0123456789.-") == std::string::npos;
     const auto number = parseNumber(field.text());
     const double value = std::clamp(shape(number.value_or(bounds.otherwise)), bounds.minimum, bounds.maximum);

@@ -4,7 +4,7 @@
 
 namespace tsln {
 
-/// The bounds of a numeric field and what stands in it when its text is no number.
+/// The bounds of a numeric field, and its value when the text is no number.
 struct NumericBounds {
     double minimum = 0;
     double maximum = 0;
@@ -13,12 +13,12 @@ struct NumericBounds {
 
 /// Checks a whole-number field with the host's numeric-field checker, which corrects the text box in place.
 ///
-/// The checker is the component "tslnnum5.Checker", created for each check; its members "CheckInteger" and
-/// "CheckDecimal" take the text box, the minimum, the maximum and the default. The number that it leaves in the
-/// box stands. Where the component is missing, raises or leaves no number, the text is corrected here: one that is no
-/// number becomes the default, a number outside the bounds becomes the nearest bound. Never throws.
+/// The checker is the component "tslnnum5.Checker", created for each check. Its members "CheckInteger" and
+/// "CheckDecimal" take the text box, the minimum, the maximum and the default. The number that it leaves in the box
+/// is kept. Where the component is missing, raises an error or leaves no number, the text is corrected here: text
+/// that is no number becomes the default, a number outside the bounds becomes the nearest bound. Never throws.
 void checkWholeNumberField(TextBox& field, const NumericBounds& bounds) noexcept;
-/// Checks a decimal field, likewise.
+/// Checks a decimal-number field with the same checker.
 void checkDecimalField(TextBox& field, const NumericBounds& bounds) noexcept;
 
 }  // namespace tsln

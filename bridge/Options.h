@@ -6,7 +6,7 @@
 
 namespace tsln {
 
-/// The settings of the company and of the user. `section` may be empty.
+/// The options of the company and of the user. `section` may be empty.
 class Options : HostPart {
   public:
     explicit Options(Library& library) : HostPart(library, "Options") {}

@@ -11,11 +11,11 @@
 
 namespace tsln {
 
-/// The single shared instance of each screen, by the screen's name: made when first needed, kept until
+/// The single shared instance of each screen, by the screen's name. It is made when first needed and kept until
 /// released.
 class ScreenSlots {
   public:
-    /// The screen's instance; `make` makes it when there is none. S is the class that `make` returns.
+    /// Returns the screen's instance, made by `make` when there is none. S is the class that `make` returns.
     template <class Make>
     auto instance(std::string_view name, Make make) {
         using Pointer = decltype(make());
@@ -26,15 +26,14 @@ class ScreenSlots {
     void release(std::string_view name) { slots_.erase(std::string(name)); }
     bool empty() const noexcept { return slots_.empty(); }
 
-    /// Opens a screen the way every entry point does: its shared instance is loaded, `setup` hands it the
-    /// arguments, it is shown modally, and the slot is empty again afterwards, whatever happened. The result
-    /// is the closed screen, from which the caller reads what it returns. A setup that returns false has
-    /// found nothing to show, and the screen is unloaded without. A screen that is open already raises
-    /// HostError(code::alreadyShown).
+    /// Opens a screen as every entry point does: loads its shared instance, calls `setup` with it, shows it modally,
+    /// and empties the slot afterwards in any case. Returns the closed screen, from which the caller reads the
+    /// result. When `setup` returns false, the screen is unloaded without being shown. A screen that is already open
+    /// raises HostError(code::alreadyShown).
     template <class Make, class Setup>
     auto show(std::string_view name, Make make, Setup setup) {
         auto screen = instance(name, make);
-        if (screen->shown()) screen->showModal();  // raises; the open one keeps its slot
+        if (screen->shown()) screen->showModal();  // raises; the open screen keeps its slot
         const Release release{*this, std::string(name)};
         screen->load();
         bool wanted = true;

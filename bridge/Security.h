@@ -6,7 +6,7 @@
 
 namespace tsln {
 
-/// Rights to the data of a list, as CanDo() takes them.
+/// The rights to the rows of a list, as CanDo() takes them.
 enum class Right : std::int32_t { Add = 8, Edit = 16, Delete = 32 };
 
 class Security : HostPart {

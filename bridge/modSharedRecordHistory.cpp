@@ -14,7 +14,7 @@ namespace {
 
 constexpr const char* root = "RecordContents";
 
-/// A table's column, in lower case.
+/// A column of a table, both names in lower case.
 struct Column {
     std::string_view table, column;
     bool is(std::string_view otherTable, std::string_view otherColumn) const {
@@ -48,8 +48,8 @@ constexpr struct {
     {{"orders", "shippingmethodid"}, "Shipping Method"},
 };
 
-/// Identifiers that are shown as the name which the member of the host's "Common" gives. That of the status
-/// is looked up for a column `status` although its display name is that of `statusid` (deliberate).
+/// Identifiers that are shown as names; `member` of the host's "Common" gives the name. The status is looked up for
+/// the column `status`, although its display name belongs to `statusid` (deliberate).
 constexpr struct {
     Column column;
     std::string_view member;
@@ -61,7 +61,7 @@ constexpr struct {
     {{"orders", "shippingmethodid"}, "GetShippingMethodName"},
 };
 
-/// What work makes, or an empty one of its kind when it throws.
+/// Returns work's result, or an empty value when it throws.
 template <class Work>
 auto ignoringErrors(const Work& work) noexcept -> decltype(work()) {
     try {
@@ -83,7 +83,7 @@ pugi::xml_node addField(const Document& document, const char* name) {
     return field;
 }
 
-/// A value without a text form, such as bytes, counts as empty.
+/// Returns the value as text; a value without a text form, such as bytes, reads as empty.
 std::string textOf(const Variant& value) {
     return value.isNull() ? std::string() : ignoringErrors([&] { return value.toText(); });
 }

@@ -9,27 +9,27 @@
 
 #include "automation/Variant.h"
 
-/// What an edit changed in a record, told field by field: the row is taken down before and after, the two are
-/// compared, and the differences become lines for the activity history. Nothing here throws or keeps an edit
-/// from being done: what cannot be found out is not told.
+/// Describes what an edit changed in a record: snapshots of the row before and after the edit are compared, and the
+/// differences become lines for the activity history. Nothing here throws or prevents an edit; a difference that
+/// cannot be determined is left out.
 namespace tsln::modSharedRecordHistory {
 
-/// A document with the root "RecordContents" and a "Field" element a column. Null is "nothing".
+/// A document with the root "RecordContents" and one "Field" element per column. Null means "nothing".
 ///
-/// In a snapshot a field has its column as "Name" and its value as text; in a comparison the name, and the
-/// value as "Before" and "After". Line ends in values are "&#13;" and "&#10;" texts.
+/// In a snapshot a field has its column's name as "Name" and the value as text; in a comparison, the column's name as
+/// "Name" and the values as "Before" and "After". Line ends in values are the texts "&#13;" and "&#10;".
 using Document = std::unique_ptr<pugi::xml_document>;
 
-/// The row as it stands in the table. `connection` is the company's open connection; nothing, a row that is
-/// not there and one that cannot be read give nothing.
+/// Returns the current row of the table. `connection` is the company's open connection. Returns null for a null
+/// connection, a missing row and a row that cannot be read.
 Document takeSnapshot(std::string_view table, std::int32_t ID, const ObjectPtr& connection) noexcept;
 
-/// The fields that differ; nothing when either snapshot is.
+/// Returns the fields that differ; null when either snapshot is null.
 Document compare(const Document& before, const Document& after) noexcept;
 
-/// A line a changed field, such as "Contact: Ivo to Edda", with a carriage return and line feed between;
-/// empty when there is nothing to tell. Bookkeeping columns are left out, some columns and values have a
-/// display form. `sharedCode` is the host, asked for the names of other records; it may be nothing.
+/// Returns one line per changed field, such as "Contact: Ivo to Edda", separated by carriage return and line feed;
+/// empty when nothing changed. Bookkeeping columns are left out; some columns and values have a display form.
+/// `sharedCode` is the host, asked for the names of other records; it may be null.
 std::string describeChanges(const Document& comparison, std::string_view table,
                             const ObjectPtr& sharedCode) noexcept;
 

@@ -1,8 +1,8 @@
 cmake_minimum_required(VERSION 3.25)
 
-# Checks that every room includes only the rooms it may use. Run by the tests:
+# Checks that every room includes only files of the rooms it may use. Run by the tests:
 #   cmake -DROOT=... -DROOMS="a;b" -DUSES_a="..." -P CheckRooms.cmake
-# A room may also use what the rooms it uses may use.
+# A room may also use the rooms that those rooms may use.
 
 function(reachable room out)
     set(all ${room})
@@ -38,19 +38,19 @@ foreach(room ${ROOMS})
     endforeach()
 endforeach()
 
-# Each room uses only rooms that stand above it in the table, so there can be no circle.
+# A room uses only rooms above it in the table, so there are no cycles.
 set(seen "")
 foreach(room ${ROOMS})
     foreach(used ${USES_${room}})
         if(NOT used IN_LIST seen)
-            string(APPEND bad "${room} uses ${used}, which stands below it in the table of rooms\n")
+            string(APPEND bad "${room} uses ${used}, which is below it in the table of rooms\n")
         endif()
     endforeach()
     list(APPEND seen ${room})
 endforeach()
 
 if(bad)
-    message(FATAL_ERROR "The rooms' walls are broken:\n${bad}")
+    message(FATAL_ERROR "Files include rooms that they may not use:\n${bad}")
 endif()
 list(LENGTH ROOMS count)
-message(STATUS "${count} rooms, all walls stand")
+message(STATUS "${count} rooms checked: all includes are allowed")

@@ -1,5 +1,5 @@
-# tsln_embed(TARGET FUNCTION FILE...): the files become part of the target; the function ns::name, which the sources
-# declare as `std::span<const EmbeddedFile> name();`, gives their names and texts.
+# tsln_embed(TARGET FUNCTION FILE...): builds the files into the target. The function ns::name, declared in the sources
+# as `std::span<const EmbeddedFile> name();`, returns their names and texts.
 function(tsln_embed target function)
     if(NOT TARGET ${target} OR NOT ARGN)
         return()

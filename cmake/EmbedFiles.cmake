@@ -1,4 +1,4 @@
-# Writes a source file that holds other files as texts, so that the program needs none of them when it runs.
+# Writes a source file with the texts of other files, so that the program does not need those files at run time.
 #   cmake -DOUTPUT=... -DFUNCTION=ns::name -DFILES=a,b -P EmbedFiles.cmake
 string(REPLACE "," ";" FILES "${FILES}")
 string(REGEX MATCH "^(.*)::([^:]+)$" matched "${FUNCTION}")

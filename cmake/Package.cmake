@@ -1,4 +1,4 @@
-# The target `package`: a zip with all that a Windows machine needs.
+# The target `package`: a zip with all files that a Windows machine needs.
 if(CMAKE_SIZEOF_VOID_P EQUAL 8)
     set(bits 64)
 else()
@@ -7,7 +7,7 @@ endif()
 install(TARGETS tslnmaint5 tessaline-workbench tsln5pkg.exe RUNTIME DESTINATION . LIBRARY DESTINATION .)
 install(FILES ${CMAKE_BINARY_DIR}/interface/tslnmaint5.tlb DESTINATION .)
 
-# As the system's own tools like them: lines end in carriage return and line feed.
+# Windows text files: lines end in carriage return and line feed.
 foreach(file README.txt register.cmd unregister.cmd)
     configure_file(com/package/${file} package/${file} @ONLY NEWLINE_STYLE WIN32)
     install(FILES ${CMAKE_CURRENT_BINARY_DIR}/package/${file} DESTINATION .)

@@ -1,9 +1,9 @@
-# A room is a folder of sources with one library of its own; see the table in the top CMakeLists.txt.
+# A room is a folder of sources that is built as one library; see the table in the top CMakeLists.txt.
 
 add_library(tsln_options INTERFACE)
 target_include_directories(tsln_options INTERFACE ${CMAKE_SOURCE_DIR})
 target_compile_options(tsln_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wno-missing-field-initializers
-                                            -Wno-restrict)  # finds faults in texts that are none (GCC 105651)
+                                            -Wno-restrict)  # false warnings for std::string (GCC 105651)
 if(TSLN_WARNINGS_AS_ERRORS)
     target_compile_options(tsln_options INTERFACE -Werror)
 endif()
@@ -13,7 +13,7 @@ if(TSLN_SANITIZE)
     target_link_options(tsln_options INTERFACE -fsanitize=address,undefined)
 endif()
 
-# wxWidgets, its headers as system headers and precompiled: they are most of the work of compiling a window.
+# wxWidgets, with system headers, precompiled because they take most of the compile time.
 function(tsln_use_wx target)
     target_include_directories(${target} SYSTEM PUBLIC ${wxWidgets_INCLUDE_DIRS})
     target_compile_definitions(${target} PUBLIC ${wxWidgets_DEFINITIONS})
@@ -30,7 +30,7 @@ function(tsln_target_name folder out)
     set(${out} ${name} PARENT_SCOPE)
 endfunction()
 
-# tsln_room(FOLDER [IF CONDITION] [USES ROOM...] [LIBRARIES TARGET...] [WX]): the library of a folder, built where the
+# tsln_room(FOLDER [IF CONDITION] [USES ROOM...] [LIBRARIES TARGET...] [WX]): adds the library of a folder, where the
 # condition holds.
 function(tsln_room folder)
     cmake_parse_arguments(ROOM "WX" "" "IF;USES;LIBRARIES" ${ARGN})
@@ -54,7 +54,7 @@ function(tsln_room folder)
     target_link_libraries(${target} ${scope} tsln_options ${ROOM_LIBRARIES})
     foreach(used ${ROOM_USES})
         tsln_target_name(${used} usedTarget)
-        if(TARGET ${usedTarget})  # not one that is built elsewhere only
+        if(TARGET ${usedTarget})  # some rooms are built on one platform only
             target_link_libraries(${target} ${scope} ${usedTarget})
         endif()
     endforeach()
@@ -63,8 +63,8 @@ function(tsln_room folder)
     endif()
 endfunction()
 
-# tsln_program(NAME FOLDER [USES ROOM...]): the program whose main.cpp stands in the folder; a folder that is no
-# room of its own gives all its sources.
+# tsln_program(NAME FOLDER [USES ROOM...]): adds the program whose main.cpp is in the folder. If the folder is not a
+# room, all its sources belong to the program.
 function(tsln_program name folder)
     cmake_parse_arguments(PROGRAM "" "" "USES" ${ARGN})
     if(NOT EXISTS ${CMAKE_SOURCE_DIR}/${folder}/main.cpp)
@@ -82,7 +82,7 @@ function(tsln_program name folder)
     endif()
     target_link_libraries(${name} PRIVATE tsln_options)
     if(WIN32)
-        # Without a console of its own; and a name that ends in ".exe" already has its ending.
+        # No console window. A name with the ending ".exe" needs no suffix.
         set_target_properties(${name} PROPERTIES WIN32_EXECUTABLE ON)
         if(name MATCHES "\\.exe$")
             set_target_properties(${name} PROPERTIES SUFFIX "")
@@ -104,7 +104,7 @@ function(tsln_program name folder)
     endforeach()
 endfunction()
 
-# tsln_module(NAME FOLDER): the in-process server of a folder, from its Dll.cpp, its exports and its resources.
+# tsln_module(NAME FOLDER): adds the in-process server of a folder, from its Dll.cpp, exports and resources.
 function(tsln_module name folder)
     tsln_target_name(${folder} target)
     set(files ${CMAKE_SOURCE_DIR}/${folder})

@@ -1,12 +1,12 @@
-# tsln_interface(TARGET TEMPLATE): makes the interface description of the module from the table of operations, and
-# from it the type library and the header that callers and server share; TARGET gives both their folder.
+# tsln_interface(TARGET TEMPLATE): generates the module's interface description from the table of operations, and from
+# it the type library and the header for callers and server. TARGET adds their folder to the include path.
 
 function(tsln_interface target template)
     get_filename_component(stem ${template} NAME_WE)
     set(folder ${CMAKE_BINARY_DIR}/interface)
     file(MAKE_DIRECTORY ${folder})
     find_program(TSLN_WIDL_PROGRAM ${TSLN_WIDL} REQUIRED)
-    # The system's own interface descriptions, and the type library that every one of automation stands on.
+    # The system's interface descriptions, and the type library that all automation type libraries import.
     find_path(TSLN_IDL_FOLDER oaidl.idl PATHS /usr/include/wine/wine/windows /usr/include/wine/windows REQUIRED
         NO_CMAKE_FIND_ROOT_PATH)
     find_path(TSLN_TLB_FOLDER stdole2.tlb PATHS /usr/lib/x86_64-linux-gnu/wine/x86_64-windows

@@ -1,4 +1,4 @@
-# 32-bit Windows, what a 32-bit host loads; otherwise like the 64-bit one.
+# 32-bit Windows, for 32-bit hosts, with Debian's mingw-w64 (posix threads) and its static run-time library.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86)
 set(TSLN_TRIPLET i686-w64-mingw32)

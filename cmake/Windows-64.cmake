@@ -1,4 +1,4 @@
-# 64-bit Windows by Debian's mingw-w64 (posix threads), with its run-time linked in.
+# 64-bit Windows with Debian's mingw-w64 (posix threads) and its static run-time library.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 set(TSLN_TRIPLET x86_64-w64-mingw32)

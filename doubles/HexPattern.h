@@ -8,8 +8,8 @@
 
 namespace tsln::test {
 
-/// The text is the pattern, in which each "x" stands for a hexadecimal digit in capitals. GoogleMock's own
-/// expressions know no such thing on Windows.
+/// Matches a text against a pattern, in which each "x" stands for a capital hexadecimal digit. GoogleMock's own
+/// regular expressions on Windows have no character classes.
 MATCHER_P(IsHexLike, pattern, "") {
     const std::string_view wanted = pattern;
     return std::ranges::equal(std::string_view(arg), wanted, [](char found, char meant) {

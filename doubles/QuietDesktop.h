@@ -4,7 +4,7 @@
 
 namespace tsln::test {
 
-/// A desktop without windows, on which nothing happens.
+/// A desktop without windows and without a user.
 class QuietDesktop : public Desktop {
   public:
     void showModal(Screen&) override {}

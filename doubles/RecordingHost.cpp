@@ -23,7 +23,7 @@ class Document : public Object {
     std::string xml_;
 };
 
-/// The rows of a query as a connection hands them out.
+/// The rows of a query, as a connection returns them.
 class Rows : public Object {
   public:
     explicit Rows(const std::string& xml) : rows_(modSharedXML::Records::parse(xml)), at_(rows_.begin()) {}
@@ -68,7 +68,7 @@ class Rows : public Object {
     modSharedXML::Records::Iterator at_;
 };
 
-/// The errors of a connection, and each of them.
+/// The errors collection of a connection, and one error of it.
 class Errors : public Object {
   public:
     explicit Errors(std::vector<std::string> texts) : texts_(std::move(texts)) {}
@@ -83,7 +83,7 @@ class Errors : public Object {
     std::vector<std::string> texts_;
 };
 
-/// Fills a combo box from a query, as the host does.
+/// Fills a combo box from a query, like the host.
 void fillCombo(Object& combo, const std::string& xml, Arguments a) {
     const auto rows = modSharedXML::Records::parse(xml);
     combo.call("Clear");
@@ -94,7 +94,7 @@ void fillCombo(Object& combo, const std::string& xml, Arguments a) {
     }
 }
 
-/// An address as it is edited: a part a line.
+/// Joins the parts of an address, one per line.
 std::string joinLines(Arguments parts) {
     std::string text;
     for (const Argument& part : parts.all()) {
@@ -111,7 +111,7 @@ std::string describe(const Variant& value) {
     return value.isObject() ? "object" : value.toText();
 }
 
-/// Puts a number into a text box's text: box, least, most, default.
+/// Corrects the number in a text box. The arguments are the box, minimum, maximum and default.
 void correctNumber(Arguments arguments, bool whole) {
     Object& box = arguments[0].object();
     double number = parseNumber(box.get("Text").toText()).value_or(arguments[3].toDouble());
@@ -201,7 +201,7 @@ Variant RecordingHost::usualAnswer(const std::string& path, Arguments arguments)
         fillCombo(arguments[0].object(), rowsOf(arguments[1].toText()), arguments);
         return {};
     }
-    // The default comes last; an option may be asked for without a section.
+    // The default is the last argument; the section before it is optional.
     if (path == "Options.GetUserOption" || path == "Options.GetCompanyOption")
         return arguments[arguments.count() - 1];
     if (path == "tslnnum5.Checker.CheckInteger" || path == "tslnnum5.Checker.CheckDecimal") {
@@ -216,7 +216,7 @@ Variant RecordingHost::usualAnswer(const std::string& path, Arguments arguments)
     if (path == "Security.CanDo") return true;
     if (path == "FixForSQLInsert") return modSharedSQL::doubleQuotes(arguments[0].toText());
     if (path == "CombineAddress") return joinLines(arguments);
-    if (path == "ParseAddress") return arguments.assign(1, arguments[0]), true;  // all of it the first line
+    if (path == "ParseAddress") return arguments.assign(1, arguments[0]), true;  // the whole text is the first line
     if (path == "Common.CreateGUID") return "0123ABCD";
     if (path == "Common.FormatAsGUID") return "{" + arguments[0].toText() + "}";
     if (path == "PSDFile") return "/psd/company.psd";

@@ -11,19 +11,19 @@
 
 namespace tsln::test {
 
-/// A host that writes down what is asked of it and answers as the test says.
+/// A host that records all calls and answers as the test says.
 ///
-/// A call is known by its path: "ShowMessageStyle1" on the shared-code object, "Database.ExecuteRead" on a
-/// sub-object, "tslniee5.Engine.DoExport" on a component. Without an answer of the test's own a host with
-/// every right and an empty database answers. Any one call, the fetching of a sub-object included, can be
-/// made to fail. "CurrentCompanyConn" is a sub-object like the others, a connection that runs every statement
-/// and has the rows of the SELECTs.
+/// A call is identified by its path: "ShowMessageStyle1" on the shared-code object, "Database.ExecuteRead" on a
+/// sub-object, "tslniee5.Engine.DoExport" on a component. Without an answer from the test, it answers like a host
+/// with all rights and an empty database. Any one call, including the fetching of a sub-object, can be made to fail.
+/// "CurrentCompanyConn" is a sub-object too: a connection that runs every statement and returns the rows of the
+/// SELECTs.
 class RecordingHost : public std::enable_shared_from_this<RecordingHost> {
   public:
     static std::shared_ptr<RecordingHost> make();
 
     ObjectPtr sharedCode();
-    /// A component, for a desktop that creates it.
+    /// Creates a component, for a desktop's createObject().
     ObjectPtr component(std::string_view programId);
 
     using Answer = std::function<Variant(Arguments)>;
@@ -31,29 +31,29 @@ class RecordingHost : public std::enable_shared_from_this<RecordingHost> {
     void on(std::string path, Variant value) {
         on(std::move(path), [value](Arguments) { return value; });
     }
-    /// The result text of a SELECT; statements without one have no rows.
+    /// Sets the result of a SELECT. Other SELECTs have no rows.
     void rows(std::string sql, std::string records) { rows_[std::move(sql)] = std::move(records); }
 
-    /// The statement that fails when it is run on the company's connection.
+    /// The statement that fails on the company's connection.
     std::string failStatement;
-    /// The descriptions of the errors that the connection then reports.
+    /// The error descriptions that the connection reports after the failure.
     std::vector<std::string> connectionErrors;
 
-    /// Everything asked, in order, as "Path(argument, ...)"; fetched sub-objects are not listed.
+    /// All calls in order, as "Path(argument, ...)". Fetched sub-objects are not listed.
     std::vector<std::string> calls;
-    /// The calls of one member, as the list of their argument texts.
+    /// The calls of one member, each as its argument texts.
     std::vector<std::string> callsOf(std::string_view path) const;
-    /// Forgets what was asked so far.
+    /// Clears the recorded calls.
     void forget();
-    /// True when the host was asked to tell the user something.
+    /// True when the module asked the host to show the user a message.
     bool told() const;
 
     // Faults ------------------------------------------------------------------------------------------
     enum class Fault { Raise, False, Nothing, WrongType, Empty };
-    /// Makes the call of that number (from 0) fail.
+    /// Makes the call with this number (from 0) fail.
     void failCall(int number, Fault fault) { fault_ = {number, fault}; }
     int callCount() const { return callCount_; }
-    /// How many of the objects handed out are still held.
+    /// The number of handed-out objects that are still referenced.
     int liveObjects() const;
 
   private:
@@ -73,7 +73,7 @@ class RecordingHost : public std::enable_shared_from_this<RecordingHost> {
     std::vector<std::weak_ptr<Object>> parts_;
 };
 
-/// A query result document of one text.
+/// Creates a query result document from its text.
 ObjectPtr makeDocument(std::string xml);
 
 }  // namespace tsln::test

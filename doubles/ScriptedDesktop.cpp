@@ -21,7 +21,7 @@ void ScriptedDesktop::showModal(Screen& screen) {
     screen.activate();
     if (auto act = next(scripts[screen.name()]); act && screen.shown()) (*act)(screen);
     if (screen.shown()) screen.userClose();
-    if (screen.shown()) screen.hide();  // it refuses to close: the script is at fault, but must not hang
+    if (screen.shown()) screen.hide();  // it refused to close; the test must not hang
 }
 
 MessageAnswer ScriptedDesktop::messageBox(Screen*, std::string_view text, MessageButtons buttons,
@@ -66,8 +66,8 @@ std::unique_ptr<RunningTimer> ScriptedDesktop::startTimer(std::function<void()> 
 
 void ScriptedDesktop::tick() {
     for (const ScriptedTimer* timer : std::vector(timers_.begin(), timers_.end())) {
-        if (std::ranges::find(timers_, timer) == timers_.end()) continue;  // stopped by the one before
-        const auto callback = timer->callback();                           // which may stop this one
+        if (std::ranges::find(timers_, timer) == timers_.end()) continue;  // stopped by an earlier callback
+        const auto callback = timer->callback();                           // a copy: the callback may stop this timer
         callback();
     }
 }

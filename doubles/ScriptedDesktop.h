@@ -12,11 +12,11 @@
 
 namespace tsln::test {
 
-/// A desktop without windows: what the user does stands in scripts, what the user sees is written down.
+/// A desktop without windows: scripts act as the user, and what the user would see is recorded.
 class ScriptedDesktop : public Desktop {
   public:
-    /// What the user does on the next showing of the screen of that name. Without a script, or when it ends
-    /// and leaves the screen open, the user closes it by its close box.
+    /// Sets the script for the next showing of the screen with this name. Without a script, or when the script leaves
+    /// the screen open, the close box closes it.
     template <class S, class Act>
     void user(std::string_view screenName, Act act) {
         scripts[std::string(screenName)].push_back([act](Screen& screen) { act(dynamic_cast<S&>(screen)); });
@@ -26,7 +26,7 @@ class ScriptedDesktop : public Desktop {
         std::string text;
         MessageButtons buttons;
         MessageIcon icon;
-        std::string title;  ///< empty: the program's
+        std::string title;  ///< empty: the program's name
         bool operator==(const Box&) const = default;
     };
     struct Question {
@@ -45,19 +45,19 @@ class ScriptedDesktop : public Desktop {
 
     std::map<std::string, std::deque<std::function<void(Screen&)>>> scripts;
     std::vector<std::string> shown;     ///< the screens in the order they were shown
-    std::vector<Box> boxes;             ///< the message boxes
-    std::deque<MessageAnswer> answers;  ///< to questions; No when there is none left
-    std::vector<Question> questions;    ///< with answers in words
-    std::deque<std::size_t> choices;    ///< of such answers; cancelled when there is none left
+    std::vector<Box> boxes;             ///< the shown message boxes
+    std::deque<MessageAnswer> answers;  ///< to yes/no questions; No when none is left
+    std::vector<Question> questions;    ///< questions with worded answers
+    std::deque<std::size_t> choices;    ///< answers to `questions`, by index; cancelled when none is left
     std::string clipboard;
-    std::deque<std::string> files;  ///< picked in file dialogs; cancelled when there is none left
+    std::deque<std::string> files;  ///< chosen in file dialogs; cancelled when none is left
     std::vector<FileDialog> fileDialogs;
-    std::deque<int> popupChoices;      ///< 0 when there is none left
-    std::vector<Command> popups;       ///< as they were shown
+    std::deque<int> popupChoices;      ///< chosen commands; 0 when none is left
+    std::vector<Command> popups;       ///< the shown popups
     std::vector<std::string> printed;  ///< titles of print previews
     std::vector<HelpCall> help;
-    std::vector<std::string> commandLines;  ///< waited for
-    std::vector<std::string> opened;        ///< by the shell
+    std::vector<std::string> commandLines;  ///< commands that the module waited for
+    std::vector<std::string> opened;        ///< files opened by the shell
     std::function<void()> whileProcessRuns;
     std::map<std::string, std::string> settings;  ///< by "key|value"
     std::function<ObjectPtr(std::string_view programId)> components;
@@ -65,7 +65,7 @@ class ScriptedDesktop : public Desktop {
     int yields = 0;
     std::function<void()> onYield;
 
-    /// Lets every timer that runs tick once.
+    /// Ticks every running timer once.
     void tick();
     std::size_t timersRunning() const { return timers_.size(); }
 

@@ -11,17 +11,17 @@
 namespace tsln::test {
 namespace {
 
-/// A writing statement without the values it writes: its table, its columns, and the rows it is about.
+/// Returns a writing statement without the written values: its table, columns and condition.
 std::string shapeOf(const std::string& statement) {
     const std::size_t condition = statement.find(" WHERE ");
     const std::string written = statement.substr(0, condition);
-    // Texts, in which a doubled quote stands for one, then numbers and NULL where a value stands.
+    // `texts` matches quoted text, with doubled quotes in it; `values` matches numbers and NULL.
     static const std::regex texts("'(?:[^']|'')*'"), values("-?\\b(?:[0-9][0-9.]*|NULL)\\b");
     const std::string shape = std::regex_replace(std::regex_replace(written, texts, "?"), values, "?");
     return shape + (condition == std::string::npos ? "" : statement.substr(condition));
 }
 
-/// The writing statements that the host was sent, each without its values.
+/// Returns the writing statements that were sent to the host, without their values.
 std::set<std::string> writings(const RecordingHost& host) {
     std::set<std::string> shapes;
     for (const char* member :
@@ -51,7 +51,7 @@ void sweepFaults(const std::function<void(Stage&)>& scenario, const std::functio
         calls = stage.host->callCount();
         clean = writings(*stage.host);
     }
-    ASSERT_GT(calls, 0) << "the scenario asks nothing of the host";
+    ASSERT_GT(calls, 0) << "the scenario does not call the host";
     using Fault = RecordingHost::Fault;
     for (const Fault fault : {Fault::Raise, Fault::False, Fault::Nothing, Fault::WrongType, Fault::Empty}) {
         for (int call = 0; call < calls; ++call) {
@@ -65,7 +65,7 @@ void sweepFaults(const std::function<void(Stage&)>& scenario, const std::functio
                 EXPECT_TRUE(clean.contains(writing)) << "the clean run does not send " << writing;
             EXPECT_TRUE(stage.library->screens().empty()) << "a screen was left in its slot";
             stage.library->PreTerminate();
-            EXPECT_EQ(stage.host->liveObjects(), 0) << "the module keeps an object of the host";
+            EXPECT_EQ(stage.host->liveObjects(), 0) << "the module still references an object of the host";
         }
     }
 }

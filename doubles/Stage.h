@@ -10,21 +10,21 @@
 
 namespace tsln::test {
 
-/// A library with every screen plugged in, between a scripted desktop and a recording host.
+/// A library with all screens, between a scripted desktop and a recording host.
 struct Stage {
     ScriptedDesktop desktop;
     std::shared_ptr<RecordingHost> host = RecordingHost::make();
     std::shared_ptr<Library> library = std::make_shared<Library>(desktop);
 
     Stage();
-    /// True when the user was told something, by the module or by the host.
+    /// True when the module or the host showed the user a message.
     bool told() const { return !desktop.boxes.empty() || host->told(); }
 };
 
-/// Runs a scenario once to count its calls to the host, then again for each call and each kind of fault with
-/// just that call failing, and `check`s after each run. The scenario gets a new stage each time; nothing may
-/// be thrown out of it. A run with a fault sends no writing statement that the clean run does not send, values apart.
-/// After every run no screen may be left in its slot and no reference to the host's objects kept.
+/// Runs a scenario once to count its calls to the host, then again for each call and each kind of fault with only
+/// that call failing, and calls `check` after each run. Each run has a new stage. The test fails when the scenario
+/// throws, when a run with a fault sends a writing statement that the clean run does not send (apart from values), or
+/// when a screen stays in its slot or an object of the host stays referenced.
 void sweepFaults(const std::function<void(Stage&)>& scenario, const std::function<void(Stage&)>& check);
 
 }  // namespace tsln::test

@@ -8,12 +8,12 @@
 
 namespace tsln::test {
 
-/// A folder of its owner's alone, gone with it. Its name has a blank in it unless another is wanted.
+/// A temporary folder, deleted with this object. Its name contains a blank unless `begin` has none.
 class TempFolder {
   public:
     explicit TempFolder(const std::string& begin = "tessaline test ",
                         const std::filesystem::path& base = std::filesystem::temp_directory_path()) {
-        // Tests run side by side: a name of its own is one that could be made.
+        // Tests run in parallel: a name is free when its folder can be created.
         std::random_device random;
         do {
             path_ = utf8Of(base / pathOf(begin + std::to_string(random())));

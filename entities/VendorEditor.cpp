@@ -44,7 +44,7 @@ const RecordDescription vendorRecord{
     .windowValues = WindowValues::PlaceAndState,
     .columnSeparator = ", ",
     .valuesKeyword = "VALUES (",
-    // A new vendor goes into the customers' history under the vendor's key (deliberate).
+    // The history entry of a new vendor is stored as customer activity, under the vendor's key (deliberate).
     .history = RecordHistory{.noun = "vendor",
                              .recordAdded = &Activity::RecordCustomerActivity,
                              .recordUpdated = &Activity::RecordVendorActivity,
@@ -106,7 +106,7 @@ bool VendorEditor::validate() {
     if (!RecordDialog::validate()) return false;
     const Common common = host().common();
     const std::string& name = textBox("txtName").text();
-    // No more than a warning: two vendors may bear one name.
+    // Only a warning: two vendors may have one name.
     if (common.RecordExists(vendorRecord.table, "VendorName", name, ID))
         tell("A vendor with the name '" + name + "' already exists.", MessageIcon::Exclamation);
     if (TextBox& uniqueID = textBox("txtUniqueID"); uniqueID.text().empty())

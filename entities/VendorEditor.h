@@ -7,7 +7,7 @@
 
 namespace tsln::entities {
 
-/// The vendor editor. Of a locked vendor, whose data others keep, only what is the company's own can be changed.
+/// The vendor editor. Others maintain the data of a locked vendor: only the company's own fields can be changed then.
 class VendorEditor : public RecordDialog {
   public:
     explicit VendorEditor(Library& library);
@@ -20,7 +20,7 @@ class VendorEditor : public RecordDialog {
     MarkupLabel lblCopyBilling{*this, "lblCopyBilling",
                              "<TextBlock><Hyperlink Click='Hyperlink_BillingToShipping'>Copy the bill-to address</Hyperlink></TextBlock>"};
 
-    /// Copies the bill-to address as it stands into the ship-to address.
+    /// Copies the bill-to address, as it is shown, into the ship-to address.
     void Hyperlink_BillingToShipping();
 
   protected:
@@ -35,7 +35,7 @@ class VendorEditor : public RecordDialog {
     bool locked_ = false;
 };
 
-/// Edits a vendor, a new one for a number below 1. The vendor's key, 0 when nothing was saved.
+/// Edits a vendor; an `ID` below 1 adds one. Returns the vendor's key, 0 when nothing was saved.
 std::int32_t editVendor(Library& library, std::int32_t ID);
 
 }  // namespace tsln::entities

@@ -22,7 +22,7 @@ Layout AccountingApplication::content() {
 
 void AccountingApplication::Form_Load() {
     RecordDialog::Form_Load();
-    cmdOK.setEnabled(false);  // an option that could not be read is not written over
+    cmdOK.setEnabled(false);  // an option that could not be read must not be overwritten
     const Variant stored = host().options().GetCompanyOption(option, section, 0);
     if (stored.isNumeric()) cboApp.choose(stored.toLong());
     cmdOK.setEnabled(true);

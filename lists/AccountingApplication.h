@@ -4,7 +4,7 @@
 
 namespace tsln::lists {
 
-/// Records which accounting application the company uses.
+/// Asks which accounting application the company uses, and stores the answer as a company option.
 class AccountingApplication : public RecordDialog {
   public:
     explicit AccountingApplication(Library& library);
@@ -17,7 +17,7 @@ class AccountingApplication : public RecordDialog {
     bool save() override;
 };
 
-/// Shows the choice; true when it was cancelled.
+/// Shows the dialog. Returns true when it was cancelled.
 bool chooseAccountingApplication(Library& library);
 
 }  // namespace tsln::lists

@@ -7,7 +7,7 @@ constexpr Choice accountTypes[] = {{1, "Sales"}, {2, "Purchase"}};
 
 }  // namespace
 
-/// Some of its texts speak of shipping methods and customers (deliberate).
+/// Some of the texts name shipping methods and customers instead of accounts (deliberate).
 const ListDescription accountsList{
     .open = Operation::ShowAccounts,
     .edit = Operation::ShowAccounts_Edit,
@@ -23,10 +23,8 @@ const ListDescription accountsList{
     .defaults = DefaultSet{"Would you like to install the default accounts?", "TSLN50_Accounts"},
     .deletionChecks =
         {{"SELECT COUNT(*) AS MyCount FROM Products WHERE SalesAccountID = {0} OR PurchaseAccountID = {0}",
-          "The shipping method <Bold>{0}</Bold> cannot be deleted because it's being referenced by {1} "
-          "products.",
-          "In order to delete this shipping method you must first remove it from the customers that are "
-          "referencing it."}},
+          "The shipping method <Bold>{0}</Bold> cannot be deleted because it's being referenced by {1} products.",
+          "In order to delete this shipping method you must first remove it from the customers that are referencing it."}},
     .deleteFailure = "There was a problem deleting one or more accounts(s).",
     .busyState = true,
     .dialog = {

@@ -37,7 +37,7 @@ const ListDescription quoteApprovalList{
     .table = "QuoteApproval",
     .orderBy = "Criteria",
     .columns = {{"Criteria", 380, "Criteria"}},
-    .listKind = 19,  // deliberate: there is no such kind, so import and export do nothing here
+    .listKind = 19,  // no such kind exists, so import and export do nothing here (deliberate)
     .deleteFailure = "There was a problem deleting one or more quote approval criteria(s).",
     .dialog = {
         .newCaption = "New Quote Approval Criteria",
@@ -78,7 +78,7 @@ void DepositCriteriaScreen::listLoaded() {
 
 void DepositCriteriaScreen::Form_Unload() {
     ListScreen::Form_Unload();
-    // An option that could not be read is not written over.
+    // An option that could not be read must not be overwritten.
     if (optionRead_) host().options().SetUserOption(enforceOption, noSection, chkEnforce.checked());
 }
 

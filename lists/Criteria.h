@@ -4,7 +4,7 @@
 
 namespace tsln::lists {
 
-/// The deposit criteria, with the user's option whether orders are held to them.
+/// The deposit criteria, with the user option that enforces them for orders.
 class DepositCriteriaScreen : public ListScreen {
   public:
     DepositCriteriaScreen(Library& library, const ListDescription& description);

@@ -2,7 +2,6 @@
 
 namespace tsln::lists {
 
-
 const ListDescription groupsList{
     .open = Operation::ShowGroups,
     .edit = Operation::ShowEditGroups,

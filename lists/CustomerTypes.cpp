@@ -9,7 +9,7 @@ namespace {
 using Show = ListColumn::Show;
 
 constexpr Choice directions[] = {{0, "Down"}, {1, "Nearest"}};
-/// How discounts that apply at once come together.
+/// How several discounts on one item are combined.
 constexpr Choice discountMethods[] = {
     {0, "Highest discount only"}, {1, "Add up"}, {2, "One after the other"}};
 
@@ -32,9 +32,7 @@ const ListDescription customerTypesList{
     .deletionChecks =
         {{countReferences("Customers", "CustomerTypeID"),
           "The customer type <Bold>{0}</Bold> cannot be deleted because it's being used by {1} customers.",
-          "In order to delete this customer type you must first change all the customers that are using it "
-          "to "
-          "reference a different customer type."}},
+          "In order to delete this customer type you must first change all the customers that are using it to reference a different customer type."}},
     .deleteFailure = "There was a problem deleting one or more customer type(s).",
     .dialog = {
         .newCaption = "New Customer Type",
@@ -46,14 +44,12 @@ const ListDescription customerTypesList{
                    fields::choice("cboOptionDiscountMethod", "&Option discounts:", "OptionDiscountMethod", "<odm>", discountMethods),
                    fields::choice("cboDiscountMethod", "&Discounts:", "DiscountMethod", "<dm>", discountMethods)},
         .saveFailure = "There was a problem saving this customer type.",
-        .insert = "INSERT INTO CustomerTypes (Name,RoundUnitPrice,RoundUnitPriceTo,RoundUnitPriceDirection,"
-                  "OptionDiscountMethod,DiscountMethod) "
+        .insert = "INSERT INTO CustomerTypes (Name,RoundUnitPrice,RoundUnitPriceTo,RoundUnitPriceDirection,OptionDiscountMethod,DiscountMethod) "
                   "VALUES('<n>', '<rup>', '<rupt>', '<rupd>', '<odm>', '<dm>')",
-        // The bare "<rupt>" and the two blanks before it are deliberate.
+        // The unquoted "<rupt>" and the two blanks before it are deliberate.
         .update =
             "UPDATE CustomerTypes SET Name = '<n>', RoundUnitPrice = '<rup>', RoundUnitPriceTo =  <rupt>, "
-            "RoundUnitPriceDirection = '<rupd>', OptionDiscountMethod = '<odm>', "
-            "DiscountMethod = '<dm>' WHERE ID = <id>",
+            "RoundUnitPriceDirection = '<rupd>', OptionDiscountMethod = '<odm>', DiscountMethod = '<dm>' WHERE ID = <id>",
     }};
 
 bool CustomerTypesScreen::mayDelete(std::size_t record) {

@@ -4,7 +4,7 @@
 
 namespace tsln::lists {
 
-/// The customer types: a company keeps at least one.
+/// The customer types. The last one cannot be deleted.
 class CustomerTypesScreen : public ListScreen {
   public:
     using ListScreen::ListScreen;

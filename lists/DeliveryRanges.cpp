@@ -2,7 +2,6 @@
 
 namespace tsln::lists {
 
-
 const ListDescription deliveryRangesList{
     .open = Operation::ShowDeliveryRanges,
     .edit = Operation::ShowEditDeliveryRanges,

@@ -12,7 +12,7 @@ namespace {
 
 using modSharedSQL::format;
 
-/// How the refusal to delete a type's last group reads.
+/// The message box that refuses to delete the last group of a type.
 struct LastOfType {
     std::int32_t type;
     std::string_view message, advice;
@@ -21,20 +21,19 @@ constexpr LastOfType lastOfType[] = {
     {0, "The discount group {0} cannot be deleted because it's the last price discount group.",
      "You must have at least one price discount group setup in your company."},
     {1, "The discount group {0} cannot be deleted because it's the last cost discount group.",
-     // "customer cost group" is deliberate
+     // "customer cost group" is deliberate.
      "You must have at least one customer cost group setup in your company."},
     {2, "The discount group {0} cannot be deleted because it's the last customer discount group.",
      "You must have at least one customer discount group setup in your company."},
 };
 
-/// A statement of the deletion and the entry in the event log when it fails: {0} is the replacement, {1} the
-/// group that goes.
+/// A statement of the deletion, and the event log entry for its failure: {0} is the replacement group, {1} the
+/// deleted group.
 struct Step {
     std::string_view statement, failure;
 };
 constexpr std::string_view customersNotMoved =
-    "Unable to update the customers to reference a new discount group [{0}] while deleting a discount group. "
-    "More information to follow.";
+    "Unable to update the customers to reference a new discount group [{0}] while deleting a discount group. More information to follow.";
 constexpr Step steps[] = {
     {"UPDATE Customers SET DiscountGroupID = {0} WHERE DiscountGroupID = {1}", customersNotMoved},
     {"UPDATE Customers SET CustomerDiscountGroupID = {0} WHERE CustomerDiscountGroupID = {1}",
@@ -45,7 +44,7 @@ constexpr Step steps[] = {
      "Unable to delete the discount group [{1}]. More information to follow."},
 };
 
-/// Writes to the event log; a log that cannot be written changes nothing about what is logged.
+/// Writes to the event log. A failure to log is ignored: it must not replace the failure being logged.
 void record(const Host& host, std::string_view text) noexcept {
     try {
         host.RecordEvent(text);
@@ -75,7 +74,8 @@ bool runSteps(const Host& host, const Connection& connection, std::int32_t repla
     return true;
 }
 
-/// Step by step what the user wants; false when it came to nothing. `name` is set once it is known.
+/// Checks, asks and deletes. Returns true when the group is deleted. Sets `name` once the group's name is read, and
+/// `failed` when the deletion failed rather than being refused or declined.
 bool askAndDelete(Library& library, std::int32_t ID, std::string& name, bool& failed) {
     Argument group(ID);
     if (!library.perform(Operation::CanDeleteDiscountGroup, Arguments({&group, 1})).toBoolean()) return false;
@@ -83,8 +83,7 @@ bool askAndDelete(Library& library, std::int32_t ID, std::string& name, bool& fa
     name = host.common().GetDiscountGroupName(ID);
     const std::string question =
         "Deleting the discount group '" + name +
-        "' will delete all discounts for that group and set the discount group for associated customers to "
-        "another discount group that you must select. Are you sure you want to delete this discount group?";
+        "' will delete all discounts for that group and set the discount group for associated customers to another discount group that you must select. Are you sure you want to delete this discount group?";
     if (library.desktop().messageBox(nullptr, question, MessageButtons::YesNo, MessageIcon::Question) !=
         MessageAnswer::Yes) {
         return false;

@@ -10,8 +10,8 @@
 
 namespace tsln::lists {
 
-/// A type of discount group: its number, its caption, and the name of the group of that type which every
-/// company needs.
+/// A type of discount group: its number, its caption, and the name of the group of this type that every company
+/// needs, in lower case.
 struct DiscountGroupType {
     std::int32_t number;
     std::string_view caption;
@@ -23,7 +23,7 @@ inline constexpr DiscountGroupType discountGroupTypes[] = {
     {2, "Customer", "customer"},
 };
 
-/// The name as names of required groups are compared: without blanks around it and letter case.
+/// The form in which a name is compared with the names of required groups: trimmed, in lower case.
 inline std::string comparableGroupName(std::string_view name) {
     return modSharedStrings::toLower(modSharedStrings::trim(name));
 }

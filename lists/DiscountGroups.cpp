@@ -51,8 +51,7 @@ void DiscountGroupsScreen::deleteSelected() {
 void DiscountGroupsScreen::exportRows() {
     host().ShowMessageStyle1WithMemory(
         "Exporting Discount Groups",
-        "Exporting discount groups will only export the names and types of the groups. It does not export "
-        "the actual discounts. Exporting of discounts must be done from the Discounts screen.");
+        "Exporting discount groups will only export the names and types of the groups. It does not export the actual discounts. Exporting of discounts must be done from the Discounts screen.");
     ListScreen::exportRows();
 }
 

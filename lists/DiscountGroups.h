@@ -5,7 +5,7 @@
 
 namespace tsln::lists {
 
-/// The discount groups. Deleting one is an operation of the library of its own.
+/// The discount groups. Rows are deleted by the library's operation DeleteDiscountGroup.
 class DiscountGroupsScreen : public ListScreen {
   public:
     using ListScreen::ListScreen;
@@ -15,7 +15,7 @@ class DiscountGroupsScreen : public ListScreen {
     void exportRows() override;
 };
 
-/// The dialog of a discount group. The groups every company needs cannot be changed.
+/// The dialog of a discount group. A required group cannot be changed.
 class DiscountGroupDialog : public RecordDialog {
   public:
     using RecordDialog::RecordDialog;
@@ -24,7 +24,7 @@ class DiscountGroupDialog : public RecordDialog {
     void filled() override;
 };
 
-/// Gives the library the list, its dialog and the operations to delete a group.
+/// Registers the list, its dialog and the operations that delete a group with the library.
 void plugInDiscountGroups(Library& library);
 
 }  // namespace tsln::lists

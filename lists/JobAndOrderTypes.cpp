@@ -18,8 +18,7 @@ const ListDescription jobTypesList{
     .deletionChecks =
         {{countReferences("Jobs", "JobTypeID"),
           "The job type <Bold>{0}</Bold> cannot be deleted because it's being used by {1} jobs.",
-          "In order to delete this job type you must first remove it from the jobs that are referencing "
-          "it."}},
+          "In order to delete this job type you must first remove it from the jobs that are referencing it."}},
     .deleteFailure = "There was a problem deleting one or more job type(s).",
     .dialog = {
         .newCaption = "New Job Type",
@@ -36,7 +35,7 @@ const ListDescription orderTypesList{
     .table = "OrderTypes",
     .orderBy = "OrderType",
     .columns = {{"Order Type", 280, "OrderType"}},
-    .securityArea = 108,  // the job types' area: one right guards both
+    .securityArea = 108,  // the area of the job types: one right guards both lists
     .listKind = 17,
     .moveReferencesCode = 6,
     .deleteFailure = "There was a problem deleting one or more order type(s).",

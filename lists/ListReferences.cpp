@@ -66,7 +66,7 @@ constexpr ReferencedList lists[] = {
     {12, "SalesTaxGroups", "SalesTaxGroup",
      "Change items that reference the sales tax group:", toSalesTaxGroups},
     {13, "Groups", "GroupName", "Change items that reference the group:", toGroups},
-    // "accout" is what users know it to say
+    // "accout" is deliberate.
     {14, "Accounts", "Account", "Change items that reference the linked accout:", toAccounts},
 };
 

@@ -10,7 +10,7 @@ namespace tsln::lists {
 struct Reference {
     std::string_view table;
     std::string_view column;
-    /// What is told when the references of this table cannot be moved.
+    /// The message for a failure to move the references of this table.
     std::string_view failure() const;
 };
 
@@ -18,15 +18,15 @@ struct Reference {
 struct ReferencedList {
     std::int16_t code;
     std::string_view table;
-    std::string_view nameColumn;  ///< as the statements name it
+    std::string_view nameColumn;  ///< in the form the statements use
     std::string_view heading;
     std::span<const Reference> references;  ///< in the order they are moved
-    /// The references may be moved to no entry at all. That cannot be turned back, so it is offered only
-    /// where nothing is computed or decided by the reference; they become Null, which is read as "none".
+    /// The references may be set to NULL, which reads as "none". This cannot be undone, so it is offered only where
+    /// no computation and no decision depends on the reference.
     bool blankAllowed = false;
 };
 
-/// The list of that code, or null.
+/// Returns the list with this code, or null.
 const ReferencedList* findReferencedList(std::int16_t code);
 
 }  // namespace tsln::lists

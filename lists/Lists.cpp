@@ -50,8 +50,9 @@ void plugInDialog(Library& library, const ListDescription& list) {
     });
 }
 
-/// Asks the manufacturers' dialog whether the rooms' was cancelled (deliberate, and so is leaving that dialog
-/// in its slot). It was not, so the result is the room's key after Cancel as well.
+/// The result depends on whether the manufacturers' dialog was cancelled instead of the rooms' dialog (deliberate, as
+/// is leaving the manufacturers' dialog in its slot). A dialog that was never shown does not count as cancelled, so
+/// the result is the room's key even after Cancel.
 Variant showMeasurementRoomDialog(Library& library, Arguments a) {
     const auto closed = runDialog(library, measurementRoomsList, a[0].toLong());
     const auto asked = library.screens().instance(dialogName(manufacturersList), [&] {
@@ -75,7 +76,7 @@ void plugIn(Library& library) {
     plugInDialog(library, depositCriteriaList);
 
     plugInList<LocationsScreen>(library, locationsList);
-    // Unlike the others it answers whether it was cancelled (deliberate).
+    // Unlike the other operations, this one returns whether the dialog was cancelled (deliberate).
     library.plugIn(locationsList.edit, [](Library& self, Arguments a) {
         return Variant(runDialog<LocationDialog>(self, locationsList, a[0].toLong())->Cancelled);
     });

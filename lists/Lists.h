@@ -5,10 +5,10 @@
 
 namespace tsln::lists {
 
-/// Gives the library the lookup lists, their edit dialogs and what belongs to them.
+/// Registers the lookup lists, their dialogs and the related operations with the library.
 void plugIn(Library& library);
 
-/// "Exported to accounting", which several lists have last.
+/// The field "Exported to accounting". Several lists have it as their last field.
 inline constexpr FieldDescription exportedField =
     fields::check("chkExported", "&Exported to accounting", "Exported", "<ex>");
 

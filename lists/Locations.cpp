@@ -43,20 +43,20 @@ const ListDescription locationsList{
             fields::text("txtRegion", "&Region:", "Region", "<reg>")),
         .saveFailure = "There was a problem saving this location.",
         .saveExplanation = saveAgainExplanation,
-        // The doubled MarketName here, and below that ValidateAddresses is not updated, are deliberate.
+        // Two deviations are deliberate: the INSERT names MarketName twice, the UPDATE does not write
+        // ValidateAddresses.
         .insert =
-            "INSERT INTO Locations (LocationName,Email,WebSite,Phone1Label,Phone1,Phone2Label,Phone2,"
-            "Phone3Label,Phone3,Phone4Label,Phone4,ShipToAddress1,ShipToAddress2,ShipToCity,ShipToState,"
-            "ShipToZip,ShipToCountry,ValidateAddresses,StoreNumber,MarketName,MarketName,Region) "
-            "VALUES('<name>','<email>','<web>','<p1l>','<p1>','<p2l>','<p2>','<p3l>','<p3>','<p4l>',"
-            "'<p4>','<sa1>','<sa2>','<sy>','<ss>','<sz>','<sc>',<validateaddresses>,'<sno>','<mno>',"
-            "'<mname>','<reg>')",
+            "INSERT INTO Locations (LocationName,Email,WebSite,Phone1Label,Phone1,Phone2Label,Phone2,Phone3Label,"
+            "Phone3,Phone4Label,Phone4,ShipToAddress1,ShipToAddress2,ShipToCity,ShipToState,ShipToZip,ShipToCountry,"
+            "ValidateAddresses,StoreNumber,MarketName,MarketName,Region) "
+            "VALUES('<name>','<email>','<web>','<p1l>','<p1>','<p2l>','<p2>','<p3l>','<p3>','<p4l>','<p4>','<sa1>',"
+            "'<sa2>','<sy>','<ss>','<sz>','<sc>',<validateaddresses>,'<sno>','<mno>','<mname>','<reg>')",
         .update = "UPDATE Locations SET LocationName = '<name>', Email = '<email>', WebSite = '<web>', "
-                  "Phone1Label = '<p1l>', Phone1 = '<p1>', Phone2Label = '<p2l>', Phone2 = '<p2>', "
-                  "Phone3Label = '<p3l>', Phone3 = '<p3>', Phone4Label = '<p4l>', Phone4 = '<p4>', "
-                  "ShipToAddress1 = '<sa1>', ShipToAddress2 = '<sa2>', ShipToCity = '<sy>', "
-                  "ShipToState = '<ss>', ShipToZip = '<sz>', ShipToCountry = '<sc>', StoreNumber = '<sno>', "
-                  "MarketNumber = '<mno>' , MarketName = '<mname>' , Region = '<reg>'  WHERE ID = <id>",
+                  "Phone1Label = '<p1l>', Phone1 = '<p1>', Phone2Label = '<p2l>', Phone2 = '<p2>', Phone3Label = '<p3l>', "
+                  "Phone3 = '<p3>', Phone4Label = '<p4l>', Phone4 = '<p4>', ShipToAddress1 = '<sa1>', "
+                  "ShipToAddress2 = '<sa2>', ShipToCity = '<sy>', ShipToState = '<ss>', ShipToZip = '<sz>', "
+                  "ShipToCountry = '<sc>', StoreNumber = '<sno>', MarketNumber = '<mno>' , MarketName = '<mname>' , "
+                  "Region = '<reg>'  WHERE ID = <id>",
     }};
 
 // The list ------------------------------------------------------------------------------------------------
@@ -74,7 +74,7 @@ void LocationsScreen::cmdEdit_Click() {
 
 LocationDialog::LocationDialog(Library& library, const ListDescription& description)
     : RecordDialog(library, description) {
-    setValidateAddresses(true);  // of a new location
+    setValidateAddresses(true);  // the default of a new location
     cmdCopyAddress.onClick = [this] { cmdCopyAddress_Click(); };
 }
 
@@ -92,9 +92,8 @@ Layout LocationDialog::content() {
 
 void LocationDialog::cmdCopyAddress_Click() {
     const Records company = host().database().ExecuteRead(
-        "SELECT TOP 1 BillToAddress1, BillToAddress2, BillToCity, BillToState, BillToZip, BillToCountry FROM "
-        "Company");
-    if (company.empty()) return;  // what stands in the box is not thrown away for nothing
+        "SELECT TOP 1 BillToAddress1, BillToAddress2, BillToCity, BillToState, BillToZip, BillToCountry FROM Company");
+    if (company.empty()) return;  // the address in the box is kept
     Address address;
     for (std::size_t i = 0; i < address.size(); ++i)
         address[i] = modSharedXML::readText("BillTo" + std::string(addressColumns[i]), company.first());

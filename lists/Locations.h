@@ -5,7 +5,8 @@
 
 namespace tsln::lists {
 
-/// The locations. Their dialog tells only whether it was cancelled, so the list looks itself what was saved.
+/// The locations. The dialog's operation returns only whether it was cancelled, not the row's key, so the list reads
+/// all rows again after New.
 class LocationsScreen : public ListScreen {
   public:
     using ListScreen::ListScreen;
@@ -15,7 +16,7 @@ class LocationsScreen : public ListScreen {
     void cmdEdit_Click() override;
 };
 
-/// The dialog of a location, with its ship-to address in one box.
+/// The dialog of a location. Its ship-to address is edited in one box.
 class LocationDialog : public RecordDialog {
   public:
     LocationDialog(Library& library, const ListDescription& description);

@@ -5,7 +5,7 @@ namespace {
 
 
 constexpr std::int32_t measurementArea = 109;
-// The items' message speaks of rooms too (deliberate).
+// The items' list shows this message too (deliberate).
 constexpr std::string_view roomsNotDeleted = "There was a problem deleting one or more room(s).";
 
 }  // namespace
@@ -27,7 +27,7 @@ const ListDescription measurementRoomsList{
     .dialog = {
         .newCaption = "New Room",
         .editCaption = "Edit Room",
-        // The message speaks of a manufacturer (deliberate).
+        // The message names a manufacturer instead of a room (deliberate).
         .fields = {fields::name("txtRoom", "&Room:", "Room", "<r>", "You must enter a valid Manufacturer.", "Room already exists.")},
         .saveFailure = "There was a problem saving this room.",
     }};

@@ -8,7 +8,7 @@ namespace {
 
 using modSharedSQL::format;
 
-/// The column's name as the rows of a result have it.
+/// The column's name in the rows of a result.
 std::string_view withoutBrackets(std::string_view column) {
     if (column.starts_with('[')) column = column.substr(1, column.size() - 2);
     return column;
@@ -50,7 +50,7 @@ void MoveListReferences::opened() {
         format("SELECT ID, {0} FROM {1} WHERE ID <> {2}", list_->nameColumn, list_->table, ID),
         withoutBrackets(list_->nameColumn), "ID", list_->blankAllowed);
     cmdOK.setEnabled(true);
-    setFocus(cboReplacement);  // now that it has entries: an empty one may refuse the keyboard
+    setFocus(cboReplacement);  // only now: an empty combo box may refuse the focus
 }
 
 bool MoveListReferences::mayMoveTo(std::int32_t replacement) {
@@ -64,10 +64,9 @@ std::optional<std::int64_t> MoveListReferences::move(std::int32_t replacement) {
     const std::string target = replacement > 0 ? std::to_string(replacement) : "NULL";
     const Database database = host().database();
     std::int64_t moved = 0;
-    // Each update stands for itself: what has been moved before one fails stays moved, and another try moves
-    // the rest.
+    // There is no transaction: a failed update leaves the earlier ones in effect, and a second try moves the rest.
     for (const Reference& reference : list_->references) {
-        // The host does not tell how many rows an update changes.
+        // The host does not return how many rows an UPDATE changes.
         const std::int64_t rows =
             database.ExecuteScaler(format(countReferences(reference.table, reference.column), ID), "", "0")
                 .toLong();

@@ -5,7 +5,7 @@
 
 namespace tsln::lists {
 
-/// Points everything that refers to one entry of a list at another entry.
+/// Moves all references from one entry of a list to another entry.
 class MoveListReferences : public RecordDialog {
   public:
     explicit MoveListReferences(Library& library);
@@ -14,7 +14,7 @@ class MoveListReferences : public RecordDialog {
     TextBox txtName{*this, "txtName"};
     ComboBox cboReplacement{*this, "cboReplacement"};
 
-    /// Hands it the entry whose references move. False when there is no such list, which has been told.
+    /// Sets the entry whose references are moved. Returns false for an unknown list code, after showing an error.
     bool initialize(std::int16_t listCode, std::int32_t entry);
 
   protected:
@@ -24,13 +24,13 @@ class MoveListReferences : public RecordDialog {
 
   private:
     bool mayMoveTo(std::int32_t replacement);
-    /// How many references were moved; nothing when an update failed, which has been told.
+    /// Returns the number of moved references, or nothing when an update failed and the failure was reported.
     std::optional<std::int64_t> move(std::int32_t replacement);
 
     const ReferencedList* list_ = nullptr;
 };
 
-/// Shows the dialog; true when it was cancelled.
+/// Shows the dialog. Returns true when it was cancelled.
 bool moveListReferences(Library& library, std::int16_t listCode, std::int32_t ID);
 
 }  // namespace tsln::lists

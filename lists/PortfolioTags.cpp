@@ -15,19 +15,18 @@ const ListDescription portfolioTagsList{
     .orderBy = "Tag",
     .columns = {{"Tag", 160, "Tag"}, {"Portfolio File", 280, "FileName"}},
     .deleteFailure = "There was a problem deleting one or more portfolio tags(s).",
-    .addsRows = false,  // files get their tags elsewhere
+    .addsRows = false,  // tags are assigned to files elsewhere
 };
 
 std::string PortfolioTagsScreen::loadStatement() const {
-    return "SELECT PortfolioTags.ID, PortfolioTags.Tag, Portfolio.FileName FROM PortfolioTags INNER JOIN "
-           "Portfolio ON PortfolioTags.PortfolioID = Portfolio.ID ORDER BY PortfolioTags.Tag, "
-           "Portfolio.FileName";
+    return "SELECT PortfolioTags.ID, PortfolioTags.Tag, Portfolio.FileName FROM PortfolioTags "
+           "INNER JOIN Portfolio ON PortfolioTags.PortfolioID = Portfolio.ID ORDER BY PortfolioTags.Tag, Portfolio.FileName";
 }
 
 void PortfolioTagsScreen::cmdEdit_Click() {
     const auto record = modSharedReportControl::focusedRecord(rptItems);
     if (!record) return;
-    // A new name may stand in many rows.
+    // Renaming a tag can change many rows.
     if (!library().ShowEditPortfiolioTag(std::string(rptItems.cell(*record, 0)))) loadList();
 }
 

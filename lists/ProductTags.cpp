@@ -26,9 +26,9 @@ const ListDescription productTagsList{
     .table = "ProductTags",
     .orderBy = "Tag",
     .columns = {{"Tag", 280, "Tag"}},
-    .listKind = 6,  // the phone labels' kind (deliberate)
+    .listKind = 6,  // the kind of the phone labels (deliberate)
     .deleteFailure = "There was a problem deleting one or more product tags.",
-    .editsRows = false,  // there is nothing to edit about a tag of a product
+    .editsRows = false,  // a tag has no further fields to edit
 };
 
 // The list ------------------------------------------------------------------------------------------------
@@ -59,7 +59,7 @@ ProductTagsDialog::ProductTagsDialog(Library& library) : RecordDialog(library, "
     rptTags.columns = {{"Tags of This Product", 200}};
     rptTags.accessibleName = "Tags of this product";
     lstUsed.accessibleName = "Tags in use";
-    Cancelled = false;  // closing it by the title bar counts as accepted, as in the other dialogs of rows
+    Cancelled = false;  // the close box counts as OK, as in the other record dialogs
 }
 
 Layout ProductTagsDialog::content() {

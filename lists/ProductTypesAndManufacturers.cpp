@@ -5,7 +5,7 @@ namespace {
 
 using Show = ListColumn::Show;
 
-/// What products are of may go only once no product is.
+/// Refuses the deletion of a row that products refer to.
 DeletionCheck usedByProducts(const std::string& noun, std::string_view column) {
     return {countReferences("Products", column),
             "The " + noun + " <Bold>{0}</Bold> cannot be deleted because it's being used by {1} products.",

@@ -17,8 +17,7 @@ const ListDescription salesTaxCodesList{
     .listKind = 20,
     .deletionChecks =
         {{countReferences("SalesTaxGroupCodes", "SalesTaxCodeID"),
-          "The sales tax code <Bold>{0}</Bold> cannot be deleted because it's referenced {1} times by one or "
-          "more sales tax groups.",
+          "The sales tax code <Bold>{0}</Bold> cannot be deleted because it's referenced {1} times by one or more sales tax groups.",
           "In order to delete this sales tax code you must first remove it from all Sales Tax Groups."}},
     .deleteFailure = "There was a problem deleting one or more sales tax code(s).",
     .dialog = {

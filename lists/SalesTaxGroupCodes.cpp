@@ -40,7 +40,7 @@ void SalesTaxGroupCodes::opened() {
                            .itemData = code,
                            .ticked = ticked.contains(code)});
     }
-    cmdOK.setEnabled(true);  // not before: saving replaces the group's codes by those shown
+    cmdOK.setEnabled(true);  // only now: saving replaces the group's codes by the shown ones
 }
 
 bool SalesTaxGroupCodes::save() {

@@ -5,7 +5,7 @@
 
 namespace tsln::lists {
 
-/// Assigns sales tax codes to a sales tax group. Left by the title bar it does not count as cancelled.
+/// Assigns sales tax codes to a sales tax group. The close box does not count as Cancel.
 class SalesTaxGroupCodes : public RecordDialog {
   public:
     explicit SalesTaxGroupCodes(Library& library);
@@ -21,7 +21,7 @@ class SalesTaxGroupCodes : public RecordDialog {
     bool save() override;
 };
 
-/// Shows the screen for a group; true when it was left by its Cancel button.
+/// Shows the screen for a group. Returns true when the user pressed Cancel.
 bool assignSalesTaxCodes(Library& library, std::int32_t groupID);
 
 }  // namespace tsln::lists

@@ -76,9 +76,9 @@ void SalesTaxGroupsScreen::showCodes(std::int32_t groupID) {
     const auto connection = groupID > 0 ? host().currentCompanyConnection() : std::nullopt;
     if (!connection) return;
     const Recordset codes = connection->read(
-        "SELECT SalesTaxCodes.Code, SalesTaxCodes.Rate, SalesTaxCodes.Vendor FROM SalesTaxGroupCodes INNER "
-        "JOIN SalesTaxCodes ON SalesTaxGroupCodes.SalesTaxCodeID = SalesTaxCodes.ID WHERE "
-        "(SalesTaxGroupCodes.SalesTaxGroupID = " +
+        "SELECT SalesTaxCodes.Code, SalesTaxCodes.Rate, SalesTaxCodes.Vendor FROM SalesTaxGroupCodes "
+        "INNER JOIN SalesTaxCodes ON SalesTaxGroupCodes.SalesTaxCodeID = SalesTaxCodes.ID "
+        "WHERE (SalesTaxGroupCodes.SalesTaxGroupID = " +
         std::to_string(groupID) + ")");
     double sum = 0;
     for (; !codes.atEnd(); codes.next()) {
@@ -97,25 +97,17 @@ bool SalesTaxGroupsScreen::anyCode() const {
 
 void SalesTaxGroupsScreen::welcome() {
     host().ShowMessageStyle1WithMemory(
-        "Sales sales groups are made up of one or more sales tax codes.",  // worded so (deliberate)
-        "In the Kestrane Tessaline a customer is assigned a sales tax group. A sales tax group is made up of "
-        "one or  more sales tax codes.\r\n\r\nUse the Manage Tax Codes button to create individual tax "
-        "codes. "
-        "Then use the Assign Tax Codes button to assign those codes to the selected tax group.");
+        "Sales sales groups are made up of one or more sales tax codes.",  // this wording is deliberate
+        "In the Kestrane Tessaline a customer is assigned a sales tax group. A sales tax group is made up of one or  more sales tax codes.\r\n\r\nUse the Manage Tax Codes button to create individual tax codes. Then use the Assign Tax Codes button to assign those codes to the selected tax group.");
     if (anyCode()) return;
     tell(
-        "Since you don't have any sales tax codes defined yet the Sales Tax Codes screen will open to allow "
-        "you enter the individual tax codes first.",
+        "Since you don't have any sales tax codes defined yet the Sales Tax Codes screen will open to allow you enter the individual tax codes first.",
         MessageIcon::Information);
     cmdManageTaxCodes_Click();
     if (!anyCode()) return;
     host().ShowMessageStyle1(
-        "Now that you have created at least one sales tax code you should create at least one sales tax "
-        "group "
-        "to use that code.",
-        "If you only have one sales tax code or don't want to calculate different rates for one customer "
-        "then "
-        "you can just give the sales tax group name the same name as the tax code.");
+        "Now that you have created at least one sales tax code you should create at least one sales tax group to use that code.",
+        "If you only have one sales tax code or don't want to calculate different rates for one customer then you can just give the sales tax group name the same name as the tax code.");
     cmdNew.userPress();
 }
 
@@ -126,7 +118,7 @@ void SalesTaxGroupsScreen::added(std::int32_t ID) {
 
 void SalesTaxGroupsScreen::cmdManageTaxCodes_Click() {
     library().ShowSalesTaxCodes();
-    refreshCodes();  // their names and rates may be others now
+    refreshCodes();  // their names and rates may have changed
 }
 
 void SalesTaxGroupsScreen::assignTaxCodes(std::int32_t groupID) {

@@ -6,8 +6,8 @@
 
 namespace tsln::lists {
 
-/// The sales tax groups, below them the codes that make up the selected one. It leads a first-time user
-/// through making codes and then groups.
+/// The sales tax groups and, below them, the codes of the selected group. A first-time user is led through adding
+/// codes and then groups.
 class SalesTaxGroupsScreen : public ListScreen {
   public:
     SalesTaxGroupsScreen(Library& library, const ListDescription& description);

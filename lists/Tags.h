@@ -8,7 +8,7 @@
 
 namespace tsln::lists {
 
-/// The tags of one product. They are added and deleted; there is nothing to edit about them.
+/// The tags of one product. They can be added and deleted, not edited.
 class ProductTagsScreen : public ListScreen {
   public:
     ProductTagsScreen(Library& library, const ListDescription& description, std::int32_t productID);
@@ -23,7 +23,7 @@ class ProductTagsScreen : public ListScreen {
     bool named_ = false;
 };
 
-/// Adds tags to a product, whose key is its `ID`: a typed one, and any that are used elsewhere.
+/// Adds tags to a product, whose key is `ID`: a typed tag, and any tags that other products use.
 class ProductTagsDialog : public RecordDialog {
   public:
     explicit ProductTagsDialog(Library& library);
@@ -38,11 +38,11 @@ class ProductTagsDialog : public RecordDialog {
     bool save() override;
 
   private:
-    /// Adds the tag unless the product has it; false when that failed, which has been told.
+    /// Adds the tag unless the product has it. Returns false when that failed and the failure was reported.
     bool add(std::string_view insert, std::string_view placeholder, const std::string& tag);
 };
 
-/// The tags of all portfolio files. They are renamed and deleted; files get their tags elsewhere.
+/// The tags of all portfolio files. They can be renamed and deleted; they are assigned to files elsewhere.
 class PortfolioTagsScreen : public ListScreen {
   public:
     using ListScreen::ListScreen;
@@ -52,14 +52,14 @@ class PortfolioTagsScreen : public ListScreen {
     void cmdEdit_Click() override;
 };
 
-/// Renames a portfolio tag everywhere at once.
+/// Renames a portfolio tag in all files.
 class PortfolioTagDialog : public RecordDialog {
   public:
     explicit PortfolioTagDialog(Library& library);
 
     TextBox txtTag{*this, "txtTag"};
 
-    /// Hands it the tag that is to get another name.
+    /// Sets the tag that is renamed.
     void initialize(std::string tag);
 
   protected:
@@ -70,7 +70,7 @@ class PortfolioTagDialog : public RecordDialog {
     std::string tag_;
 };
 
-/// Gives the library both lists and their dialogs.
+/// Registers both lists and their dialogs with the library.
 void plugInTags(Library& library);
 
 }  // namespace tsln::lists

@@ -9,27 +9,27 @@
 namespace tsln {
 namespace {
 
-// In characters.
+// characters
 constexpr int numberWidth = 10;
 constexpr int linesWidth = 40;
 constexpr int addressWidth = 34;
 
 constexpr float percent = 100;
 
-/// A stored number without the zeros that the database may add; other text as it is.
+/// Removes the trailing zeros that the database may add to a stored number. Other text is returned unchanged.
 std::string normalNumber(const std::string& text) {
     const auto number = parseNumber(text);
     return number ? numberText(*number) : text;
 }
 
-/// A percentage as it is typed, as the fraction that is stored: four decimals, half to even.
+/// Converts a typed percentage to the stored fraction: four decimals, half to even.
 double fractionOf(const std::string& percentage) {
-    float typed = 0;  // what reads as no number is 0
+    float typed = 0;  // text that is no number reads as 0
     readNumber(percentage, typed);
     return std::nearbyint(static_cast<double>(typed) / percent * 10'000) / 10'000;
 }
 
-/// A number as a statement takes it: a host may leave a number in a form such as "$5" or "1,000".
+/// Converts a number to the form that a statement accepts: a host may leave a number such as "$5" or "1,000".
 std::string statementNumber(const std::string& text) {
     if (text.find_first_not_of("0123456789.-") == std::string::npos) return text;
     return normalNumber(text);
@@ -41,7 +41,7 @@ Field::Field(HostScreen& screen, const FieldDescription& description, bool& vali
     : screen_(screen), description_(description), validateAddresses_(validateAddresses) {
     make();
     if (!control_) return;
-    // A box of several lines may stand without its label.
+    // A box of several lines may be shown without its label.
     control_->accessibleName = description.accessibleName.empty() && hasSeveralLines()
                                    ? modSharedStrings::replaceAll(description.label, "&", "")
                                    : description.accessibleName;
@@ -204,7 +204,7 @@ void Field::show(const Row& row) {
 void Field::chooseStored(std::int32_t number) {
     if (combo().choose(number)) return;
     combo().setListIndex(-1);
-    // A number of another version's choices is kept: saving must not turn it into one of these.
+    // A stored number that is not among the choices is kept: saving must not change it to one of them.
     if (number != 0) combo().setListIndex(combo().addItem(std::to_string(number), number));
 }
 
@@ -212,7 +212,7 @@ void Field::chooseStored(std::int32_t number) {
 
 void Field::left() {
     if (description_.rule == Rule::PostalAddress) {
-        // An address taken away is to be validated once there is one again.
+        // After an address was cleared, the next one is validated.
         if (text().text().empty()) validateAddresses_ = true;
         std::string shown = text().text();
         screen_.host().ParseAddress(shown, validateAddresses_);
@@ -280,7 +280,7 @@ void Field::addTags(StatementTags& tags) const {
             tags.plain(tag, numberText(fractionOf(text().text())));
             break;
         case Rule::Margin: {
-            float typed = 0;  // what reads as no number, such as the empty box of a missing record, is 0
+            float typed = 0;  // text that is no number, such as the empty box of a missing record, reads as 0
             readNumber(text().text(), typed);
             tags.plain(tag, numberText(typed / percent));
             break;

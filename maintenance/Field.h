@@ -14,45 +14,46 @@
 
 namespace tsln {
 
-/// A field of a record dialog at work: its control, what it shows of a row and how a statement writes it.
+/// One field of a record dialog: its control, how it shows a row's value, and how a statement writes it.
 class Field {
   public:
-    /// `validateAddresses` is the record's wish to have its addresses validated: a field of that rule reads and
-    /// writes it, the host may change it whenever it parses an address. It and the description must outlive the
-    /// field.
+    /// `validateAddresses` tells whether the record's addresses are to be validated: a field with the rule
+    /// ValidateAddresses reads and writes it, and the host may change it whenever it parses an address. It and the
+    /// description must outlive the field.
     Field(HostScreen& screen, const FieldDescription& description, bool& validateAddresses);
 
     const FieldDescription& description() const noexcept { return description_; }
     /// Null for a column without a control.
     Control* control() const;
-    /// The control of a field that has one of that kind; another raises std::bad_cast.
+    /// The control, for a field whose control has this type. Raises std::bad_cast for another type.
     TextBox& text() const { return dynamic_cast<TextBox&>(*control()); }
     ComboBox& combo() const { return dynamic_cast<ComboBox&>(*control()); }
     DateBox& date() const { return dynamic_cast<DateBox&>(*control()); }
     CheckBox& check() const { return dynamic_cast<CheckBox&>(*control()); }
-    /// Its label and control, to stand in a form.
+    /// The field's label and control, as an item of a form.
     Layout layout() const;
     bool hasSeveralLines() const noexcept;
 
-    /// Has the host fill the list. A text that was typed stays. May raise HostError.
+    /// Lets the host fill the list of choices. Text that was typed is kept. May raise HostError.
     void loadEntries();
-    /// Gives a new record the value of its company option or its first choice. May raise HostError.
+    /// Shows the default of a new record: the value of the field's company option, or its first choice. May raise
+    /// HostError.
     void showDefault();
-    /// Gives a new record that has no choice yet the first entry, where the field takes it.
+    /// Selects the first entry for a new record that has no choice yet, where the description says so.
     void showFirst();
-    /// May raise HostError.
+    /// Shows the row's value. May raise HostError.
     void show(const Row& row);
 
-    /// The user left the control. May raise HostError.
+    /// Called when the user leaves the control. May raise HostError.
     void left();
-    /// Puts what was typed into the form that is saved: numbers within their bounds, text without blanks at its ends.
+    /// Corrects the typed value before it is saved: numbers to their bounds, text by removing blanks at both ends.
     void normalize();
-    /// What to tell the user who left a required field empty; empty when there is nothing to tell.
+    /// The message for a required field that is empty; empty when the field is filled or not required.
     std::string_view complaint() const;
 
-    /// Adds the value of each of its tags. May raise HostError.
+    /// Adds the value of each of the field's tags. May raise HostError.
     void addTags(StatementTags& tags) const;
-    /// Its columns, each with its tag as a statement has it: in quotes where it stands for text.
+    /// The field's columns, each with its tag as a statement contains it: in quotes for text.
     std::vector<std::pair<std::string, std::string>> columns() const;
 
   private:

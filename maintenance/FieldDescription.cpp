@@ -3,7 +3,7 @@
 namespace tsln::fields {
 namespace {
 
-/// The default labels are those of customers, whatever the record.
+/// Every record type reads its default labels from the customers' options.
 constexpr std::string_view labelSection = "Customers";
 constexpr int labelWidth = 14;  // characters
 

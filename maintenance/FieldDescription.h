@@ -11,7 +11,7 @@
 
 namespace tsln {
 
-/// What a stored number stands for.
+/// The caption of a stored number.
 struct Choice {
     std::int32_t number;
     std::string_view caption;
@@ -19,61 +19,63 @@ struct Choice {
 
 /// How the value of a field is shown, checked and written.
 enum class Rule {
-    Text,               ///< text as it is typed
+    Text,               ///< text, as typed
     Trimmed,            ///< text without the blanks at its ends
-    Lines,              ///< text of several lines, as it is typed
+    Lines,              ///< several lines of text, as typed
     Label,              ///< text, typed or chosen from a list that the host fills
-    Whole,              ///< a whole number, checked when it is left and before it is saved
-    Decimal,            ///< a decimal number, checked likewise
-    Percent,            ///< shown as a percentage, stored as a fraction of four decimals; checked likewise
-    Margin,             ///< shown as a percentage, stored as a fraction of single precision; checked when it is left
+    Whole,              ///< a whole number, corrected when the control is left and before saving
+    Decimal,            ///< a decimal number, corrected when the control is left and before saving
+    Percent,            ///< shown as a percentage, stored as a fraction of four decimals; corrected like Decimal
+    Margin,             ///< shown as a percentage, stored as a fraction of single precision; corrected when left
     Choice,             ///< one of fixed numbers, chosen by its caption
-    Key,                ///< the stored number of the chosen entry of a list that the host fills, or 0
-    KeyOrNull,          ///< likewise, or NULL when the list shows no text
+    Key,                ///< the stored number of the chosen entry of a list that the host fills; 0 for no choice
+    KeyOrNull,          ///< like Key, but NULL when the list shows no text
     Check,              ///< 1 or 0
-    Date,               ///< a date, made ready for statements by the host, or NULL for "None"
-    Password,           ///< text as it is typed, shown masked
-    PostalAddress,      ///< an address of six columns in one box of several lines, parsed by the host
-    ValidateAddresses,  ///< without a control: the record's wish to have its addresses validated
+    Date,               ///< a date, converted for statements by the host; NULL for "None"
+    Password,           ///< text, as typed, shown masked
+    PostalAddress,      ///< an address of six columns, edited in one box of several lines and parsed by the host
+    ValidateAddresses,  ///< no control: whether the record's addresses are to be validated
 };
 
-/// The columns of an address end so, in this order.
+/// The endings of an address's column names, in the order of the columns.
 inline constexpr std::array<std::string_view, 6> addressColumns{"Address1", "Address2", "City",
                                                                 "State",    "Zip",      "Country"};
 
-/// A company option that gives a new record its value. `otherwise` is its default; an empty name means no option.
+/// A company option that holds a new record's value. `otherwise` is the option's default; an empty name means no
+/// option.
 struct DefaultOption {
     std::string_view name, section, otherwise;
 };
 
-/// A field of a record dialog: its control, its label, its column and its tag in the statements, and its rule. The
-/// functions of the namespace `fields` make one.
+/// A field of a record dialog: its control, label, column, tag in the statements, and rule. The functions of the
+/// namespace `fields` create one.
 struct FieldDescription {
     Rule rule = Rule::Text;
     std::string_view control;
     std::string_view label;
-    std::string_view column;                       ///< PostalAddress: what its six columns begin with
-    std::string_view tag;                          ///< "<name>"; Address: see `tags`
-    std::array<std::string_view, 6> tags = {};     ///< PostalAddress: a tag a column
-    NumericBounds bounds = {};                     ///< of a number
+    std::string_view column;                       ///< PostalAddress: the prefix of its six columns
+    std::string_view tag;                          ///< "<name>"; PostalAddress: see `tags`
+    std::array<std::string_view, 6> tags = {};     ///< PostalAddress: one tag per column
+    NumericBounds bounds = {};                     ///< for numbers
     std::span<const tsln::Choice> choices = {};    ///< Choice
     void (Common::*loader)(ComboBox& combo) const = nullptr;  ///< fills the list of a Label, Key or KeyOrNull
     DefaultOption option = {};
-    bool tickedByDefault = false;         ///< Check: a new record starts with it ticked
-    bool firstByDefault = false;          ///< a new record without another choice takes the first entry
-    std::string_view requiredText = {};   ///< told when the field is empty or nothing is chosen
-    std::string_view duplicateText = {};  ///< told when another row has the value
-    std::string_view accessibleName = {};  ///< empty: the label
-    int width = 0;                        ///< in characters; 0: as usual for the rule
+    bool tickedByDefault = false;         ///< Check: ticked in a new record
+    bool firstByDefault = false;          ///< a new record without another default selects the first entry
+    std::string_view requiredText = {};   ///< message when the field is empty or nothing is chosen
+    std::string_view duplicateText = {};  ///< message when another row has this value
+    std::string_view accessibleName = {};  ///< empty: the label is used
+    int width = 0;                        ///< in characters; 0: the usual width of the rule
     bool locks = false;                   ///< cannot be changed while the record is locked
-    /// Places among the columns of the two statements: lower ones come first, equal ones in the order of the fields.
+    /// Positions among the columns of the two statements: lower numbers first, equal numbers in the order of the
+    /// fields.
     std::int8_t insertPlace = 0, updatePlace = 0;
 
-    /// The text must not be empty, or something must be chosen; else `message` is told.
+    /// Requires a text or a choice. `message` is shown when it is missing.
     constexpr FieldDescription required(std::string_view message) const {
         return with([&](auto& f) { f.requiredText = message; });
     }
-    /// No other row may have the value; else `message` is told.
+    /// Requires a value that no other row has. `message` is shown for a duplicate.
     constexpr FieldDescription unique(std::string_view message) const {
         return with([&](auto& f) { f.duplicateText = message; });
     }
@@ -89,7 +91,7 @@ struct FieldDescription {
     constexpr FieldDescription placed(std::int8_t inInsert, std::int8_t inUpdate) const {
         return with([&](auto& f) { f.insertPlace = inInsert, f.updatePlace = inUpdate; });
     }
-    /// A new record takes the company option's value: an entry's stored number, or a text.
+    /// The default of a new record is the company option's value: the stored number of an entry, or a text.
     constexpr FieldDescription byDefault(DefaultOption from) const {
         return with([&](auto& f) { f.option = from; });
     }
@@ -125,7 +127,7 @@ constexpr FieldDescription of(Rule rule, Name control, Name label, Name column, 
 constexpr FieldDescription trimmed(Name control, Name label, Name column, Name tag) {
     return of(Rule::Trimmed, control, label, column, tag);
 }
-/// The name of a row of a lookup list: it must not be empty and, where `duplicate` says something, not taken.
+/// The name of a row of a lookup list. It must not be empty, and must be unique where `duplicate` is not empty.
 constexpr FieldDescription name(Name control, Name label, Name column, Name tag, Name required,
                                 Name duplicate = {}) {
     return trimmed(control, label, column, tag).required(required).unique(duplicate);
@@ -138,7 +140,7 @@ constexpr FieldDescription label(Name control, Name label, Name column, Name tag
     made.loader = loader;
     return made;
 }
-/// A number from 0 to `maximum`, by default 0.
+/// A number from 0 to `maximum`, 0 by default.
 constexpr FieldDescription number(Rule rule, Name control, Name label, Name column, Name tag, double maximum) {
     FieldDescription made = of(rule, control, label, column, tag);
     made.bounds = {.maximum = maximum};
@@ -158,7 +160,7 @@ constexpr FieldDescription margin(Name control, Name label, Name column, Name ta
     made.bounds = bounds;
     return made;
 }
-/// Unless required() says otherwise a new record takes the first choice.
+/// A new record selects the first choice, unless the field is required().
 constexpr FieldDescription choice(Name control, Name label, Name column, Name tag,
                                   std::span<const Choice> choices) {
     FieldDescription made = of(Rule::Choice, control, label, column, tag);
@@ -181,7 +183,7 @@ constexpr FieldDescription date(Name control, Name label, Name column, Name tag)
 constexpr FieldDescription password(Name control, Name label, Name column, Name tag) {
     return of(Rule::Password, control, label, column, tag);
 }
-/// `caption` stands beside the box.
+/// `caption` is shown beside the box.
 constexpr FieldDescription check(Name control, Name caption, Name column, Name tag) {
     return of(Rule::Check, control, caption, column, tag);
 }
@@ -195,16 +197,17 @@ constexpr FieldDescription validateAddresses() {
     return of(Rule::ValidateAddresses, {}, {}, "ValidateAddresses", "<validateaddresses>");
 }
 
-/// The phone numbers 1 to `count` (at most 4), each a label and a number: cboPhone1Label, txtPhone1 and so on. The
-/// numbers are written by `rule`, Text or Trimmed; `defaults` gives new records the labels of the company's options.
+/// The phone numbers 1 to `count` (at most 4), each a label and a number: cboPhone1Label, txtPhone1 and so on.
+/// `rule`, Text or Trimmed, applies to the numbers. With `defaults`, new records get the labels of the company's
+/// options.
 std::vector<FieldDescription> phones(int count, Rule rule, bool defaults);
-/// The e-mail addresses 1 to `count` (at most 2), likewise, trimmed and with default labels.
+/// The e-mail addresses 1 to `count` (at most 2), each a label and an address, trimmed and with default labels.
 std::vector<FieldDescription> emails(int count);
 
-/// Fields that cannot be changed while the record is locked.
+/// Returns the fields, marked as not editable while the record is locked.
 std::vector<FieldDescription> lockable(std::vector<FieldDescription> fields);
 
-/// Several parts in one list: fields, and lists of fields.
+/// Joins fields and lists of fields into one list.
 template <class... Parts>
 std::vector<FieldDescription> join(const Parts&... parts) {
     std::vector<FieldDescription> all;

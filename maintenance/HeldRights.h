@@ -8,13 +8,13 @@
 
 namespace tsln {
 
-/// The rights of the user in one security area, each asked of the host at most once until they are forgotten.
+/// The user's rights in one security area. Asks the host for each right at most once until forget() is called.
 class HeldRights {
   public:
     /// Without an area every right is held.
     explicit HeldRights(std::optional<std::int32_t> area) : area_(area) {}
 
-    /// May raise HostError; the right is asked for again then.
+    /// Returns whether the user holds the right. Raises HostError when the host fails, and asks again next time.
     bool holds(Right right, const Host& host) {
         if (!area_) return true;
         const auto known = held_.find(right);

@@ -10,7 +10,7 @@ namespace tsln {
 
 class ListScreen;
 
-/// The identifiers of the commands and popups that every list shares.
+/// The identifiers of the commands and popups that all lists share.
 namespace command {
 inline constexpr int import = 28001;
 inline constexpr int exportList = 28003;
@@ -26,7 +26,7 @@ inline constexpr int editItem = 28306;
 inline constexpr int deleteItem = 28307;
 }  // namespace command
 
-/// Rights that are all needed, as a set of the bits of Right.
+/// A set of rights that are all required, as bits of Right.
 using Rights = std::uint32_t;
 constexpr Rights rights(std::initializer_list<Right> all) {
     Rights set = 0;
@@ -35,23 +35,24 @@ constexpr Rights rights(std::initializer_list<Right> all) {
     return set;
 }
 
-/// The rows that a command needs; group rows are none.
+/// The rows that a command requires. Group rows do not count.
 enum class Needs {
     Nothing,
-    FocusedRow,    ///< one has the focus, and the selection is not empty
-    OneRow,        ///< one has the focus, and just it is selected
-    SelectedRows,  ///< at least one is selected
+    FocusedRow,    ///< one row has the focus, and the selection is not empty
+    OneRow,        ///< one row has the focus and is the only selected one
+    SelectedRows,  ///< at least one row is selected
 };
 
-/// The popups that offer a command, as a set of bits.
+/// The popups that contain a command, as a set of bits.
 enum Popups : unsigned {
     inNone = 0,
     inMore = 1,      ///< "More List Commands"
     inNoItems = 2,   ///< the context popup while no row is selected
-    inOneItem = 4,   ///< the context popup of selected rows
+    inOneItem = 4,   ///< the context popup while rows are selected
 };
 
-/// A command of a list: how it is called, when it applies and what it does. Buttons, popups and keys run it alike.
+/// A command of a list: its captions, when it applies and what it does. Its button, popup entries and keys all run
+/// it.
 struct ListCommand {
     int id = 0;
     std::string_view caption = {};  ///< in popups
@@ -59,8 +60,8 @@ struct ListCommand {
     Rights rights = 0;
     unsigned popups = inNone;
     void (*run)(ListScreen& list) = nullptr;
-    bool beginsGroup = false;              ///< a separator stands before it in popups
-    std::string_view button = {};          ///< the name of its button, "cmdCopy"; empty: it has none
+    bool beginsGroup = false;              ///< a separator precedes it in popups
+    std::string_view button = {};          ///< the name of its button, "cmdCopy"; empty: no button
     std::string_view buttonCaption = {};
 };
 

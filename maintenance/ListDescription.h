@@ -15,15 +15,15 @@
 
 namespace tsln {
 
-/// A column of a list: its caption, its width in the report control's units, the field that fills it and how the
-/// field's value is shown.
+/// A column of a list: its caption, its width in the report control's units, its field, and how the field's value is
+/// shown.
 struct ListColumn {
     enum class Show {
         Text,
-        Number,    ///< as it is, to the right, sorted by value
+        Number,    ///< as stored, right-aligned, sorted by value
         YesNo,     ///< "Yes" or "No"
-        Choice,    ///< the caption of the stored number; a number that has none is shown itself
-        Currency,  ///< "$1,234.50", to the right, sorted by value; text that is no number is shown itself
+        Choice,    ///< the caption of the stored number; a number without a caption is shown itself
+        Currency,  ///< "$1,234.50", right-aligned, sorted by value; text that is no number is shown unchanged
         Date,      ///< "3/4/2011", sorted by time
         DateTime,  ///< "3/4/2011 10:20:30 AM", sorted by time
         Check,     ///< a check box
@@ -33,31 +33,32 @@ struct ListColumn {
     std::string_view field;
     Show show = Show::Text;
     std::span<const Choice> choices = {};
-    std::string_view instead = {};  ///< shown where the field is empty
-    bool editable = false;          ///< edited in place: text, a choice or a check box
-    /// A computed text: the fields it is made of, and the function that makes it of their values, in place of `field`.
+    std::string_view instead = {};  ///< shown for an empty field
+    bool editable = false;          ///< can be edited in place: text, a choice or a check box
+    /// For a computed text, instead of `field`: the fields it depends on, and the function that computes it from
+    /// their values.
     std::span<const std::string_view> uses = {};
     std::string (*compute)(std::span<const std::string_view> values) = nullptr;
 };
 
-/// How a row is drawn, by the values of some of its fields.
+/// Computes how a row is drawn from the values of some of its fields.
 struct ListRowStyle {
     std::span<const std::string_view> uses = {};
-    ReportControl::Style (*style)(std::span<const std::string_view> values) = nullptr;  ///< null: all rows are plain
+    ReportControl::Style (*style)(std::span<const std::string_view> values) = nullptr;  ///< null: all rows plain
 };
 
-/// A table whose rows may refer to the rows of a list, and how a refusal to delete reads.
+/// A table whose rows may refer to the rows of a list, and the message box that refuses the deletion then.
 struct DeletionCheck {
     std::string count;    ///< counts the references; {0} is the row's `ID`
     std::string message;  ///< {0} is the row's name, {1} the count; may hold "<Bold>" markup
     std::string advice;
 };
-/// The statement that counts a table's references to the row {0}.
+/// The statement that counts a table's references to row {0}.
 std::string countReferences(std::string_view table, std::string_view column);
-/// The check as most lists word it: `noun` is what is to be deleted, `users` are the rows that refer to it.
+/// The check in the wording of most lists: `noun` names the row to be deleted, `users` the rows that refer to it.
 DeletionCheck referencedBy(std::string_view noun, std::string_view table, std::string_view column,
                            std::string_view users);
-/// The two places that most lists are referred to from.
+/// Checks of the two tables that most lists are referred to from.
 DeletionCheck referencedByCustomers(std::string_view noun, std::string_view column);
 DeletionCheck referencedByOrders(std::string_view noun, std::string_view column);
 
@@ -67,23 +68,23 @@ struct DefaultSet {
     std::string_view packageKey;
 };
 
-/// The groups of a list.
+/// How the rows of a list are grouped.
 struct ListGroups {
-    std::size_t column = 0;                                   ///< the rows are grouped by its text
-    bool inRowOrder = true;                                   ///< in the order of the loaded rows; else by their texts
-    std::string_view emptyText = "(No Group)";                ///< heads the rows without a group
+    std::size_t column = 0;                                   ///< the column whose text groups the rows
+    bool inRowOrder = true;                                   ///< groups in the order of the rows; else sorted by text
+    std::string_view emptyText = "(No Group)";                ///< the heading of rows without a group
 };
 
-/// Everything that tells one list and its dialog from another.
+/// Describes one list and its dialog.
 struct ListDescription {
     Operation open;  ///< the entry point of the list
     Operation edit;  ///< the entry point of the dialog; its first argument is the row's `ID`
     std::string_view screenName;
     std::string_view caption;
     std::string_view table;
-    std::string_view view = {};  ///< the list reads its rows here; empty: from the table
+    std::string_view view = {};  ///< the view that rows are read from; empty: the table
     std::string_view orderBy;
-    std::vector<ListColumn> columns;                      ///< the first holds the row's name
+    std::vector<ListColumn> columns;                      ///< the first one holds the row's name
     std::optional<std::int32_t> securityArea = {};        ///< none: no rights are checked
     std::optional<std::int16_t> listKind = {};            ///< none: no import and export
     std::optional<std::int16_t> moveReferencesCode = {};  ///< none: no "Move References"
@@ -97,12 +98,12 @@ struct ListDescription {
     RecordDescription::Source source = RecordDescription::Source::Query;
     ListRowStyle rowStyle = {};
     std::optional<ListGroups> groups = {};
-    /// Further commands; they follow the shared ones in the popups, and those with a button follow the buttons.
+    /// Further commands. They follow the shared commands in the popups and buttons.
     std::vector<ListCommand> commands = {};
-    bool addsRows = true;             ///< New does something; else it is disabled
-    bool editsRows = true;            ///< Edit does something; else it is disabled
-    bool contextMenu = false;         ///< a right click and the menu key open a popup of the commands
-    bool filter = false;              ///< a box above the list narrows its rows to those that hold the typed text
+    bool addsRows = true;             ///< New is enabled
+    bool editsRows = true;            ///< Edit is enabled
+    bool contextMenu = false;         ///< a right click and the menu key open a popup of commands
+    bool filter = false;              ///< a box above the list reduces it to the rows that contain the typed text
     std::string_view countLine = {};  ///< a line below the list, "{0} items"; {0} is the number of shown rows
 };
 

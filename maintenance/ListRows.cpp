@@ -13,10 +13,10 @@ namespace {
 using modSharedXML::RowReader;
 using Show = ListColumn::Show;
 
-constexpr std::size_t sample = 64;  // rows by which the room for all of them is reckoned
-constexpr std::size_t spare = 32;   // of the reckoned room one part in so many is added
+constexpr std::size_t sample = 64;  // the number of rows from which the memory for all rows is estimated
+constexpr std::size_t spare = 32;   // the estimate is increased by 1/spare
 
-/// Makes records of the texts of fields.
+/// Makes records from the texts of fields.
 class RowMaker {
   public:
     RowMaker(std::span<const ListColumn> columns, const ListRowStyle& style)
@@ -37,7 +37,7 @@ class RowMaker {
         });
     }
 
-    /// The fields whose texts add() takes, in this order.
+    /// The fields whose texts add() expects, in this order.
     std::span<const std::string_view> fields() const { return fields_; }
 
     void add(std::span<const std::string_view> texts, ListRows& rows) {
@@ -97,7 +97,7 @@ class RowMaker {
     std::span<const ListColumn> columns_;
     const ListRowStyle& style_;
     std::vector<std::string_view> fields_;
-    std::vector<std::size_t> places_;  // by column: where its fields begin
+    std::vector<std::size_t> places_;  // for each column, the index of its first field
     std::size_t styleAt_ = 0;
     bool asTheyAre_ = false;
     std::vector<std::string_view> cells_;

@@ -11,17 +11,17 @@
 
 namespace tsln {
 
-/// The rows of a list as its report control takes them.
+/// The rows of a list, in the form that its report control takes.
 struct ListRows {
     ReportRecords records;
-    std::vector<ReportControl::Style> styles;  ///< by record; empty where all rows are plain
+    std::vector<ReportControl::Style> styles;  ///< one per record; empty when all rows are plain
 };
 
-/// The rows of a query result, whose text is taken over: their `ID` and the columns as the list shows them. Text that
-/// is no XML raises HostError(code::fail).
+/// Reads the rows of a query result, taking over its text: each row's `ID` and the columns as the list shows them.
+/// Text that is not XML raises HostError(code::fail).
 ListRows readListRows(std::string text, std::span<const ListColumn> columns, const ListRowStyle& style = {},
                       modSharedXML::RowReader::Way way = modSharedXML::RowReader::Way::OnePass);
-/// The rows of a recordset, from its current one to its end. May raise HostError.
+/// Reads the rows of a recordset, from its current row to its end. May raise HostError.
 ListRows readListRows(const Recordset& rows, std::span<const ListColumn> columns, const ListRowStyle& style = {});
 
 }  // namespace tsln

@@ -43,9 +43,9 @@ ReportColumn reportColumn(const ListColumn& column) {
 
 }  // namespace
 
-/// Marks the screen as busy while a load or a delete runs: its buttons are disabled, the pointer is the hourglass and
-/// the caption says so. In the end New, Edit and Delete follow the rights and the selection as they are then. Lists
-/// that do not show the state are not marked.
+/// Marks the screen as busy while it loads or deletes: the buttons are disabled, the pointer is an hourglass and the
+/// caption says so. At the end New, Edit and Delete are set by the current rights and selection. A list without
+/// `busyState` is not marked.
 class ListScreen::BusyState {
   public:
     explicit BusyState(ListScreen& screen) : screen_(screen) {
@@ -66,7 +66,7 @@ class ListScreen::BusyState {
         for (Button* button : {&screen_.cmdNew, &screen_.cmdEdit, &screen_.cmdDelete})
             button->setEnabled(true);
         if (updateButtons()) return;
-        // What the user may do is not known, so nothing is offered.
+        // The user's rights are unknown, so the buttons stay disabled.
         for (Button* button : {&screen_.cmdNew, &screen_.cmdEdit, &screen_.cmdDelete})
             button->setEnabled(false);
     }
@@ -75,7 +75,7 @@ class ListScreen::BusyState {
 
   private:
     bool updateButtons() {
-        // Work that failed has an error of its own to report.
+        // After a failure, an error here is not reported: the failure itself is.
         if (std::uncaught_exceptions() == exceptions_) return screen_.handle([this] { screen_.updateButtons(); });
         try {
             screen_.updateButtons();
@@ -87,7 +87,7 @@ class ListScreen::BusyState {
 
     ListScreen& screen_;
     std::optional<Busy> busy_;
-    const int exceptions_ = std::uncaught_exceptions();  // in flight when the work began
+    const int exceptions_ = std::uncaught_exceptions();  // the number when the work began
 };
 
 ListScreen::ListScreen(Library& library, const ListDescription& description)
@@ -159,7 +159,7 @@ void ListScreen::Form_Activate() {
     activated_ = true;
     desktop().yield();
     loadList();
-    desktop().yield();  // what is asked or told now is about the rows that are to be seen
+    desktop().yield();  // the rows appear before questions and messages about them
     welcome();
 }
 
@@ -200,7 +200,7 @@ ListRows ListScreen::readRows(const std::string& statement) const {
 void ListScreen::loadList() {
     {
         const BusyState busy(*this);
-        // The rows are in hand before the old ones go: a failed load leaves the list as it was.
+        // All rows are read before the old ones are removed: a failed load leaves the list unchanged.
         ListRows rows = readRows(loadStatement());
         rptItems.setRecords(std::move(rows.records));
         for (std::size_t i = 0; i < rows.styles.size(); ++i)
@@ -283,7 +283,7 @@ std::int32_t ListScreen::edit(std::int32_t ID) {
     for (Variant& further : furtherArguments())
         arguments.emplace_back(std::move(further));
     const std::int32_t saved = library().perform(description_.edit, Arguments(arguments)).toLong();
-    rights_.forget();  // the dialog may have been open for long
+    rights_.forget();  // the rights may have changed while the dialog was open
     return saved;
 }
 
@@ -298,13 +298,13 @@ void ListScreen::cmdDelete_Click() {
         const BusyState busy(*this);
         deleteSelected();
     } catch (...) {
-        showWhatIsLeft();  // rows that are deleted stay deleted, and the list says so
+        showWhatIsLeft();  // rows deleted before the failure are gone, and the list shows that
         throw;
     }
     showWhatIsLeft();
 }
 
-/// The button deletes at once; a key is pressed by mistake more easily, so it asks.
+/// Asks before it deletes, because a key is easily pressed by mistake. The button does not ask.
 void ListScreen::deleteKey() {
     if (!cmdDelete.enabled() || !anySelected(rptItems)) return;
     const std::size_t rows = selectedRecords().size();
@@ -438,7 +438,7 @@ void ListScreen::makePopups() {
     cbContext.popups.push_back(popup(command::more, "More List Commands", inMore));
     if (!description_.contextMenu) return;
     cbContext.popups.push_back(popup(command::noItems, "No Items", inNoItems));
-    // Twice (deliberate): the second stands for several rows.
+    // Added twice (deliberate): the second one is for several rows.
     cbContext.popups.push_back(popup(command::oneItem, "One Item", inOneItem));
     cbContext.popups.push_back(popup(command::oneItem, "One Item", inOneItem));
 }

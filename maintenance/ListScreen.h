@@ -16,10 +16,10 @@
 namespace tsln {
 
 /// A list screen: shows the rows of a table and lets the user add, edit, delete, import, export, print and save them,
-/// and what further commands its description has. The description must outlive the screen. A list with ways of its own
-/// derives and overrides just those.
+/// and run the description's further commands. The description must outlive the screen. A derived class overrides
+/// members for special handling.
 ///
-/// After one act of the user each right is asked of the host at most once.
+/// During one user action each right is asked of the host at most once.
 class ListScreen : public HostScreen {
   public:
     ListScreen(Library& library, const ListDescription& description);
@@ -36,24 +36,24 @@ class ListScreen : public HostScreen {
     Button cmdHelp{*this, "cmdHelp", "&Help"};
     Button cmdClose{*this, "cmdClose", "&Close", Button::Role::Cancel};
 
-    /// The screen was closed by its Close button, not by the title bar.
+    /// True when the screen was closed by its Close button, not by the title bar.
     bool closedByClose = false;
 
     Layout layout() override;
 
     // For the commands --------------------------------------------------------------------------------
     const ListDescription& description() const noexcept { return description_; }
-    /// The user holds the right in the list's security area, or the list checks none. May raise HostError.
+    /// True when the user holds the right in the list's security area, or the list has no area. May raise HostError.
     bool can(Right right);
-    /// The `ID` of the focused row, 0 when there is none.
+    /// The `ID` of the focused row, 0 without one.
     std::int32_t selectedID() const;
-    /// The records of the selected rows, from the first to the last.
+    /// The records of the selected rows, in row order.
     std::vector<std::size_t> selectedRecords() const;
-    /// Reads all rows again. What it raises leaves the rows as they were.
+    /// Reads all rows again. An error leaves the rows unchanged.
     void loadList();
-    /// Reads a row that was added and shows it, selected.
+    /// Reads an added row, shows it and selects it.
     void showAdded(std::int32_t ID);
-    /// Reads a row that was changed again and shows it in its place. One that is gone stays as it is until the next
+    /// Reads a changed row again and updates it in place. A row that no longer exists stays unchanged until the next
     /// load.
     void showChanged(std::int32_t ID);
 
@@ -63,37 +63,37 @@ class ListScreen : public HostScreen {
     void Form_Unload() override;
     void actStarts() override { rights_.forget(); }
 
-    /// The statement that reads all rows; its rows have the fields of the columns and an `ID`.
+    /// The statement that reads all rows. Its result has the columns' fields and an `ID`.
     virtual std::string loadStatement() const;
     /// The statement that reads one row.
     virtual std::string rowStatement(std::int32_t ID) const;
-    /// The rows were loaded anew.
+    /// Called after all rows were loaded.
     virtual void listLoaded() {}
-    /// What is asked and told once, when the list has first been loaded.
+    /// Called once, after the first load, for questions and messages.
     virtual void welcome();
-    /// Sets which buttons are enabled, after every load, change and change of the selection.
+    /// Sets which buttons are enabled. Called after every load, change and change of the selection.
     virtual void updateButtons();
     virtual void cmdNew_Click();
-    /// A row was added by New; it is shown and selected.
+    /// Called after New added a row, which is shown and selected.
     virtual void added([[maybe_unused]] std::int32_t ID) {}
     virtual void cmdEdit_Click();
-    /// Deletes the selected rows for good.
+    /// Deletes the selected rows without asking.
     virtual void deleteSelected();
-    /// True when nothing speaks against deleting the record; else the user has been told.
+    /// Returns true when the record may be deleted; otherwise tells the user why not and returns false.
     virtual bool mayDelete(std::size_t record);
     virtual void exportRows();
-    /// References to a row were moved to another one.
+    /// Called after references to a row were moved to another one.
     virtual void referencesMoved() {}
-    /// What the dialog's entry point takes after the row's `ID`.
+    /// The arguments of the dialog's entry point after the row's `ID`.
     virtual std::vector<Variant> furtherArguments() const { return {}; }
 
-    /// What stands beside the buttons above the list, and what below the list.
+    /// Further controls beside the buttons above the list, and below the list.
     virtual std::vector<Layout> furtherButtons() { return {}; }
     virtual std::vector<Layout> belowList() { return {}; }
 
-    /// Opens the dialog (0: for a new row); the saved row's `ID`, or 0.
+    /// Opens the dialog, for a new row with 0. Returns the saved row's `ID`, or 0.
     std::int32_t edit(std::int32_t ID);
-    /// How many rows a counting statement finds.
+    /// Returns the number that a counting statement finds.
     std::int32_t count(const std::string& statement) const;
 
   private:
@@ -126,12 +126,12 @@ class ListScreen : public HostScreen {
         int id;
         Button button;
     };
-    std::deque<CommandButton> commandButtons_;  // controls stay where they are
+    std::deque<CommandButton> commandButtons_;  // a deque: controls must not move
     bool activated_ = false;
 };
 
-/// Shows the list, a screen of the class S made with the further arguments; true when it was closed by its Close
-/// button.
+/// Shows the list in a screen of the class S, constructed with the further arguments. Returns true when it was closed
+/// by its Close button.
 template <class S = ListScreen, class... A>
 bool showList(Library& library, const ListDescription& description, A... arguments) {
     const auto closed = library.screens().show(

@@ -10,12 +10,13 @@
 
 namespace tsln {
 
-/// Everything that tells one record dialog from another.
+/// Describes one record dialog.
 struct RecordDescription {
-    std::string_view table = {};  ///< of a list's dialog: the list's
+    std::string_view table = {};  ///< empty for a list's dialog, which uses the list's table
     std::string_view newCaption;
     std::string_view editCaption;
-    /// In the order in which their tags are filled, which is that of their columns unless they are placed otherwise.
+    /// In the order in which their tags are filled. It is also the order of their columns, unless a field is placed
+    /// elsewhere.
     std::vector<FieldDescription> fields;
 
     std::string_view saveFailure = {};
@@ -27,23 +28,24 @@ struct RecordDescription {
         Recordset,  ///< from the company's connection
     };
     Source source = Source::Query;
-    /// The fields are filled before the dialog is shown, which is not shown if that fails; else when it appears.
+    /// The fields are filled before the dialog is shown, and a failure keeps it from being shown; otherwise they are
+    /// filled once it is visible.
     bool filledBeforeShown = false;
     SafeText safeText = SafeText::Doubled;
-    /// A dialog left by its close box counts as cancelled; else as accepted.
+    /// The close box cancels the dialog; otherwise the dialog counts as accepted.
     bool closingCancels = false;
     WindowValues windowValues = WindowValues::Place;
 
-    /// "<id>" is the row's key. Empty: made of the columns and tags of the fields.
+    /// "<id>" is the row's key. Empty: generated from the columns and tags of the fields.
     std::string_view insert = {};
     std::string_view update = {};
-    /// How a made INSERT parts its columns, and what stands before its values.
+    /// In a generated INSERT: the separator of the columns, and the text before the values.
     std::string_view columnSeparator = ",";
     std::string_view valuesKeyword = "VALUES(";
 
-    /// A master record: its saving is told to the history and the rest of the host, in words of its own.
+    /// For a master record: how the history, the event log and the notices name it.
     std::optional<RecordHistory> history = {};
-    /// The first field can be handed to the host's expression editor.
+    /// The first field can be edited in the host's expression editor.
     bool expression = false;
 };
 

@@ -17,7 +17,7 @@ bool holds(const Layout& layout, const Control& control) {
            std::ranges::any_of(layout.children, [&](const Layout& child) { return holds(child, control); });
 }
 
-/// Turns the tab controls of the layout to the pages that hold the control.
+/// Selects the pages of tab controls in the layout that contain the control.
 void turnTo(const Layout& layout, const Control& control) {
     for (std::size_t i = 0; i < layout.children.size(); ++i) {
         if (!holds(layout.children[i], control)) continue;
@@ -149,7 +149,7 @@ void RecordDialog::fillFields() {
     const bool newCaption = record_->filledBeforeShown ? isNew() : ID == 0;
     setCaption(std::string(newCaption ? record_->newCaption : record_->editCaption));
     focusFirstField();
-    // A row that could not be read must not be saved over with empty fields.
+    // A row that could not be read must not be overwritten with empty fields.
     cmdOK.setEnabled(isNew());
     for (Field& field : fields_)
         field.loadEntries();
@@ -163,7 +163,7 @@ void RecordDialog::fillFields() {
         readRow();
         cmdOK.setEnabled(true);
     }
-    // A percentage shows in its normal form from the start.
+    // A percentage is shown in its normal form from the start.
     for (Field& field : fields_) {
         if (field.description().rule == Rule::Percent) field.normalize();
     }
@@ -245,7 +245,7 @@ void RecordDialog::refuse(std::string_view message, Control* control) {
     tell(message, MessageIcon::Exclamation);
     if (!control) return;
     turnTo(layout(), *control);
-    cmdOK.setRole(Button::Role::Default);  // a box of several lines may have had the focus
+    cmdOK.setRole(Button::Role::Default);  // a box of several lines may have taken the role away
     control->setFocus();
 }
 
@@ -258,7 +258,7 @@ std::string RecordDialog::statement() {
             field.addTags(tags);
         }
     }
-    // The statement that adds a master record has no such tag, and a text of the user's may look like it.
+    // The INSERT of a master record contains no such tag, but the user's text might.
     if (!isNew() || !record_->history) tags.plain("<id>", ID);
     return tags.fill(isNew() ? insertStatement(table_, *record_, fields_)
                              : updateStatement(table_, *record_, fields_));

@@ -14,15 +14,15 @@
 
 namespace tsln {
 
-/// A dialog with OK and Cancel that keeps its place on the screen. Most edit one record, new or stored, as its
-/// description says; one without a description shows what content() says and does with OK what save() says.
+/// A dialog with OK and Cancel that remembers its place on the screen. Most dialogs edit one record, new or stored,
+/// by their description. A dialog without a description overrides content() and save().
 ///
-/// Its life: opened, filled (with the defaults of a new record or with its row), worked with, validated and saved by
-/// OK. A failed validation or save leaves it open with its input. While it saves, neither OK nor Cancel can be pressed
-/// and it cannot be closed.
+/// Its life: opened, filled with the defaults of a new record or with the row, edited, validated and saved by OK. A
+/// failed validation or save leaves it open with its input. While it saves, OK and Cancel are disabled and it cannot
+/// be closed.
 class RecordDialog : public HostScreen {
   public:
-    /// A dialog without a record. Left by its close box it counts as cancelled.
+    /// A dialog without a record. Its close box counts as Cancel.
     RecordDialog(Library& library, std::string name);
     /// The description must outlive the dialog.
     RecordDialog(Library& library, std::string name, const RecordDescription& record);
@@ -32,19 +32,19 @@ class RecordDialog : public HostScreen {
     Button cmdOK{*this, "cmdOK", "OK", Button::Role::Default};
     Button cmdCancel{*this, "cmdCancel", "Cancel", Button::Role::Cancel};
 
-    /// The dialog was left without its work done.
+    /// True unless the dialog was closed with its work done.
     bool Cancelled = true;
-    /// The record, 0 or less while it is new; once a new one is saved, its key.
+    /// The record's key; 0 or less while the record is new. Saving a new record sets it.
     std::int32_t ID = 0;
 
-    /// Hands it the record. False when the dialog is not to be shown, and then the user has been told why.
+    /// Sets the record. Returns false when the dialog must not be shown; the user has been told why.
     bool open(std::int32_t recordID);
-    /// What an entry point returns: the record's key, 0 when the dialog was cancelled.
+    /// The result of an entry point: the record's key, 0 when the dialog was cancelled.
     std::int32_t result() const { return Cancelled ? 0 : ID; }
 
     Layout layout() override;
 
-    /// The field of that control or column, which the description must have.
+    /// The field with this control or column, which must exist in the description.
     Field& fieldOf(std::string_view name);
     TextBox& textBox(std::string_view control) { return fieldOf(control).text(); }
     ComboBox& comboBox(std::string_view control) { return fieldOf(control).combo(); }
@@ -55,46 +55,47 @@ class RecordDialog : public HostScreen {
     void Form_Activate() override;
     void Form_Unload() override;
 
-    /// What stands above the buttons; by default the fields, one below the other.
+    /// The layout above the buttons; by default the fields, one below the other.
     virtual Layout content();
-    /// The fields of these controls as a form.
+    /// A form of the fields with these controls.
     Layout formOf(std::initializer_list<std::string_view> controls);
-    /// A row for each phone number or e-mail address, its label beside its number.
+    /// One row for each phone number or e-mail address: its label beside its number or address.
     std::vector<Layout> slots(std::string_view kind, int count);
-    /// What stands to the left of the buttons.
+    /// Further controls to the left of the buttons.
     virtual std::vector<Layout> besideButtons();
 
-    /// The defaults of a new record that come by the fields' options are shown; those that take the first entry of
-    /// their list follow.
+    /// Called after a new record's defaults from options are shown, before further fields select their first entry.
     virtual void defaultsShown() {}
-    /// The row, of a record that is there, is shown in the fields.
+    /// Called after an existing row is shown in the fields.
     virtual void rowShown([[maybe_unused]] const Row& row) {}
-    /// The defaults or the row, or nothing for a record that is not there, are shown.
+    /// Called after the fields are filled, also when the record does not exist.
     virtual void filled() {}
-    /// The dialog is shown for the first time.
+    /// Called when the dialog is shown for the first time.
     virtual void opened() {}
-    /// Whether the record can be saved; tells the user why not. By default what the fields' rules say.
+    /// Returns whether the record can be saved, and tells the user why not. By default checks the rules of the
+    /// fields.
     virtual bool validate();
-    /// Does the work of OK; false when it failed, which has been told then. By default writes the record.
+    /// Does the work of OK; by default writes the record. Returns false when that failed and the failure was
+    /// reported.
     virtual bool save();
-    /// Saves what else belongs to a master record, once its row is written. Tells its failures itself.
+    /// Saves further data of a master record, after its row is written. Reports its own failures.
     virtual void saveFurther() {}
-    /// What the statements write as the record's wish to have its addresses validated.
+    /// The value that the statements write for the rule ValidateAddresses.
     virtual bool validateAddresses() const { return validateAddresses_; }
 
     const RecordDescription& record() const { return *record_; }
     bool isNew() const { return ID < 1; }
     void setValidateAddresses(bool wanted) { validateAddresses_ = wanted; }
-    /// Disables the fields that a locked record keeps.
+    /// Disables the fields that cannot be changed in a locked record.
     void lockFields();
-    /// Tells the user what is wrong and puts the focus into the control, on the page where it stands.
+    /// Shows the message, then focuses the control, on its page.
     void refuse(std::string_view message, Control* control);
-    /// Enter starts a new line in the box and presses OK elsewhere.
+    /// Lets Enter start a new line in this box. Elsewhere Enter presses OK.
     void keepsEnter(TextBox& box, std::function<void()> onLeave = {});
 
-    /// Closes the dialog with its work done.
+    /// Closes the dialog as done.
     void accept();
-    /// Closes it without.
+    /// Closes the dialog as cancelled.
     void cancel();
 
   private:
@@ -111,21 +112,21 @@ class RecordDialog : public HostScreen {
     const RecordDescription* record_ = nullptr;
     std::string_view table_;
     bool validateAddresses_ = false;
-    std::deque<Field> fields_;  // their handlers hold on to them
+    std::deque<Field> fields_;  // a deque: their handlers refer to them
     std::unique_ptr<Button> cmdExpression_;
     bool activated_ = false;
 };
 
-/// Opens a dialog, made by `make`, on a record the way every entry point does, and returns it closed.
+/// Opens a dialog, created by `make`, on a record, as every entry point does. Returns the closed dialog.
 template <class Make>
 auto openRecord(Library& library, std::string_view screenName, Make make, std::int32_t ID) {
     return library.screens().show(screenName, make, [&](auto& dialog) { return dialog.open(ID); });
 }
 
-/// The name under which a list's dialog is shown.
+/// The screen name of a list's dialog.
 std::string dialogName(const ListDescription& list);
 
-/// Opens the dialog of a list, of the class D, on a row, or on a new one for 0, and returns it closed.
+/// Opens a list's dialog, of the class D, on a row (0: a new one). Returns the closed dialog.
 template <class D = RecordDialog>
 std::shared_ptr<D> runDialog(Library& library, const ListDescription& list, std::int32_t ID) {
     return openRecord(library, dialogName(list), [&] { return std::make_shared<D>(library, list); }, ID);

@@ -10,8 +10,8 @@
 
 namespace tsln {
 
-/// The row that a dialog shows, whichever way it was read. A NULL or a column that the row does not have reads as the
-/// empty text, 0 or false.
+/// The row that a dialog shows, read from either source. A NULL and a missing column read as the empty text, 0 or
+/// false.
 class Row {
   public:
     virtual ~Row() = default;
@@ -19,14 +19,14 @@ class Row {
     virtual std::int32_t number(std::string_view column) const = 0;
     virtual float single(std::string_view column) const = 0;
     virtual bool boolean(std::string_view column) const = 0;
-    /// Nothing for a NULL and for a text that is no date.
+    /// Returns nothing for a NULL and for text that is no date.
     virtual std::optional<Date> date(std::string_view column) const = 0;
 };
 
 /// A row of a query result.
 class RecordRow : public Row {
   public:
-    /// The records that `record` belongs to must outlive the row.
+    /// The records that contain `record` must outlive the row.
     explicit RecordRow(Record record) : record_(record) {}
 
     std::string text(std::string_view column) const override {
@@ -47,7 +47,7 @@ class RecordRow : public Row {
     Record record_;
 };
 
-/// The current row of a recordset, whose calls may raise HostError.
+/// The current row of a recordset. Every call may raise HostError.
 class RecordsetRow : public Row {
   public:
     /// The recordset must outlive the row.

@@ -9,7 +9,7 @@ using namespace modSharedRecordHistory;
 
 constexpr std::int32_t savedEvent = 2;
 
-/// The quote before the name is not closed, here and in the failures' texts (deliberate).
+/// The quote before the name is not closed, here and in failureText() (deliberate).
 std::string eventText(const RecordHistory& history, const std::string& name, std::string_view what) {
     return capitalized(history.noun) + " '" + name + " was " + std::string(what) + ".";
 }
@@ -18,7 +18,7 @@ std::string failureText(const RecordHistory& history, const std::string& name, s
     return "The " + std::string(history.noun) + " '" + name + " could not be " + std::string(what) + ".";
 }
 
-/// The row as it stands, or nothing: a change that cannot be described is made all the same.
+/// The current row, or nothing: a failure to read it must not prevent the change.
 Document snapshot(const HostScreen& screen, std::string_view table, std::int32_t ID) {
     try {
         return takeSnapshot(table, ID, screen.host().sharedCode()->get("CurrentCompanyConn").toObject());

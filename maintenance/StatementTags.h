@@ -9,23 +9,23 @@
 
 namespace tsln {
 
-/// Who makes a text safe to stand between a statement's quotes.
+/// Who makes a text safe inside a statement's quotes.
 enum class SafeText {
-    Doubled,  ///< this module: single quotes are doubled
-    ByHost,   ///< the host's "FixForSQLInsert"
+    Doubled,  ///< this module, by doubling single quotes
+    ByHost,   ///< the host, by "FixForSQLInsert"
 };
 
-/// What takes the place of a statement's tags, in the order in which they are filled.
+/// The values that replace a statement's tags, in the order of replacement.
 class StatementTags {
   public:
     StatementTags(Host host, SafeText safeText) : host_(host), safeText_(safeText) {}
 
-    /// A text, made safe; the quotes stand in the template. May raise HostError.
+    /// A text, made safe. The quotes are part of the template. May raise HostError.
     void text(std::string_view tag, std::string_view value) {
         tags_.emplace_back(tag, safeText_ == SafeText::ByHost ? host_.FixForSQLInsert(value)
                                                               : modSharedSQL::doubleQuotes(value));
     }
-    /// A number, a ticked box, or a word of SQL as it is.
+    /// A number, a Boolean, or SQL text that is inserted unchanged.
     template <class T>
     void plain(std::string_view tag, const T& value) {
         tags_.emplace_back(tag, value);

@@ -11,7 +11,7 @@ namespace {
 
 using modSharedSQL::format;
 
-/// Every column with its tag, in the order of one of the statements.
+/// All columns with their tags, in the order of one of the statements.
 std::vector<std::pair<std::string, std::string>> columnsInOrder(const std::deque<Field>& fields,
                                                                 std::int8_t FieldDescription::*place) {
     std::vector<const Field*> ordered;

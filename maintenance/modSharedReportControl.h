@@ -5,20 +5,20 @@
 
 #include "screens/ReportControl.h"
 
-/// What the list screens ask of their list.
+/// Functions of the list screens on their report control.
 namespace tsln::modSharedReportControl {
 
-/// True when at least one selected row is no group row.
+/// True when at least one selected row is not a group row.
 bool anySelected(const ReportControl& items);
-/// True when a row that is no group row has the focus and the selection is not empty.
+/// True when a row that is not a group row has the focus and the selection is not empty.
 bool oneFocused(const ReportControl& items);
 /// The record of the focused row, if oneFocused().
 std::optional<std::size_t> focusedRecord(const ReportControl& items);
-/// The `ID` kept with the focused record, 0 when there is none.
+/// The `ID` stored with the focused record, 0 without one.
 std::int32_t selectedID(const ReportControl& items);
 
-/// Lets the user name a text file and writes the rows to it as they are shown: a line of captions, then a
-/// line per row, columns separated by a tab; tabs and line breaks within a value become blanks. UTF-8.
+/// Asks for a file name and writes the rows as they are shown to this text file, in UTF-8: a line of captions, then
+/// one line per row, columns separated by tabs. Tabs and line breaks in values become blanks.
 void saveAsText(ReportControl& items);
 
 }  // namespace tsln::modSharedReportControl

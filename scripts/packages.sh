@@ -1,19 +1,18 @@
-# The Debian packages that the project needs, how they get onto the machine, and how a preset is built. Sourced by the
-# other scripts.
+# The Debian packages that the project needs, and functions that install them and build a preset. Sourced by the other
+# scripts.
 
 build_packages=(g++ cmake ninja-build ccache pkg-config libwxgtk3.2-dev libgtk-3-dev libpugixml-dev libsqlite3-dev
     libsqlitecpp-dev libcli11-dev libssl-dev libutf8proc-dev)
 test_packages=(libgtest-dev libgmock-dev)
-# What the doubles it shares with the tests need, the libraries that it compares with, what writes its results, and
-# what draws them.
+# For the benchmark: the test libraries (for the test doubles), the libraries it compares with, JSON output and plots.
 bench_packages=(libgtest-dev libgmock-dev libxml2-dev nlohmann-json3-dev gnuplot-nox)
-# A display of its own where there is none: the server, a window manager, and what makes windows look complete.
+# A virtual display: the server, a window manager, and the icons and fonts of the windows.
 display_packages=(xvfb metacity adwaita-icon-theme fonts-inter)
-# The cross-build for Windows: the interface compiler, the interfaces it reads, and what makes the libraries' sources.
+# The cross-build for Windows: compilers, the interface compiler and its input, and tools for building the libraries.
 windows_packages=(g++ g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools libwine-dev libwine ccache
     cmake ninja-build make dpkg-dev tcl pkg-config)
 
-# need PACKAGE...: installs those that are missing, and says so.
+# need PACKAGE...: installs the missing packages and prints their names.
 need() {
     local missing=() package
     for package in "$@"; do
@@ -28,24 +27,24 @@ need() {
         >/dev/null
 }
 
-# build PRESET [CONFIGURE OPTION...]: configures when needed and builds; quiet unless it fails.
+# build PRESET [CONFIGURE OPTION...]: configures and builds a preset. Prints the log only after a failure.
 build() {
     local log
     log=$(mktemp)
     if ! { cmake --preset "$@" -DCMAKE_CXX_COMPILER_LAUNCHER=ccache && cmake --build --preset "$1"; } >"$log" 2>&1; then
         tail -n 60 "$log" >&2
-        echo "The build failed; the whole of its output is in $log" >&2
+        echo "The build failed. Its complete output is in $log" >&2
         return 1
     fi
     rm -f "$log"
 }
 
-# build_for_windows 64|32 [PRESET]: the preset of these bits or another of theirs, with the libraries cross-built for it.
+# build_for_windows 64|32 [PRESET]: builds the preset of these bits, or the given one, with cross-built libraries.
 build_for_windows() {
     local libraries
     need "${windows_packages[@]}"
     libraries=$(scripts/windows-libraries "$1")
-    # wxWidgets is the last of them, and is found by its own program.
+    # wxWidgets is the last library; its wx-config tells CMake the options.
     build "${2:-windows-$1}" "-DCMAKE_PREFIX_PATH=$libraries" -DwxWidgets_CONFIG_EXECUTABLE="${libraries##*;}/bin/wx-config"
 }
 

@@ -7,7 +7,7 @@
 
 namespace tsln::bench {
 
-/// A report control on a screen that nobody shows, with the columns of a list.
+/// A report control with the columns of a list, on a screen that is never shown.
 class BareList {
   public:
     explicit BareList(std::span<const ListColumn> columns) {

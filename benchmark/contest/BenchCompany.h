@@ -7,11 +7,11 @@
 
 namespace tsln::bench {
 
-/// A company file of the workbench with many rows, in memory where the machine has files there, and the
-/// session that the module's library works with. It goes with the object.
+/// A company file of the workbench with many rows, in a memory file system where there is one, and a session for the
+/// module's library. The destructor deletes the file.
 class BenchCompany {
   public:
-    /// Fills the terms and the customers with so many rows each, in place of the demonstration's.
+    /// Replaces the demonstration's terms and customers by so many rows.
     BenchCompany(std::size_t terms, std::size_t customers);
 
     const std::string& file() const noexcept { return file_; }

@@ -6,23 +6,23 @@
 
 namespace tsln::bench {
 
-/// One who takes part: `prepare` is not timed, `run` is.
+/// One implementation to compare: `run` is timed, `prepare` is not.
 struct Contestant {
     std::string name;
     std::function<void()> run;
     std::function<void()> prepare = [] {};
 };
 
-/// When a contest has had enough rounds.
+/// When a contest ends.
 struct Patience {
-    double seconds = 3;  ///< of all contestants together
+    double seconds = 3;  ///< total time of all contestants
     std::size_t leastRounds = 5;
     std::size_t mostRounds = 41;
-    /// Count the processor's seconds, which other programs do not lengthen. Off for what waits for others.
+    /// Measures processor time, which other programs do not affect. Off for work that waits for other processes.
     bool ofProcessor = true;
 };
 
-/// Several numbers as their middle and the two between which the middle half of them lies.
+/// The median and the quartiles of several numbers.
 struct Spread {
     double median = 0;
     double low = 0;
@@ -30,30 +30,29 @@ struct Spread {
 };
 Spread spreadOf(std::vector<double> numbers);
 
-/// How long each contestant took in each round.
+/// The seconds of each contestant in each round.
 class Contest {
   public:
-    /// Lets the contestants run in turns, each round beginning with another one, after a round that does not
-    /// count. Whatever else the machine does meets them alike.
+    /// Runs the contestants in turn, starting each round with the next one, after a first round that is not counted.
+    /// Disturbances by other programs affect all contestants equally.
     explicit Contest(std::vector<Contestant> contestants, Patience patience = {});
 
     std::size_t rounds() const noexcept { return seconds_.front().size(); }
     const std::vector<double>& seconds(std::size_t contestant) const { return seconds_.at(contestant); }
-    /// A contestant's times by another's of the same round.
+    /// The ratios of a contestant's times to another's in each round.
     Spread ratio(std::size_t contestant, std::size_t to) const;
 
   private:
     std::vector<std::vector<double>> seconds_;
 };
 
-/// Seconds that something takes, of the processor (this program's, the system's for it included) or of the
-/// clock on the wall.
+/// Returns the seconds that work takes: processor time (of this program and of the system for it) or elapsed time.
 double secondsOf(const std::function<void()>& work, bool ofProcessor = true);
 
-/// Keeps a result from being left out as unused.
+/// Prevents the compiler from removing the computation of a result.
 void use(std::size_t result);
 
-/// The exponent by which the seconds grow with the sizes: the slope of the line through their logarithms.
+/// The exponent of the growth of the seconds with the sizes: the slope in a double logarithmic plot.
 double growthExponent(const std::vector<double>& sizes, const std::vector<double>& seconds);
 
 }  // namespace tsln::bench

@@ -8,7 +8,7 @@
 
 namespace tsln::bench {
 
-/// A result that is made into a list, ready to show.
+/// Fills a list with a query result, up to the point where it can be shown.
 struct Filling {
     using Way = modSharedXML::RowReader::Way;
 

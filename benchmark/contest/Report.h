@@ -16,7 +16,7 @@ struct Line {
     std::string against;
     Spread value;
     Goal kind = Goal::AtMost;
-    std::optional<double> goal;  ///< none: reported only
+    std::optional<double> goal;  ///< none: the line is only reported
     std::string unit = "times";
     std::string note = {};
 
@@ -25,22 +25,22 @@ struct Line {
     }
 };
 
-/// How one thing grows with the number of rows.
+/// How the time of some work grows with the number of rows.
 struct Curve {
     std::string what;
     std::vector<double> rows;
     std::vector<double> seconds;
 };
 
-/// What was measured.
+/// All results.
 class Report {
   public:
-    /// Adds a line and tells of it as soon as it is known.
+    /// Adds a line and prints it at once.
     void add(Line line);
-    /// Adds a curve and the line of its exponent.
+    /// Adds a curve and a line for its exponent.
     void add(Curve curve);
 
-    /// The lines as a Markdown table.
+    /// Returns the lines as a Markdown table.
     std::string table() const;
 
     const std::vector<Line>& lines() const noexcept { return lines_; }

@@ -16,7 +16,7 @@ constexpr std::array<const char*, 12> towns{"Albany", "Boulder",   "Concord",  "
                                             "Eugene", "Fresno",    "Glendale", "Houston",
                                             "Ithaca", "Jamestown", "Kingston", "Laredo"};
 
-/// Numbers that look random and are the same every time.
+/// Returns numbers that look random and are equal in every run.
 std::size_t scatter(std::size_t row, std::size_t salt) {
     std::size_t x = row * 0x9E3779B97F4A7C15U + salt * 0xD1B54A32D192ED03U;
     x ^= x >> 29;
@@ -25,7 +25,7 @@ std::size_t scatter(std::size_t row, std::size_t salt) {
 }
 
 void append(std::string& xml, const std::string& column, std::string_view value) {
-    if (value.empty()) return;  // a NULL
+    if (value.empty()) return;  // NULL
     xml.append("<").append(column).append(">");
     for (const char c : value) {
         if (c == '&') {

@@ -10,18 +10,18 @@
 
 namespace tsln::bench {
 
-/// How long the parts of a start took, over several starts. Each start is a process of its own, since what is
-/// loaded and made once is part of it; it prints its parts.
+/// The duration of each part of a start, over several starts. Each start is a separate process, to include everything
+/// that is loaded or created once per process. The process prints its parts.
 class StartParts {
   public:
     using Clock = std::chrono::steady_clock;
     static constexpr int starts = 9;
 
-    /// In the process that starts: prints a part.
+    /// Called in the started process: prints a part.
     static void print(const char* what, Clock::time_point from, Clock::time_point to);
-    /// In the one that measures: reads what such a process printed. Null for one that could not be started.
+    /// Called in the measuring process: reads the output of a started process, null when it could not be started.
     void read(std::FILE* printed);
-    /// Adds a line for each part, in their order.
+    /// Adds a line for each part, in order.
     void addTo(Report& report, const std::string& prefix) const;
 
   private:

@@ -9,8 +9,8 @@
 #include "benchmark/contest/StartParts.h"
 #include "com/edge/ComObject.h"
 #include "com/edge/Conversion.h"
-#include "tslnmaint5.h"  // made from the module's interface description: all that a client knows of it
-// clang-format off: stands on those above
+#include "tslnmaint5.h"  // generated from the interface description, all that a client knows of the module
+// clang-format off: needs the headers above
 #include <commctrl.h>
 // clang-format on
 
@@ -21,15 +21,15 @@ using com::ComPtr;
 using Clock = StartParts::Clock;
 
 constexpr int rows = 100;
-constexpr UINT glance = 1;  // milliseconds between two looks at the list
+constexpr UINT glance = 1;  // milliseconds between two checks of the list
 
-/// When the module had come how far with its first list. One at a time.
+/// Records when the module reaches the steps of opening its first list. One at a time.
 class Onlooker {
   public:
     Onlooker() {
         current = this;
         hook_ = SetWindowsHookExW(WH_CALLWNDPROC, onMessage, nullptr, GetCurrentThreadId());
-        // A timer's turn comes when nothing else waits, so what has to be drawn is drawn by then.
+        // Timer messages have the lowest priority, so everything is drawn when one arrives.
         timer_ = SetTimer(nullptr, 0, glance, onGlance);
     }
     ~Onlooker() {

@@ -4,12 +4,11 @@
 
 namespace tsln::bench {
 
-/// Starts the module in this program, which has done nothing yet: loads it, opens its list of 100 terms by
-/// its interface, closes it once its rows are drawn, and prints the seconds each part took. Throws
-/// std::runtime_error.
+/// Starts the module in this new process: loads it, opens its list of 100 terms through its interface, closes the
+/// list once its rows are drawn, and prints the seconds of each part. Throws std::runtime_error.
 void startOnce();
 
-/// Does so several times, each time in a process of its own.
+/// Measures several such starts, each in its own process.
 void measureHostedStart(Report& report);
 
 }  // namespace tsln::bench

@@ -1,5 +1,5 @@
-// The lines that only a Windows host can measure: the module as a DLL, and late-bound calls on the system's
-// own document object. Run by ./bench --windows.
+// The lines that only a Windows host can measure: the module as a DLL, and late-bound calls to the system's document
+// object. Run by ./bench --windows.
 
 #include <cstdio>
 #include <exception>
@@ -21,7 +21,7 @@ using namespace tsln::bench;
 constexpr double leastToLateBound = 20;
 constexpr std::size_t rows = 10'000;
 
-/// The text as a document object of the system.
+/// Parses the text into a document object of the system.
 ObjectPtr systemDocument(const std::string& text) {
     ObjectPtr document = com::createComponent("Msxml2.DOMDocument");
     if (!document->call("loadXML", text).toBoolean())

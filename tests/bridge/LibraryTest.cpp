@@ -43,7 +43,7 @@ TEST(Operations, KeepTheirNumbers) {
     EXPECT_EQ(std::ranges::count(operations, Visibility::Public, &OperationInfo::visibility), 93);
 }
 
-TEST(Library, AnswersByNameWithThePlatformsErrors) {
+TEST(Library, AnswersByNameAndRaisesThePlatformsErrors) {
     Stage stage;
     Library& library = *stage.library;
     stage.desktop.user<RecordDialog>("frmTerms_Edit", [](RecordDialog& d) { EXPECT_EQ(d.ID, 7); });
@@ -79,7 +79,7 @@ TEST(Library, AnswersByNameWithThePlatformsErrors) {
     EXPECT_THAT(stage.desktop.shown, ElementsAre("frmTerms_Edit", "frmTerms_Edit"));
 }
 
-TEST(Library, WhatAHandlerAssignsReachesTheCallersVariables) {
+TEST(Library, AnAssignmentOfTheHandlerReachesTheCallersVariable) {
     ScriptedDesktop desktop;
     Library library(desktop);
     const ObjectPtr written = RecordingHost::make()->sharedCode();
@@ -153,7 +153,7 @@ TEST(Library, KeepsTheSharedCodeObjectFromInitializeToPreTerminate) {
     library.Initialize(ObjectPtr());
 }
 
-TEST(Library, ScreensOfAnUninitialisedLibraryFailWithoutHarm) {
+TEST(Library, AScreenOfAnUninitializedLibraryFailsSafely) {
     ScriptedDesktop desktop;
     Library library(desktop);
     lists::plugIn(library);
@@ -163,7 +163,7 @@ TEST(Library, ScreensOfAnUninitialisedLibraryFailWithoutHarm) {
     EXPECT_TRUE(library.InitialSyncComplete()) << "a step that raises an error counts as passed";
 }
 
-TEST(Library, OneInstanceOfAScreenAtATime) {
+TEST(Library, AScreenHasOneInstanceAtATime) {
     Stage stage;
     stage.desktop.user<Screen>("frmTerms_Edit", [&](Screen&) {
         EXPECT_EQ(codeOf([&] { stage.library->ShowEditTerms(0); }), code::alreadyShown);
@@ -174,7 +174,7 @@ TEST(Library, OneInstanceOfAScreenAtATime) {
     EXPECT_THAT(stage.desktop.shown, ElementsAre("frmTerms_Edit", "frmTerms_Edit"));
 }
 
-TEST(Library, SubObjectsAreFetchedAnewForEveryCall) {
+TEST(Library, SubObjectsAreFetchedForEveryCall) {
     // When the host replaces its shared-code object while a screen is open, the next call uses the new one.
     Stage stage;
     const auto replacement = RecordingHost::make();
@@ -187,7 +187,7 @@ TEST(Library, SubObjectsAreFetchedAnewForEveryCall) {
     EXPECT_EQ(stage.library->ShowEditTerms(0), 5);
 }
 
-TEST(InitialSyncComplete, EveryStepCounts) {
+TEST(InitialSyncComplete, EveryConditionMustHold) {
     const std::string company = "SELECT COUNT(*) AS theCount FROM Company";
     const std::string state = "SELECT SyncState FROM Company";
     const std::string employees = "SELECT COUNT(*) AS theCount FROM Employees";

@@ -12,13 +12,14 @@ namespace {
 
 using Row = std::vector<std::pair<std::string, Variant>>;
 
-/// A connection whose every query gives the one row, a host whose every lookup gives the name, or neither.
+/// A connection whose queries all return one row, and a host whose lookups all return one name; either may be
+/// missing.
 class Fake : public Object {
   public:
     std::string sql;
     std::optional<Row> row;
     bool open = true;
-    std::string failing;  ///< the member that raises
+    std::string failing;  ///< the member that raises an error
     std::vector<std::string> lookups;
 
     Variant invoke(std::string_view member, Access, Arguments a) override {
@@ -53,7 +54,7 @@ struct History {
     }
 };
 
-TEST(RecordHistory, TellsWhatChanged) {
+TEST(RecordHistory, ChangesAreDescribed) {
     const Variant missing = Null();
     const struct {
         const char* what;
@@ -132,7 +133,7 @@ TEST(RecordHistory, TellsWhatChanged) {
     }
 }
 
-TEST(RecordHistory, AColumnWithoutATextFormIsEmptyAndTheOthersAreTold) {
+TEST(RecordHistory, AColumnWithoutATextFormIsEmptyAndTheOthersAreDescribed) {
     History history;
     const Variant bytes = std::make_shared<Fake>();  // bytes arrive as an object
     EXPECT_EQ(history.told("Vendors", {{"Stamp", bytes}, {"Contact", "Ivo"}, {"Logo", Null()}},
@@ -140,7 +141,7 @@ TEST(RecordHistory, AColumnWithoutATextFormIsEmptyAndTheOthersAreTold) {
               "Contact: Ivo to Edda");
 }
 
-TEST(RecordHistory, AsksTheTableAndTheRightNames) {
+TEST(RecordHistory, ReadsTheTableAndLooksUpTheRightNames) {
     History history;
     history.told("Orders", {{"status", 1}, {"DesignerID", 1}, {"InstallerID", 1}, {"ShippingMethodID", 1}},
                  {{"status", 2}, {"DesignerID", 2}, {"InstallerID", 2}, {"ShippingMethodID", 2}});
@@ -152,7 +153,7 @@ TEST(RecordHistory, AsksTheTableAndTheRightNames) {
                                         "GetShippingMethodName 2"}));
 }
 
-TEST(RecordHistory, WhatCannotBeReadIsNotTold) {
+TEST(RecordHistory, AnUnreadableRowIsNotDescribed) {
     const Row before{{"Contact", "Ivo"}}, after{{"Contact", "Edda"}};
     for (const char* failing : {"Execute", "State", "EOF", "Fields", "Count", "Item", "Name", "Value"}) {
         History history;
@@ -174,7 +175,7 @@ TEST(RecordHistory, WhatCannotBeReadIsNotTold) {
     EXPECT_FALSE(compare(there, nullptr));
     EXPECT_FALSE(compare(nullptr, there));
 
-    // A name that cannot be had is empty; the rest is told.
+    // A name that cannot be looked up is empty; the other changes are described.
     History nameless;
     nameless.host.failing = "GetEmployeeName";
     EXPECT_EQ(nameless.told("Orders", {{"SalesRepID", 1}, {"Total", 1.5}}, {{"SalesRepID", 2}, {"Total", 2}}),

@@ -1,8 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "entities/VendorEditor.h"
 #include "doubles/Stage.h"
+#include "entities/VendorEditor.h"
 
 namespace tsln::test {
 namespace {
@@ -21,15 +21,14 @@ constexpr auto snapshotSeven = "SELECT * FROM [Vendors] WHERE ID = 7";
 std::string rowSeven(const std::string& further = "") {
     return "<Records><Record><ID>7</ID><VendorName>O'Dell</VendorName><WebSite>www.odell.example</WebSite>"
            "<Phone1Label>Hut</Phone1Label><Phone1>1</Phone1><Phone2Label>Work</Phone2Label><Phone2>2</Phone2>"
-           "<Phone3Label>Fax</Phone3Label><Phone3>3</Phone3><Email1Label>Home</Email1Label><Email1>a@b</"
-           "Email1>"
+           "<Phone3Label>Fax</Phone3Label><Phone3>3</Phone3><Email1Label>Home</Email1Label><Email1>a@b</Email1>"
            "<Email2Label>Work</Email2Label><Email2>c@d</Email2><BillToAddress1>1 Mill St</BillToAddress1>"
            "<BillToCity>Reno</BillToCity><BillToZip>89501</BillToZip><ShipToAddress1>Dock 2</ShipToAddress1>"
            "<ShipToCountry>USA</ShipToCountry><AccountNumber>LW</AccountNumber><Contact>Ivo</Contact>"
            "<TermsID>5</TermsID><SplitPOByProduct>1</SplitPOByProduct><OOP_Process>0</OOP_Process>"
-           "<OOP_VendorID>E7</OOP_VendorID><UniqueID>{U-7}</UniqueID><Notes> n&#13;&#10;m </Notes>"
-           "<Active>1</Active><ValidateAddresses>0</ValidateAddresses><Margin>0.4</Margin>"
-           "<MarginAD>-0.125</MarginAD><Exported>1</Exported>" +
+           "<OOP_VendorID>E7</OOP_VendorID><UniqueID>{U-7}</UniqueID><Notes> n&#13;&#10;m </Notes><Active>1</Active>"
+           "<ValidateAddresses>0</ValidateAddresses><Margin>0.4</Margin><MarginAD>-0.125</MarginAD>"
+           "<Exported>1</Exported>" +
            further + "</Record></Records>";
 }
 
@@ -70,31 +69,27 @@ ComboBox& combo(Screen& editor, std::string_view name) {
     return dynamic_cast<ComboBox&>(*editor.control(name));
 }
 
-// The statements as the database expects them, written out as a whole so that a change to a template shows.
+// The complete expected statements, so that a change to a template shows.
 constexpr auto insertedWhole =
-    "INSERT INTO Vendors (VendorName, WebSite, Phone1Label, Phone1, Phone2Label, Phone2, Phone3Label, "
-    "Phone3, "
+    "INSERT INTO Vendors (VendorName, WebSite, Phone1Label, Phone1, Phone2Label, Phone2, Phone3Label, Phone3, "
     "Email1Label, Email1, Email2Label, Email2, BillToAddress1, BillToAddress2, BillToCity, BillToState, "
     "BillToZip, BillToCountry, ShipToAddress1, ShipToAddress2, ShipToCity, ShipToState, ShipToZip, "
     "ShipToCountry, AccountNumber, Contact, TermsID, SplitPOByProduct, OOP_Process, OOP_VendorID, UniqueID, "
     "Notes, Active, ValidateAddresses, Margin, MarginAD, Exported) VALUES ('O''Dell', 'w.x', 'Home', '555', "
     "'Cell', '', 'Mobile', '', 'Home', 'a@b', 'Work', '', 'b1', 'b2', 'b3', 'b4', 'b5', 'b6', 's1', 's2', "
-    "'s3', "
-    "'s4', 's5', 's6', 'A''1', 'Ivo', 3, 1, 0, 'E9', '{0123ABCD}', ' it''s\r\n', 1, 0, 0.125, 0, 1)";
+    "'s3', 's4', 's5', 's6', 'A''1', 'Ivo', 3, 1, 0, 'E9', '{0123ABCD}', ' it''s\r\n', 1, 0, 0.125, 0, 1)";
 constexpr auto updatedWhole =
-    "UPDATE Vendors SET VendorName = 'O''Dell', WebSite = 'www.odell.example', Phone1Label = 'Hut', Phone1 = "
-    "'1', Phone2Label = 'Work', Phone2 = '2', Phone3Label = 'Fax', Phone3 = '3', Email1Label = 'Home', "
-    "Email1 = "
-    "'a@b', Email2Label = 'Work', Email2 = 'c@d', Active = 1, BillToAddress1 = '1 Mill St\r\nReno\r\n89501', "
-    "BillToAddress2 = '', BillToCity = '', BillToState = '', BillToZip = '', BillToCountry = '', "
-    "ShipToAddress1 = 'Dock 2\r\nUSA', ShipToAddress2 = '', ShipToCity = '', ShipToState = '', ShipToZip = "
-    "'', "
-    "ShipToCountry = '', AccountNumber = 'LW', Contact = 'Ivo', TermsID = 5, SplitPOByProduct = 1, "
-    "OOP_Process "
-    "= 0, OOP_VendorID = 'E7', UniqueID = '{U-7}', Notes = ' n\r\nm ', ValidateAddresses = 0, Margin = 0.4, "
-    "MarginAD = -0.125, Exported = 1 WHERE ID = 7";
+    "UPDATE Vendors SET VendorName = 'O''Dell', WebSite = 'www.odell.example', Phone1Label = 'Hut', "
+    "Phone1 = '1', Phone2Label = 'Work', Phone2 = '2', Phone3Label = 'Fax', Phone3 = '3', "
+    "Email1Label = 'Home', Email1 = 'a@b', Email2Label = 'Work', Email2 = 'c@d', Active = 1, "
+    "BillToAddress1 = '1 Mill St\r\nReno\r\n89501', BillToAddress2 = '', BillToCity = '', BillToState = '', "
+    "BillToZip = '', BillToCountry = '', ShipToAddress1 = 'Dock 2\r\nUSA', ShipToAddress2 = '', "
+    "ShipToCity = '', ShipToState = '', ShipToZip = '', ShipToCountry = '', AccountNumber = 'LW', "
+    "Contact = 'Ivo', TermsID = 5, SplitPOByProduct = 1, OOP_Process = 0, OOP_VendorID = 'E7', "
+    "UniqueID = '{U-7}', Notes = ' n\r\nm ', ValidateAddresses = 0, Margin = 0.4, MarginAD = -0.125, "
+    "Exported = 1 WHERE ID = 7";
 
-TEST(VendorEditor, ANewVendorTakesTheDefaultsAndIsInserted) {
+TEST(VendorEditor, ANewVendorGetsTheDefaultsAndIsInserted) {
     VendorStage stage;
     stage.host->on("Database.ExecuteNonQueryWithID", Variant(12));
     stage.host->on("Options.GetCompanyOption", [](Arguments a) {
@@ -110,7 +105,7 @@ TEST(VendorEditor, ANewVendorTakesTheDefaultsAndIsInserted) {
                          [](VendorEditor& editor) {
                              EXPECT_EQ(editor.caption(), "New Vendor");
                              EXPECT_EQ(combo(editor, "cboPhone2Label").text(), "Cell");
-                             EXPECT_EQ(editor.comboBox("cboTerms").text(), "COD") << "no default: the first";
+                             EXPECT_EQ(editor.comboBox("cboTerms").text(), "COD") << "without a default the first entry is selected";
                              EXPECT_TRUE(editor.checkBox("chkActive").checked());
                              EXPECT_TRUE(editor.textBox("txtUniqueID").enabled());
                              EXPECT_FALSE(editor.imgLocked.visible());
@@ -132,7 +127,7 @@ TEST(VendorEditor, ANewVendorTakesTheDefaultsAndIsInserted) {
               12);
     EXPECT_THAT(stage.inserted(), ElementsAre(insertedWhole));
     EXPECT_THAT(stage.host->callsOf("Activity.RecordCustomerActivity"), ElementsAre("12, Vendor added."))
-        << "noted among the customers";
+        << "the entry is stored as customer activity";
     EXPECT_THAT(stage.host->callsOf("Activity.RecordVendorActivity"), IsEmpty());
     EXPECT_THAT(stage.host->callsOf("RecordEvent"), ElementsAre("2, Vendor 'O'Dell was added."));
     EXPECT_THAT(stage.host->callsOf("Messages.PostMessage"), ElementsAre("6001, 12"));
@@ -143,7 +138,7 @@ TEST(VendorEditor, ANewVendorTakesTheDefaultsAndIsInserted) {
                             "DefaultEmail2Label, Customers, Work", "DefaultTerms, Vendors, -1"));
 }
 
-TEST(VendorEditor, AVendorIsLoadedAndUpdatedWithItsChangeTold) {
+TEST(VendorEditor, AVendorIsLoadedAndUpdatedAndTheHistoryShowsTheChange) {
     VendorStage stage;
     stage.host->on("Database.ExecuteNonQuery", [&](Arguments) {
         std::string after = rowSeven();
@@ -152,21 +147,21 @@ TEST(VendorEditor, AVendorIsLoadedAndUpdatedWithItsChangeTold) {
         stage.host->rows(snapshotSeven, after);
         return Variant(true);
     });
-    EXPECT_EQ(stage.edit(7,
-                         [](VendorEditor& editor) {
-                             EXPECT_EQ(editor.caption(), "Edit Vendor");
-                             EXPECT_EQ(combo(editor, "cboPhone1Label").text(), "Hut")
-                                 << "though not in the list";
-                             EXPECT_EQ(editor.textBox("txtBillToAddress").text(), "1 Mill St\r\nReno\r\n89501");
-                             EXPECT_EQ(editor.comboBox("cboTerms").text(), "Net 30");
-                             EXPECT_EQ(editor.textBox("txtMargin").text(), "40");
-                             EXPECT_EQ(editor.textBox("txtMarginAD").text(), "-12.5");
-                             EXPECT_FALSE(editor.textBox("txtUniqueID").enabled());
-                             EXPECT_TRUE(editor.textBox("txtName").enabled());
-                             EXPECT_FALSE(editor.lblLocked.visible());
-                             editor.cmdOK.userPress();
-                         }),
-              7);
+    EXPECT_EQ(
+        stage.edit(7,
+                   [](VendorEditor& editor) {
+                       EXPECT_EQ(editor.caption(), "Edit Vendor");
+                       EXPECT_EQ(combo(editor, "cboPhone1Label").text(), "Hut") << "a label that is not in the list is kept";
+                       EXPECT_EQ(editor.textBox("txtBillToAddress").text(), "1 Mill St\r\nReno\r\n89501");
+                       EXPECT_EQ(editor.comboBox("cboTerms").text(), "Net 30");
+                       EXPECT_EQ(editor.textBox("txtMargin").text(), "40");
+                       EXPECT_EQ(editor.textBox("txtMarginAD").text(), "-12.5");
+                       EXPECT_FALSE(editor.textBox("txtUniqueID").enabled());
+                       EXPECT_TRUE(editor.textBox("txtName").enabled());
+                       EXPECT_FALSE(editor.lblLocked.visible());
+                       editor.cmdOK.userPress();
+                   }),
+        7);
     EXPECT_THAT(stage.updated(), ElementsAre(updatedWhole));
     EXPECT_THAT(stage.host->callsOf("Activity.RecordVendorActivity"),
                 ElementsAre("7, Vendor updated:\r\nPhone2: 2 to 22\r\nContact: Ivo to Edda"));
@@ -186,7 +181,7 @@ TEST(VendorEditor, AnUpdateThatChangesNothingIsNotInTheHistory) {
     EXPECT_THAT(stage.host->callsOf("Messages.PostMessage"), ElementsAre("6003, 7"));
     EXPECT_EQ(stage.host->callsOf("RecordEvent").size(), 1U);
 
-    // The same when the row cannot be looked at before or after.
+    // No entry is written either when the row cannot be read before or after the update.
     VendorStage blind;
     blind.host->failStatement = snapshotSeven;
     EXPECT_EQ(blind.edit(7, accept), 7);
@@ -194,7 +189,7 @@ TEST(VendorEditor, AnUpdateThatChangesNothingIsNotInTheHistory) {
     EXPECT_FALSE(blind.told());
 }
 
-TEST(VendorEditor, TermsAreTheDefaultTheFirstOrNone) {
+TEST(VendorEditor, TheTermsAreTheDefaultOrTheFirstOrNone) {
     const struct {
         const char* option;
         bool anyTerms;
@@ -215,7 +210,7 @@ TEST(VendorEditor, TermsAreTheDefaultTheFirstOrNone) {
         });
         EXPECT_THAT(stage.inserted(), ElementsAre(HasSubstr(c.written))) << c.option;
     }
-    // Terms that are gone are no terms.
+    // Terms that no longer exist are stored as none.
     VendorStage stage;
     stage.host->on("Common.LoadTerms", Variant());
     stage.edit(7, [](VendorEditor& editor) { editor.cmdOK.userPress(); });
@@ -245,9 +240,10 @@ TEST(VendorEditor, MarginsAreStoredAsFractions) {
         const std::string margins = std::string("0, ") + c.stored + ", 0)";
         EXPECT_THAT(stage.inserted(), ElementsAre(testing::EndsWith(margins))) << c.typed;
         EXPECT_THAT(stage.host->callsOf("tslnnum5.Checker.CheckDecimal"),
-                    Contains("object, -100000, 10000, 0").Times(1)) << "only when the box is left";
+                    Contains("object, -100000, 10000, 0").Times(1))
+            << "the number is corrected only when the box is left";
     }
-    // OK pressed from within the box saves what it reads as.
+    // OK pressed while the box has the focus saves the number that its text reads as.
     VendorStage stage;
     stage.edit(0, [](VendorEditor& editor) {
         editor.textBox("txtName").userType("V");
@@ -258,7 +254,7 @@ TEST(VendorEditor, MarginsAreStoredAsFractions) {
     EXPECT_THAT(stage.host->callsOf("tslnnum5.Checker.CheckDecimal"), IsEmpty());
 }
 
-TEST(VendorEditor, RefusesABlankNameButOnlyWarnsOfADouble) {
+TEST(VendorEditor, AnEmptyNameIsRefusedAndADuplicateOnlyWarnedOf) {
     VendorStage stage;
     stage.host->on("Common.RecordExists", Variant(true));
     EXPECT_EQ(stage.edit(0,
@@ -285,11 +281,9 @@ TEST(VendorEditor, RefusesABlankNameButOnlyWarnsOfADouble) {
     EXPECT_EQ(stage.inserted().size(), 1U);
 }
 
-TEST(VendorEditor, AFailedSaveIsToldAndCanBeTriedAgain) {
+TEST(VendorEditor, AFailedSaveIsReportedAndCanBeRepeated) {
     const std::string explanation =
-        "This typically happens if the database is in use by another user or program. Try saving again. If "
-        "the "
-        "problem persists, close the program, restart and try again.";
+        "This typically happens if the database is in use by another user or program. Try saving again. If the problem persists, close the program, restart and try again.";
     for (const std::int32_t ID : {0, 7}) {
         VendorStage stage;
         int tries = 0;
@@ -316,9 +310,9 @@ TEST(VendorEditor, AFailedSaveIsToldAndCanBeTriedAgain) {
     }
 }
 
-TEST(VendorEditor, ALockedVendorKeepsWhatIsNotTheCompanysOwn) {
+TEST(VendorEditor, OnlyTheCompanysOwnFieldsOfALockedVendorCanBeChanged) {
     VendorStage stage("<Locked>1</Locked>");
-    // The host itself wishes no validation: a lock is stronger.
+    // The host answers that addresses are not to be validated; the lock overrides that.
     stage.host->on("ParseAddress",
                    [](Arguments a) { return a.assign(1, "x"), a.assign(7, false), Variant(); });
     EXPECT_EQ(stage.edit(7,
@@ -327,15 +321,15 @@ TEST(VendorEditor, ALockedVendorKeepsWhatIsNotTheCompanysOwn) {
                              for (const Control* control : editor.controls()) {
                                  if (!control->enabled()) locked += control->name() + " ";
                              }
-                             EXPECT_EQ(
-                                 locked,
-                                 "txtName txtWebSite cboPhone1Label txtPhone1 cboPhone2Label txtPhone2 "
-                                 "cboPhone3Label txtPhone3 cboEmail1Label txtEmail1 cboEmail2Label "
-                                 "txtEmail2 txtBillToAddress txtShipToAddress chkSplitPOs "
-                                 "chkElectronic txtOOPID txtUniqueID ");
+                             EXPECT_EQ(locked,
+                                       "txtName txtWebSite cboPhone1Label txtPhone1 cboPhone2Label txtPhone2 "
+                                       "cboPhone3Label txtPhone3 cboEmail1Label txtEmail1 cboEmail2Label "
+                                       "txtEmail2 txtBillToAddress txtShipToAddress chkSplitPOs "
+                                       "chkElectronic txtOOPID txtUniqueID ");
                              EXPECT_TRUE(editor.imgLocked.visible() && editor.lblLocked.visible());
                              editor.lblCopyBilling.userFollow("Hyperlink_BillingToShipping");
-                             EXPECT_EQ(editor.textBox("txtShipToAddress").text(), "1 Mill St\r\nReno\r\n89501");
+                             EXPECT_EQ(editor.textBox("txtShipToAddress").text(),
+                                       "1 Mill St\r\nReno\r\n89501");
                              editor.comboBox("cboTerms").userChoose(0);
                              editor.textBox("txtMargin").userType("5");
                              editor.checkBox("chkActive").userCheck(false);
@@ -349,7 +343,7 @@ TEST(VendorEditor, ALockedVendorKeepsWhatIsNotTheCompanysOwn) {
         EXPECT_THAT(stage.updated()[0], HasSubstr(part));
 }
 
-TEST(VendorEditor, AddressesAreReadByTheHost) {
+TEST(VendorEditor, AddressesAreParsedByTheHost) {
     VendorStage stage;
     std::vector<std::string> flags;
     stage.host->on("ParseAddress", [&](Arguments a) {
@@ -366,7 +360,7 @@ TEST(VendorEditor, AddressesAreReadByTheHost) {
         editor.lblCopyBilling.userFollow("Hyperlink_BillingToShipping");
         EXPECT_EQ(editor.textBox("txtShipToAddress").text(), "In order");
         editor.textBox("txtShipToAddress").userType("");
-        editor.textBox("txtShipToAddress").userLeft();  // from now on they are to be validated
+        editor.textBox("txtShipToAddress").userLeft();  // addresses are validated from now on
         editor.textBox("txtBillToAddress").userType("typed");
         editor.cmdOK.userPress();
     });
@@ -374,10 +368,11 @@ TEST(VendorEditor, AddressesAreReadByTheHost) {
     EXPECT_THAT(stage.inserted(), ElementsAre(HasSubstr(" 1, 1, 0, 0, 0)")));
 }
 
-TEST(VendorEditor, EnterBelongsToTheBoxOfSeveralLinesThatHasTheFocus) {
+TEST(VendorEditor, EnterStartsANewLineOnlyInABoxOfSeveralLinesWithTheFocus) {
     VendorStage stage;
     stage.edit(0, [](VendorEditor& editor) {
-        for (TextBox* box : {&editor.textBox("txtBillToAddress"), &editor.textBox("txtShipToAddress"), &editor.textBox("txtNotes")}) {
+        for (TextBox* box : {&editor.textBox("txtBillToAddress"), &editor.textBox("txtShipToAddress"),
+                             &editor.textBox("txtNotes")}) {
             EXPECT_TRUE(box->multiLine);
             box->userEntered();
             EXPECT_EQ(editor.cmdOK.role(), Button::Role::Plain) << box->name();
@@ -387,7 +382,7 @@ TEST(VendorEditor, EnterBelongsToTheBoxOfSeveralLinesThatHasTheFocus) {
     });
 }
 
-TEST(VendorEditor, WhatDoesNotSaveReturnsNothing) {
+TEST(VendorEditor, AnEditorThatSavesNothingReturnsNoKey) {
     const std::pair<const char*, std::function<void(VendorEditor&)>> ways[] = {
         {"Cancel", [](VendorEditor& e) { e.cmdCancel.userPress(); }},
         {"close box", [](VendorEditor& e) { e.userClose(); }}};
@@ -408,7 +403,7 @@ TEST(VendorEditor, WhatDoesNotSaveReturnsNothing) {
     }
 }
 
-TEST(VendorEditor, ARowThatIsGoneShowsNothingAndSavingChangesNone) {
+TEST(VendorEditor, AMissingRowIsShownEmptyAndAnUpdateChangesNoRow) {
     VendorStage stage;
     EXPECT_EQ(stage.edit(8,
                          [](VendorEditor& editor) {
@@ -424,7 +419,7 @@ TEST(VendorEditor, ARowThatIsGoneShowsNothingAndSavingChangesNone) {
     EXPECT_THAT(stage.updated(), ElementsAre(testing::EndsWith("WHERE ID = 8")));
 }
 
-TEST(VendorEditor, ARecordsetThatComesBackClosedOpensAnEmptyEditor) {
+TEST(VendorEditor, AClosedRecordsetOpensAnEmptyEditor) {
     VendorStage stage;
     stage.host->on("CurrentCompanyConn.Execute", Variant(ObjectPtr()));
     stage.edit(7, [](VendorEditor& editor) {
@@ -441,12 +436,14 @@ TEST(VendorEditor, TheRowIsCapturedBeforeTheStatementIsBuilt) {
         editor.cmdOK.userPress();
     });
     const auto& calls = stage.host->calls;
-    const auto captured = std::ranges::find_if(calls, [](const auto& c) { return c.find("[Vendors]") != c.npos; });
-    const auto built = std::ranges::find_if(calls, [](const auto& c) { return c.starts_with("FixForSQLInsert"); });
+    const auto captured =
+        std::ranges::find_if(calls, [](const auto& c) { return c.find("[Vendors]") != c.npos; });
+    const auto built =
+        std::ranges::find_if(calls, [](const auto& c) { return c.starts_with("FixForSQLInsert"); });
     EXPECT_LT(captured, built);
 }
 
-TEST(VendorEditor, ARowThatCannotBeReadIsNotSavedOver) {
+TEST(VendorEditor, ARowThatCannotBeReadIsNotOverwritten) {
     for (const bool connected : {false, true}) {
         VendorStage stage;
         if (connected) {
@@ -460,7 +457,7 @@ TEST(VendorEditor, ARowThatCannotBeReadIsNotSavedOver) {
     }
 }
 
-TEST(VendorEditor, ASaveCountsOnceItIsWritten) {
+TEST(VendorEditor, ASaveCountsOnceTheRowIsWritten) {
     VendorStage stage;
     for (const char* path : {"Activity.RecordCustomerActivity", "RecordEvent", "Messages.PostMessage"}) {
         stage.host->on(path, [](Arguments) -> Variant { throw HostError(code::fail, "Host", "down"); });
@@ -476,7 +473,7 @@ TEST(VendorEditor, ASaveCountsOnceItIsWritten) {
     EXPECT_EQ(stage.host->callsOf("ShowAndLogErrorMessage").size(), 3U);
 }
 
-TEST(VendorEditor, KeepsItsPlaceAndWhetherItFillsTheDisplay) {
+TEST(VendorEditor, ThePositionAndTheMaximizedStateAreKept) {
     VendorStage stage;
     const std::string key = "Software\\Kestrane\\Tessaline\\5.0\\Window Positions\\frmEditVendor|";
     stage.desktop.settings = {{key + "Left", "40"}, {key + "Width", "700"}, {key + "WindowState", "2"}};
@@ -490,7 +487,7 @@ TEST(VendorEditor, KeepsItsPlaceAndWhetherItFillsTheDisplay) {
     EXPECT_EQ(stage.desktop.settings[key + "Height"], "500");
 }
 
-TEST(VendorEditor, EveryHostFaultIsToldAndKeepsTheInput) {
+TEST(VendorEditor, EveryHostFaultIsReportedAndKeepsTheInput) {
     for (const std::int32_t ID : {0, 7}) {
         for (const bool accept : {true, false}) {
             sweepFaults(
@@ -505,15 +502,15 @@ TEST(VendorEditor, EveryHostFaultIsToldAndKeepsTheInput) {
                         const bool toldBefore = stage.told();
                         editor.cmdOK.userPress();
                         if (editor.shown()) {
-                            EXPECT_TRUE(stage.told()) << "still open, and nobody said why";
+                            EXPECT_TRUE(stage.told()) << "the dialog stays open without a message";
                             EXPECT_EQ(editor.textBox("txtName").text(), "Typed");
                             EXPECT_EQ(editor.textBox("txtNotes").text(), "typed, too");
                             EXPECT_TRUE(editor.cmdOK.enabled() && editor.cmdCancel.enabled());
                             EXPECT_TRUE(editor.Cancelled);
-                            // nothing half told
+                            // no notice without a saved row
                             EXPECT_THAT(stage.host->callsOf("Messages.PostMessage"), IsEmpty());
                         } else if (!stage.told() && !toldBefore) {
-                            EXPECT_GE(editor.ID, 1) << "closed as saved without a key";
+                            EXPECT_GE(editor.ID, 1) << "closed as saved, but has no key";
                             EXPECT_EQ(stage.host->callsOf("Messages.PostMessage").size(), 1U);
                             EXPECT_EQ(stage.host->callsOf("RecordEvent").size(), 1U);
                         }

@@ -50,7 +50,7 @@ TEST(AccountingApplication, CancelStoresNothing) {
     }
 }
 
-TEST(AccountingApplication, AnOptionThatCouldNotBeReadIsNotWrittenOver) {
+TEST(AccountingApplication, AnOptionThatCouldNotBeReadIsNotOverwritten) {
     sweepFaults(
         [](Stage& stage) {
             stage.host->on("Options.GetCompanyOption", Variant(1));

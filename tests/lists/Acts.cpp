@@ -11,12 +11,12 @@ void enter(Screen& dialog, std::string_view name, const std::string& text) {
     if (auto* box = dynamic_cast<TextBox*>(control)) return box->userType(text);
     if (auto* check = dynamic_cast<CheckBox*>(control)) return check->userCheck(text == "1");
     auto* combo = dynamic_cast<ComboBox*>(control);
-    ASSERT_TRUE(combo) << "no control " << name;
+    ASSERT_TRUE(combo) << "there is no control " << name;
     for (std::size_t i = 0; i < combo->entries().size(); ++i) {
         if (combo->entries()[i].text == text) return combo->userChoose(static_cast<int>(i));
     }
     if (combo->editable) return combo->userType(text);
-    ADD_FAILURE() << name << " offers no " << text;
+    ADD_FAILURE() << name << " has no entry " << text;
 }
 
 std::string entered(Screen& dialog, std::string_view name) {

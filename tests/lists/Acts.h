@@ -6,14 +6,14 @@
 #include "screens/Screen.h"
 #include "doubles/Stage.h"
 
-/// What the user does on lists and dialogs, by the names of their controls.
+/// Actions of the user on lists and dialogs, by the names of their controls.
 namespace tsln::test {
 
 using Box = ScriptedDesktop::Box;
 
-/// Types into a text box, chooses an entry of a list by its text, or ticks ("1") or clears a check box.
+/// Types into a text box, selects an entry of a list by its text, or ticks ("1") or clears a check box.
 void enter(Screen& dialog, std::string_view control, const std::string& text);
-/// What a text box or list shows.
+/// Returns the text that a text box or list shows.
 std::string entered(Screen& dialog, std::string_view control);
 void press(Screen& dialog, std::string_view button);
 /// Selects all rows; the last one has the focus.

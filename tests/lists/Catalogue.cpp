@@ -15,8 +15,8 @@ const std::vector<Member> catalogue{
      .listName = "Terms",
      .exportQuery = "SELECT * FROM vwExporting_Terms",
      .columns = {"Terms", "DueDays", "Discount", "DiscountDays"},
-     .row = "<Terms>Seven</Terms><DueDays>30</DueDays><Discount>0.025</Discount>"
-            "<DiscountDays>10</DiscountDays><Exported>1</Exported>",
+     .row =
+         "<Terms>Seven</Terms><DueDays>30</DueDays><Discount>0.025</Discount><DiscountDays>10</DiscountDays><Exported>1</Exported>",
      .cells = {"Seven", "30", "0.025", "10"},
      .question = "Would you like to install the default terms?",
      .package = "TSLN50_Terms",
@@ -28,10 +28,10 @@ const std::vector<Member> catalogue{
      .duplicate = "This term already exists.",
      .duplicateColumn = "Terms",
      .saveFailure = "There was a problem saving this term.",
-     .insert = "INSERT INTO Terms (Terms,DueDays,Discount,DiscountDays,Exported) "
-               "VALUES('O''Neil', 30, 0.02, 0, 1)",
-     .update = "UPDATE Terms SET Terms = 'Seven', DueDays = 30, Discount = 0.025, DiscountDays = 10, "
-               "Exported = 1 WHERE ID = 7"},
+     .insert =
+         "INSERT INTO Terms (Terms,DueDays,Discount,DiscountDays,Exported) VALUES('O''Neil', 30, 0.02, 0, 1)",
+     .update =
+         "UPDATE Terms SET Terms = 'Seven', DueDays = 30, Discount = 0.025, DiscountDays = 10, Exported = 1 WHERE ID = 7"},
     {.screen = "frmPaymentMethods",
      .open = ShowPaymentMethods,
      .edit = ShowEditPaymentMethods,
@@ -58,8 +58,8 @@ const std::vector<Member> catalogue{
      .duplicateColumn = "PaymentMethod",
      .saveFailure = "There was a problem saving this payment method.",
      .insert = "INSERT INTO PaymentMethods (PaymentMethod,PaymentType,Exported) VALUES('O''Neil', 0, 1)",
-     .update = "UPDATE PaymentMethods SET PaymentMethod = 'Seven', PaymentType = 0, Exported = 0 "
-               "WHERE ID = 7"},
+     .update =
+         "UPDATE PaymentMethods SET PaymentMethod = 'Seven', PaymentType = 0, Exported = 0 WHERE ID = 7"},
     {.screen = "frmShippingMethods",
      .open = ShowShippingMethods,
      .edit = ShowEditShippingMethods,
@@ -76,15 +76,11 @@ const std::vector<Member> catalogue{
      .package = "TSLN50_ShippingMethods",
      .checks =
          {{"SELECT COUNT(*) AS MyCount FROM Customers WHERE ShippingMethodID = 7",
-           "The shipping method <Bold>Seven</Bold> cannot be deleted because it's being referenced by 3 "
-           "customers.",
-           "In order to delete this shipping method you must first remove it from the customers that are "
-           "referencing it."},
+           "The shipping method <Bold>Seven</Bold> cannot be deleted because it's being referenced by 3 customers.",
+           "In order to delete this shipping method you must first remove it from the customers that are referencing it."},
           {"SELECT COUNT(*) AS MyCount FROM Orders WHERE ShippingMethodID = 7",
-           "The shipping method <Bold>Seven</Bold> cannot be deleted because it's being referenced by 3 "
-           "quotes/sales/orders.",
-           "In order to delete this shipping method you must first remove it from the quotes/sales/orders "
-           "that are referencing it."}},
+           "The shipping method <Bold>Seven</Bold> cannot be deleted because it's being referenced by 3 quotes/sales/orders.",
+           "In order to delete this shipping method you must first remove it from the quotes/sales/orders that are referencing it."}},
      .deleteFailure = "There was a problem deleting one or more shipping method(s).",
      .newCaption = "New Shipping Methods",
      .editCaption = "Edit Shipping Methods",
@@ -111,15 +107,11 @@ const std::vector<Member> catalogue{
      .package = "TSLN50_ReferralMethods",
      .checks =
          {{"SELECT COUNT(*) AS MyCount FROM Customers WHERE ReferralMethodID = 7",
-           "The referral method <Bold>Seven</Bold> cannot be deleted because it's being referenced by 3 "
-           "customers.",
-           "In order to delete this referral method you must first remove it from the customers that are "
-           "referencing it."},
+           "The referral method <Bold>Seven</Bold> cannot be deleted because it's being referenced by 3 customers.",
+           "In order to delete this referral method you must first remove it from the customers that are referencing it."},
           {"SELECT COUNT(*) AS MyCount FROM Orders WHERE ReferralMethodID = 7",
-           "The referral method <Bold>Seven</Bold> cannot be deleted because it's being referenced by 3 "
-           "quotes/sales/orders.",
-           "In order to delete this referral method you must first remove it from the quotes/sales/orders "
-           "that are referencing it."}},
+           "The referral method <Bold>Seven</Bold> cannot be deleted because it's being referenced by 3 quotes/sales/orders.",
+           "In order to delete this referral method you must first remove it from the quotes/sales/orders that are referencing it."}},
      .deleteFailure = "There was a problem deleting one or more referral method(s).",
      .newCaption = "New Referral Method",
      .editCaption = "Edit Referral Method",
@@ -144,10 +136,10 @@ const std::vector<Member> catalogue{
      .cells = {"Seven"},
      .question = "Would you like to install the default job types?",
      .package = "TSLN50_JobTypes",
-     .checks = {{"SELECT COUNT(*) AS MyCount FROM Jobs WHERE JobTypeID = 7",
-                 "The job type <Bold>Seven</Bold> cannot be deleted because it's being used by 3 jobs.",
-                 "In order to delete this job type you must first remove it from the jobs that are "
-                 "referencing it."}},
+     .checks =
+         {{"SELECT COUNT(*) AS MyCount FROM Jobs WHERE JobTypeID = 7",
+           "The job type <Bold>Seven</Bold> cannot be deleted because it's being used by 3 jobs.",
+           "In order to delete this job type you must first remove it from the jobs that are referencing it."}},
      .deleteFailure = "There was a problem deleting one or more job type(s).",
      .newCaption = "New Job Type",
      .editCaption = "Edit Job Type",
@@ -192,12 +184,10 @@ const std::vector<Member> catalogue{
      .columns = {"Product Type", "Est. Delivery Days"},
      .row = "<ProductType>Seven</ProductType><EstDeliveryDays>14</EstDeliveryDays>",
      .cells = {"Seven", "14"},
-     .checks = {{"SELECT COUNT(*) AS MyCount FROM Products WHERE ProductTypeID = 7",
-                 "The product type <Bold>Seven</Bold> cannot be deleted because it's being used by 3 "
-                 "products.",
-                 "In order to delete this product type you must first change all the products that are using "
-                 "it to reference a different product type, or delete the product(s) that are referencing "
-                 "it."}},
+     .checks =
+         {{"SELECT COUNT(*) AS MyCount FROM Products WHERE ProductTypeID = 7",
+           "The product type <Bold>Seven</Bold> cannot be deleted because it's being used by 3 products.",
+           "In order to delete this product type you must first change all the products that are using it to reference a different product type, or delete the product(s) that are referencing it."}},
      .deleteFailure = "There was a problem deleting one or more product type(s).",
      .newCaption = "New Product Type",
      .editCaption = "Edit Product Type",
@@ -220,12 +210,10 @@ const std::vector<Member> catalogue{
      .columns = {"Manufacturer"},
      .row = "<Manufacturer>Seven</Manufacturer>",
      .cells = {"Seven"},
-     .checks = {{"SELECT COUNT(*) AS MyCount FROM Products WHERE ManufacturerID = 7",
-                 "The manufacturer <Bold>Seven</Bold> cannot be deleted because it's being used by 3 "
-                 "products.",
-                 "In order to delete this manufacturer you must first change all the products that are using "
-                 "it to reference a different manufacturer, or delete the product(s) that are referencing "
-                 "it."}},
+     .checks =
+         {{"SELECT COUNT(*) AS MyCount FROM Products WHERE ManufacturerID = 7",
+           "The manufacturer <Bold>Seven</Bold> cannot be deleted because it's being used by 3 products.",
+           "In order to delete this manufacturer you must first change all the products that are using it to reference a different manufacturer, or delete the product(s) that are referencing it."}},
      .deleteFailure = "There was a problem deleting one or more manufacturer(s).",
      .newCaption = "New Manufacturer",
      .editCaption = "Edit Manufacturer",
@@ -272,11 +260,10 @@ const std::vector<Member> catalogue{
             "<RoundUnitPriceDirection>1</RoundUnitPriceDirection>"
             "<OptionDiscountMethod>41</OptionDiscountMethod><DiscountMethod>2</DiscountMethod>",
      .cells = {"Seven", "Yes", "0.50", "Nearest"},
-     .checks = {{"SELECT COUNT(*) AS MyCount FROM Customers WHERE CustomerTypeID = 7",
-                 "The customer type <Bold>Seven</Bold> cannot be deleted because it's being used by 3 "
-                 "customers.",
-                 "In order to delete this customer type you must first change all the customers that are "
-                 "using it to reference a different customer type."}},
+     .checks =
+         {{"SELECT COUNT(*) AS MyCount FROM Customers WHERE CustomerTypeID = 7",
+           "The customer type <Bold>Seven</Bold> cannot be deleted because it's being used by 3 customers.",
+           "In order to delete this customer type you must first change all the customers that are using it to reference a different customer type."}},
      .deleteFailure = "There was a problem deleting one or more customer type(s).",
      .newCaption = "New Customer Type",
      .editCaption = "Edit Customer Type",
@@ -285,12 +272,13 @@ const std::vector<Member> catalogue{
      .duplicate = "A customer type with this name already exists.",
      .duplicateColumn = "Name",
      .saveFailure = "There was a problem saving this customer type.",
-     .insert = "INSERT INTO CustomerTypes (Name,RoundUnitPrice,RoundUnitPriceTo,RoundUnitPriceDirection,"
-               "OptionDiscountMethod,DiscountMethod) VALUES('O''Neil', '1', '0.25', '1', '0', '0')",
-     // 41 is none of the methods to choose from, and kept all the same.
-     .update = "UPDATE CustomerTypes SET Name = 'Seven', RoundUnitPrice = '1', RoundUnitPriceTo =  0.5, "
-               "RoundUnitPriceDirection = '1', OptionDiscountMethod = '41', DiscountMethod = '2' "
-               "WHERE ID = 7"},
+     .insert =
+         "INSERT INTO CustomerTypes (Name,RoundUnitPrice,RoundUnitPriceTo,RoundUnitPriceDirection,OptionDiscountMethod,DiscountMethod) "
+         "VALUES('O''Neil', '1', '0.25', '1', '0', '0')",
+     // 41 is not among the choices; the stored number is kept.
+     .update =
+         "UPDATE CustomerTypes SET Name = 'Seven', RoundUnitPrice = '1', RoundUnitPriceTo =  0.5, "
+         "RoundUnitPriceDirection = '1', OptionDiscountMethod = '41', DiscountMethod = '2' WHERE ID = 7"},
     {.screen = "frmDeliveryRanges",
      .open = ShowDeliveryRanges,
      .edit = ShowEditDeliveryRanges,
@@ -493,11 +481,10 @@ const std::vector<Member> catalogue{
      .columns = {"Code", "Rate (%)", "Vendor"},
      .row = "<Code>Seven</Code><Rate>6.250</Rate><Vendor>State</Vendor><Exported>0</Exported>",
      .cells = {"Seven", "6.250", "State"},
-     .checks = {{"SELECT COUNT(*) AS MyCount FROM SalesTaxGroupCodes WHERE SalesTaxCodeID = 7",
-                 "The sales tax code <Bold>Seven</Bold> cannot be deleted because it's referenced 3 times by "
-                 "one or more sales tax groups.",
-                 "In order to delete this sales tax code you must first remove it from all Sales Tax "
-                 "Groups."}},
+     .checks =
+         {{"SELECT COUNT(*) AS MyCount FROM SalesTaxGroupCodes WHERE SalesTaxCodeID = 7",
+           "The sales tax code <Bold>Seven</Bold> cannot be deleted because it's referenced 3 times by one or more sales tax groups.",
+           "In order to delete this sales tax code you must first remove it from all Sales Tax Groups."}},
      .deleteFailure = "There was a problem deleting one or more sales tax code(s).",
      .newCaption = "New Sales Tax Code",
      .editCaption = "Edit Sales Tax Code",
@@ -506,10 +493,9 @@ const std::vector<Member> catalogue{
      .duplicate = "A sales tax code with this name already exists.",
      .duplicateColumn = "Code",
      .saveFailure = "There was a problem saving this sales tax code.",
-     .insert = "INSERT INTO SalesTaxCodes (Code,Rate,Vendor,Exported) "
-               "VALUES('O''Neil', 5.5, 'County''s',1)",
-     .update = "UPDATE SalesTaxCodes SET Code = 'Seven', Rate = 6.25, Vendor = 'State', Exported = 0 "
-               "WHERE ID = 7"},
+     .insert = "INSERT INTO SalesTaxCodes (Code,Rate,Vendor,Exported) VALUES('O''Neil', 5.5, 'County''s',1)",
+     .update =
+         "UPDATE SalesTaxCodes SET Code = 'Seven', Rate = 6.25, Vendor = 'State', Exported = 0 WHERE ID = 7"},
     {.screen = "frmAccounts",
      .open = ShowAccounts,
      .edit = ShowAccounts_Edit,
@@ -526,11 +512,10 @@ const std::vector<Member> catalogue{
      .cells = {"Seven", "Purchase"},
      .question = "Would you like to install the default accounts?",
      .package = "TSLN50_Accounts",
-     .checks = {{"SELECT COUNT(*) AS MyCount FROM Products WHERE SalesAccountID = 7 OR PurchaseAccountID = 7",
-                 "The shipping method <Bold>Seven</Bold> cannot be deleted because it's being referenced by "
-                 "3 products.",
-                 "In order to delete this shipping method you must first remove it from the customers that "
-                 "are referencing it."}},
+     .checks =
+         {{"SELECT COUNT(*) AS MyCount FROM Products WHERE SalesAccountID = 7 OR PurchaseAccountID = 7",
+           "The shipping method <Bold>Seven</Bold> cannot be deleted because it's being referenced by 3 products.",
+           "In order to delete this shipping method you must first remove it from the customers that are referencing it."}},
      .deleteFailure = "There was a problem deleting one or more accounts(s).",
      .newCaption = "New Shipping Methods",
      .editCaption = "Edit Account",
@@ -582,10 +567,10 @@ const std::vector<Member> catalogue{
      .duplicate = "A sales tax group with this name already exists.",
      .duplicateColumn = "SalesTaxGroup",
      .saveFailure = "There was a problem saving this sales tax group.",
-     .insert = "INSERT INTO SalesTaxGroups (SalesTaxGroup,Description,Exported) "
-               "VALUES('O''Neil', 'the county''s',1)",
-     .update = "UPDATE SalesTaxGroups SET SalesTaxGroup = 'Seven', Description = 'Here', Exported = 1 "
-               "WHERE ID = 7",
+     .insert =
+         "INSERT INTO SalesTaxGroups (SalesTaxGroup,Description,Exported) VALUES('O''Neil', 'the county''s',1)",
+     .update =
+         "UPDATE SalesTaxGroups SET SalesTaxGroup = 'Seven', Description = 'Here', Exported = 1 WHERE ID = 7",
      .toldOfNew = "You need to assign at least one sales tax code to a sales tax group."},
 };
 

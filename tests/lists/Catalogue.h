@@ -7,8 +7,8 @@
 
 namespace tsln::test {
 
-/// What the user and the database see of a lookup list, as it was agreed: statements with their values,
-/// messages, captions. Written out here, so that a slip in a description shows.
+/// The agreed behaviour of a lookup list: statements with their values, messages, captions. Written out in full, so
+/// that a mistake in a description shows.
 struct Member {
     struct Check {
         std::string statement, message, advice;  ///< for row 7 with three references
@@ -17,29 +17,29 @@ struct Member {
     Operation open, edit;
     std::string load;
     std::string table;
-    std::string view = {};  ///< where the list reads, if not in the table
+    std::string view = {};  ///< the view that the list reads; empty: the table
     int area = 0;           ///< 0: no rights are checked
     int moveCode = 0;
     std::string listName, exportQuery;  ///< empty: import and export do nothing
     std::vector<std::string> columns;
-    std::string row;                 ///< the columns of row 7, named Seven
-    std::vector<std::string> cells;  ///< as the list shows them
+    std::string row;                 ///< the columns of row 7, which is named Seven
+    std::vector<std::string> cells;  ///< the shown cells
     std::string question, package;
     std::vector<Check> checks;
-    std::string deleteFailure;  ///< empty: the list deletes in a way of its own
+    std::string deleteFailure;  ///< empty: the list has its own deletion
 
     struct Entry {
         std::string control, text;
     };
     std::string newCaption, editCaption;
-    std::vector<Entry> typed;  ///< into the empty dialog; the first is the name
+    std::vector<Entry> typed;  ///< typed into the empty dialog; the first is the name
     std::string required, duplicate, duplicateColumn, saveFailure;
-    std::string insert;          ///< of what was typed
-    std::string update;          ///< of row 7, saved as it was loaded
-    std::string toldOfNew = {};  ///< what the list tells when a row has been added
+    std::string insert;          ///< the expected INSERT of the typed values
+    std::string update;          ///< the expected UPDATE when row 7 is saved unchanged
+    std::string toldOfNew = {};  ///< the message after a row was added
 };
 
-/// Every list whose dialog saves one row.
+/// All lists whose dialog saves one row.
 extern const std::vector<Member> catalogue;
 
 }  // namespace tsln::test

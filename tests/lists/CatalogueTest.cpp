@@ -36,7 +36,7 @@ std::string rowSeven(const Member& m) {
     return "<Records><Record><ID>7</ID>" + m.row + "</Record></Records>";
 }
 
-/// A company with the member's row 7, and what moving references would be called with.
+/// A company with the member's row 7, and the recorded arguments of the call that moves references.
 struct MemberStage : Stage {
     std::vector<std::string> moved;
 
@@ -52,7 +52,7 @@ struct MemberStage : Stage {
         stage.host->rows(m.load, rowSeven(m));
         stage.host->rows(readStatement(m), rowSeven(m));
         stage.host->rows(readByDialog(m), rowSeven(m));
-        // Enough rows of every kind that the last of a list is never at stake.
+        // Enough rows of every kind, so that none is the last one.
         stage.host->on("Database.ExecuteScaler", [](Arguments a) {
             return Variant(a[0].toText().find(" WHERE ") == std::string::npos ? 5 : 0);
         });
@@ -173,7 +173,7 @@ TEST(Catalogue, AddsAndEditsARow) {
     }
 }
 
-TEST(Catalogue, RefusesAnEmptyAndADuplicateNameAndTellsAFailedSave) {
+TEST(Catalogue, RefusesAnEmptyOrDuplicateNameAndReportsAFailedSave) {
     for (const Member& m : catalogue) {
         SCOPED_TRACE(m.screen);
         MemberStage stage(m);
@@ -209,7 +209,7 @@ TEST(Catalogue, RefusesAnEmptyAndADuplicateNameAndTellsAFailedSave) {
     }
 }
 
-TEST(Catalogue, RefusesToDeleteWhatIsReferredTo) {
+TEST(Catalogue, RefusesToDeleteAReferencedRow) {
     for (const Member& m : catalogue) {
         for (std::size_t i = 0; i < m.checks.size(); ++i) {
             SCOPED_TRACE(m.screen + " check " + std::to_string(i));
@@ -223,7 +223,7 @@ TEST(Catalogue, RefusesToDeleteWhatIsReferredTo) {
                 EXPECT_EQ(list.rptItems.rowCount(), 1U);
             });
             open(stage, m.open);
-            // What comes after the first that counts is not asked.
+            // The counts after the first positive one are not read.
             std::vector<std::string> asked;
             for (std::size_t c = 0; c <= i; ++c)
                 asked.push_back(m.checks[c].statement + ", , 0");
@@ -235,7 +235,7 @@ TEST(Catalogue, RefusesToDeleteWhatIsReferredTo) {
     }
 }
 
-TEST(Catalogue, DeletesARowAndTellsAFailedDelete) {
+TEST(Catalogue, DeletesARowAndReportsAFailedDelete) {
     for (const Member& m : catalogue) {
         if (m.deleteFailure.empty()) continue;
         SCOPED_TRACE(m.screen);
@@ -281,7 +281,7 @@ TEST(Catalogue, ExportsAndImports) {
     }
 }
 
-TEST(Catalogue, EveryHostFaultIsToldAndLosesNothing) {
+TEST(Catalogue, EveryHostFaultIsReportedAndLosesNothing) {
     for (const Member& m : catalogue) {
         SCOPED_TRACE(m.screen);
         const auto scenario = [&](Stage& stage) {
@@ -291,7 +291,7 @@ TEST(Catalogue, EveryHostFaultIsToldAndLosesNothing) {
                 if (typed) typeAll(dialog, m);
                 dialog.cmdOK.userPress();
                 if (!dialog.shown()) return;
-                EXPECT_TRUE(stage.told()) << "still open, and nobody said why";
+                EXPECT_TRUE(stage.told()) << "the dialog stays open without a message";
                 EXPECT_TRUE(!typed || entered(dialog, m.typed.front().control) == "O'Neil");
                 dialog.cmdCancel.userPress();
             };
@@ -308,7 +308,7 @@ TEST(Catalogue, EveryHostFaultIsToldAndLosesNothing) {
             EXPECT_TRUE(open(stage, m.open).toBoolean());
         };
         sweepFaults(scenario, [](Stage& stage) {
-            stage.library->screens().release("frmManufacturers_Edit");  // the rooms' dialog leaves it there
+            stage.library->screens().release("frmManufacturers_Edit");  // the rooms' dialog leaves it in its slot
         });
     }
 }

@@ -18,7 +18,7 @@ std::string groupRow(int ID, const std::string& name, const std::string& type) {
            "</DiscountGroup><DiscountGroupType>" + type + "</DiscountGroupType></Record></Records>";
 }
 
-/// A company whose group 7 is to go and whose group 9 may take its place.
+/// A company whose group 7 is to be deleted and whose group 9 can replace it.
 void fill(Stage& stage, const std::string& name = "Designers", const std::string& type = "0",
           int ofItsType = 2) {
     stage.host->rows("SELECT DiscountGroup, DiscountGroupType FROM DiscountGroups WHERE ID = 7",
@@ -31,7 +31,7 @@ void fill(Stage& stage, const std::string& name = "Designers", const std::string
     stage.host->connectionErrors = {"first error", "second error"};
 }
 
-/// The user agrees and chooses group 9.
+/// The user confirms and chooses group 9.
 void agree(Stage& stage) {
     stage.desktop.answers = {MessageAnswer::Yes};
     stage.desktop.user<ReplacementDiscountGroup>("frmGetReplacementDiscountGroup",
@@ -52,11 +52,11 @@ std::vector<std::string> changes(const Stage& stage) {
     return statements;
 }
 
-TEST(DiscountGroupDeletion, WhichGroupsMayGo) {
+TEST(DiscountGroupDeletion, ARequiredGroupAndTheLastGroupOfATypeAreKept) {
     struct Case {
         const char *name, *type;
         int ofItsType;
-        const char* refusal;  ///< null: it may go; empty: refused without a word
+        const char* refusal;  ///< null: may be deleted; empty: refused without a message
     };
     constexpr auto required = " cannot be deleted because it's a required discount group., ";
     const Case cases[] = {
@@ -66,18 +66,14 @@ TEST(DiscountGroupDeletion, WhichGroupsMayGo) {
         {"Standard", "1", 2, nullptr},  // only its own type's name is reserved
         {"Designers", "0", 2, nullptr},
         {"Designers", "0", 1,
-         " cannot be deleted because it's the last price discount group., You must have at least one price "
-         "discount group setup in your company."},
+         " cannot be deleted because it's the last price discount group., You must have at least one price discount group setup in your company."},
         {"Early", "1", 1,
-         " cannot be deleted because it's the last cost discount group., You must have at least one customer "
-         "cost group setup in your company."},
+         " cannot be deleted because it's the last cost discount group., You must have at least one customer cost group setup in your company."},
         {"Volume", "2", 1,
-         " cannot be deleted because it's the last customer discount group., You must have at least one "
-         "customer discount group setup in your company."},
+         " cannot be deleted because it's the last customer discount group., You must have at least one customer discount group setup in your company."},
         {"Odd", "3", 4, ""},
         {"Odd", "many", 1,
-         " cannot be deleted because it's the last price discount group., You must have at least one price "
-         "discount group setup in your company."},
+         " cannot be deleted because it's the last price discount group., You must have at least one price discount group setup in your company."},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(std::string(c.name) + " " + c.type);
@@ -96,16 +92,15 @@ TEST(DiscountGroupDeletion, WhichGroupsMayGo) {
     EXPECT_FALSE(stage.told());
 }
 
-TEST(DiscountGroupDeletion, AsksAndCanBeLeftAtEveryQuestion) {
+TEST(DiscountGroupDeletion, EveryQuestionCanBeCancelled) {
     Stage stage;
     fill(stage);
     EXPECT_FALSE(stage.library->ShowDeleteDiscountGroup(7));
-    EXPECT_THAT(stage.desktop.boxes,
-                ElementsAre(Box{"Deleting the discount group 'Designers' will delete all discounts for that "
-                                "group and set the discount group for associated customers to another "
-                                "discount group that you must select. Are you sure you want to delete this "
-                                "discount group?",
-                                MessageButtons::YesNo, MessageIcon::Question}));
+    EXPECT_THAT(
+        stage.desktop.boxes,
+        ElementsAre(Box{
+            "Deleting the discount group 'Designers' will delete all discounts for that group and set the discount group for associated customers to another discount group that you must select. Are you sure you want to delete this discount group?",
+            MessageButtons::YesNo, MessageIcon::Question}));
     for (const bool byCloseBox : {true, false}) {
         stage.desktop.answers = {MessageAnswer::Yes};
         stage.desktop.user<ReplacementDiscountGroup>("frmGetReplacementDiscountGroup",
@@ -130,14 +125,12 @@ TEST(DiscountGroupDeletion, AsksAndCanBeLeftAtEveryQuestion) {
     EXPECT_THAT(stage.host->callsOf("RecordEvent"), IsEmpty());
 }
 
-TEST(DiscountGroupDeletion, StopsAtTheFirstFailureAndRecordsIt) {
+TEST(DiscountGroupDeletion, StopsAtTheFirstFailureAndLogsIt) {
     const std::string customers =
-        "Unable to update the customers to reference a new discount group [9] while deleting a discount "
-        "group. More information to follow.";
+        "Unable to update the customers to reference a new discount group [9] while deleting a discount group. More information to follow.";
     const std::string failures[] = {
         customers, customers,
-        "Unable to delete the discounts from discount group [7]. More "
-        "information to follow.",
+        "Unable to delete the discounts from discount group [7]. More information to follow.",
         "Unable to delete the discount group [7]. More information to follow."};
     const Box notDeleted{"The discount group 'Designers' could not be deleted.", MessageButtons::Ok,
                          MessageIcon::Exclamation};
@@ -153,7 +146,7 @@ TEST(DiscountGroupDeletion, StopsAtTheFirstFailureAndRecordsIt) {
                     ElementsAre(failures[failing], "first error", "second error"));
         EXPECT_EQ(stage.desktop.boxes.back(), notDeleted);
     }
-    // Without a connection: found out only after the choice, which in turn needs one.
+    // The missing connection is noticed only after the choice of the replacement, which also needs one.
     Stage stage;
     fill(stage);
     agree(stage);
@@ -170,7 +163,7 @@ TEST(DiscountGroupDeletion, StopsAtTheFirstFailureAndRecordsIt) {
     EXPECT_EQ(stage.desktop.boxes.back(), notDeleted);
 }
 
-TEST(DiscountGroupDeletion, EveryHostFaultIsToldOrLeavesNothingUndone) {
+TEST(DiscountGroupDeletion, EveryHostFaultIsReportedOrChangesNothing) {
     sweepFaults(
         [](Stage& stage) {
             fill(stage);
@@ -182,14 +175,15 @@ TEST(DiscountGroupDeletion, EveryHostFaultIsToldOrLeavesNothingUndone) {
             });
             stage.library->ShowDiscountGroups();
             if (changes(stage).size() < allSteps.size()) {
-                // A refusal, or rights that came back as "no", end it before; anything else was told.
+                // A refusal, or a failed check of rights, ends the deletion without changes; any other failure is
+                // reported.
                 EXPECT_TRUE(stage.told() || changes(stage).empty());
             }
         },
         [](Stage&) {});
 }
 
-TEST(DiscountGroups, TheListDeletesByTheLibraryAndNotesWhatExportLeavesOut) {
+TEST(DiscountGroups, TheListDeletesThroughTheLibraryAndExportExplainsItsLimits) {
     Stage stage;
     fill(stage);
     agree(stage);
@@ -200,10 +194,10 @@ TEST(DiscountGroups, TheListDeletesByTheLibraryAndNotesWhatExportLeavesOut) {
         list.cmdDelete.userPress();
     });
     stage.library->ShowDiscountGroups();
-    EXPECT_THAT(stage.host->callsOf("ShowMessageStyle1WithMemory"),
-                ElementsAre("Exporting Discount Groups, Exporting discount groups will only export the names "
-                            "and types of the groups. It does not export the actual discounts. Exporting of "
-                            "discounts must be done from the Discounts screen."));
+    EXPECT_THAT(
+        stage.host->callsOf("ShowMessageStyle1WithMemory"),
+        ElementsAre(
+            "Exporting Discount Groups, Exporting discount groups will only export the names and types of the groups. It does not export the actual discounts. Exporting of discounts must be done from the Discounts screen."));
     EXPECT_EQ(changes(stage), allSteps);
     EXPECT_EQ(stage.host->callsOf("Database.ExecuteRead").back(),
               "SELECT * FROM DiscountGroups ORDER BY DiscountGroup");
@@ -228,12 +222,13 @@ TEST(DiscountGroups, RequiredGroupsCannotBeChanged) {
         dialog.cmdOK.userPress();
     });
     EXPECT_EQ(stage.library->ShowEditDiscountGroups(7), 7);
-    EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"),
-                ElementsAre("UPDATE DiscountGroups SET DiscountGroup = 'Designers & more', "
-                            "DiscountGroupType = 2 WHERE ID = 7"));
+    EXPECT_THAT(
+        stage.host->callsOf("Database.ExecuteNonQuery"),
+        ElementsAre(
+            "UPDATE DiscountGroups SET DiscountGroup = 'Designers & more', DiscountGroupType = 2 WHERE ID = 7"));
     EXPECT_THAT(stage.host->callsOf("tslnfe5.Engine.PreTerminate"), ElementsAre(""));
 
-    // An editor that is missing, or gives nothing back, changes nothing.
+    // A missing expression editor, and one that returns nothing, change nothing.
     for (const bool missing : {true, false}) {
         if (missing) stage.desktop.components = nullptr;
         stage.host->on("tslnfe5.Engine.ShowEditExpression2", Variant());

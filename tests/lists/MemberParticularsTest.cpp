@@ -1,4 +1,4 @@
-// What single lists do beyond what all of them do.
+// The special behaviour of single lists.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -22,7 +22,7 @@ std::string records(const std::string& rows) {
     return "<Records>" + rows + "</Records>";
 }
 
-TEST(CustomerTypes, TheLastOneStays) {
+TEST(CustomerTypes, TheLastOneCannotBeDeleted) {
     Stage stage;
     int left = 1;
     stage.host->rows("SELECT * FROM CustomerTypes ORDER BY Name",
@@ -41,15 +41,15 @@ TEST(CustomerTypes, TheLastOneStays) {
     stage.library->ShowCustomerTypes();
     EXPECT_THAT(
         stage.host->callsOf("ShowMessageStyle1"),
-        ElementsAre("The customer type Retail cannot be deleted because it's the last customer type., "
-                    "You must have at least one Customer Type setup in your company."));
+        ElementsAre(
+            "The customer type Retail cannot be deleted because it's the last customer type., You must have at least one Customer Type setup in your company."));
 }
 
 TEST(ShippingMethods, ATaskTypeIsRequired) {
     Stage stage;
-    stage.host->rows("SELECT * FROM ShippingMethods WHERE ID = 7",
-                     records("<Record><ID>7</ID><ShippingMethod>Van</ShippingMethod><TaskType>0</TaskType>"
-                             "</Record>"));
+    stage.host->rows(
+        "SELECT * FROM ShippingMethods WHERE ID = 7",
+        records("<Record><ID>7</ID><ShippingMethod>Van</ShippingMethod><TaskType>0</TaskType></Record>"));
     for (const std::int32_t ID : {0, 7}) {
         stage.desktop.user<RecordDialog>("frmShippingMethods_Edit", [](RecordDialog& dialog) {
             enter(dialog, "txtShippingMethod", "Truck");
@@ -64,14 +64,14 @@ TEST(ShippingMethods, ATaskTypeIsRequired) {
                                                       MessageButtons::Ok, MessageIcon::Exclamation}));
 }
 
-TEST(MeasurementRooms, TheDialogAnswersWithItsRowAfterCancelToo) {
+TEST(MeasurementRooms, TheDialogReturnsItsRowAlsoAfterCancel) {
     Stage stage;
     for (const std::int32_t ID : {0, 7}) {
         stage.desktop.user<RecordDialog>("frmMeasurementRooms_Edit",
-                                       [](RecordDialog& dialog) { dialog.cmdCancel.userPress(); });
+                                         [](RecordDialog& dialog) { dialog.cmdCancel.userPress(); });
         EXPECT_EQ(stage.library->ShowEditMeasurementRoom(ID), ID);
     }
-    // The manufacturers' dialog, which was asked, is as fresh as ever.
+    // The manufacturers' dialog, whose result was read, has not been shown.
     stage.desktop.user<RecordDialog>("frmManufacturers_Edit", [](RecordDialog& dialog) {
         EXPECT_EQ(dialog.ID, 5);
         dialog.cmdCancel.userPress();
@@ -80,7 +80,7 @@ TEST(MeasurementRooms, TheDialogAnswersWithItsRowAfterCancelToo) {
     EXPECT_TRUE(stage.library->screens().empty());
 }
 
-TEST(DepositCriteria, KeepTheUsersOption) {
+TEST(DepositCriteria, TheUserOptionIsReadAndStored) {
     struct Case {
         std::function<void(Stage&)> prepare;
         std::vector<std::string> written;
@@ -103,7 +103,7 @@ TEST(DepositCriteria, KeepTheUsersOption) {
         stage.desktop.user<DepositCriteriaScreen>(
             "frmRequireDepositCriteria", [&](DepositCriteriaScreen& list) {
                 EXPECT_EQ(list.chkEnforce.enabled(), !c.written.empty());
-                list.cmdMore.userPress();  // the list is loaded again, and the option read
+                list.cmdMore.userPress();  // the list is loaded again, and the option is read
                 if (list.chkEnforce.enabled()) list.chkEnforce.userCheck(!list.chkEnforce.checked());
             });
         stage.library->ShowRequireDepositCriteria();
@@ -115,7 +115,7 @@ TEST(DepositCriteria, KeepTheUsersOption) {
 
 // Locations -----------------------------------------------------------------------------------------------
 
-/// A host that takes a line per part for an address, and whose validation puts it in capitals.
+/// A host that joins an address line by line, and whose parser returns capitals.
 void speakAddresses(Stage& stage) {
     stage.host->on("CombineAddress", [](Arguments a) {
         std::string text;
@@ -162,13 +162,14 @@ TEST(Locations, TheDialogSavesEveryField) {
         dialog.cmdOK.userPress();
     });
     EXPECT_FALSE(stage.library->ShowEditLocation(7));
-    EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"),
-                ElementsAre("UPDATE Locations SET LocationName = 'O''Falls', Email = 'e', WebSite = 'w', "
-                            "Phone1Label = 'Old', Phone1 = '1', Phone2Label = '', Phone2 = '', Phone3Label = "
-                            "'', Phone3 = '', Phone4Label = '', Phone4 = '4', ShipToAddress1 = '1 ROW', "
-                            "ShipToAddress2 = '', ShipToCity = 'OSLO', ShipToState = '', ShipToZip = '', "
-                            "ShipToCountry = 'NO', StoreNumber = '01', MarketNumber = 'M1' , MarketName = "
-                            "'Mid' , Region = 'North'  WHERE ID = 7"));
+    EXPECT_THAT(
+        stage.host->callsOf("Database.ExecuteNonQuery"),
+        ElementsAre(
+            "UPDATE Locations SET LocationName = 'O''Falls', Email = 'e', WebSite = 'w', Phone1Label = 'Old', "
+            "Phone1 = '1', Phone2Label = '', Phone2 = '', Phone3Label = '', Phone3 = '', Phone4Label = '', "
+            "Phone4 = '4', ShipToAddress1 = '1 ROW', ShipToAddress2 = '', ShipToCity = 'OSLO', ShipToState = '', "
+            "ShipToZip = '', ShipToCountry = 'NO', StoreNumber = '01', MarketNumber = 'M1' , MarketName = 'Mid' , "
+            "Region = 'North'  WHERE ID = 7"));
     EXPECT_THAT(stage.desktop.boxes, ElementsAre(Box{"You must enter a name for this location.",
                                                      MessageButtons::Ok, MessageIcon::Exclamation}));
 
@@ -180,7 +181,7 @@ TEST(Locations, TheDialogSavesEveryField) {
         enter(dialog, "txtPhone2", "22");
         enter(dialog, "txtShipToAddress", "a|b|c|d|e|f");
         dialog.control("txtShipToAddress")->userLeft();
-        EXPECT_EQ(entered(dialog, "txtShipToAddress"), "A|B|C|D|E|F") << "as the host puts it right";
+        EXPECT_EQ(entered(dialog, "txtShipToAddress"), "A|B|C|D|E|F") << "as the host corrects it";
         enter(dialog, "txtMarketNumber", "9");
         dialog.cmdOK.userPress();
         EXPECT_TRUE(dialog.shown());
@@ -190,36 +191,36 @@ TEST(Locations, TheDialogSavesEveryField) {
     EXPECT_THAT(
         stage.host->callsOf("Database.ExecuteNonQueryWithID"),
         ElementsAre(
-            "INSERT INTO Locations (LocationName,Email,WebSite,Phone1Label,Phone1,Phone2Label,Phone2,"
-            "Phone3Label,Phone3,Phone4Label,Phone4,ShipToAddress1,ShipToAddress2,ShipToCity,ShipToState,"
-            "ShipToZip,ShipToCountry,ValidateAddresses,StoreNumber,MarketName,MarketName,Region) "
+            "INSERT INTO Locations (LocationName,Email,WebSite,Phone1Label,Phone1,Phone2Label,Phone2,Phone3Label,"
+            "Phone3,Phone4Label,Phone4,ShipToAddress1,ShipToAddress2,ShipToCity,ShipToState,ShipToZip,ShipToCountry,"
+            "ValidateAddresses,StoreNumber,MarketName,MarketName,Region) "
             "VALUES('New','','','','','Main','22','','','','','A','B','C','D','E','F',1,'','9','','')"));
-    EXPECT_THAT(stage.host->callsOf("ShowAndLogErrorMessage"),
-                ElementsAre("There was a problem saving this location., This typically happens if the "
-                            "database is in use by another user or program. Try saving again. If the problem "
-                            "persists, close the program, restart and try again., the database's own words"));
+    EXPECT_THAT(
+        stage.host->callsOf("ShowAndLogErrorMessage"),
+        ElementsAre(
+            "There was a problem saving this location., This typically happens if the database is in use by another user or program. Try saving again. If the problem persists, close the program, restart and try again., the database's own words"));
 }
 
-TEST(Locations, TheAddressIsCopiedFromTheCompanyAndSavedAsTheHostParsesIt) {
+TEST(Locations, TheCompanysAddressIsCopiedAndSavedAsTheHostParsesIt) {
     Stage stage;
     speakAddresses(stage);
     stage.host->rows(
-        "SELECT TOP 1 BillToAddress1, BillToAddress2, BillToCity, BillToState, BillToZip, BillToCountry FROM "
-        "Company",
+        "SELECT TOP 1 BillToAddress1, BillToAddress2, BillToCity, BillToState, BillToZip, BillToCountry FROM Company",
         records("<Record><BillToAddress1>8 Mill</BillToAddress1><BillToZip>53000</BillToZip></Record>"));
     stage.desktop.user<LocationDialog>("frmLocations_Edit", [&](LocationDialog& dialog) {
         dialog.cmdCopyAddress.userPress();
         EXPECT_EQ(entered(dialog, "txtShipToAddress"), "8 Mill||||53000|");
-        stage.host->on("ParseAddress", Variant());  // gives no parts
+        stage.host->on("ParseAddress", Variant());  // returns no parts
         enter(dialog, "txtName", "New");
         dialog.cmdOK.userPress();
     });
     stage.library->ShowEditLocation(0);
-    EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQueryWithID"), ElementsAre(testing::HasSubstr("VALUES('New',")));
+    EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQueryWithID"),
+                ElementsAre(testing::HasSubstr("VALUES('New',")));
     EXPECT_FALSE(stage.told());
 }
 
-TEST(Locations, TheListLooksItselfWhatWasSaved) {
+TEST(Locations, TheListReadsTheSavedRowItself) {
     Stage stage;
     speakAddresses(stage);
     const std::string load = "SELECT * FROM Locations ORDER BY LocationName";
@@ -245,14 +246,14 @@ TEST(Locations, TheListLooksItselfWhatWasSaved) {
     stage.library->ShowLocations();
     const std::string row = "SELECT * FROM Locations WHERE ID = 7";
     EXPECT_THAT(stage.host->callsOf("Database.ExecuteRead"), ElementsAre(load, load, row, row));
-    EXPECT_THAT(stage.host->callsOf("ShowMessageStyle1"),
-                ElementsAre("The location <Bold>Falls</Bold> cannot be deleted because it's being referenced "
-                            "by 2 quotes/sales/orders., In order to delete this location you must first "
-                            "remove it from the quotes/sales/orders that are referencing it."));
+    EXPECT_THAT(
+        stage.host->callsOf("ShowMessageStyle1"),
+        ElementsAre(
+            "The location <Bold>Falls</Bold> cannot be deleted because it's being referenced by 2 quotes/sales/orders., In order to delete this location you must first remove it from the quotes/sales/orders that are referencing it."));
     EXPECT_THAT(stage.host->callsOf("Security.CanDo"), testing::Contains("112, 8"));
 }
 
-TEST(Locations, EveryHostFaultIsToldAndKeepsTheInput) {
+TEST(Locations, EveryHostFaultIsReportedAndKeepsTheInput) {
     for (const std::int32_t ID : {0, 7}) {
         sweepFaults(
             [ID](Stage& stage) {
@@ -286,7 +287,7 @@ TEST(ProductTags, AreAddedAndDeleted) {
                      records("<Record><Tag>cordless</Tag></Record><Record><Tag>kids' room</Tag></Record>"));
     stage.host->on("Common.GetProductNameFromID", Variant("Aldermoor 2in"));
     stage.host->on("Database.ExecuteScaler", [](Arguments a) {
-        return Variant(a[0].toText().ends_with("Tag = 'cordless'") ? 1 : 0);  // the product has it
+        return Variant(a[0].toText().ends_with("Tag = 'cordless'") ? 1 : 0);  // the product has this tag
     });
     int tries = 0;
     stage.host->on("Database.ExecuteNonQuery", [&](Arguments) { return Variant(++tries != 2); });
@@ -311,7 +312,7 @@ TEST(ProductTags, AreAddedAndDeleted) {
         list.cmdNew.userPress();
         selectAll(list.rptItems);
         EXPECT_TRUE(list.cmdNew.enabled() && list.cmdDelete.enabled());
-        EXPECT_FALSE(list.cmdEdit.enabled()) << "there is nothing to edit about a tag of a product";
+        EXPECT_FALSE(list.cmdEdit.enabled()) << "a product tag cannot be edited";
         list.rptItems.userDoubleClick(0);
         list.cmdDelete.userPress();
     });
@@ -322,21 +323,21 @@ TEST(ProductTags, AreAddedAndDeleted) {
                 ElementsAre(typed, chosen, typed, chosen, "DELETE FROM ProductTags WHERE ID = 7"));
     EXPECT_THAT(stage.desktop.boxes, testing::Contains(Box{"You must enter a valid tag name.",
                                                            MessageButtons::Ok, MessageIcon::Exclamation}));
-    EXPECT_THAT(stage.host->callsOf("ShowAndLogErrorMessage"),
-                ElementsAre("There was a problem saving this product tag., {standard explanation}, the "
-                            "database's own words"));
+    EXPECT_THAT(
+        stage.host->callsOf("ShowAndLogErrorMessage"),
+        ElementsAre(
+            "There was a problem saving this product tag., {standard explanation}, the database's own words"));
     EXPECT_THAT(stage.host->callsOf("tslniee5.Engine.AddToExport"),
                 ElementsAre("PhoneLabels, SELECT * FROM vwExporting_PhoneLabels"));
     EXPECT_THAT(stage.host->callsOf("Security.CanDo"), IsEmpty());
     EXPECT_EQ(stage.host->callsOf("Database.ExecuteRead").back(), load) << "the added tags are shown";
 }
 
-TEST(PortfolioTags, AreRenamedEverywhereAtOnce) {
+TEST(PortfolioTags, AreRenamedInAllFiles) {
     Stage stage;
     const std::string load =
-        "SELECT PortfolioTags.ID, PortfolioTags.Tag, Portfolio.FileName FROM PortfolioTags INNER JOIN "
-        "Portfolio ON PortfolioTags.PortfolioID = Portfolio.ID ORDER BY PortfolioTags.Tag, "
-        "Portfolio.FileName";
+        "SELECT PortfolioTags.ID, PortfolioTags.Tag, Portfolio.FileName FROM PortfolioTags "
+        "INNER JOIN Portfolio ON PortfolioTags.PortfolioID = Portfolio.ID ORDER BY PortfolioTags.Tag, Portfolio.FileName";
     stage.host->rows(load, records("<Record><ID>3</ID><Tag>kid's</Tag><FileName>a.jpg</FileName></Record>"));
     const auto rename = [](PortfolioTagDialog& dialog, const char* to) {
         dialog.txtTag.userType(to);
@@ -353,15 +354,16 @@ TEST(PortfolioTags, AreRenamedEverywhereAtOnce) {
         EXPECT_EQ(list.rptItems.rowText(0, 1), "a.jpg");
         selectAll(list.rptItems);
         EXPECT_TRUE(list.cmdEdit.enabled() && list.cmdDelete.enabled());
-        EXPECT_FALSE(list.cmdNew.enabled()) << "files get their tags elsewhere";
-        list.rptItems.userDoubleClick(0);  // left by the close box after the failure
+        EXPECT_FALSE(list.cmdNew.enabled()) << "tags are assigned to files elsewhere";
+        list.rptItems.userDoubleClick(0);  // the close box, after the failure
     });
     open(stage, Operation::ShowPortfolioTags);
     EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"),
                 ElementsAre("UPDATE PortfolioTags SET Tag = 'kids''' WHERE Tag = 'kid''s'"));
-    EXPECT_THAT(stage.host->callsOf("ShowAndLogErrorMessage"),
-                ElementsAre("There was a problem renaming the tags., {standard explanation}, the database's "
-                            "own words"));
+    EXPECT_THAT(
+        stage.host->callsOf("ShowAndLogErrorMessage"),
+        ElementsAre(
+            "There was a problem renaming the tags., {standard explanation}, the database's own words"));
     EXPECT_THAT(stage.host->callsOf("Database.ExecuteRead"), ElementsAre(load));
 
     stage.host->on("Database.ExecuteNonQuery", Variant(true));
@@ -371,7 +373,7 @@ TEST(PortfolioTags, AreRenamedEverywhereAtOnce) {
     EXPECT_TRUE(stage.library->ShowEditPortfiolioTag("kid's")) << "the close box counts as cancelled";
 }
 
-TEST(Tags, EveryHostFaultIsToldAndKeepsTheInput) {
+TEST(Tags, EveryHostFaultIsReportedAndKeepsTheInput) {
     sweepFaults(
         [](Stage& stage) {
             stage.host->rows("SELECT * FROM ProductTags WHERE ProductID = 5 ORDER BY Tag",

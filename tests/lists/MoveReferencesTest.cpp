@@ -11,12 +11,12 @@ using lists::MoveListReferences;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// What moving the references of entry 7 to entry 9 asks, sends and tells.
+/// The expected queries, updates and messages when the references of entry 7 are moved to entry 9.
 struct Case {
     std::int16_t code;
     std::string name, choices, heading;
     std::vector<std::string> updates;
-    std::vector<std::string> failures;  ///< one an update
+    std::vector<std::string> failures;  ///< one per update
     bool blankAllowed = false;
 };
 
@@ -128,7 +128,7 @@ const Case cases[] = {
      {productsFailed, productsFailed, chargesFailed, chargesFailed}},
 };
 
-/// A company whose entry 7 is called Old; entry 9, New, is the other one. Every column has 4 references.
+/// A company with the entries 7, "Old", and 9, "New". Every column has 4 references.
 void fill(Stage& stage, const Case& c) {
     const std::string query = c.choices.substr(0, c.choices.find(", ", c.choices.find("FROM")));
     std::string column = c.choices.substr(query.size() + 2);
@@ -145,7 +145,7 @@ void moveToNew(MoveListReferences& screen) {
     screen.cmdOK.userPress();
 }
 
-TEST(MoveReferences, AsksAndUpdatesForEveryList) {
+TEST(MoveReferences, CountsAndUpdatesTheReferencesOfEveryList) {
     for (const Case& c : cases) {
         SCOPED_TRACE(c.code);
         Stage stage;
@@ -174,7 +174,7 @@ TEST(MoveReferences, AsksAndUpdatesForEveryList) {
     }
 }
 
-TEST(MoveReferences, StopAtTheFirstFailureAndCanBeTriedAgain) {
+TEST(MoveReferences, StopsAtTheFirstFailureAndCanBeRepeated) {
     for (const Case& c : cases) {
         for (std::size_t failing = 0; failing < c.updates.size(); ++failing) {
             SCOPED_TRACE(std::to_string(c.code) + " update " + std::to_string(failing));
@@ -201,7 +201,7 @@ TEST(MoveReferences, StopAtTheFirstFailureAndCanBeTriedAgain) {
     }
 }
 
-TEST(MoveReferences, ABlankReferenceAnUnknownListAndEveryWayOut) {
+TEST(MoveReferences, BlankReferencesUnknownListsAndCancelling) {
     Stage stage;
     fill(stage, cases[1]);
     stage.desktop.answers = {MessageAnswer::Yes};
@@ -226,7 +226,7 @@ TEST(MoveReferences, ABlankReferenceAnUnknownListAndEveryWayOut) {
     EXPECT_TRUE(stage.library->screens().empty());
 }
 
-TEST(MoveReferences, EveryHostFaultIsToldAndMovesNothingUnasked) {
+TEST(MoveReferences, EveryHostFaultIsReportedAndMovesNothingUnconfirmed) {
     sweepFaults(
         [](Stage& stage) {
             fill(stage, cases[8]);

@@ -1,9 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "maintenance/RecordDialog.h"
 #include "lists/SalesTaxGroupCodes.h"
 #include "lists/SalesTaxGroups.h"
+#include "maintenance/RecordDialog.h"
 #include "tests/lists/Acts.h"
 
 namespace tsln::test {
@@ -16,20 +16,15 @@ using testing::IsEmpty;
 
 std::string detailsOf(int group) {
     return "SELECT SalesTaxCodes.Code, SalesTaxCodes.Rate, SalesTaxCodes.Vendor FROM SalesTaxGroupCodes "
-           "INNER "
-           "JOIN SalesTaxCodes ON SalesTaxGroupCodes.SalesTaxCodeID = SalesTaxCodes.ID WHERE "
-           "(SalesTaxGroupCodes.SalesTaxGroupID = " +
+           "INNER JOIN SalesTaxCodes ON SalesTaxGroupCodes.SalesTaxCodeID = SalesTaxCodes.ID "
+           "WHERE (SalesTaxGroupCodes.SalesTaxGroupID = " +
            std::to_string(group) + ")";
 }
 
 constexpr auto welcomed =
-    "Sales sales groups are made up of one or more sales tax codes., In the Kestrane Tessaline a customer is "
-    "assigned a sales tax group. A sales tax group is made up of one or  more sales tax codes.\r\n\r\nUse "
-    "the "
-    "Manage Tax Codes button to create individual tax codes. Then use the Assign Tax Codes button to assign "
-    "those codes to the selected tax group.";
+    "Sales sales groups are made up of one or more sales tax codes., In the Kestrane Tessaline a customer is assigned a sales tax group. A sales tax group is made up of one or  more sales tax codes.\r\n\r\nUse the Manage Tax Codes button to create individual tax codes. Then use the Assign Tax Codes button to assign those codes to the selected tax group.";
 
-/// A company with the groups 7 and 8, of which 7 has the codes 1 and 2 of three.
+/// A company with the groups 7 and 8. Group 7 has two of the three codes, 1 and 2.
 void fill(Stage& stage) {
     stage.host->rows("SELECT * FROM SalesTaxGroups ORDER BY SalesTaxGroup",
                      "<Records><Record><ID>7</ID><SalesTaxGroup>Merriden</SalesTaxGroup></Record>"
@@ -51,7 +46,7 @@ void fill(Stage& stage) {
     stage.host->on("Database.ExecuteNonQueryWithID", Variant(7));
 }
 
-TEST(SalesTaxGroups, ShowTheCodesAndTheCombinedRateOfTheSelectedGroup) {
+TEST(SalesTaxGroups, TheCodesAndTheCombinedRateOfTheSelectedGroupAreShown) {
     Stage stage;
     fill(stage);
     stage.desktop.user<SalesTaxGroupsScreen>("frmSalesTaxGroups", [&](SalesTaxGroupsScreen& list) {
@@ -68,7 +63,7 @@ TEST(SalesTaxGroups, ShowTheCodesAndTheCombinedRateOfTheSelectedGroup) {
         EXPECT_EQ(list.lblCombinedRate.caption(), "Combined rate: 0");
         stage.host->on("CurrentCompanyConn", Variant(ObjectPtr()));
         selectRows(list.rptItems, {0});
-        EXPECT_EQ(list.lblCombinedRate.caption(), "Combined rate:") << "no connection, no rate";
+        EXPECT_EQ(list.lblCombinedRate.caption(), "Combined rate:") << "without a connection no rate is shown";
         list.cmdDelete.userPress();
     });
     stage.library->ShowSalesTaxGroups();
@@ -78,7 +73,7 @@ TEST(SalesTaxGroups, ShowTheCodesAndTheCombinedRateOfTheSelectedGroup) {
                 ElementsAre("DELETE FROM SalesTaxGroups WHERE ID = 7"));
 }
 
-TEST(SalesTaxGroups, LeadAFirstTimeUserFromCodesToAGroup) {
+TEST(SalesTaxGroups, AFirstTimeUserIsLedFromCodesToAGroup) {
     for (const bool makesACode : {true, false}) {
         Stage stage;
         fill(stage);
@@ -98,8 +93,7 @@ TEST(SalesTaxGroups, LeadAFirstTimeUserFromCodesToAGroup) {
         stage.library->ShowSalesTaxGroups();
 
         const Box start{
-            "Since you don't have any sales tax codes defined yet the Sales Tax Codes screen will "
-            "open to allow you enter the individual tax codes first.",
+            "Since you don't have any sales tax codes defined yet the Sales Tax Codes screen will open to allow you enter the individual tax codes first.",
             MessageButtons::Ok, MessageIcon::Information};
         if (!makesACode) {
             EXPECT_THAT(stage.desktop.boxes, ElementsAre(start));
@@ -114,18 +108,18 @@ TEST(SalesTaxGroups, LeadAFirstTimeUserFromCodesToAGroup) {
                                     MessageIcon::Exclamation},
                                 Box{"You need to assign at least one sales tax code to a sales tax group.",
                                     MessageButtons::Ok, MessageIcon::Information}));
-        EXPECT_THAT(stage.host->callsOf("ShowMessageStyle1"),
-                    ElementsAre("Now that you have created at least one sales tax code you should create at "
-                                "least one sales tax group to use that code., If you only have one sales tax "
-                                "code or don't want to calculate different rates for one customer then you "
-                                "can just give the sales tax group name the same name as the tax code."));
-        EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQueryWithID"),
-                    ElementsAre("INSERT INTO SalesTaxGroups (SalesTaxGroup,Description,Exported) "
-                                "VALUES('O''Neil', 'all',0)"));
+        EXPECT_THAT(
+            stage.host->callsOf("ShowMessageStyle1"),
+            ElementsAre(
+                "Now that you have created at least one sales tax code you should create at least one sales tax group to use that code., If you only have one sales tax code or don't want to calculate different rates for one customer then you can just give the sales tax group name the same name as the tax code."));
+        EXPECT_THAT(
+            stage.host->callsOf("Database.ExecuteNonQueryWithID"),
+            ElementsAre(
+                "INSERT INTO SalesTaxGroups (SalesTaxGroup,Description,Exported) VALUES('O''Neil', 'all',0)"));
     }
 }
 
-TEST(SalesTaxGroupCodes, ReplaceTheGroupsSetByWhatIsTicked) {
+TEST(SalesTaxGroupCodes, TheTickedCodesReplaceTheGroupsCodes) {
     struct Case {
         std::vector<std::size_t> toggled;
         std::vector<int> saved;
@@ -152,7 +146,7 @@ TEST(SalesTaxGroupCodes, ReplaceTheGroupsSetByWhatIsTicked) {
     }
 }
 
-TEST(SalesTaxGroupCodes, AFailureIsToldAndCanBeTriedAgain) {
+TEST(SalesTaxGroupCodes, AFailureIsReportedAndCanBeRepeated) {
     for (const int failing : {1, 3}) {
         Stage stage;
         fill(stage);
@@ -161,19 +155,19 @@ TEST(SalesTaxGroupCodes, AFailureIsToldAndCanBeTriedAgain) {
         stage.desktop.user<SalesTaxGroupCodes>("frmSalesTaxGroupCodes", [&](SalesTaxGroupCodes& screen) {
             screen.cmdOK.userPress();
             EXPECT_TRUE(screen.shown());
-            EXPECT_EQ(tries, failing) << "nothing goes on after a failure";
+            EXPECT_EQ(tries, failing) << "the first failure ends the saving";
             screen.cmdOK.userPress();
             EXPECT_FALSE(screen.shown());
         });
         stage.library->ShowSalesTaxGroupCodes(7);
-        EXPECT_THAT(stage.host->callsOf("ShowAndLogErrorMessage"),
-                    ElementsAre(std::string("Sales tax code selection could not be saved. (") +
-                                (failing == 1 ? "3738" : "3739") +
-                                "), This typically happens if the database is in use by another user or "
-                                "program. Try saving again. If the problem persists, close the program, "
-                                "restart and try again., the database's own words"));
+        EXPECT_THAT(
+            stage.host->callsOf("ShowAndLogErrorMessage"),
+            ElementsAre(
+                std::string("Sales tax code selection could not be saved. (") +
+                (failing == 1 ? "3738" : "3739") +
+                "), This typically happens if the database is in use by another user or program. Try saving again. If the problem persists, close the program, restart and try again., the database's own words"));
     }
-    Stage stage;  // a group that is gone
+    Stage stage;  // a group that no longer exists
     EXPECT_FALSE(stage.library->ShowSalesTaxGroupCodes(9));
     EXPECT_EQ(stage.desktop.boxes.size(), 1U);
     fill(stage);
@@ -183,7 +177,7 @@ TEST(SalesTaxGroupCodes, AFailureIsToldAndCanBeTriedAgain) {
     EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"), IsEmpty());
 }
 
-TEST(SalesTaxGroups, EveryHostFaultIsToldAndWipesNoCodes) {
+TEST(SalesTaxGroups, EveryHostFaultIsReportedAndLosesNoCodes) {
     sweepFaults(
         [](Stage& stage) {
             fill(stage);
@@ -197,7 +191,7 @@ TEST(SalesTaxGroups, EveryHostFaultIsToldAndWipesNoCodes) {
                 list.cmdAssignTaxCodes.userPress();
             });
             stage.library->ShowSalesTaxGroups();
-            // A set that was deleted is written again, or the failure to do so is told.
+            // After the codes were deleted, they are inserted again or the failure is reported.
             const auto statements = stage.host->callsOf("Database.ExecuteNonQuery");
             const bool half = !statements.empty() && statements.size() < 3;
             EXPECT_TRUE(!half || !stage.host->callsOf("ShowAndLogErrorMessage").empty());

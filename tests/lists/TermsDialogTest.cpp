@@ -1,10 +1,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "doubles/Stage.h"
 #include "maintenance/RecordDialog.h"
 #include "shared/modSharedSQL.h"
 #include "shared/modSharedStrings.h"
-#include "doubles/Stage.h"
 
 namespace tsln::test {
 namespace {
@@ -43,7 +43,7 @@ TEST(TermsDialog, LoadsTheRowAndSavesIt) {
         EXPECT_EQ(box(dialog, "txtDiscountDays").text(), "10");
         EXPECT_TRUE(exported(dialog).checked());
         EXPECT_EQ(dialog.focusedControl(), dialog.control("txtTerms"));
-        dialog.activate();  // coming back from a message box must not load again
+        dialog.activate();  // activation after a message box does not load again
         type(dialog, "  O'Brien's 3%  ", "45", "3", "15");
         exported(dialog).userCheck(false);
         dialog.cmdOK.userPress();
@@ -51,9 +51,10 @@ TEST(TermsDialog, LoadsTheRowAndSavesIt) {
     EXPECT_EQ(stage.library->ShowEditTerms(7), 7);
     EXPECT_THAT(stage.host->callsOf("Common.RecordExists"), ElementsAre("Terms, Terms, O'Brien's 3%, 7"));
     EXPECT_THAT(stage.host->callsOf("Database.ExecuteRead"), ElementsAre(readSeven));
-    EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"),
-                ElementsAre("UPDATE Terms SET Terms = 'O''Brien''s 3%', DueDays = 45, Discount = 0.03, "
-                            "DiscountDays = 15, Exported = 0 WHERE ID = 7"));
+    EXPECT_THAT(
+        stage.host->callsOf("Database.ExecuteNonQuery"),
+        ElementsAre(
+            "UPDATE Terms SET Terms = 'O''Brien''s 3%', DueDays = 45, Discount = 0.03, DiscountDays = 15, Exported = 0 WHERE ID = 7"));
 }
 
 TEST(TermsDialog, InsertsANewRowAndReturnsItsKey) {
@@ -68,13 +69,14 @@ TEST(TermsDialog, InsertsANewRowAndReturnsItsKey) {
     });
     EXPECT_EQ(stage.library->ShowEditTerms(0), 12);
     EXPECT_THAT(stage.host->callsOf("Database.ExecuteRead"), IsEmpty());
-    // The name's "<d>" is filled by the later tag: how these templates work.
-    EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQueryWithID"),
-                ElementsAre("INSERT INTO Terms (Terms,DueDays,Discount,DiscountDays,Exported) "
-                            "VALUES('Net 0 {0}', 0, 0.025, 0, 1)"));
+    // The "<d>" in the name is replaced by the value of the later tag (deliberate).
+    EXPECT_THAT(
+        stage.host->callsOf("Database.ExecuteNonQueryWithID"),
+        ElementsAre(
+            "INSERT INTO Terms (Terms,DueDays,Discount,DiscountDays,Exported) VALUES('Net 0 {0}', 0, 0.025, 0, 1)"));
 }
 
-TEST(TermsDialog, EveryWayOut) {
+TEST(TermsDialog, OnlyOkSaves) {
     struct Way {
         const char* name;
         std::function<void(RecordDialog&)> leave;
@@ -130,7 +132,7 @@ TEST(TermsDialog, NumbersAreCorrectedBeforeTheyReachTheDatabase) {
     struct Case {
         const char *dueIn, *discount, *days;
         const char* filled;
-        const char* filledByHost;  ///< by a host whose checker leaves every number as it is
+        const char* filledByHost;  ///< with a host whose checker changes no number
     };
     const Case cases[] = {
         {"-5", "1000", "1e2", "0, 10, 100", "-5, 10, 100"},
@@ -156,9 +158,10 @@ TEST(TermsDialog, NumbersAreCorrectedBeforeTheyReachTheDatabase) {
                 dialog.cmdOK.userPress();
             });
             stage.library->ShowEditTerms(0);
-            EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQueryWithID"),
-                        ElementsAre("INSERT INTO Terms (Terms,DueDays,Discount,DiscountDays,Exported) VALUES('T', " +
-                                    std::string(withChecker ? c.filledByHost : c.filled) + ", 0)"))
+            EXPECT_THAT(
+                stage.host->callsOf("Database.ExecuteNonQueryWithID"),
+                ElementsAre("INSERT INTO Terms (Terms,DueDays,Discount,DiscountDays,Exported) VALUES('T', " +
+                            std::string(withChecker ? c.filledByHost : c.filled) + ", 0)"))
                 << c.dueIn;
             if (withChecker) {
                 EXPECT_THAT(seen, testing::IsSupersetOf({c.dueIn, c.days}));
@@ -185,7 +188,7 @@ TEST(TermsDialog, LeavingANumericFieldLetsTheHostCorrectItsTextBox) {
     stage.library->ShowEditTerms(0);
 }
 
-TEST(TermsDialog, AFailedSaveKeepsTheInputAndCanBeTriedAgain) {
+TEST(TermsDialog, AFailedSaveKeepsTheInputAndCanBeRepeated) {
     for (const std::int32_t ID : {0, 7}) {
         Stage stage;
         stage.host->rows(readSeven, rowSeven);
@@ -202,13 +205,14 @@ TEST(TermsDialog, AFailedSaveKeepsTheInputAndCanBeTriedAgain) {
             EXPECT_FALSE(dialog.shown());
         });
         EXPECT_EQ(stage.library->ShowEditTerms(ID), ID == 0 ? 8 : 7);
-        EXPECT_THAT(stage.host->callsOf("ShowAndLogErrorMessage"),
-                    ElementsAre("There was a problem saving this term., {standard explanation}, "
-                                "the database's own words"));
+        EXPECT_THAT(
+            stage.host->callsOf("ShowAndLogErrorMessage"),
+            ElementsAre(
+                "There was a problem saving this term., {standard explanation}, the database's own words"));
     }
 }
 
-TEST(TermsDialog, TheCloseBoxIsRefusedWhileItSaves) {
+TEST(TermsDialog, TheCloseBoxIsRefusedWhileSaving) {
     Stage stage;
     RecordDialog* open = nullptr;
     stage.host->on("Database.ExecuteNonQueryWithID", [&](Arguments) {
@@ -224,7 +228,7 @@ TEST(TermsDialog, TheCloseBoxIsRefusedWhileItSaves) {
     EXPECT_EQ(stage.library->ShowEditTerms(0), 3);
 }
 
-TEST(TermsDialog, ARowThatCouldNotBeReadCannotBeSavedOver) {
+TEST(TermsDialog, ARowThatCouldNotBeReadCannotBeOverwritten) {
     for (const char* answer : {"<Records><Record>", "no xml at all"}) {
         Stage stage;
         stage.host->rows(readSeven, answer);
@@ -239,7 +243,7 @@ TEST(TermsDialog, ARowThatCouldNotBeReadCannotBeSavedOver) {
     }
 }
 
-TEST(TermsDialog, OddNamesTravelWhole) {
+TEST(TermsDialog, NamesWithSpecialCharactersAreStoredUnchanged) {
     std::string longName;
     while (longName.size() < 60'000)
         longName += "Zahlung \xF0\x9F\xAA\x9F \"\\ ";
@@ -258,7 +262,7 @@ TEST(TermsDialog, OddNamesTravelWhole) {
     }
 }
 
-TEST(TermsDialog, EveryHostFaultIsToldAndKeepsTheInput) {
+TEST(TermsDialog, EveryHostFaultIsReportedAndKeepsTheInput) {
     for (const std::int32_t ID : {0, 7}) {
         sweepFaults(
             [ID](Stage& stage) {
@@ -269,10 +273,10 @@ TEST(TermsDialog, EveryHostFaultIsToldAndKeepsTheInput) {
                     if (dialog.shown()) {
                         EXPECT_EQ(box(dialog, "txtTerms").text(), "Net 5");
                         EXPECT_EQ(box(dialog, "txtDueIn").text(), "5");
-                        EXPECT_TRUE(stage.told()) << "still open, and nobody said why";
+                        EXPECT_TRUE(stage.told()) << "the dialog stays open without a message";
                     } else {
                         EXPECT_FALSE(dialog.Cancelled);
-                        EXPECT_GE(dialog.ID, 1) << "closed as saved without a key";
+                        EXPECT_GE(dialog.ID, 1) << "closed as saved, but has no key";
                     }
                     dialog.cmdCancel.userPress();
                 });

@@ -4,10 +4,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "maintenance/ListScreen.h"
-#include "maintenance/RecordDialog.h"
 #include "doubles/Stage.h"
 #include "doubles/TempFolder.h"
+#include "maintenance/ListScreen.h"
+#include "maintenance/RecordDialog.h"
 
 namespace tsln::test {
 namespace {
@@ -55,7 +55,7 @@ void grant(Stage& stage, std::vector<int> rights) {
     });
 }
 
-TEST(TermsList, ShowsTheRowsAndTellsHowItWasClosed) {
+TEST(TermsList, ShowsTheRowsAndReportsHowItWasClosed) {
     TermsStage stage;
     stage.desktop.user<ListScreen>("frmTerms", [](ListScreen& list) {
         EXPECT_EQ(list.caption(), "Terms");
@@ -94,7 +94,7 @@ TEST(TermsList, OffersTheDefaultsOnceWhileTheListIsEmpty) {
             stage.host->rows(loadStatement, records({termsRow(1, "Net 10")}));
         };
         stage.desktop.user<ListScreen>("frmTerms", [&](ListScreen& list) {
-            list.activate();  // a dialog on top closed: neither loaded nor asked again
+            list.activate();  // activation after a dialog neither loads nor asks again
             EXPECT_EQ(list.rptItems.rowCount(), c.installed ? 1U : 0U);
         });
         stage.library->ShowTerms();
@@ -106,16 +106,16 @@ TEST(TermsList, OffersTheDefaultsOnceWhileTheListIsEmpty) {
         }
         EXPECT_EQ(stage.host->callsOf("Database.ExecuteRead").size(), c.installed ? 2U : 1U);
         if (c.installed) {
-            EXPECT_THAT(stage.desktop.commandLines, ElementsAre("\"" + folder +
-                                                                "tsln5pkg.exe\" /Keys:TSLN50_Terms "
-                                                                "/PSD:\"/psd/company.psd\""));
+            EXPECT_THAT(
+                stage.desktop.commandLines,
+                ElementsAre("\"" + folder + "tsln5pkg.exe\" /Keys:TSLN50_Terms /PSD:\"/psd/company.psd\""));
         } else {
             EXPECT_THAT(stage.desktop.commandLines, IsEmpty());
         }
     }
 }
 
-TEST(TermsList, AMissingPackageProcessorIsToldAndTheListReloaded) {
+TEST(TermsList, AMissingPackageProcessorIsReportedAndTheListReloaded) {
     Stage stage;
     stage.desktop.answers = {MessageAnswer::Yes};
     stage.library->ShowTerms();
@@ -139,17 +139,17 @@ TEST(TermsList, ButtonsFollowSelectionAndRights) {
             select(list, {1});
             EXPECT_EQ(list.cmdEdit.enabled(), c.canEdit);
             EXPECT_EQ(list.cmdDelete.enabled(), c.canDelete);
-            // Several rows: Edit takes the focused one.
+            // With several rows selected, Edit opens the focused one.
             select(list, {0, 2});
             EXPECT_EQ(list.cmdEdit.enabled(), c.canEdit);
-            // A selection without a focused row can be deleted, not edited.
+            // A selection without a focused row can be deleted, but not edited.
             list.rptItems.userSelect(std::vector<std::size_t>{0}, std::nullopt);
             EXPECT_FALSE(list.cmdEdit.enabled());
             EXPECT_EQ(list.cmdDelete.enabled(), c.canDelete);
             select(list, {});
             EXPECT_FALSE(list.cmdEdit.enabled());
             EXPECT_FALSE(list.cmdDelete.enabled());
-            // Keys and double clicks open no way around a disabled button.
+            // Keys and double clicks do not bypass a disabled button.
             list.rptItems.userDoubleClick(0);
             list.rptItems.userDeleteKey();
             if (!c.canNew) list.rptItems.userInsertKey();
@@ -160,7 +160,7 @@ TEST(TermsList, ButtonsFollowSelectionAndRights) {
     }
 }
 
-TEST(TermsList, GroupRowsCountNeitherForEditNorForDelete) {
+TEST(TermsList, GroupRowsCannotBeEditedOrDeleted) {
     TermsStage stage;
     stage.desktop.user<ListScreen>("frmTerms", [](ListScreen& list) {
         list.rptItems.groupBy(1);
@@ -191,12 +191,12 @@ TEST(TermsList, NewAndEditShowTheSavedRow) {
     stage.desktop.user<ListScreen>("frmTerms", [](ListScreen& list) {
         list.rptItems.userInsertKey();
         EXPECT_THAT(names(list), ElementsAre("COD", "Net 15", "Net 30", "Net 60"));
-        EXPECT_THAT(list.rptItems.selectedRows(), ElementsAre(3U)) << "the new row is at hand";
+        EXPECT_THAT(list.rptItems.selectedRows(), ElementsAre(3U)) << "the new row is selected";
         EXPECT_TRUE(list.cmdEdit.enabled());
         select(list, {1});
         list.rptItems.userDoubleClick(1);
         EXPECT_THAT(names(list), ElementsAre("COD", "Net 14", "Net 30", "Net 60"));
-        list.cmdNew.userPress();  // left by Cancel: nothing read, nothing added
+        list.cmdNew.userPress();  // cancelled: nothing is read and nothing added
         EXPECT_EQ(list.rptItems.rowCount(), 4U);
     });
     stage.library->ShowTerms();
@@ -221,12 +221,13 @@ TEST(TermsList, DeletesTheSelectionAtOnceAndStopsAtTheFirstFailure) {
     EXPECT_THAT(stage.desktop.boxes, IsEmpty()) << "no confirmation is asked";
     EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"),
                 ElementsAre("DELETE FROM Terms WHERE ID = 1", "DELETE FROM Terms WHERE ID = 2"));
-    EXPECT_THAT(stage.host->callsOf("ShowAndLogErrorMessage"),
-                ElementsAre("There was a problem deleting one or more term., {standard explanation}, "
-                            "the database's own words"));
+    EXPECT_THAT(
+        stage.host->callsOf("ShowAndLogErrorMessage"),
+        ElementsAre(
+            "There was a problem deleting one or more term., {standard explanation}, the database's own words"));
 }
 
-TEST(ListScreen, ReferencedRowsAreRefusedWithTheirCountAndTheLoopGoesOn) {
+TEST(ListScreen, ReferencedRowsAreRefusedWithTheirCountAndTheOthersDeleted) {
     const DeletionCheck checks[] = {
         {"SELECT COUNT(*) AS MyCount FROM Customers WHERE TermsID = {0}",
          "<Bold>{0}</Bold> has {1} customers.", "Remove it there."},
@@ -255,7 +256,7 @@ TEST(ListScreen, ReferencedRowsAreRefusedWithTheirCountAndTheLoopGoesOn) {
                             "SELECT COUNT(*) AS MyCount FROM Orders WHERE TermsID = 3, , 0"));
 }
 
-TEST(ListScreen, IsMarkedBusyWhileItLoadsAndOpensNoCommandWithoutItsRight) {
+TEST(ListScreen, LooksBusyWhileLoadingAndRunsNoCommandWithoutItsRight) {
     TermsStage stage;
     grant(stage, {16});
     std::vector<std::string> captions;
@@ -307,7 +308,7 @@ TEST(TermsList, MoreCommandsAreBuiltUpdatedAndExecuted) {
     EXPECT_EQ(stage.desktop.help[1].context, 40);
 }
 
-TEST(TermsList, ADamagedResultLeavesTheRowsThatAreShown) {
+TEST(TermsList, ADamagedResultLeavesTheShownRows) {
     TermsStage stage;
     grant(stage, {8, 16});
     stage.desktop.popupChoices = {28251};
@@ -343,7 +344,7 @@ TEST(TermsList, ADisabledCommandIsNotExecuted) {
     EXPECT_EQ(stage.host->callsOf("Database.ExecuteRead").size(), 1U);
 }
 
-TEST(TermsList, KeepsItsWindowPosition) {
+TEST(TermsList, TheWindowPositionIsKept) {
     const std::string key = "Software\\Kestrane\\Tessaline\\5.0\\Window Positions\\frmTerms|";
     TermsStage stage;
     stage.desktop.settings = {
@@ -359,7 +360,7 @@ TEST(TermsList, KeepsItsWindowPosition) {
     EXPECT_EQ(stage.desktop.settings[key + "Width"], "640");
 }
 
-TEST(TermsList, SavesTheRowsAsTextAsTheyAreShown) {
+TEST(TermsList, TheRowsAreSavedAsTextAsTheyAreShown) {
     const TempFolder temp;
     const std::string path = temp.file("terms saved.txt");
     TermsStage stage;
@@ -385,7 +386,7 @@ TEST(TermsList, SavesTheRowsAsTextAsTheyAreShown) {
                 ElementsAre("Text Files|*.txt", "All Files (*.*)|*.*"));
 }
 
-TEST(TermsList, EveryHostFaultIsToldAndLeavesTheListStanding) {
+TEST(TermsList, EveryHostFaultIsReportedAndLeavesTheListUsable) {
     for (const bool empty : {true, false}) {
         sweepFaults(
             [&](Stage& stage) {

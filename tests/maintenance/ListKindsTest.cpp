@@ -45,7 +45,7 @@ TEST(ListKinds, NamesAndExportQueries) {
     EXPECT_EQ(known, 35);
 }
 
-TEST(ListKinds, ImportHandsTheFileToTheEngineAndReloads) {
+TEST(ListKinds, ImportPassesTheFileToTheEngineAndReloads) {
     Stage stage;
     fillList(stage);
     runCommands(stage, {28001, 28001}, {"/in/terms.xml"});
@@ -65,7 +65,7 @@ TEST(ListKinds, ImportHandsTheFileToTheEngineAndReloads) {
         << "the list is loaded again after each";
 }
 
-TEST(ListKinds, ExportHandsTheQueryToTheEngine) {
+TEST(ListKinds, ExportPassesTheQueryToTheEngine) {
     for (const char* portable : {"1", "0", "", "nonsense"}) {
         Stage stage;
         fillList(stage);
@@ -87,7 +87,7 @@ TEST(ListKinds, ExportHandsTheQueryToTheEngine) {
     }
 }
 
-TEST(ListKinds, FailuresAreToldAndTheEngineIsTerminatedAllTheSame) {
+TEST(ListKinds, FailuresAreReportedAndTheEngineIsTerminated) {
     const auto raises = [](Arguments) -> Variant { throw HostError(code::fail, "Engine", "no"); };
     for (const std::string member : {"ImportFile", "DoExport", "Initialize"}) {
         for (const bool raise : {true, false}) {
@@ -112,7 +112,7 @@ TEST(ListKinds, FailuresAreToldAndTheEngineIsTerminatedAllTheSame) {
     }
 }
 
-TEST(ListKinds, AListWithoutARowNeitherAsksNorTells) {
+TEST(ListKinds, AnUnknownListKindNeitherAsksNorReports) {
     ListDescription quoteApproval = lists::termsList;
     quoteApproval.listKind = 19;
     Stage stage;

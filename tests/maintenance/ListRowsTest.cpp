@@ -9,7 +9,7 @@ namespace {
 using testing::ElementsAre;
 using Way = modSharedXML::RowReader::Way;
 
-TEST(ListRows, AreShownAsTheirColumnsSayWhicheverWayTheyAreRead) {
+TEST(ListRows, AreFormattedByColumnForEveryWayOfReading) {
     const Choice kinds[] = {{0, "None"}, {2, "Two"}};
     const ListColumn columns[] = {{"Name", 100, "Name"},
                                   {"Active", 50, "Active", ListColumn::Show::YesNo},
@@ -17,8 +17,7 @@ TEST(ListRows, AreShownAsTheirColumnsSayWhicheverWayTheyAreRead) {
                                   {"Rate", 50, "Rate", ListColumn::Show::Number},
                                   {"Number", 50, "ID"}};
     const std::string text =
-        "<Records><Record><ID>7</ID><Name>A &amp; "
-        "B</Name><Active>yes</Active><Kind>2</Kind><Rate>0.50</Rate></Record>"
+        "<Records><Record><ID>7</ID><Name>A &amp; B</Name><Active>yes</Active><Kind>2</Kind><Rate>0.50</Rate></Record>"
         "<Record><Name>no more</Name></Record>"
         "<Record><ID>x</ID><Name/><Active>0</Active><Kind>9</Kind></Record></Records>";
     for (const Way way : {Way::OnePass, Way::Nodes}) {

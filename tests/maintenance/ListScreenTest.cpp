@@ -23,7 +23,7 @@ void runToggle(ListScreen& list) {
     list.tell("toggled " + std::to_string(list.selectedID()), MessageIcon::Information);
 }
 
-/// A list with everything that a description can ask for.
+/// A list that uses every option of a description.
 const ListDescription charges{
     .open = Operation::ShowTerms,
     .edit = Operation::ShowEditAdditionalCharge,
@@ -101,7 +101,7 @@ void selectRecord(ListScreen& list, std::int32_t ID) {
     list.rptItems.userSelect({{row}}, row);
 }
 
-TEST(ListScreen, ShowsEveryKindOfColumnGroupedInTheOrderOfItsRows) {
+TEST(ListScreen, EveryKindOfColumnIsShownGroupedInTheOrderOfTheRows) {
     ChargesStage stage;
     stage.run([](ListScreen& list) {
         EXPECT_THAT(shownRows(list, 1), ElementsAre("# Zeta", "Flat", "# (No Group)", "Plain", "# Alpha", "Early"));
@@ -121,7 +121,7 @@ TEST(ListScreen, ShowsEveryKindOfColumnGroupedInTheOrderOfItsRows) {
     EXPECT_THAT(stage.host->callsOf("Database.ExecuteRead"), IsEmpty());
 }
 
-TEST(ListScreen, AFilterNarrowsTheRowsAndTheirCount) {
+TEST(ListScreen, AFilterReducesTheRowsAndTheirCount) {
     ChargesStage stage;
     stage.run([](ListScreen& list) {
         list.txtFilter.userType("EARL");
@@ -174,7 +174,7 @@ TEST(ListScreen, TheContextMenuFollowsTheSelectionAndTheRights) {
     EXPECT_THAT(offered(2), ElementsAre("New...", "Edit... (disabled)", "Delete", "Enable (disabled)"));
 }
 
-TEST(ListScreen, TheDialogTakesFurtherArguments) {
+TEST(ListScreen, TheDialogGetsFurtherArguments) {
     class ChargesOfOneType : public ListScreen {
       public:
         using ListScreen::ListScreen;
@@ -199,7 +199,7 @@ TEST(ListScreen, TheDialogTakesFurtherArguments) {
     EXPECT_THAT(opened, ElementsAre("0, 256", "2, 256"));
 }
 
-TEST(ListScreen, AsksForEachRightAtMostOnceInAnAct) {
+TEST(ListScreen, EachRightIsAskedAtMostOncePerAction) {
     ChargesStage stage;
     stage.library->plugIn(Operation::ShowEditAdditionalCharge,
                           [](Library&, Arguments) { return Variant(std::int32_t{3}); });
@@ -227,7 +227,7 @@ TEST(ListScreen, AsksForEachRightAtMostOnceInAnAct) {
     });
 }
 
-TEST(ListScreen, AfterBusyWorkTheButtonsFollowTheRightsAsTheyAreThen) {
+TEST(ListScreen, AfterBusyWorkTheButtonsFollowTheCurrentRights) {
     for (const int revoked : {8, 16, 32}) {
         ChargesStage stage;
         bool deleted = false;
@@ -248,7 +248,7 @@ TEST(ListScreen, AfterBusyWorkTheButtonsFollowTheRightsAsTheyAreThen) {
             EXPECT_TRUE(list.cmdMore.enabled() && list.cmdClose.enabled());
         });
     }
-    // Rights that cannot be asked for are not held, and the work that was done is shown.
+    // Rights that cannot be read are not held; the result of the work is shown.
     ChargesStage stage;
     stage.run([&](ListScreen& list) {
         selectRecord(list, 1);
@@ -278,7 +278,7 @@ TEST(ListScreen, TheDeleteKeyAsksAndTheButtonDoesNot) {
                 ElementsAre("DELETE FROM Charges WHERE ID = 1", "DELETE FROM Charges WHERE ID = 2"));
 }
 
-TEST(ListScreen, AClosedRecordsetOrNoConnectionLeavesNoRowsOrTellsWhy) {
+TEST(ListScreen, AClosedRecordsetGivesNoRowsAndAMissingConnectionIsReported) {
     ChargesStage closed;
     closed.host->on("CurrentCompanyConn.Execute.State", Variant(0));
     ChargesStage none;

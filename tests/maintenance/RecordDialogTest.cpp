@@ -14,14 +14,16 @@ using Box = ScriptedDesktop::Box;
 
 constexpr Choice kinds[] = {{0, "None"}, {4, "Four"}};
 
-/// A record whose first field is no text, read as a recordset, with every rule that statements tell apart.
+/// A record whose first field is not a text field, read as a recordset, with every rule that affects statements.
 const RecordDescription sample{
     .table = "Samples",
     .newCaption = "New Sample",
     .editCaption = "Edit Sample",
     .fields = fields::join(
         fields::choice("cboKind", "&Kind:", "Kind", "<k>", kinds).required("You must select a kind."),
-        fields::trimmed("txtCode", "&Code:", "Code", "<c>").required("You must enter a code.").unique("Taken."),
+        fields::trimmed("txtCode", "&Code:", "Code", "<c>")
+            .required("You must enter a code.")
+            .unique("Taken."),
         fields::lines("txtNotes", "&Notes", "Notes", "<n>"),
         fields::keyOrNull("cboTerms", "&Terms:", "TermsID", "<t>", &Common::LoadTerms)
             .byDefault({"DefaultTerms", "Samples", "-1"})
@@ -42,8 +44,9 @@ class SampleDialog : public RecordDialog {
 
   protected:
     Layout content() override {
-        return layout::tabs(tabs, {formOf({"cboKind", "txtNotes", "cboTerms", "chkActive", "txtRate", "txtShipTo"}),
-                                   formOf({"txtCode"})});
+        return layout::tabs(tabs,
+                            {formOf({"cboKind", "txtNotes", "cboTerms", "chkActive", "txtRate", "txtShipTo"}),
+                             formOf({"txtCode"})});
     }
 };
 
@@ -68,14 +71,15 @@ struct SampleStage : Stage {
     }
     std::shared_ptr<SampleDialog> edit(std::int32_t ID, const std::function<void(SampleDialog&)>& act) {
         desktop.user<SampleDialog>("frmSample", act);
-        return openRecord(*library, "frmSample", [this] { return std::make_shared<SampleDialog>(*library); }, ID);
+        return openRecord(
+            *library, "frmSample", [this] { return std::make_shared<SampleDialog>(*library); }, ID);
     }
 };
 
-TEST(RecordDialog, ARowIsShownFromARecordsetAndWrittenInTheOrderOfItsFields) {
+TEST(RecordDialog, ARowIsReadFromARecordsetAndWrittenInTheOrderOfItsFields) {
     SampleStage stage;
     const auto closed = stage.edit(7, [](SampleDialog& dialog) {
-        EXPECT_EQ(dialog.comboBox("cboKind").text(), "9") << "a number of another version is kept";
+        EXPECT_EQ(dialog.comboBox("cboKind").text(), "9") << "a number that is not among the choices is kept";
         EXPECT_EQ(dialog.textBox("txtRate").text(), "12.5");
         EXPECT_EQ(dialog.comboBox("cboTerms").text(), "Net 30");
         EXPECT_EQ(dialog.textBox("txtShipTo").text(), "Reno");
@@ -83,20 +87,22 @@ TEST(RecordDialog, ARowIsShownFromARecordsetAndWrittenInTheOrderOfItsFields) {
         dialog.cmdOK.userPress();
     });
     EXPECT_EQ(closed->result(), 7);
-    EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"),
-                ElementsAre("UPDATE Samples SET Kind = 9, Code = 'C', Notes = '', TermsID = 5, Active = 1, Rate = "
-                            "0.125, ShipToAddress1 = '', ShipToAddress2 = '', ShipToCity = 'Reno', ShipToState = '', "
-                            "ShipToZip = '', ShipToCountry = '', ValidateAddresses = 1 WHERE ID = 7"));
+    EXPECT_THAT(
+        stage.host->callsOf("Database.ExecuteNonQuery"),
+        ElementsAre(
+            "UPDATE Samples SET Kind = 9, Code = 'C', Notes = '', TermsID = 5, Active = 1, Rate = 0.125, "
+            "ShipToAddress1 = '', ShipToAddress2 = '', ShipToCity = 'Reno', ShipToState = '', ShipToZip = '', "
+            "ShipToCountry = '', ValidateAddresses = 1 WHERE ID = 7"));
 }
 
-TEST(RecordDialog, ANewRecordIsValidatedFieldByFieldOnThePageWhereTheFieldStands) {
+TEST(RecordDialog, ANewRecordIsValidatedFieldByFieldAndTheFieldsPageIsShown) {
     SampleStage stage;
     stage.host->on("Database.ExecuteNonQueryWithID", Variant(12));
     bool taken = true;
     stage.host->on("Common.RecordExists", [&](Arguments) { return Variant(taken); });
     const auto closed = stage.edit(0, [&](SampleDialog& dialog) {
         EXPECT_EQ(dialog.caption(), "New Sample");
-        EXPECT_EQ(dialog.comboBox("cboTerms").text(), "COD") << "no default: the first";
+        EXPECT_EQ(dialog.comboBox("cboTerms").text(), "COD") << "without a default the first entry is selected";
         dialog.cmdOK.userPress();
         EXPECT_EQ(dialog.focusedControl(), &dialog.comboBox("cboKind"));
         dialog.comboBox("cboKind").userChoose(1);
@@ -106,7 +112,7 @@ TEST(RecordDialog, ANewRecordIsValidatedFieldByFieldOnThePageWhereTheFieldStands
         EXPECT_EQ(dialog.focusedControl(), &dialog.textBox("txtCode"));
         dialog.textBox("txtCode").userType(" O'Neil ");
         dialog.cmdOK.userPress();
-        EXPECT_TRUE(dialog.shown()) << "the code is taken";
+        EXPECT_TRUE(dialog.shown()) << "another row has this code";
         taken = false;
         dialog.comboBox("cboTerms").userChoose(-1);
         dialog.cmdOK.userPress();
@@ -116,13 +122,15 @@ TEST(RecordDialog, ANewRecordIsValidatedFieldByFieldOnThePageWhereTheFieldStands
                 ElementsAre(Box{"You must select a kind.", MessageButtons::Ok, MessageIcon::Exclamation},
                             Box{"You must enter a code.", MessageButtons::Ok, MessageIcon::Exclamation},
                             Box{"Taken.", MessageButtons::Ok, MessageIcon::Exclamation}));
-    EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQueryWithID"),
-                ElementsAre("INSERT INTO Samples (Kind,Code,Notes,TermsID,Rate,ShipToAddress1,ShipToAddress2,ShipToCity,"
-                            "ShipToState,ShipToZip,ShipToCountry,ValidateAddresses,Active) VALUES(4, 'O''Neil', '', "
-                            "NULL, 0, '', '', '', '', '', '', 1, 0)"));
+    EXPECT_THAT(
+        stage.host->callsOf("Database.ExecuteNonQueryWithID"),
+        ElementsAre(
+            "INSERT INTO Samples (Kind,Code,Notes,TermsID,Rate,ShipToAddress1,ShipToAddress2,ShipToCity,ShipToState,"
+            "ShipToZip,ShipToCountry,ValidateAddresses,Active) "
+            "VALUES(4, 'O''Neil', '', NULL, 0, '', '', '', '', '', '', 1, 0)"));
 }
 
-TEST(RecordDialog, WhileItSavesNothingElseCanBePressed) {
+TEST(RecordDialog, OkCancelAndCloseBoxAreDisabledWhileSaving) {
     SampleStage stage;
     SampleDialog* open = nullptr;
     stage.host->on("Database.ExecuteNonQuery", [&](Arguments) {
@@ -140,7 +148,7 @@ TEST(RecordDialog, WhileItSavesNothingElseCanBePressed) {
     EXPECT_EQ(stage.host->callsOf("ShowAndLogErrorMessage").size(), 1U);
 }
 
-TEST(RecordDialog, ARecordsetThatIsClosedShowsNothingLikeARowThatIsGone) {
+TEST(RecordDialog, AClosedRecordsetIsShownLikeAMissingRow) {
     for (const bool closed : {false, true}) {
         SampleStage stage;
         if (closed) stage.host->on("CurrentCompanyConn.Execute", Variant(ObjectPtr()));
@@ -152,7 +160,7 @@ TEST(RecordDialog, ARecordsetThatIsClosedShowsNothingLikeARowThatIsGone) {
     }
 }
 
-TEST(RecordDialog, NoFaultOfTheHostLosesInputOrWritesAnythingElse) {
+TEST(RecordDialog, NoHostFaultLosesInputOrWritesAnythingElse) {
     for (const std::int32_t ID : {0, 7}) {
         sweepFaults(
             [&](Stage& stage) {
@@ -167,8 +175,9 @@ TEST(RecordDialog, NoFaultOfTheHostLosesInputOrWritesAnythingElse) {
                     EXPECT_TRUE(stage.told());
                     EXPECT_EQ(dialog.textBox("txtCode").text(), "Typed");
                 });
-                openRecord(*stage.library, "frmSample",
-                           [&] { return std::make_shared<SampleDialog>(*stage.library); }, ID);
+                openRecord(
+                    *stage.library, "frmSample",
+                    [&] { return std::make_shared<SampleDialog>(*stage.library); }, ID);
             },
             [](Stage&) {});
     }

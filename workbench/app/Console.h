@@ -4,8 +4,8 @@
 
 namespace tsln::workbench {
 
-/// Tells whoever started the program what is wrong: on the console, and where there is none (Windows, by a
-/// double click) in a box.
+/// Prints an error message to standard error. Without a console (on Windows, after a double click) shows it in a
+/// message box.
 void complain(const std::string& text);
 
 }  // namespace tsln::workbench

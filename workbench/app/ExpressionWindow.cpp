@@ -51,7 +51,7 @@ class ExpressionDialog : public wxDialog {
     }
 
     std::string expression() const { return fromWx(text_->GetValue()); }
-    /// The toolkit has line ends of its own, so that comparing texts would not tell.
+    /// True after an edit. The texts cannot be compared: the toolkit changes line ends.
     bool changed() const { return changed_; }
 
   private:
@@ -83,7 +83,7 @@ class ExpressionDialog : public wxDialog {
         return line;
     }
 
-    /// At the cursor, or in the place of what is selected, with blanks around it where there are none.
+    /// Inserts the word at the cursor or in place of the selection, separated by blanks.
     void insert(const wxString& word) {
         long from = 0, to = 0;
         text_->GetSelection(&from, &to);
@@ -95,7 +95,7 @@ class ExpressionDialog : public wxDialog {
         text_->SetFocus();
     }
 
-    /// It is told, not forbidden: the text may be no expression at all.
+    /// Only a hint: the text may be saved all the same, since it need not be an expression.
     void tellFault() { fault_->SetLabelText(toWx(expressionFault(expression()))); }
 
     wxTextCtrl* text_ = nullptr;

@@ -7,8 +7,8 @@
 
 namespace tsln::workbench {
 
-/// Lets the user edit an expression in a window over the screen that asked for it, with its names to choose
-/// from and a word about brackets that do not match. The edited text, or none when he cancels.
+/// Lets the user edit an expression in a window over the calling screen, with a choice of names and a hint about
+/// unmatched brackets. Returns the edited text, or nothing when the user cancels.
 std::optional<std::string> editExpressionInWindow(const ExpressionEdit& edit);
 
 }  // namespace tsln::workbench

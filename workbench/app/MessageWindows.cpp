@@ -42,7 +42,7 @@ wxArtID icon(const Message& message) {
     return message.buttons == MessageButtons::Ok ? wxART_INFORMATION : wxART_QUESTION;
 }
 
-/// The text of a message, wrapped to the window and as high as it needs, with a scroll bar past a limit.
+/// The text of a message, wrapped to the window's width. It is as high as needed; beyond a limit it scrolls.
 class MessageText : public wxHtmlWindow {
   public:
     MessageText(wxWindow* parent, const Message& message)
@@ -66,10 +66,10 @@ class MessageText : public wxHtmlWindow {
         const int mostHeight = FromDIP(360);
         GetInternalRepresentation()->Layout(width);
         const int height = GetInternalRepresentation()->GetHeight() + FromDIP(4);
-        SetMinSize(wxSize(width, std::min(height, mostHeight)));  // there is no border
+        SetMinSize(wxSize(width, std::min(height, mostHeight)));  // the window has no border
     }
 
-    // The buttons take the keyboard, so that Enter and Esc answer at once.
+    // The buttons get the focus instead, so that Enter and Esc answer at once.
     bool AcceptsFocusFromKeyboard() const override { return false; }
 };
 

@@ -4,9 +4,9 @@
 
 namespace tsln::workbench {
 
-/// Shows the host's messages and its expression editor in windows. Of a message: the main text large, the
-/// advice below it, bold where the markup says so, the icon of the style, a failure's explanation and the
-/// database's words set apart.
+/// Shows the host's messages and its expression editor in windows. A message shows the main text large, the advice
+/// below it, bold markup, the icon of its style, and, set apart, a failure's explanation and the database's error
+/// text.
 class MessageWindows : public HostUi {
   public:
     Reply showMessage(const Message& message) override;

@@ -11,22 +11,21 @@ namespace tsln::workbench {
 
 class CompanySession;
 
-/// The maintenance module as the workbench gets hold of it: on Windows by the platform's own means, like any
-/// host, elsewhere linked in, with windows of the workbench's own.
+/// The maintenance module as the workbench loads it: through COM on Windows, like any host; linked into the program
+/// elsewhere.
 class Module {
   public:
-    /// Called after a process that the module waited for has ended. The module as loaded by the platform
-    /// tells nobody.
+    /// Called after a process that the module waited for has ended. The module loaded through COM does not call it.
     using OnProcessEnd = std::function<void(std::string_view commandLine, ProcessEnd end)>;
 
-    /// Loads the module. The session's components can be created from now on; it must outlive this. Throws
-    /// HostError when the module cannot be loaded.
+    /// Loads the module. From then on the session's components can be created; the session must outlive this object.
+    /// Throws HostError when the module cannot be loaded.
     Module(const CompanySession& session, OnProcessEnd onProcessEnd);
     ~Module();
     Module(const Module&) = delete;
     Module& operator=(const Module&) = delete;
 
-    /// The class `Library`.
+    /// The module's `Library` object.
     const ObjectPtr& library() const noexcept;
 
   private:

@@ -12,7 +12,7 @@
 namespace tsln::workbench {
 namespace {
 
-/// Settings of the workbench's user; the platform's own place for them, made when needed.
+/// The path of the user's settings file, in the platform's folder for settings, which is created when missing.
 std::string settingsFile() {
     const char* config = std::getenv("XDG_CONFIG_HOME");
     const char* home = std::getenv("HOME");
@@ -20,7 +20,7 @@ std::string settingsFile() {
                                           : home && *home   ? std::filesystem::path(home) / ".config"
                                                             : std::filesystem::temp_directory_path()) /
                                          "tessaline";
-    std::error_code ignored;  // settings that cannot be kept cost no more than a window's place
+    std::error_code ignored;  // without settings only the window positions are lost
     std::filesystem::create_directories(folder, ignored);
     return utf8Of(folder / "settings.ini");
 }

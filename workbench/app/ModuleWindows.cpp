@@ -14,7 +14,7 @@ namespace {
 
 using com::ComPtr;
 
-/// Makes one of the session's components for whoever asks the platform for it.
+/// The class factory of one of the session's components.
 class ComponentFactory : public com::ComObject<IClassFactory> {
   public:
     ComponentFactory(const CompanySession& session, std::string_view programId)
@@ -38,8 +38,7 @@ class ComponentFactory : public com::ComObject<IClassFactory> {
     std::string_view programId_;
 };
 
-/// The classes of the program's manifest, by which the platform finds the components: nothing need be
-/// registered.
+/// The classes in the program's manifest, by which COM finds the components without registration.
 struct OfferedClass {
     CLSID classId;
     std::string_view programId;
@@ -50,13 +49,12 @@ constexpr OfferedClass offeredClasses[] = {
     {{0x2f9c6a12, 0x41d7, 0x4a5e, {0x8a, 0x57, 0x6b, 0x0c, 0x7a, 0x3f, 0x1e, 0x01}}, "tslnfe5.Engine"},
 };
 
-/// Whose components they are; null while no module is loaded.
+/// The session that creates the components; null while no module is loaded.
 const CompanySession* offering = nullptr;
 
 }  // namespace
 
-/// The platform takes the program for the server of its manifest's classes, and asks it as it would ask a
-/// DLL.
+/// Because of the manifest, COM treats the program as the DLL that serves these classes and calls this function.
 STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, void** out) {
     if (!out) return E_POINTER;
     *out = nullptr;

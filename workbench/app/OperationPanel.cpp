@@ -68,10 +68,10 @@ void OperationPanel::show(Operation operation) {
     const bool offered = operation_->visibility == Visibility::Public;
     open_->Enable(offered);
     browse_->Show(canBrowse && canBrowse(operation));
-    showResult(offered ? "" : "The module keeps this operation to itself.", false);
+    showResult(offered ? "" : "Hosts cannot call this operation.", false);
 }
 
-/// An empty field leaves a text empty, and stands for 0 or false elsewhere.
+/// Converts the field's text to an argument. An empty field is an empty text, 0 or false, by the argument's type.
 Argument OperationPanel::argument(std::size_t i) const {
     const ValueType type = operation_->argumentRow[i].type;
     if (type == ValueType::Object) return Argument(sharedCode_);

@@ -13,17 +13,17 @@ class wxFlexGridSizer;
 
 namespace tsln::workbench {
 
-/// Shows one operation of the library, takes its arguments and calls it by name, as any host does.
+/// Shows one operation of the library, lets the user type its arguments, and calls it by name, like any host.
 class OperationPanel : public wxPanel {
   public:
-    /// `sharedCode` is what an argument of the type Object is given.
+    /// `sharedCode` is passed for an argument of the type Object.
     OperationPanel(wxWindow* parent, ObjectPtr library, ObjectPtr sharedCode);
 
     void show(Operation operation);
-    /// Calls the operation with the arguments as they are typed and shows the result, or what it raised.
+    /// Calls the operation with the typed arguments and shows its result or its error.
     void run();
 
-    /// Whether the operation edits records that can be chosen from a list, and what shows that list.
+    /// `canBrowse` tells whether the operation edits records that a list can show; `onBrowse` shows that list.
     std::function<bool(Operation)> canBrowse;
     std::function<void(Operation)> onBrowse;
 

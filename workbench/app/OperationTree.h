@@ -11,13 +11,13 @@
 
 namespace tsln::workbench {
 
-/// The operations of the library in groups, with a search field that narrows them.
+/// The operations of the library in groups, with a search field that filters them.
 class OperationTree : public wxPanel {
   public:
     explicit OperationTree(wxWindow* parent);
 
     std::function<void(Operation)> onSelect;
-    /// Enter or a double click on an operation, or Enter in the search field.
+    /// Called for Enter or a double click on an operation, and for Enter in the search field.
     std::function<void(Operation)> onOpen;
 
     std::optional<Operation> selected() const;

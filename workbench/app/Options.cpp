@@ -27,7 +27,7 @@ std::string demonstrationCompany() {
     return utf8Of(dataFolder() / "tessaline" / "Demonstration.company");
 }
 
-/// What the operation on the command line lacks; empty when it can be called.
+/// Returns why the operation on the command line cannot be called; empty when it can.
 std::string problemWith(const std::vector<std::string>& show) {
     const auto operation = findOperation(show.front());
     if (!operation || info(*operation).visibility != Visibility::Public) {
@@ -58,26 +58,25 @@ std::optional<Options> readCommandLine(int argc, const char* const* argv, int& e
                                  "Call an operation with its arguments, print its result and end")
                      ->type_name("OPERATION [ARGUMENT...]")
                      ->expected(1, 4);
-    // These two delete rows, so they keep off companies that exist.
+    // Both options delete rows, so they do not accept an existing company.
     auto* tour =
-        line.add_option("--tour", options.tour,
-                        "Go through the terms list on a fresh company as a user at the keyboard, and save "
-                        "a picture of each step in the folder")
+        line.add_option(
+                "--tour", options.tour,
+                "Go through the terms list on a fresh company as a user at the keyboard, and save a picture of each step in the folder")
             ->type_name("FOLDER")
             ->excludes(show)
             ->excludes(company);
     auto* gallery =
-        line.add_option("--gallery", options.gallery,
-                        "Open every screen over a fresh company and save a picture of each window in the "
-                        "folder (default: tessaline-gallery among the temporary files)")
+        line.add_option(
+                "--gallery", options.gallery,
+                "Open every screen over a fresh company and save a picture of each window in the folder (default: tessaline-gallery among the temporary files)")
             ->type_name("[FOLDER]")
             ->expected(0, 1)
             ->excludes(show)
             ->excludes(tour)
             ->excludes(company);
     line.footer(
-        "Exit codes: 1 the operation, the tour or the gallery failed, 2 wrong command line, 3 the company "
-        "file cannot be used, 4 no such user, 5 no display.");
+        "Exit codes: 1 the operation, the tour or the gallery failed, 2 wrong command line, 3 the company file cannot be used, 4 no such user, 5 no display.");
     try {
         line.parse(argc, argv);
         if (!options.show.empty()) {
@@ -89,7 +88,7 @@ std::optional<Options> readCommandLine(int argc, const char* const* argv, int& e
         exitCode = line.exit(error) == 0 ? 0 : exitUsage;
         return std::nullopt;
     }
-    std::error_code ignored;  // a folder that cannot be made shows when the company is
+    std::error_code ignored;  // a missing folder is reported when the company file is opened
     if (gallery->count() > 0 && options.gallery.empty())
         options.gallery = utf8Of(std::filesystem::temp_directory_path() / "tessaline-gallery");
     for (std::string* folder : {&options.tour, &options.gallery}) {

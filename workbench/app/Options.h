@@ -6,27 +6,27 @@
 
 namespace tsln::workbench {
 
-/// How the workbench ends, besides 0.
+/// The exit codes of the workbench, except 0.
 enum ExitCode {
-    exitFailed = 1,   ///< the shown operation raised an error, the tour or the gallery did not come out
-    exitUsage = 2,    ///< the command line cannot be understood
+    exitFailed = 1,   ///< the shown operation raised an error, or the tour or the gallery failed
+    exitUsage = 2,    ///< the command line is invalid
     exitCompany = 3,  ///< the company file cannot be used
     exitUser = 4,     ///< there is no such user
     exitDisplay = 5,  ///< there is no display
 };
 
-/// What the command line asks for.
+/// The options on the command line.
 struct Options {
     std::string company;         ///< path of the company file
     std::string user = "admin";  ///< login name
     std::vector<std::string>
-        show;             ///< an operation and its arguments, to be called without the workbench window
+        show;             ///< an operation and its arguments, called without the workbench window
     std::string tour;     ///< folder for the pictures of the tour
-    std::string gallery;  ///< folder for the pictures of every screen
+    std::string gallery;  ///< folder for the pictures of all screens
 };
 
-/// Reads the command line. When there is nothing to run (help was asked for, or the line is in error), what
-/// there is to say has been printed and `exitCode` set.
+/// Reads the command line. When there is nothing to run, after a request for help or an error, returns nothing,
+/// having printed the help or the error and set `exitCode`.
 std::optional<Options> readCommandLine(int argc, const char* const* argv, int& exitCode);
 
 }  // namespace tsln::workbench

@@ -8,8 +8,8 @@
 
 namespace tsln::workbench {
 
-/// What the event log notes of a program that the module waited for and that failed; nothing when it succeeded. The
-/// user is told nothing: the module does not look at how such a program ends.
+/// Returns the event log entry for a failed program that the module waited for; nothing when the program succeeded.
+/// The user sees no message, because the module ignores the exit code of such programs.
 std::optional<std::string> processEndEvent(std::string_view commandLine, ProcessEnd end);
 
 }  // namespace tsln::workbench

@@ -117,7 +117,7 @@ void RecordBrowser::showHistory() {
     } catch (const std::exception& error) {
         text = toWx(error.what());
     }
-    history_->ChangeValue(text.empty() ? wxString("Nothing has been noted of this record.") : text);
+    history_->ChangeValue(text.empty() ? wxString("The history of this record is empty.") : text);
 }
 
 void RecordBrowser::edit(std::int32_t ID) {

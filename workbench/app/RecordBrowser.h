@@ -12,7 +12,7 @@
 
 namespace tsln::workbench {
 
-/// The company's records of one kind, to open them by, and the activity history of the selected one.
+/// Lists the company's records of one kind for opening, and the activity history of the selected one.
 class RecordBrowser : public wxDialog {
   public:
     /// `session` and `kind` must outlive the browser.
@@ -21,9 +21,9 @@ class RecordBrowser : public wxDialog {
   private:
     void fill(std::int32_t selected);
     void showHistory();
-    /// Opens the editor on the record, or on a new one for 0, and shows what became of it.
+    /// Opens the editor on the record (0: on a new one) and shows the changed record.
     void edit(std::int32_t ID);
-    /// The selected record's identifier; 0 when none is.
+    /// The selected record's identifier, 0 without one.
     std::int32_t selected() const;
     void complain(const std::exception& error);
 

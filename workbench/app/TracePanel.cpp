@@ -13,8 +13,7 @@ wxString text(const std::string& utf8) {
     return wxString::FromUTF8(utf8);
 }
 
-/// What stands in a row between the member and the result.
-/// On one line, as a row shows it.
+/// The statement or arguments of a call on one line, for the list's third column.
 wxString arguments(const TraceEntry& entry) {
     wxString line = text(entry.statement.empty() ? entry.arguments : entry.statement);
     line.Replace("\r\n", " ");
@@ -30,7 +29,7 @@ wxString duration(const TraceEntry& entry) {
 
 }  // namespace
 
-/// The calls as rows, drawn from the entries: as many as there are cost no more than what is seen.
+/// The calls as rows of a virtual list: only visible rows are drawn, so their number does not matter.
 class TracePanel::List : public wxListCtrl {
   public:
     explicit List(TracePanel* panel, wxWindow* parent)
@@ -77,7 +76,7 @@ class TracePanel::List : public wxListCtrl {
                 return duration(call);
         }
     }
-    /// The statements take the room that the other columns leave.
+    /// The column of statements takes the width that the other columns leave.
     void widenStatements() {
         int others = FromDIP(20);  // the scroll bar
         for (const int column : {0, 1, 3, 4})
@@ -134,7 +133,7 @@ TracePanel::TracePanel(wxWindow* parent) : wxPanel(parent), timer_(this) {
         filter();
     });
     list_->Bind(wxEVT_LIST_ITEM_SELECTED, [this](wxListEvent&) { showDetail(); });
-    // Calls come by the thousand: the pane is drawn a few times a second, not at each.
+    // There can be thousands of calls, so the pane is redrawn a few times per second, not at every call.
     Bind(wxEVT_TIMER, [this](wxTimerEvent&) { refresh(); });
     timer_.Start(150);
 }

@@ -12,8 +12,8 @@
 
 namespace tsln::workbench {
 
-/// The live pane: what passes between module and host, as it happens, with a filter. It keeps the newest
-/// 20,000 calls; the fetching of sub-objects is left out unless asked for.
+/// Shows the calls between module and host as they happen, with a filter. It keeps the newest 20,000 calls. Fetches
+/// of sub-objects are hidden by default.
 class TracePanel : public wxPanel {
   public:
     explicit TracePanel(wxWindow* parent);
@@ -29,8 +29,8 @@ class TracePanel : public wxPanel {
     void showDetail();
 
     std::deque<TraceEntry> entries_;
-    std::vector<std::uint64_t> shown_;  // numbers of the entries that match, ascending
-    std::uint64_t dropped_ = 0;         // how many entries have left entries_ at its front
+    std::vector<std::uint64_t> shown_;  // the numbers of the matching entries, ascending
+    std::uint64_t dropped_ = 0;         // the number of entries removed from the front of entries_
     wxString wanted_;
     bool changed_ = false;
 

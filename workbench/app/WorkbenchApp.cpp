@@ -13,7 +13,7 @@
 namespace tsln::workbench {
 namespace {
 
-/// The terms as the company database holds them, read by another connection than the session's.
+/// Prints the terms in the company database, read through a second connection.
 void printTerms(const std::string& companyFile) {
     Company company(companyFile, OpenMode::ReadOnly);
     const auto rows = modSharedXML::Records::parse(
@@ -33,7 +33,7 @@ WorkbenchApp::WorkbenchApp(Options options)
     : options_(std::move(options)), session_(options_.company, options_.user, messages_) {}
 
 bool WorkbenchApp::OnInit() {
-    // A slip in the use of the toolkit must not stand in the user's way as a dialog about source files.
+    // A failed assertion of the toolkit is printed; its dialog about source files would only disturb the user.
     wxSetAssertHandler([](const wxString& file, int line, const wxString&, const wxString& condition,
                           const wxString& message) {
         std::fprintf(stderr, "%s:%d: assertion %s: %s\n", file.utf8_str().data(), line,
@@ -63,13 +63,13 @@ bool WorkbenchApp::OnInit() {
         std::printf("A tour of the terms list; its pictures are in %s\n", options_.tour.c_str());
         start(termsTour(session_.company(), options_.tour), options_.tour, [this] {
             printTerms(options_.company);
-            std::printf("Every step came out as expected.\n");
+            std::printf("All steps succeeded.\n");
         });
     }
     if (!options_.gallery.empty()) {
         std::printf("Every screen; its pictures are in %s\n", options_.gallery.c_str());
         start(galleryRound(module_->library(), session_.company(), *frame, galleryStops(), options_.gallery),
-              options_.gallery, [] { std::printf("Every window is drawn as it should be.\n"); });
+              options_.gallery, [] { std::printf("No drawing faults were found.\n"); });
     }
     return true;
 }
@@ -111,8 +111,8 @@ void WorkbenchApp::start(Script script, const std::string& folder, std::function
             } catch (const std::exception& error) {
                 std::fflush(stdout);
                 saveScreenshot(folder + "/failure.png");
-                std::fprintf(stderr, "Something did not come out: %s\n", error.what());
-                // Modal windows may be open, and nobody is there to close them.
+                std::fprintf(stderr, "The script failed: %s\n", error.what());
+                // Modal windows may be open, and no user is there to close them.
                 std::_Exit(exitFailed);
             }
         });

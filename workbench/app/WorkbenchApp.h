@@ -14,10 +14,10 @@
 
 namespace tsln::workbench {
 
-/// The workbench program: the module on one side, the substitute host on the other, windows for both.
+/// The workbench program: the module, the substitute host, and their windows.
 class WorkbenchApp : public wxApp {
   public:
-    /// Opens the company; throws what CompanySession throws.
+    /// Opens the company. Throws like the constructor of CompanySession.
     explicit WorkbenchApp(Options options);
 
     bool OnInit() override;
@@ -26,7 +26,7 @@ class WorkbenchApp : public wxApp {
 
   private:
     void callOperation();
-    /// Runs a script that drives the program and ends it. Pictures go to the folder.
+    /// Runs a script that drives the program, then ends the program. A picture of a failure is saved in `folder`.
     void start(Script script, const std::string& folder, std::function<void()> tellEnd);
     void noteProcessEnd(std::string_view commandLine, ProcessEnd end);
 

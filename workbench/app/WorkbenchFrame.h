@@ -11,11 +11,11 @@ class OperationPanel;
 class OperationTree;
 class TracePanel;
 
-/// The workbench's window: the operations of the module's library on the left, the chosen one with its
-/// arguments on the right, and below it what passes between module and host.
+/// The workbench's window: the operations of the module's library on the left, the chosen operation with its
+/// arguments on the right, and below it the calls between module and host.
 class WorkbenchFrame : public wxFrame {
   public:
-    /// `library` is initialised; the session must outlive the frame.
+    /// `library` must be initialized. The session must outlive the frame.
     WorkbenchFrame(CompanySession& session, const ObjectPtr& library);
 
   private:

@@ -31,7 +31,7 @@ int main(int argc, char** argv) {
         return exitCompany;
     }
 #ifdef __WXGTK__
-    // The toolkit itself ends the program over a missing display, without a word that helps.
+    // Without a display the toolkit ends the program, and its message does not help the user.
     GdkDisplay* display = gdk_display_open(nullptr);
     if (!display) {
         complain("There is no display to open windows on.");

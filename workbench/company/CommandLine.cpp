@@ -2,7 +2,7 @@
 
 #ifdef _WIN32
 #include <windows.h>
-// clang-format off: stands on the one above
+// clang-format off: needs the header above
 #include <shellapi.h>
 
 #include "automation/FilePath.h"
@@ -14,7 +14,7 @@ namespace tsln::workbench {
 std::vector<std::string> commandLineWords(int argc, char** argv) {
     std::vector<std::string> result;
 #ifdef _WIN32
-    // What main() is given has been through the system's narrow code page.
+    // The arguments of main() were converted to the system's narrow code page.
     int count = 0;
     if (wchar_t** const words = CommandLineToArgvW(GetCommandLineW(), &count)) {
         for (int i = 0; i < count; ++i) {

@@ -5,7 +5,7 @@
 
 namespace tsln::workbench {
 
-/// The words of the command line as UTF-8, the program's own name first.
+/// Returns the words of the command line in UTF-8, beginning with the program's name.
 std::vector<std::string> commandLineWords(int argc, char** argv);
 
 }  // namespace tsln::workbench

@@ -13,7 +13,7 @@ namespace tsln::workbench {
 
 namespace {
 
-/// The failure in words for the user where SQLite's are for programmers.
+/// Converts an SQLite error, with a message for the user where SQLite's is for programmers.
 SqlError toSqlError(const SQLite::Exception& error) {
     std::string text;
     switch (error.getErrorCode()) {
@@ -85,7 +85,7 @@ struct Company::Impl {
         return SQLite::Statement(*database, translation.sql);
     }
 
-    /// Runs the statement, handing it on for each of its rows, and gives the number of rows that it changed.
+    /// Runs the statement, calls `onRow` for each row, and returns the number of rows that it changed.
     template <class OnRow>
     std::int64_t run(SQLite::Statement& statement, SqlTranslation::Kind kind, OnRow&& onRow) {
         while (statement.executeStep())
@@ -171,7 +171,7 @@ void Company::commit() {
 }
 
 void Company::rollback() noexcept {
-    // It fails only when SQLite has rolled back by itself.
+    // A rollback fails only when SQLite has already rolled back.
     impl_->database->tryExec("ROLLBACK");
 }
 

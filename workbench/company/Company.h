@@ -12,7 +12,7 @@
 
 namespace tsln::workbench {
 
-/// Why a company file cannot be used. what() is a sentence for the user; the file is untouched.
+/// A company file that cannot be used. what() is a sentence for the user. The file is unchanged.
 class CompanyFileError : public std::runtime_error {
   public:
     enum class Reason { CannotCreate, CannotOpen, NotACompany, Locked, NewerVersion, OlderVersion };
@@ -23,31 +23,31 @@ class CompanyFileError : public std::runtime_error {
     Reason reason_;
 };
 
-/// What a statement gave: a query its rows, any other the number of rows it changed.
+/// The result of a statement: the rows of a query, or the number of changed rows.
 struct SqlResult {
     bool isQuery = false;
     std::vector<std::string> columns;
-    std::vector<std::vector<Variant>> rows;  ///< values as Company::scalar gives them
+    std::vector<std::vector<Variant>> rows;  ///< values as returned by Company::scalar()
     std::int64_t changed = 0;
 };
 
-/// What opening a company may do to its file.
+/// The access to a company file.
 enum class OpenMode {
-    Create,     ///< read and write; made when it does not exist
-    ReadWrite,  ///< read and write; it must exist
-    ReadOnly,   ///< read only; it must exist
+    Create,     ///< read and write; a missing file is created
+    ReadWrite,  ///< read and write; the file must exist
+    ReadOnly,   ///< read only; the file must exist
 };
 
-/// One company's database: an SQLite file that understands the statements written for SQL Server.
+/// A company's database: an SQLite file that accepts the statements written for SQL Server.
 ///
-/// Text compares without letter case and without blanks at its end. A file opened read-only (by its
-/// permissions or by its OpenMode) can be read; every write then fails with SqlError. When another program
-/// holds the file, a statement waits two seconds before it fails. Not for use from two threads.
+/// Text compares without letter case and without trailing blanks. A file opened for reading only (because of its
+/// permissions or its OpenMode) can be read; every write fails with SqlError. While another program locks the file, a
+/// statement waits two seconds before it fails. Not thread-safe.
 class Company {
   public:
-    /// Opens the file, making it with a retailer's demonstration data when it does not exist and `access`
-    /// lets it. A file made comes into being whole or not at all; one of an older version is brought up to
-    /// date, its rows as they were. Throws CompanyFileError.
+    /// Opens the file. When it does not exist and `access` allows it, creates it with a retailer's demonstration
+    /// data, completely or not at all. A file of an older version is upgraded; its rows are kept. Throws
+    /// CompanyFileError.
     explicit Company(const std::string& path, OpenMode access = OpenMode::Create);
     ~Company();
     Company(const Company&) = delete;
@@ -56,37 +56,34 @@ class Company {
     const std::string& path() const noexcept;
     bool readOnly() const noexcept;
 
-    /// Runs a SELECT and returns its rows as a query result document:
-    /// "<Records><Record>...</Record></Records>", a child element per column that is not NULL, carriage
-    /// return and line feed in values as "&#13;" and "&#10;" texts. Columns of the same name follow each
-    /// other; a character of a column's name that no element name may have becomes "_xHHHH_". Numbers have a
-    /// point, dates are "YYYY-MM-DDTHH:MM:SS", bytes are hexadecimal; a character that XML cannot hold
-    /// becomes U+FFFD. Throws SqlError.
+    /// Runs a SELECT and returns its rows as a query result document: "<Records><Record>...</Record></Records>", with
+    /// a child element per column that is not NULL. Carriage return and line feed in values are the texts "&#13;" and
+    /// "&#10;". Columns with equal names follow each other. A character that is invalid in an element's name becomes
+    /// "_xHHHH_". Numbers have a decimal point, dates are "YYYY-MM-DDTHH:MM:SS", bytes are hexadecimal. A character
+    /// that XML cannot represent becomes U+FFFD. Throws SqlError.
     std::string read(std::string_view sql);
-    /// The first column of the first row: a Long (a 64-bit number when it is too large for one), a Double,
-    /// text (of bytes hexadecimal); Null for a NULL, Empty when there is no row. Throws SqlError.
+    /// Returns the first column of the first row: a Long (or a 64-bit number), a Double, or text (hexadecimal for
+    /// bytes); Null for a NULL, Empty without a row. Throws SqlError.
     Variant scalar(std::string_view sql);
-    /// Runs any statement, drops what rows it gives, and returns the number of rows it changed. Throws
-    /// SqlError.
+    /// Runs any statement, ignores its rows, and returns the number of rows it changed. Throws SqlError.
     std::int64_t execute(std::string_view sql);
-    /// Runs any statement and keeps what it gives. Throws SqlError.
+    /// Runs any statement and returns its result. Throws SqlError.
     SqlResult run(std::string_view sql);
-    /// The identity value of the row that the last INSERT made; 0 before the first.
+    /// The identity value of the row that the last INSERT added, 0 before the first INSERT.
     std::int32_t lastInsertId() const noexcept;
 
-    // A transaction that others end. There is one at a time; nothing of it stays when the company is closed
-    // before the commit.
+    // A transaction with an explicit end. There is at most one. Closing the company before the commit rolls it back.
 
     /// Throws SqlError, also when a transaction is open.
     void begin();
-    /// Throws SqlError when there is nothing to commit, or it cannot be: all is taken back then.
+    /// Throws SqlError without a transaction, and after a failed commit, which rolls the transaction back.
     void commit();
-    /// Takes back what was done since begin(). Nothing happens without a transaction.
+    /// Undoes all changes since begin(). Does nothing without a transaction.
     void rollback() noexcept;
     bool inTransaction() const noexcept;
 
-    /// Runs `work` in one transaction: all of it or, when it throws, nothing. Not to be nested. Throws
-    /// SqlError and whatever `work` throws.
+    /// Runs `work` in one transaction, which is rolled back when `work` throws. Cannot be nested. Throws SqlError and
+    /// the exceptions of `work`.
     template <class F>
     void transaction(F&& work) {
         begin();

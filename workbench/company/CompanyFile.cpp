@@ -25,7 +25,7 @@ std::string quoted(const std::string& path) {
     return "'" + path + "'";
 }
 
-/// The new company is built in memory and written in one go, so that a file of its name is a company.
+/// Builds the new company in memory and writes it at once, so that a file with this name is always complete.
 void create(const std::string& path) {
     SQLite::Database memory(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
     addSqlFunctions(memory);
@@ -75,29 +75,28 @@ void checkIsCompany(SQLite::Database& database, const std::string& path) {
     }
     int version = pragma(database, "user_version");
     if (version > schema::version) {
-        throw CompanyFileError(Reason::NewerVersion,
-                               "The company file " + quoted(path) +
-                                   " was made by a newer version of this program, which is "
-                                   "needed to open it.");
+        throw CompanyFileError(
+            Reason::NewerVersion,
+            "The company file " + quoted(path) +
+                " was made by a newer version of this program, which is needed to open it.");
     }
     if (version < schema::oldestVersion) {
         throw CompanyFileError(Reason::NotACompany,
                                "The company file " + quoted(path) +
-                                   " was made by a version of this program that is no longer "
-                                   "known.");
+                                   " was made by a version of this program that is no longer known.");
     }
 }
 
-/// Brings a company of an older version up to date, for which it must be writable.
+/// Upgrades a company of an older version, which must be writable.
 void upgrade(SQLite::Database& database, const std::string& path) {
     if (pragma(database, "user_version") >= schema::version) return;
     const std::string file =
         "The company file " + quoted(path) + " was made by an older version of this program";
     if (sqlite3_db_readonly(database.getHandle(), "main") != 0) {
-        throw CompanyFileError(Reason::OlderVersion,
-                               file +
-                                   " and must be brought up to date, but it can only be read. Open it once "
-                                   "where it can be written.");
+        throw CompanyFileError(
+            Reason::OlderVersion,
+            file +
+                " and must be brought up to date, but it can only be read. Open it once where it can be written.");
     }
     try {
         schema::upgrade(database);
@@ -105,7 +104,7 @@ void upgrade(SQLite::Database& database, const std::string& path) {
         const int code = failure.getErrorCode();
         if (code == SQLITE_BUSY || code == SQLITE_LOCKED) throw;
         throw CompanyFileError(Reason::OlderVersion, file + " and cannot be brought up to date: " +
-                                                         failure.what() + ". It is as it was.");
+                                                         failure.what() + ". It is unchanged.");
     }
 }
 
@@ -121,7 +120,7 @@ void checkIsFile(const std::string& path) {
     if (status.type() == fs::file_type::none) {
         throw CompanyFileError(Reason::CannotOpen, file + " cannot be opened. " + error.message() + ".");
     }
-    // Opening a pipe would wait for its other end.
+    // Opening a pipe would block until its other end is opened.
     if (status.type() != fs::file_type::regular) {
         throw CompanyFileError(Reason::NotACompany, quoted(path) + " is not a company file.");
     }
@@ -137,13 +136,13 @@ std::unique_ptr<SQLite::Database> openCompanyFile(const std::string& path, OpenM
         create(path);
     checkIsFile(path);
 
-    // The path in full, so that no name means something else to SQLite (":memory:").
+    // An absolute path, because SQLite gives some names a meaning, such as ":memory:".
     std::string file = utf8Of(fs::absolute(pathOf(path), error));
     int flags = access == OpenMode::ReadOnly ? SQLite::OPEN_READONLY : SQLite::OPEN_READWRITE;
     try {
         auto database = std::make_unique<SQLite::Database>(error ? path : file, flags, busyMilliseconds);
         checkIsCompany(*database, path);
-        // "Name" in double quotes is a name only, never a text when there is no such column.
+        // A name in double quotes must not be read as a text when no such column exists.
         sqlite3_db_config(database->getHandle(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
         addSqlFunctions(*database);
         upgrade(*database, path);

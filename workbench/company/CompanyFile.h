@@ -11,8 +11,8 @@ class Database;
 
 namespace tsln::workbench {
 
-/// Opens a company file for Company, with all that its statements need on the connection, and brings it up to
-/// date. Throws CompanyFileError; the file is untouched then.
+/// Opens a company file for Company, registers the functions of its statements and upgrades the file. Throws
+/// CompanyFileError; the file is unchanged then.
 std::unique_ptr<SQLite::Database> openCompanyFile(const std::string& path, OpenMode access);
 
 }  // namespace tsln::workbench

@@ -5,7 +5,7 @@
 
 namespace tsln::workbench {
 
-/// A file of the source tree that was made part of the program. Both texts live as long as the program.
+/// A file of the source tree that is built into the program. Both texts have static lifetime.
 struct EmbeddedFile {
     std::string_view name, text;
 };

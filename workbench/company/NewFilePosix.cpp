@@ -30,7 +30,7 @@ std::string sentence(int error) {
     }
 }
 
-/// A file that is removed again unless it was given its place. What fails leaves its reason in errno.
+/// A file that is removed in the end unless it was moved to its place. A failure leaves its reason in errno.
 class TemporaryFile {
   public:
     explicit TemporaryFile(const std::string& path)
@@ -55,11 +55,11 @@ class TemporaryFile {
         }
         return ::fsync(file_) == 0;
     }
-    /// A hard link never replaces a file that someone else made in the meantime; where the file system has
-    /// none, a rename has to do.
+    /// A hard link never replaces a file that was created in the meantime. A file system without hard links gets a
+    /// rename instead.
     bool moveTo(const std::string& path) {
         if (::link(path_.c_str(), path.c_str()) == 0) return true;
-        if (errno == EEXIST) return true;  // theirs is as good as ours
+        if (errno == EEXIST) return true;  // the other program's file is equivalent
         return ::rename(path_.c_str(), path.c_str()) == 0;
     }
 

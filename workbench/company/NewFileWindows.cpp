@@ -24,17 +24,16 @@ std::string sentence(DWORD error) {
         case ERROR_HANDLE_DISK_FULL:
             return "The disk is full.";
         case ERROR_INVALID_NAME:
-            return "Its name has signs that a file's name cannot have.";
+            return "Its name contains characters that a file name cannot contain.";
         case ERROR_FILENAME_EXCED_RANGE:
         case ERROR_BUFFER_OVERFLOW:
             return "Its name is too long.";
         default:
-            return "The system answers with error " + std::to_string(error) + ".";
+            return "The system reports error " + std::to_string(error) + ".";
     }
 }
 
-/// A file that is removed again unless it was given its place. What fails leaves its reason in
-/// GetLastError().
+/// A file that is removed in the end unless it was moved to its place. A failure leaves its reason in GetLastError().
 class TemporaryFile {
   public:
     explicit TemporaryFile(std::wstring path)

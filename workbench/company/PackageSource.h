@@ -5,7 +5,8 @@
 
 namespace tsln::workbench {
 
-/// What the host tells the package processor in a file: `<PackageSource company="/path/file.company"/>`.
+/// The file by which the host tells the package processor the company: `<PackageSource
+/// company="/path/file.company"/>`.
 struct PackageSource {
     std::string company;
 };

@@ -24,7 +24,8 @@ bool isNamePart(char32_t c) {
     return isNameStart(c) || (c >= '0' && c <= '9') || c == '-' || c == '.';
 }
 
-/// The column's name as an element's. An underscore that would read as an encoded character is, too, encoded.
+/// Converts a column's name to an element's name. An underscore that would read as an encoded character is encoded
+/// too.
 std::string elementName(std::string_view column) {
     std::u32string name = decodeUtf8(column), result;
     for (std::size_t i = 0; i < name.size(); ++i) {
@@ -43,7 +44,7 @@ std::string elementName(std::string_view column) {
 
 enum Class : unsigned char { Plain, Escape, Multibyte };
 
-/// What a byte needs before it can stand in the document.
+/// How each byte is written to the document.
 constexpr auto byteClasses = [] {
     std::array<Class, 256> classes{};
     for (int c = 0; c < 0x20; ++c)
@@ -64,7 +65,7 @@ std::string_view escaped(char c) {
         case '>':
             return "&gt;";
         case '\r':
-            return "&amp;#13;";  // the reader is to find "&#13;" in the text
+            return "&amp;#13;";  // the parsed text is "&#13;"
         case '\n':
             return "&amp;#10;";
         case 0x7F:

@@ -8,8 +8,8 @@ class Statement;
 
 namespace tsln::workbench {
 
-/// Runs the statement to its end and writes its rows as a query result document (see Company::read).
-/// Throws SQLite::Exception.
+/// Runs the statement and returns its rows as a query result document (see Company::read()). Throws
+/// SQLite::Exception.
 std::string recordsXml(SQLite::Statement& statement);
 
 }  // namespace tsln::workbench

@@ -47,7 +47,7 @@ std::string tables() {
     return sql;
 }
 
-/// Names or definitions, as the query says.
+/// Returns the first column of the query's rows.
 std::vector<std::string> texts(SQLite::Database& database, const std::string& sql) {
     std::vector<std::string> result;
     SQLite::Statement statement(database, sql);
@@ -56,23 +56,22 @@ std::vector<std::string> texts(SQLite::Database& database, const std::string& sq
     return result;
 }
 
-/// Every table that says when its records changed keeps that by itself.
+/// Adds triggers that keep UpdatedOn current, to every table with this column.
 void addUpdateTriggers(SQLite::Database& database) {
-    for (const std::string& name :
-         texts(database,
-               "SELECT t.name FROM sqlite_schema t JOIN pragma_table_info(t.name) c "
-               "WHERE t.type = 'table' AND c.name = 'UpdatedOn'")) {
+    const char* tablesWithColumn =
+        "SELECT t.name FROM sqlite_schema t JOIN pragma_table_info(t.name) c "
+        "WHERE t.type = 'table' AND c.name = 'UpdatedOn'";
+    for (const std::string& name : texts(database, tablesWithColumn)) {
         std::string trigger =
-            "CREATE TRIGGER \"{table}_Updated\" AFTER UPDATE ON \"{table}\" "
-            "WHEN NEW.UpdatedOn IS OLD.UpdatedOn BEGIN UPDATE \"{table}\" SET UpdatedOn = {now} WHERE ID = "
-            "NEW.ID; END";
+            "CREATE TRIGGER \"{table}_Updated\" AFTER UPDATE ON \"{table}\" WHEN NEW.UpdatedOn IS OLD.UpdatedOn "
+            "BEGIN UPDATE \"{table}\" SET UpdatedOn = {now} WHERE ID = NEW.ID; END";
         replaceAll(trigger, "{table}", name);
         replaceAll(trigger, "{now}", currentTime);
         database.exec(trigger);
     }
 }
 
-/// Columns that tables have since a version; tables are made where they are missing.
+/// Columns that tables have from a version on. Missing tables are created.
 struct AddedColumn {
     int since;
     const char *table, *definition;
@@ -81,11 +80,11 @@ constexpr AddedColumn addedColumns[] = {
     {2, "Vendors", "Locked INTEGER NOT NULL DEFAULT 0"},
 };
 
-/// Columns that tables had before a version.
+/// Columns that tables no longer have from a version on.
 struct DroppedColumn {
     int since;
     const char *table, *name;
-    const char* trigger;  ///< that keeps it
+    const char* trigger;  ///< the trigger that maintains the column
 };
 constexpr DroppedColumn droppedColumns[] = {
     {3, "Vendors", "UpdatedOn", "Vendors_Updated"},
@@ -129,8 +128,8 @@ void upgrade(SQLite::Database& database) {
 
     SQLite::Transaction transaction(database, SQLite::TransactionBehavior::IMMEDIATE);
     const int before = versionOf(database);
-    if (before >= version) return;  // another program was faster
-    // Views are made anew; the triggers of a view go with it.
+    if (before >= version) return;  // another program has upgraded it
+    // Views are rebuilt. Dropping a view drops its triggers.
     for (const std::string& view : texts(database, "SELECT name FROM sqlite_schema WHERE type = 'view'"))
         database.exec("DROP VIEW \"" + view + "\"");
     for (const AddedColumn& column : addedColumns) {
@@ -141,9 +140,10 @@ void upgrade(SQLite::Database& database) {
         if (before < column.since) drop(database, column);
     }
     const std::vector<std::string> there = texts(database, "SELECT name FROM sqlite_schema");
-    SQLite::Statement parts(model,
-                            "SELECT name, sql FROM sqlite_schema WHERE sql IS NOT NULL AND name NOT LIKE "
-                            "'sqlite\\_%' ESCAPE '\\' ORDER BY rowid");
+    SQLite::Statement parts(
+        model,
+        "SELECT name, sql FROM sqlite_schema "
+        "WHERE sql IS NOT NULL AND name NOT LIKE 'sqlite\\_%' ESCAPE '\\' ORDER BY rowid");
     while (parts.executeStep()) {
         if (std::ranges::find(there, parts.getColumn(0).getString()) == there.end())
             database.exec(parts.getColumn(1).getString());

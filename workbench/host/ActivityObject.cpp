@@ -8,7 +8,7 @@ namespace tsln::workbench {
 
 Variant ActivityObject::record(std::string_view statement, Arguments a) {
     a.require(2, 2);
-    // The text last: what it holds must not be filled again.
+    // The text is filled in last, so that tags in it are not replaced.
     context().company.execute(modSharedSQL::fillTags(
         statement,
         {{"<id>", a[0].toLong()}, {"<by>", context().user.ID}, {"<text>", literal(textOf(a[1]))}}));

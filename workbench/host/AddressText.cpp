@@ -89,7 +89,7 @@ constexpr State states[] = {
     {"YT", "Yukon"},
 };
 
-/// Countries that are known when no line above them reads as a city's.
+/// Countries recognized when no line above them is recognized as a city line.
 constexpr std::string_view countries[] = {
     "USA",    "U.S.A.", "US",     "United States",  "United States of America",
     "Canada", "Mexico", "UK",     "United Kingdom", "England",
@@ -120,7 +120,7 @@ bool isLetter(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 }
 
-/// '9' in the pattern stands for a digit, 'A' for a letter.
+/// In the pattern '9' matches a digit and 'A' a letter.
 bool matches(std::string_view text, std::string_view pattern) {
     return std::equal(text.begin(), text.end(), pattern.begin(), pattern.end(), [](char c, char p) {
         return p == '9' ? isDigit(c) : p == 'A' ? isLetter(c) : c == p;
@@ -136,7 +136,7 @@ struct Place {
     std::string city, state, zip;
 };
 
-/// "State Zip", "State" or "Zip"; the state's name and a zip may hold blanks.
+/// Reads "State Zip", "State" or "Zip". The state's name and the zip may contain blanks.
 std::optional<Place> stateAndZip(std::string_view text) {
     if (isState(text)) return Place{"", std::string(text), ""};
     if (isZip(text)) return Place{"", "", std::string(text)};
@@ -149,7 +149,7 @@ std::optional<Place> stateAndZip(std::string_view text) {
     return std::nullopt;
 }
 
-/// The line as that of a city, with or without the comma behind it.
+/// Reads a line as a city line, with or without a comma after the city.
 std::optional<Place> placeOf(std::string_view line) {
     constexpr std::size_t longestPlace = 200;
     if (line.size() > longestPlace) return std::nullopt;
@@ -160,7 +160,7 @@ std::optional<Place> placeOf(std::string_view line) {
             return place;
         }
     }
-    // Without a comma both must be there: a street may end like a state.
+    // Without a comma, state and zip are both required, because a street may end like a state.
     for (std::size_t blank = line.find(' '); blank != line.npos; blank = line.find(' ', blank + 1)) {
         auto place = stateAndZip(modSharedStrings::trim(line.substr(blank)));
         if (place && !place->state.empty() && !place->zip.empty()) {
@@ -201,9 +201,9 @@ std::string combineAddress(const Address& address) {
 Address parseAddress(std::string_view text) {
     const std::vector<std::string> lines = linesOf(text);
     Address address;
-    std::size_t streets = lines.size();  // the lines before the city's
+    std::size_t streets = lines.size();  // the number of lines before the city line
     std::optional<Place> place;
-    // A country may be called like a state, so a line with both state and zip goes before one with either.
+    // A country may have the name of a state, so a line with both state and zip is preferred.
     for (const bool whole : {true, false}) {
         for (std::size_t i = lines.size(); i-- > 0 && !place;) {
             place = placeOf(lines[i]);

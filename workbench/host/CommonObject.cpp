@@ -6,9 +6,9 @@
 #include "shared/modSharedSQL.h"
 #include "shared/modSharedStrings.h"
 #include "shared/modSharedXML.h"
+#include "workbench/host/TextOf.h"
 #include "workbench/sql/Guid.h"
 #include "workbench/sql/SqlText.h"
-#include "workbench/host/TextOf.h"
 
 namespace tsln::workbench {
 namespace {
@@ -17,12 +17,12 @@ using modSharedSQL::format;
 using modSharedXML::Record;
 using modSharedXML::Records;
 
-/// A member that is no more than a statement.
+/// A member that only runs a statement.
 struct StatementMember {
     std::string_view name, statement;
 };
 
-/// They answer with the name of the record whose identifier is {0}.
+/// Members that return the name of the record with the identifier {0}.
 constexpr StatementMember nameMembers[] = {
     {"GetDiscountGroupName", "SELECT DiscountGroup FROM DiscountGroups WHERE ID = {0}"},
     {"GetEmployeeName",
@@ -30,15 +30,13 @@ constexpr StatementMember nameMembers[] = {
     {"GetCustomerName", "SELECT CustomerName FROM Customers WHERE ID = {0}"},
     {"GetShippingMethodName", "SELECT ShippingMethod FROM ShippingMethods WHERE ID = {0}"},
     {"GetVendorCostMethodName",
-     "SELECT CASE {0} WHEN 1 THEN '% of MSRP' WHEN 2 THEN 'Cost from Product' WHEN 3 THEN 'Price from "
-     "Product' "
-     "ELSE '' END"},
+     "SELECT CASE {0} WHEN 1 THEN '% of MSRP' WHEN 2 THEN 'Cost from Product' WHEN 3 THEN 'Price from Product' ELSE '' END"},
     {"GetOrderStatusNameFromID", "SELECT StatusName FROM OrderStatusCodes WHERE ID = {0}"},
     {"GetProductNameFromID", "SELECT Product FROM Products WHERE ID = {0}"},
     {"GetProductFileFromID2", "SELECT ProductFile FROM Products WHERE ID = {0}"},
 };
 
-/// They fill a combo box with a list.
+/// Members that fill a combo box with a list.
 constexpr StatementMember loadMembers[] = {
     {"LoadPhoneLabels", "SELECT ID, Label AS Entry FROM PhoneLabels ORDER BY Label"},
     {"LoadEmailLabels", "SELECT ID, Label AS Entry FROM EmailLabels ORDER BY Label"},
@@ -75,7 +73,7 @@ void addEntry(Object& combo, const std::string& text, std::int32_t itemData) {
     combo.put("ItemData", combo.get("NewIndex"), itemData);
 }
 
-/// The text of the column or, without one, of the first column that is no key.
+/// Returns the text of the column or, without one, of the first column other than ID.
 std::string entryText(const std::string& column, Record row) {
     if (!column.empty()) return modSharedXML::readText(column, row);
     for (const pugi::xml_node field : row.node().children()) {
@@ -88,7 +86,7 @@ std::string entryText(const std::string& column, Record row) {
 
 Variant CommonObject::RecordExists(Arguments a) {
     a.require(4, 4);
-    // The name the user typed stands last: nothing is filled into it.
+    // The user's text is inserted last, so that nothing in it is replaced.
     const std::string column = bracketed(a[1].toText());
     const std::string statement = "SELECT COUNT(*) AS MyCount FROM " + bracketed(a[0].toText()) +
                                   " WHERE ID <> " + std::to_string(a[3].toLong()) + " AND LTRIM(RTRIM(" +
@@ -110,9 +108,8 @@ Variant CommonObject::load(Object& combo, std::string_view statement) {
     return {};
 }
 
-/// After combo box and statement: the column whose text is shown (empty: the first that is not ID), the
-/// column of the stored number (empty: none, all are 0), and the entry before the rows (a text, or true:
-/// blank).
+/// Arguments: the combo box, the statement, the column of the shown text (empty: the first other than ID), the column
+/// of the stored number (empty: none, all are 0), and the entry before the rows (a text, or true for a blank one).
 Variant CommonObject::LoadComboFromQuery(Arguments a) {
     a.require(2, 5);
     Object& combo = a[0].object();
@@ -127,23 +124,25 @@ Variant CommonObject::LoadComboFromQuery(Arguments a) {
     return {};
 }
 
-/// The flag asks for those, too, who no longer work here.
+/// The second argument includes inactive employees.
 Variant CommonObject::LoadSalesReps(Arguments a) {
     a.require(1, 2);
     const bool all = a.has(1) && a[1].toBoolean();
     return load(
         a[0].object(),
-        std::string("SELECT ID, dbo.BuildEmployeeName(FirstName, MiddleInitial, LastName) AS Entry FROM "
-                    "Employees WHERE SalesRep <> 0 ") +
+        std::string(
+            "SELECT ID, dbo.BuildEmployeeName(FirstName, MiddleInitial, LastName) AS Entry FROM Employees WHERE SalesRep <> 0 ") +
             (all ? "" : "AND Active <> 0 ") + "ORDER BY LastName, FirstName");
 }
 
-/// The last argument is a group that is left out.
+/// The last argument is a group to leave out.
 Variant CommonObject::LoadDiscountGroups(Arguments a) {
     a.require(2, 3);
-    return load(a[0].object(), format("SELECT ID, DiscountGroup AS Entry FROM DiscountGroups "
-                                      "WHERE DiscountGroupType = {0} AND ID <> {1} ORDER BY DiscountGroup",
-                                      a[1].toLong(), a.valueOr(2, 0).toLong()));
+    return load(
+        a[0].object(),
+        format(
+            "SELECT ID, DiscountGroup AS Entry FROM DiscountGroups WHERE DiscountGroupType = {0} AND ID <> {1} ORDER BY DiscountGroup",
+            a[1].toLong(), a.valueOr(2, 0).toLong()));
 }
 
 Variant CommonObject::invoke(std::string_view member, Access access, Arguments arguments) {

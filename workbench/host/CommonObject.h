@@ -4,8 +4,8 @@
 
 namespace tsln::workbench {
 
-/// "Common": uniqueness checks, names of records by their identifiers, GUIDs, and the loaders that fill the
-/// module's combo boxes through their late-bound members.
+/// "Common": uniqueness checks, names of records by identifier, GUIDs, and loaders that fill the module's combo boxes
+/// through their late-bound members.
 class CommonObject : public HostObject {
   public:
     using HostObject::HostObject;
@@ -16,9 +16,9 @@ class CommonObject : public HostObject {
     Variant LoadComboFromQuery(Arguments a);
     Variant LoadSalesReps(Arguments a);
     Variant LoadDiscountGroups(Arguments a);
-    /// The first value of the statement with the identifier filled in; an empty text when there is none.
+    /// Returns the first value of the statement for the identifier; an empty text when there is none.
     Variant name(std::string_view statement, Arguments a);
-    /// Fills the combo box with the statement's columns Entry and ID.
+    /// Fills the combo box from the statement's columns Entry and ID.
     Variant load(Object& combo, std::string_view statement);
 };
 

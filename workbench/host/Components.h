@@ -7,9 +7,8 @@
 
 namespace tsln::workbench {
 
-/// Creates one of the host's components by its program identifier, which compares without letter case: the
-/// numeric-field checker, the expression editor and the import/export engine. Others raise
-/// HostError(code::classNotRegistered).
+/// Creates a component of the host by its program identifier, without letter case: the numeric-field checker, the
+/// expression editor or the import/export engine. For another identifier raises HostError(code::classNotRegistered).
 ObjectPtr createComponent(std::string_view programId, const std::shared_ptr<HostContext>& context);
 
 }  // namespace tsln::workbench

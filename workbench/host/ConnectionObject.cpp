@@ -5,7 +5,7 @@
 namespace tsln::workbench {
 namespace {
 
-/// The platform's number for a statement that the database refused.
+/// The platform's code for a statement that failed.
 constexpr std::int32_t statementFailed = static_cast<std::int32_t>(0x80040E14);
 constexpr std::int32_t noSuchItem = static_cast<std::int32_t>(0x800A0CC1);
 constexpr std::int32_t stateOpen = 1;
@@ -98,7 +98,7 @@ Variant ConnectionObject::invoke(std::string_view member, Access access, Argumen
          [](Self& self, Arguments) {
              return self.keepingErrors([&] {
                  self.context().company.begin();
-                 return Variant(1);  // how deep the transactions are nested
+                 return Variant(1);  // the nesting depth of the transactions
              });
          }},
         {"CommitTrans",

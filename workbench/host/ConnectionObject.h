@@ -8,13 +8,13 @@
 
 namespace tsln::workbench {
 
-/// The company's database connection as the platform's database objects are: "Execute" (statement; optionally
-/// a variable for the number of rows changed, and options, which are not heeded) gives a recordset,
-/// "BeginTrans", "CommitTrans", "RollbackTrans", "State" (1: open) and "Errors".
+/// The company's connection, with the members of the platform's database objects: "Execute" (statement; optionally a
+/// variable for the number of changed rows, and options, which are ignored) returns a recordset; also "BeginTrans",
+/// "CommitTrans", "RollbackTrans", "State" (1: open) and "Errors".
 ///
-/// "Errors" has "Count", "Item" (index from 0) and "Clear"; an error has "Number", "Description", "Source"
-/// and "NativeError". What fails is raised as a HostError, and stands in "Errors" until the next failure or
-/// "Clear". "Database" of the shared-code object has its own last error.
+/// "Errors" has "Count", "Item" (index from 0) and "Clear"; an error has "Number", "Description", "Source" and
+/// "NativeError". A failure raises HostError and stays in "Errors" until the next failure or "Clear". "Database" of
+/// the shared-code object has its own last error.
 class ConnectionObject : public HostObject {
   public:
     explicit ConnectionObject(std::shared_ptr<HostContext> context);
@@ -24,7 +24,7 @@ class ConnectionObject : public HostObject {
 
   private:
     Variant Execute(Arguments a);
-    /// Raises what the work's SqlError says, with it in "Errors".
+    /// Runs the work. Raises its SqlError as a HostError and adds it to "Errors".
     template <class Work>
     Variant keepingErrors(const Work& work);
 

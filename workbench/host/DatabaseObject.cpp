@@ -7,7 +7,7 @@
 namespace tsln::workbench {
 namespace {
 
-/// A refusal of the host's own, in the place of the database's.
+/// The error code of a refusal by the host itself.
 constexpr int hostRefusal = -1;
 
 bool isInsert(std::string_view sql) {
@@ -39,7 +39,7 @@ Variant DatabaseObject::ExecuteScaler(Arguments a) {
         const auto rows = modSharedXML::Records::parse(context().company.read(sql));
         if (const auto text = modSharedXML::readText(field, rows.first()); !text.empty()) value = text;
     }
-    // Callers convert the result at once, which a Null would not survive.
+    // Callers convert the result at once, and a Null cannot be converted.
     const bool none = value.isEmpty() || value.isNull();
     return none ? a.valueOr(2, Variant()) : value;
 }

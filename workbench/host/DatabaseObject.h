@@ -6,7 +6,8 @@ namespace tsln::workbench {
 
 /// "Database": runs the module's statements on the company.
 ///
-/// What fails is kept for LastSQLError and LastSQLErrorDescription until the next failure. The members for
+/// LastSQLError and LastSQLErrorDescription keep a failure until the next one. The members that read also raise it;
+/// the members that write return false or 0.
 /// reading raise it as well; those for writing answer false or 0.
 class DatabaseObject : public HostObject {
   public:

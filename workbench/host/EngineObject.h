@@ -4,17 +4,17 @@
 
 namespace tsln::workbench {
 
-/// A component of the host that is created by its program identifier. "Initialize" gives it the shared-code
-/// object, "PreTerminate" takes it back; "Engine" is its name in what it raises.
+/// A component of the host, created by its program identifier. "Initialize" sets the shared-code object,
+/// "PreTerminate" releases it. Errors name "Engine" as their source.
 class EngineObject : public HostObject {
   public:
     using HostObject::HostObject;
     Variant invoke(std::string_view member, Access access, Arguments arguments) final;
 
   protected:
-    /// Every member but the two.
+    /// Handles all members except these two.
     virtual Variant invokeOwn(std::string_view member, Access access, Arguments arguments) = 0;
-    /// "PreTerminate" was called.
+    /// Called by "PreTerminate".
     virtual void terminated() {}
     /// Raises HostError(code::objectNotSet) before "Initialize" and after "PreTerminate".
     Object& sharedCode() const;

@@ -21,7 +21,7 @@ void EventLog::record(std::int32_t type, std::string_view text, std::string_view
             waiting_.pop_front();
         }
     } catch (const SqlError&) {
-        // They wait for a company that can be written.
+        // The entries are kept until the company can be written.
     }
 }
 

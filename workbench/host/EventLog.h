@@ -8,25 +8,25 @@
 
 namespace tsln::workbench {
 
-/// The company's log of events, the table EventLog.
+/// The company's event log, the table EventLog.
 class EventLog {
   public:
     enum Type : std::int32_t { Error = 1, Notice = 2, Warning = 3 };
 
-    /// `company` must outlive the log; `userName` is who the events are put down to.
+    /// `company` must outlive the log. `userName` is written to every entry.
     EventLog(Company& company, std::string userName) : company_(company), userName_(std::move(userName)) {}
 
-    /// Writes an entry. One that cannot be written now, because the company is in use or only readable, is
-    /// kept and written before the next; the latest hundred are. Never throws for the database's sake.
+    /// Writes an entry. When the company is locked or read-only, the entry is kept, up to the latest hundred, and
+    /// written before the next one. Throws no database errors.
     void record(std::int32_t type, std::string_view text, std::string_view source = {});
 
-    /// How many entries still wait to be written.
+    /// The number of entries that are not written yet.
     std::size_t waiting() const noexcept { return waiting_.size(); }
 
   private:
     Company& company_;
     std::string userName_;
-    std::deque<std::string> waiting_;  // their statements
+    std::deque<std::string> waiting_;  // INSERT statements
 };
 
 }  // namespace tsln::workbench

@@ -6,14 +6,14 @@
 namespace tsln::workbench {
 namespace {
 
-/// What every order line has.
+/// The names available in every order line.
 constexpr std::string_view lineNames[] = {"Customer type", "Height",  "Line price",   "Manufacturer",
                                           "Margin",        "Product", "Product type", "Quantity",
                                           "Total",         "Width"};
 
 }  // namespace
 
-/// What every line has, then the options of the company's products.
+/// The names of every order line, then the options of the company's products.
 std::vector<std::string> ExpressionEngine::names() const {
     std::vector<std::string> names(std::begin(lineNames), std::end(lineNames));
     const auto options = modSharedXML::Records::parse(
@@ -26,7 +26,7 @@ std::vector<std::string> ExpressionEngine::names() const {
 }
 
 Variant ExpressionEngine::edit(Arguments a) {
-    sharedCode();  // must be there
+    sharedCode();  // raises when it is missing
     const std::string given = textOf(a[0]);
     const std::string title = a[1].isText() ? a[1].toText() : std::string();
     return context().ui.editExpression({given, title, names()}).value_or(given);

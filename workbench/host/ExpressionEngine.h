@@ -7,11 +7,10 @@
 
 namespace tsln::workbench {
 
-/// The component "tslnfe5.Engine": lets the user edit an expression in a window of its own.
+/// The component "tslnfe5.Engine": lets the user edit an expression in its own window.
 ///
-/// "Initialize" takes the shared-code object, "PreTerminate" lets go of it. "ShowEditExpression" (expression)
-/// and "ShowEditExpression2" (expression, the window's title) answer with the edited text, or with what they
-/// were given when the user cancels.
+/// "Initialize" takes the shared-code object, "PreTerminate" releases it. "ShowEditExpression" (expression) and
+/// "ShowEditExpression2" (expression, window title) return the edited text, or the given one when the user cancels.
 class ExpressionEngine : public EngineObject {
   public:
     using EngineObject::EngineObject;

@@ -3,7 +3,7 @@
 namespace tsln::workbench {
 
 std::string expressionFault(std::string_view expression) {
-    std::string closing;  // what the open brackets wait for
+    std::string closing;  // the brackets that close the open ones
     bool quoted = false;
     for (const char c : expression) {
         if (c == '"') quoted = !quoted;
@@ -11,9 +11,9 @@ std::string expressionFault(std::string_view expression) {
         if (c == '(' || c == '[') {
             closing += c == '(' ? ')' : ']';
         } else if (c == ')' || c == ']') {
-            if (closing.empty()) return std::string("There is a \"") + c + "\" without its beginning.";
+            if (closing.empty()) return std::string("There is a \"") + c + "\" without an opening bracket.";
             if (closing.back() != c)
-                return std::string("There is a \"") + c + "\" where a \"" + closing.back() + "\" is due.";
+                return std::string("There is a \"") + c + "\" where a \"" + closing.back() + "\" is expected.";
             closing.pop_back();
         }
     }

@@ -5,8 +5,8 @@
 
 namespace tsln::workbench {
 
-/// What is wrong with the expression's brackets and quotation marks, a sentence for the user; empty when
-/// nothing is. Brackets within quotation marks are text. Linear in its length.
+/// Checks the brackets and quotation marks of an expression. Returns a sentence for the user, or an empty text
+/// without a fault. Brackets within quotation marks are text. The time is linear.
 std::string expressionFault(std::string_view expression);
 
 }  // namespace tsln::workbench

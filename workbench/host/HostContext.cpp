@@ -7,11 +7,10 @@ namespace tsln::workbench {
 namespace {
 
 User signIn(Company& company, std::string_view login) {
-    const auto rows = modSharedXML::Records::parse(
-        company.read("SELECT ID, Username, dbo.BuildEmployeeName(FirstName, MiddleInitial, LastName) AS "
-                     "EmployeeName, Active, CanLogin "
-                     "FROM Employees WHERE Username = " +
-                     literal(login)));
+    const auto rows = modSharedXML::Records::parse(company.read(
+        "SELECT ID, Username, dbo.BuildEmployeeName(FirstName, MiddleInitial, LastName) AS EmployeeName, Active, CanLogin "
+        "FROM Employees WHERE Username = " +
+        literal(login)));
     const modSharedXML::Record row = rows.first();
     const std::string name = "'" + std::string(login) + "'";
     if (login.empty() || !row) throw SignInError("This company has no user " + name + ".");

@@ -15,26 +15,26 @@
 
 namespace tsln::workbench {
 
-/// Nobody of that name may log in. what() is a sentence for the user.
+/// A user name that may not log in. what() is a sentence for the user.
 class SignInError : public std::runtime_error {
   public:
     using std::runtime_error::runtime_error;
 };
 
-/// The employee who works with the company.
+/// The employee who is signed in.
 struct User {
     std::int32_t ID = 0;
     std::string login;
     std::string name;
 };
 
-/// A notice that the module posted: a code such as 3001 for a customer added, and what it is about.
+/// A notice that the module posted: a code, such as 3001 for an added customer, and the record it is about.
 struct Notice {
     std::int32_t code = 0;
     std::string about;
 };
 
-/// What the host's objects share: the open company, its user and whoever shows messages.
+/// The state shared by the host's objects: the open company, its user and the user interface.
 class HostContext {
   public:
     /// Opens the company and signs the user in. `hostUi` must outlive the context.
@@ -54,7 +54,7 @@ class HostContext {
     } lastSqlError;
 };
 
-/// One of the host's objects. It keeps the context alive, so the module may hold it past the session's end.
+/// An object of the host. It keeps the context alive, so the module may hold it beyond the session's end.
 class HostObject : public Object {
   public:
     explicit HostObject(std::shared_ptr<HostContext> context) : context_(std::move(context)) {}
@@ -62,7 +62,7 @@ class HostObject : public Object {
   protected:
     HostContext& context() const noexcept { return *context_; }
 
-    /// What the database refuses during the work is raised with its words.
+    /// Runs the work. Raises its SqlError as a HostError with the error's text.
     template <class Work>
     static Variant raisingSqlErrors(std::string_view who, const Work& work) {
         try {
@@ -72,7 +72,7 @@ class HostObject : public Object {
         }
     }
 
-    /// Answers from a member table, raising what the database refuses.
+    /// Calls the member in the table. Raises database errors as HostError.
     template <class Self, std::size_t N>
     static Variant answer(Self& self, std::string_view who, const Member<Self> (&members)[N],
                           std::string_view member, Access access, Arguments arguments) {

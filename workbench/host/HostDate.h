@@ -6,11 +6,11 @@
 
 namespace tsln::workbench {
 
-/// The date as the database writes it: "2011-03-04T10:20:30". A date out of range raises
+/// Returns the date in the database's form: "2011-03-04T10:20:30". A date out of range raises
 /// HostError(code::overflow).
 std::string sqlDateText(Date date);
 
-/// The date and time of now, UTC, as the database's own bookkeeping has them.
+/// The current date and time in UTC, as the database's bookkeeping columns store it.
 Date nowUtc();
 
 }  // namespace tsln::workbench

@@ -8,47 +8,47 @@
 
 namespace tsln::workbench {
 
-/// The kinds of message that the host shows; the front end gives each its look.
+/// The kinds of message that the host shows. The front end determines their look.
 enum class MessageStyle {
     Style1,            ///< the standard message: a main text and a second line
-    Style1WithMemory,  ///< the same with a "do not show again" box
+    Style1WithMemory,  ///< the standard message with a "do not show again" box
     Style2,            ///< the second style
     Error,             ///< a failure
-    LoggedError,       ///< a failure that stands in the event log, too
+    LoggedError,       ///< a failure that is also written to the event log
 };
 
-/// One message. `text` and `advice` may hold the markup that shared/Markup.h reads, the rest is plain text.
+/// A message. `text` and `advice` may hold the markup that shared/Markup.h reads; the other members are plain text.
 struct Message {
     MessageStyle style = MessageStyle::Style1;
     std::string text;
     std::string advice;       ///< the second line; may be empty
-    std::string explanation;  ///< of a failure: what usually causes it and what to do
-    std::string detail;       ///< of a failure: the words of the database
-    std::string title;        ///< of the window; empty for the program's name
+    std::string explanation;  ///< for a failure: its usual cause and remedy
+    std::string detail;       ///< for a failure: the database's error text
+    std::string title;        ///< the window's title; empty: the program's name
     MessageButtons buttons = MessageButtons::Ok;
 };
 
-/// How the user answered.
+/// The user's answer.
 struct Reply {
     MessageAnswer answer = MessageAnswer::Ok;
-    bool doNotShowAgain = false;  ///< Style1WithMemory only
+    bool doNotShowAgain = false;  ///< for Style1WithMemory only
 };
 
 /// An expression for the user to edit.
 struct ExpressionEdit {
     std::string expression;
-    std::string title;               ///< of the window; empty for its own
-    std::vector<std::string> names;  ///< that an expression may hold, for the user to choose from
+    std::string title;               ///< the window's title; empty: the default
+    std::vector<std::string> names;  ///< the names that the user can choose from
 };
 
-/// What the host needs of whoever shows its windows.
+/// The host's user interface.
 class HostUi {
   public:
     virtual ~HostUi() = default;
-    /// Shows the message and returns when it is answered. A message closed without an answer gives Cancel
-    /// where there is one, else No or Ok.
+    /// Shows the message and returns the answer. A message closed without an answer returns Cancel where it is
+    /// offered, else No or Ok.
     virtual Reply showMessage(const Message& message) = 0;
-    /// Lets the user edit an expression; the edited text, or none when he cancels. Without a window for it,
+    /// Lets the user edit an expression. Returns the edited text, or nothing when cancelled. Without a window for it,
     /// every edit is cancelled.
     virtual std::optional<std::string> editExpression(const ExpressionEdit&) { return std::nullopt; }
 };

@@ -12,7 +12,7 @@
 namespace tsln::workbench {
 namespace {
 
-/// The key never leaves the company, whatever the query says.
+/// The key is never exported, even if the query selects it.
 constexpr std::string_view keyColumn = "ID";
 constexpr std::string_view ownToTheCompany[] = {"UniqueID", "AddedOn", "UpdatedOn", "Exported"};
 
@@ -29,7 +29,7 @@ void ImportExportEngine::record(std::int32_t type, const std::string& text) {
 }
 
 Variant ImportExportEngine::succeeded(std::string_view what, const std::function<void()>& work) {
-    sharedCode();  // must be there
+    sharedCode();  // raises when it is missing
     try {
         work();
         return true;

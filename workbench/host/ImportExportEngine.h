@@ -9,15 +9,14 @@
 
 namespace tsln::workbench {
 
-/// The component "tslniee5.Engine": writes lists of the company into a file and reads them back.
+/// The component "tslniee5.Engine": exports lists of the company to a file and imports them.
 ///
-/// "Initialize" takes the shared-code object, which hears what went wrong by its event log; "PreTerminate"
-/// lets go of it. Export: "AddToExport" (list, query) for each list, then "DoExport" (file). Import:
-/// "ImportFile" (file, list), or without the list every list of the file. Both answer whether all of it was
-/// done; a failed export leaves an existing file as it was, a failed import the company. With "SimpleExport"
-/// the file is made for other companies: identity, dates of change and the mark of having been sent to
-/// accounting stay out. "Verbose" writes how many records came in to the event log. "Is42Upgrade" is kept for
-/// whoever asks; the file of an upgrade is read the same.
+/// "Initialize" takes the shared-code object, whose event log receives the errors; "PreTerminate" releases it.
+/// Export: "AddToExport" (list, query) for each list, then "DoExport" (file). Import: "ImportFile" (file, list);
+/// without a list, every list in the file. Both return whether everything succeeded. A failed export leaves an
+/// existing file unchanged, a failed import the company. With "SimpleExport" the file is for other companies:
+/// identity, dates of change and the flag "exported to accounting" are left out. "Verbose" writes the number of
+/// imported records to the event log. "Is42Upgrade" is stored, but has no effect on reading.
 class ImportExportEngine : public EngineObject {
   public:
     using EngineObject::EngineObject;
@@ -31,7 +30,7 @@ class ImportExportEngine : public EngineObject {
     void addToExport(std::string list, std::string query);
     void writeFile(const std::string& path);
     void readFile(const std::string& path, const std::string& list);
-    /// Runs the work; what goes wrong becomes an event and the answer false.
+    /// Runs the work. An error is written to the event log and makes the result false.
     Variant succeeded(std::string_view what, const std::function<void()>& work);
     void record(std::int32_t type, const std::string& text);
 

@@ -5,11 +5,11 @@
 namespace tsln::workbench {
 namespace {
 
-/// The columns that tell rows apart.
+/// The columns that identify rows.
 namespace keys {
 using Names = const std::string_view[];
 constexpr Names Account{"Account"}, Charge{"ChargeName"}, Code{"Code"}, Criteria{"Criteria"},
-    // a price group and a cost group may have the same name
+    // a price group and a cost group may have equal names
     DiscountGroup{"DiscountGroup", "DiscountGroupType"}, GroupName{"GroupName"}, ItemName{"ItemName"},
     JobType{"JobType"}, Label{"Label"}, Manufacturer{"Manufacturer"}, Mount{"Mount"}, Name{"Name"},
     OrderType{"OrderType"}, PaymentMethod{"PaymentMethod"}, ProductType{"ProductType"}, Range{"Range"},
@@ -22,7 +22,7 @@ constexpr Names Account{"Account"}, Charge{"ChargeName"}, Code{"Code"}, Criteria
     Measurement{"CustomerID", "Location", "Room", "Item", "Mount"};
 }  // namespace keys
 
-/// What the names in a list stand for.
+/// The tables that the names in a list refer to.
 namespace references {
 using Rows = const ImportReference[];
 constexpr ImportReference product{"ProductID", "Products", {{{"Product", "Product"}}}, true};

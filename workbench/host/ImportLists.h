@@ -6,7 +6,7 @@
 
 namespace tsln::workbench {
 
-/// A row of another table that an exported list names, whose key is what is stored.
+/// A reference to another table's row: the list stores the row's key, the file contains its name.
 struct ImportReference {
     struct Name {
         std::string_view column;      ///< in the file
@@ -14,9 +14,9 @@ struct ImportReference {
     };
 
     std::string_view keyColumn;  ///< in the list's own table
-    std::string_view table;      ///< that it names a row of
+    std::string_view table;      ///< the referenced table
     std::array<Name, 2> names;   ///< one or two
-    bool optional = false;       ///< an empty name refers to nothing
+    bool optional = false;       ///< an empty name is stored as NULL
 
     std::span<const Name> nameColumns() const {
         return std::span(names).first(names[1].column.empty() ? 1 : 2);
@@ -25,16 +25,15 @@ struct ImportReference {
 
 /// A list that can be imported.
 struct ImportList {
-    std::string_view name;  ///< of its section in the file and of its table
-    /// The table's columns that tell its rows apart; the first must not be empty in a row.
+    std::string_view name;  ///< the name of its section in the file and of its table
+    /// The columns that identify a row. The first one must not be empty.
     std::span<const std::string_view> keys;
     std::span<const ImportReference> references{};
-    /// Several rows may have the same keys: the first of them in the file is the first of the table, and so
-    /// on.
+    /// Several rows may have equal keys: the file's n-th row with these keys is the table's n-th.
     bool rowsRepeat = false;
 };
 
-/// The list of that name; null when there is none that can be imported.
+/// Returns the list with this name; null when no such list can be imported.
 const ImportList* findImportList(std::string_view name);
 
 }  // namespace tsln::workbench

@@ -20,22 +20,22 @@ using modSharedXML::Record;
 using modSharedXML::Records;
 
 constexpr std::string_view identityColumn = "UniqueID";
-/// Columns that belong to the company they come from.
+/// Columns that are specific to a company.
 constexpr std::string_view notTakenOver[] = {"ID", "AddedOn", "UpdatedOn"};
 
 struct Value {
     std::string column;
-    std::optional<std::string> text;  ///< none: it refers to nothing
+    std::optional<std::string> text;  ///< none: NULL
 
     std::string sql() const { return text ? literal(*text) : "NULL"; }
 };
 
-/// The text as the database compares it.
+/// The text in a form that is equal when the database treats texts as equal.
 std::string comparable(std::string_view text) {
     return encodeUtf8(decodeFolded(modSharedStrings::trim(text)));
 }
 
-/// The rows that other lists name, by their names.
+/// The rows of a referenced table, by their names.
 class ReferencedRows {
   public:
     ReferencedRows(Company& company, const ImportReference& reference) : reference_(reference) {
@@ -57,12 +57,12 @@ class ReferencedRows {
             return sameName(name.column, column);
         });
     }
-    /// The identity of the row it refers to travels beside the name, which is what counts here.
+    /// The file may also contain the identity of the referenced row, which is ignored: the name counts.
     bool isIdentifiedBy(std::string_view column) const {
         return sameName(column, std::string(reference_.names[0].column) + std::string(identityColumn));
     }
 
-    /// Puts the key into the place of the names; nothing happens when the record has none of them.
+    /// Replaces the names by the key. Does nothing when the record has none of the names.
     void resolve(std::vector<Value>& values) const {
         std::string key, first;
         bool named = false;
@@ -88,7 +88,7 @@ class ReferencedRows {
             result.text = found->second;
         }
         if (std::ranges::any_of(values, [&](const Value& v) { return sameName(v.column, result.column); })) {
-            throw ImportError("The column " + result.column + " stands there twice.");
+            throw ImportError("The column " + result.column + " occurs twice.");
         }
         values.push_back(std::move(result));
     }
@@ -191,7 +191,7 @@ class SectionImport {
             }
             text = modSharedXML::decodeFieldText(text);
             if (std::ranges::any_of(result, [&](const Value& v) { return sameName(v.column, column); })) {
-                throw ImportError("The column " + column + " stands there twice.");
+                throw ImportError("The column " + column + " occurs twice.");
             }
             result.push_back({std::move(column), std::move(text)});
         }
@@ -207,7 +207,7 @@ class SectionImport {
                 std::ranges::find_if(values, [&](const Value& v) { return sameName(v.column, column); });
             const std::string text = value == values.end() ? "" : comparable(value->text.value_or(""));
             if (text.empty() && column == list_.keys.front()) {
-                throw ImportError("The column " + std::string(column) + ", which names it, is empty.");
+                throw ImportError("The column " + std::string(column) + ", which identifies the record, is empty.");
             }
             result += text + '\0';
         }
@@ -257,7 +257,7 @@ class SectionImport {
         return identities_->insert(comparable(identity)).second;
     }
 
-    /// Rows of the same keys, in their order, and how many of them the file has had so far.
+    /// The table's rows with equal keys, in order, and the number of them that the file has matched so far.
     struct Alike {
         std::vector<std::int32_t> ids;
         std::size_t imported = 0;

@@ -15,13 +15,12 @@ class ImportError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// Writes the records of one section into the table of its list: a row of the same name is updated, others
-/// are inserted; of a name that stands twice, the last counts, unless the list's rows may be alike. What a
-/// column names must stand in this company.
+/// Writes the records of one section to the table of its list: a row with the same name is updated, other records are
+/// inserted. The last of several records with one name counts, unless the list allows equal names. A referenced name
+/// must exist in this company.
 ///
-/// Identifiers and dates of change are never taken over; the identity across companies is, for a new row, as
-/// long as no other row has it. To be called within a transaction. Returns the number of records. Throws
-/// ImportError, SqlError.
+/// Identifiers and dates of change are never imported. A new row gets the identity in the file unless another row has
+/// it. Must be called within a transaction. Returns the number of records. Throws ImportError or SqlError.
 std::size_t importSection(Company& company, pugi::xml_node section);
 
 }  // namespace tsln::workbench

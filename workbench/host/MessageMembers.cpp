@@ -15,7 +15,7 @@ std::string explained(const Variant& text) {
     return modSharedStrings::replaceAll(textOf(text), standardExplanation, usualExplanation);
 }
 
-/// The platform's numbers of message box buttons and of the answers.
+/// The platform's codes of message box buttons and answers.
 MessageButtons buttonsOf(std::int32_t code) {
     constexpr std::int32_t buttons = 0xF;  // the rest are icons and defaults
     switch (code & buttons) {
@@ -45,7 +45,7 @@ std::int32_t numberOf(MessageAnswer answer) {
     return 2;
 }
 
-/// What a connection last reported, a line each.
+/// Returns the errors that a connection last reported, one per line.
 std::string errorsOf(Object& connection) {
     std::string text;
     const Variant errors = connection.get("Errors");
@@ -91,7 +91,7 @@ Variant showMessageWithMemory(HostContext& context, Arguments a) {
         try {
             context.options.set(user, {key, memorySection}, plainText(message.text));
         } catch (const SqlError&) {
-            // The message comes once more: no reason to trouble the user now.
+            // The message is shown again next time; an error message now would not help the user.
         }
     }
     return numberOf(reply.answer);

@@ -7,23 +7,22 @@
 
 namespace tsln::workbench {
 
-// How the shared-code object shows messages. The arguments are its members'; "{standard explanation}" among
-// them stands for the usual one.
+// The message members of the shared-code object. In the arguments, "{standard explanation}" is replaced by the usual
+// explanation.
 
 inline constexpr std::string_view usualExplanation =
-    "This typically happens if the database is in use by another user or program. Try saving again. If the "
-    "problem persists, close the program, restart and try again.";
+    "This typically happens if the database is in use by another user or program. Try saving again. If the problem persists, close the program, restart and try again.";
 
-/// Main text and second line. Of what follows, a number says the buttons, which makes the message a question,
-/// and a text is the window's title. A question is answered with the platform's number of the button.
+/// Arguments: main text and second line; then optionally a number for the buttons, which makes the message a
+/// question, and a text as the window's title. A question returns the platform's code of the chosen button.
 Variant showMessage(HostContext& context, MessageStyle style, Arguments a);
 
-/// Main text and second line of a message that the user may choose not to see again. Messages are known by
-/// their texts, for each user by himself.
+/// Arguments: main text and second line of a message that the user can choose not to see again. The choice is stored
+/// per user and text.
 Variant showMessageWithMemory(HostContext& context, Arguments a);
 
-/// Message, explanation, the database's words or the connection that has them among its errors; what some
-/// callers add is further detail. A LoggedError goes to the event log, too.
+/// Arguments: message, explanation, and the database's error text or the connection that reported it; further
+/// arguments are shown as detail. A LoggedError is also written to the event log.
 Variant showError(HostContext& context, MessageStyle style, Arguments a);
 
 }  // namespace tsln::workbench

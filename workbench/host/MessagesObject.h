@@ -4,8 +4,8 @@
 
 namespace tsln::workbench {
 
-/// "Messages": notices by which the module tells the host's other windows what it changed. PostMessage takes
-/// a code and, where there is one, what it is about; the session keeps them.
+/// "Messages": notices by which the module informs the host's other windows of changes. PostMessage takes a code and
+/// optionally the record; the session stores the notices.
 class MessagesObject : public HostObject {
   public:
     using HostObject::HostObject;

@@ -13,7 +13,7 @@ Variant check(Arguments a, double (*shape)(double)) {
     a.require(4, 4);
     Object& field = a[0].object();
     const double least = a[1].toDouble(), most = a[2].toDouble();
-    if (least > most) throw HostError(code::badIndex, "Checker", "The least number is above the largest.");
+    if (least > most) throw HostError(code::badIndex, "Checker", "The minimum is greater than the maximum.");
     const std::string text = textOf(field.get("Text"));
     const double number = shape(parseNumber(text).value_or(a[3].toDouble()));
     const std::string corrected = numberText(std::clamp(number, least, most));

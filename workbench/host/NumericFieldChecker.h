@@ -6,9 +6,9 @@ namespace tsln::workbench {
 
 /// The component "tslnnum5.Checker": corrects a text box in place.
 ///
-/// "CheckInteger" and "CheckDecimal" take the text box, the least and the largest number and the default.
-/// Text that is no number becomes the default, a number outside becomes the nearest bound, whole numbers are
-/// rounded half to even; the field then holds the number without separators or signs of money.
+/// "CheckInteger" and "CheckDecimal" take the text box, the minimum, the maximum and the default. Text that is no
+/// number becomes the default, a number outside the bounds becomes the nearest bound, whole numbers are rounded half
+/// to even. The box then shows the number without separators or currency signs.
 class NumericFieldChecker : public Object {
   public:
     Variant invoke(std::string_view member, Access access, Arguments arguments) override;

@@ -15,7 +15,7 @@ class OptionStore {
     /// `company` must outlive the store.
     explicit OptionStore(Company& company) : company_(company) {}
 
-    /// Whose options: the company's own, or those of the employee.
+    /// The owner of options: the company or an employee.
     struct Owner {
         std::int32_t employee = 0;  ///< 0: the company
     };
@@ -23,8 +23,8 @@ class OptionStore {
         std::string_view name, section;
     };
 
-    /// Callers name option and section in either order, so the pair is what tells options apart. Without a
-    /// section the first option of that name is meant. Throws SqlError.
+    /// Returns an option. Name and section identify it in either order, because callers differ in the order. Without
+    /// a section, returns the first option with this name. Throws SqlError.
     std::optional<std::string> get(Owner owner, Key key);
     /// Throws SqlError.
     void set(Owner owner, Key key, std::string_view value);

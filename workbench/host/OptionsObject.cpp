@@ -12,7 +12,7 @@ namespace fs = std::filesystem;
 
 struct Location {
     std::string_view name;
-    const char* folder;  ///< below the company's own; empty for that folder itself
+    const char* folder;  ///< below the company's folder; empty: that folder
 };
 constexpr Location locations[] = {
     {"Companies", ""},
@@ -26,7 +26,7 @@ constexpr Location locations[] = {
 
 }  // namespace
 
-/// An option, its section and what it is when it was never set; without the section: option and default.
+/// Arguments: option, section and default; without a section: option and default.
 Variant OptionsObject::get(OptionStore::Owner owner, Arguments a) {
     a.require(1, 3);
     const bool withSection = a.count() == 3;
@@ -42,7 +42,7 @@ Variant OptionsObject::set(OptionStore::Owner owner, Arguments a) {
     return {};
 }
 
-/// The folder stands beside the company file unless the company has another for it. It is made if possible.
+/// Returns the folder beside the company file, unless the company has set another one. Creates it if possible.
 Variant OptionsObject::UserFileLocation(Arguments a) {
     a.require(1, 1);
     const std::string kind = textOf(a[0]);

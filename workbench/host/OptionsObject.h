@@ -4,7 +4,7 @@
 
 namespace tsln::workbench {
 
-/// "Options": the options of the company and of its user, its folders and the programs registered with it.
+/// "Options": the options of the company and of its user, the company's folders and registered programs.
 class OptionsObject : public HostObject {
   public:
     using HostObject::HostObject;

@@ -11,7 +11,7 @@ namespace tsln::workbench {
 std::string writePackageSourceFor(const Company& company) {
     namespace fs = std::filesystem;
     try {
-        // In full: the processor may run in another folder.
+        // An absolute path: the processor may run in another folder.
         const fs::path file = fs::absolute(pathOf(company.path()));
         const PackageSource source{utf8Of(file)};
         std::string beside = source.company + ".psd";
@@ -19,13 +19,13 @@ std::string writePackageSourceFor(const Company& company) {
             writePackageSource(beside, source);
             return beside;
         } catch (const PackageSourceError&) {
-            // A name of its own for each company, or two that are open would share the file.
+            // A separate file for each company, because several may be open.
             const std::string name = "tessaline-" + std::to_string(fs::hash_value(file)) + ".psd";
             std::string elsewhere = utf8Of(fs::temp_directory_path() / name);
             writePackageSource(elsewhere, source);
             return elsewhere;
         }
-    } catch (const std::exception& error) {  // the file system's too
+    } catch (const std::exception& error) {  // includes errors of the file system
         throw HostError(code::fail, "SharedCode", error.what());
     }
 }

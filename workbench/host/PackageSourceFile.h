@@ -6,9 +6,8 @@
 
 namespace tsln::workbench {
 
-/// Writes the file that tells the package processor which company to fill, beside the company or, where that
-/// folder cannot be written, in the folder for temporary files. Returns its path. Raises
-/// HostError(code::fail).
+/// Writes the file that tells the package processor which company to fill, beside the company or, where that folder
+/// is not writable, in the folder for temporary files. Returns its path. Raises HostError(code::fail).
 std::string writePackageSourceFor(const Company& company);
 
 }  // namespace tsln::workbench

@@ -4,8 +4,8 @@
 
 namespace tsln::workbench {
 
-/// "Profiles": the profile that the host was started with. The workbench starts with the default one, whose
-/// name is empty.
+/// "Profiles": the profile that the host was started with. In the workbench it is the default one, with an empty
+/// name.
 class ProfilesObject : public HostObject {
   public:
     using HostObject::HostObject;

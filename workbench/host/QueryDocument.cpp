@@ -15,7 +15,7 @@ class Tree {
     const std::string& text() const noexcept { return text_; }
     pugi::xml_node root() {
         if (parsed_) return nodes_;
-        // Blanks are values.
+        // Values that consist of blanks are kept.
         constexpr unsigned options = pugi::parse_default | pugi::parse_ws_pcdata_single;
         const auto result = nodes_.load_buffer(text_.data(), text_.size(), options, pugi::encoding_utf8);
         if (!result && result.status != pugi::status_no_document_element) {
@@ -75,7 +75,7 @@ std::string nameOf(pugi::xml_node node) {
     }
 }
 
-/// The platform's numbers of the kinds of nodes.
+/// The platform's codes of node types.
 std::int32_t kindOf(pugi::xml_node node) {
     switch (node.type()) {
         case pugi::node_element:
@@ -93,7 +93,7 @@ std::int32_t kindOf(pugi::xml_node node) {
     }
 }
 
-/// The document itself, or one of its nodes.
+/// A document or one of its nodes.
 class Node : public Object {
   public:
     Node(TreePtr tree, pugi::xml_node node, bool whole)

@@ -14,10 +14,11 @@ constexpr RecordKind kinds[] = {
     {.edit = Operation::ShowEditVendor,
      .caption = "Vendors",
      .columns = vendorColumns,
-     .list = "SELECT ID, VendorName, Contact, BillToCity, CASE WHEN Active <> 0 THEN 'Yes' ELSE 'No' END, "
-             "CASE WHEN Locked <> 0 THEN 'Yes' ELSE '' END FROM Vendors ORDER BY VendorName, ID",
-     .history = "SELECT REPLACE(ActivityDate, 'T', ' '), Activity FROM VendorActivity WHERE VendorID = {0} "
-                "ORDER BY ID DESC"},
+     .list =
+         "SELECT ID, VendorName, Contact, BillToCity, CASE WHEN Active <> 0 THEN 'Yes' ELSE 'No' END, CASE WHEN Locked <> 0 THEN 'Yes' ELSE '' END "
+         "FROM Vendors ORDER BY VendorName, ID",
+     .history =
+         "SELECT REPLACE(ActivityDate, 'T', ' '), Activity FROM VendorActivity WHERE VendorID = {0} ORDER BY ID DESC"},
 };
 
 }  // namespace

@@ -16,25 +16,26 @@ struct RecordKind {
     Operation edit;
     std::string_view caption;                   ///< "Vendors"
     std::span<const std::string_view> columns;  ///< captions of the list's columns
-    std::string_view list;                      ///< query: the identifier, then a field a column
-    std::string_view history;                   ///< query: date and text of the record {0}, the latest first
+    std::string_view list;                      ///< query: the identifier, then one field per column
+    std::string_view history;                   ///< query: date and text of the entries of record {0}, latest first
 };
 
-/// The kind of record that the operation edits; null when it edits none, or none that is listed.
+/// Returns the kind of record that the operation edits; null for an operation that edits none or whose records are
+/// not listed.
 const RecordKind* recordKindOf(Operation operation);
 
 struct ListedRecord {
     std::int32_t ID = 0;
-    std::vector<std::string> cells;  ///< one a column of its kind
+    std::vector<std::string> cells;  ///< one per column of its kind
 };
-/// All records of the kind, in the order they are shown. Throws SqlError.
+/// Returns all records of the kind, in display order. Throws SqlError.
 std::vector<ListedRecord> listRecords(Company& company, const RecordKind& kind);
 
 struct HistoryEntry {
     std::string date;  ///< UTC, as "2011-03-04 10:20:30"
     std::string text;
 };
-/// The record's activity, the latest first. Throws SqlError.
+/// Returns the record's history, latest first. Throws SqlError.
 std::vector<HistoryEntry> historyOf(Company& company, const RecordKind& kind, std::int32_t ID);
 
 }  // namespace tsln::workbench

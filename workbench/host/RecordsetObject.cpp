@@ -3,12 +3,12 @@
 namespace tsln::workbench {
 namespace {
 
-/// The platform's numbers of what goes wrong with database objects.
+/// The platform's codes of errors of database objects.
 constexpr std::int32_t noCurrentRow = static_cast<std::int32_t>(0x800A0BCD);
 constexpr std::int32_t noSuchField = static_cast<std::int32_t>(0x800A0CC1);
 constexpr std::int32_t isClosed = static_cast<std::int32_t>(0x800A0E78);
 
-/// The rows and the place in them, which the recordset's fields share.
+/// The rows and the current position, shared with the recordset's fields.
 class Cursor {
   public:
     explicit Cursor(SqlResult result) : result_(std::move(result)), open_(result_.isQuery) {}
@@ -29,7 +29,7 @@ class Cursor {
         if (count() == 0) raiseNoRow();
         at_ = row;
     }
-    /// One row on or back; there is one place before the first row and one behind the last.
+    /// Moves one row forward or back, at most to the positions before the first and after the last row.
     void step(int by) {
         if (by > 0 ? atEnd() : atBegin()) raiseNoRow();
         at_ += by;
@@ -50,9 +50,9 @@ class Cursor {
             throw HostError(isClosed, "Recordset", "Operation is not allowed when the object is closed.");
     }
     [[noreturn]] static void raiseNoRow() {
-        throw HostError(noCurrentRow, "Recordset",
-                        "Either BOF or EOF is True, or the current record has been deleted. Requested "
-                        "operation requires a current record.");
+        throw HostError(
+            noCurrentRow, "Recordset",
+            "Either BOF or EOF is True, or the current record has been deleted. Requested operation requires a current record.");
     }
 
     SqlResult result_;
@@ -84,16 +84,16 @@ ObjectPtr makeField(const CursorPtr& cursor, const Variant& which) {
     if (which.isText()) {
         const std::string name = which.toText();
         for (std::size_t i = columns.size(); i-- > 0;) {
-            if (sameName(columns[i], name)) column = i;  // of the same name, the first counts
+            if (sameName(columns[i], name)) column = i;  // the first of several columns with this name
         }
     } else if (const std::int32_t index = which.toLong(); index >= 0) {
         column = static_cast<std::size_t>(index);
     }
     if (column >= columns.size()) {
-        throw HostError(noSuchField, "Recordset",
-                        "Item cannot be found in the collection corresponding to the requested name or "
-                        "ordinal: " +
-                            which.toText() + ".");
+        throw HostError(
+            noSuchField, "Recordset",
+            "Item cannot be found in the collection corresponding to the requested name or ordinal: " +
+                which.toText() + ".");
     }
     return std::make_shared<Field>(cursor, column);
 }

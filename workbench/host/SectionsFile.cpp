@@ -16,14 +16,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// In bytes: enough for any root that is ours.
+/// In bytes. An export's root element begins within it.
 constexpr std::size_t beginningSize = std::size_t{64} * 1024;
 
 [[noreturn]] void refuse(const std::string& path, const std::string& why) {
     throw SectionsFileError("The file '" + path + "' " + why);
 }
 
-/// The name of the root element by the document's beginning; empty when there is none within it.
+/// Returns the name of the root element in the document's beginning; empty when there is none.
 std::string rootName(std::string_view text) {
     const auto skip = [&](std::string_view begin, std::string_view end) {
         if (!text.starts_with(begin)) return false;
@@ -40,7 +40,7 @@ std::string rootName(std::string_view text) {
     return {};
 }
 
-/// UTF-16 shortened to what a tag is made of, UTF-8 without its mark.
+/// Reduces UTF-16 to the characters that tags consist of; removes the byte order mark of UTF-8.
 std::string readableBeginning(std::string text) {
     if (text.starts_with("\xEF\xBB\xBF")) return text.substr(3);
     if (text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF")) {

@@ -10,8 +10,8 @@ namespace tsln::workbench {
 bool SecurityObject::canDo(std::int32_t activity, std::int32_t access) const {
     if (access == 0) return false;
     const auto rows = modSharedXML::Records::parse(context().company.read(modSharedSQL::format(
-        "SELECT SecurityRoleAccess.Access FROM EmployeeSecurityRoles INNER JOIN SecurityRoleAccess ON "
-        "SecurityRoleAccess.SecurityRoleID = EmployeeSecurityRoles.SecurityRoleID "
+        "SELECT SecurityRoleAccess.Access FROM EmployeeSecurityRoles "
+        "INNER JOIN SecurityRoleAccess ON SecurityRoleAccess.SecurityRoleID = EmployeeSecurityRoles.SecurityRoleID "
         "WHERE EmployeeSecurityRoles.EmployeeID = {0} AND SecurityRoleAccess.Activity = {1}",
         context().user.ID, activity)));
     for (const auto& row : rows) {
@@ -39,7 +39,7 @@ Variant SecurityObject::invoke(std::string_view member, Access access, Arguments
          [](Self& self, Arguments) {
              return Variant(self.companyFlag("IsRoamingWorkstation", "Synchronization", false));
          }},
-        // A company has every feature that is not switched off for it.
+        // A company has every feature that is not switched off.
         {"CompanyFeatureEnabled",
          [](Self& self, Arguments a) {
              a.require(1, 1);

@@ -1,6 +1,6 @@
 #ifdef _WIN32
 #include <windows.h>
-// clang-format off: stands on the one above
+// clang-format off: needs the header above
 #include <bcrypt.h>
 // clang-format on
 

@@ -30,7 +30,7 @@ SharedCode::SharedCode(const std::shared_ptr<HostContext>& context)
       profiles_(std::make_shared<ProfilesObject>(context)),
       connection_(std::make_shared<ConnectionObject>(context)) {}
 
-/// The text alone, or with the kind of event before or behind it; a further text is its source.
+/// Arguments: the text, or the text and the kind of event in either order, or the text and its source.
 Variant SharedCode::RecordEvent(Arguments a) {
     a.require(1, 2);
     const auto isKind = [&](std::size_t i) { return a.has(i) && !a[i].isText() && a[i].isNumeric(); };
@@ -48,7 +48,7 @@ Variant SharedCode::PSDFile() {
     return writePackageSourceFor(context().company);
 }
 
-/// Set by whoever keeps the company; 0 unless it is.
+/// The company option "OperatingMode", 0 by default.
 Variant SharedCode::OperatingMode() {
     std::int32_t mode = 0;
     if (const auto stored = context().options.get({}, {"OperatingMode", "Application"}))
@@ -56,8 +56,8 @@ Variant SharedCode::OperatingMode() {
     return mode;
 }
 
-/// The text, which comes back in its normal form, and by reference the six fields of CombineAddress. The
-/// eighth, whether addresses are validated, is the caller's own. Answers whether the address is complete.
+/// Arguments: the text, which is returned in its normal form; by reference the six fields of CombineAddress; and
+/// whether addresses are validated, which is left unchanged. Returns whether the address is complete.
 Variant SharedCode::ParseAddress(Arguments a) {
     a.require(1, 8);
     const Address address = parseAddress(textOf(a[0]));
@@ -69,7 +69,7 @@ Variant SharedCode::ParseAddress(Arguments a) {
     return address.isComplete();
 }
 
-/// Two lines, city, state, zip, country.
+/// Arguments: two lines, city, state, zip, country.
 Variant SharedCode::CombineAddress(Arguments a) {
     a.require(1, 6);
     return combineAddress(
@@ -122,7 +122,7 @@ Variant SharedCode::invoke(std::string_view member, Access access, Arguments arg
              a.require(1, 1);
              return Variant(modSharedSQL::doubleQuotes(textOf(a[0])));
          }},
-        // Without quotes, which stand in the statement.
+        // Without quotes, which are part of the statement.
         {"FixDateForSQLInsert",
          [](Self&, Arguments a) {
              a.require(1, 1);

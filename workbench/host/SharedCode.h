@@ -4,11 +4,10 @@
 
 namespace tsln::workbench {
 
-/// The shared-code object that the host hands to the module: messages, the event log, small helpers, and the
-/// sub-objects "Database", "Common", "Security", "Options", "Messages", "Activity" and "Profiles" and the
-/// company's connection.
+/// The shared-code object that the host passes to the module: messages, the event log, small helpers, the sub-objects
+/// "Database", "Common", "Security", "Options", "Messages", "Activity" and "Profiles", and the company's connection.
 ///
-/// Members that the host does not offer raise the unknown-member error.
+/// A member that the host does not have raises the unknown-member error.
 class SharedCode : public HostObject {
   public:
     explicit SharedCode(const std::shared_ptr<HostContext>& context);

@@ -6,7 +6,7 @@
 
 namespace tsln::workbench {
 
-/// The value's text; Null and what is missing are an empty text.
+/// Returns the value's text; an empty text for Null and a missing value.
 inline std::string textOf(const Variant& value) {
     return value.isNull() || value.isMissing() ? std::string() : value.toText();
 }

@@ -5,7 +5,7 @@ namespace {
 
 constexpr std::size_t longestShown = 100;
 
-/// The value in a few words.
+/// Returns a short text for the value.
 std::string shortText(const Variant& value) {
     if (value.isObject()) return value.toObject() ? "object" : "nothing";
     if (value.isNull()) return "Null";
@@ -15,7 +15,7 @@ std::string shortText(const Variant& value) {
     if (text.size() > longestShown) {
         std::size_t end = longestShown;
         while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80)
-            --end;  // no half characters
+            --end;  // do not split a character
         text = text.substr(0, end) + "...";
     }
     return '"' + text + '"';

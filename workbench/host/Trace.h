@@ -11,25 +11,25 @@
 
 namespace tsln::workbench {
 
-/// One late-bound call between module and host, told when it has ended.
+/// One late-bound call between module and host, recorded when it has ended.
 struct TraceEntry {
-    std::uint64_t number = 0;  ///< in the order the calls began, from 1
-    int depth = 0;             ///< how many traced calls it was made within
+    std::uint64_t number = 0;  ///< in the order of the calls' beginnings, from 1
+    int depth = 0;             ///< the number of traced calls that enclose it
     std::string member;        ///< "Database.ExecuteRead", "ShowMessageStyle1"
     Access access = Access::Call;
-    bool fetch = false;     ///< nothing but the fetching of a sub-object
-    std::string arguments;  ///< in short
-    std::string statement;  ///< the statement among the arguments, in full; empty when there is none
-    std::string result;     ///< in short; what was raised when it failed
+    bool fetch = false;     ///< only fetches a sub-object
+    std::string arguments;  ///< shortened
+    std::string statement;  ///< the complete statement among the arguments; empty when there is none
+    std::string result;     ///< shortened; the error when the call failed
     bool failed = false;
     std::chrono::microseconds duration{};
 };
 
-/// Gives every observer each call that passes through a TracedObject of this tracer. Not for two threads.
+/// Reports every call through a TracedObject of this tracer to all observers. Not thread-safe.
 class Tracer {
   public:
     using Observer = std::function<void(const TraceEntry&)>;
-    /// What an observer throws is lost: a trace must not change what happens.
+    /// Exceptions of an observer are ignored: a trace must not change the traced call.
     void observe(Observer observer) { observers_.push_back(std::move(observer)); }
 
   private:
@@ -41,8 +41,8 @@ class Tracer {
     int depth_ = 0;
 };
 
-/// An object that passes every call on to another and tells of it. Sub-objects, which are read without
-/// arguments, come back traced, too; other results, such as documents, are handed through.
+/// An object that forwards every call to another object and reports it. Sub-objects, which are read without
+/// arguments, are returned traced; other results, such as documents, are returned unchanged.
 class TracedObject : public Object {
   public:
     /// `name` is the object's name in traces; empty for the shared-code object.

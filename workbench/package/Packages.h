@@ -18,26 +18,25 @@ struct Package {
     };
     using Record = std::vector<Field>;
 
-    std::string key;    ///< such as "TSLN50_Terms"
-    std::string title;  ///< for messages: "terms"
+    std::string key;    ///< for example "TSLN50_Terms"
+    std::string title;  ///< in messages: "terms"
     std::string table;
-    std::string nameColumn;  ///< what tells one record from another
+    std::string nameColumn;  ///< the column that identifies a record
     std::vector<Record> records;
 };
 
-/// The sets that came with the program, in order of their keys.
+/// Returns the sets built into the program, ordered by key.
 std::vector<Package> loadPackages();
 
-/// The set of this key, whose letter case does not matter; null when there is none.
+/// Finds a set by its key, without letter case. Returns null when there is none.
 const Package* findPackage(const std::vector<Package>& packages, std::string_view key);
 
 struct InstallResult {
     int added = 0, skipped = 0;
 };
 
-/// Adds the set's records whose names the list does not have yet, and a line to the event log, in one
-/// transaction. `progress` is called after each record with the number done. Throws SqlError, with the
-/// company as it was.
+/// Adds the set's records whose names the list lacks, and an entry in the event log, in one transaction. `progress`
+/// is called after each record with the number of processed records. Throws SqlError; the company is unchanged then.
 InstallResult installPackage(Company& company, const Package& package,
                              const std::function<void(int)>& progress);
 

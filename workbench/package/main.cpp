@@ -1,13 +1,13 @@
-// The package processor: installs sets of default records into a company. A program of its own, started by
-// the host:
+// The package processor: installs sets of default records into a company. It is a separate program, started by the
+// host:
 //
 //   tsln5pkg.exe /Keys:TSLN50_Terms;TSLN50_JobTypes /PSD:"/path/host.psd"
 //   tsln5pkg.exe /EnterKeys /PSD:"/path/host.psd"      asks for the keys on standard input
 //
-// Keys are separated by ";" or ",". The PSD file names the company (see PackageSource.h). /Delay:MILLISECONDS
-// waits after each record, to show and to test that the host waits. What was done goes to standard output and
-// to the company's event log, what went wrong to standard error. Each set is installed whole or not at all;
-// all keys are looked at before the first set is installed.
+// Keys are separated by ";" or ",". The PSD file names the company (see PackageSource.h). /Delay:MILLISECONDS waits
+// after each record, to show and to test that the host waits. Results are written to standard output and to the
+// company's event log, errors to standard error. All keys are checked before the first set is installed. Each set is
+// installed completely or not at all.
 //
 // Exit codes: see Exit.
 
@@ -30,11 +30,11 @@ using namespace tsln::workbench;
 enum Exit {
     Done = 0,
     BadCommandLine = 1,  ///< an option is unknown, missing or malformed
-    NoKeys = 2,          ///< asked for keys and got none
+    NoKeys = 2,          ///< no keys were entered
     UnknownKey = 3,      ///< nothing was installed
     NoSource = 4,        ///< the PSD file cannot be read
     NoCompany = 5,       ///< the company cannot be opened
-    InstallFailed = 6,   ///< a set could not be installed; the sets before it are
+    InstallFailed = 6,   ///< a set could not be installed; earlier sets are installed
     InternalError = 7,
 };
 
@@ -49,12 +49,12 @@ struct Options {
     std::chrono::milliseconds delay{0};
 };
 
-/// The rest of the argument when it begins with the option's name, in any letter case.
+/// Returns the rest of the argument when it begins with the option's name, in any letter case.
 std::optional<std::string> valueOf(std::string_view argument, std::string_view option) {
     if (argument.size() < option.size() || compareText(argument.substr(0, option.size()), option) != 0)
         return {};
     std::string_view value = argument.substr(option.size());
-    // Quotes are left here by hosts that do not go through a shell.
+    // A host that starts programs without a shell leaves the quotes.
     if (value.size() >= 2 && value.front() == '"' && value.back() == '"')
         value = value.substr(1, value.size() - 2);
     return std::string(value);

@@ -16,15 +16,15 @@ std::string withDashes(const std::string& digits) {
 }  // namespace
 
 std::string createGuid() {
-    // The system's own randomness: a generator seeded with one number could give two programs the same.
+    // The system's random source: two programs with equally seeded generators would create equal GUIDs.
     static thread_local std::random_device random;
     std::string digits;
     while (digits.size() < digitCount) {
         for (unsigned bits = random(), i = 0; i < 8; ++i, bits >>= 4)
             digits += "0123456789ABCDEF"[bits & 15];
     }
-    digits[12] = '4';                   // a random GUID ...
-    digits[16] = "89AB"[random() % 4];  // ... of the usual variant
+    digits[12] = '4';                   // version 4: random
+    digits[16] = "89AB"[random() % 4];  // the standard variant
     return withDashes(digits);
 }
 

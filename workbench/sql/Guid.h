@@ -6,11 +6,11 @@
 
 namespace tsln::workbench {
 
-/// A new random GUID: 36 characters, capital letters, no braces.
+/// Returns a new random GUID: 36 characters, capital letters, no braces.
 std::string createGuid();
 
-/// The GUID in braces and capital letters, from 32 hexadecimal digits with or without dashes, braces and
-/// blanks; nothing for a text of another form.
+/// Returns the GUID in braces and capital letters, from 32 hexadecimal digits with or without dashes, braces and
+/// blanks. Returns nothing for another text.
 std::optional<std::string> formatAsGuid(std::string_view text);
 
 }  // namespace tsln::workbench

@@ -13,7 +13,7 @@ using namespace std::chrono;
 constexpr std::array monthNames = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                                    "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
 
-/// Reads a text piece by piece.
+/// Reads a text from left to right.
 class Reader {
   public:
     explicit Reader(std::string_view text) : text_(text) {}
@@ -24,7 +24,7 @@ class Reader {
         text_.remove_prefix(1);
         return true;
     }
-    /// A number of `fewest` to `most` digits, or -1.
+    /// Reads a number of `fewest` to `most` digits. Returns -1 when there is none.
     int number(std::size_t fewest, std::size_t most) {
         std::size_t digits = 0;
         while (digits < most && digits < text_.size() && text_[digits] >= '0' && text_[digits] <= '9')
@@ -193,7 +193,7 @@ std::optional<SqlDate> readDate(std::string_view text) {
 }
 
 std::optional<SqlDate> addToDate(std::string_view part, std::int64_t number, SqlDate date) {
-    constexpr std::int64_t most = 400'000'000'000;  // seconds; more than the calendar has
+    constexpr std::int64_t most = 400'000'000'000;  // seconds; longer than the years 1 to 9999
     if (number > most || number < -most) return std::nullopt;
     if (part == "year") return addMonths(number * 12, date);
     if (part == "quarter") return addMonths(number * 3, date);
@@ -213,7 +213,7 @@ std::int64_t dateDifference(std::string_view part, SqlDate from, SqlDate to) {
     if (part == "quarter") return monthsOf(to) / 3 - monthsOf(from) / 3;
     auto boundaries = [&](sys_seconds time) {
         seconds since = time - sys_seconds(sys_days(year(1) / 1 / 1));
-        if (part == "week") since += days(1);  // the server's weeks begin on Sunday; 1 January 1 was a Monday
+        if (part == "week") since += days(1);  // the server's weeks begin on Sunday; 1 January of year 1 was a Monday
         return since / lengthOf(part);
     };
     return boundaries(to.time) - boundaries(from.time);

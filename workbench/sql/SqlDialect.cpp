@@ -110,19 +110,19 @@ class StatementTranslator : public SqlSelect {
         where();
     }
 
-    /// A column that the statement writes. SQLite would take the same one twice and drop one of the two
-    /// values in silence.
+    /// Translates a column that the statement writes. SQLite accepts a column twice and silently ignores one of the
+    /// values.
     void writtenColumn(std::set<std::string>& before) {
         std::string name = takeName();
         if (!before.insert(upperAscii(name)).second) {
-            fail("The column name '" + name +
-                 "' is specified more than once in the SET clause or column list of an INSERT. A column "
-                 "cannot be assigned more than one value in the same clause.");
+            fail(
+                "The column name '" + name +
+                "' is specified more than once in the SET clause or column list of an INSERT. A column cannot be assigned more than one value in the same clause.");
         }
         writeName(name);
     }
 
-    /// True when the procedure changes rows.
+    /// Translates EXEC. Returns true when the procedure changes rows.
     bool execute() {
         acceptSchema();
         std::string name = takeName();

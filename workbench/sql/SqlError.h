@@ -5,10 +5,10 @@
 
 namespace tsln::workbench {
 
-/// A statement was refused by the database or by the reader of the SQL Server dialect. what() says why.
+/// A statement was refused by the database or by the translator of the SQL Server dialect. what() gives the reason.
 class SqlError : public std::runtime_error {
   public:
-    /// `sqlCode`: an SQLite result code.
+    /// `sqlCode` is an SQLite result code.
     SqlError(int sqlCode, const std::string& text) : std::runtime_error(text), code_(sqlCode) {}
     int code() const noexcept { return code_; }
 

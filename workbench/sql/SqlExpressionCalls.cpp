@@ -1,4 +1,4 @@
-// The calls of functions within expressions.
+// The calls of functions in expressions.
 
 #include "workbench/sql/SqlExpressions.h"
 
@@ -66,11 +66,11 @@ void SqlExpressions::databaseCall() {
     const SqlFunction* function = findDatabaseFunction(upperAscii(name));
     if (upperAscii(schema) != "DBO" || !function) unknown(schema + "." + name + "()");
     Level level(*this);
-    skip(4);  // to behind the bracket
+    skip(4);  // past the opening bracket
     arguments(*function, name);
 }
 
-/// From behind the opening bracket to the closing one, like all that follow.
+/// Translates the arguments after the opening bracket and the closing bracket, as all functions below do.
 void SqlExpressions::arguments(const SqlFunction& function, const std::string& name) {
     out_.append(function.target).append("(");
     if (peek().isWord("DISTINCT")) {
@@ -92,7 +92,7 @@ void SqlExpressions::arguments(const SqlFunction& function, const std::string& n
     closeBracket();
 }
 
-/// The name of a part of dates, then values.
+/// Translates the name of a date part, then the values.
 void SqlExpressions::dateCall(std::string_view target, int values) {
     const SqlToken& word = peek();
     if (word.kind != Kind::Word) unexpected();
@@ -145,7 +145,7 @@ void SqlExpressions::convert() {
     conversionEnd(wanted, style);
 }
 
-/// What the converting function is told behind the value.
+/// Writes the converting function's arguments after the value, and the closing bracket.
 void SqlExpressions::conversionEnd(const SqlType& type, std::optional<int> style) {
     if (type.isText()) {
         out_ += ", " + std::to_string(type.length) + ", " + (style ? std::to_string(*style) : "NULL") + ", " +

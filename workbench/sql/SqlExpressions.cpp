@@ -11,7 +11,7 @@ void SqlExpressions::needs(Gives wanted, Gives given) const {
              : "The statement has a condition near '" + lastTaken() + "' where a value is expected.");
 }
 
-/// OR. A condition or a value: what stands in brackets may be either.
+/// Translates OR. The result is a condition or a value, because brackets may hold either.
 SqlExpressions::Gives SqlExpressions::either() {
     Gives gives = conjunction();
     while (accept("OR")) {
@@ -43,7 +43,7 @@ SqlExpressions::Gives SqlExpressions::negation() {
     return gives;
 }
 
-/// True when a comparison followed the value that was just written.
+/// Translates a comparison after the value just written. Returns false when there is none.
 bool SqlExpressions::comparison(Gives left) {
     struct Comparison {
         std::string_view sign, translation;
@@ -121,12 +121,12 @@ SqlExpressions::Gives SqlExpressions::predicate() {
     return gives;
 }
 
-/// + - & |. Text is joined by the same sign that adds, so "+" is left to a function that sees the values.
+/// Translates + - & |. "+" both joins text and adds numbers, so it becomes a function that decides by the values.
 SqlExpressions::Gives SqlExpressions::sum() {
     std::size_t start = out_.size();
     std::vector<std::string_view> opening;
     Gives gives = product();
-    std::size_t arguments = 0;  // of the tsql_add( that is still open
+    std::size_t arguments = 0;  // of the tsql_add() call being written
     auto close = [&] {
         if (arguments > 0) out_ += ')';
         arguments = 0;
@@ -150,14 +150,14 @@ SqlExpressions::Gives SqlExpressions::sum() {
         }
         needs(Gives::Value, gives);
         needs(Gives::Value, product());
-        if (bits) out_ += ')';  // they bind looser than - in SQLite
+        if (bits) out_ += ')';  // in SQLite they bind less tightly than "-"
     }
     close();
     insertOpening(start, std::move(opening));
     return gives;
 }
 
-/// Puts opening brackets before what was written since `start`: in one piece, to keep long chains linear.
+/// Inserts opening brackets at `start`, all at once, so that a long chain takes linear time.
 void SqlExpressions::insertOpening(std::size_t start, std::vector<std::string_view> innermostFirst) {
     std::ranges::reverse(innermostFirst);
     std::string opening;
@@ -166,7 +166,7 @@ void SqlExpressions::insertOpening(std::size_t start, std::vector<std::string_vi
     out_.insert(start, opening);
 }
 
-/// * / %. The server refuses to divide by zero where SQLite gives NULL.
+/// Translates * / %. The server raises an error for a division by zero; SQLite returns NULL.
 SqlExpressions::Gives SqlExpressions::product() {
     std::size_t start = out_.size();
     std::vector<std::string_view> opening;
@@ -236,7 +236,7 @@ SqlExpressions::Gives SqlExpressions::primary() {
     return Gives::Value;
 }
 
-/// From behind CASE to END.
+/// Translates CASE after this word, to END.
 void SqlExpressions::choice() {
     Level level(*this);
     out_ += "CASE";
@@ -262,7 +262,7 @@ void SqlExpressions::choice() {
     out_ += " END";
 }
 
-/// column, table.column or dbo.table.column.
+/// Translates column, table.column or dbo.table.column.
 void SqlExpressions::column() {
     acceptSchema();
     writeName(takeName());

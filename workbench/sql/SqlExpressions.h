@@ -10,7 +10,7 @@
 
 namespace tsln::workbench {
 
-/// Translates values and conditions. A subquery within them is left to the translator of SELECT.
+/// Translates values and conditions. The translator of SELECT translates the subqueries in them.
 class SqlExpressions : public SqlRewriter {
   protected:
     using SqlRewriter::SqlRewriter;
@@ -22,11 +22,11 @@ class SqlExpressions : public SqlRewriter {
     virtual void select() = 0;
 
   private:
-    /// The server never takes a condition for a value or the other way round.
+    /// The server accepts neither a condition as a value nor a value as a condition.
     enum class Gives { Value, Condition };
     void needs(Gives wanted, Gives given) const;
 
-    // From the loosest binding to the tightest.
+    // From the lowest to the highest precedence.
     Gives either();
     Gives conjunction();
     Gives negation();

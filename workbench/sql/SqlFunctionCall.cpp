@@ -52,7 +52,7 @@ double toReal(SqlValue value, std::string_view type) {
     auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), result);
     if (error != std::errc() || end != digits.data() + digits.size() || !std::isfinite(result)) {
         if (!digits.empty() || type == "decimal") refuseConversion(text, type);
-        return 0;  // the server takes an empty text for zero, but not as a decimal
+        return 0;  // the server reads an empty text as zero, except for a decimal
     }
     return result;
 }

@@ -11,7 +11,7 @@
 
 namespace tsln::workbench {
 
-/// A refusal with the text that the statement fails with.
+/// An SQL function's error; the statement fails with its text.
 using SqlRefusal = std::runtime_error;
 
 /// An argument of a function.
@@ -24,9 +24,9 @@ class SqlValue {
     bool isInteger() const { return sqlite3_value_type(value_) == SQLITE_INTEGER; }
     std::int64_t integer() const { return sqlite3_value_int64(value_); }
     double real() const { return sqlite3_value_double(value_); }
-    /// The text held; of a number its shortest decimal form.
+    /// The text, or a number in its shortest decimal form.
     std::string text() const;
-    /// Text as the server turns it into text on its own: a point in time in its short style.
+    /// The text as the server converts it implicitly: a point in time in its short style.
     std::string joined() const;
     sqlite3_value* raw() const { return value_; }
 
@@ -34,7 +34,7 @@ class SqlValue {
     sqlite3_value* value_;
 };
 
-/// A call of a function: its arguments, and where its result goes.
+/// A call of a function: its arguments and its result.
 class SqlCall {
   public:
     SqlCall(sqlite3_context* context, int count, sqlite3_value** values)
@@ -57,17 +57,17 @@ class SqlCall {
     std::span<sqlite3_value*> values_;
 };
 
-/// The text without blanks at its ends.
+/// Returns the text without blanks at both ends.
 std::string_view trimmed(std::string_view text);
 
-/// Refuses the text, which is no `type`.
+/// Raises the error of a text that is no `type`.
 [[noreturn]] void refuseConversion(const std::string& text, std::string_view type);
-/// The number that a text or number stands for. Refuses any other text, and a number that is too large;
-/// `type` is for the refusal's words.
+/// Returns the number, also from text that holds one. Raises SqlRefusal, which names `type`, for another text and a
+/// number that is too large.
 double toReal(SqlValue value, std::string_view type);
 std::int64_t toInteger(SqlValue value, std::string_view type);
 
-/// Exceptions must not travel through SQLite.
+/// An exception must not pass through SQLite, so it becomes the function's error.
 template <void (*Function)(const SqlCall&)>
 void guarded(sqlite3_context* context, int count, sqlite3_value** values) {
     try {

@@ -7,7 +7,7 @@ struct sqlite3_value;
 
 namespace tsln::workbench {
 
-/// A function as SQLite is told of it: a plain one with `function`, an aggregate with `step` and `final`.
+/// A function to register with SQLite: a scalar one has `function`, an aggregate has `step` and `final`.
 struct SqlFunctionEntry {
     const char* name;
     int arguments;  ///< -1 for any number
@@ -17,11 +17,11 @@ struct SqlFunctionEntry {
     bool deterministic = true;
 };
 
-/// Arithmetic, and conversions to numbers.
+/// Arithmetic and conversions to numbers.
 std::span<const SqlFunctionEntry> sqlNumberFunctions();
-/// Functions that give texts or look into them, and the conversion to text.
+/// Text functions and the conversion to text.
 std::span<const SqlFunctionEntry> sqlTextFunctions();
-/// Calculating with dates, and the conversions to them.
+/// Date arithmetic and the conversions to dates.
 std::span<const SqlFunctionEntry> sqlDateFunctions();
 
 }  // namespace tsln::workbench

@@ -6,10 +6,10 @@ class Database;
 
 namespace tsln::workbench {
 
-/// Gives a connection the functions that translated statements call, and NOCASE the database's own text order
-/// (see TextOrder.h). Throws SQLite::Exception.
+/// Registers the functions that translated statements call, and replaces the collation NOCASE by the database's text
+/// order (see TextOrder.h). Throws SQLite::Exception.
 ///
-/// The collation keeps SQLite's name so that other tools can open the file; they know A to Z only, so the
+/// The collation keeps SQLite's name so that other tools can open the file. Their NOCASE folds only A to Z, so the
 /// schema must not index texts.
 void addSqlFunctions(SQLite::Database& database);
 

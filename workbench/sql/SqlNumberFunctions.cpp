@@ -34,7 +34,7 @@ void add(const SqlCall& call) {
         }
         return call.give(result);
     }
-    // A number among texts makes numbers of all: the server joins only what is text throughout.
+    // With at least one number, all texts are converted to numbers: the server joins only texts.
     double result = 0;
     bool fraction = false;
     for (std::size_t i = 0; i < call.size(); ++i) {
@@ -63,7 +63,7 @@ void divide(const SqlCall& call) {
 double roundTo(double value, int digits) {
     double scale = std::pow(10.0, digits);
     double scaled = value * scale;
-    // What a person reads as a half (1.005, held as 1.00499...) rounds up, as it does in decimals.
+    // A decimal half such as 1.005, stored as 1.00499..., is rounded up, as in decimal arithmetic.
     double result = std::round(scaled + std::copysign(std::abs(scaled) * 1e-15, scaled)) / scale;
     return std::isfinite(result) ? result : value;
 }
@@ -81,7 +81,7 @@ void roundWhole(const SqlCall& call) {
     call[0].isInteger() ? call.give(call[0]) : call.give(Function(toReal(call[0], "number")));
 }
 
-/// AVG: of whole numbers the server gives a whole number, cut off.
+/// AVG. For whole numbers the server returns a whole number, truncated.
 struct Average {
     double sum;
     std::int64_t wholeSum, count;

@@ -12,9 +12,9 @@ namespace tsln::workbench {
 
 namespace {
 
-/// SQLite's parser gives up at about a hundred levels.
+/// SQLite's parser fails at about a hundred levels.
 constexpr int deepestNesting = 50;
-/// Of a token shown in a message, in bytes.
+/// In bytes, of a token in a message.
 constexpr std::size_t longestShown = 60;
 
 }  // namespace
@@ -63,7 +63,7 @@ std::string SqlRewriter::takeName() {
         unknown(std::string(peek().text));
     }
     std::string name = take().name();
-    if (name.empty()) fail("The statement has a name without letters.");
+    if (name.empty()) fail("The statement contains an empty name.");
     return name;
 }
 
@@ -91,7 +91,7 @@ void SqlRewriter::writeName(std::string_view name) {
 }
 
 void SqlRewriter::writeText(const SqlToken& token) {
-    // A quote inside the text stands twice in both dialects.
+    // Both dialects double a quote inside a text, so the text is copied unchanged.
     out_.append("'").append(token.text).append("'");
 }
 
@@ -119,7 +119,7 @@ void SqlRewriter::unexpected() const {
 }
 
 SqlRewriter::Level::Level(SqlRewriter& owner) : depth_(owner.depth_) {
-    // Counted after the check: a level that is refused never comes into being, and nobody would count it off.
+    // The depth is raised after the check: when the constructor throws, no destructor lowers it.
     if (depth_ == deepestNesting) fail("The statement is nested too deeply.");
     ++depth_;
 }

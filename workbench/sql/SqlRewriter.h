@@ -11,9 +11,8 @@
 
 namespace tsln::workbench {
 
-/// Goes through the tokens of a statement from left to right and writes its translation on the way. What all
-/// translators of the dialect share: reading what must or may come next, writing names, and the refusals, all
-/// of them SqlError.
+/// Reads the tokens of a statement from left to right and writes its translation. The base of all translators of the
+/// dialect: it reads expected and optional tokens, writes names, and raises errors as SqlError.
 class SqlRewriter {
   public:
     SqlRewriter(const SqlRewriter&) = delete;
@@ -28,31 +27,31 @@ class SqlRewriter {
 
     // ---- Reading
 
-    /// The token at hand or one after it; behind the last stands an End.
+    /// Returns the current token, or a later one. After the last token, returns an End.
     const SqlToken& peek(std::size_t ahead = 0) const;
     const SqlToken& take();
-    /// Passes tokens that were peeked at.
+    /// Skips tokens that were examined by peek().
     void skip(std::size_t count = 1) { at_ += count; }
     bool accept(std::string_view word);
     bool acceptSign(std::string_view sign);
     void expect(std::string_view word);
     void expectSign(std::string_view sign);
-    /// Another part of a list follows.
+    /// Skips a comma. Returns false when there is none.
     bool comma();
     std::string takeName();
-    /// "dbo." before a name; it is not written.
+    /// Skips "dbo." before a name. Returns false when there is none.
     bool acceptSchema();
 
     std::size_t position() const { return at_; }
     std::span<const SqlToken> tokensSince(std::size_t position) const;
-    /// What the last token taken says, for messages.
+    /// The text of the last token taken, for messages.
     std::string lastTaken() const;
 
     // ---- Writing
 
     void writeName(std::string_view name);
     void writeText(const SqlToken& token);
-    /// A closing bracket, here as there.
+    /// Reads and writes a closing bracket.
     void closeBracket();
 
     std::string out_;
@@ -60,12 +59,12 @@ class SqlRewriter {
     // ---- Refusals
 
     [[noreturn]] static void fail(const std::string& text);
-    /// The construct exists there, but not in this database.
+    /// Raises the error of a construct that exists in SQL Server, but not in this database.
     [[noreturn]] static void unknown(const std::string& construct);
-    /// The token at hand is not what can stand here.
+    /// Raises the error of a current token that cannot occur here.
     [[noreturn]] void unexpected() const;
 
-    /// Counts how deep the statement is nested, for as long as it lives; refuses what is too deep.
+    /// Counts the nesting of the statement for its own lifetime, and raises an error at the limit.
     class Level {
       public:
         explicit Level(SqlRewriter& owner);
@@ -83,10 +82,10 @@ class SqlRewriter {
     int depth_ = 0;
 };
 
-/// The number that the text is, when it is digits only and fits.
+/// Returns the number in a text that has only digits; nothing for another text or a number that is too large.
 std::optional<int> wholeNumber(std::string_view text);
 
-/// Behind a text that is compared, ordered or grouped: how the server does it.
+/// Written after a text that is compared, sorted or grouped, to get the server's text order.
 inline constexpr std::string_view asTextsCompare = " COLLATE NOCASE";
 
 }  // namespace tsln::workbench

@@ -13,7 +13,7 @@ bool isColumn(std::span<const SqlToken> tokens) {
     return true;
 }
 
-/// The statement's own text for these tokens, as long as a name may be.
+/// Returns the statement's own text for these tokens, cut to the length of a name.
 std::string sourceText(std::span<const SqlToken> tokens) {
     constexpr std::size_t longestName = 128;
     auto quotes = [](const SqlToken& token) { return token.quote != 0 ? 1 : 0; };
@@ -58,14 +58,14 @@ void SqlSelect::select() {
     if (limit) out_ += " LIMIT " + *limit;
 }
 
-/// A branch of a UNION cannot carry its own LIMIT in SQLite, but a subquery in its place can.
+/// Wraps a branch of a UNION with a LIMIT into a subquery, because SQLite does not accept the LIMIT there.
 void SqlSelect::closeBranch(std::size_t start, const std::optional<std::string>& limit) {
     if (!limit) return;
     out_.insert(start, "SELECT * FROM (");
     out_ += " LIMIT " + *limit + ")";
 }
 
-/// SELECT to HAVING. Returns the number of TOP.
+/// Translates SELECT to HAVING. Returns the number after TOP.
 std::optional<std::string> SqlSelect::selectCore() {
     expect("SELECT");
     out_ += "SELECT ";
@@ -124,7 +124,7 @@ void SqlSelect::selectItem() {
         out_ += ".*";
         return;
     }
-    // The server's other way to name a column: SELECT Total = COUNT(*)
+    // The server's other syntax for naming a column: SELECT Total = COUNT(*)
     std::optional<std::string> named;
     if (peek().isName() && peek(1).isSign("=")) {
         named = takeName();
@@ -133,19 +133,19 @@ void SqlSelect::selectItem() {
     std::size_t first = position();
     value();
     std::span<const SqlToken> tokens = tokensSince(first);
-    // A column brings its collation along; DISTINCT and UNION go by it.
+    // A column has its own collation; other values need one for DISTINCT and UNION.
     if (!isColumn(tokens)) out_ += asTextsCompare;
     if (named) {
         out_ += " AS ";
         writeName(*named);
     } else if (!alias() && !isColumn(tokens)) {
-        // Left alone, SQLite would name it after the translation.
+        // Without a name, SQLite names the column after the translated expression.
         out_ += " AS ";
         writeName(sourceText(tokens));
     }
 }
 
-/// [AS] alias. True when there was one.
+/// Translates [AS] alias. Returns true when there was one.
 bool SqlSelect::alias() {
     bool said = accept("AS");
     if (peek().kind == Kind::Text) {
@@ -154,7 +154,7 @@ bool SqlSelect::alias() {
         return true;
     }
     if (!said && !peek().isName()) return false;
-    // OUTER APPLY and its like: a bare word that has a meaning here is no alias.
+    // A keyword without AS, as in OUTER APPLY, is not an alias.
     if (!said && peek().kind == Kind::Word && isSqlServerWord(upperAscii(peek().text))) return false;
     out_ += " AS ";
     writeName(takeName());

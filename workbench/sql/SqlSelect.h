@@ -7,16 +7,16 @@
 
 namespace tsln::workbench {
 
-/// Translates SELECT with its sources.
+/// Translates SELECT and its FROM clause.
 class SqlSelect : public SqlExpressions {
   protected:
     using SqlExpressions::SqlExpressions;
 
-    /// From the word SELECT to the end of ORDER BY.
+    /// Translates from the word SELECT to the end of ORDER BY.
     void select() override;
-    /// A table or view, with or without "dbo.". Returns its name.
+    /// Translates the name of a table or view, with or without "dbo.". Returns the name.
     std::string table();
-    /// The WHERE part, when there is one.
+    /// Translates the WHERE clause, when there is one.
     void where();
 
   private:

@@ -5,11 +5,11 @@
 
 namespace tsln::workbench {
 
-/// The text as a literal of a statement, with its quotes.
+/// Returns the text as an SQL literal, with its quotes.
 std::string literal(std::string_view text);
 
-/// A table's or column's name as it stands in a statement. A name that is not made of letters A to Z, digits
-/// and underscores raises HostError(code::fail).
+/// Returns the name of a table or column as statements write it. A name with other characters than A to Z, digits and
+/// underscores raises HostError(code::fail).
 std::string bracketed(std::string_view name);
 bool isPlainName(std::string_view name);
 

@@ -34,7 +34,7 @@ void length(const SqlCall& call) {
     if (call.anyNull()) return call.giveNull();
     std::string text = call[0].text();
     while (text.ends_with(' '))
-        text.pop_back();  // the server does not count them
+        text.pop_back();  // the server does not count trailing blanks
     call.give(std::int64_t(decodeUtf8(text).size()));
 }
 
@@ -58,7 +58,7 @@ void substring(const SqlCall& call) {
     std::int64_t start = std::clamp<std::int64_t>(toInteger(call[1], "int"), -size - (1LL << 32), size + 1);
     std::int64_t count =
         std::min<std::int64_t>(std::int64_t(toCount(call[2], "SUBSTRING")), size + (1LL << 33));
-    // A start before the first character uses up the count, as on the server.
+    // As on the server, positions before the first character count towards the length.
     std::int64_t end = std::min(start + count, size + 1);
     start = std::max<std::int64_t>(start, 1);
     if (end <= start) return call.give(std::string_view());
@@ -88,7 +88,7 @@ void replace(const SqlCall& call) {
     call.give(encodeUtf8(result.append(text, at)));
 }
 
-/// CONCAT: a NULL is an empty text here.
+/// CONCAT. A NULL counts as an empty text.
 void concat(const SqlCall& call) {
     std::string result;
     for (std::size_t i = 0; i < call.size(); ++i)
@@ -96,7 +96,7 @@ void concat(const SqlCall& call) {
     call.give(std::string_view(result));
 }
 
-/// First, middle initial and last name, without the parts that are missing.
+/// Joins first name, middle initial and last name; missing parts are left out.
 void buildEmployeeName(const SqlCall& call) {
     std::string result;
     for (std::size_t i = 0; i < 3; ++i) {
@@ -108,7 +108,7 @@ void buildEmployeeName(const SqlCall& call) {
     call.give(std::string_view(result));
 }
 
-/// (value, length or -1, date style or NULL, 1 to fill up with blanks)
+/// Arguments: value, length or -1, date style or NULL, 1 to pad with blanks.
 void toText(const SqlCall& call) {
     if (call[0].isNull()) return call.giveNull();
     std::string text = call[0].text();
@@ -122,7 +122,7 @@ void toText(const SqlCall& call) {
             }
         }
     } else if (length >= 0 && text.size() > std::size_t(length)) {
-        text = "*";  // the server's mark for a number that the text has no room for
+        text = "*";  // the server's result for a number that does not fit
     }
     if (length >= 0) {
         std::u32string characters = decodeUtf8(text);

@@ -11,7 +11,7 @@ namespace tsln::workbench {
 
 namespace {
 
-/// Signs of two characters, before the single ones are tried.
+/// Signs of two characters, matched before signs of one.
 constexpr std::string_view longSigns[] = {
     "<>", "!=", "<=", ">=", "!<", "!>", "+=", "-=", "*=", "/=", "%=", "&=", "|=", "^=", "::"};
 
@@ -61,7 +61,7 @@ class Tokenizer {
     }
 
     void skipBlockComment() {
-        int depth = 0;  // the server's comments nest
+        int depth = 0;  // comments nest on the server
         do {
             if (at_ >= sql_.size()) fail("A comment that begins with /* is not closed.");
             if (at("/*")) {

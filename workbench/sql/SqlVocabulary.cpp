@@ -32,7 +32,7 @@ const std::unordered_set<std::string_view> reservedWords = {
     "VARYING", "VIEW", "WAITFOR", "WHEN", "WHERE", "WHILE", "WITH", "WITHIN", "WRITETEXT"};
 // clang-format on
 
-/// Words that mean something in their place only, and may name columns anywhere else.
+/// Keywords in certain positions only; elsewhere they may name columns.
 const std::unordered_set<std::string_view> contextualWords = {
     "APPLY",     "CATCH",     "CUBE",   "GO",   "GROUPING", "NEXT",  "NOLOCK", "OFFSET", "ONLY",  "OUTPUT",
     "PARTITION", "RECOMPILE", "ROLLUP", "ROWS", "SETS",     "THROW", "TIES",   "TRY",    "USING", "XML"};

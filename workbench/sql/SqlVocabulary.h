@@ -6,34 +6,34 @@
 
 namespace tsln::workbench {
 
-/// The words of SQL Server's language that this database knows, and what stands for them here. Words and
-/// names are asked for in capitals.
+/// The words of SQL Server's language that this database knows, and their translations. Words and names are passed in
+/// capitals.
 
-/// A word that names nothing unless it stands in brackets.
+/// True for a keyword, which is a name only in brackets.
 bool isReservedSqlWord(std::string_view word);
-/// A word of the language, whether or not it may name a column.
+/// True for a word of the language, also when it may name a column.
 bool isSqlServerWord(std::string_view word);
-/// A word that a statement begins with, known to this database or not.
+/// True for a word that begins a statement, also of a kind that is not supported.
 bool beginsStatement(std::string_view word);
 
-/// SQLite takes at most 127.
+/// SQLite's limit is 127.
 inline constexpr std::size_t mostSqlArguments = 100;
 
-/// A function and the SQLite function that stands for it.
+/// A function and the SQLite function that replaces it.
 struct SqlFunction {
     std::string_view target;
-    std::size_t fewest, most;  ///< arguments
+    std::size_t fewest, most;  ///< number of arguments
     bool aggregate = false;
-    /// The result depends on how texts compare, which goes by the first argument.
+    /// The result depends on text comparison, which the first argument's collation determines.
     bool collates = false;
 };
-/// Null when there is none of that name, here and below.
+/// Returns null for an unknown name, as do the functions below.
 const SqlFunction* findSqlFunction(std::string_view name);
-/// Functions of the company database itself, called as dbo.NAME().
+/// Finds a function of the company database, called as dbo.NAME().
 const SqlFunction* findDatabaseFunction(std::string_view name);
 
-/// A procedure: one that changes rows is a view whose insert trigger does the work. Its arguments stand
-/// between `begin` and `end`.
+/// A procedure. One that changes rows is a view with an insert trigger. Its arguments are written between `begin` and
+/// `end`.
 struct SqlProcedure {
     std::string_view begin, end;
     std::size_t arguments;
@@ -44,18 +44,18 @@ const SqlProcedure* findSqlProcedure(std::string_view name);
 struct SqlType {
     enum class Kind { Text, PaddedText, Integer, Bit, Decimal, Real, Date, DateTime };
     Kind kind;
-    int length = -1;          ///< of a text, in characters; -1 for any
+    int length = -1;          ///< of a text, in characters; -1 for no limit
     int scale = 0;            ///< of a decimal
     std::string_view name{};  ///< in capitals
 
     bool isText() const { return kind == Kind::Text || kind == Kind::PaddedText; }
 };
-/// With the length and scale that the type has when the statement gives none.
+/// Returns the type with the length and scale it has when the statement gives none.
 std::optional<SqlType> findSqlType(std::string_view name);
 
-/// The part's name in SqlDates.h, by its name or one of its short forms.
+/// Returns the part's name in SqlDates.h, for its name or a short form.
 std::optional<std::string_view> findDatePart(std::string_view name);
-/// A style that CONVERT to text can write dates in; SqlDate::text carries it out.
+/// True for a date style of CONVERT to text that SqlDate::text() supports.
 bool isDateStyle(int style);
 
 }  // namespace tsln::workbench

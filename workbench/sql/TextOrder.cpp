@@ -8,7 +8,7 @@ namespace {
 
 constexpr char32_t replacement = 0xFFFD;
 
-/// A pattern of LIKE. Its units each match one character, except "%", which matches any number of them.
+/// A pattern of LIKE. Each unit matches one character, except "%", which matches any number.
 class Pattern {
   public:
     Pattern(std::string_view pattern, std::optional<char32_t> escape)
@@ -17,7 +17,7 @@ class Pattern {
     std::size_t size() const { return text_.size(); }
     bool isRun(std::size_t at) const { return text_[at] == U'%' && escape_ != U'%'; }
 
-    /// True when the unit at `at` matches `c`, which is folded. Sets `next` to the place behind the unit.
+    /// Returns true when the unit at `at` matches `c`, which is folded. Sets `next` to the position after the unit.
     bool matches(std::size_t at, char32_t c, std::size_t& next) const {
         char32_t unit = text_[at];
         next = at + 1;
@@ -82,7 +82,7 @@ std::string encodeUtf8(std::u32string_view text) {
 int compareText(std::string_view left, std::string_view right) noexcept {
     std::size_t l = 0, r = 0;
     while (l < left.size() || r < right.size()) {
-        // Equal ASCII characters, the common case of sorting, need no table.
+        // Equal ASCII characters, the usual case in sorting, need no table.
         if (l < left.size() && r < right.size()) {
             const auto x = static_cast<unsigned char>(left[l]);
             const auto y = static_cast<unsigned char>(right[r]);
@@ -102,8 +102,7 @@ bool matchesPattern(std::string_view text, std::string_view pattern, std::option
     std::u32string subject = decodeFolded(text);
     Pattern units(pattern, escape);
 
-    // On a mismatch only the last % takes one more character, which keeps the search from growing
-    // exponentially.
+    // On a mismatch only the last "%" takes one more character, so the time does not grow exponentially.
     std::size_t at = 0, unit = 0, runUnit = std::u32string::npos, runAt = 0;
     while (at < subject.size()) {
         std::size_t next = 0;

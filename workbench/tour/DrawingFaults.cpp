@@ -13,7 +13,7 @@
 namespace tsln::workbench {
 namespace {
 
-/// Looks at one top-level window.
+/// Inspects one top-level window.
 class Inspection {
   public:
     Inspection(const wxTopLevelWindow& window, std::vector<std::string>& faults)
@@ -40,19 +40,19 @@ class Inspection {
     void look(const wxWindow& parent) {
         std::vector<const wxWindow*> shown;
         for (const wxWindow* child : parent.GetChildren()) {
-            // A frame keeps its status bar below its client area.
+            // A frame's status bar is outside its client area.
             const bool isBar = dynamic_cast<const wxStatusBar*>(child) != nullptr;
             if (child->IsShown() && !child->IsTopLevel() && !isBar) shown.push_back(child);
         }
-        // Panes may be drawn too small for all they hold.
+        // Scrolling and split panes may be smaller than their contents.
         const bool holdsAll =
             !dynamic_cast<const wxSplitterWindow*>(&parent) && !parent.CanScroll(wxVERTICAL) &&
-            !dynamic_cast<const wxBookCtrlBase*>(&parent);  // has its tabs outside its client area
+            !dynamic_cast<const wxBookCtrlBase*>(&parent);  // its tabs are outside its client area
         for (const wxWindow* child : shown) {
             lookAtText(*child);
             lookAtAccessKey(*child);
             if (holdsAll && !wxRect(parent.GetClientSize()).Contains(child->GetRect()))
-                tell(*child, "sticks out of its window");
+                tell(*child, "extends beyond its window");
             look(*child);
         }
         for (std::size_t i = 0; i < shown.size(); ++i) {
@@ -89,12 +89,12 @@ class Inspection {
     }
 
     void lookAtPair(const wxWindow& a, const wxWindow& b) {
-        // A frame and what stands in it are siblings to the toolkit.
+        // A group box and the controls in it are siblings in the toolkit.
         for (const wxWindow* window : {&a, &b}) {
             if (dynamic_cast<const wxStaticBox*>(window) || dynamic_cast<const wxStaticLine*>(window)) return;
         }
         if (a.GetRect().Intersects(b.GetRect())) {
-            const wxString what = "lies over \"" + captionOf(b) + "\"";
+            const wxString what = "overlaps \"" + captionOf(b) + "\"";
             tell(a, what.utf8_str());
         }
     }

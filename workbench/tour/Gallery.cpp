@@ -21,9 +21,9 @@ using std::chrono::milliseconds;
 
 constexpr milliseconds timeToDraw{300};
 constexpr milliseconds timeForAProcess{4000};
-constexpr int mostWindows = 12;  ///< that one stop opens one after the other
+constexpr int mostWindows = 12;  ///< the most windows that one stop opens in sequence
 
-/// A call of an operation, made from the event loop because it returns only when its windows are closed.
+/// A call of an operation. It is made from the event loop, because it returns only after its windows are closed.
 struct Call {
     bool returned = false;
     bool notBuilt = false;
@@ -47,11 +47,11 @@ std::shared_ptr<Call> begin(const ObjectPtr& library, const GalleryStop& stop) {
     return call;
 }
 
-/// Waits until the call has returned, or the window in front has stayed the same long enough to be drawn.
+/// Waits until the call has returned, or the front window has been open long enough to be drawn.
 Script::Wait settled(std::shared_ptr<Call> call, milliseconds time = timeToDraw) {
     const void* front = nullptr;
     auto since = std::chrono::steady_clock::now();
-    return until("a window has come to rest", [call, time, front, since]() mutable {
+    return until("a window has stayed in front", [call, time, front, since]() mutable {
         if (call && call->returned) return true;
         const auto now = std::chrono::steady_clock::now();
         if (const void* inFront = frontWindow(); inFront != front || !inFront) {
@@ -69,7 +69,7 @@ std::string escaped(const std::string& text) {
     return html;
 }
 
-/// The pictures with the page that shows them, and what was found wrong on the way.
+/// The pictures, the page that shows them, and the faults that were found.
 class Album {
   public:
     Album(std::string folder, const wxTopLevelWindow& workbench)
@@ -122,7 +122,7 @@ class Album {
     std::vector<std::string> faults_, passedOver_;
 };
 
-/// The windows that a stop has opened, each of which is taken once.
+/// The windows opened by a stop. Each is photographed once.
 class Windows {
   public:
     Windows(Album& album, std::string stop, const wxTopLevelWindow& workbench)
@@ -162,7 +162,8 @@ bool listHasKeyboard() {
     return false;
 }
 
-/// A look at what has opened, the stop's own keys, then Esc until everything is closed.
+/// Returns the steps of a stop: a look at the opened window, the stop's own keys, then Esc until all windows are
+/// closed.
 std::vector<Keystroke> strokesAt(const GalleryStop& stop) {
     std::vector<Keystroke> strokes{{.kind = Keystroke::Kind::Look}};
     std::ranges::move(readKeys(stop.keys), std::back_inserter(strokes));
@@ -195,7 +196,7 @@ Script galleryRound(ObjectPtr library, Company& company, wxTopLevelWindow& workb
             if (stroke.kind == Keystroke::Kind::Picture) {
                 windows.take();
             } else if (windows.isFrontNew()) {
-                if (listHasKeyboard()) press(WXK_HOME);  // a list says more with a row selected
+                if (listHasKeyboard()) press(WXK_HOME);  // a list shows more with a row selected
                 co_await settled(call);
                 windows.takeFront();
             }

@@ -13,10 +13,10 @@ class wxTopLevelWindow;
 
 namespace tsln::workbench {
 
-/// A round of every screen, each in real windows over the company: a picture of the workbench, then one of
-/// each window that a stop opens, in `folder` with a page "index.html" that shows them all. Screens that are
-/// not built yet are passed over. After the last stop the script fails with all that went wrong: a call that
-/// raised an error, a window that Esc does not close, what drawingFaults() finds.
+/// Visits all screens in real windows over the company. Saves a picture of the workbench, then of each window that a
+/// stop opens, in `folder`, with a page "index.html" that shows all of them. Screens that are not built yet are
+/// skipped. After the last stop the script fails with all faults: a call that raised an error, a window that Esc does
+/// not close, and the results of drawingFaults().
 ///
 /// `library` is called while the script waits; the workbench's own window is hidden then.
 Script galleryRound(ObjectPtr library, Company& company, wxTopLevelWindow& workbench,

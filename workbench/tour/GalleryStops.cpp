@@ -13,12 +13,12 @@ namespace {
 
 using enum Operation;
 
-/// What suits an operation better than the usual arguments.
+/// The arguments of an operation that needs other than the usual ones.
 struct Particular {
     Operation operation;
     std::vector<std::string> arguments;
     std::string_view prepare = {};
-    bool makesRows = true;  ///< an operation that edits a row makes a new one for 0
+    bool makesRows = true;  ///< for an operation that edits rows: 0 adds a row
 };
 const Particular particulars[] = {
     {ShowMoveReferences, {"1", "1"}},
@@ -35,7 +35,7 @@ const Particular particulars[] = {
     {ShowEditMeasurementMount, {"1"}, "INSERT INTO MeasurementMounts (Mount) VALUES ('Ceiling')"},
 };
 
-/// What a call alone does not show.
+/// Stops that need keys or prepared data.
 const GalleryStop further[] = {
     {"list-several-selected", ShowManufacturers, {}, "Shift+Down Shift+Down *"},
     {"list-more-commands", ShowTerms, {}, "Alt+m"},

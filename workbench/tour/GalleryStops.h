@@ -8,29 +8,29 @@
 
 namespace tsln::workbench {
 
-/// One stop of the gallery: an operation that is called, and what the user does in the windows it opens.
+/// One stop of the gallery: the called operation, and the user's actions in the windows it opens.
 struct GalleryStop {
-    std::string name;  ///< of its pictures' files
+    std::string name;  ///< the base of the picture files' names
     Operation operation;
     std::vector<std::string> arguments = {};
-    /// Keys in their order, as readKeys() has them.
+    /// The keys to press, in the syntax of readKeys().
     std::string_view keys = {};
-    /// Statements that make the company what the stop needs, split by ";".
+    /// Statements that prepare the company for the stop, separated by ";".
     std::string_view prepare = {};
 };
 
-/// Every operation that opens a screen, with arguments that suit the demonstration company; those that edit a
-/// row once for a new row and once for an existing one. Then what takes some keys to show. An operation that
-/// is added to the library is among them by itself.
+/// Returns a stop for every operation that opens a screen, with arguments that fit the demonstration company; for an
+/// operation that edits a row, one for a new row and one for an existing row. Then follow stops that need keys. An
+/// operation added to the library is included automatically.
 std::vector<GalleryStop> galleryStops();
 
-/// What the user does next.
+/// The next action of the user.
 struct Keystroke {
     enum class Kind {
         Press,
         Type,
-        Look,     ///< at what has opened
-        Picture,  ///< at the windows as they are now, new or not
+        Look,     ///< looks at a newly opened window
+        Picture,  ///< takes a picture of the current windows, new or not
         Wait,     ///< gives a process the time to end
     };
     Kind kind = Kind::Press;
@@ -39,8 +39,8 @@ struct Keystroke {
     std::string text;
 };
 
-/// Reads keys: "Enter", "Shift+Down", "Alt+m", "*" for a picture, "..." for a wait, and "=Net_21" to type
-/// "Net 21". Throws std::invalid_argument for a word that is none of these.
+/// Parses keys: "Enter", "Shift+Down", "Alt+m", "*" for a picture, "..." for a wait, and "=Net_21" to type "Net 21".
+/// Throws std::invalid_argument for any other word.
 std::vector<Keystroke> readKeys(std::string_view keys);
 
 }  // namespace tsln::workbench

@@ -74,7 +74,7 @@ std::vector<OperationGroup> findOperations(std::string_view search) {
             });
         if (!matching.operations.empty()) found.push_back(std::move(matching));
     }
-    // An operation of just that name comes first, with its group.
+    // An operation with exactly this name comes first, with its group.
     const auto exact = [&](Operation operation) { return sameName(info(operation).name, search); };
     std::ranges::stable_partition(found, [&](OperationGroup& group) {
         std::ranges::stable_partition(group.operations, exact);

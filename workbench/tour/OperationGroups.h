@@ -9,20 +9,20 @@
 
 namespace tsln::workbench {
 
-/// Operations of the library that belong together, as the workbench lists them.
+/// A group of related operations of the library, as the workbench lists them.
 struct OperationGroup {
     std::string_view caption;
     std::vector<Operation> operations;
 };
 
-/// Every operation, once, in groups.
+/// Returns all operations in groups, each once.
 std::span<const OperationGroup> operationGroups();
 
-/// The operations whose name or group caption contains all the words of the search text, without letter case.
-/// Groups without a match are left out; an empty search text matches everything.
+/// Returns the operations whose name or group caption contains all words of the search text, without letter case.
+/// Groups without a match are left out; an empty search text matches all operations.
 std::vector<OperationGroup> findOperations(std::string_view search);
 
-/// How a developer writes the call: "ShowMoveReferences(Integer listCode, Long ID) As Boolean".
+/// Returns the declaration of an operation: "ShowMoveReferences(listCode As Integer, ID As Long) As Boolean".
 std::string signature(const OperationInfo& row);
 std::string_view typeCaption(ValueType type);
 

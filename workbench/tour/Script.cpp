@@ -30,7 +30,7 @@ ScriptRunner::ScriptRunner(Script script, std::function<void(const std::exceptio
 }
 
 void ScriptRunner::Notify() {
-    // The script's own acts may let events pass, and with them this timer.
+    // An action of the script may process events, and this timer with them.
     if (running_) return;
     running_ = true;
     const bool ended = script_.resumeIfReady();

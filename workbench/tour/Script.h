@@ -12,14 +12,14 @@
 
 namespace tsln::workbench {
 
-/// What a script found different from what it expected. what() says so in a sentence.
+/// An expectation of a script that was not met. what() describes it in a sentence.
 class ScriptFailure : public std::runtime_error {
   public:
     using std::runtime_error::runtime_error;
 };
 
-/// A user's acts, written down in order as a coroutine that runs beside the windows, in whatever event loop
-/// they are: it acts, waits until the windows show what it expects, and acts again.
+/// The actions of a user, written as a coroutine that runs beside the windows in any event loop: it acts, waits until
+/// the windows show the expected result, and acts again.
 ///
 ///     Script visit() {
 ///         press(WXK_INSERT);
@@ -27,8 +27,8 @@ class ScriptFailure : public std::runtime_error {
 ///     }
 class Script {
   public:
-    /// A wait within a script: until the condition holds. When it does not within the time limit, the script
-    /// ends with ScriptFailure naming `what`.
+    /// A wait of a script for a condition. When the time limit passes first, the script ends with a ScriptFailure
+    /// that names `what`.
     struct Wait {
         std::string what;
         std::function<bool()> condition;
@@ -36,7 +36,7 @@ class Script {
 
         bool await_ready() const { return false; }
         void await_resume() const {
-            if (!*held) throw ScriptFailure("Waited in vain until " + what + ".");
+            if (!*held) throw ScriptFailure("The time limit passed before " + what + ".");
         }
         template <class Promise>
         void await_suspend(std::coroutine_handle<Promise> script) {
@@ -66,9 +66,10 @@ class Script {
         if (script_) script_.destroy();
     }
 
-    /// Goes on when what the script waits for has come, or its time is up. True once the script has ended.
+    /// Resumes the script when the awaited condition holds or its time has passed. Returns true once the script has
+    /// ended.
     bool resumeIfReady();
-    /// What ended the script early; null when it ran to its end.
+    /// The exception that ended the script early; null when it ran to its end.
     std::exception_ptr failure() const { return script_.promise().failure; }
 
   private:
@@ -78,13 +79,13 @@ class Script {
 
 /// Waits until the condition holds, for at most 20 seconds.
 Script::Wait until(std::string what, std::function<bool()> condition);
-/// Lets time pass, for what a program cannot see, such as a window manager's work.
+/// Waits for events that a program cannot observe, such as the work of a window manager.
 Script::Wait pause(std::chrono::milliseconds time);
 
 /// Runs a script beside the program's windows.
 class ScriptRunner : private wxTimer {
   public:
-    /// `done` is called once, with what ended the script early or null.
+    /// `done` is called once, with the exception that ended the script early, or null.
     ScriptRunner(Script script, std::function<void(const std::exception_ptr&)> done);
 
   private:

@@ -11,12 +11,12 @@
 namespace tsln::workbench {
 namespace {
 
-/// Numbers, names and saves the pictures of a tour.
+/// Numbers, titles and saves the pictures of a tour.
 class Album {
   public:
     explicit Album(std::string folder) : folder_(std::move(folder)) {}
 
-    /// The screen as it is; say what it shows.
+    /// Saves a picture of the display. `shows` describes it.
     void take(const char* name, const char* shows) {
         char file[64];
         std::snprintf(file, sizeof file, "%02d-%s.png", ++count_, name);
@@ -36,7 +36,7 @@ Script::Wait untilActive(const std::string& title) {
                  [title] { return activeWindowTitle() == title && !popupIsOpen(); });
 }
 
-/// Time for windows to be drawn before a picture is taken, and for a list to take up its rows.
+/// Waits until windows are drawn and a list shows its rows.
 Script::Wait settled() {
     return pause(std::chrono::milliseconds(400));
 }
@@ -49,21 +49,21 @@ void expect(bool came, const std::string& what) {
     if (!came) throw ScriptFailure("The company database does not show that " + what + ".");
 }
 
-/// Places of the commands in the "More" popup, separators not counted.
+/// Positions of the commands in the "More" popup, without separators.
 enum class MoreCommand { Import = 1, Export, Print, Save, MoveReferences, InstallDefaults };
 
 }  // namespace
 
 Script termsTour(Company& company, std::string folder) {
     Album album(folder);
-    const std::string exported = "terms.xml";  // relative: dialogs start in the working folder
+    const std::string exported = "terms.xml";  // a relative path: dialogs start in the working folder
     std::filesystem::current_path(pathOf(folder));
     std::filesystem::remove(exported);
 
     const auto chooseMore = [](MoreCommand command) -> Script::Wait {
         press('m', wxMOD_ALT);
         int step = 0;
-        // The menu takes a moment to grab the keyboard; then one key a tick.
+        // The menu takes a moment to grab the keyboard; then one key is sent per tick.
         return until("the \"More\" command is chosen", [command, step]() mutable {
             if (!popupIsOpen() && step == 0) return false;
             if (step++ < static_cast<int>(command)) {
@@ -173,9 +173,9 @@ Script termsTour(Company& company, std::string folder) {
     co_await chooseMore(MoreCommand::Import);
     co_await untilActive("Open");
     co_await settled();
-    type("./" + exported);  // a path opens the dialog's field for one
+    type("./" + exported);  // typing a path opens the dialog's field for it
     co_await settled();
-    album.take("import", "Import: every row was deleted, the exported file comes back");
+    album.take("import", "Import: every row was deleted, the exported file is imported");
     press(WXK_RETURN);
     co_await untilActive("Tessaline");
     co_await settled();
@@ -184,7 +184,7 @@ Script termsTour(Company& company, std::string folder) {
     co_await untilActive("Terms");
     expect(count(company, "ID > 0") == defaults - 2 &&
                count(company, "Terms = 'Net 21 Days' AND DueDays = 20 AND Discount = 0.015") == 1,
-           "the exported terms came back");
+           "the exported terms were imported");
 
     press('m', wxMOD_ALT);
     co_await until("the popup is open", [] { return popupIsOpen(); });

@@ -20,7 +20,7 @@ void press(int key, int modifiers) {
 
 void type(const std::string& text) {
     for (const char c : text) {
-        // Capitals and some signs need the shift key, which the simulator presses for letters only.
+        // Capitals and some signs need the Shift key; the simulator presses it only for letters.
         const bool shifted = (c >= 'A' && c <= 'Z') ||
                              std::string_view("!@#$%^&*()_+{}|:\"<>?~").find(c) != std::string_view::npos;
         press(c, shifted ? wxMOD_SHIFT : wxMOD_NONE);
@@ -53,7 +53,7 @@ GtkWidget* openMenu() {
     return grabbed && GTK_IS_MENU(grabbed) ? grabbed : nullptr;
 }
 
-/// What the display shows of the program's windows, on white.
+/// Returns a picture of the program's windows as the display shows them, on white.
 GdkPixbuf* pictureOf(const std::vector<GtkWindow*>& windows) {
     std::vector<GdkRectangle> places;
     GdkWindow* root = gdk_get_default_root_window();

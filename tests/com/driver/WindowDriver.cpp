@@ -11,7 +11,7 @@ namespace {
 constexpr DWORD patience = 20000;  // milliseconds: Wine's first window takes some seconds
 constexpr DWORD pause = 20;
 
-/// Repeats `look` until it finds something or the time to wait is over.
+/// Calls `look` repeatedly until it finds something or the time limit is reached.
 template <class T>
 T waitFor(const std::function<T()>& look, const std::string& what) {
     const ULONGLONG end = GetTickCount64() + patience;
@@ -22,7 +22,7 @@ T waitFor(const std::function<T()>& look, const std::string& what) {
     std::string seen;
     for (const std::string& caption : WindowDriver::captions())
         seen += " '" + caption + "'";
-    throw DriverError(what + " did not come; there are" + (seen.empty() ? " no windows" : seen));
+    throw DriverError(what + " did not appear; there are" + (seen.empty() ? " no windows" : seen));
 }
 
 std::string captionOf(HWND window) {

@@ -90,7 +90,7 @@ TEST(Wide, KeepsEveryCharacterAndReplacesInvalidOnes) {
     EXPECT_EQ("", fromBstr(nullptr));
 }
 
-TEST_F(EdgeTest, EveryValueSurvivesTheWayOutAndBack) {
+TEST_F(EdgeTest, EveryValueIsUnchangedAfterARoundTrip) {
     const Variant values[] = {Variant(),
                               Null(),
                               true,
@@ -219,7 +219,7 @@ SAFEARRAY* arrayOf(std::vector<LONG> values, LONG lowerBound) {
     return array;
 }
 
-TEST_F(EdgeTest, ArraysAreCollectionsAndGoBackAsTheyCame) {
+TEST_F(EdgeTest, ArraysAreCollectionsAndAreReturnedUnchanged) {
     for (const LONG lowerBound : {0L, 1L, -5L}) {
         VARIANT value;
         V_VT(&value) = VT_ARRAY | VT_I4;

@@ -40,7 +40,7 @@ TEST_F(LibraryTest, HoldsTheHostBetweenInitializeAndPreTerminate) {
     EXPECT_EQ(nullptr, held.Get());
 }
 
-TEST_F(LibraryTest, InitialSyncCompleteInAllItsBranches) {
+TEST_F(LibraryTest, InitialSyncCompleteChecksEveryCondition) {
     std::map<std::string, Variant> scalars;
     host->on("Database.ExecuteScaler", [&](Arguments a) {
         const Variant& value = scalars.at(a[0].toText());
@@ -138,7 +138,7 @@ TEST_F(LibraryTest, AnOperationWithoutAScreenFailsWithSourceAndText) {
 /// Opens the terms dialog and checks which ID the call passed.
 class ArgumentTest : public LibraryTest {
   protected:
-    /// The statement by which the dialog read its row.
+    /// Returns the statement by which the dialog reads its row.
     std::string rowAskedFor(const std::function<HRESULT()>& open) {
         initialize();
         host->forget();
@@ -151,7 +151,7 @@ class ArgumentTest : public LibraryTest {
     }
 };
 
-TEST_F(ArgumentTest, ValuesReferencesAndReferencesToVariantsAreTakenAlike) {
+TEST_F(ArgumentTest, ValuesReferencesAndReferencesToVariantsAreAccepted) {
     LONG byReference = 41;
     VARIANT inVariant = variantOf(42);
     VARIANT small;

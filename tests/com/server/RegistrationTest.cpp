@@ -14,7 +14,7 @@ constexpr char classId[] = "{7D3C0B51-6F0E-4C1B-9A86-1F2E5B0D9C31}";
 constexpr char interfaceId[] = "{7D3C0B52-6F0E-4C1B-9A86-1F2E5B0D9C31}";
 constexpr char libraryId[] = "{7D3C0B50-6F0E-4C1B-9A86-1F2E5B0D9C31}";
 
-/// A value of HKEY_CLASSES_ROOT, or "-" when it is not there.
+/// Returns a value of HKEY_CLASSES_ROOT, or "-" when it does not exist.
 std::string registered(const std::string& key, const char* value = "") {
     wchar_t text[1024];
     DWORD size = sizeof text;
@@ -103,7 +103,7 @@ VARTYPE typeOf(ValueType type) {
     return VT_VOID;
 }
 
-/// The type of a parameter or, for a pointer, the type that it points to; true for a pointer.
+/// Returns the type of a parameter or, for a pointer, the type it points to; the second value is true for a pointer.
 std::pair<VARTYPE, bool> typeOf(const ELEMDESC& parameter) {
     const TYPEDESC& type = parameter.tdesc;
     return type.vt == VT_PTR ? std::pair{type.lptdesc->vt, true} : std::pair{type.vt, false};

@@ -5,13 +5,13 @@
 
 #include "com/edge/ComObject.h"
 #include "tests/com/driver/WindowDriver.h"
-#include "tslnmaint5.h"  // made from the module's interface description: all that a client knows of it
+#include "tslnmaint5.h"  // generated from the interface description, all that a client knows of the module
 
 namespace tsln::test {
 
 using com::ComPtr;
 
-/// The path of the DLL, which lies beside this program.
+/// The path of the DLL, which is in this program's folder.
 std::wstring serverFile();
 
 /// Loads the DLL and calls an exported function without arguments, as the system's registration tool does.
@@ -20,8 +20,8 @@ HRESULT callServer(const char* function);
 /// Creates a `Library` by its program identifier.
 ComPtr<ILibrary> newLibrary();
 
-/// Calls a member by its name, with arguments in their order, and returns the result code. `result`, `told`
-/// and `wrong` may be null.
+/// Calls a member by name with arguments in their order. Returns the result code. `result`, `told` and `wrong` may be
+/// null.
 HRESULT callByName(IDispatch* object, const std::string& member, std::vector<VARIANT> arguments,
                    VARIANT* result = nullptr, EXCEPINFO* told = nullptr, UINT* wrong = nullptr);
 
@@ -29,12 +29,11 @@ VARIANT variantOf(LONG value);
 VARIANT variantOf(const wchar_t* text);
 VARIANT missing();
 
-/// The thread's error object, which a failed early-bound call has set, as "source: text"; empty when there is
-/// none.
+/// Returns the thread's error object after a failed early-bound call, as "source: text"; empty when there is none.
 std::string errorObject();
 
-/// Operates windows on a thread of its own while the test's thread waits in a call that opens a modal screen.
-/// When an act fails, the test fails and all screens are closed.
+/// Operates windows on a second thread while the test's thread waits in a call that opens a modal screen. When an
+/// action fails, the test fails and all screens are closed.
 class User {
   public:
     explicit User(std::function<void(WindowDriver&)> acts);

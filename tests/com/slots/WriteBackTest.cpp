@@ -118,7 +118,7 @@ TEST_F(WriteBackTest, SlotsWriteEveryTypeOfTheTable) {
     EXPECT_EQ(2.5, real);
 }
 
-TEST_F(WriteBackTest, ObjectsAreReplacedWithTheirReferencesKeptRight) {
+TEST_F(WriteBackTest, ReplacedObjectsKeepCorrectReferenceCounts) {
     const long objects = moduleReferences();
     {
         ComPtr<IDispatch> first = adopt(newDispatch(std::make_shared<Nothing>()));
@@ -163,7 +163,7 @@ TEST_F(WriteBackTest, LateBoundVariablesAreWrittenInTheirOwnTypes) {
     ASSERT_EQ(S_OK, callByName(L"ShowMoveReferences", {refer(VT_BSTR, &text), refer(VT_VARIANT, &link)}));
     EXPECT_EQ("12", fromBstr(text));
     EXPECT_EQ(70000, real);
-    EXPECT_EQ(VT_R8 | VT_BYREF, V_VT(&toReal)) << "the reference itself stays";
+    EXPECT_EQ(VT_R8 | VT_BYREF, V_VT(&toReal)) << "the reference itself is kept";
     SysFreeString(text);
 
     // A caller that passes values gets no error.

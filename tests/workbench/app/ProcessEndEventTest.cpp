@@ -5,7 +5,7 @@
 namespace tsln::workbench {
 namespace {
 
-TEST(ProcessEndEvent, NotesEveryEndButASuccess) {
+TEST(ProcessEndEvent, EveryEndExceptSuccessIsLogged) {
     EXPECT_EQ(processEndEvent("program", {.started = true, .exitCode = 0}), std::nullopt);
     const std::pair<ProcessEnd, const char*> ends[] = {
         {{.started = false}, "The program could not be started: program /Keys:X"},

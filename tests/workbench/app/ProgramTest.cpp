@@ -44,7 +44,7 @@ class ProgramTest : public testing::Test {
     const tsln::test::TempFolder folder_;
 };
 
-TEST_F(ProgramTest, CommandLinesThatCannotBeRunSayWhy) {
+TEST_F(ProgramTest, AnInvalidCommandLineIsExplained) {
     const struct {
         const char* arguments;
         int exitCode;
@@ -65,8 +65,8 @@ TEST_F(ProgramTest, CommandLinesThatCannotBeRunSayWhy) {
     }
 }
 
-TEST_F(ProgramTest, CompaniesAndUsersThatCannotBeUsedAreToldAndLeftAlone) {
-    std::ofstream(path("text.company")) << "not a database, whatever its name says";
+TEST_F(ProgramTest, AnUnusableCompanyOrUserIsReportedAndTheFileIsUnchanged) {
+    std::ofstream(path("text.company")) << "not a database in spite of its name";
     fs::create_directories(path("a folder"));
     { const Company company(path("good.company")); }
     const auto before = fs::last_write_time(path("text.company"));
@@ -79,12 +79,12 @@ TEST_F(ProgramTest, CompaniesAndUsersThatCannotBeUsedAreToldAndLeftAlone) {
         {"--company '" + path("a folder") + "'", 3},
         {"--company '" + path("no/such/folder/x.company") + "'", 3},
         {"--company '" + path("good.company") + "' --user nobody", 4},
-        {"--company '" + path("good.company") + "'", 5},  // all is well but for the display
+        {"--company '" + path("good.company") + "'", 5},  // correct, except that there is no display
     };
     for (const auto& c : cases) {
         const Ended ended = runWorkbench(c.arguments);
         EXPECT_EQ(ended.exitCode, c.exitCode) << c.arguments;
-        EXPECT_THAT(ended.output, testing::EndsWith(".\n")) << "no sentence: " << c.arguments;
+        EXPECT_THAT(ended.output, testing::EndsWith(".\n")) << "the message is not a sentence: " << c.arguments;
     }
     EXPECT_EQ(fs::last_write_time(path("text.company")), before);
     EXPECT_FALSE(fs::exists(path("no")));

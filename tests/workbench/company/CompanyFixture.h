@@ -12,7 +12,7 @@
 
 namespace tsln::workbench {
 
-/// A folder that goes away with the test, and how many files are in it.
+/// A temporary folder that can count its files.
 class TemporaryFolder : public test::TempFolder {
   public:
     std::size_t size() const {
@@ -21,16 +21,16 @@ class TemporaryFolder : public test::TempFolder {
     }
 };
 
-/// Takes the demonstration's terms away, as if there had never been any.
+/// Deletes the demonstration's terms and resets their keys.
 inline void forgetTerms(const std::string& path) {
     SQLite::Database(path, SQLite::OPEN_READWRITE)
         .exec("DELETE FROM Terms; DELETE FROM sqlite_sequence WHERE name = 'Terms'");
 }
 
-/// A company whose terms are the test's own.
+/// A test with a company whose terms are empty at first.
 class CompanyTest : public testing::Test {
   public:
-    /// The rows in one line: columns split by "|", rows by ";". NULL columns are left out.
+    /// Returns the rows in one line: columns separated by "|", rows by ";". NULL columns are left out.
     static std::string rows(Company& company, const std::string& sql) {
         pugi::xml_document document;
         std::string xml = company.read(sql);
@@ -52,7 +52,7 @@ class CompanyTest : public testing::Test {
   protected:
     CompanyTest() { forgetTerms(company_.path()); }
     std::string rows(const std::string& sql) { return rows(company_, sql); }
-    /// The text that the statement fails with.
+    /// Returns the error text of a statement.
     std::string failure(const std::string& sql) {
         try {
             company_.execute(sql);

@@ -21,7 +21,7 @@ std::string bytesOf(const std::string& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-/// Why opening fails; the sentence must name the file.
+/// Returns why opening fails. The message must name the file.
 std::optional<Reason> refusal(const std::string& path, OpenMode access = OpenMode::Create) {
     try {
         Company company(path, access);
@@ -32,7 +32,7 @@ std::optional<Reason> refusal(const std::string& path, OpenMode access = OpenMod
     }
 }
 
-TEST_F(CompanyTest, BeginsAsARetailersCompany) {
+TEST_F(CompanyTest, ANewCompanyHoldsTheDemonstrationData) {
     const std::pair<const char*, const char*> cases[] = {
         {"SELECT COUNT(*) AS theCount FROM Company", "1"},
         {"SELECT SyncState FROM Company", "4"},
@@ -45,9 +45,9 @@ TEST_F(CompanyTest, BeginsAsARetailersCompany) {
         {"SELECT FirstName, LastName FROM Employees WHERE Username = 'ADMIN' AND CanLogin <> 0",
          "Dana|Whitfield"},
         {"SELECT MIN(Access & 60) FROM SecurityRoleAccess WHERE SecurityRoleID = 1", "60"},
-        {"SELECT DISTINCT Access FROM SecurityRoleAccess a INNER JOIN EmployeeSecurityRoles e ON "
-         "e.SecurityRoleID = "
-         "a.SecurityRoleID INNER JOIN Employees u ON u.ID = e.EmployeeID WHERE u.Username = 'viewer'",
+        {"SELECT DISTINCT Access FROM SecurityRoleAccess a "
+         "INNER JOIN EmployeeSecurityRoles e ON e.SecurityRoleID = a.SecurityRoleID "
+         "INNER JOIN Employees u ON u.ID = e.EmployeeID WHERE u.Username = 'viewer'",
          "4"},
         {"SELECT COUNT(*) FROM Orders o LEFT JOIN Customers c ON c.ID = o.CustomerID WHERE c.ID IS NULL",
          "0"},
@@ -60,7 +60,7 @@ TEST_F(CompanyTest, BeginsAsARetailersCompany) {
     EXPECT_EQ(folder_.size(), 1u);  // no temporary file is left
 }
 
-TEST_F(CompanyTest, HasAViewForEachExport) {
+TEST_F(CompanyTest, EveryExportHasAView) {
     SQLite::Database file(company_.path());
     SQLite::Statement views(
         file, "SELECT name FROM sqlite_schema WHERE type = 'view' AND name LIKE 'vwExporting%'");
@@ -78,7 +78,7 @@ TEST_F(CompanyTest, HasAViewForEachExport) {
     EXPECT_EQ(terms.find("<ID>"), std::string::npos);
 }
 
-TEST_F(CompanyTest, KeepsTextAsItIs) {
+TEST_F(CompanyTest, TextIsStoredUnchanged) {
     const std::string texts[] = {"O'Brien & <Sons>", "𝄞 𠀋 ü", std::string(60'000, 'w') + "é",
                                  " blanks ",         "]]>",    "&#13;"};
     for (const std::string& text : texts) {
@@ -93,10 +93,9 @@ TEST_F(CompanyTest, KeepsTextAsItIs) {
     }
 }
 
-TEST_F(CompanyTest, ReadsRowsAsADocument) {
+TEST_F(CompanyTest, RowsAreReturnedAsADocument) {
     company_.execute(
-        "INSERT INTO Jobs (JobName, Notes, Created) VALUES ('a<b', 'one\r\ntwo\x01\xFF\tend', "
-        "'2011-03-04T10:20:30')");
+        "INSERT INTO Jobs (JobName, Notes, Created) VALUES ('a<b', 'one\r\ntwo\x01\xFF\tend', '2011-03-04T10:20:30')");
     EXPECT_EQ(
         company_.read("SELECT JobName, Notes, Created, CustomerID FROM Jobs WHERE JobName = 'A<B'"),
         "<Records><Record><JobName>a&lt;b</JobName><Notes>one&amp;#13;&amp;#10;two\uFFFD\uFFFD\tend</Notes>"
@@ -108,13 +107,13 @@ TEST_F(CompanyTest, ReadsRowsAsADocument) {
         company_.read("SELECT COUNT(*) FROM Terms"),
         "<Records><Record><COUNT_x0028__x002A__x0029_>0</COUNT_x0028__x002A__x0029_></Record></Records>");
     EXPECT_EQ(company_.read("SELECT * FROM Terms"), "<Records></Records>");
-    // A view may join a text with bytes; the document has them in hexadecimal.
+    // A view may join a text with bytes, which are hexadecimal in the document.
     SQLite::Database(company_.path(), SQLite::OPEN_READWRITE)
         .exec("CREATE VIEW Bytes AS SELECT x'00ff' AS B");
     EXPECT_EQ(company_.read("SELECT B FROM Bytes"), "<Records><Record><B>00FF</B></Record></Records>");
 }
 
-TEST_F(CompanyTest, GivesScalars) {
+TEST_F(CompanyTest, ScalarsHaveTheirTypes) {
     EXPECT_EQ(company_.scalar("SELECT COUNT(*) FROM Customers"), Variant(std::int32_t(60)));
     EXPECT_EQ(company_.scalar("SELECT 5000000000"), Variant(std::int64_t(5000000000)));
     EXPECT_EQ(company_.scalar("SELECT 0.5, 2"), Variant(0.5));
@@ -125,12 +124,12 @@ TEST_F(CompanyTest, GivesScalars) {
     EXPECT_EQ(rows("SELECT COUNT(*) FROM Customers WHERE Active <> 0"), "57");
 }
 
-TEST_F(CompanyTest, KnowsTheLastInsertAndChange) {
+TEST_F(CompanyTest, LastInsertAndNumberOfChangesAreKnown) {
     company_.execute("INSERT INTO Terms (Terms) VALUES ('a'), ('b')");
     EXPECT_EQ(company_.lastInsertId(), 2);
     EXPECT_EQ(company_.execute("DELETE FROM Terms"), 2);
     company_.execute("INSERT INTO Terms (Terms) VALUES ('c')");
-    EXPECT_EQ(company_.lastInsertId(), 3);  // a key is never given twice
+    EXPECT_EQ(company_.lastInsertId(), 3);  // a key is never reused
     EXPECT_THROW(company_.execute("INSERT INTO Terms (Missing) VALUES ('c')"), SqlError);
     EXPECT_EQ(company_.lastInsertId(), 3);
     company_.execute("UPDATE Terms SET AddedOn = '2000-01-01T00:00:00', UpdatedOn = '2000-01-01T00:00:00'");
@@ -138,7 +137,7 @@ TEST_F(CompanyTest, KnowsTheLastInsertAndChange) {
     EXPECT_EQ(rows("SELECT YEAR(AddedOn) FROM Terms WHERE YEAR(UpdatedOn) > 2020"), "2000");
 }
 
-TEST_F(CompanyTest, TransactionsAreWholeOrNothing) {
+TEST_F(CompanyTest, ATransactionIsCompleteOrUndone) {
     auto fill = [&](bool fail) {
         company_.execute("INSERT INTO Terms (Terms) VALUES ('one')");
         if (fail) throw std::runtime_error("enough");
@@ -149,7 +148,7 @@ TEST_F(CompanyTest, TransactionsAreWholeOrNothing) {
     company_.transaction([&] { fill(false); });
     EXPECT_EQ(rows("SELECT COUNT(*) FROM Terms"), "2");
 
-    // A reader elsewhere keeps the commit from happening: nothing of it may stay behind.
+    // A reader on another connection prevents the commit: no change may remain.
     SQLite::Database other(company_.path(), SQLite::OPEN_READONLY);
     SQLite::Statement reading(other, "SELECT ID FROM Customers");
     reading.executeStep();
@@ -160,7 +159,7 @@ TEST_F(CompanyTest, TransactionsAreWholeOrNothing) {
     EXPECT_EQ(rows("SELECT COUNT(*) FROM Terms"), "4");
 }
 
-TEST_F(CompanyTest, WaitsForAnotherProgramAndThenGivesUp) {
+TEST_F(CompanyTest, ALockedCompanyFailsAfterAWait) {
     SQLite::Database other(company_.path(), SQLite::OPEN_READWRITE);
     other.exec("BEGIN EXCLUSIVE");
     EXPECT_EQ(failure("INSERT INTO Terms (Terms) VALUES ('a')"), "The company is in use by another program.");
@@ -169,7 +168,7 @@ TEST_F(CompanyTest, WaitsForAnotherProgramAndThenGivesUp) {
     EXPECT_EQ(refusal(company_.path()), std::nullopt);
 }
 
-TEST(CompanyFileTest, RefusesWhatIsNoCompanyAndLeavesItAlone) {
+TEST(CompanyFileTest, AFileThatIsNoCompanyIsRefusedAndUnchanged) {
     TemporaryFolder folder;
     auto database = [&](const char* name, const char* sql) {
         SQLite::Database(folder.file(name), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE).exec(sql);
@@ -228,7 +227,7 @@ TEST(CompanyFileTest, ADamagedCompanyFailsOnlyWhereItIsRead) {
     }
 }
 
-TEST(CompanyFileTest, ReadOnlyReadsAndDoesNotWrite) {
+TEST(CompanyFileTest, AReadOnlyCompanyCanBeReadButNotWritten) {
     TemporaryFolder folder;
     Company(folder.file("c"));
     Company company(folder.file("c"), OpenMode::ReadOnly);
@@ -239,8 +238,8 @@ TEST(CompanyFileTest, ReadOnlyReadsAndDoesNotWrite) {
     EXPECT_EQ(company.scalar("SELECT COUNT(*) FROM Customers"), Variant(std::int32_t(60)));
 }
 
-/// Permissions do not bind the administrator, so a child without that power runs the check. The child leaves
-/// no other way but its exit code.
+/// Runs the check in a child process without the administrator's rights, which file permissions do not limit. The
+/// result is the child's exit code.
 int asNobody(const std::function<bool()>& check) {
     pid_t child = ::fork();
     if (child == 0) {
@@ -258,7 +257,7 @@ int asNobody(const std::function<bool()>& check) {
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
-TEST(CompanyFileTest, GoesByThePermissionsOfFileAndFolder) {
+TEST(CompanyFileTest, ThePermissionsOfFileAndFolderAreRespected) {
     TemporaryFolder folder;
     std::string path = folder.file("c");
     Company(path, OpenMode::Create);
@@ -279,7 +278,7 @@ TEST(CompanyFileTest, GoesByThePermissionsOfFileAndFolder) {
     EXPECT_EQ(asNobody([&] { return refusal(folder.file("new")) == Reason::CannotCreate; }), 0);
     ::chmod(path.c_str(), 0000);
     EXPECT_EQ(asNobody([&] { return refusal(path) == Reason::CannotOpen; }), 0);
-    // A file that may be written in a folder that may not has no place for its journal.
+    // A writable file in a read-only folder cannot be written, because its journal cannot be created.
     ::chmod(path.c_str(), 0666);
     EXPECT_EQ(asNobody([&] {
                   Company company(path);
@@ -294,7 +293,7 @@ TEST(CompanyFileTest, GoesByThePermissionsOfFileAndFolder) {
     ::chmod(folder.path().c_str(), 0755);
 }
 
-TEST(CompanyFileTest, TwoThatMakeTheSameFileShareIt) {
+TEST(CompanyFileTest, ProcessesThatCreateTheSameFileShareIt) {
     TemporaryFolder folder;
     std::string path = folder.file("shared");
     std::vector<pid_t> children;

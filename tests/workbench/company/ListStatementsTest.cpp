@@ -7,7 +7,7 @@ namespace tsln::workbench {
 
 namespace {
 
-/// The statement with a number in each place that callers fill.
+/// Replaces each placeholder of a statement by a number.
 std::string filled(std::string statement) {
     for (std::size_t at = 0; (at = statement.find_first_of("<{", at)) != std::string::npos; ++at) {
         const std::size_t end = statement.find_first_not_of("abcdefghijklmnopqrstuvwxyz0123456789", at + 1);
@@ -21,7 +21,7 @@ std::string filled(std::string statement) {
 
 class ListStatementsTest : public CompanyTest {
   protected:
-    /// Runs the statement and takes back what it did. Returns the database's refusal, empty for none.
+    /// Runs the statement and undoes it. Returns the database's error text, or an empty text.
     std::string refusal(const std::string& statement) {
         struct TakeBack {};
         std::string text;
@@ -40,12 +40,11 @@ class ListStatementsTest : public CompanyTest {
     }
 };
 
-/// What the screens of the lists send, in their words.
+/// The statements of the list screens, literally.
 const char* const statements[] = {
     "SELECT * FROM Terms ORDER BY Terms",
     "INSERT INTO Terms (Terms,DueDays,Discount,DiscountDays,Exported) VALUES('<t>', <dd>, <dis>, <d>, <ex>)",
-    "UPDATE Terms SET Terms = '<t>', DueDays = <dd>, Discount = <dis>, DiscountDays = <d>, Exported = <ex> "
-    "WHERE ID = <id>",
+    "UPDATE Terms SET Terms = '<t>', DueDays = <dd>, Discount = <dis>, DiscountDays = <d>, Exported = <ex> WHERE ID = <id>",
     "SELECT * FROM PaymentMethods ORDER BY PaymentMethod",
     "INSERT INTO PaymentMethods (PaymentMethod,PaymentType,Exported) VALUES('<sm>', <t>, <ex>)",
     "UPDATE PaymentMethods SET PaymentMethod = '<sm>', PaymentType = <t>, Exported = <ex> WHERE ID = <id>",
@@ -71,12 +70,10 @@ const char* const statements[] = {
     "INSERT INTO Groups (GroupName,Description) VALUES('<m>', '<d>')",
     "UPDATE Groups SET GroupName = '<m>', Description = '<d>' WHERE ID = <id>",
     "SELECT * FROM CustomerTypes ORDER BY Name",
-    "INSERT INTO CustomerTypes "
-    "(Name,RoundUnitPrice,RoundUnitPriceTo,RoundUnitPriceDirection,OptionDiscountMethod,DiscountMethod) "
+    "INSERT INTO CustomerTypes (Name,RoundUnitPrice,RoundUnitPriceTo,RoundUnitPriceDirection,OptionDiscountMethod,DiscountMethod) "
     "VALUES('<n>', '<rup>', '<rupt>', '<rupd>', '<odm>', '<dm>')",
     "UPDATE CustomerTypes SET Name = '<n>', RoundUnitPrice = '<rup>', RoundUnitPriceTo =  <rupt>, "
-    "RoundUnitPriceDirection = '<rupd>', OptionDiscountMethod = '<odm>', DiscountMethod = '<dm>' WHERE ID = "
-    "<id>",
+    "RoundUnitPriceDirection = '<rupd>', OptionDiscountMethod = '<odm>', DiscountMethod = '<dm>' WHERE ID = <id>",
     "SELECT COUNT(*) AS MyCount FROM CustomerTypes",
     "SELECT * FROM DeliveryRanges ORDER BY Range",
     "INSERT INTO DeliveryRanges (Range) VALUES('<m>')",
@@ -98,20 +95,20 @@ const char* const statements[] = {
     "UPDATE MeasurementMounts SET Mount = '<r>' WHERE ID = <id>",
     "SELECT * FROM Locations ORDER BY LocationName",
     "SELECT * FROM Locations WHERE ID = 1",
-    "SELECT TOP 1 BillToAddress1, BillToAddress2, BillToCity, BillToState, BillToZip, BillToCountry FROM "
-    "Company",
-    "UPDATE Locations SET LocationName = '<name>', Email = '<email>', WebSite = '<web>', Phone1Label = "
-    "'<p1l>', Phone1 = '<p1>', Phone2Label = '<p2l>', Phone2 = '<p2>', Phone3Label = '<p3l>', Phone3 = "
-    "'<p3>', Phone4Label = '<p4l>', Phone4 = '<p4>', ShipToAddress1 = '<sa1>', ShipToAddress2 = '<sa2>', "
-    "ShipToCity = '<sy>', ShipToState = '<ss>', ShipToZip = '<sz>', ShipToCountry = '<sc>', StoreNumber = "
-    "'<sno>', MarketNumber = '<mno>' , MarketName = '<mname>' , Region = '<reg>'  WHERE ID = <id>",
+    "SELECT TOP 1 BillToAddress1, BillToAddress2, BillToCity, BillToState, BillToZip, BillToCountry FROM Company",
+    "UPDATE Locations SET LocationName = '<name>', Email = '<email>', WebSite = '<web>', "
+    "Phone1Label = '<p1l>', Phone1 = '<p1>', Phone2Label = '<p2l>', Phone2 = '<p2>', Phone3Label = '<p3l>', "
+    "Phone3 = '<p3>', Phone4Label = '<p4l>', Phone4 = '<p4>', ShipToAddress1 = '<sa1>', "
+    "ShipToAddress2 = '<sa2>', ShipToCity = '<sy>', ShipToState = '<ss>', ShipToZip = '<sz>', "
+    "ShipToCountry = '<sc>', StoreNumber = '<sno>', MarketNumber = '<mno>' , MarketName = '<mname>' , "
+    "Region = '<reg>'  WHERE ID = <id>",
     "SELECT * FROM ProductTags WHERE ProductID = {0} ORDER BY Tag",
     "SELECT DISTINCT Tag FROM ProductTags ORDER BY Tag",
     "SELECT Tag FROM ProductTags WHERE ProductID = {0}",
     "SELECT COUNT(*) AS MyCount FROM ProductTags WHERE ProductID = {0} AND Tag = '{1}'",
     "INSERT INTO ProductTags (ProductID, Tag) VALUES(<id>,'<t>')",
-    "SELECT PortfolioTags.ID, PortfolioTags.Tag, Portfolio.FileName FROM PortfolioTags INNER JOIN Portfolio "
-    "ON PortfolioTags.PortfolioID = Portfolio.ID ORDER BY PortfolioTags.Tag, Portfolio.FileName",
+    "SELECT PortfolioTags.ID, PortfolioTags.Tag, Portfolio.FileName FROM PortfolioTags "
+    "INNER JOIN Portfolio ON PortfolioTags.PortfolioID = Portfolio.ID ORDER BY PortfolioTags.Tag, Portfolio.FileName",
     "UPDATE PortfolioTags SET Tag = '<new>' WHERE Tag = '<old>'",
     "DELETE FROM PortfolioTags WHERE ID = {0}",
     "SELECT * FROM FieldMeasureCriteria ORDER BY Criteria",
@@ -142,9 +139,9 @@ const char* const statements[] = {
     "INSERT INTO SalesTaxGroups (SalesTaxGroup,Description,Exported) VALUES('<n>', '<d>',<ex>)",
     "UPDATE SalesTaxGroups SET SalesTaxGroup = '<n>', Description = '<d>', Exported = <ex> WHERE ID = <id>",
     "SELECT SalesTaxCodeID FROM SalesTaxGroupCodes WHERE SalesTaxGroupID = 1",
-    "SELECT SalesTaxCodes.Code, SalesTaxCodes.Rate, SalesTaxCodes.Vendor FROM SalesTaxGroupCodes INNER JOIN "
-    "SalesTaxCodes ON SalesTaxGroupCodes.SalesTaxCodeID = SalesTaxCodes.ID WHERE "
-    "(SalesTaxGroupCodes.SalesTaxGroupID = 1)",
+    "SELECT SalesTaxCodes.Code, SalesTaxCodes.Rate, SalesTaxCodes.Vendor FROM SalesTaxGroupCodes "
+    "INNER JOIN SalesTaxCodes ON SalesTaxGroupCodes.SalesTaxCodeID = SalesTaxCodes.ID "
+    "WHERE (SalesTaxGroupCodes.SalesTaxGroupID = 1)",
     "DELETE FROM SalesTaxGroupCodes WHERE SalesTaxGroupID = 1",
     "INSERT INTO SalesTaxGroupCodes (SalesTaxGroupID, SalesTaxCodeID) VALUES(<g>,<c>)",
     // accounts
@@ -154,7 +151,8 @@ const char* const statements[] = {
     "UPDATE Accounts SET Account = '<a>', AccountType = <t>, Exported = <ex> WHERE ID = <id>",
 };
 
-/// Each list, its name column, and what refers to it: table, column. Empty where nothing is counted or moved.
+/// Each list, its name column, and the references to it: table, column. Empty where no references are counted or
+/// moved.
 const struct {
     const char *list, *name;
     std::vector<std::pair<const char*, const char*>> references;
@@ -200,7 +198,7 @@ const struct {
     {"Locations", "LocationName", {{"Customers", "LocationID"}, {"Orders", "LocationID"}}},
 };
 
-TEST_F(ListStatementsTest, TheDatabaseTakesEveryStatement) {
+TEST_F(ListStatementsTest, TheDatabaseAcceptsEveryStatement) {
     for (const char* statement : statements)
         EXPECT_EQ(refusal(statement), "") << statement;
     for (const auto& [list, name, references] : lists) {
@@ -222,20 +220,18 @@ TEST_F(ListStatementsTest, TheDatabaseTakesEveryStatement) {
     }
 }
 
-TEST_F(ListStatementsTest, WhatNoServerTakesFailsWithItsWords) {
+TEST_F(ListStatementsTest, AStatementThatTheServerRefusesFailsWithTheServersMessage) {
     EXPECT_EQ(
         refusal(
-            "INSERT INTO Locations "
-            "(LocationName,Email,WebSite,Phone1Label,Phone1,Phone2Label,Phone2,Phone3Label,Phone3,"
-            "Phone4Label,Phone4,ShipToAddress1,ShipToAddress2,ShipToCity,ShipToState,ShipToZip,ShipToCountry,"
-            "ValidateAddresses,StoreNumber,MarketName,MarketName,Region) VALUES('<name>','<email>','<web>',"
-            "'<p1l>','<p1>','<p2l>','<p2>','<p3l>','<p3>','<p4l>','<p4>','<sa1>','<sa2>','<sy>','<ss>','<sz>'"
-            ",'<sc>',<validateaddresses>,'<sno>','<mno>','<mname>','<reg>')"),
-        "The column name 'MarketName' is specified more than once in the SET clause or column list of an "
-        "INSERT. A column cannot be assigned more than one value in the same clause.");
+            "INSERT INTO Locations (LocationName,Email,WebSite,Phone1Label,Phone1,Phone2Label,Phone2,Phone3Label,"
+            "Phone3,Phone4Label,Phone4,ShipToAddress1,ShipToAddress2,ShipToCity,ShipToState,ShipToZip,ShipToCountry,"
+            "ValidateAddresses,StoreNumber,MarketName,MarketName,Region) "
+            "VALUES('<name>','<email>','<web>','<p1l>','<p1>','<p2l>','<p2>','<p3l>','<p3>','<p4l>','<p4>','<sa1>',"
+            "'<sa2>','<sy>','<ss>','<sz>','<sc>',<validateaddresses>,'<sno>','<mno>','<mname>','<reg>')"),
+        "The column name 'MarketName' is specified more than once in the SET clause or column list of an INSERT. A column cannot be assigned more than one value in the same clause.");
 }
 
-TEST_F(ListStatementsTest, TheDemonstrationCompanyRefersToItsLists) {
+TEST_F(ListStatementsTest, TheDemonstrationCompanyUsesItsLists) {
     Company demonstration(folder_.file("demonstration.company"));
     const auto found = [&](const std::string& sql) { return rows(demonstration, sql); };
     for (const auto& [list, name, references] : lists) {
@@ -250,7 +246,7 @@ TEST_F(ListStatementsTest, TheDemonstrationCompanyRefersToItsLists) {
             EXPECT_EQ(dangling, "0") << table << "." << column;
         }
     }
-    // something to delete in each list that refuses what is in use
+    // each list that refuses to delete used rows has a row that can be deleted
     for (const char* list : {"ProductTypes", "Manufacturers", "ShippingMethods", "JobTypes", "CustomerTypes",
                              "PaymentMethods", "ReferralMethods", "Locations", "Accounts", "Terms"}) {
         for (const auto& row : lists) {

@@ -20,7 +20,7 @@ class PackageProgramTest : public CompanyTest {
 
     std::string psdOption() const { return "/PSD:" + psd_; }
 
-    /// Starts the program with its output in files and `input` to read.
+    /// Starts the program with `input` as its standard input and files as its outputs.
     pid_t start(std::vector<std::string> arguments, const std::string& input = "") {
         std::ofstream(in_) << input;
         pid_t child = ::fork();
@@ -53,7 +53,7 @@ class PackageProgramTest : public CompanyTest {
                 err_ = folder_.file("err");
 };
 
-TEST_F(PackageProgramTest, InstallsTermsOnce) {
+TEST_F(PackageProgramTest, ExistingTermsAreNotInstalledAgain) {
     EXPECT_EQ(run({"/Keys:TSLN50_Terms", "/PSD:\"" + psd_ + "\""}), 0) << errors();
     EXPECT_EQ(rows("SELECT COUNT(*) FROM Terms"), "13");
     EXPECT_EQ(
@@ -62,7 +62,7 @@ TEST_F(PackageProgramTest, InstallsTermsOnce) {
     EXPECT_NE(output().find("13 added, 0 already there."), std::string::npos) << output();
     EXPECT_EQ(errors(), "");
 
-    // What the user has under one of the names stays as it is.
+    // The user's record with one of the names is kept.
     company_.execute("UPDATE Terms SET Terms = 'NET 30', DueDays = 31 WHERE Terms = 'Net 30'");
     company_.execute("DELETE FROM Terms WHERE Terms = 'COD'");
     EXPECT_EQ(run({"/keys:tsln50_terms", psdOption()}), 0) << errors();
@@ -71,7 +71,7 @@ TEST_F(PackageProgramTest, InstallsTermsOnce) {
               "Default terms installed (TSLN50_Terms): 1 added, 12 already there.|2");
 }
 
-TEST_F(PackageProgramTest, InstallsEverySet) {
+TEST_F(PackageProgramTest, EverySetIsInstalled) {
     const std::pair<const char*, const char*> sets[] = {{"Terms", "Terms"},
                                                         {"PaymentMethods", "PaymentMethod"},
                                                         {"ShippingMethods", "ShippingMethod"},
@@ -97,14 +97,14 @@ TEST_F(PackageProgramTest, InstallsEverySet) {
     }
 }
 
-TEST_F(PackageProgramTest, AsksForKeys) {
+TEST_F(PackageProgramTest, TheKeysAreReadFromStandardInput) {
     EXPECT_EQ(run({"/EnterKeys", psdOption()}, "TSLN50_JobTypes ; TSLN50_DeliveryRanges\n"), 0) << errors();
     EXPECT_NE(rows("SELECT COUNT(*) FROM DeliveryRanges"), "0");
     EXPECT_EQ(run({"/EnterKeys", psdOption()}, ""), 2);
     EXPECT_EQ(errors(), "There are no package keys to install.\n");
 }
 
-TEST_F(PackageProgramTest, SaysWhatIsWrong) {
+TEST_F(PackageProgramTest, EveryErrorIsReported) {
     std::ofstream(folder_.file("broken.psd")) << "<PackageSource company=";
     std::ofstream(folder_.file("nameless.psd")) << "<PackageSource/>";
     writePackageSource(folder_.file("gone.psd"), {folder_.file("gone.company")});
@@ -136,7 +136,7 @@ TEST_F(PackageProgramTest, SaysWhatIsWrong) {
     EXPECT_EQ(rows("SELECT COUNT(*) FROM Terms"), "0");
 }
 
-TEST_F(PackageProgramTest, FailsWhenTheCompanyIsHeld) {
+TEST_F(PackageProgramTest, ALockedCompanyIsAnError) {
     company_.transaction([&] {
         company_.execute("INSERT INTO Terms (Terms) VALUES ('mine')");
         EXPECT_EQ(run({"/Keys:TSLN50_Terms", psdOption()}), 6);
@@ -145,7 +145,7 @@ TEST_F(PackageProgramTest, FailsWhenTheCompanyIsHeld) {
     EXPECT_EQ(rows("SELECT Terms FROM Terms"), "mine");
 }
 
-TEST_F(PackageProgramTest, AKilledRunLeavesWholeSetsOnly) {
+TEST_F(PackageProgramTest, AKilledRunLeavesOnlyCompleteSets) {
     pid_t child = start({"/Keys:TSLN50_MeasurementMounts;TSLN50_Terms", psdOption(), "/Delay:60"});
     auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
     while (output().find("  4 of 13") == std::string::npos && std::chrono::steady_clock::now() < deadline) {

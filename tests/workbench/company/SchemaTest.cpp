@@ -9,13 +9,13 @@ namespace tsln::workbench {
 
 namespace {
 
-/// All that the file is made of, but for where a column stands in its table.
+/// Returns all parts of the database, apart from the order of columns.
 std::string partsOf(SQLite::Database& database) {
     std::string parts;
     for (const char* sql :
          {"SELECT type || ' ' || name FROM sqlite_schema ORDER BY 1",
-          "SELECT t.name || '.' || c.name || ' ' || c.type || ifnull(c.dflt_value, '') FROM "
-          "sqlite_schema t JOIN pragma_table_info(t.name) c WHERE t.type = 'table' ORDER BY 1"}) {
+          "SELECT t.name || '.' || c.name || ' ' || c.type || ifnull(c.dflt_value, '') FROM sqlite_schema t "
+          "JOIN pragma_table_info(t.name) c WHERE t.type = 'table' ORDER BY 1"}) {
         SQLite::Statement statement(database, sql);
         while (statement.executeStep())
             parts += statement.getColumn(0).getString() + "\n";
@@ -23,7 +23,7 @@ std::string partsOf(SQLite::Database& database) {
     return parts;
 }
 
-/// Makes the company what it was in version 1.
+/// Reduces the company to the parts of version 1.
 void makeOlder(const std::string& path) {
     SQLite::Database file(path, SQLite::OPEN_READWRITE);
     addSqlFunctions(file);
@@ -66,7 +66,7 @@ TEST(SchemaTest, OpeningAnOlderCompanyUpgradesItAndKeepsItsRows) {
     file.exec("BEGIN IMMEDIATE");
     EXPECT_THAT(refusal(OpenMode::ReadWrite), testing::HasSubstr("in use by another program"));
     file.exec("ROLLBACK");
-    EXPECT_EQ(partsOf(file), older) << "a file that is refused stays as it was";
+    EXPECT_EQ(partsOf(file), older) << "a refused file is unchanged";
     EXPECT_EQ(file.execAndGet("PRAGMA user_version").getInt(), 1);
 
     {
@@ -80,16 +80,16 @@ TEST(SchemaTest, OpeningAnOlderCompanyUpgradesItAndKeepsItsRows) {
     }
     Company company(path, OpenMode::ReadOnly);
     EXPECT_EQ(rows(company, "SELECT Account FROM vwExporting_Accounts"), "Sales")
-        << "one of this version is left alone";
+        << "a file of the current version is unchanged";
 }
 
-TEST(SchemaTest, AnUpgradeThatFailsHalfwayLeavesTheFileAsItWas) {
+TEST(SchemaTest, AnUpgradeThatFailsHalfwayLeavesTheFileUnchanged) {
     TemporaryFolder folder;
     const std::string path = folder.file("older.company");
     { Company company(path); }
     makeOlder(path);
     SQLite::Database file(path, SQLite::OPEN_READWRITE);
-    file.exec("ALTER TABLE Vendors ADD COLUMN Locked TEXT");  // in the way of the column that is to come
+    file.exec("ALTER TABLE Vendors ADD COLUMN Locked TEXT");  // conflicts with the column that the upgrade adds
     const std::string before = partsOf(file);
     EXPECT_THROW(Company company(path), CompanyFileError);
     EXPECT_EQ(partsOf(file), before);

@@ -12,7 +12,7 @@ void PrintTo(const Address& a, std::ostream* out) {
 
 namespace {
 
-TEST(AddressText, OrdinaryAddressesComeBackAsTheyWere) {
+TEST(AddressText, OrdinaryAddressesAreParsedToTheirFields) {
     const struct {
         const char *city, *state, *zip, *country;
     } places[] = {
@@ -48,7 +48,7 @@ TEST(AddressText, OrdinaryAddressesComeBackAsTheyWere) {
     }
 }
 
-TEST(AddressText, ReadsWhatPeopleType) {
+TEST(AddressText, AddressesAreReadAsPeopleTypeThem) {
     const struct {
         const char* text;
         Address address;
@@ -75,7 +75,7 @@ TEST(AddressText, ReadsWhatPeopleType) {
         EXPECT_EQ(address, c.address) << c.text;
         EXPECT_EQ(address.isComplete(), c.complete) << c.text;
         const std::string normal = combineAddress(address);
-        EXPECT_EQ(combineAddress(parseAddress(normal)), normal) << "the normal form stays";
+        EXPECT_EQ(combineAddress(parseAddress(normal)), normal) << "the normal form is unchanged";
     }
     std::string longest;
     for (int i = 0; i < 100'000; ++i)
@@ -85,7 +85,7 @@ TEST(AddressText, ReadsWhatPeopleType) {
     EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
 }
 
-TEST(AddressText, TheHostParsesByReference) {
+TEST(AddressText, TheHostReturnsTheFieldsByReference) {
     const HostStage stage;
     Variant text("7 Ferry Steps\nOxbow Landing WI 53098"), fields[6], validate(true);
     std::vector<Argument> arguments{Argument::byReference(text)};

@@ -13,7 +13,7 @@ struct ConnectionStage : HostStage {
     ObjectPtr open(std::string_view sql) const { return connection->call("Execute", sql).toObject(); }
     Object& errors() const { return *(held_ = connection->get("Errors").toObject()); }
     std::int32_t errorCount() const { return errors().get("Count").toLong(); }
-    /// The platform's number, its lower half, of what the work raises; 0 when it raises nothing.
+    /// Returns the lower half of the error code that the work raises, 0 without an error.
     template <class Work>
     static std::int32_t raised(const Work& work) {
         try {
@@ -28,11 +28,10 @@ struct ConnectionStage : HostStage {
     mutable ObjectPtr held_;
 };
 
-TEST(Connection, RecordsetsWalkTheRows) {
+TEST(Connection, ARecordsetMovesThroughItsRows) {
     const ConnectionStage stage;
     const ObjectPtr rows = stage.open(
-        "SELECT ID, Code, Rate, Vendor, NULL AS Nothing FROM SalesTaxCodes "
-        "WHERE Rate > 0 ORDER BY Rate DESC");
+        "SELECT ID, Code, Rate, Vendor, NULL AS Nothing FROM SalesTaxCodes WHERE Rate > 0 ORDER BY Rate DESC");
     const auto value = [&](const Variant& which) { return rows->get("Fields", which).object().get("Value"); };
     EXPECT_EQ(rows->get("RecordCount"), Variant(4));
     EXPECT_EQ(rows->get("State"), Variant(1));
@@ -61,7 +60,7 @@ TEST(Connection, RecordsetsWalkTheRows) {
     EXPECT_TRUE(rows->get("BOF").toBoolean());
     EXPECT_EQ(ConnectionStage::raised([&] { rows->call("MovePrevious"); }), 3021);
 
-    // what the company does afterwards is no matter; a closed one tells nothing
+    // Later changes to the company do not affect the recordset. A closed recordset gives no values.
     const ObjectPtr code = fields->get("Item", "Code").toObject();
     rows->call("MoveLast");
     stage.run("DELETE FROM SalesTaxCodes");
@@ -84,7 +83,7 @@ TEST(Connection, RecordsetsWalkTheRows) {
     EXPECT_EQ(ConnectionStage::raised([&] { none->call("MoveFirst"); }), 3021);
 }
 
-TEST(Connection, ExecuteTellsWhatItChanged) {
+TEST(Connection, ExecuteReturnsTheNumberOfChangedRows) {
     const ConnectionStage stage;
     Variant changed;
     const auto execute = [&](std::string_view sql) {
@@ -93,20 +92,20 @@ TEST(Connection, ExecuteTellsWhatItChanged) {
     };
     const ObjectPtr result = execute("UPDATE SalesTaxCodes SET Exported = 1");
     EXPECT_EQ(changed, Variant(5));
-    EXPECT_EQ(result->get("State"), Variant(0)) << "no rows: a closed recordset";
+    EXPECT_EQ(result->get("State"), Variant(0)) << "a statement without rows returns a closed recordset";
     execute("SELECT * FROM SalesTaxCodes");
     EXPECT_EQ(changed, Variant(-1));
     EXPECT_EQ(stage.errorCount(), 0);
 }
 
-TEST(Connection, AFailureStandsInTheErrorsAndIsRaised) {
+TEST(Connection, AFailureIsRaisedAndKeptInErrors) {
     ConnectionStage stage;
     const auto fail = [&](std::string_view table) {
         EXPECT_EQ(ConnectionStage::raised([&] { stage.open("DELETE FROM " + std::string(table)); }), 0x0E14);
     };
     fail("First");
     fail("Second");
-    EXPECT_EQ(stage.errorCount(), 1) << "only the last failure";
+    EXPECT_EQ(stage.errorCount(), 1) << "only the last failure is kept";
     stage.open("DELETE FROM Discounts");
     const ObjectPtr error = stage.errors().get("Item", 0).toObject();
     EXPECT_THAT(error->get("Description").toText(), HasSubstr("Second"));
@@ -114,7 +113,7 @@ TEST(Connection, AFailureStandsInTheErrorsAndIsRaised) {
     EXPECT_EQ(error->get("Source"), Variant("Company database"));
     EXPECT_EQ(stage.value("SELECT COUNT(*) FROM Discounts"), "0");
 
-    // shown by the connection, and by its words
+    // shown with the connection, and with its error text
     stage.shared().call("ShowADOErrorMessage", "It failed.", "{standard explanation}", stage.connection);
     stage.shared().call("ShowADOErrorMessage", "It failed.", "", error->get("Description"));
     ASSERT_EQ(stage.ui.shown.size(), 2U);
@@ -131,7 +130,7 @@ TEST(Connection, AFailureStandsInTheErrorsAndIsRaised) {
     EXPECT_EQ(stage.ui.shown.back().detail, "");
 }
 
-TEST(Connection, TransactionsAreKeptOrTakenBack) {
+TEST(Connection, TransactionsAreCommittedOrRolledBack) {
     const ConnectionStage stage;
     const auto begin = [&] { stage.connection->call("BeginTrans"); };
     const auto rollback = [&] { stage.connection->call("RollbackTrans"); };
@@ -145,9 +144,9 @@ TEST(Connection, TransactionsAreKeptOrTakenBack) {
     rollback();
     EXPECT_EQ(count(), "7");
     begin();
-    EXPECT_NE(ConnectionStage::raised(begin), 0) << "one at a time";
+    EXPECT_NE(ConnectionStage::raised(begin), 0) << "only one transaction can be open";
     wipe();
-    // statements of the other service are part of it
+    // the other service's statements are part of the transaction
     EXPECT_TRUE(stage.part("Database")->call("ExecuteNonQuery", "DELETE FROM Accounts").toBoolean());
     commit();
     EXPECT_EQ(count(), "0");
@@ -157,7 +156,7 @@ TEST(Connection, TransactionsAreKeptOrTakenBack) {
     EXPECT_EQ(stage.errorCount(), 1);
 }
 
-TEST(Connection, AnUnfinishedTransactionLeavesNothing) {
+TEST(Connection, AnUnfinishedTransactionIsRolledBack) {
     TestFolder folder;
     RecordingUi ui;
     const std::string path = folder.file("a.company");

@@ -19,13 +19,13 @@
 
 namespace tsln::workbench {
 
-/// Writes down what the host shows and answers as the test says.
+/// Records the host's messages and answers as the test says.
 class RecordingUi : public HostUi {
   public:
     std::vector<Message> shown;
-    std::deque<Reply> replies;  ///< Ok when there is none left
+    std::deque<Reply> replies;  ///< Ok when none is left
     std::vector<ExpressionEdit> edits;
-    std::optional<std::string> edited;  ///< what the user makes of an expression; cancelled when empty
+    std::optional<std::string> edited;  ///< the user's text for an expression; empty: cancelled
 
     Reply showMessage(const Message& message) override {
         shown.push_back(message);
@@ -40,7 +40,7 @@ class RecordingUi : public HostUi {
     }
 };
 
-/// A folder of its own that goes with the test, and its files.
+/// A temporary folder and its files.
 class TestFolder : public test::TempFolder {
   public:
     std::string write(const std::string& name, const std::string& text) const {
@@ -60,8 +60,8 @@ inline std::string textOfFile(const std::string& path) {
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-/// An open demonstration company, or a copy of another, with the user named, its event log empty and
-/// its terms the test's own.
+/// An open demonstration company without terms, or a copy of another company, with an empty event log and the named
+/// user.
 struct HostStage {
     explicit HostStage(std::string_view login = "admin", OpenMode mode = OpenMode::Create,
                        const std::string& copyOf = "") {
@@ -77,7 +77,7 @@ struct HostStage {
 
     ObjectPtr part(std::string_view name) const { return session->sharedCode()->get(name).toObject(); }
     Object& shared() const { return *session->sharedCode(); }
-    /// The first value of a query, as text; "-" for none.
+    /// Returns the first value of a query as text; "-" for none.
     std::string value(std::string_view sql) const {
         const Variant found = session->company().scalar(sql);
         return found.isEmpty() || found.isNull() ? "-" : found.toText();
@@ -86,7 +86,7 @@ struct HostStage {
     std::string lastEvent() const { return value("SELECT TOP 1 EventText FROM EventLog ORDER BY ID DESC"); }
 };
 
-/// The same with the module in front of it, on a scripted desktop.
+/// A company with its host and the module, on a scripted desktop.
 struct ModuleStage : HostStage {
     explicit ModuleStage(std::string_view login = "admin", OpenMode mode = OpenMode::Create)
         : HostStage(login, mode) {

@@ -18,8 +18,7 @@ struct EngineStage : HostStage {
     ObjectPtr engine = session->createObject("tslniee5.Engine");
 
     EngineStage() {
-        run("INSERT INTO Terms (Terms,DueDays,Discount,DiscountDays,Exported) VALUES('Net 30', 30, 0.025, "
-            "10, 1)");
+        run("INSERT INTO Terms (Terms,DueDays,Discount,DiscountDays,Exported) VALUES('Net 30', 30, 0.025, 10, 1)");
         run("INSERT INTO Terms (Terms,DueDays) VALUES('COD', 0)");
         engine->call("Initialize", session->sharedCode());
     }
@@ -31,7 +30,7 @@ struct EngineStage : HostStage {
     bool import(const std::string& path, const char* list = "Terms") const {
         return engine->call("ImportFile", path, list).toBoolean();
     }
-    /// All that a user sees of the terms.
+    /// Returns all visible columns of the terms.
     std::string terms() const {
         return session->company().read(
             "SELECT ID,Terms,DueDays,Discount,DiscountDays,Exported FROM Terms ORDER BY ID");
@@ -43,7 +42,7 @@ struct EngineStage : HostStage {
     }
 };
 
-TEST(ImportExport, WhatIsExportedComesBackTheSame) {
+TEST(ImportExport, AnImportedExportRestoresTheTerms) {
     const EngineStage stage;
     for (const std::string name : {"it''s <Bold>", "{0} <d> & \"q\"", "two\r\nlines\tand a tab", "  blanks ",
                                    "\xF0\x9F\xAA\x9F window"}) {
@@ -54,7 +53,7 @@ TEST(ImportExport, WhatIsExportedComesBackTheSame) {
     const std::string file = stage.folder.file("terms.xml");
     ASSERT_TRUE(stage.exportTerms(file)) << stage.lastEvent();
 
-    // into the rows as they are, into rows that were changed, and into an empty list
+    // into unchanged rows, into changed rows, and into an empty list
     EXPECT_TRUE(stage.import(file)) << stage.lastEvent();
     EXPECT_EQ(stage.terms(), before);
     stage.run("UPDATE Terms SET DueDays = 99, Terms = 'NET 30' WHERE ID = 1");
@@ -62,13 +61,13 @@ TEST(ImportExport, WhatIsExportedComesBackTheSame) {
     EXPECT_EQ(stage.terms(), before);
     stage.run("DELETE FROM Terms");
     EXPECT_TRUE(stage.import(file)) << stage.lastEvent();
-    EXPECT_EQ(stage.value("SELECT MIN(ID) FROM Terms"), "8") << "identifiers are never taken over";
+    EXPECT_EQ(stage.value("SELECT MIN(ID) FROM Terms"), "8") << "identifiers are not imported";
     EXPECT_EQ(stage.session->company().read("SELECT UniqueID FROM Terms ORDER BY ID"), identities);
     stage.run("UPDATE Terms SET ID = ID - 7");
     EXPECT_EQ(stage.terms(), before);
 }
 
-TEST(ImportExport, ASimpleExportLeavesOutWhatIsTheCompanysOwn) {
+TEST(ImportExport, ASimpleExportLeavesOutTheCompanysOwnData) {
     const EngineStage stage;
     ASSERT_TRUE(stage.exportTerms(stage.folder.file("full.xml")));
     EXPECT_THAT(textOfFile(stage.folder.file("full.xml")), HasSubstr("<Exported>1</Exported>"));
@@ -82,7 +81,7 @@ TEST(ImportExport, ASimpleExportLeavesOutWhatIsTheCompanysOwn) {
     EXPECT_TRUE(simple.import(simple.folder.file("simple.xml")));
 }
 
-TEST(ImportExport, AFailedExportLeavesTheFileAsItWas) {
+TEST(ImportExport, AFailedExportLeavesTheFileUnchanged) {
     const EngineStage stage;
     const std::string file = stage.folder.write("terms.xml", "precious");
     stage.engine->call("AddToExport", "Terms", "SELECT * FROM vwNowhere");
@@ -96,16 +95,16 @@ TEST(ImportExport, AFailedExportLeavesTheFileAsItWas) {
     EXPECT_FALSE(second.exportTerms(second.folder.file("folder.xml")));
     EXPECT_FALSE(second.exportTerms(second.folder.file("no/such/folder.xml")));
     EXPECT_FALSE(second.exportTerms(""));
-    EXPECT_EQ(second.folder.names(), names) << "nothing is left behind";
+    EXPECT_EQ(second.folder.names(), names) << "no temporary file is left";
     EXPECT_FALSE(second.session->createObject("tslniee5.Engine") == nullptr);
     const ObjectPtr idle = second.session->createObject("tslniee5.Engine");
     EXPECT_THROW(idle->call("DoExport", second.folder.file("x.xml")), HostError) << "not initialized";
     idle->call("Initialize", second.session->sharedCode());
-    EXPECT_FALSE(idle->call("DoExport", second.folder.file("x.xml")).toBoolean()) << "no list added";
+    EXPECT_FALSE(idle->call("DoExport", second.folder.file("x.xml")).toBoolean()) << "no list was added to the export";
     EXPECT_THROW(idle->call("AddToExport", "<x>", termsQuery), HostError);
 }
 
-TEST(ImportExport, AFailedImportChangesNothingAndSaysWhy) {
+TEST(ImportExport, AFailedImportChangesNothingAndIsExplained) {
     const EngineStage stage;
     const std::string before = stage.terms();
     const std::string good = "<Record><Terms>New</Terms></Record>";
@@ -138,10 +137,10 @@ TEST(ImportExport, AFailedImportChangesNothingAndSaysWhy) {
          "no columns of these names: Wrong, Terms2"},
         {section(good + "<Record><DueDays>1</DueDays></Record>"), "Terms",
          "Record 2 of the list Terms: The column Terms"},
-        {section(good + "<Record><Terms>   </Terms></Record>"), "Terms", "which names it, is empty"},
+        {section(good + "<Record><Terms>   </Terms></Record>"), "Terms", "which identifies the record, is empty"},
         {section(good + "<Record><Terms>x</Terms><DueDays>many</DueDays></Record>"), "Terms",
          "Record 2 of the list Terms"},
-        {section(good + "<Record><Terms>x</Terms><terms>y</terms></Record>"), "Terms", "stands there twice"},
+        {section(good + "<Record><Terms>x</Terms><terms>y</terms></Record>"), "Terms", "occurs twice"},
         {section(good + "<Record><Terms><b>x</b></Terms></Record>"), "Terms", "holds no text"},
     };
     for (const Case& c : cases) {
@@ -163,9 +162,9 @@ TEST(ImportExport, AHugeFileOfAnotherKindIsRefusedAtOnce) {
     EXPECT_THAT(stage.lastEvent(), HasSubstr("'Catalogue'"));
 }
 
-TEST(ImportExport, ReadsFilesOfOtherHands) {
+TEST(ImportExport, FilesOfOtherProgramsAreRead) {
     const EngineStage stage;
-    // letter case, an unknown section beside it, an ID that must not count, a name that stands twice
+    // other letter case, an unknown section, an ID to ignore, a name that occurs twice
     EXPECT_TRUE(
         stage.import(stage.with("<Record><ID>2</ID><Terms>nET 30 </Terms><duedays>31</duedays></Record>"
                                 "<Record><ID>1</ID><Terms>Twice</Terms><DueDays>1</DueDays></Record>"
@@ -174,35 +173,35 @@ TEST(ImportExport, ReadsFilesOfOtherHands) {
         << stage.lastEvent();
     EXPECT_EQ(stage.value("SELECT DueDays FROM Terms WHERE ID = 1"), "31");
     EXPECT_EQ(stage.value("SELECT Discount FROM Terms WHERE ID = 1"), "0.025")
-        << "what the file does not say stays";
+        << "columns that are not in the file keep their values";
     EXPECT_EQ(stage.value("SELECT Terms FROM Terms WHERE ID = 2"), "COD");
     EXPECT_EQ(stage.value("SELECT COUNT(*) FROM Terms"), "3");
     EXPECT_EQ(stage.value("SELECT DueDays FROM Terms WHERE Terms = 'twice'"), "2");
 
-    // an identity that another row has is not given twice
+    // an identity that another row has is not used again
     const std::string taken = stage.value("SELECT UniqueID FROM Terms WHERE ID = 1");
     EXPECT_TRUE(stage.import(
         stage.with("<Record><UniqueID>" + taken + "</UniqueID><Terms>Another</Terms></Record>")));
     EXPECT_EQ(stage.value("SELECT COUNT(*) FROM Terms WHERE UniqueID = '" + taken + "'"), "1");
     EXPECT_EQ(stage.value("SELECT LEN(UniqueID) FROM Terms WHERE Terms = 'Another'"), "36");
 
-    // roles travel by name; groups of the same name but another type are others
+    // roles are matched by name; discount groups with the same name but another type are different
     const auto file = stage.folder.write(
         "more.xml",
         "<Sections><SecurityRoles><Record><Name>Helper</Name></Record></SecurityRoles>"
-        "<SecurityRoleAccess><Record><SecurityRoleUniqueID>x</SecurityRoleUniqueID><SecurityRole>helper</"
-        "SecurityRole>"
-        "<Activity>106</Activity><Access>12</Access></Record></SecurityRoleAccess><DiscountGroups><Record>"
-        "<DiscountGroup>Standard</DiscountGroup><DiscountGroupType>1</DiscountGroupType></Record></"
-        "DiscountGroups></Sections>");
+        "<SecurityRoleAccess><Record><SecurityRoleUniqueID>x</SecurityRoleUniqueID>"
+        "<SecurityRole>helper</SecurityRole><Activity>106</Activity><Access>12</Access></Record></SecurityRoleAccess>"
+        "<DiscountGroups><Record><DiscountGroup>Standard</DiscountGroup><DiscountGroupType>1</DiscountGroupType>"
+        "</Record></DiscountGroups></Sections>");
     EXPECT_TRUE(stage.import(file, "")) << stage.lastEvent();
-    EXPECT_EQ(stage.value("SELECT Access FROM SecurityRoleAccess WHERE SecurityRoleID = "
-                          "(SELECT ID FROM SecurityRoles WHERE Name = 'Helper')"),
-              "12");
+    EXPECT_EQ(
+        stage.value(
+            "SELECT Access FROM SecurityRoleAccess WHERE SecurityRoleID = (SELECT ID FROM SecurityRoles WHERE Name = 'Helper')"),
+        "12");
     EXPECT_EQ(stage.value("SELECT COUNT(*) FROM DiscountGroups WHERE DiscountGroup = 'Standard'"), "2");
 }
 
-TEST(ImportExport, ALongListTakesItsTimeOnlyOnce) {
+TEST(ImportExport, ImportingALongListTakesLinearTime) {
     const EngineStage stage;
     std::string records;
     for (int i = 0; i < 5000; ++i)
@@ -214,7 +213,7 @@ TEST(ImportExport, ALongListTakesItsTimeOnlyOnce) {
     EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(20));
 }
 
-TEST(ImportExport, AReadOnlyCompanyIsNotImportedInto) {
+TEST(ImportExport, NothingIsImportedIntoAReadOnlyCompany) {
     HostStage stage("admin", OpenMode::ReadOnly);
     const ObjectPtr engine = stage.session->createObject("tslniee5.Engine");
     engine->call("Initialize", stage.session->sharedCode());

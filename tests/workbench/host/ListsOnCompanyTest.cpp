@@ -2,14 +2,14 @@
 
 #include <gmock/gmock.h>
 
-#include "maintenance/RecordDialog.h"
-#include "maintenance/ListScreen.h"
 #include "lists/Locations.h"
 #include "lists/MoveListReferences.h"
 #include "lists/ReplacementDiscountGroup.h"
 #include "lists/SalesTaxGroupCodes.h"
 #include "lists/SalesTaxGroups.h"
 #include "lists/Tags.h"
+#include "maintenance/ListScreen.h"
+#include "maintenance/RecordDialog.h"
 #include "tests/workbench/host/HostStage.h"
 
 namespace tsln::workbench {
@@ -27,17 +27,17 @@ void choose(ComboBox& combo, std::string_view text) {
     for (std::size_t i = 0; i < combo.entries().size(); ++i) {
         if (combo.entries()[i].text == text) return combo.userChoose(static_cast<int>(i));
     }
-    ADD_FAILURE() << "no entry " << text;
+    ADD_FAILURE() << "there is no entry " << text;
 }
 
 void select(ListScreen& list, std::string_view name) {
     for (std::size_t row = 0; row < list.rptItems.rowCount(); ++row) {
         if (list.rptItems.rowText(row, 0) == name) return list.rptItems.userSelect(std::array{row}, row);
     }
-    ADD_FAILURE() << "no row " << name;
+    ADD_FAILURE() << "there is no row " << name;
 }
 
-TEST(ListsOnCompany, EveryListOpensOverTheCompanysRows) {
+TEST(ListsOnCompany, EveryListShowsTheCompanysRows) {
     struct Case {
         Operation open;
         const char *screen, *count;
@@ -101,7 +101,7 @@ TEST(ListsOnCompany, ALocationIsEditedWithItsAddress) {
     EXPECT_THAT(stage.ui.shown, IsEmpty());
 }
 
-TEST(ListsOnCompany, ADiscountGroupGoesWithItsDiscountsAndItsCustomersMove) {
+TEST(ListsOnCompany, DeletingADiscountGroupDeletesItsDiscountsAndMovesItsCustomers) {
     ModuleStage stage;
     const std::string going = stage.value("SELECT ID FROM DiscountGroups WHERE DiscountGroup = 'Designers'");
     stage.run("UPDATE Customers SET DiscountGroupID = " + going + " WHERE ID <= 2");
@@ -127,15 +127,16 @@ TEST(ListsOnCompany, ADiscountGroupGoesWithItsDiscountsAndItsCustomersMove) {
           "Discounts WHERE DiscountGroupID = ", "DiscountGroups WHERE ID = "}) {
         EXPECT_EQ(stage.value("SELECT COUNT(*) FROM " + (references + going)), "0") << references;
     }
-    EXPECT_EQ(stage.value("SELECT g.DiscountGroup FROM Customers c JOIN DiscountGroups g ON g.ID = "
-                          "c.CustomerDiscountGroupID WHERE c.ID = 3"),
-              "Standard");
+    EXPECT_EQ(
+        stage.value(
+            "SELECT g.DiscountGroup FROM Customers c JOIN DiscountGroups g ON g.ID = c.CustomerDiscountGroupID WHERE c.ID = 3"),
+        "Standard");
     ASSERT_EQ(stage.ui.shown.size(), 1U);
     EXPECT_THAT(stage.ui.shown[0].text, HasSubstr("required discount group"));
     EXPECT_EQ(stage.lastEvent(), "The discount group 'Designers' was deleted.");
 }
 
-TEST(ListsOnCompany, SalesTaxCodesMakeUpAGroup) {
+TEST(ListsOnCompany, SalesTaxCodesAreAssignedToAGroup) {
     ModuleStage stage;
     stage.run("DELETE FROM SalesTaxGroupCodes");
     stage.run("DELETE FROM SalesTaxCodes");
@@ -178,7 +179,7 @@ TEST(ListsOnCompany, SalesTaxCodesMakeUpAGroup) {
     EXPECT_THAT(stage.ui.shown.back().text, HasSubstr("referenced 1 times"));
 }
 
-TEST(ListsOnCompany, ReferencesMoveAndAreCounted) {
+TEST(ListsOnCompany, ReferencesAreMovedAndCounted) {
     ModuleStage stage;
     const auto references = [&](const char* ID) {
         int sum = 0;

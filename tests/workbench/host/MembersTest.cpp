@@ -1,8 +1,8 @@
 #include <gmock/gmock.h>
 
+#include "doubles/HexPattern.h"
 #include "screens/Controls.h"
 #include "screens/Screen.h"
-#include "doubles/HexPattern.h"
 #include "tests/workbench/host/HostStage.h"
 #include "workbench/host/ExpressionText.h"
 #include "workbench/host/MessageMembers.h"
@@ -13,7 +13,7 @@ namespace {
 
 using testing::HasSubstr;
 
-/// Calls "Part.Member" or "Member"; a failure reads "!" and its text.
+/// Calls "Part.Member" or "Member". Returns the result, or "!" and the error text.
 std::string asked(const HostStage& stage, std::string_view path, std::vector<Variant> values) {
     const std::size_t dot = path.find('.');
     std::vector<Argument> arguments(values.begin(), values.end());
@@ -31,7 +31,7 @@ std::string asked(const HostStage& stage, std::string_view path, std::vector<Var
 struct Question {
     std::string_view path;
     std::vector<Variant> arguments;
-    std::string_view answer;  ///< a refusal needs only to begin so
+    std::string_view answer;  ///< for an error: the beginning of its text
 };
 
 void expectAnswers(const HostStage& stage, const std::vector<Question>& questions) {
@@ -42,7 +42,7 @@ void expectAnswers(const HostStage& stage, const std::vector<Question>& question
     }
 }
 
-TEST(Members, AnswerFromTheCompany) {
+TEST(Members, AnswersComeFromTheCompany) {
     const HostStage stage;
     const std::string count = "SELECT COUNT(*) AS MyCount FROM PaymentMethods";
     expectAnswers(
@@ -130,7 +130,7 @@ TEST(Members, AnswerFromTheCompany) {
     EXPECT_TRUE(std::filesystem::is_directory(stage.folder.file("Reports")));
 }
 
-TEST(Members, OptionsAreKeptPerCompanyAndUser) {
+TEST(Members, OptionsAreStoredPerCompanyAndUser) {
     const HostStage stage;
     expectAnswers(stage, {
                              {"Options.GetCompanyOption", {"Application", "Accounting", 0}, "0"},
@@ -176,13 +176,13 @@ TEST(Members, RightsComeFromTheStoredRoles) {
             EXPECT_FALSE(stage.part("Security")->call("CanDo", area, access).toBoolean())
                 << login << area << access;
         }
-        // a changed role counts at once
+        // a changed role takes effect at once
         stage.run("DELETE FROM SecurityRoleAccess");
         EXPECT_FALSE(stage.part("Security")->call("CanDo", may[0].first, may[0].second).toBoolean());
     }
 }
 
-TEST(Members, OnlyKnownUsersSignIn) {
+TEST(Members, OnlyKnownUsersCanSignIn) {
     struct Case {
         std::string_view login, why;
     };
@@ -202,7 +202,7 @@ TEST(Members, OnlyKnownUsersSignIn) {
     }
 }
 
-TEST(Members, MessagesReachTheUserAndTheLog) {
+TEST(Members, MessagesReachTheUserAndTheEventLog) {
     HostStage stage;
     stage.shared().call("ShowAndLogErrorMessage", "There was a <Bold>problem</Bold>.",
                         "{standard explanation}", "the words");
@@ -250,7 +250,7 @@ TEST(Members, MessagesReachTheUserAndTheLog) {
     }
 }
 
-TEST(Members, AMessageWithMemoryStaysAwayForTheUserWhoSaidSo) {
+TEST(Members, AMessageWithMemoryIsHiddenForTheUserWhoChoseSo) {
     HostStage stage;
     const auto show = [](HostStage& on, const char* text) {
         EXPECT_EQ(on.shared().call("ShowMessageStyle1WithMemory", text, "advice"), Variant(1));
@@ -267,7 +267,7 @@ TEST(Members, AMessageWithMemoryStaysAwayForTheUserWhoSaidSo) {
     EXPECT_EQ(ui.shown.size(), 1U) << "another user";
 }
 
-TEST(Members, EventsWaitWhileTheCompanyCannotBeWritten) {
+TEST(Members, EventsAreKeptUntilTheCompanyCanBeWritten) {
     const HostStage stage;
     stage.shared().call("RecordEvent", "plain");
     stage.shared().call("RecordEvent", 3, "a warning's text");
@@ -280,7 +280,7 @@ TEST(Members, EventsWaitWhileTheCompanyCannotBeWritten) {
     EXPECT_EQ(readOnly.session->eventLog().waiting(), 1U);
 }
 
-TEST(Members, ActivityAndNoticesAreKept) {
+TEST(Members, ActivityAndNoticesAreStored) {
     const HostStage stage;
     stage.part("Activity")->call("RecordCustomerActivity", 7, "Customer's <id> added.");
     stage.part("Activity")->call("RecordVendorActivity", 8, "v");
@@ -326,8 +326,7 @@ TEST(Members, LoadersFillComboBoxes) {
         {"LoadTaxGroups", {}, "Exempt=4;Merriden County=1;Oxbow County=2;State only=3;"},
         {"LoadPurchaseAccounts",
          {},
-         "Contract Installers=10;Freight In=11;Purchases - Blinds and Shades=7;Purchases - Draperies=8;"
-         "Purchases - Shutters=9;"},
+         "Contract Installers=10;Freight In=11;Purchases - Blinds and Shades=7;Purchases - Draperies=8;Purchases - Shutters=9;"},
         {"LoadSalesReps", {false}, "Priya K Lindqvist=3;Owen T Marchbanks=4;Dana Whitfield=1;"},
         {"LoadSalesReps", {true}, "Priya K Lindqvist=3;Owen T Marchbanks=4;Hester L Pym=8;Dana Whitfield=1;"},
         {"LoadInstallers", {}, "Bram Okonjo=7;Teodor J Vask=6;"},
@@ -353,7 +352,7 @@ TEST(Members, LoadersFillComboBoxes) {
     ComboScreen screen(desktop);
     EXPECT_THROW(stage.part("Common")->call("LoadComboFromQuery", screen.cbo.automation(), "SELECT x FROM y"),
                  HostError);
-    EXPECT_EQ(screen.entries(), "stale=99;") << "a failed load leaves the entries";
+    EXPECT_EQ(screen.entries(), "stale=99;") << "a failed load keeps the entries";
     EXPECT_THROW(stage.part("Common")->call("LoadTerms", ObjectPtr()), HostError);
 }
 
@@ -374,14 +373,14 @@ TEST(Members, ExpressionsAreEditedInTheHostsWindow) {
     EXPECT_THROW(engine->call("ShowEditExpression", "a"), HostError);
 }
 
-TEST(Members, AnExpressionsFaultIsNamed) {
+TEST(Members, AFaultyExpressionIsExplained) {
     const std::pair<const char*, const char*> cases[] = {
         {"", ""},
         {"Product type is Shutters", ""},
         {"([Width] > 96) and \"a ) b\" <> [Room]", ""},
         {"(Width > 96", "A \")\" is missing at the end."},
-        {"Width > 96)", "There is a \")\" without its beginning."},
-        {"([Width)]", "There is a \")\" where a \"]\" is due."},
+        {"Width > 96)", "There is a \")\" without an opening bracket."},
+        {"([Width)]", "There is a \")\" where a \"]\" is expected."},
         {"Room = \"Kitchen", "A quotation mark is not closed."},
     };
     for (const auto& [expression, fault] : cases)
@@ -393,7 +392,7 @@ TEST(Members, ThePackageSourceNamesTheCompany) {
     const std::string path = stage.shared().get("PSDFile").toText();
     EXPECT_EQ(path, stage.folder.file("test.company.psd"));
     EXPECT_THAT(textOfFile(path), HasSubstr(stage.folder.file("test.company")));
-    // a folder in its place: the file cannot be written beside the company
+    // a folder with the file's name prevents writing beside the company
     std::filesystem::remove(path);
     std::filesystem::create_directories(path);
     const std::string elsewhere = stage.shared().get("PSDFile").toText();

@@ -44,7 +44,7 @@ TEST(NumericFieldChecker, CorrectsTheFieldInPlace) {
     }
 }
 
-TEST(NumericFieldChecker, RefusesWhatMakesNoSense) {
+TEST(NumericFieldChecker, InvalidArgumentsAreRefused) {
     NumericFieldChecker checker;
     const auto field = std::make_shared<Field>("5");
     EXPECT_THROW(checker.call("CheckInteger", field, 9, 0, 0), HostError);

@@ -9,7 +9,7 @@ constexpr const char* termsXml =
     "<Records><Record><ID>1</ID><Terms>A &amp; B</Terms><Note> </Note></Record>"
     "<Record><ID>2</ID><Terms>two&amp;#13;&amp;#10;lines</Terms></Record></Records>";
 
-TEST(QueryDocument, IsReadNodeByNode) {
+TEST(QueryDocument, TheDocumentIsReadNodeByNode) {
     const ObjectPtr document = makeQueryDocument(termsXml);
     EXPECT_EQ(document->get("xml"), Variant(termsXml));
     const ObjectPtr rows = document->call("selectNodes", "Records/Record").toObject();
@@ -26,7 +26,7 @@ TEST(QueryDocument, IsReadNodeByNode) {
     EXPECT_EQ(seen, "ID=1;Terms=A & B;Note= ;ID=2;Terms=two&#13;&#10;lines;");
 }
 
-TEST(QueryDocument, AnswersItsMembers) {
+TEST(QueryDocument, EveryMemberAnswers) {
     const ObjectPtr document = makeQueryDocument(termsXml);
     const ObjectPtr root = document->get("documentElement").toObject();
     const ObjectPtr first = document->call("selectSingleNode", "//Records/Record").toObject();

@@ -10,26 +10,24 @@ namespace {
 
 using testing::HasSubstr;
 
-/// A company with rows in every list, alike ones where a list may have them.
+/// A company with rows in every list, and equal rows in lists that allow them.
 const std::string& filledCompany() {
     static const TestFolder folder;
     static const std::string path = [] {
         Company company(folder.file("filled.company"));
-        for (const char* sql : {
-                 "INSERT INTO Terms (Terms,DueDays,Discount,DiscountDays,Exported) VALUES('Net 90', 90, "
-                 "0.025, 10, 1)",
-                 "INSERT INTO Terms (Terms) VALUES('COD')",
-                 "INSERT INTO MeasurementRooms (Room) VALUES('Sun room'), ('Kitchen')",
-                 "INSERT INTO MeasurementItems (ItemName) VALUES('Window'), ('Door')",
-                 "INSERT INTO MeasurementMounts (Mount) VALUES('Inside'), ('Outside')",
-                 "INSERT INTO FieldMeasureCriteria (Criteria) VALUES('Width over 96')",
-                 "INSERT INTO RequireDepositCriteria (Criteria, DepositPercent) VALUES('total OVER 500', "
-                 "33.3)",
-                 "INSERT INTO EmailTemplates (TemplateType,TemplateName,GroupName,Subject) VALUES(4, 'Quote "
-                 "enclosed', 'Orders', 'Another'), (1, '', '', 'Without a name')",
-                 "INSERT INTO Discounts (DiscountGroupID,DiscountLevel,ProductID,Multiplier) VALUES(1, 1, 1, "
-                 "0.5)",
-             }) {
+        for (
+            const char* sql : {
+                "INSERT INTO Terms (Terms,DueDays,Discount,DiscountDays,Exported) VALUES('Net 90', 90, 0.025, 10, 1)",
+                "INSERT INTO Terms (Terms) VALUES('COD')",
+                "INSERT INTO MeasurementRooms (Room) VALUES('Sun room'), ('Kitchen')",
+                "INSERT INTO MeasurementItems (ItemName) VALUES('Window'), ('Door')",
+                "INSERT INTO MeasurementMounts (Mount) VALUES('Inside'), ('Outside')",
+                "INSERT INTO FieldMeasureCriteria (Criteria) VALUES('Width over 96')",
+                "INSERT INTO RequireDepositCriteria (Criteria, DepositPercent) VALUES('total OVER 500', 33.3)",
+                "INSERT INTO EmailTemplates (TemplateType,TemplateName,GroupName,Subject) "
+                "VALUES(4, 'Quote enclosed', 'Orders', 'Another'), (1, '', '', 'Without a name')",
+                "INSERT INTO Discounts (DiscountGroupID,DiscountLevel,ProductID,Multiplier) VALUES(1, 1, 1, 0.5)",
+            }) {
             company.execute(sql);
         }
         return company.path();
@@ -58,7 +56,7 @@ struct RoundTripStage : HostStage {
     bool import(const std::string& name) const {
         return engine->call("ImportFile", folder.file(name), kind.listName).toBoolean();
     }
-    /// The rows of the list's table in any order, without what every company and every row has of its own.
+    /// Returns the rows of the list's table, sorted, without data that is specific to a company or a row.
     std::vector<std::string> rows(bool identities) const {
         const SqlResult result = session->company().run("SELECT * FROM " + table());
         std::vector<std::string> rows;
@@ -78,7 +76,7 @@ struct RoundTripStage : HostStage {
     }
 };
 
-TEST(RoundTrip, EveryKindComesBackTheSame) {
+TEST(RoundTrip, AnImportedExportRestoresEveryList) {
     int kinds = 0;
     for (std::int16_t number = 1; number <= 36; ++number) {
         const ListKind kind = findListKind(number);
@@ -93,26 +91,26 @@ TEST(RoundTrip, EveryKindComesBackTheSame) {
         ASSERT_TRUE(stage.exportTo("simple.xml", true)) << stage.lastEvent();
 
         EXPECT_TRUE(stage.import("full.xml")) << stage.lastEvent();
-        EXPECT_EQ(stage.rows(true), before) << "into the rows themselves";
+        EXPECT_EQ(stage.rows(true), before) << "import into unchanged rows";
         EXPECT_TRUE(stage.import("simple.xml")) << stage.lastEvent();
-        EXPECT_EQ(stage.rows(true), before) << "a simple file into the rows themselves";
+        EXPECT_EQ(stage.rows(true), before) << "import of a simple export into unchanged rows";
 
-        // A file of charges holds one type of them.
+        // An export of charges contains one type of them.
         const std::string some = kind.listName == "AdditionalCharges"
                                      ? kind.exportQuery.substr(kind.exportQuery.find(" WHERE"))
                                      : "";
         stage.run(all + some);
         ASSERT_NE(stage.rows(true), before);
         EXPECT_TRUE(stage.import("full.xml")) << stage.lastEvent();
-        EXPECT_EQ(stage.rows(true), before) << "into an empty list";
+        EXPECT_EQ(stage.rows(true), before) << "import into an empty list";
         stage.run(all + some);
         EXPECT_TRUE(stage.import("simple.xml")) << stage.lastEvent();
-        EXPECT_EQ(stage.rows(false), plain) << "a simple file into an empty list";
+        EXPECT_EQ(stage.rows(false), plain) << "import of a simple export into an empty list";
     }
     EXPECT_EQ(kinds, 35);
 }
 
-TEST(RoundTrip, WhatARowRefersToMustBeThere) {
+TEST(RoundTrip, AMissingReferenceFailsTheImport) {
     const struct {
         std::int16_t kind;
         const char *spoil, *why;
@@ -130,7 +128,7 @@ TEST(RoundTrip, WhatARowRefersToMustBeThere) {
         stage.run(spoil);
         EXPECT_FALSE(stage.import("full.xml"));
         EXPECT_THAT(stage.lastEvent(), HasSubstr(why));
-        EXPECT_TRUE(stage.rows(true).empty()) << "all or nothing";
+        EXPECT_TRUE(stage.rows(true).empty()) << "a failed import adds no row";
     }
 }
 

@@ -2,13 +2,13 @@
 
 #include <gmock/gmock.h>
 
-#include "maintenance/RecordDialog.h"
 #include "maintenance/ListCommands.h"
 #include "maintenance/ListScreen.h"
+#include "maintenance/RecordDialog.h"
 #include "shared/modSharedStrings.h"
 #include "tests/workbench/host/HostStage.h"
-#include "workbench/sql/SqlText.h"
 #include "workbench/host/MessageMembers.h"
+#include "workbench/sql/SqlText.h"
 
 namespace tsln::workbench {
 namespace {
@@ -47,7 +47,7 @@ void more(ModuleStage& stage, ListScreen& list, int command, const std::string& 
     list.cmdMore.userPress();
 }
 
-TEST(TermsOnCompany, AreAddedEditedRefusedAndDeleted) {
+TEST(TermsOnCompany, TermsAreAddedEditedRefusedAndDeleted) {
     ModuleStage stage;
     stage.desktop.user<ListScreen>("frmTerms", [&](ListScreen& list) {
         EXPECT_THAT(names(list), IsEmpty());
@@ -74,16 +74,16 @@ TEST(TermsOnCompany, AreAddedEditedRefusedAndDeleted) {
         list.cmdDelete.userPress();
         EXPECT_THAT(names(list), ElementsAre("Cash on delivery"));
     });
-    stage.desktop.answers = {MessageAnswer::No};  // to the offer of the defaults
+    stage.desktop.answers = {MessageAnswer::No};  // the default terms are declined
     stage.library->ShowTerms();
-    EXPECT_EQ(stage.session->company().read("SELECT ID, Terms, DueDays, Discount FROM Terms"),
-              "<Records><Record><ID>2</ID><Terms>Cash on "
-              "delivery</Terms><DueDays>1</DueDays><Discount>0</Discount></Record></Records>");
+    EXPECT_EQ(
+        stage.session->company().read("SELECT ID, Terms, DueDays, Discount FROM Terms"),
+        "<Records><Record><ID>2</ID><Terms>Cash on delivery</Terms><DueDays>1</DueDays><Discount>0</Discount></Record></Records>");
     EXPECT_EQ(stage.value("SELECT COUNT(*) FROM EventLog"), "0");
     EXPECT_THAT(stage.ui.shown, IsEmpty());
 }
 
-TEST(TermsOnCompany, OddNamesAreStoredAndReadBack) {
+TEST(TermsOnCompany, NamesWithSpecialCharactersAreStoredAndReadBack) {
     std::string longName(60'000, 'x');
     longName.replace(30'000, 1, "'");
     const std::string oddNames[] = {"O'Brien's ''",
@@ -111,7 +111,7 @@ TEST(TermsOnCompany, OddNamesAreStoredAndReadBack) {
         EXPECT_EQ(stage.value("SELECT Terms" + where), name);
         EXPECT_EQ(stage.value("SELECT DueDays" + where), "31");
     }
-    // A name that is a later tag of the statement is filled again, as the templates have it.
+    // A name that equals a later tag of the statement is replaced by its value (deliberate).
     stage.desktop.user<RecordDialog>("frmTerms_Edit", typing("<d>"));
     EXPECT_EQ(
         stage.value("SELECT Terms FROM Terms WHERE ID = " + std::to_string(stage.library->ShowEditTerms(0))),
@@ -120,7 +120,7 @@ TEST(TermsOnCompany, OddNamesAreStoredAndReadBack) {
     EXPECT_THAT(stage.ui.shown, IsEmpty());
 }
 
-TEST(TermsOnCompany, AreExportedAndImportedThroughTheScreen) {
+TEST(TermsOnCompany, TermsAreExportedAndImportedThroughTheScreen) {
     ModuleStage stage;
     stage.run("INSERT INTO Terms (Terms,DueDays) VALUES('O''Brien', 30)");
     const std::string file = stage.folder.file("terms.xml");
@@ -145,7 +145,7 @@ TEST(TermsOnCompany, AreExportedAndImportedThroughTheScreen) {
     EXPECT_EQ(stage.value("SELECT COUNT(*) FROM EventLog WHERE EventType = 1"), "2");
 }
 
-TEST(TermsOnCompany, AViewerMayOnlyLook) {
+TEST(TermsOnCompany, AViewerCannotChangeTerms) {
     ModuleStage stage("viewer");
     stage.desktop.user<ListScreen>("frmTerms", [&](ListScreen& list) {
         for (Button* button : {&list.cmdNew, &list.cmdEdit, &list.cmdDelete})
@@ -166,7 +166,7 @@ TEST(TermsOnCompany, AViewerMayOnlyLook) {
     EXPECT_EQ(stage.value("SELECT COUNT(*) FROM Terms"), "1");
 }
 
-TEST(TermsOnCompany, AFailedSaveIsToldInTheDatabasesWordsAndKeepsTheInput) {
+TEST(TermsOnCompany, AFailedSaveShowsTheDatabasesMessageAndKeepsTheInput) {
     ModuleStage stage("admin", OpenMode::ReadOnly);
     stage.desktop.user<RecordDialog>("frmTerms_Edit", [&](RecordDialog& dialog) {
         typing("Net 30")(dialog);
@@ -185,13 +185,13 @@ TEST(TermsOnCompany, AFailedSaveIsToldInTheDatabasesWordsAndKeepsTheInput) {
     EXPECT_EQ(stage.value("SELECT COUNT(*) FROM Terms"), "0");
 }
 
-TEST(TermsOnCompany, TheSessionKnowsWhetherTheFirstSynchronisationIsComplete) {
+TEST(TermsOnCompany, TheSessionReportsWhetherTheFirstSynchronizationIsComplete) {
     ModuleStage stage;
     EXPECT_TRUE(stage.library->InitialSyncComplete());
     stage.run("UPDATE Company SET SyncState = 3");
     EXPECT_FALSE(stage.library->InitialSyncComplete());
     stage.library->PreTerminate();
-    EXPECT_EQ(stage.session->sharedCode().use_count(), 2) << "the module has let go of it";
+    EXPECT_EQ(stage.session->sharedCode().use_count(), 2) << "the module has released it";
 }
 
 }  // namespace

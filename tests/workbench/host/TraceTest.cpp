@@ -9,7 +9,7 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-TEST(Trace, SeesStatementResultAndDuration) {
+TEST(Trace, StatementResultAndDurationAreRecorded) {
     ModuleStage stage;
     std::vector<TraceEntry> entries;
     stage.session->tracer()->observe([&](const TraceEntry& entry) { entries.push_back(entry); });
@@ -42,7 +42,7 @@ TEST(Trace, SeesStatementResultAndDuration) {
     EXPECT_EQ(entries.back().depth, 0) << "a failed call must not leave the depth raised";
 }
 
-TEST(Trace, TellsWhatWasCalledWithinWhat) {
+TEST(Trace, NestedCallsAreRecordedWithTheirDepth) {
     ModuleStage stage;
     std::vector<std::string> calls;
     stage.session->tracer()->observe([&](const TraceEntry& entry) {

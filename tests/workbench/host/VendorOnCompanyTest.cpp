@@ -1,9 +1,9 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <gmock/gmock.h>
 
+#include "doubles/HexPattern.h"
 #include "entities/VendorEditor.h"
 #include "module/Module.h"
-#include "doubles/HexPattern.h"
 #include "tests/workbench/host/HostStage.h"
 #include "workbench/host/RecordLists.h"
 
@@ -37,7 +37,7 @@ void accept(VendorEditor& editor) {
     editor.cmdOK.userPress();
 }
 
-TEST(VendorOnCompany, IsAddedReadBackAndItsChangesAreInTheHistory) {
+TEST(VendorOnCompany, AVendorIsAddedReadBackAndItsChangesAreInTheHistory) {
     ModuleStage stage;
     stage.run("INSERT INTO Terms (Terms) VALUES('Net 15')");
     const std::int32_t ID = edit(stage.desktop, *stage.library, 0, [](VendorEditor& editor) {
@@ -53,9 +53,7 @@ TEST(VendorOnCompany, IsAddedReadBackAndItsChangesAreInTheHistory) {
     const std::string where = " FROM Vendors WHERE ID = " + std::to_string(ID);
     const std::pair<const char*, const char*> stored[] = {
         {"VendorName", "O'Brien & Daughters"},
-        {"BillToAddress1 + ';' + BillToAddress2 + ';' + BillToCity + ';' + BillToState + ';' + BillToZip + "
-         "';' + "
-         "BillToCountry",
+        {"BillToAddress1 + ';' + BillToAddress2 + ';' + BillToCity + ';' + BillToState + ';' + BillToZip + ';' + BillToCountry",
          "9 Quay Rd;Suite 4;toronto;on;m5v 2t6;Canada"},
         {"ShipToZip", "m5v 2t6"},
         {"Phone3Label", "Mobile"},
@@ -105,10 +103,10 @@ TEST(VendorOnCompany, IsAddedReadBackAndItsChangesAreInTheHistory) {
     EXPECT_THAT(own->cells, ElementsAre("O'Brien & Daughters", "Orla", "toronto", "No", ""));
 }
 
-TEST(VendorOnCompany, TwoEditorsOfOneVendorTellEachChangeTruthfully) {
+TEST(VendorOnCompany, TwoEditorsOfOneVendorEachRecordTheirRealChanges) {
     ModuleStage first;
-    first.run("UPDATE Vendors SET TermsID = NULL WHERE ID = 3");  // the company has no terms here
-    // Another workstation with the same company.
+    first.run("UPDATE Vendors SET TermsID = NULL WHERE ID = 3");  // the demonstration's terms were deleted
+    // A second workstation with the same company.
     RecordingUi ui;
     CompanySession session(first.folder.file("test.company"), "priya", ui);
     test::ScriptedDesktop desktop;
@@ -124,17 +122,18 @@ TEST(VendorOnCompany, TwoEditorsOfOneVendorTellEachChangeTruthfully) {
         });
         editor.cmdOK.userPress();
     });
-    // The one saved last takes the other's change back without knowing, and says so.
-    EXPECT_THAT(history(first, 3),
-                ElementsAre("Vendor updated:\r\nPhone1: 1-800 to (555) 010-0203\r\nContact: Lucasta Bell to "
-                            "Changed first, saved last",
-                            "Vendor updated:\r\nPhone1: (555) 010-0203 to 1-800"));
+    // The second save undoes the other editor's change, and the history shows that.
+    EXPECT_THAT(
+        history(first, 3),
+        ElementsAre(
+            "Vendor updated:\r\nPhone1: 1-800 to (555) 010-0203\r\nContact: Lucasta Bell to Changed first, saved last",
+            "Vendor updated:\r\nPhone1: (555) 010-0203 to 1-800"));
     EXPECT_EQ(first.value("SELECT EmployeeID FROM VendorActivity ORDER BY ID"), "3")
-        << "put down to each user";
+        << "each entry names its user";
     second->PreTerminate();
 }
 
-TEST(VendorOnCompany, WhatTheDatabaseRefusesIsToldAndTheInputStays) {
+TEST(VendorOnCompany, ARefusalOfTheDatabaseIsReportedAndTheInputKept) {
     ModuleStage stage;
     for (const char* act : {"INSERT", "UPDATE"}) {
         SQLite::Database(stage.folder.file("test.company"), SQLite::OPEN_READWRITE)

@@ -9,22 +9,18 @@ namespace tsln::workbench {
 
 namespace {
 
-/// Damaged statements, made by cutting, doubling and mixing the words of good ones: each runs or is refused.
+/// Damaged statements, made by deleting, replacing and inserting words of valid ones. Each must run or be refused.
 class DamagedStatements : public CompanyTest {};
 
-TEST_F(DamagedStatements, RunOrAreRefused) {
+TEST_F(DamagedStatements, EachRunsOrIsRefused) {
     const std::string statements[] = {
-        "SELECT TOP 1 VendorName + ' (' + CONVERT(varchar(10), CAST(AddedOn AS DATE), 101) + ')' AS Result "
-        "FROM Vendors "
+        "SELECT TOP 1 VendorName + ' (' + CONVERT(varchar(10), CAST(AddedOn AS DATE), 101) + ')' AS Result FROM Vendors "
         "ORDER BY AddedOn DESC",
-        "SELECT DISTINCT t.[Terms], CASE WHEN LEN(x.Name) > 3 THEN LEFT(x.Name, 2) ELSE NULL END FROM Terms "
-        "t LEFT JOIN (SELECT "
-        "TOP 3 * FROM CustomerTypes) AS x ON x.ID = t.ID WHERE t.ID IN (1, 2) AND NOT t.Terms LIKE 'a%' "
-        "ESCAPE '!'",
-        "INSERT INTO Terms (Terms,DueDays) SELECT GroupName, COUNT(DISTINCT ID) FROM Groups GROUP BY "
-        "GroupName HAVING 1 < 2",
-        "UPDATE Terms SET Terms = 'it''s', DueDays = -DueDays * (2 - 1) / 3 WHERE ID BETWEEN 1 AND 5 OR "
-        "EXISTS (SELECT 1)",
+        "SELECT DISTINCT t.[Terms], CASE WHEN LEN(x.Name) > 3 THEN LEFT(x.Name, 2) ELSE NULL END FROM Terms t "
+        "LEFT JOIN (SELECT TOP 3 * FROM CustomerTypes) AS x ON x.ID = t.ID "
+        "WHERE t.ID IN (1, 2) AND NOT t.Terms LIKE 'a%' ESCAPE '!'",
+        "INSERT INTO Terms (Terms,DueDays) SELECT GroupName, COUNT(DISTINCT ID) FROM Groups GROUP BY GroupName HAVING 1 < 2",
+        "UPDATE Terms SET Terms = 'it''s', DueDays = -DueDays * (2 - 1) / 3 WHERE ID BETWEEN 1 AND 5 OR EXISTS (SELECT 1)",
         "DELETE FROM Terms WHERE DATEADD(hh, 1, AddedOn) >= GETDATE() AND ID IS NOT NULL"};
     std::vector<std::string> words;
     for (const std::string& statement : statements) {
@@ -46,7 +42,7 @@ TEST_F(DamagedStatements, RunOrAreRefused) {
         std::size_t first = below(words.size());
         std::vector<std::string> damaged(words.begin() + long(first),
                                          words.begin() + long(std::min(words.size(), first + 1 + below(40))));
-        if (round % 2 == 0) {  // a whole statement instead of a piece from anywhere
+        if (round % 2 == 0) {  // a complete statement instead of an arbitrary part
             damaged.clear();
             std::size_t start = 0;
             for (std::size_t skip = below(5); skip > 0; --skip) {
@@ -82,7 +78,7 @@ TEST_F(DamagedStatements, RunOrAreRefused) {
     }
     EXPECT_GT(ran, 50);
     EXPECT_GT(refused, 1000);
-    EXPECT_EQ(rows("SELECT COUNT(*) FROM Customers"), "60");  // no statement reached beyond its tables
+    EXPECT_EQ(rows("SELECT COUNT(*) FROM Customers"), "60");  // no statement changed another table
 }
 
 }  // namespace

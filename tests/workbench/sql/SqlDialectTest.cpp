@@ -15,8 +15,7 @@ class SqlDialectTest : public CompanyTest {
   protected:
     void SetUp() override {
         company_.execute(
-            "INSERT INTO Terms (Terms, DueDays, Discount) VALUES ('Net 30', 30, 0), ('net 60', 60, 0.025), "
-            "('Österreich''s terms', 7, 0.5)");
+            "INSERT INTO Terms (Terms, DueDays, Discount) VALUES ('Net 30', 30, 0), ('net 60', 60, 0.025), ('Österreich''s terms', 7, 0.5)");
         company_.execute("UPDATE Terms SET AddedOn = '2011-03-04T10:20:30'");
         company_.execute("UPDATE Terms SET AddedOn = '2012-12-31T23:05:00' WHERE DueDays = 60");
     }
@@ -28,7 +27,7 @@ class SqlDialectTest : public CompanyTest {
     }
 };
 
-TEST_F(SqlDialectTest, ReadsTables) {
+TEST_F(SqlDialectTest, SelectsReadTables) {
     check({
         {"SELECT TOP 1 Terms FROM Terms ORDER BY DueDays DESC", "net 60"},
         {"select top (2) DueDays from dbo.Terms order by DueDays", "7;30"},
@@ -48,20 +47,19 @@ TEST_F(SqlDialectTest, ReadsTables) {
         {"SELECT c.ID, v.ID FROM Customers c LEFT JOIN Vendors v ON v.ID = c.ID WHERE c.ID BETWEEN 12 AND 14",
          "12|12;13|13;14"},
         {"SELECT COUNT(*) FROM (Customers INNER JOIN Orders ON Orders.CustomerID = Customers.ID)", "40"},
-        {"SELECT e.Username FROM Employees e WHERE EXISTS (SELECT * FROM EmployeeSecurityRoles r WHERE "
-         "r.EmployeeID = e.ID "
-         "AND r.SecurityRoleID = 1)",
+        {"SELECT e.Username FROM Employees e WHERE EXISTS (SELECT * FROM EmployeeSecurityRoles r "
+         "WHERE r.EmployeeID = e.ID AND r.SecurityRoleID = 1)",
          "admin"},
         {"SELECT Range FROM DeliveryRanges WHERE ID = 1 AND NOT ID IS NULL", "Next available"},
         {"SELECT COUNT(*) AS Result FROM Groups WHERE GroupType = 1", "4"},
-        {"SELECT PortfolioTags.Tag, Portfolio.FileName FROM PortfolioTags INNER JOIN Portfolio ON "
-         "PortfolioTags.PortfolioID "
-         "= Portfolio.ID WHERE (Portfolio.ID = 2) ORDER BY PortfolioTags.Tag, Portfolio.FileName",
+        {"SELECT PortfolioTags.Tag, Portfolio.FileName FROM PortfolioTags "
+         "INNER JOIN Portfolio ON PortfolioTags.PortfolioID = Portfolio.ID WHERE (Portfolio.ID = 2) "
+         "ORDER BY PortfolioTags.Tag, Portfolio.FileName",
          "Kitchen|kitchen-roman.jpg"},
     });
 }
 
-TEST_F(SqlDialectTest, ComparesTextWithoutCaseAndTrailingBlanks) {
+TEST_F(SqlDialectTest, TextComparesWithoutCaseAndTrailingBlanks) {
     check({
         {"SELECT DueDays FROM Terms WHERE Terms = 'NET 30  '", "30"},
         {"SELECT DueDays FROM Terms WHERE terms = N'öSTERREICH''S TERMS'", "7"},
@@ -77,7 +75,7 @@ TEST_F(SqlDialectTest, ComparesTextWithoutCaseAndTrailingBlanks) {
     });
 }
 
-TEST_F(SqlDialectTest, AddsNumbersAndJoinsTexts) {
+TEST_F(SqlDialectTest, PlusAddsNumbersAndJoinsTexts) {
     check({
         {"SELECT 1 + 2, '1' + '2', 'a' + NULL, 1.5 + 2, '3' + 4", "3|12|3.5|7"},
         {"SELECT Terms + ' (' + CONVERT(varchar(10), DueDays) + ')' FROM Terms WHERE DueDays = 30",
@@ -91,7 +89,7 @@ TEST_F(SqlDialectTest, AddsNumbersAndJoinsTexts) {
     EXPECT_EQ(failure("SELECT 1 / (DueDays - 30) FROM Terms"), "Divide by zero error encountered.");
 }
 
-TEST_F(SqlDialectTest, ConvertsAndCalculates) {
+TEST_F(SqlDialectTest, ConversionsAndFunctionsCompute) {
     check({
         {"SELECT CONVERT(varchar(10), CAST(AddedOn AS DATE), 101) FROM Terms WHERE DueDays = 30",
          "03/04/2011"},
@@ -101,24 +99,19 @@ TEST_F(SqlDialectTest, ConvertsAndCalculates) {
          "(2012-12-31)5"},
         {"SELECT CAST('3/4/2011 1:05 PM' AS DATETIME), CAST('20110304' AS DATE)",
          "2011-03-04T13:05:00|2011-03-04"},
-        {"SELECT CAST(2.9 AS INT), CAST(' 12 ' AS INT), CAST(1.005 AS DECIMAL(9,2)), CAST('0.5' AS FLOAT), "
-         "CAST(7 AS BIT)",
+        {"SELECT CAST(2.9 AS INT), CAST(' 12 ' AS INT), CAST(1.005 AS DECIMAL(9,2)), CAST('0.5' AS FLOAT), CAST(7 AS BIT)",
          "2|12|1.01|0.5|1"},
         {"SELECT CAST('abcdef' AS VARCHAR(3)), CAST(12345 AS NVARCHAR(3)), CAST('ab' AS CHAR(4)) + '.'",
          "abc|*|ab  ."},
         {"SELECT DATEADD(month, 1, '2012-01-31'), DATEADD(hh, -11, '2011-03-04T10:20:30')",
          "2012-02-29|2011-03-03T23:20:30"},
-        {"SELECT DATEDIFF(day, '2011-03-04T23:59:00', '2011-03-05'), DATEDIFF(yy, '2011-12-31', "
-         "'2012-01-01'), "
-         "DATEDIFF(wk, '2011-03-05', '2011-03-06')",
+        {"SELECT DATEDIFF(day, '2011-03-04T23:59:00', '2011-03-05'), DATEDIFF(yy, '2011-12-31', '2012-01-01'), DATEDIFF(wk, '2011-03-05', '2011-03-06')",
          "1|1|1"},
         {"SELECT YEAR(AddedOn), MONTH(AddedOn), DATEPART(minute, AddedOn) FROM Terms WHERE DueDays = 60",
          "2012|12|5"},
-        {"SELECT LEN('ab  '), LEFT('Größe', 4), RIGHT('𝄞x', 1), SUBSTRING('abcdef', 0, 3), CHARINDEX('C', "
-         "'abc')",
+        {"SELECT LEN('ab  '), LEFT('Größe', 4), RIGHT('𝄞x', 1), SUBSTRING('abcdef', 0, 3), CHARINDEX('C', 'abc')",
          "2|Größ|x|ab|3"},
-        {"SELECT REPLACE('aXbx', 'x', '-'), LTRIM('  a'), UPPER('b'), ROUND(2.345, 2), FLOOR(-1.5), "
-         "CEILING(1.2)",
+        {"SELECT REPLACE('aXbx', 'x', '-'), LTRIM('  a'), UPPER('b'), ROUND(2.345, 2), FLOOR(-1.5), CEILING(1.2)",
          "a-b-|a|B|2.35|-2|2"},
         {"SELECT dbo.BuildEmployeeName('Ann', 'B', 'Lee'), dbo.BuildEmployeeName('Ann', NULL, 'Lee')",
          "Ann B Lee|Ann Lee"},
@@ -131,30 +124,29 @@ TEST_F(SqlDialectTest, ConvertsAndCalculates) {
               "Conversion failed when converting the text '2011-02-30' to date.");
 }
 
-TEST_F(SqlDialectTest, ChangesRows) {
+TEST_F(SqlDialectTest, StatementsChangeRows) {
     EXPECT_EQ(
         company_.execute("UPDATE Terms SET Terms = 'Net 90', DueDays = DueDays + 60 WHERE Terms = 'NET 30'"),
         1);
     EXPECT_EQ(rows("SELECT Terms, DueDays FROM Terms WHERE DueDays = 90"), "Net 90|90");
     EXPECT_EQ(company_.execute("DELETE Terms WHERE DueDays > 50"), 2);
-    // The way a role is copied.
+    // As a role is copied.
     company_.execute(
-        "INSERT INTO SecurityRoles (Name, Description) SELECT 'Viewer Copy', Description from SecurityRoles "
-        "where ID = 2");
+        "INSERT INTO SecurityRoles (Name, Description) SELECT 'Viewer Copy', Description from SecurityRoles where ID = 2");
     int copy = company_.lastInsertId();
     EXPECT_GT(copy, 3);
     EXPECT_GT(company_.execute("INSERT INTO SecurityRoleAccess (SecurityRoleID,Activity,Access) SELECT " +
                                std::to_string(copy) +
                                ",Activity,Access FROM SecurityRoleAccess WHERE SecurityRoleID = 2 "),
               40);
-    // A quoted number goes into a number column; anything else is refused.
+    // A quoted number is accepted for a number column; other text is refused.
     company_.execute(
         "INSERT INTO CustomerTypes (Name,RoundUnitPrice,RoundUnitPriceTo) VALUES('n', '1', '0.25')");
     EXPECT_EQ(rows("SELECT RoundUnitPrice, RoundUnitPriceTo FROM CustomerTypes WHERE Name = 'N'"), "1|0.25");
     EXPECT_NE(failure("UPDATE Terms SET DueDays = 'soon'"), "no failure");
 }
 
-TEST_F(SqlDialectTest, RunsTheDatabasesProcedures) {
+TEST_F(SqlDialectTest, ProceduresOfTheDatabaseRun) {
     company_.execute("INSERT INTO Customers (CustomerName, BillToCity) VALUES ('New', 'Nowhere')");
     std::string id = std::to_string(company_.lastInsertId());
     for (int i = 0; i < 2; ++i)
@@ -166,7 +158,7 @@ TEST_F(SqlDialectTest, RunsTheDatabasesProcedures) {
     EXPECT_NE(company_.read("EXEC sp_spaceused").find("<database_size>0."), std::string::npos);
 }
 
-TEST_F(SqlDialectTest, NamesWhatItDoesNotKnow) {
+TEST_F(SqlDialectTest, UnknownConstructsAreNamed) {
     auto uses = [](std::string what) {
         return "The statement uses " + what + ", which this database does not know.";
     };
@@ -200,11 +192,9 @@ TEST_F(SqlDialectTest, NamesWhatItDoesNotKnow) {
         {"BEGIN TRANSACTION", uses("BEGIN")},
         {"EXEC xp_cmdshell 'dir'", uses("the procedure xp_cmdshell")},
         {"DELETE FROM Terms; DELETE FROM Vendors",
-         "The text holds more than one statement: DELETE begins a second one, and this database runs one at "
-         "a time."},
+         "The text holds more than one statement: DELETE begins a second one, and this database runs one at a time."},
         {"SELECT 1 DROP TABLE Terms",
-         "The text holds more than one statement: DROP begins a second one, and this database runs one at a "
-         "time."},
+         "The text holds more than one statement: DROP begins a second one, and this database runs one at a time."},
         {"", "The statement is empty."},
         {" -- nothing", "The statement is empty."},
         {"SELECT ID FROM Terms WHERE", "The statement ends too early."},
@@ -220,22 +210,20 @@ TEST_F(SqlDialectTest, NamesWhatItDoesNotKnow) {
         {"SELECT * FROM sqlite_schema", "Invalid object name 'sqlite_schema'."},
         {"SELECT LEN()", "The function LEN() does not take 0 arguments."},
         {"INSERT INTO Locations (LocationName,MarketName,MarketName) VALUES('a','b','c')",
-         "The column name 'MarketName' is specified more than once in the SET clause or column list of an "
-         "INSERT. A column "
-         "cannot be assigned more than one value in the same clause."},
+         "The column name 'MarketName' is specified more than once in the SET clause or column list of an INSERT. A column cannot be assigned more than one value in the same clause."},
     };
     for (const auto& [sql, text] : cases) {
         SCOPED_TRACE(sql);
         EXPECT_EQ(failure(sql), text);
     }
     EXPECT_EQ(failure(std::string("SELECT 'a\0b'", 12)), "The statement holds a null character.");
-    // What SQLite itself must find out, with names that it would take for texts if it could.
+    // Errors found by SQLite itself, with names that it must not read as texts.
     EXPECT_EQ(failure("SELECT ID FROM Vendodrs WHERE VendorName = 'x'"), "no such table: Vendodrs");
     EXPECT_EQ(failure("SELECT Missing FROM Terms"), "no such column: Missing");
     EXPECT_EQ(rows("SELECT COUNT(*) FROM Terms"), "3");
 }
 
-TEST_F(SqlDialectTest, NestsOnlySoDeep) {
+TEST_F(SqlDialectTest, DeepNestingIsRefused) {
     auto nested = [](int depth) {
         return "SELECT " + std::string(depth, '(') + "1" + std::string(depth, ')');
     };
@@ -244,7 +232,7 @@ TEST_F(SqlDialectTest, NestsOnlySoDeep) {
     EXPECT_EQ(failure("SELECT " + std::string(100'000, '~') + "1").find("no failure"), std::string::npos);
 }
 
-TEST_F(SqlDialectTest, TranslatesStatementsOfAMegabyte) {
+TEST_F(SqlDialectTest, StatementsOfAMegabyteAreTranslated) {
     std::string list = "SELECT ID FROM Terms WHERE ID IN (0", sum = "SELECT 1",
                 comparisons = "SELECT 1 WHERE 1 = 1";
     while (list.size() < 1'000'000)

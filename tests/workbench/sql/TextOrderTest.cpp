@@ -8,7 +8,7 @@ namespace tsln::workbench {
 
 namespace {
 
-TEST(TextOrderTest, ComparesWithoutCase) {
+TEST(TextOrderTest, TextComparesWithoutCase) {
     const struct {
         const char *left, *right;
         int order;
@@ -22,7 +22,7 @@ TEST(TextOrderTest, ComparesWithoutCase) {
     }
 }
 
-TEST(TextOrderTest, MatchesPatterns) {
+TEST(TextOrderTest, PatternsMatch) {
     const struct {
         const char *text, *pattern;
         bool matches;

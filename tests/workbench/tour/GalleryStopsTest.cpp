@@ -9,12 +9,12 @@
 namespace tsln::workbench {
 namespace {
 
-TEST(GalleryStops, EveryScreenIsAStopWithArgumentsThatItTakes) {
+TEST(GalleryStops, EveryScreenHasAStopWithValidArguments) {
     std::set<std::string> names;
     std::set<Operation> visited;
     for (const GalleryStop& stop : galleryStops()) {
         SCOPED_TRACE(stop.name);
-        EXPECT_TRUE(names.insert(stop.name).second) << "its pictures would be written over";
+        EXPECT_TRUE(names.insert(stop.name).second) << "two stops would write the same picture files";
         visited.insert(stop.operation);
         const OperationInfo& row = info(stop.operation);
         ASSERT_EQ(stop.arguments.size(), row.argumentCount);
@@ -29,7 +29,7 @@ TEST(GalleryStops, EveryScreenIsAStopWithArgumentsThatItTakes) {
     EXPECT_TRUE(names.contains("ShowEditTerms") && names.contains("ShowEditTerms-new"));
 }
 
-TEST(GalleryStops, KeysAreReadWordByWord) {
+TEST(GalleryStops, KeysAreParsedWordByWord) {
     const std::vector<Keystroke> keys = readKeys("Ctrl+Shift+Down Alt+m =Net_21 * ...");
     ASSERT_EQ(keys.size(), 5u);
     EXPECT_EQ(keys[0].key, WXK_DOWN);

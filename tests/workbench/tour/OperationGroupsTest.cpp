@@ -18,7 +18,7 @@ std::vector<std::string_view> found(std::string_view search) {
     return names;
 }
 
-TEST(OperationGroups, HoldEveryOperationOnce) {
+TEST(OperationGroups, TheGroupsContainEveryOperationOnce) {
     std::map<Operation, int> count;
     for (const OperationGroup& group : operationGroups()) {
         for (const Operation operation : group.operations)
@@ -29,15 +29,15 @@ TEST(OperationGroups, HoldEveryOperationOnce) {
     EXPECT_EQ(found("").size(), operations.size());
 }
 
-TEST(OperationGroups, AreSearchedByAllWordsOfNameAndGroup) {
+TEST(OperationGroups, ASearchMatchesAllWordsInNameAndGroup) {
     EXPECT_THAT(found("showterms"), testing::ElementsAre("ShowTerms"));
     EXPECT_THAT(found(" TERMS dialogs "), testing::ElementsAre("ShowEditTerms"));
     EXPECT_THAT(found("no such thing"), testing::IsEmpty());
-    EXPECT_EQ(found("showGroups").front(), "ShowGroups") << "before the others that hold the word";
+    EXPECT_EQ(found("showGroups").front(), "ShowGroups") << "listed before other names that contain the word";
     EXPECT_EQ(found("ShowEditTerms").front(), "ShowEditTerms");
 }
 
-TEST(OperationGroups, SignaturesReadAsACallIsWritten) {
+TEST(OperationGroups, SignaturesShowTypesAndNames) {
     const auto signatureOf = [](Operation operation) { return signature(info(operation)); };
     EXPECT_EQ(signatureOf(Operation::ShowTerms), "ShowTerms() As Boolean");
     EXPECT_EQ(signatureOf(Operation::ShowMoveReferences),

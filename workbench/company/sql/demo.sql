@@ -1,5 +1,5 @@
--- The company that a new file begins with: a made-up retailer of blinds, shades, shutters and draperies.
--- The measurement lists are left empty, so that their screens offer the defaults.
+-- The data of a new company file: a fictitious retailer of blinds, shades, shutters and draperies.
+-- The measurement lists are empty, so that their screens offer the defaults.
 
 INSERT INTO Company (Name, Email, WebSite, Phone1Label, Phone1, Phone2Label, Phone2, Phone3Label, Phone3, Phone4Label,
     Phone4, BillToAddress1, BillToCity, BillToState, BillToZip, BillToCountry, ShipToAddress1, ShipToCity, ShipToState,
@@ -14,7 +14,7 @@ INSERT INTO SecurityRoles (Name, Description) VALUES
     ('Viewer', 'May look at everything and change nothing'),
     ('Sales', 'Customers, quotes, sales and orders');
 
--- Every activity with the access that can be granted for it.
+-- All activities, each with the access that can be granted for it.
 CREATE TEMP TABLE Activities (Activity INTEGER, Mask INTEGER);
 INSERT INTO Activities VALUES
     (100, 60), (101, 60), (102, 60), (103, 60), (104, 60), (105, 60), (106, 60), (107, 60), (108, 60), (109, 60), (110, 60),
@@ -22,7 +22,7 @@ INSERT INTO Activities VALUES
     (550, 60), (400, 60), (401, 16), (502, 60), (503, 60), (501, 60), (500, 4), (504, 60), (600, 62), (601, 62), (602, 62),
     (603, 60), (604, 44), (605, 20), (700, 22), (701, 190), (800, 190), (801, 190), (802, 190), (803, 190), (805, 190),
     (806, 190), (807, 190);
--- The administrator's rights go beyond the masks: discount groups, too, can be added and deleted.
+-- The administrator's rights exceed the masks: discount groups can be added and deleted.
 INSERT INTO SecurityRoleAccess (SecurityRoleID, Activity, Access) SELECT 1, Activity, Mask | 60 FROM Activities;
 INSERT INTO SecurityRoleAccess (SecurityRoleID, Activity, Access) SELECT 2, Activity, 4 FROM Activities WHERE Mask & 4;
 INSERT INTO SecurityRoleAccess (SecurityRoleID, Activity, Access)
@@ -231,7 +231,7 @@ UPDATE Customers SET TermsID = CASE WHEN CompanyName <> '' THEN 3 ELSE 5 END;
 UPDATE Vendors SET TermsID = CASE WHEN ID % 4 = 0 THEN 4 ELSE 3 END WHERE ID > 1;
 UPDATE Orders SET TermsID = (SELECT TermsID FROM Customers WHERE Customers.ID = Orders.CustomerID);
 
--- The list of what was added would be of one second otherwise.
+-- Spreads the dates of addition, which would all be in one second.
 UPDATE Customers SET AddedOn = strftime('%Y-%m-%dT%H:%M:%S', '2022-02-01 15:00:00', printf('+%d days', ID * 9));
 UPDATE Vendors SET AddedOn = strftime('%Y-%m-%dT%H:%M:%S', '2021-06-01 15:00:00', printf('+%d days', ID * 20));
 UPDATE Employees SET AddedOn = strftime('%Y-%m-%dT%H:%M:%S', '2021-05-01 14:00:00', printf('+%d days', ID * 60));

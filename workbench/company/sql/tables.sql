@@ -1,8 +1,8 @@
--- The tables of a company. In each, {id} stands for the key and {bookkeeping} for the columns that every record
--- carries: its identity across companies and when it was added and last changed, in UTC. {text} is a text that
--- compares without letter case. No index on texts: see SqlFunctions.h.
+-- The tables of a company. {id} is replaced by the key, {bookkeeping} by the columns of every record: its identity
+-- across companies and the times of its addition and last change, in UTC. {text} is replaced by the type of a text
+-- that compares without letter case. Texts have no index: see SqlFunctions.h.
 
--- Who and what the company is -----------------------------------------------------------------------------------
+-- The company and its employees ---------------------------------------------------------------------------------
 
 CREATE TABLE Company ({id},
     Name {text}, Email {text}, WebSite {text},
@@ -34,7 +34,7 @@ CREATE TABLE Employees ({id},
 
 CREATE TABLE SecurityRoles ({id}, Name {text}, Description {text}, {bookkeeping}) STRICT;
 
--- Access: 2 view what is one's own, 4 view, 8 add, 16 edit, 32 delete, 128 perform
+-- Access: 2 view one's own records, 4 view, 8 add, 16 edit, 32 delete, 128 perform
 CREATE TABLE SecurityRoleAccess ({id},
     SecurityRoleID INTEGER NOT NULL, Activity INTEGER NOT NULL, Access INTEGER NOT NULL DEFAULT 0) STRICT;
 CREATE INDEX SecurityRoleAccess_Role ON SecurityRoleAccess (SecurityRoleID, Activity);
@@ -45,7 +45,7 @@ CREATE TABLE CompanyOptions ({id}, Section {text}, OptionName {text}, OptionValu
 CREATE TABLE UserOptions ({id},
     EmployeeID INTEGER NOT NULL, Section {text}, OptionName {text}, OptionValue {text}, {bookkeeping}) STRICT;
 
--- What happened -------------------------------------------------------------------------------------------------
+-- Events and activity -------------------------------------------------------------------------------------------
 
 -- EventType: 1 error, 2 notice, 3 warning
 CREATE TABLE EventLog ({id},
@@ -114,7 +114,7 @@ CREATE TABLE OrderStatusCodes ({id},
 
 -- Vendors and customers -----------------------------------------------------------------------------------------
 
--- Without UpdatedOn: the editor's history tells every column of a vendor that changes.
+-- Without UpdatedOn: a vendor's history lists every changed column, and would list this one.
 CREATE TABLE Vendors ({id},
     VendorName {text}, WebSite {text},
     Phone1Label {text}, Phone1 {text}, Phone2Label {text}, Phone2 {text}, Phone3Label {text}, Phone3 {text},
@@ -146,14 +146,14 @@ CREATE TABLE CustomerAddresses ({id},
     CustomerID INTEGER NOT NULL, AddressLabel {text}, Address1 {text}, Address2 {text}, City {text}, State {text},
     Zip {text}, Country {text}, isDefault INTEGER NOT NULL DEFAULT 0, {bookkeeping}) STRICT;
 CREATE INDEX CustomerAddresses_Customer ON CustomerAddresses (CustomerID);
--- Width and Length are kept as they were written down.
+-- Width and Length are stored as they were entered.
 CREATE TABLE CustomerMeasurements ({id},
     CustomerID INTEGER NOT NULL, Location {text}, Room {text}, Item {text}, Mount {text}, Width {text}, Length {text},
     Remarks {text}, {bookkeeping}) STRICT;
 CREATE INDEX CustomerMeasurements_Customer ON CustomerMeasurements (CustomerID);
 CREATE TABLE GroupedCustomers ({id}, GroupID INTEGER NOT NULL, CustomerID INTEGER NOT NULL, {bookkeeping}) STRICT;
 
--- Orders and what belongs to them -------------------------------------------------------------------------------
+-- Jobs, orders and payments -------------------------------------------------------------------------------------
 
 CREATE TABLE Jobs ({id},
     JobName {text}, CustomerID INTEGER, JobTypeID INTEGER, Notes {text}, Created TEXT, CreatedBy INTEGER,
@@ -192,7 +192,7 @@ CREATE TABLE Discounts ({id},
     OptionName {text}, Multiplier REAL NOT NULL DEFAULT 0, TierLevel {text}, Markup REAL NOT NULL DEFAULT 0,
     Margin REAL NOT NULL DEFAULT 0, {bookkeeping}) STRICT;
 
--- What pricing and order entry add -------------------------------------------------------------------------------
+-- Pricing and order entry ---------------------------------------------------------------------------------------
 
 -- ChargeType: 1 vendor promotion, 2 customer promotion, 4 item price adjustment, 8 additional charge, 256 item cost
 -- adjustment. Category: 1 installation, 2 shipping, 3 other. Value: an amount, a percentage or a price line's name.

@@ -1,5 +1,5 @@
--- What the export of each list writes: the record without its key, which means nothing in another company. What a
--- record refers to is written by its name, an empty text where it refers to nothing.
+-- The exported columns of each list: the record without its key, which has no meaning in another company. A
+-- reference is exported as the name of the referenced record, an empty text when there is none.
 
 CREATE VIEW vwExporting_Terms AS
     SELECT Terms, DueDays, Discount, DiscountDays, Exported, UniqueID, AddedOn, UpdatedOn FROM Terms;
@@ -15,7 +15,7 @@ CREATE VIEW vwExporting_OrderTypes AS
     SELECT OrderType, UniqueID, AddedOn, UpdatedOn FROM OrderTypes;
 CREATE VIEW vwExporting_ProductTypes AS
     SELECT ProductType, EstDeliveryDays, UniqueID, AddedOn, UpdatedOn FROM ProductTypes;
--- the one name without an underscore; it is asked for so
+-- The exporting screen uses this name, without an underscore.
 CREATE VIEW vwExportingManufacturers AS
     SELECT Manufacturer, UniqueID, AddedOn, UpdatedOn FROM Manufacturers;
 CREATE VIEW vwExporting_Groups AS
@@ -81,12 +81,12 @@ CREATE VIEW vwExporting_CustomerMeasurements AS
         m.Length, m.Remarks, m.UniqueID, m.AddedOn, m.UpdatedOn
     FROM CustomerMeasurements m JOIN Customers c ON c.ID = m.CustomerID;
 
--- What screens show beside a table's own columns.
+-- Computed columns that screens show in addition to a table's columns.
 
 CREATE VIEW vwScreen_Accounts AS
     SELECT *, CASE AccountType WHEN 1 THEN 'Sales' WHEN 2 THEN 'Purchase' ELSE '' END AS FriendlyAccountType FROM Accounts;
 
--- Procedures. A call is an insert into a view of the procedure's name; the trigger does the work.
+-- Procedures. A call is translated to an INSERT into a view with the procedure's name, and the trigger does the work.
 
 CREATE VIEW EnsureCustomerDefaultAddress AS SELECT 0 AS CustomerID WHERE 0;
 CREATE TRIGGER EnsureCustomerDefaultAddress_Run INSTEAD OF INSERT ON EnsureCustomerDefaultAddress BEGIN
