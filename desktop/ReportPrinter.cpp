@@ -7,6 +7,7 @@
 #include <wx/datetime.h>
 #include <wx/dc.h>
 #include <wx/evtloop.h>
+#include <wx/statusbr.h>
 #ifdef __WXGTK__
 #include <gtk/gtk.h>
 #endif
@@ -68,6 +69,8 @@ class PreviewFrame : public wxPreviewFrame {
 
     void open() {
         InitializeWithModality(wxPreviewFrame_AppModal);
+        // The toolkit's status line is too low for the letters' descenders.
+        if (wxStatusBar* line = GetStatusBar()) line->SetMinHeight(line->GetCharHeight() + FromDIP(10));
         SetSize(FromDIP(wxSize(900, 700)));
         CentreOnParent();
         Show();
