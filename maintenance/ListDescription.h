@@ -104,6 +104,7 @@ struct ListDescription {
     bool editsRows = true;            ///< Edit is enabled
     bool contextMenu = false;         ///< a right click and the menu key open a popup of commands
     bool filter = false;              ///< a box above the list reduces it to the rows that contain the typed text
+    std::string_view columnLayoutKey = {};  ///< the user's column layout is kept under it; empty: it is not kept
     std::string_view countLine = {};  ///< a line below the list, "{0} items"; {0} is the number of shown rows
 };
 

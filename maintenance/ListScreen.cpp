@@ -150,6 +150,8 @@ void ListScreen::Form_Load() {
                           .order = groups->inRowOrder ? Order::ByAppearance : Order::ByText,
                           .emptyText = std::string(groups->emptyText)});
     }
+    if (!description_.columnLayoutKey.empty())
+        modSharedReportControl::restoreColumnLayout(rptItems, description_.columnLayoutKey);
     makePopups();
     setFocus(rptItems);
 }
@@ -172,6 +174,8 @@ void ListScreen::welcome() {
 
 void ListScreen::Form_Unload() {
     saveWindowPosition(*this);
+    if (!description_.columnLayoutKey.empty())
+        modSharedReportControl::saveColumnLayout(rptItems, description_.columnLayoutKey);
 }
 
 void ListScreen::cmdClose_Click() {

@@ -5,12 +5,17 @@
 #include <fstream>
 
 #include "automation/FilePath.h"
+#include "bridge/HostScreen.h"
 #include "screens/Screen.h"
 
 namespace tsln::modSharedReportControl {
 namespace {
 
 const FileFilter fileFilters[] = {{"Text Files", "*.txt"}, {"All Files (*.*)", "*.*"}};
+
+std::string layoutsKey() {
+    return std::string(settingsKey) + "\\Column Layouts";
+}
 
 void appendValue(std::string& line, std::string_view value) {
     for (const char c : value)
@@ -71,6 +76,14 @@ void saveAsText(ReportControl& items) {
         screen.desktop().messageBox(&screen, "Unable to write the file. (1472)", MessageButtons::Ok,
                                     MessageIcon::Critical);
     }
+}
+
+void restoreColumnLayout(ReportControl& items, std::string_view key) {
+    if (const auto layout = items.screen().desktop().readSetting(layoutsKey(), key)) items.setColumnLayout(*layout);
+}
+
+void saveColumnLayout(const ReportControl& items, std::string_view key) {
+    items.screen().desktop().writeSetting(layoutsKey(), key, items.columnLayout());
 }
 
 }  // namespace tsln::modSharedReportControl

@@ -21,4 +21,10 @@ std::int32_t selectedID(const ReportControl& items);
 /// one line per row, columns separated by tabs. Tabs and line breaks in values become blanks.
 void saveAsText(ReportControl& items);
 
+/// Arranges the columns as the user left them, by the layout kept under this key of the user's settings. A layout that
+/// is missing or does not fit leaves the columns as they are defined.
+void restoreColumnLayout(ReportControl& items, std::string_view key);
+/// Keeps the widths, the order and the sort order of the columns under this key of the user's settings.
+void saveColumnLayout(const ReportControl& items, std::string_view key);
+
 }  // namespace tsln::modSharedReportControl

@@ -36,7 +36,7 @@ tsln_windows_test(com_slots com/slots USES tsln_com_server)
 
 # The controls in real windows, worked by the keyboard.
 set(manifest ${CMAKE_SOURCE_DIR}/workbench/app/tessaline-workbench)  # asks for the system's newer controls
-add_executable(test_desktop desktop/main.cpp desktop/Robot.cpp desktop/Picture.cpp desktop/EveryControlTest.cpp
+add_executable(test_desktop desktop/main.cpp desktop/Robot.cpp desktop/Picture.cpp desktop/EveryControlTest.cpp desktop/JobTest.cpp
                ${manifest}.rc)
 set_source_files_properties(${manifest}.rc PROPERTIES OBJECT_DEPENDS ${manifest}.manifest
                             INCLUDE_DIRECTORIES ${CMAKE_SOURCE_DIR}/workbench/app)

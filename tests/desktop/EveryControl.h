@@ -117,11 +117,16 @@ class EveryControl : public NotingScreen {
 
   private:
     void fillLists() {
-        rpt.columns = {{"Product", 160}, {"Price", 80, true, true}};
+        rpt.columns = {{.caption = "Product", .width = 130, .editable = true},
+                       {.caption = "Price", .width = 70, .rightAligned = true, .numeric = true},
+                       {.caption = "Sold", .width = 45, .kind = ReportColumn::Kind::Check, .editable = true}};
+        rpt.onCellEdited = [this](std::size_t record, std::size_t column) {
+            note("edited " + std::string(rpt.cell(record, column)));
+        };
         for (int i = 1; i <= 5; ++i) {
             const std::string product = "Blind " + std::to_string(i);
             const std::string price = std::to_string(i * 12) + ".50";
-            const std::string_view cells[] = {product, price};
+            const std::string_view cells[] = {product, price, i % 2 == 0 ? "1" : "0"};
             rpt.addRecord(i, cells);
         }
         rpt.populate();

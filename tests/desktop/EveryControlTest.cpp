@@ -121,6 +121,10 @@ TEST_F(EveryControlTest, TakesTextDatesColorsAndChoicesByKeyboardAlone) {
 TEST_F(EveryControlTest, MovesThroughPanesPagesAndLinksByKeyboardAlone) {
     screen.rpt.setFocus();
     untilFocused(screen.rpt);
+    user.key(WXK_HOME).key(WXK_F2).pause().type("sheer").key(WXK_RETURN);
+    untilNoted("edited sheer");
+    user.key(WXK_SPACE);
+    untilNoted("edited 1");  // the first row's check box
     user.key(WXK_F6);
     untilFocused(screen.grd);
     user.then([&] {

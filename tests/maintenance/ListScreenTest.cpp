@@ -63,6 +63,7 @@ const ListDescription charges{
                   .buttonCaption = "Enab&le"}},
     .contextMenu = true,
     .filter = true,
+    .columnLayoutKey = "Charges:1",
     .countLine = "{0} items",
 };
 
@@ -130,6 +131,21 @@ TEST(ListScreen, AFilterReducesTheRowsAndTheirCount) {
         list.txtFilter.userType("");
         EXPECT_EQ(list.lblRecords.caption(), "3 items");
     });
+}
+
+TEST(ListScreen, KeepsTheColumnsAsTheUserArrangedThem) {
+    ChargesStage stage;
+    stage.run([](ListScreen& list) {
+        list.rptItems.userColumnWidth(1, 333);
+        list.rptItems.userClickHeader(4);
+    });
+    stage.run([](ListScreen& list) {
+        EXPECT_EQ(list.rptItems.columns[1].width, 333);
+        EXPECT_EQ(list.rptItems.sortOrder(), (SortOrder{.column = 4}));
+    });
+    // A layout that does not fit is passed over.
+    stage.desktop.settings["Software\\Kestrane\\Tessaline\\5.0\\Column Layouts|Charges:1"] = "\xFF damaged;;=9";
+    stage.run([](ListScreen& list) { EXPECT_EQ(list.rptItems.columns[1].width, 100); });
 }
 
 TEST(ListScreen, FurtherCommandsRunFromTheirButtonAndFromBothPopups) {
