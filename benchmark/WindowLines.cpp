@@ -9,7 +9,7 @@ namespace tsln::bench {
 namespace {
 
 constexpr double mostToData = 0.5;
-constexpr double mostToFewRows = 1.2;  // the time must not depend on the number of rows; the rest is measuring error
+constexpr double mostToFewRows = 1.2;  // 1, with an allowance for measuring errors
 constexpr std::size_t fewRows = 1'000;
 constexpr int steps = 100;
 

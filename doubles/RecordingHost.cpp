@@ -216,7 +216,7 @@ Variant RecordingHost::usualAnswer(const std::string& path, Arguments arguments)
     if (path == "Security.CanDo") return true;
     if (path == "FixForSQLInsert") return modSharedSQL::doubleQuotes(arguments[0].toText());
     if (path == "CombineAddress") return joinLines(arguments);
-    if (path == "ParseAddress") return arguments.assign(1, arguments[0]), true;  // the whole text is the first line
+    if (path == "ParseAddress") return arguments.assign(1, arguments[0]), true;  // all in the first line
     if (path == "Common.CreateGUID") return "0123ABCD";
     if (path == "Common.FormatAsGUID") return "{" + arguments[0].toText() + "}";
     if (path == "PSDFile") return "/psd/company.psd";

@@ -67,7 +67,7 @@ std::unique_ptr<RunningTimer> ScriptedDesktop::startTimer(std::function<void()> 
 void ScriptedDesktop::tick() {
     for (const ScriptedTimer* timer : std::vector(timers_.begin(), timers_.end())) {
         if (std::ranges::find(timers_, timer) == timers_.end()) continue;  // stopped by an earlier callback
-        const auto callback = timer->callback();                           // a copy: the callback may stop this timer
+        const auto callback = timer->callback();  // a copy: the callback may stop this timer
         callback();
     }
 }

@@ -208,7 +208,7 @@ void Field::chooseStored(std::int32_t number) {
     if (number != 0) combo().setListIndex(combo().addItem(std::to_string(number), number));
 }
 
-// What the user typed ---------------------------------------------------------------------------------
+// User input ------------------------------------------------------------------------------------------
 
 void Field::left() {
     if (description_.rule == Rule::PostalAddress) {
@@ -255,7 +255,7 @@ std::string_view Field::complaint() const {
     return open ? description_.requiredText : std::string_view();
 }
 
-// What is written -------------------------------------------------------------------------------------
+// Writing ---------------------------------------------------------------------------------------------
 
 void Field::addTags(StatementTags& tags) const {
     const std::string_view tag = description_.tag;

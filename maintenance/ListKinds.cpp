@@ -16,10 +16,10 @@ struct KindRow {
     std::string_view displayName;
     std::string_view listName;
     std::string_view view;
-    std::int32_t chargeType = 0;  ///< the rows of one charge type only
+    std::int32_t chargeType = 0;  ///< limits the rows to one charge type
 };
 
-// The database's view of the manufacturers has no underscore in its name.
+// The view of the manufacturers has no underscore in its name.
 constexpr KindRow kindRows[] = {
     {1, "Manufacturers", "Manufacturers", "vwExportingManufacturers"},
     {2, "Product Types", "ProductTypes", "vwExporting_ProductTypes"},
@@ -60,7 +60,7 @@ constexpr KindRow kindRows[] = {
 
 const FileFilter fileFilters[] = {{"XML Files", "*.xml"}, {"Text Files", "*.txt"}, {"All Files", "*.*"}};
 
-/// Runs the engine's work; an engine that is missing or raises has failed.
+/// Runs the work. Returns false when it raises an error.
 template <class Work>
 bool succeeded(Work work) {
     try {

@@ -8,17 +8,17 @@
 
 namespace tsln {
 
-/// What import and export call a list, and the rows to export. Empty texts for a kind that has no row.
+/// The names and the export query of a list for import and export. All are empty for an unknown kind.
 struct ListKind {
     std::string_view displayName;
-    std::string_view listName;  ///< the import/export engine's name of the list
+    std::string_view listName;  ///< the list's name in the import/export engine
     std::string exportQuery;
 };
 ListKind findListKind(std::int16_t kind);
 
-/// Lets the user pick a file and imports it into the list; tells the result.
+/// Lets the user choose a file, imports it into the list and shows the result.
 void importList(HostScreen& screen, std::int16_t kind);
-/// Lets the user pick a file and exports the list to it; tells the result.
+/// Lets the user choose a file, exports the list to it and shows the result.
 void exportList(HostScreen& screen, std::int16_t kind);
 
 }  // namespace tsln

@@ -122,7 +122,7 @@ std::vector<Layout> RecordDialog::besideButtons() {
     return {layout::item(*cmdExpression_)};
 }
 
-// Life ------------------------------------------------------------------------------------------------
+// Opening and filling ---------------------------------------------------------------------------------
 
 void RecordDialog::Form_Load() {
     restoreWindowPosition(*this, record_ ? record_->windowValues : WindowValues::Place);

@@ -101,7 +101,7 @@ TEST(Library, AnAssignmentOfTheHandlerReachesTheCallersVariable) {
         return library.call(name, Argument::byReference(first), Argument::byReference(second));
     };
 
-    // Each value arrives in the declared type, whatever types the handler and the caller use.
+    // Each value is converted to the declared type, independent of the types of handler and caller.
     call("ShowMoveReferences", "5", {"12", 70'000});
     EXPECT_EQ(first, Variant(std::int16_t{12}));
     EXPECT_EQ(second, Variant(70'000));

@@ -17,12 +17,11 @@ enum ExitCode {
 
 /// The options on the command line.
 struct Options {
-    std::string company;         ///< path of the company file
-    std::string user = "admin";  ///< login name
-    std::vector<std::string>
-        show;             ///< an operation and its arguments, called without the workbench window
-    std::string tour;     ///< folder for the pictures of the tour
-    std::string gallery;  ///< folder for the pictures of all screens
+    std::string company;            ///< path of the company file
+    std::string user = "admin";     ///< login name
+    std::vector<std::string> show;  ///< an operation and its arguments, called without the workbench window
+    std::string tour;               ///< folder for the pictures of the tour
+    std::string gallery;            ///< folder for the pictures of all screens
 };
 
 /// Reads the command line. When there is nothing to run, after a request for help or an error, returns nothing,

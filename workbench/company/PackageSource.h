@@ -5,8 +5,7 @@
 
 namespace tsln::workbench {
 
-/// The file by which the host tells the package processor the company: `<PackageSource
-/// company="/path/file.company"/>`.
+/// The file that names the company for the package processor: `<PackageSource company="/path/file.company"/>`.
 struct PackageSource {
     std::string company;
 };

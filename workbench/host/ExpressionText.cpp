@@ -13,7 +13,8 @@ std::string expressionFault(std::string_view expression) {
         } else if (c == ')' || c == ']') {
             if (closing.empty()) return std::string("There is a \"") + c + "\" without an opening bracket.";
             if (closing.back() != c)
-                return std::string("There is a \"") + c + "\" where a \"" + closing.back() + "\" is expected.";
+                return std::string("There is a \"") + c + "\" where a \"" + closing.back() +
+                       "\" is expected.";
             closing.pop_back();
         }
     }

@@ -17,7 +17,7 @@ struct RecordKind {
     std::string_view caption;                   ///< "Vendors"
     std::span<const std::string_view> columns;  ///< captions of the list's columns
     std::string_view list;                      ///< query: the identifier, then one field per column
-    std::string_view history;                   ///< query: date and text of the entries of record {0}, latest first
+    std::string_view history;  ///< query: date and text of the entries of record {0}, latest first
 };
 
 /// Returns the kind of record that the operation edits; null for an operation that edits none or whose records are

@@ -213,7 +213,7 @@ std::int64_t dateDifference(std::string_view part, SqlDate from, SqlDate to) {
     if (part == "quarter") return monthsOf(to) / 3 - monthsOf(from) / 3;
     auto boundaries = [&](sys_seconds time) {
         seconds since = time - sys_seconds(sys_days(year(1) / 1 / 1));
-        if (part == "week") since += days(1);  // the server's weeks begin on Sunday; 1 January of year 1 was a Monday
+        if (part == "week") since += days(1);  // weeks begin on Sunday; 1 January of year 1 was a Monday
         return since / lengthOf(part);
     };
     return boundaries(to.time) - boundaries(from.time);

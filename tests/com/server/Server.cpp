@@ -10,7 +10,7 @@ namespace tsln::test {
 namespace {
 
 /// Closes this program's windows, one modal window after the other. An open modal window would block the test
-/// for ever.
+/// forever.
 void closeEverything() {
     for (int i = 0; i < 100; ++i) {
         for (const HWND window : ownInputWindows()) {

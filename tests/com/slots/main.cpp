@@ -2,8 +2,7 @@
 
 #include "com/server/Identity.h"
 
-// The class is linked into this program instead of the DLL, so that the tests can plug in their own
-// operations.
+// The class is linked into this program instead of the DLL, so that the tests can plug in their operations.
 HINSTANCE tsln::com::thisModule() noexcept {
     return GetModuleHandleW(nullptr);
 }

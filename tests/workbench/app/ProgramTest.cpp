@@ -84,7 +84,8 @@ TEST_F(ProgramTest, AnUnusableCompanyOrUserIsReportedAndTheFileIsUnchanged) {
     for (const auto& c : cases) {
         const Ended ended = runWorkbench(c.arguments);
         EXPECT_EQ(ended.exitCode, c.exitCode) << c.arguments;
-        EXPECT_THAT(ended.output, testing::EndsWith(".\n")) << "the message is not a sentence: " << c.arguments;
+        EXPECT_THAT(ended.output, testing::EndsWith(".\n"))
+            << "the message is not a sentence: " << c.arguments;
     }
     EXPECT_EQ(fs::last_write_time(path("text.company")), before);
     EXPECT_FALSE(fs::exists(path("no")));

@@ -89,7 +89,7 @@ TEST(SchemaTest, AnUpgradeThatFailsHalfwayLeavesTheFileUnchanged) {
     { Company company(path); }
     makeOlder(path);
     SQLite::Database file(path, SQLite::OPEN_READWRITE);
-    file.exec("ALTER TABLE Vendors ADD COLUMN Locked TEXT");  // conflicts with the column that the upgrade adds
+    file.exec("ALTER TABLE Vendors ADD COLUMN Locked TEXT");  // conflicts with the upgrade
     const std::string before = partsOf(file);
     EXPECT_THROW(Company company(path), CompanyFileError);
     EXPECT_EQ(partsOf(file), before);

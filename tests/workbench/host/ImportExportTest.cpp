@@ -100,7 +100,8 @@ TEST(ImportExport, AFailedExportLeavesTheFileUnchanged) {
     const ObjectPtr idle = second.session->createObject("tslniee5.Engine");
     EXPECT_THROW(idle->call("DoExport", second.folder.file("x.xml")), HostError) << "not initialized";
     idle->call("Initialize", second.session->sharedCode());
-    EXPECT_FALSE(idle->call("DoExport", second.folder.file("x.xml")).toBoolean()) << "no list was added to the export";
+    EXPECT_FALSE(idle->call("DoExport", second.folder.file("x.xml")).toBoolean())
+        << "no list was added to the export";
     EXPECT_THROW(idle->call("AddToExport", "<x>", termsQuery), HostError);
 }
 
@@ -137,7 +138,8 @@ TEST(ImportExport, AFailedImportChangesNothingAndIsExplained) {
          "no columns of these names: Wrong, Terms2"},
         {section(good + "<Record><DueDays>1</DueDays></Record>"), "Terms",
          "Record 2 of the list Terms: The column Terms"},
-        {section(good + "<Record><Terms>   </Terms></Record>"), "Terms", "which identifies the record, is empty"},
+        {section(good + "<Record><Terms>   </Terms></Record>"), "Terms",
+         "which identifies the record, is empty"},
         {section(good + "<Record><Terms>x</Terms><DueDays>many</DueDays></Record>"), "Terms",
          "Record 2 of the list Terms"},
         {section(good + "<Record><Terms>x</Terms><terms>y</terms></Record>"), "Terms", "occurs twice"},
