@@ -80,6 +80,9 @@ class ReportGrid::Model : public wxDataViewVirtualListModel {
 
     bool IsEnabledByRow(unsigned row, unsigned column) const override {
         if (!has(row, column) || !grid_.report_.columns[column].editable) return true;
+#ifndef __WXGTK__
+        if (grid_.report_.row(row).isGroup()) return true;  // it would be grey; editing it is vetoed
+#endif
         return grid_.report_.canEdit({row, column});
     }
 
@@ -342,12 +345,17 @@ std::optional<wxPoint> ReportGrid::belowRow(std::size_t row) const {
 
 // Editing -----------------------------------------------------------------------------------------
 
+/// The column of the row that the arrow keys, Tab or editing have gone to, of which not every platform tells.
+std::size_t ReportGrid::focusedColumn(std::size_t row) const {
+    const wxDataViewColumn* const column = GetCurrentColumn();
+    if ((tabbing_ || !column) && lastCell_.row == row) return lastCell_.column;
+    return column ? column->GetModelColumn() : order_.front();
+}
+
 std::optional<Cell> ReportGrid::currentCell() const {
     const auto row = focusedRow();
     if (!row || *row >= report_.rowCount()) return std::nullopt;
-    if (const wxDataViewColumn* const column = GetCurrentColumn()) {
-        if (const Cell cell{*row, column->GetModelColumn()}; report_.canEdit(cell)) return cell;
-    }
+    if (const Cell cell{*row, focusedColumn(*row)}; report_.canEdit(cell)) return cell;
     for (const std::size_t column : order_) {
         if (report_.canEdit({*row, column})) return Cell{*row, column};
     }
@@ -373,7 +381,7 @@ bool ReportGrid::takesKey(const wxKeyEvent& key) {
             return editByList(cell);
         case WXK_RETURN:
         case WXK_NUMPAD_ENTER:
-            return GetCurrentColumn() && GetCurrentColumn()->GetModelColumn() == cell->column && edit(cell);
+            return focusedColumn(cell->row) == cell->column && edit(cell);
         case WXK_SPACE:
             return tick();
         default:
@@ -408,7 +416,7 @@ bool ReportGrid::tick() {
     const auto row = focusedRow();
     if (!row) return false;
     std::vector<std::size_t> columns = order_;
-    if (GetCurrentColumn()) columns.insert(columns.begin(), GetCurrentColumn()->GetModelColumn());
+    if (const auto cell = currentCell()) columns.insert(columns.begin(), cell->column);
     for (const std::size_t column : columns) {
         if (report_.columns[column].kind != Kind::Check || !report_.canEdit({*row, column})) continue;
         const bool ticked = report_.checked(report_.row(*row).record, column);
@@ -420,14 +428,13 @@ bool ReportGrid::tick() {
 
 /// Ends editing and goes to the next cell that can be edited; false when there is none.
 bool ReportGrid::moveOn(bool backwards) {
-    const wxDataViewColumn* const column = GetCurrentColumn();
     const auto row = focusedRow();
     editor_.accept();
     if (refillPending()) refill();
-    if (!column || !row) return false;
-    const auto next = report_.nextEditable({*row, column->GetModelColumn()}, backwards);
+    const auto next = row ? report_.nextEditable({*row, lastCell_.column}, backwards) : std::optional<Cell>();
     tabbing_ = next.has_value();
     if (!next) return false;
+    lastCell_ = *next;  // also where no editor opens
     selectOnly(*this, itemOf(next->row), static_cast<unsigned>(next->row), columnWindow(next->column));
     edit(next);
     return true;

@@ -54,6 +54,7 @@ class ReportGrid : public wxDataViewCtrl, public ReportWindow {
     void showSelection();
     bool edit(const std::optional<ReportControl::Cell>& cell);
     bool editByList(const std::optional<ReportControl::Cell>& cell);
+    std::size_t focusedColumn(std::size_t row) const;
     void acceptEdit();
     bool tick();
     bool moveOn(bool backwards);
@@ -71,7 +72,8 @@ class ReportGrid : public wxDataViewCtrl, public ReportWindow {
     std::vector<int> widths_;         // by column, in pixels, likewise
     std::vector<wxString> captions_;
     std::uint64_t shownVersion_ = 0;
-    std::int32_t editedID_ = 0;  // of the record whose cell has the editor
+    std::int32_t editedID_ = 0;                  // of the record whose cell has the editor
+    ReportControl::Cell lastCell_{SIZE_MAX, 0};  // where it is, or was last, or where Tab has gone
     bool filled_ = false;
     bool quiet_ = false;     // what the window sends now is not the user's doing
     bool settling_ = false;  // within an act: what was typed goes to the control directly

@@ -35,7 +35,9 @@ class CommandBars : public Control {
     void update(Command& popup);
     /// Runs an enabled command; an unknown or a disabled one is passed over.
     void execute(const Command& popup, int id);
-    /// Brings the popup up to date, lets the user choose under `below` and executes the choice.
+    /// Brings the popup up to date, lets the user choose under `below` and executes the choice. Called by a
+    /// report control's onContextMenu with that control, the popup opens at the pointer, or under the focused
+    /// row when it was asked for by the keyboard.
     void showPopup(int id, Control& below);
     /// Shows one of the popups, likewise.
     void showPopup(Command& popup, Control& below);
