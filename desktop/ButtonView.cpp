@@ -32,7 +32,7 @@ class ButtonView : public ControlView {
         act([this] { button_.userPress(); });
     }
 
-    /// The toolkit draws the default button as such.
+    /// The toolkit marks the default button when it draws it.
     void updateRole() {
         const bool isDefault = button_.role() == Button::Role::Default;
         if (isDefault == isDefault_) return;

@@ -15,7 +15,7 @@
 namespace tsln::desktop {
 namespace {
 
-constexpr int firstYear = 1601;  // of the platforms' calendars
+constexpr int firstYear = 1601;  // the first year of the platforms' calendar controls
 constexpr int lastYear = 9999;
 
 wxDateTime toCalendarDay(std::optional<Date> date) {
@@ -72,7 +72,8 @@ class CalendarDialog : public wxDialog {
     wxDateTime day() const { return calendar_->GetDate(); }
 
   private:
-    /// The platforms disagree on what the arrows do in a calendar: on one of them they choose nothing.
+    /// Moves the chosen day by the arrow keys. On one platform the calendar's own arrow keys do not choose a
+    /// day.
     bool takesKey(const wxKeyEvent& key) {
         if (key.HasAnyModifiers() || !hasKeyboard(*calendar_)) return false;
         switch (key.GetKeyCode()) {

@@ -9,13 +9,13 @@ class wxWindow;
 
 namespace tsln::desktop {
 
-/// A day taken from the calendar, or none by its button "None".
+/// The day that the user picked; no day when the button "None" was pressed.
 struct CalendarChoice {
     std::optional<Date> date;
 };
 
-/// Shows a calendar below or above a place on the screen, in pixels. It begins at the preset date, or at
-/// today when there is none. Nothing when the user left it.
+/// Shows a calendar below or above the rectangle `beside`, in screen pixels. It starts at the preset date, or
+/// at today without one. Returns no value when the user closed it without a choice.
 std::optional<CalendarChoice> askDate(wxWindow& owner, const wxRect& beside, std::optional<Date> preset);
 
 }  // namespace tsln::desktop

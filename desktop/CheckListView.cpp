@@ -14,7 +14,7 @@ namespace {
 
 constexpr int leastHigh = 140;  // pixels at 96 per inch
 constexpr int firstHigh = 240;
-constexpr int tickRoom = 24;  // beside the first column's text
+constexpr int tickRoom = 24;  // width of the tick box in the first column
 constexpr int scrollBar = 24;
 
 class CheckListView : public ControlView {
@@ -27,7 +27,7 @@ class CheckListView : public ControlView {
                                wxLC_REPORT | wxLC_SINGLE_SEL | wxBORDER_NONE)) {
         setWindow(border_);
         border_->SetMinSize(border_->FromDIP(wxSize(wide() * 2 / 3, leastHigh)));
-        // The same line around it as around the other lists.
+        // The other lists have this border line, too.
         border_->SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_3DSHADOW));
         auto* sizer = new wxBoxSizer(wxVERTICAL);
         sizer->Add(list_, wxSizerFlags(1).Expand().Border(wxALL, 1));
@@ -82,7 +82,7 @@ class CheckListView : public ControlView {
         list_->SetColumnWidth(last, std::max(own, list_->GetClientSize().x - others));
     }
 
-    /// Space and the arrow keys act on the focused row, so there is always one.
+    /// Focuses the first row when none is focused: Space and the arrow keys need a focused row.
     void focusFirst() {
         if (list_->GetItemCount() == 0) return;
         if (list_->GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_FOCUSED) >= 0) return;

@@ -58,7 +58,7 @@ class ChoiceDialog : public wxDialog {
     }
 
   private:
-    /// The platforms' own arrows stop at the ends, or do not choose.
+    /// The platforms' own arrow keys stop at the ends or do not choose an answer.
     void onKey(wxKeyEvent& key) {
         const int code = key.GetKeyCode();
         const bool forward = code == WXK_DOWN || code == WXK_RIGHT;
@@ -80,7 +80,7 @@ class ChoiceDialog : public wxDialog {
 std::optional<std::size_t> askChoice(wxWindow* owner, const wxString& title, const wxString& question,
                                      std::span<const std::string> answers) {
     if (answers.empty()) return std::nullopt;
-    std::optional<ForeignWindows> foreign;  // those below an owner are disabled already
+    std::optional<ForeignWindows> foreign;  // below an owner they are already disabled
     if (!owner) foreign.emplace();
     ChoiceDialog dialog(owner, title, question, answers);
     if (dialog.ShowModal() != wxID_OK || dialog.chosen() >= answers.size()) return std::nullopt;

@@ -9,8 +9,8 @@ class wxWindow;
 
 namespace tsln::desktop {
 
-/// Asks a question with answers in words, the first of which is chosen already. Returns the answer's index;
-/// nothing when the user cancelled or there are no answers. `owner` may be null.
+/// Asks the user to choose one of several answers; the first is preselected. Returns the index of the chosen
+/// answer; no value when the user cancelled or there are no answers. `owner` may be null.
 std::optional<std::size_t> askChoice(wxWindow* owner, const wxString& title, const wxString& question,
                                      std::span<const std::string> answers);
 

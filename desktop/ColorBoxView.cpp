@@ -37,7 +37,7 @@ class ColorBoxView : public ControlView {
         button_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { openDialog(); });
     }
 
-    /// As on other buttons, Enter presses this one instead of the default button.
+    /// Enter presses this button, not the default button.
     bool takesKey(const wxKeyEvent& key) override {
         if (key.GetKeyCode() != WXK_RETURN && key.GetKeyCode() != WXK_NUMPAD_ENTER) return false;
         openDialog();

@@ -11,13 +11,13 @@
 namespace tsln::desktop {
 namespace {
 
-/// What the two kinds share: `Window` is the toolkit's list to choose from, with or without free text.
+/// The common part of the two kinds of list. `Window` is the toolkit's list, with or without free text.
 template <class Window>
 class ListView : public ControlView {
   public:
     bool growsWide() const override { return true; }
 
-    /// An open list deals with Enter and Esc itself; elsewhere it keeps all keys to itself anyway.
+    /// On Windows an open list handles Enter and Esc. Elsewhere an open list receives all keys anyway.
     bool wantsKey([[maybe_unused]] int keyCode) const override {
 #ifdef __WXMSW__
         return ::SendMessage(GetHwndOf(list_), CB_GETDROPPEDSTATE, 0, 0) != 0;
@@ -77,7 +77,7 @@ class EditableView : public ListView<wxComboBox> {
 
   private:
     void type() {
-        // Choosing an entry writes its text too; that is no typing.
+        // The window also reports a change of text when an entry is chosen.
         const int selected = list_->GetSelection();
         const wxString text = list_->GetValue();
         if (text == toWx(box_.text()) || (selected != wxNOT_FOUND && text == list_->GetString(selected)))

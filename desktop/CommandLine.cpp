@@ -17,7 +17,7 @@ std::vector<std::string> splitCommandLine(std::string_view commandLine) {
             ++i;
         } else if (c == '"') {
             quoted = !quoted;
-            inWord = true;  // "" is a word too, an empty one
+            inWord = true;  // "" is an empty word
         } else if (!quoted && (c == ' ' || c == '\t')) {
             if (inWord) words.push_back(std::exchange(word, {}));
             inWord = false;

@@ -29,7 +29,7 @@ class ViewMaker : public ControlVisitor {
     void visit(CheckList& list) override { make(list); }
     void visit(ColorBox& box) override { make(box); }
     void visit(ComboBox& box) override { make(box); }
-    void visit(CommandBars&) override {}  // shows only while one of its popups is open
+    void visit(CommandBars&) override {}  // has no window; askPopup() shows its popups
     void visit(DateBox& box) override { make(box); }
     void visit(Frame& frame) override { make(frame); }
     void visit(Label& label) override { make(label); }

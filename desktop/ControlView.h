@@ -14,8 +14,8 @@ namespace tsln::desktop {
 
 class ScreenDialog;
 
-/// Draws one control of a screen by a window and reports what the user does to it. The window belongs to its
-/// parent window; the view, to the dialog, which destroys the windows first.
+/// Shows one control of a screen in a window and reports the user's actions to the control. The window is
+/// owned by its parent window, the view by the dialog. The dialog destroys the windows before the views.
 class ControlView {
   public:
     virtual ~ControlView() = default;
@@ -24,56 +24,58 @@ class ControlView {
 
     Control& control() const noexcept { return control_; }
     wxWindow& window() const noexcept { return *window_; }
-    /// The window in it that takes the keyboard.
+    /// The window that takes the keyboard focus: this window or a part of it.
     virtual wxWindow& inputWindow() const { return *window_; }
 
-    /// Draws the control anew from its state. Sends nothing back to it.
+    /// Updates the window from the control's state. Reports nothing to the control.
     void update();
-    /// Reports what the window knows and the control does not yet. Called at the beginning of every act.
+    /// Reports changes in the window that the control has not received yet. Called at the start of every
+    /// action.
     virtual void settle() {}
-    /// A key pressed while the focus is here. True when that was all.
+    /// Handles a key pressed while the control has the focus. Returns true when the key needs no other
+    /// handling.
     virtual bool takesKey([[maybe_unused]] const wxKeyEvent& key) { return false; }
-    /// Enter or Esc mean something here, so that they press no button of the dialog.
+    /// Whether the window itself handles Enter or Esc, which then press no button of the dialog.
     virtual bool wantsKey([[maybe_unused]] int keyCode) const { return false; }
 
-    /// The user pressed its mnemonic, or that of the label before it. The platform's own handling does not
-    /// reach every window that may have the focus.
+    /// The user pressed the mnemonic of the control or of the label before it. The platform's own handling
+    /// does not reach every window that may have the focus.
     virtual void mnemonic() { takeFocus(); }
-    /// Takes the keyboard by the screen's wish.
+    /// Takes the keyboard focus at the request of the screen.
     virtual void takeFocus() { inputWindow().SetFocus(); }
 
-    /// The label before it in the layout, which is hidden along with it.
+    /// Sets the label before the control in the layout. It is shown and hidden with the control.
     void setLabel(wxWindow* label) { label_ = label; }
 
-    /// True when the keyboard can be moved here: by a mnemonic, or when the screen opens.
+    /// Whether the control can receive the keyboard focus, by a mnemonic or when the screen opens.
     virtual bool takesFocus() const { return true; }
-    /// The keyboard stops here when the screen opens, if this is the first such control.
+    /// Whether the control can be the one with the focus when the screen opens.
     virtual bool isTabStop() const { return takesFocus(); }
-    /// It only holds other controls, and has the keyboard whenever one of them has.
+    /// Whether the control is only a container, which never has the keyboard focus itself.
     virtual bool holdsOthers() const { return false; }
-    /// The text on the control itself; its "&" marks the control's mnemonic.
+    /// The text on the control; its "&" marks the mnemonic.
     virtual wxString caption() const { return {}; }
 
-    /// Takes a window made as a child of its own, which holds what the layout puts there: a page, a pane.
+    /// Adds a page or a pane: a child of this window that contains a part of the layout.
     virtual void addPart([[maybe_unused]] wxWindow* part) {}
-    /// The windows between which F6 moves the keyboard.
+    /// The panes between which F6 moves the keyboard focus.
     virtual const std::vector<wxWindow*>& panes() const;
 
-    /// How it stands in the layout.
+    /// Whether the window takes the available width or height of the layout.
     virtual bool growsWide() const { return false; }
     virtual bool growsHigh() const { return false; }
-    /// The size in pixels it would like at first; its window's least size may be smaller.
+    /// The preferred initial size in pixels; the window's minimum size may be smaller.
     virtual wxSize preferredSize() const { return window_->GetEffectiveMinSize(); }
-    /// Where a popup opens, in pixels of the screen.
+    /// The position of a popup, in screen pixels.
     virtual wxPoint popupPosition() const;
 
   protected:
     ControlView(ScreenDialog& dialog, Control& control) : dialog_(dialog), control_(control) {}
     void setWindow(wxWindow* window) { window_ = window; }
     ScreenDialog& dialog() const noexcept { return dialog_; }
-    /// Draws what the kind adds.
+    /// Updates the state that the derived class shows.
     virtual void updateContent() = 0;
-    /// Reports an act of the user to the control, unless the screen is at work.
+    /// Reports a user action to the control, by ScreenDialog::act().
     void act(const std::function<void()>& what);
 
   private:
@@ -103,10 +105,10 @@ ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, Splitter& splitt
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, TabControl& tabs);
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, TextBox& box);
 
-/// The view of a control of whatever kind; null for a kind that shows no window.
+/// Makes the view of a control; null for a kind that has no window.
 ControlViewPtr makeView(ScreenDialog& dialog, wxWindow* parent, Control& control);
 
-/// The width of so many characters of average text in the window's font, in pixels.
+/// The width of `characters` characters of average text in the window's font, in pixels.
 int widthOfCharacters(const wxWindow& window, int characters);
 
 }  // namespace tsln::desktop

@@ -44,7 +44,7 @@ class DateBoxView : public ControlView {
           drop_(new wxBitmapButton(panel_, wxID_ANY, arrow(*panel_))) {
         setWindow(panel_);
         text_->SetMinSize(text_->GetSizeFromTextSize(text_->GetCharWidth() * widthInCharacters));
-        // From the keyboard the calendar opens by the keys of drop-down lists, without a stop on the way.
+        // The keys of drop-down lists open the calendar, so the button needs no tab stop.
         leaveOutOfTabOrder(*drop_);
         drop_->SetMinSize({text_->GetBestSize().y, text_->GetBestSize().y});
         setAccessibleName(*drop_, "Calendar");
@@ -75,7 +75,7 @@ class DateBoxView : public ControlView {
   private:
     void openCalendar() {
         takeFocus();
-        // Within the act: nothing else of the screen answers while the calendar is open.
+        // The calendar is shown within the action, so that the screen handles no other action meanwhile.
         act([this] {
             const auto choice = askDate(dialog(), panel_->GetScreenRect(), box_.date());
             if (choice) box_.userPick(choice->date);
@@ -96,7 +96,7 @@ class DateBoxView : public ControlView {
     wxPanel* panel_;
     wxTextCtrl* text_;
     wxBitmapButton* drop_;
-    wxString known_;  // what it held when last looked at
+    wxString known_;  // the window's text when last reported or set
 };
 
 }  // namespace

@@ -8,7 +8,7 @@
 #include <wx/menu.h>
 #include <wx/msgdlg.h>
 #include <wx/settings.h>
-// clang-format off: needs the one above
+// clang-format off: the next header needs the one above
 #include <wx/generic/msgdlgg.h>
 // clang-format on
 
@@ -87,7 +87,7 @@ wxString wrappedMessage(const wxString& text) {
     const int width = std::min(device.FromDIP(messageWidth), device.GetSize().x * 2 / 3);
     std::vector<wxString> lines =
         wrapLines(text, width, [&](const wxString& part) { return device.GetTextExtent(part).x; });
-    // The buttons must stay within reach, however long the text is.
+    // A long text is cut so that the buttons stay on the screen.
     const auto most = static_cast<std::size_t>(device.GetSize().y * 2 / 3 / device.GetCharHeight());
     if (lines.size() > most) {
         lines.resize(most);
@@ -104,12 +104,12 @@ wxString wrappedMessage(const wxString& text) {
 
 MessageAnswer askMessage(wxWindow* owner, const wxString& title, const wxString& text, MessageButtons buttons,
                          MessageIcon icon) {
-    std::optional<ForeignWindows> foreign;  // those below an owner are disabled already
+    std::optional<ForeignWindows> foreign;  // below an owner they are already disabled
     if (!owner) foreign.emplace();
     MessageDialog box(owner, text, title.empty() ? wxString(programTitle) : title,
                       styleOf(buttons) | styleOf(icon) | wxCENTRE);
 #ifdef __WXGTK__
-    box.SetMessage(wrappedMessage(text));  // this dialog does not wrap by itself
+    box.SetMessage(wrappedMessage(text));  // wxGenericMessageDialog does not wrap text
     if (buttons == MessageButtons::YesNo) box.SetEscapeId(wxID_NO);
 #endif
     switch (box.ShowModal()) {
@@ -150,7 +150,7 @@ std::optional<std::string> askFile(wxWindow* owner, FileDialogKind kind, const w
         if (!saving) return chosen;
         const auto filter = static_cast<std::size_t>(dialog.GetFilterIndex());
         const std::string full = filter < filters.size() ? withExtension(chosen, filters[filter]) : chosen;
-        // The dialog asked about the name as it was typed; the extension may make it an existing one.
+        // The dialog asked about the typed name. With the extension added, another file may exist.
         if (full == chosen || !wxFileExists(toWx(full))) return full;
         const wxString question = wxString::Format("The file '%s' already exists. Do you want to replace it?",
                                                    wxFileName(toWx(full)).GetFullName());

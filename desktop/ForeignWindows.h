@@ -9,38 +9,38 @@ class wxTopLevelWindow;
 
 namespace tsln::desktop {
 
-/// The windows of this thread that another part of the program has opened: the host's, where the screens are
-/// guests. The toolkit knows nothing of them. While this lives they take no input, as behind any modal
-/// window. Elsewhere than on Windows there are none.
+/// Disables the windows of this thread that the toolkit did not open, such as the host's, while it exists.
+/// The toolkit disables only its own windows while a dialog is modal. Does nothing on other systems than
+/// Windows.
 class ForeignWindows {
   public:
-    /// Disables those that are shown and enabled.
+    /// Disables the foreign windows that are shown and enabled.
     ForeignWindows();
-    /// Enables those that still are disabled, and gives the keyboard back to the one that had it.
+    /// Enables the windows that are still disabled and activates the one that was active before.
     ~ForeignWindows();
     ForeignWindows(const ForeignWindows&) = delete;
     ForeignWindows& operator=(const ForeignWindows&) = delete;
 
-    /// Enables them again, the last disabled first. To be called before the modal window goes: the system
-    /// activates an enabled window then, and would pick one of another program.
+    /// Enables the windows again, the last disabled first. Must be called before the modal window is hidden:
+    /// otherwise the system finds no enabled window of this program and activates another program's.
     void enable() noexcept;
 
-    /// Keeps a window that has no parent above the foreign window that was in front, as its owner. Should the
-    /// owner be destroyed before this object, the system destroys the window as well, and `onLost` is called.
-    /// To be called once at most.
+    /// Makes the foremost foreign window the owner of `window`, which stays above it, unless `window` has a
+    /// parent. When the owner is destroyed before this object, the system also destroys `window`, and
+    /// `onLost` is called. May be called once.
     void own(wxTopLevelWindow& window, std::function<void()> onLost);
 
-    /// The program is ending: tells its message loop so again, after a loop of ours has taken the word from
-    /// the queue. The exit code that came with it is lost; it becomes 0.
+    /// Posts the quit message again after a nested message loop has removed it from the queue, so that the
+    /// outer loop ends, too. The exit code of the original message is replaced by 0.
     static void passQuitOn() noexcept;
 
-    /// Where that foreign window is; empty when there is none.
+    /// The rectangle of the foremost foreign window, in screen pixels; empty without one.
     static wxRect foremostRect();
 
   private:
     void* foremost_ = nullptr;
     std::vector<void*> disabled_;
-    void* owned_ = nullptr;  // while there is a window to watch
+    void* owned_ = nullptr;  // the window given to own(); null without one
     std::function<void()> onLost_;
 };
 

@@ -1,6 +1,6 @@
 #ifdef _WIN32
 #include <wx/toplevel.h>
-// clang-format off: needs what wx makes of it
+// clang-format off: must follow the wx headers
 #include <wx/msw/private.h>
 // clang-format on
 
@@ -25,7 +25,7 @@ std::vector<HWND> foreignWindows() {
     return found;
 }
 
-/// The one that the user was at.
+/// The active window, or else the foremost enabled one; null without one.
 HWND foremostOf(const std::vector<HWND>& windows) {
     if (const HWND active = GetActiveWindow(); active && isForeign(active)) return active;
     for (const HWND window : windows) {
@@ -37,7 +37,7 @@ HWND foremostOf(const std::vector<HWND>& windows) {
 constexpr wchar_t lostProperty[] = L"tslnmaint5.lost";
 constexpr wchar_t procedureProperty[] = L"tslnmaint5.procedure";
 
-/// Gives the window its own procedure back.
+/// Restores the window's own procedure and returns it.
 WNDPROC unwatch(HWND window) {
     RemovePropW(window, lostProperty);
     const auto own = reinterpret_cast<WNDPROC>(RemovePropW(window, procedureProperty));
@@ -88,7 +88,7 @@ void ForeignWindows::own(wxTopLevelWindow& window, std::function<void()> onLost)
     SetWindowLongPtrW(owned, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(foremost_));
     owned_ = owned;
     onLost_ = std::move(onLost);
-    // The toolkit does not tell of windows that it has not destroyed itself.
+    // The toolkit reports only windows that it destroys itself.
     SetPropW(owned, lostProperty, &onLost_);
     SetPropW(owned, procedureProperty, reinterpret_cast<HANDLE>(GetWindowLongPtrW(owned, GWLP_WNDPROC)));
     SetWindowLongPtrW(owned, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(watch));

@@ -8,7 +8,7 @@
 namespace tsln::desktop {
 namespace {
 
-/// A frame holds the windows within it, so that they are disabled and hidden along with it.
+/// A frame is the parent of the windows within it, so they are disabled and hidden with it.
 class FrameView : public ControlView {
   public:
     FrameView(ScreenDialog& dialog, wxWindow* parent, Frame& frame) : ControlView(dialog, frame) {

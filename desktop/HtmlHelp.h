@@ -5,11 +5,11 @@ class wxWindow;
 
 namespace tsln::desktop {
 
-/// Opens a compiled help file on a topic by the system's help viewer. False where the file or the viewer is
-/// missing, and everywhere but on Windows.
+/// Opens a compiled help file at a topic in the system's help viewer. Returns false when the file or the
+/// viewer is missing, and on other systems than Windows.
 bool showHtmlHelp(wxWindow* owner, const wxString& file, unsigned context);
 
-/// Closes the viewer's windows; to be called before the program or module that opened them goes.
+/// Closes the viewer's windows. Must be called before the program or module that opened them is unloaded.
 void closeHtmlHelp();
 
 }  // namespace tsln::desktop

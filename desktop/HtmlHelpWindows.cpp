@@ -1,7 +1,7 @@
 #ifdef _WIN32
 #include <wx/filename.h>
 #include <wx/window.h>
-// clang-format off: needs what wx makes of it
+// clang-format off: must follow the wx headers
 #include <htmlhelp.h>
 
 #include <wx/msw/wrapwin.h>
@@ -12,7 +12,7 @@
 namespace tsln::desktop {
 namespace {
 
-/// The viewer is loaded when it is first needed: not every system has it.
+/// The help viewer, loaded at its first use: not every system has it.
 class Viewer {
   public:
     using Function = HWND(WINAPI*)(HWND, LPCWSTR, UINT, DWORD_PTR);

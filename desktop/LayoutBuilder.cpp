@@ -24,13 +24,13 @@ bool isColumn(const Layout& layout) {
     return layout.kind != Layout::Kind::Row;
 }
 
-/// A row with a label before its first control.
+/// Whether the layout is a row with a label before its first control.
 bool beginsWithField(const Layout& layout) {
     return layout.kind == Layout::Kind::Row && !layout.control && !layout.children.empty() &&
            layout.children.front().kind == Layout::Kind::Field;
 }
 
-/// What a screen reader says for a label: without the mnemonic's mark and the colon.
+/// The accessible name for a label: without the mnemonic's mark and the colon.
 wxString spokenName(const wxString& label) {
     wxString name = wxControl::RemoveMnemonics(label);
     if (name.EndsWith(":")) name.RemoveLast();
@@ -94,7 +94,7 @@ LayoutBuilder::Part LayoutBuilder::makeControl(Control& control, wxWindow* paren
             .growsHigh = view->growsHigh()};
 }
 
-/// A row, column or form, within its frame if it has one.
+/// Makes a row, column or form, in its frame if it has one.
 LayoutBuilder::Part LayoutBuilder::makeBox(const Layout& layout, wxWindow* parent) {
     ControlView* frame =
         layout.control ? dialog_.addView(makeView(dialog_, parent, *layout.control)) : nullptr;
@@ -118,7 +118,7 @@ LayoutBuilder::Part LayoutBuilder::makeBox(const Layout& layout, wxWindow* paren
     return part;
 }
 
-/// `firstLabel`: stands elsewhere, and belongs to the field that the layout begins with.
+/// `firstLabel`: the label of the first field of the layout, which the caller has placed in another sizer.
 LayoutBuilder::Part LayoutBuilder::fillBox(const Layout& layout, wxWindow* parent, wxSizer* sizer,
                                            wxWindow* firstLabel) {
     const bool column = isColumn(layout);
@@ -135,7 +135,7 @@ LayoutBuilder::Part LayoutBuilder::fillBox(const Layout& layout, wxWindow* paren
         }
         const Part part = first && firstLabel ? makeLabelled(child, parent, firstLabel) : make(child, parent);
         if (!part.window && !part.sizer) continue;
-        // Groups keep more distance than single controls.
+        // Groups have larger gaps than single controls.
         if (!first) sizer->AddSpacer(part.isGroup || afterGroup ? 2 * gap_ : gap_);
         afterGroup = part.isGroup;
         first = false;
@@ -160,8 +160,8 @@ LayoutBuilder::Part LayoutBuilder::fillBox(const Layout& layout, wxWindow* paren
     return whole;
 }
 
-/// Buttons side by side or one below the other are of one width, but for those with long captions: they would
-/// make the row too wide.
+/// Gives adjacent buttons one width. Buttons with long captions are left out: they would make the row too
+/// wide.
 void LayoutBuilder::equalizeButtons(const std::vector<Layout>& children) {
     std::vector<wxWindow*> buttons;
     int width = wxButton::GetDefaultSize(&dialog_).x;
@@ -182,7 +182,7 @@ wxWindow* LayoutBuilder::makeLabel(const Layout& field, wxWindow* parent) {
     return new wxStaticText(parent, wxID_ANY, toWx(field.caption));
 }
 
-/// The control of a field whose label stands already.
+/// Makes the control of a field whose label exists already.
 LayoutBuilder::Part LayoutBuilder::makeLabelled(const Layout& field, wxWindow* parent, wxWindow* label) {
     const Part part = makeControl(*field.control, parent, toWx(field.caption));
     if (part.view) part.view->setLabel(label);
@@ -208,7 +208,7 @@ LayoutBuilder::Part LayoutBuilder::makeForm(const Layout& layout, wxWindow* pare
     int row = 0;
     for (const Layout& child : layout.children) {
         if (beginsWithField(child)) {
-            // Its label stands under the others, the rest beside it.
+            // Its label goes into the label column, the rest into the control column.
             wxWindow* label = makeLabel(child.children.front(), parent);
             const Part part = fillBox(child, parent, new wxBoxSizer(wxHORIZONTAL), label);
             grid->Add(label, {row, 0}, {1, 1}, wxALIGN_CENTRE_VERTICAL);
@@ -241,7 +241,7 @@ LayoutBuilder::Part LayoutBuilder::makeForm(const Layout& layout, wxWindow* pare
         ++row;
     }
     if (grid->GetChildren().empty()) return whole;
-    // A form of nothing but what spans both columns has no second one to grow.
+    // Without fields every child spans both columns, and there is no second column to grow.
     const bool hasFields = std::ranges::any_of(layout.children, [](const Layout& child) {
         return child.kind == Layout::Kind::Field || beginsWithField(child);
     });
@@ -249,7 +249,7 @@ LayoutBuilder::Part LayoutBuilder::makeForm(const Layout& layout, wxWindow* pare
     return whole;
 }
 
-/// A page or a pane for each layout, with a margin around what stands in it.
+/// Makes a page or a pane for each child layout, with a margin around its content.
 LayoutBuilder::Part LayoutBuilder::makeParts(const Layout& layout, wxWindow* parent, int margin) {
     ControlView* view = dialog_.addView(makeView(dialog_, parent, *layout.control));
     for (const Layout& child : layout.children) {
@@ -263,7 +263,7 @@ LayoutBuilder::Part LayoutBuilder::makeParts(const Layout& layout, wxWindow* par
             sizer->Add(content.window, flags);
         }
         page->SetSizer(sizer);
-        page->SetSize(sizer->GetMinSize());  // windows of no size at all upset the toolkit
+        page->SetSize(sizer->GetMinSize());  // the toolkit fails on windows of size 0
         page->Layout();
         view->addPart(page);
     }

@@ -15,22 +15,22 @@ namespace tsln::desktop {
 class ControlView;
 class ScreenDialog;
 
-/// Makes windows and sizers from a screen's layout. Windows are made in the layout's order, which is thereby
+/// Makes windows and sizers from a screen's layout. It makes the windows in the layout's order, which becomes
 /// the tab order.
 class LayoutBuilder {
   public:
     explicit LayoutBuilder(ScreenDialog& dialog);
 
-    /// The whole screen's sizer. The caller sets it to the dialog at once.
+    /// Makes the sizer of the whole screen. The caller must give it to the dialog at once.
     wxSizer* build(const Layout& layout);
 
   private:
-    /// A layout as it stands in its parent: the window or the sizer, and how much room it takes.
+    /// A built layout for its parent: a window or a sizer, and how it takes space.
     struct Part {
         wxWindow* window = nullptr;
         wxSizer* sizer = nullptr;
         ControlView* view = nullptr;
-        bool isGroup = false;  ///< holds other parts, or is as big as if it did
+        bool isGroup = false;  ///< contains other parts, or is spaced like a part that does
         bool growsWide = false;
         bool growsHigh = false;
     };
@@ -46,8 +46,8 @@ class LayoutBuilder {
     void equalizeButtons(const std::vector<Layout>& children);
 
     ScreenDialog& dialog_;
-    int gap_;             // between neighbours, in pixels
-    wxString lastLabel_;  // names the control that follows it
+    int gap_;             // between adjacent parts, in pixels
+    wxString lastLabel_;  // the accessible name of the next control
 };
 
 }  // namespace tsln::desktop

@@ -5,7 +5,7 @@
 namespace tsln::desktop {
 namespace {
 
-/// How many characters from the start of the text fit in a line, at least one.
+/// The number of characters from the start of the text that fit in a line, at least 1.
 std::size_t fitting(const wxString& text, int width, const TextWidth& widthOf) {
     std::size_t fits = 1, tooMany = text.length() + 1;
     while (fits + 1 < tooMany) {
@@ -15,7 +15,7 @@ std::size_t fitting(const wxString& text, int width, const TextWidth& widthOf) {
     return fits;
 }
 
-/// Where the line that starts the text ends: behind what fits, at a blank where there is one.
+/// The length of the first line of the text: up to the last blank that fits, or else all characters that fit.
 std::size_t lineEnd(const wxString& text, int width, const TextWidth& widthOf) {
     const std::size_t fits = fitting(text, width, widthOf);
     if (fits >= text.length() || text[fits] == ' ') return fits;

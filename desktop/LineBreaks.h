@@ -7,11 +7,11 @@
 
 namespace tsln::desktop {
 
-/// How wide a text is drawn.
+/// Returns the drawn width of a text.
 using TextWidth = std::function<int(const wxString& text)>;
 
-/// The text in lines no wider than `width`, broken at blanks, and within a word only where the word alone is
-/// too wide. Line feeds break lines, too. Every line has at least a character where the text has any.
+/// Breaks the text into lines no wider than `width`: at line feeds and blanks, and within a word only when
+/// the word alone is too wide. A character that is wider than `width` gets a line of its own.
 std::vector<wxString> wrapLines(const wxString& text, int width, const TextWidth& widthOf);
 
 }  // namespace tsln::desktop

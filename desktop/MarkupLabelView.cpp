@@ -17,14 +17,14 @@ class MarkupLabelView : public ControlView {
     }
 
     bool takesFocus() const override { return panel_->hasLinks(); }
-    /// What wraps or stands at the right takes the width there is.
+    /// Text that wraps or is not left-aligned takes the available width.
     bool growsWide() const override {
         return std::ranges::any_of(label_.runs(), [](const MarkupRun& run) {
             return run.block.wraps || run.block.alignment != MarkupBlock::Alignment::Left;
         });
     }
 
-    /// Enter follows the link that has the keyboard.
+    /// Enter follows the focused link.
     bool takesKey(const wxKeyEvent& key) override {
         if (key.GetKeyCode() != WXK_RETURN && key.GetKeyCode() != WXK_NUMPAD_ENTER) return false;
         const std::string operation = panel_->focusedLink();

@@ -12,9 +12,9 @@
 namespace tsln::desktop {
 namespace {
 
-constexpr int widestLine = 480;  // pixels at 96 per inch; what may be wrapped is not wider of its own wish
+constexpr int widestLine = 480;  // pixels at 96 per inch; limits the best size of text that wraps
 
-/// The words of a text, each with the blanks behind it.
+/// The words of a text, each with the blanks that follow it.
 std::vector<wxString> wordsOf(const wxString& text) {
     std::vector<wxString> words;
     bool afterBlank = true;
@@ -97,7 +97,7 @@ void MarkupPanel::addLink(Line& line, const MarkupRun& run) {
     link->SetFont(fontOf(run));
     link->SetVisitedColour(link->GetNormalColour());
     link->SetToolTip("");
-    // Not skipped: the toolkit would look for a page of that name.
+    // The event is not skipped: the toolkit would open the operation's name as an address.
     link->Bind(wxEVT_HYPERLINK, [this, operation = run.operation](wxHyperlinkEvent&) {
         if (onLink) onLink(operation);
     });

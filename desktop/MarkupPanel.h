@@ -12,15 +12,15 @@ class wxHyperlinkCtrl;
 
 namespace tsln::desktop {
 
-/// Shows markup: flows its words over lines and puts a window on the place of every link.
+/// Shows markup: flows its words over lines and places a child window for each link.
 class MarkupPanel : public wxPanel {
   public:
     explicit MarkupPanel(wxWindow* parent);
 
     void setRuns(const std::vector<MarkupRun>& runs);
-    /// The user follows a link.
+    /// Runs when the user follows a link.
     std::function<void(const std::string& operation)> onLink;
-    /// The operation of the link that has the keyboard; empty when none has.
+    /// The operation of the focused link; empty when no link has the focus.
     std::string focusedLink() const;
     bool hasLinks() const noexcept { return !links_.empty(); }
 
@@ -40,7 +40,7 @@ class MarkupPanel : public wxPanel {
     struct Line {
         std::vector<Piece> pieces;
         MarkupBlock block;
-        int blankHeight = 0;  ///< of a line without text
+        int blankHeight = 0;  ///< height of a line without text
     };
     struct Link {
         wxHyperlinkCtrl* window;
@@ -50,7 +50,7 @@ class MarkupPanel : public wxPanel {
     wxFont fontOf(const MarkupRun& run) const;
     void addText(Line& line, const MarkupRun& run);
     void addLink(Line& line, const MarkupRun& run);
-    /// Places everything within the width and returns the room taken.
+    /// Places all words and links within the width and returns the size they take.
     wxSize flow(int width);
     void paint();
 

@@ -18,7 +18,7 @@
 namespace tsln::desktop {
 
 void leaveOutOfTabOrder(wxWindow& window) {
-    // Each platform knows but one of them.
+    // Each platform supports only one of these.
     window.SetCanFocus(false);
     window.DisableFocusFromKeyboard();
 }

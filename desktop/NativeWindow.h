@@ -7,17 +7,17 @@ class wxWindow;
 
 namespace tsln::desktop {
 
-/// Tells screen readers what to call a window that shows no caption of its own.
+/// Sets the name that screen readers announce for a window without a caption.
 void setAccessibleName(wxWindow& window, const wxString& name);
 
-/// True when the window or a part of it has the keyboard. wxWindow::FindFocus() does not see the inner parts
-/// that some of the platform's controls are made of.
+/// Whether the window or a part of it has the keyboard focus. wxWindow::FindFocus() does not find the inner
+/// parts of some platform controls.
 bool hasKeyboard(const wxWindow& window);
 
-/// Tab passes the window over.
+/// Makes Tab skip the window.
 void leaveOutOfTabOrder(wxWindow& window);
 
-/// Keeps the text of a box of several lines off its border.
+/// Sets the margin, in pixels, between the text of a multi-line box and its border.
 void setTextMargin(wxTextCtrl& text, int pixels);
 
 }  // namespace tsln::desktop

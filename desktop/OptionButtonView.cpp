@@ -14,14 +14,14 @@
 namespace tsln::desktop {
 namespace {
 
-/// The first button of the group that the user can reach.
+/// The first enabled and visible button of the group; null when there is none.
 const OptionButton* firstUsable(const OptionGroup& group) {
     const auto found = std::ranges::find_if(
         group.buttons(), [](const OptionButton* button) { return button->enabled() && button->visible(); });
     return found == group.buttons().end() ? nullptr : *found;
 }
 
-/// The chosen button of a group is the one that Tab goes to.
+/// Whether Tab goes to this button: the chosen one of its group, or else the first usable one.
 bool isStopOfGroup(const OptionButton& button) {
     const OptionGroup& group = button.group();
     return group.selected() ? button.selected() : firstUsable(group) == &button;
@@ -29,13 +29,13 @@ bool isStopOfGroup(const OptionButton& button) {
 
 class RadioButton : public wxRadioButton {
   public:
-    /// Stands alone for the toolkit, which groups only what stands side by side and always has one chosen.
+    /// wxRB_SINGLE: the toolkit groups only adjacent buttons and always has one of a group chosen.
     RadioButton(wxWindow* parent, const OptionButton& button)
         : wxRadioButton(parent, wxID_ANY, toWx(button.caption()), wxDefaultPosition, wxDefaultSize,
                         wxRB_SINGLE),
           button_(button) {}
 
-    /// The platform that moves the keyboard itself does not ask.
+    /// Not called on GTK, which moves the keyboard focus itself.
     bool AcceptsFocusFromKeyboard() const override {
         return wxRadioButton::AcceptsFocusFromKeyboard() && isStopOfGroup(button_);
     }
@@ -57,7 +57,7 @@ class OptionButtonView : public ControlView {
     }
 
     void settle() override {
-        // Not what the window shows: until they are drawn, those of a group may show two as chosen.
+        // The window's state is not read: before a redraw, two windows of a group may show as chosen.
         if (std::exchange(clicked_, false)) button_.userSelect();
     }
 
@@ -65,7 +65,7 @@ class OptionButtonView : public ControlView {
     wxString caption() const override { return toWx(button_.caption()); }
     void mnemonic() override { choose(); }
 
-    /// The arrows choose within the group.
+    /// The arrow keys choose a button of the group.
     bool takesKey(const wxKeyEvent& key) override {
         if (key.HasAnyModifiers()) return false;
         switch (key.GetKeyCode()) {
@@ -108,8 +108,8 @@ class OptionButtonView : public ControlView {
     }
 
 #ifdef __WXGTK__
-    /// The platform's own group, so that Tab goes to the chosen one. A button that is never shown is chosen
-    /// while none of the others is.
+    /// Joins the platform's own group, so that Tab goes to the chosen button. The group has a hidden button,
+    /// which is chosen while none of the others is.
     void joinGroup() {
         for (const OptionButton* other : button_.group().buttons()) {
             if (const auto* view = static_cast<OptionButtonView*>(dialog().viewOf(*other))) {

@@ -14,7 +14,7 @@ namespace {
 
 constexpr int side = 20;  // pixels at 96 per inch
 
-/// Drawn rather than loaded, so that it is sharp at every density.
+/// Draws the picture instead of loading it, so that it is sharp at every display density.
 class PictureView : public ControlView {
   public:
     PictureView(ScreenDialog& dialog, wxWindow* parent, Picture& picture)

@@ -9,7 +9,7 @@ int fitLength(int wanted, int least, int most) {
     return std::max(1, std::min(std::max(wanted, least), most));
 }
 
-/// The stored values may come from anywhere, so no arithmetic is done on them before they are clamped.
+/// Clamps a stored value before any arithmetic: it may be any number and could overflow.
 int fitStart(int wanted, int length, int from, int size) {
     return std::clamp(wanted, from, std::max(from, from + size - length));
 }

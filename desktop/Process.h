@@ -9,16 +9,15 @@
 
 namespace tsln::desktop {
 
-/// The words of a command line: parted by blanks outside double quotes; the quotes are dropped, and \" stands
-/// for a quote. No other character is special.
+/// Splits a command line into words at blanks outside double quotes. The quotes are dropped; \" stands for a
+/// quote. No other character is special.
 std::vector<std::string> splitCommandLine(std::string_view commandLine);
 
-/// Starts a process with the caller's environment, working folder and open files and waits for its end,
-/// calling `idle` over and over; `idle` should take some 20 milliseconds. Does not throw but what `idle`
-/// throws.
+/// Starts a process with the caller's environment, working folder and open files and waits for its end. Calls
+/// `idle` repeatedly meanwhile; `idle` should take about 20 milliseconds. Throws only exceptions of `idle`.
 ProcessEnd runProcess(std::string_view commandLine, const std::function<void()>& idle);
 
-/// Starts a program, or opens a document with the program it belongs to; does not wait.
+/// Starts a program, or opens a document with its associated program. Does not wait.
 void openDetached(std::string_view file, std::string_view arguments);
 
 }  // namespace tsln::desktop

@@ -9,7 +9,7 @@
 namespace tsln::desktop {
 namespace {
 
-/// The pointers exec and spawn want; they point into `words`, which must outlive them.
+/// The argument array for exec and spawn. It points into `words`, which must outlive it.
 std::vector<char*> pointersTo(std::vector<std::string>& words) {
     std::vector<char*> pointers;
     pointers.reserve(words.size() + 1);
@@ -39,7 +39,7 @@ ProcessEnd runProcess(std::string_view commandLine, const std::function<void()>&
     for (;;) {
         const pid_t ended = waitpid(process, &status, WNOHANG);
         if (ended == process) return endOf(status);
-        if (ended < 0 && errno != EINTR) return {.started = true};  // somebody else has collected its end
+        if (ended < 0 && errno != EINTR) return {.started = true};  // other code collected the status
         idle();
     }
 }
@@ -47,13 +47,13 @@ ProcessEnd runProcess(std::string_view commandLine, const std::function<void()>&
 void openDetached(std::string_view file, std::string_view arguments) {
     std::vector<std::string> words = splitCommandLine(arguments);
     const std::string program(file);
-    // A bare name is looked for on the path, as a program; what is there but cannot be run is a document.
+    // A file that exists but is not executable is a document. Any other name is a program on the path.
     const bool isDocument = access(program.c_str(), F_OK) == 0 && access(program.c_str(), X_OK) != 0;
     words.insert(words.begin(), program);
     if (isDocument || program.find("://") != std::string::npos) words.insert(words.begin(), "xdg-open");
     std::vector<char*> pointers = pointersTo(words);
 
-    // The grandchild belongs to nobody here: it outlives this program and leaves no zombie behind.
+    // The program runs as a grandchild: it may outlive this process and leaves no zombie.
     const pid_t child = fork();
     if (child == 0) {
         setsid();

@@ -12,7 +12,7 @@
 namespace tsln::desktop {
 
 ProcessEnd runProcess(std::string_view commandLine, const std::function<void()>& idle) {
-    std::wstring line = toWx(commandLine).ToStdWstring();  // CreateProcess writes into it
+    std::wstring line = toWx(commandLine).ToStdWstring();  // CreateProcess modifies it
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process{};

@@ -27,7 +27,7 @@ class ProgressBarView : public ControlView {
 
   private:
     void updateContent() override {
-        // The toolkit's ranges begin at 0 and are not empty.
+        // The toolkit's ranges start at 0 and must not be empty.
         constexpr std::int64_t most = std::numeric_limits<std::int32_t>::max();
         const std::int64_t range = std::int64_t{bar_.maximum()} - bar_.minimum();
         const std::int64_t done = std::int64_t{bar_.value()} - bar_.minimum();

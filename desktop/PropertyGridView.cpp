@@ -38,7 +38,7 @@ class PropertyGridView : public ControlView {
     bool growsHigh() const override { return true; }
     wxSize preferredSize() const override { return border_->FromDIP(wxSize(firstWidth, firstHeight)); }
 
-    /// The toolkit's grid keeps Tab to itself on one of the platforms.
+    /// On one platform the toolkit's grid handles Tab itself and keeps the focus.
     bool takesKey(const wxKeyEvent& key) override {
         if (key.GetKeyCode() != WXK_TAB || (key.GetModifiers() & ~wxMOD_SHIFT) != 0) return false;
         border_->Navigate(key.ShiftDown() ? wxNavigationKeyEvent::IsBackward
@@ -62,7 +62,7 @@ class PropertyGridView : public ControlView {
 
     void append(const PropertyGrid::Item& item) {
         const wxString caption = toWx(item.caption);
-        // The toolkit finds properties by name, so each needs one of its own.
+        // The toolkit finds properties by name, so each needs a unique name.
         const wxString name = wxString::Format("%zu", shown_.size());
         wxPGProperty* property = nullptr;
         if (item.isCategory) {
@@ -77,7 +77,7 @@ class PropertyGridView : public ControlView {
         }
         if (!item.isCategory) {
             property->ChangeFlag(wxPG_PROP_READONLY, true);
-            property->SetHelpString(toWx(item.value));  // shown over a value too long for its column
+            property->SetHelpString(toWx(item.value));  // the tool tip of a value too long for its column
         }
         shown_.push_back(property);
     }

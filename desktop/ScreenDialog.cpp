@@ -32,7 +32,7 @@ bool isUsable(const Control& control) {
     return control.enabled() && control.visible();
 }
 
-/// Its page of a tab control, if it stands on one, is the one that shows.
+/// Whether the window is on no tab page or on the selected one.
 bool isOnShownPage(const wxWindow& window) {
     for (const wxWindow* at = &window; at->GetParent(); at = at->GetParent()) {
         const auto* book = dynamic_cast<const wxBookCtrlBase*>(at->GetParent());
@@ -59,7 +59,7 @@ void setPointer(wxWindow& window, const wxCursor& cursor) {
 ScreenDialog::ScreenDialog(wxWindow* owner, Screen& screen)
     : wxDialog(owner, wxID_ANY, toWx(screen.caption()), wxDefaultPosition, wxDefaultSize, styleOf(screen)),
       screen_(screen) {
-    SetEscapeId(wxID_NONE);  // Esc is dealt with here, by the screen's own buttons
+    SetEscapeId(wxID_NONE);  // onKey() handles Esc by the screen's cancel button
     SetSizer(LayoutBuilder(*this).build(screen.layout()));
     for (const ControlViewPtr& view : views_)
         view->update();
@@ -68,7 +68,7 @@ ScreenDialog::ScreenDialog(wxWindow* owner, Screen& screen)
     showPointer();
 
     Bind(wxEVT_CHAR_HOOK, &ScreenDialog::onKey, this);
-    // Not every control tells when it gets the focus, so it is looked up as well.
+    // Not every control reports that it got the focus, so idle events check it, too.
     Bind(wxEVT_CHILD_FOCUS, [this](wxChildFocusEvent& event) {
         event.Skip();
         noticeFocus();
@@ -79,7 +79,7 @@ ScreenDialog::ScreenDialog(wxWindow* owner, Screen& screen)
     });
     Bind(wxEVT_ACTIVATE, &ScreenDialog::onActivate, this);
     Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent& event) {
-        event.Veto();  // only the screen decides
+        event.Veto();  // the screen decides whether it closes
         requestClose();
     });
     Bind(wxEVT_MOVE, [this](wxMoveEvent& event) {
@@ -94,14 +94,14 @@ ScreenDialog::ScreenDialog(wxWindow* owner, Screen& screen)
 
 ScreenDialog::~ScreenDialog() {
     screen_.setView(nullptr);
-    acting_ = true;  // windows on their way out still send events
+    acting_ = true;  // drops events that windows send while they are destroyed
     DestroyChildren();
 }
 
 void ScreenDialog::run() {
     if (!screen_.shown()) return;
     setInitialFocus();
-    // The window system may never tell of the first activation (no window manager, another program in front).
+    // The window system may not report the first activation (no window manager, another program in front).
     CallAfter([this] { activateFirst(); });
     ForeignWindows foreign;
     foreign.own(*this, [this] { CallAfter([this] { abandon(); }); });
@@ -110,7 +110,7 @@ void ScreenDialog::run() {
     ShowModal();
     foreign_ = nullptr;
     if (!screen_.shown()) return;
-    abandon();  // the loop was told to end, and the ones below are told in turn
+    abandon();  // the event loop was told to end; the outer loops must be told, too
     ForeignWindows::passQuitOn();
 }
 
@@ -152,7 +152,7 @@ void ScreenDialog::drawChanges() {
 }
 
 void ScreenDialog::activateFirst() {
-    // What has inner parts could not take the focus while it was not shown yet.
+    // A control with inner windows cannot take the focus before it is shown.
     if (focused_ && !hasKeyboard(focused_->window())) moveFocus(*focused_);
     activated_ = true;
     act([this] { screen_.activate(); });
@@ -179,7 +179,7 @@ void ScreenDialog::abandon() {
     requestClose();
 }
 
-// What the screen tells ---------------------------------------------------------------------------
+// Changes of the screen ---------------------------------------------------------------------------
 
 void ScreenDialog::controlChanged(Control& control) {
     ControlView* view = viewOf(control);
@@ -196,7 +196,7 @@ void ScreenDialog::screenChanged() {
 
 void ScreenDialog::focusChanged(Control& control) {
     if (ControlView* view = viewOf(control)) {
-        drawChanges();  // it may have been enabled just now
+        drawChanges();  // the control may have been enabled since the last redraw
         moveFocus(*view);
     }
 }
@@ -215,7 +215,7 @@ bool ScreenDialog::cancelsJob(const Control& control) {
     return true;
 }
 
-/// Disables or enables the windows, and moves the keyboard to the cancel button for the time of the job.
+/// Disables the windows and moves the focus to the cancel button when a job begins; restores both at its end.
 void ScreenDialog::jobChanged() {
     const Job* job = screen_.job();
     if (job) focusedBeforeJob_ = focused_;
@@ -232,9 +232,9 @@ void ScreenDialog::showPointer() {
     setPointer(*this, pointerBusy_ ? *wxHOURGLASS_CURSOR : wxNullCursor);
 }
 
-// Place -------------------------------------------------------------------------------------------
+// Placement ---------------------------------------------------------------------------------------
 
-/// The size at which every control has what it would like, which may be more than its least size.
+/// The client size at which every control has its preferred size.
 wxSize ScreenDialog::naturalSize() {
     std::vector<wxSize> least;
     for (const ControlViewPtr& view : views_) {
@@ -242,7 +242,7 @@ wxSize ScreenDialog::naturalSize() {
         wxSize preferred = view->preferredSize();
         preferred.IncTo(least.back());
         view->window().SetMinSize(preferred);
-        view->window().InvalidateBestSize();  // and those of the windows around it
+        view->window().InvalidateBestSize();  // also that of the parent windows
     }
     const wxSize client = GetSizer()->CalcMin();
     for (std::size_t i = 0; i < views_.size(); ++i) {
@@ -274,7 +274,7 @@ void ScreenDialog::place() {
     const wxRect area =
         wxDisplay(display == wxNOT_FOUND ? 0u : static_cast<unsigned>(display)).GetClientArea();
 
-    // In the units of the stored values, so that one rule serves displays of any density.
+    // In the unit of the stored values, so that one rule serves displays of any density.
     const auto toDip = [this](const wxRect& rect) {
         return wxRect(ToDIP(rect.GetPosition()), ToDIP(rect.GetSize()));
     };
@@ -287,7 +287,7 @@ void ScreenDialog::place() {
         .natural = ToDIP(natural),
     };
     const wxRect rect = placeWindow(stored, screen_.resizable, around);
-    // Sizes are those within the frame: how wide the frame is shows only once the window does.
+    // Sizes exclude the frame: its width is unknown until the window is shown.
     SetClientSize(FromDIP(rect.GetSize()));
     Move(FromDIP(rect.GetPosition()));
     if (stored.maximized && screen_.resizable) Maximize();
@@ -297,7 +297,7 @@ void ScreenDialog::rememberPlacement() {
     if (!IsShown() || IsIconized()) return;
     Screen::Placement& placement = screen_.placement;
     placement.maximized = IsMaximized();
-    if (placement.maximized) return;  // the size to come back to stays
+    if (placement.maximized) return;  // keeps the size to restore
     const wxSize size = ToDIP(GetClientSize());
     placement.left = ToDIP(GetPosition().x);
     placement.width = size.x;
@@ -306,8 +306,9 @@ void ScreenDialog::rememberPlacement() {
 
 // Focus -------------------------------------------------------------------------------------------
 
-/// The view that has the keyboard, or null. The screen's frames have it only by what they hold; a tab control
-/// has it itself only where nothing on its pages does, and those were made after it.
+/// The view that has the keyboard focus, or null. Frames are skipped: only the controls in them have the
+/// focus. The search runs backwards, so that controls on the pages of a tab control come before the tab
+/// control.
 ControlView* ScreenDialog::viewWithKeyboard() const {
     for (const ControlViewPtr& view : views_ | std::views::reverse) {
         if (!view->holdsOthers() && hasKeyboard(view->window())) return view.get();
@@ -325,7 +326,6 @@ void ScreenDialog::setInitialFocus() {
     if (first) moveFocus(*first);
 }
 
-/// Moves the focus by the screen's own wish, which is no leaving of a control by the user.
 void ScreenDialog::restoreFocus() {
     if (focused_) focused_->takeFocus();
 }
@@ -335,7 +335,7 @@ void ScreenDialog::moveFocus(ControlView& view) {
     view.takeFocus();
 }
 
-/// Tells the screen where the user has moved the focus to.
+/// Reports to the screen that the user has moved the focus.
 void ScreenDialog::noticeFocus() {
     ControlView* now = viewWithKeyboard();
     if (acting_ || !activated_ || !now || now == focused_ || !IsActive()) return;
@@ -353,7 +353,7 @@ void ScreenDialog::onActivate(wxActivateEvent& event) {
         leftFront_ = activated_;
         return;
     }
-    // The first one comes from run(); one that comes while the screen is at work is that work's own doing.
+    // run() reports the first activation. An activation during an action is caused by that action.
     if (!std::exchange(leftFront_, false) || acting_) return;
     CallAfter([this] { act([this] { screen_.activate(); }); });
 }
@@ -394,7 +394,7 @@ bool ScreenDialog::pressKey(const wxKeyEvent& key) {
     }
 }
 
-/// Ctrl+Page Down and Up turn the pages, also from a box that would scroll by them.
+/// Ctrl+Page Down and Ctrl+Page Up turn the pages, even in a text box that would scroll.
 bool ScreenDialog::turnPage(int keyCode) {
     if (keyCode != WXK_PAGEDOWN && keyCode != WXK_PAGEUP) return false;
     for (const ControlViewPtr& view : views_) {
@@ -406,7 +406,8 @@ bool ScreenDialog::turnPage(int keyCode) {
     return false;
 }
 
-/// The panes of all splitters, in the layout's order; one that is itself split gives way to its own panes.
+/// The panes of all splitters, in the layout's order. A pane that contains a splitter is replaced by its
+/// panes.
 std::vector<wxWindow*> ScreenDialog::panes() const {
     std::vector<wxWindow*> all;
     for (const ControlViewPtr& view : views_) {
@@ -419,7 +420,7 @@ std::vector<wxWindow*> ScreenDialog::panes() const {
     return all;
 }
 
-/// Moves the keyboard to the first control of the next pane in which it can stop; false when there is none.
+/// Moves the focus to the first tab stop of the next pane that has one. Returns false when there is none.
 bool ScreenDialog::turnPane(bool back) {
     const std::vector<wxWindow*> all = panes();
     const auto here = std::ranges::find_if(all, [](const wxWindow* pane) { return hasKeyboard(*pane); });
@@ -439,7 +440,7 @@ bool ScreenDialog::turnPane(bool back) {
     return false;
 }
 
-/// Presses the first button that is meant; false when the screen has none.
+/// Presses the first button for which `isMeant` is true. Returns false when there is none.
 bool ScreenDialog::press(bool (*isMeant)(const Control& control)) {
     for (const ControlViewPtr& view : views_) {
         if (!isMeant(view->control())) continue;

@@ -13,11 +13,11 @@
 
 namespace tsln::desktop {
 
-/// The window of a screen while it is shown: built from the screen's layout, keeps it drawn, and reports the
-/// user's acts to it. One act at a time: what the user does while the screen is at work is not passed on.
+/// The window of a screen while it is shown. It is built from the screen's layout, redraws changed controls
+/// and reports the user's actions to the screen, one at a time: actions during another action are dropped.
 class ScreenDialog : public wxDialog, private ScreenView {
   public:
-    /// Both must outlive the dialog.
+    /// `owner`, which may be null, and `screen` must outlive the dialog.
     ScreenDialog(wxWindow* owner, Screen& screen);
     ~ScreenDialog() override;
 
@@ -26,25 +26,25 @@ class ScreenDialog : public wxDialog, private ScreenView {
     void EndModal(int result) override;
 
     Screen& screen() const noexcept { return screen_; }
-    /// Runs an act of the user, then draws what it changed. Nothing happens while another one runs or the
-    /// screen is gone. What it throws is reported by the screen.
+    /// Runs a user action, then redraws what it changed. Does nothing while another action runs or when the
+    /// screen is not shown. The screen reports exceptions of `what`.
     void act(const std::function<void()>& what) override;
-    /// Whether the control takes input now: while the screen does a job, only the job's cancel button does.
+    /// Whether the control takes input now. During a job only the job's cancel button does.
     bool takesInput(const Control& control) const;
-    /// Passes a press of the job's cancel button on to the job; false for any other control.
+    /// Cancels the job if `control` is its cancel button. Returns false for any other control.
     bool cancelsJob(const Control& control);
-    /// Gives the keyboard back to the control that had it.
+    /// Moves the keyboard focus back to the control that had it last.
     void restoreFocus();
-    /// Draws what has changed so far; for an act that is about to wait for something.
+    /// Redraws what has changed so far. For actions that are about to wait.
     void drawChanges();
 
     // For the layout and the views ----------------------------------------------------------------
-    /// Takes the view over and returns it; null is passed through.
+    /// Takes ownership of the view and returns it; null is returned unchanged.
     ControlView* addView(ControlViewPtr view);
-    /// Alt and the letter that the label marks moves the focus to the view.
+    /// Makes Alt and the letter marked in the label activate the view.
     void addMnemonic(const wxString& label, ControlView& view);
     ControlView* viewOf(const Control& control) const;
-    /// Something changed its size or came or went.
+    /// A control changed its size or was shown or hidden.
     void layoutChanged() { layoutDirty_ = true; }
 
   private:
@@ -86,9 +86,9 @@ class ScreenDialog : public wxDialog, private ScreenView {
     bool layoutDirty_ = false;
     bool acting_ = false;
     bool activated_ = false;
-    bool leftFront_ = false;  // another window came to the front since the screen was activated
+    bool leftFront_ = false;  // another window was activated since the screen's last activation
     bool closePending_ = false;
-    bool abandoned_ = false;  // the window is gone or the program ends: the screen has no say
+    bool abandoned_ = false;  // the window or the program ends: the screen cannot refuse to close
     bool pointerBusy_ = false;
 };
 

@@ -42,7 +42,7 @@ void Settings::write(std::string_view key, std::string_view value, std::string_v
 
 namespace {
 
-/// "Software\\A\\" as the store's group; a slash is an ordinary character in a key but parts groups here.
+/// Converts a key "Software\\A\\" to a path of the store. A slash in a key is escaped.
 wxString path(std::string_view key, std::string_view value) {
     wxString groups = toWx(key);
     groups.Replace("/", "%2F");
@@ -56,7 +56,7 @@ wxString path(std::string_view key, std::string_view value) {
 
 }  // namespace
 
-// The toolkit would open a box on the screen that happens to be shown when a file cannot be read or written.
+// wxLogNull: otherwise the toolkit shows a message box when the file cannot be read or written.
 
 Settings::Settings(std::string file) : file_(std::move(file)) {
     const wxLogNull quiet;
@@ -67,7 +67,7 @@ Settings::Settings(std::string file) : file_(std::move(file)) {
 
 Settings::~Settings() {
     const wxLogNull quiet;
-    store_.reset();  // it writes what could not be written before
+    store_.reset();  // writes values that could not be written before
 }
 
 std::optional<std::string> Settings::read(std::string_view key, std::string_view value) {

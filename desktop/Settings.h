@@ -9,12 +9,12 @@ class wxConfigBase;
 
 namespace tsln::desktop {
 
-/// The user's settings: text values under keys of the form "Software\\Maker\\Product". On Windows they lie in
-/// the user's part of the registry, elsewhere in a file. Names compare without letter case. Nothing here
-/// throws; what cannot be read is not there, what cannot be written is lost without a word.
+/// The user's settings: text values under keys of the form "Software\\Maker\\Product". They are stored in the
+/// user's part of the registry on Windows, in a file elsewhere. Names ignore letter case. Nothing throws: a
+/// value that cannot be read counts as missing, a failure to write is ignored.
 class Settings {
   public:
-    /// `file`: where they lie, where there is no registry; its folder is made when the first value is
+    /// `file` is the path of the settings file, unused on Windows. Its folder is made when the first value is
     /// written.
     explicit Settings(std::string file);
     ~Settings();

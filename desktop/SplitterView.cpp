@@ -17,7 +17,7 @@ class SplitterView : public ControlView {
           window_(new wxSplitterWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                                        wxSP_LIVE_UPDATE | wxSP_3DSASH | wxSP_NOBORDER)) {
         setWindow(window_);
-        window_->SetMinimumPaneSize(1);  // so that no pane can be closed
+        window_->SetMinimumPaneSize(1);  // so that the user cannot close a pane
         window_->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
             event.Skip();
             updateContent();
@@ -53,7 +53,7 @@ class SplitterView : public ControlView {
     int along(const wxSize& size) const { return isSideBySide() ? size.x : size.y; }
     int length() const { return along(window_->GetClientSize()); }
 
-    /// Where the sash may be, so that both panes keep what they need; the first one if there is not enough.
+    /// The nearest sash position at which both panes have their minimum size, or else the first pane.
     int withinLimits(int position) const {
         if (parts_.size() < 2) return position;
         const int first = along(parts_[0]->GetEffectiveMinSize());
@@ -70,7 +70,7 @@ class SplitterView : public ControlView {
     Splitter& splitter_;
     wxSplitterWindow* window_;
     std::vector<wxWindow*> parts_;
-    int shown_ = 0;  // in pixels
+    int shown_ = 0;  // the sash position, in pixels
 };
 
 }  // namespace

@@ -9,7 +9,7 @@
 namespace tsln::desktop {
 namespace {
 
-/// The pages themselves are made by the layout.
+/// Shows a tab control. LayoutBuilder makes the pages.
 class TabControlView : public ControlView {
   public:
     TabControlView(ScreenDialog& dialog, wxWindow* parent, TabControl& tabs)
@@ -33,7 +33,7 @@ class TabControlView : public ControlView {
         const std::size_t page = pages_.size() - 1;
         if (tabs_.isPageVisible(static_cast<int>(page))) insert(page);
     }
-    bool takesFocus() const override { return false; }  // but what stands on its pages does
+    bool takesFocus() const override { return false; }  // the controls on its pages do
     bool growsWide() const override { return true; }
     bool growsHigh() const override { return true; }
 
@@ -49,7 +49,7 @@ class TabControlView : public ControlView {
     }
 
     void updateContent() override {
-        updating_ = true;  // the toolkit turns pages of its own accord when they come and go
+        updating_ = true;  // the toolkit selects other pages itself when pages are added or removed
         for (std::size_t page = 0; page < pages_.size(); ++page) {
             const bool visible = tabs_.isPageVisible(static_cast<int>(page));
             if (visible && !isInserted(page)) {
@@ -69,7 +69,7 @@ class TabControlView : public ControlView {
 
     TabControl& tabs_;
     wxNotebook* book_;
-    std::vector<wxWindow*> pages_;  // hidden ones included
+    std::vector<wxWindow*> pages_;  // including hidden pages
     bool updating_ = false;
 };
 

@@ -7,10 +7,10 @@
 
 namespace tsln::desktop {
 
-/// What windows without a title of their own are called.
+/// The title of windows without their own.
 inline constexpr char programTitle[] = "Tessaline";
 
-/// UTF-8 to the toolkit's text. Bytes that are no UTF-8 are read as Latin-1 rather than lost.
+/// Converts UTF-8 to the toolkit's text. Text that is not valid UTF-8 is read as Latin-1.
 inline wxString toWx(std::string_view text) {
     wxString result = wxString::FromUTF8(text.data(), text.size());
     if (result.empty() && !text.empty()) result = wxString::From8BitData(text.data(), text.size());

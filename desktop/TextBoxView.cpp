@@ -13,10 +13,10 @@ namespace tsln::desktop {
 namespace {
 
 constexpr int shortField = 20;  // characters; shorter boxes keep their width instead of filling the row
-constexpr int textMargin = 6;   // pixels at 96 per inch between the text of several lines and its border
-constexpr int linesOfText = 5;  // the least height of a box of several lines
+constexpr int textMargin = 6;   // pixels at 96 per inch between multi-line text and the border
+constexpr int linesOfText = 5;  // the minimum height of a multi-line box
 
-/// Toolkit and platform disagree on line ends: controls hold CR LF, windows show LF.
+/// The text for the window. Line ends are CR LF in controls and LF in the toolkit's windows.
 wxString shownText(const TextBox& box) {
     wxString text = toWx(box.text());
     if (box.multiLine) text.Replace("\r\n", "\n");
@@ -31,15 +31,15 @@ std::string typedText(const TextBox& box, wxString text) {
     return fromWx(text);
 }
 
-// How the platform counts a line end of a box of several lines in positions.
+// The number of positions that a line end takes in a multi-line window.
 #ifdef __WXMSW__
 constexpr long lineEndUnits = 2;
 #else
 constexpr long lineEndUnits = 1;
 #endif
 
-/// Positions in a window's text beside those in the control's, which counts characters and has CR LF for line
-/// ends. The window may count halves of characters beyond the first plane.
+/// Converts between positions in a window's text and in the control's text. The control counts characters,
+/// with CR LF for a line end. The window may count UTF-16 units: two for a character outside the first plane.
 class Positions {
   public:
     explicit Positions(wxString shown) : shown_(std::move(shown)) {}
@@ -101,7 +101,7 @@ class TextBoxView : public ControlView {
         return used;
     }
 
-    /// The platform may select everything now; a selection that the screen has made since stays.
+    /// The platform may select all text on focus. A selection that the screen has set since is restored.
     void takeFocus() override {
         ControlView::takeFocus();
         if (selectionsFocused_ != box_.selectionsMade()) showSelection();
@@ -135,13 +135,13 @@ class TextBoxView : public ControlView {
 
     void updateContent() override {
         const wxString text = shownText(box_);
-        // A text that is too long already must not be cut by being shown.
+        // A text that is already longer than the limit must not be cut.
         if (box_.maxLength && !box_.multiLine) window_->SetMaxLength(std::max(box_.maxLength, text.size()));
         const wxString now = window_->GetValue();
         const bool asShown = text == shown_ && now == shownAs_;
         if (text != now && !asShown) {
             window_->ChangeValue(text);
-            // As on entering the box by the keyboard: typing replaces what has just been put in.
+            // Selects the new text as a move of the focus by Tab does, so that typing replaces it.
             if (window_->HasFocus() && !box_.multiLine && !box_.locked()) window_->SelectAll();
         }
         shown_ = text;
@@ -153,12 +153,12 @@ class TextBoxView : public ControlView {
 
     TextBox& box_;
     wxTextCtrl* window_;
-    // A window need not show a text as it was given it (line ends, control characters), and only what the
-    // user changes may go back to the control.
-    wxString shown_;    // what the window was given last
-    wxString shownAs_;  // what it made of that
-    wxString known_;    // what it held when last looked at
-    // The screen's own selections that have been shown, and those after which the box has had the focus.
+    // A window may change a text that it is given (line ends, control characters). Only changes by the user
+    // may be reported to the control.
+    wxString shown_;    // the last text given to the window
+    wxString shownAs_;  // the window's text after that
+    wxString known_;    // the window's text when last reported or set
+    // The values of TextBox::selectionsMade() at the last showSelection() and at the last takeFocus().
     int selectionsShown_ = 0;
     int selectionsFocused_ = 0;
 };

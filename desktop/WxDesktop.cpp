@@ -27,7 +27,7 @@ namespace {
 
 constexpr unsigned long waitSlice = 20;  // milliseconds
 
-/// Runs the loop that is active, or a new one where none is yet.
+/// The active event loop, or a new one when none is active.
 class ActiveLoop {
   public:
     ActiveLoop() {
@@ -52,7 +52,7 @@ class WxTimer : public RunningTimer, private wxTimer {
 
   private:
     void Notify() override {
-        const auto callback = callback_;  // which may destroy this timer
+        const auto callback = callback_;  // a copy: the callback may destroy this timer
         (*callback)();
     }
     std::shared_ptr<std::function<void()>> callback_;
@@ -168,7 +168,7 @@ void WxDesktop::yield() {
     drawChanges();
     const ActiveLoop loop;
     if (loop->IsYielding()) return;
-    // Input stays in the queue until the screen that is at work has finished, unless a job takes its cancel button.
+    // Input stays in the queue while a screen is busy, except during a job, which can be cancelled.
     const bool job = !dialogs_.empty() && dialogs_.back()->screen().job();
     loop->YieldFor(job ? wxEVT_CATEGORY_ALL : wxEVT_CATEGORY_UI | wxEVT_CATEGORY_TIMER);
     for (ScreenDialog* dialog : dialogs_)
@@ -181,7 +181,7 @@ ProcessEnd WxDesktop::runAndWait(std::string_view commandLine) {
     {
         const wxWindowDisabler disabler;
         const ActiveLoop loop;
-        bool quitting = false;  // the program is to end, but not before the one that was started
+        bool quitting = false;  // the program is told to end, but waits for the process
         end = runProcess(commandLine, [&] {
             if (quitting) {
                 wxMilliSleep(waitSlice);

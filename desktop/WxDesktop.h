@@ -13,18 +13,18 @@ namespace tsln::desktop {
 
 class ScreenDialog;
 
-/// The desktop that shows screens in real windows. There must be a wxApp while it lives. For use on the
-/// user-interface thread.
+/// The desktop that shows screens in windows. A wxApp must exist while it exists. For use on the
+/// user-interface thread only.
 class WxDesktop : public Desktop {
   public:
-    /// Creates a component by its program identifier; null when there is none of that name.
+    /// Creates a component by its program identifier; returns null when there is none of that name.
     using ComponentFactory = std::function<ObjectPtr(std::string_view programId)>;
 
-    /// `settingsFile`: where settings lie, where the platform has no place of its own for them.
+    /// `settingsFile` is the path of the settings file, unused on Windows.
     WxDesktop(ComponentFactory components, std::string settingsFile);
     ~WxDesktop() override;
 
-    /// Called after a process that was waited for has ended or could not be started. Must not throw.
+    /// Called when the process of runAndWait() has ended or could not be started. Must not throw.
     std::function<void(std::string_view commandLine, ProcessEnd end)> onProcessEnd;
 
     void showModal(Screen& screen) override;
@@ -51,12 +51,12 @@ class WxDesktop : public Desktop {
     ObjectPtr createObject(std::string_view programId) override;
 
   private:
-    /// The window over which something opens: the owner's, else the foremost one, else the program's own.
+    /// The parent for a dialog: the owner's window, else the foremost screen, else the program's main window.
     wxWindow* windowFor(const Screen* owner) const;
     ScreenDialog* dialogOf(const Screen* screen) const;
-    /// Windows that were disabled for a while have lost the keyboard; the foremost screen gets it back.
+    /// Moves the keyboard focus back to the foremost screen. Windows lose the focus when they are disabled.
     void restoreFocus();
-    /// Draws what running handlers have changed so far: the user is about to look at it.
+    /// Redraws what running handlers have changed so far, before the user sees a dialog or a wait begins.
     void drawChanges();
 
     ComponentFactory components_;

@@ -23,7 +23,7 @@ class CheckList : public Control {
     std::vector<Column> columns;  ///< set before the screen is shown
 
     struct Entry {
-        std::vector<std::string> cells;  ///< one a column
+        std::vector<std::string> cells;  ///< one per column
         std::int32_t itemData = 0;
         bool ticked = false;
     };

@@ -13,7 +13,7 @@ class ColorBox : public Control {
     ColorBox(Screen& screen, std::string name) : Control(screen, std::move(name)) {}
     void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
 
-    /// 0x00BBGGRR. Any other number is kept as it was given; its lower three bytes are what shows.
+    /// 0x00BBGGRR. Any other number is kept unchanged; the lower three bytes give the colour shown.
     std::int32_t color() const noexcept { return color_; }
     void setColor(std::int32_t color);
 

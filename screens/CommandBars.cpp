@@ -14,7 +14,7 @@ Command* CommandBars::popup(int id) {
 void CommandBars::update(Command& popup) {
     if (!onUpdate) return;
     for (Command& command : popup.commands) {
-        // A command whose state cannot be told is better refused than run without the right.
+        // A command whose state is unknown is disabled: the user may have no right to run it.
         if (!screen().handle([&] { onUpdate(command); })) command.enabled = false;
     }
 }
@@ -31,7 +31,7 @@ void CommandBars::showPopup(int id, Control& below) {
 
 void CommandBars::showPopup(Command& shown, Control& below) {
     update(shown);
-    const Command asShown = shown;  // what runs is judged as the user saw it, whatever runs meanwhile
+    const Command asShown = shown;  // a copy: handlers that run while the popup is open may change it
     if (const int chosen = screen().desktop().choosePopup(screen(), asShown, below)) execute(asShown, chosen);
 }
 

@@ -13,12 +13,12 @@ struct Command {
     int id = 0;
     std::string caption;
     bool enabled = true;
-    bool beginsGroup = false;  ///< a separator stands before it
+    bool beginsGroup = false;  ///< a separator is drawn before it
     std::vector<Command> commands;
 };
 
-/// The popups of a screen. A popup asks before it shows a command whether the command is enabled (onUpdate)
-/// and hands the chosen one over (onExecute).
+/// The context popups of a screen. Before a popup is shown, `onUpdate` enables or disables each of its
+/// commands; `onExecute` runs the command that the user chooses.
 class CommandBars : public Control {
   public:
     CommandBars(Screen& screen, std::string name) : Control(screen, std::move(name)) {}
@@ -31,15 +31,15 @@ class CommandBars : public Control {
     std::function<void(Command&)> onUpdate;
     std::function<void(int id)> onExecute;
 
-    /// Brings every command of the popup up to date.
+    /// Calls `onUpdate` for every command of the popup. A command for which it throws is disabled.
     void update(Command& popup);
-    /// Runs an enabled command; an unknown or a disabled one is passed over.
+    /// Runs an enabled command. An unknown or disabled command is ignored.
     void execute(const Command& popup, int id);
-    /// Brings the popup up to date, lets the user choose under `below` and executes the choice. Called by a
-    /// report control's onContextMenu with that control, the popup opens at the pointer, or under the focused
-    /// row when it was asked for by the keyboard.
+    /// Updates the popup, shows it below the control `below` and executes the chosen command. An unknown identifier is
+    /// ignored. From a report control's onContextMenu, the popup opens at the pointer, or under the focused row when it
+    /// was opened by the keyboard.
     void showPopup(int id, Control& below);
-    /// Shows one of the popups, likewise.
+    /// Updates and shows one of the `popups`.
     void showPopup(Command& popup, Control& below);
 };
 

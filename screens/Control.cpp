@@ -4,7 +4,7 @@
 
 namespace tsln {
 
-/// The control as the host holds it: a reference that outlives the control safely.
+/// The automation object given to the host. It may outlive the control.
 class Control::Automation : public Object {
   public:
     explicit Automation(Control& control) : control_(&control) {}

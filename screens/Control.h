@@ -11,9 +11,9 @@ namespace tsln {
 
 class Screen;
 
-/// Something a screen shows. It holds state and knows no toolkit: the screen writes it, the front end draws
-/// it and reports the user's acts through the user...() functions, and the host may be handed it as an
-/// automation object. Controls are members of their screen and live as long as it does.
+/// An element of a screen. A control holds its state and uses no toolkit: the screen sets the state, the
+/// front end draws it and reports the user's actions through the user...() functions, and the host can
+/// receive the control as an automation object. Controls are members of their screen and live as long.
 class Control {
   public:
     /// `name` as the host sees it ("txtTerms"); it must be unique within the screen and outlive the control.
@@ -31,31 +31,31 @@ class Control {
     void setEnabled(bool enabled);
     bool visible() const noexcept { return visible_; }
     void setVisible(bool visible);
-    /// Moves the keyboard focus here, as soon as the screen is shown.
+    /// Moves the keyboard focus to the control, or does so once the screen is shown.
     void setFocus();
 
-    /// What a screen reader calls the control; empty means the label before it in the layout.
+    /// The name that screen readers announce. Empty: the label before the control in the layout.
     std::string accessibleName;
     std::string toolTip;
 
     /// Runs when the focus leaves the control, before the control that takes it gets its first event.
     std::function<void()> onLeave;
     void userLeft();
-    /// Runs when the user has moved the focus here, after the `onLeave` of the control that had it.
+    /// Runs when the user has moved the focus to the control, after the `onLeave` of the previous control.
     std::function<void()> onEnter;
     void userEntered();
 
-    /// The control as the host sees it. The reference may outlive the control: its members then raise an
-    /// error.
+    /// The control as an automation object for the host. The object may outlive the control; its members then
+    /// raise an error.
     ObjectPtr automation();
 
-    /// Answers a late-bound member: `Name`, `Enabled`, `Visible`, `SetFocus`, then what the kind adds.
+    /// Answers a late-bound member: `Name`, `Enabled`, `Visible`, `SetFocus` and those of the derived class.
     virtual Variant invoke(std::string_view member, Access access, Arguments arguments);
 
   protected:
     /// Tells the front end that something of this control changed.
     void changed();
-    /// Runs a handler of the screen under its guard; an empty one is passed over.
+    /// Runs a handler by Screen::handle(). An empty handler is ignored.
     void fire(const std::function<void()>& handler);
 
   private:

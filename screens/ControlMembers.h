@@ -6,7 +6,7 @@
 
 namespace tsln {
 
-/// Answers a late-bound member from the kind's own table, or from those every control has.
+/// Answers a late-bound member from the table `members` of a control class, or else from Control.
 template <class Self, std::size_t N>
 Variant invokeControl(Self& self, const Member<Self> (&members)[N], std::string_view member, Access access,
                       Arguments arguments) {

@@ -21,8 +21,8 @@ class Splitter;
 class TabControl;
 class TextBox;
 
-/// Does something to a control according to its kind. There is one function for every kind, none of them with
-/// a default, so that a front end that forgets a kind does not compile.
+/// Has one function for each kind of control. None has a default, so a front end that lacks a kind does not
+/// compile.
 class ControlVisitor {
   public:
     virtual void visit(Button& button) = 0;

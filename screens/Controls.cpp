@@ -16,7 +16,8 @@ std::size_t characterCount(std::string_view utf8) {
         std::ranges::count_if(utf8, [](char byte) { return !continuesCharacter(byte); }));
 }
 
-/// Where the character of that number begins; the end of the text for those beyond it.
+/// The byte at which the character of that index begins; the size of the text when there are fewer
+/// characters.
 std::size_t byteOffset(std::string_view utf8, std::size_t character) {
     std::size_t at = 0;
     for (; at < utf8.size(); ++at) {
@@ -25,7 +26,7 @@ std::size_t byteOffset(std::string_view utf8, std::size_t character) {
     return at;
 }
 
-/// A number of characters that the host gives.
+/// A number of characters given by the host. A negative one raises HostError.
 std::size_t countOf(const Control& control, const Variant& value) {
     const std::int32_t count = value.toLong();
     if (count < 0)

@@ -62,38 +62,38 @@ class TextBox : public Control {
     bool locked() const noexcept { return locked_; }
     void setLocked(bool locked);
 
-    /// The selection, in characters of the text; a line end is two, CR and LF. Without a selection the length
-    /// is 0 and the start is where the caret stands. The front end keeps it up to date at every act of the
-    /// user.
+    /// The selection, in characters of the text; a line end counts as two, CR and LF. Without a selection the
+    /// length is 0 and the start is the position of the caret. The front end updates it after every user
+    /// action.
     struct Selection {
         std::size_t start = 0;
         std::size_t length = 0;
         friend bool operator==(Selection, Selection) = default;
     };
     const Selection& selection() const noexcept { return selection_; }
-    /// What lies beyond the end of the text is left out.
+    /// The part of the selection beyond the end of the text is dropped.
     void select(Selection selection);
     void selectAll();
     std::string selectedText() const;
-    /// Puts the text in the place of the selection, and the caret behind it.
+    /// Replaces the selection by the text and puts the caret behind it.
     void insert(std::string_view text);
-    /// Counts the screen's own selections, so that the front end can tell a new one.
+    /// How often the screen itself has set the selection. The front end compares it to detect a new one.
     int selectionsMade() const noexcept { return selectionsMade_; }
 
-    bool multiLine = false;  ///< set before the screen is shown
-    bool password = false;   ///< shown masked, of one line; set before the screen is shown
-    std::string cueText;     ///< shown grey while a box of one line is empty; set before the screen is shown
+    bool multiLine = false;      ///< set before the screen is shown
+    bool password = false;       ///< one line, shown masked; set before the screen is shown
+    std::string cueText;         ///< shown grey in an empty one-line box; set before the screen is shown
     bool rightAligned = false;   ///< set before the screen is shown
     int widthInCharacters = 30;  ///< the least width; set before the screen is shown
     std::size_t maxLength = 0;   ///< in characters; 0 means no limit; set before the screen is shown
 
     std::function<void()> onChange;
-    /// Enter was pressed. True means that this was all, and the default button is not pressed.
+    /// Enter was pressed. Returns true when the key is handled; false presses the default button.
     std::function<bool()> onEnterKey;
-    /// The user changed the text; the caret stands at its end unless told otherwise.
+    /// The user changed the text. Without `selection` the caret is at the end of the text.
     void userType(std::string text, std::optional<Selection> selection = std::nullopt);
     void userSelect(Selection selection);
-    /// The user pressed Enter; true when it has been used. A handler that fails has used it.
+    /// The user pressed Enter. Returns true when the key is handled, which includes a handler that throws.
     bool userEnter();
     /// Adds `Text`, `Locked`, `SelStart`, `SelLength` and `SelText`.
     Variant invoke(std::string_view member, Access access, Arguments arguments) override;
@@ -117,7 +117,7 @@ class CheckBox : public Control {
     const std::string& caption() const noexcept { return caption_; }
     bool checked() const noexcept { return checked_; }
     void setChecked(bool checked);
-    /// 0 clear, 1 ticked: how statements write it.
+    /// 0 for clear, 1 for ticked, as statements write it.
     std::int32_t value() const noexcept { return checked_ ? 1 : 0; }
 
     std::function<void()> onClick;
@@ -130,8 +130,8 @@ class CheckBox : public Control {
     bool checked_ = false;
 };
 
-/// A list to choose one entry from. Each entry has a text and a stored number. The host's loaders fill it
-/// through AddItem, NewIndex and ItemData.
+/// A list from which the user chooses one entry. Each entry has a text and a stored number. The host's
+/// loaders fill it through AddItem, NewIndex and ItemData.
 class ComboBox : public Control {
   public:
     ComboBox(Screen& screen, std::string name) : Control(screen, std::move(name)) {}
@@ -142,18 +142,19 @@ class ComboBox : public Control {
         std::int32_t itemData = 0;
     };
     const std::vector<Entry>& entries() const noexcept { return entries_; }
-    /// Adds at the end and returns the entry's index.
+    /// Adds an entry at the end and returns its index.
     int addItem(std::string text, std::int32_t itemData = 0);
     void clear();
     /// -1 when nothing is chosen.
     int listIndex() const noexcept { return listIndex_; }
     /// An index outside the list clears the choice.
     void setListIndex(int index);
-    /// Chooses the first entry with this stored number; false, and no change, when there is none.
+    /// Chooses the first entry with this stored number. Without such an entry returns false and changes
+    /// nothing.
     bool choose(std::int32_t itemData);
-    /// The stored number of the choice, if there is one.
+    /// The stored number of the chosen entry; no value when nothing is chosen.
     std::optional<std::int32_t> chosen() const;
-    /// The chosen entry's text, or what was typed into an editable list.
+    /// The chosen entry's text, or the text typed into an editable list.
     const std::string& text() const noexcept { return text_; }
     void setText(std::string text);
 
@@ -161,7 +162,7 @@ class ComboBox : public Control {
     int widthInCharacters = 24;  ///< set before the screen is shown
 
     std::function<void()> onClick;   ///< an entry was chosen
-    std::function<void()> onChange;  ///< the text of an editable list was typed
+    std::function<void()> onChange;  ///< the user typed into an editable list
     void userChoose(int index);
     void userType(std::string text);
     Variant invoke(std::string_view member, Access access, Arguments arguments) override;
@@ -173,7 +174,7 @@ class ComboBox : public Control {
     std::string text_;
 };
 
-/// A frame around other controls; the layout says which. An empty caption draws no border.
+/// A frame around other controls, which the layout names. With an empty caption no border is drawn.
 class Frame : public Control {
   public:
     Frame(Screen& screen, std::string name, std::string caption = {})

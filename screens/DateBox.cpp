@@ -11,11 +11,11 @@ namespace {
 
 constexpr char none[] = "None";
 
-/// The day alone, without a time of day.
+/// The date without the time of day.
 std::string textOf(std::optional<Date> date) {
     if (!date || !isInRange(*date)) return none;
     const Date day{std::trunc(date->days)};
-    // Day zero has no date text of its own: it would be written as midnight.
+    // dateText() writes day zero as a time, midnight, without a date.
     return day.days == 0 ? "12/30/1899" : dateText(day);
 }
 

@@ -8,8 +8,8 @@
 
 namespace tsln {
 
-/// An entry field for a date, with a calendar that drops down. It holds a text: a date, "None" for no date,
-/// or whatever the user has typed instead, which the screen refuses by asking isValid().
+/// An entry field for a date with a drop-down calendar. It holds a text: a date, "None" for no date, or other
+/// text that the user typed, which the screen detects by isValid().
 class DateBox : public Control {
   public:
     DateBox(Screen& screen, std::string name) : Control(screen, std::move(name)) {}
@@ -17,9 +17,9 @@ class DateBox : public Control {
 
     const std::string& text() const noexcept { return text_; }
     void setText(std::string text);
-    /// The date that the text names; nothing when it is "None" or no date.
+    /// The date in the text; no value when the text is "None" or not a date.
     std::optional<Date> date() const;
-    /// Writes the date as month/day/year, and "None" for no date or one out of the platform's range.
+    /// Sets the text to the date as month/day/year, or to "None" for no date or a date out of Date's range.
     void setDate(std::optional<Date> date);
     /// The text is "None", in any letter case.
     bool isNone() const;
@@ -27,9 +27,8 @@ class DateBox : public Control {
     bool isValid() const;
 
     std::function<void()> onChange;
-    /// The user typed.
     void userType(std::string text);
-    /// The user took a day from the calendar, or "None" there.
+    /// The user picked a day in the calendar, or "None".
     void userPick(std::optional<Date> date);
     /// Adds `Text`.
     Variant invoke(std::string_view member, Access access, Arguments arguments) override;

@@ -23,73 +23,74 @@ enum class MessageButtons { Ok, OkCancel, YesNo };
 enum class MessageIcon { None, Information, Question, Exclamation, Critical };
 enum class MessageAnswer { Ok, Cancel, Yes, No };
 
-/// A choice in a file dialog's list of types.
+/// An entry in a file dialog's list of file types.
 struct FileFilter {
     std::string caption;  ///< "XML Files"
     std::string pattern;  ///< "*.xml"
 };
 
-/// How a process that was waited for came to its end.
+/// How a process ended.
 struct ProcessEnd {
     bool started = false;
-    int exitCode = 0;  ///< negative: ended by that signal
+    int exitCode = 0;  ///< negative: the number of the signal that ended it
 };
 
-/// A timer that runs until it is destroyed, which its own callback may do.
+/// A timer that runs until it is destroyed. Its own callback may destroy it.
 class RunningTimer {
   public:
     virtual ~RunningTimer() = default;
 };
 
-/// What a screen needs of the machine it is shown on: windows, dialogs, processes, help, settings. Everything
-/// else it asks of the host. Texts and paths are UTF-8. Nothing here throws but createObject().
+/// The services of the machine on which a screen is shown: windows, dialogs, processes, help, settings.
+/// Screens get all other services from the host. Texts and paths are UTF-8. Only createObject() throws.
 class Desktop {
   public:
     virtual ~Desktop() = default;
 
-    /// Shows the screen, activates it and returns when it is hidden or unloaded. Screens may nest.
+    /// Shows the screen, activates it and returns when it is hidden or unloaded. A shown screen may show
+    /// another.
     virtual void showModal(Screen& screen) = 0;
-    /// `owner` may be null. A box closed without an answer gives Cancel where there is one, else No or Ok.
-    /// Without a title the box has the program's.
+    /// `owner` may be null. A box closed without an answer returns Cancel if it has that button, else No or
+    /// Ok. An empty title stands for the program's name.
     virtual MessageAnswer messageBox(Screen* owner, std::string_view text, MessageButtons buttons,
                                      MessageIcon icon, std::string_view title = {}) = 0;
-    /// Asks a question that has answers in words, the first of which is chosen at first. Returns the index of
-    /// the answer; nothing when cancelled or when there are no answers. `owner` may be null.
+    /// Asks the user to choose one of the answers; the first is preselected. Returns the index of the chosen
+    /// answer; no value when cancelled or when `answers` is empty. `owner` may be null.
     virtual std::optional<std::size_t> choose(Screen* owner, std::string_view title,
                                               std::string_view question,
                                               std::span<const std::string> answers) = 0;
-    /// The file the user picked in an existing-file dialog; nothing when cancelled.
+    /// Lets the user pick an existing file and returns its path; no value when cancelled.
     virtual std::optional<std::string> openFile(Screen& owner, std::string_view title,
                                                 std::span<const FileFilter> filters) = 0;
-    /// The file name the user picked for writing, replacing an existing one confirmed; nothing when
-    /// cancelled.
+    /// Lets the user pick a file to write and returns its path; no value when cancelled. The dialog asks
+    /// before an existing file is picked.
     virtual std::optional<std::string> saveFile(Screen& owner, std::string_view title,
                                                 std::span<const FileFilter> filters) = 0;
     /// Shows the popup under a control and returns the chosen command's identifier, 0 when none was chosen.
     virtual int choosePopup(Screen& owner, const Command& popup, Control& below) = 0;
     virtual void printPreview(Screen& owner, const ReportControl& report, std::string_view title) = 0;
-    /// Opens the help file, found beside the host program, on a topic. `owner` owns its window.
+    /// Opens a help file from the host program's folder at a topic. `owner` owns the help window.
     virtual void showHelp(Screen& owner, std::string_view file, std::int32_t context) = 0;
 
-    /// Puts a text into the system's clipboard. A clipboard that another program holds stays as it is.
+    /// Puts a text on the system's clipboard. Does nothing while another program holds the clipboard open.
     virtual void setClipboardText(std::string_view text) = 0;
-    /// The text in the clipboard; empty when there is none.
+    /// The text on the clipboard; empty when there is none.
     virtual std::string clipboardText() = 0;
-    /// Calls back every so many milliseconds, from the event loop, until the timer returned is destroyed. The
+    /// Calls `callback` from the event loop every `milliseconds` until the returned timer is destroyed. The
     /// callback must not throw.
     virtual std::unique_ptr<RunningTimer> startTimer(std::function<void()> callback, int milliseconds) = 0;
 
-    /// Lets pending screen messages be processed.
+    /// Processes pending window messages.
     virtual void yield() = 0;
-    /// Starts a process from its command line and returns when it has ended; screens keep repainting, but
-    /// take no input meanwhile. A process that cannot be started ends the call at once.
+    /// Starts a process from its command line and returns when it has ended. Screens repaint but take no
+    /// input meanwhile. When the process cannot be started, the call returns at once with `started` false.
     virtual ProcessEnd runAndWait(std::string_view commandLine) = 0;
     /// Starts a program with the shell's "open" verb in the normal show state and returns at once.
     virtual void shellOpen(std::string_view file, std::string_view arguments) = 0;
     /// The folder of the host program.
     virtual std::string applicationFolder() = 0;
 
-    /// A value under the user's settings key ("Software\\..."); nothing when there is none.
+    /// A value under the user's settings key ("Software\\..."); no value when there is none.
     virtual std::optional<std::string> readSetting(std::string_view key, std::string_view value) = 0;
     virtual void writeSetting(std::string_view key, std::string_view value, std::string_view text) = 0;
 

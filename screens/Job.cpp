@@ -48,7 +48,7 @@ bool Job::goOn() {
 void Job::userCancel() {
     if (!cancel_) return;
     cancelled_ = true;
-    cancel_->setEnabled(false);  // the press has been taken
+    cancel_->setEnabled(false);  // shows that the job is ending
 }
 
 void Job::draw() {

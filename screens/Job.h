@@ -9,29 +9,31 @@ class Button;
 class ProgressBar;
 class Screen;
 
-/// Work of many steps within a handler of a screen, which the user watches and can end between two steps.
+/// Work of many steps within a handler of a screen. The user sees its progress and can end it between two
+/// steps.
 ///
-/// While a job lives, its screen takes nothing but a press of the cancel button, by mouse or keyboard, and Esc; its close
-/// box asks for the end, too. Between the steps the screen is drawn, at most some twenty times a second. One job at a
-/// time: while another runs on the same screen, a second one shows nothing and is never cancelled.
+/// While a job exists, its screen takes no input except a press of the cancel button, Esc and the close box,
+/// which all cancel the job. The screen is redrawn between steps, at most 20 times a second. A screen has one
+/// job at a time: a second one, made while the first exists, shows no progress and is never cancelled.
 class Job {
   public:
-    /// All must outlive the job; `bar` and `cancel` may be null. A bar runs from 0 to `steps`.
+    /// The arguments must outlive the job; `bar` and `cancel` may be null. The bar runs from 0 to `steps`.
     Job(Screen& screen, std::size_t steps, ProgressBar* bar, Button* cancel);
-    /// The cancel button is as it was before.
+    /// Restores the enabled state of the cancel button.
     ~Job();
     Job(const Job&) = delete;
     Job& operator=(const Job&) = delete;
 
-    /// A step is done. False when the user wants the work to end.
+    /// Reports that a step is done. Returns false when the user has cancelled the job.
     bool step();
-    /// Draws what has changed and takes the user's wish to cancel, without a step: for waits. False as for step().
+    /// Redraws the screen and processes a press of the cancel button without a step: for waits. Returns false
+    /// when the user has cancelled the job.
     bool goOn();
     bool cancelled() const noexcept { return cancelled_; }
 
-    /// The button that the user may press; null for none.
+    /// The cancel button; null when there is none.
     Button* cancelButton() const noexcept { return cancel_; }
-    /// The user wants the work to end. Passed over where there is no cancel button. Called by the front end.
+    /// The user cancels the job. Ignored when there is no cancel button. Called by the front end.
     void userCancel();
 
   private:

@@ -7,17 +7,17 @@
 
 namespace tsln {
 
-/// How a screen's controls stand, in rows, columns and labelled fields. The front end turns it into sizers;
-/// there are no pixel positions. The order of the controls is their tab order.
+/// How a screen arranges its controls in rows, columns and labelled fields. The front end turns it into
+/// sizers; there are no pixel positions. The order of the controls is their tab order.
 struct Layout {
     enum class Kind { Item, Row, Column, Form, Field, Spring, Tabs, Split };
     Kind kind = Kind::Item;
     Control* control = nullptr;    ///< Item, Field: the control; Row, Column: the Frame around it, if any;
                                    ///< Tabs: the TabControl; Split: the Splitter
     std::string caption;           ///< Field: the label before the control
-    std::vector<Layout> children;  ///< Row, Column, Form; Tabs: what stands on each page, in their order;
-                                   ///< Split: what stands in the two panes
-    bool stretches = false;        ///< takes what room is left in the direction of its parent
+    std::vector<Layout> children;  ///< Row, Column, Form; Tabs: the layout of each page, in their order;
+                                   ///< Split: the layouts of the two panes
+    bool stretches = false;        ///< takes the remaining space in the direction of its parent
 };
 
 namespace layout {
@@ -26,19 +26,19 @@ namespace layout {
 inline Layout item(Control& control) {
     return {.kind = Layout::Kind::Item, .control = &control};
 }
-/// One control that takes the room that is left.
+/// One control that takes the remaining space.
 inline Layout fill(Control& control) {
     return {.kind = Layout::Kind::Item, .control = &control, .stretches = true};
 }
-/// Side by side.
+/// Layouts side by side.
 inline Layout row(std::vector<Layout> children) {
     return {.kind = Layout::Kind::Row, .children = std::move(children)};
 }
-/// One below the other.
+/// Layouts one below the other.
 inline Layout column(std::vector<Layout> children) {
     return {.kind = Layout::Kind::Column, .children = std::move(children)};
 }
-/// Labels on the left, their controls on the right; what is no field spans both.
+/// Labels on the left, their controls on the right. A child that is not a field spans both.
 inline Layout form(std::vector<Layout> fields) {
     return {.kind = Layout::Kind::Form, .children = std::move(fields)};
 }
@@ -55,11 +55,11 @@ inline Layout split(Control& splitter, Layout first, Layout second) {
     return {
         .kind = Layout::Kind::Split, .control = &splitter, .children = {std::move(first), std::move(second)}};
 }
-/// Empty room that grows.
+/// Empty space that grows.
 inline Layout spring() {
     return {.kind = Layout::Kind::Spring, .stretches = true};
 }
-/// Lets a row, column or form take the room that is left.
+/// Lets a row, column or form take the remaining space.
 inline Layout stretch(Layout inner) {
     inner.stretches = true;
     return inner;

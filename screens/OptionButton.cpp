@@ -20,7 +20,7 @@ void OptionGroup::selectIndex(int index) {
 void OptionGroup::select(OptionButton* button) {
     if (button == selected_) return;
     OptionButton* before = std::exchange(selected_, button);
-    // Both are told only now: a front end that draws at once must find the group in its new state.
+    // Notified after the change: a front end that draws at once must see the group in its new state.
     if (before) before->changed();
     if (button) button->changed();
 }

@@ -10,8 +10,8 @@ namespace tsln {
 
 class OptionButton;
 
-/// Option buttons of which one is chosen, or none. Declared before its buttons, which it must outlive; the
-/// order in which they are made is the group's.
+/// A group of option buttons, at most one of which is chosen. It must outlive its buttons, so it is declared
+/// before them. The buttons are in the order of their construction.
 class OptionGroup {
   public:
     OptionGroup() = default;
@@ -21,9 +21,9 @@ class OptionGroup {
     const std::vector<OptionButton*>& buttons() const noexcept { return buttons_; }
     /// The chosen button; null when none is.
     OptionButton* selected() const noexcept { return selected_; }
-    /// The chosen button's place in the group, from 0; -1 when none is chosen.
+    /// The index of the chosen button in the group, from 0; -1 when none is chosen.
     int selectedIndex() const noexcept;
-    /// A place that does not exist clears the choice.
+    /// An index that does not exist clears the choice.
     void selectIndex(int index);
     void clear() { selectIndex(-1); }
 
@@ -35,7 +35,7 @@ class OptionGroup {
     OptionButton* selected_ = nullptr;
 };
 
-/// A choice among the others of its group. Its caption's "&" marks the mnemonic.
+/// One choice of an option group. The "&" in its caption marks the mnemonic.
 class OptionButton : public Control {
   public:
     OptionButton(Screen& screen, OptionGroup& group, std::string name, std::string caption);
@@ -46,7 +46,7 @@ class OptionButton : public Control {
     const std::string& caption() const noexcept { return caption_; }
     void setCaption(std::string caption);
     bool selected() const noexcept { return group_.selected() == this; }
-    /// Chooses this button in place of another one of its group, or clears the group's choice if it is this.
+    /// True chooses this button in its group. False clears the group's choice if it is this button.
     void setSelected(bool selected);
 
     std::function<void()> onClick;  ///< the user chose this button

@@ -6,7 +6,7 @@
 
 namespace tsln {
 
-/// How far a piece of work has come. What it shows is drawn at the next Desktop::yield() of the work.
+/// Shows the progress of work. A change is drawn at the next Desktop::yield().
 class ProgressBar : public Control {
   public:
     ProgressBar(Screen& screen, std::string name) : Control(screen, std::move(name)) {}
@@ -15,9 +15,9 @@ class ProgressBar : public Control {
     std::int32_t minimum() const noexcept { return minimum_; }
     std::int32_t maximum() const noexcept { return maximum_; }
     std::int32_t value() const noexcept { return value_; }
-    /// A maximum below the minimum becomes the minimum; the value is moved into the range.
+    /// A maximum below the minimum is set to the minimum. The value is moved into the range.
     void setRange(std::int32_t minimum, std::int32_t maximum);
-    /// A value outside the range becomes the end it lies beyond.
+    /// A value outside the range is set to the nearer end.
     void setValue(std::int32_t value);
     void step(std::int32_t by = 1);
     /// Adds `Min`, `Max` and `Value`.

@@ -8,7 +8,8 @@
 
 namespace tsln {
 
-/// Captions with values to read, in categories that can be closed. It may grow while it is shown.
+/// Captions with read-only values, in categories that the user can collapse. Items may be added while it is
+/// shown.
 class PropertyGrid : public Control {
   public:
     PropertyGrid(Screen& screen, std::string name) : Control(screen, std::move(name)) {}
@@ -16,20 +17,20 @@ class PropertyGrid : public Control {
 
     /// A category or a row, in the order they were added.
     struct Item {
-        std::optional<std::size_t> parent;  ///< the index of the category it stands in
+        std::optional<std::size_t> parent;  ///< the index of the category that contains it
         std::string caption;
-        std::string value;  ///< of a row
+        std::string value;  ///< rows only
         bool isCategory = false;
     };
     const std::vector<Item>& items() const noexcept { return items_; }
 
-    /// Adds a category, at the top or within another one, and returns its index. A parent that is no category
-    /// raises std::out_of_range.
+    /// Adds a category, at the top level or within another one, and returns its index. A parent that is not a
+    /// category raises std::out_of_range.
     std::size_t addCategory(std::string caption, std::optional<std::size_t> parent = std::nullopt);
-    /// Adds a row to a category. An index that is none of a category raises std::out_of_range.
+    /// Adds a row to a category. An index that is not that of a category raises std::out_of_range.
     void addRow(std::size_t category, std::string caption, std::string value);
     void clear();
-    /// Counts how often it was cleared, so that the front end can tell new items from further ones.
+    /// How often the grid was cleared. The front end compares it to tell replaced items from added ones.
     int clearings() const noexcept { return clearings_; }
 
   private:

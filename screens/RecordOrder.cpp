@@ -16,7 +16,7 @@
 namespace tsln {
 namespace {
 
-/// Puts the records in the order of `keyOf(record)`, equal ones in the order they come in.
+/// Sorts the records by `keyOf(record)`. Records with equal keys keep their order.
 template <class KeyOf, class Before>
 void sortByKey(std::span<std::uint32_t> order, bool descending, const KeyOf& keyOf, const Before& before) {
     struct Item {
@@ -27,7 +27,7 @@ void sortByKey(std::span<std::uint32_t> order, bool descending, const KeyOf& key
     items.reserve(order.size());
     for (const std::uint32_t record : order)
         items.push_back({keyOf(record), record});
-    // Quicker than std::sort where many keys are equal, which would have to compare the places of their
+    // std::sort is slower when many keys are equal: it would also have to compare the positions of the
     // records.
     if (descending) {
         std::stable_sort(items.begin(), items.end(),
@@ -39,7 +39,7 @@ void sortByKey(std::span<std::uint32_t> order, bool descending, const KeyOf& key
     std::ranges::transform(items, order.begin(), &Item::record);
 }
 
-/// By number the rank of what the numbers stand for; `before` orders two numbers.
+/// The rank of each number from 0 to `count` - 1 in the order that `before` gives two numbers.
 template <class Before>
 std::vector<std::uint32_t> rankNumbers(std::size_t count, const Before& before) {
     std::vector<std::uint32_t> order(count);
@@ -54,7 +54,8 @@ std::vector<std::uint32_t> rankNumbers(std::size_t count, const Before& before) 
 template <class ValueOf>
 void sortByValues(std::span<std::uint32_t> order, bool descending, std::size_t records,
                   const ValueOf& valueOf) {
-    // Numbers in a list are often the same few: then just those are sorted, and the records put to them.
+    // A list often holds few distinct numbers. Then only those are sorted, and the records are ranked by
+    // them.
     const std::size_t few = order.size() / 4;
     std::unordered_map<double, std::uint32_t> numbers(few);
     std::vector<double> values;
@@ -74,18 +75,18 @@ void sortByValues(std::span<std::uint32_t> order, bool descending, std::size_t r
     sortByRank(order, ranks);
 }
 
-/// The keys of all records: bytes that order as their texts do, each with a zero at its end.
+/// The sort keys of all records: zero-terminated bytes that compare as the texts do.
 class TextKeys {
   public:
-    /// A key: its first eight bytes as a number that orders as they do, and the bytes behind them; null when
-    /// there are none.
+    /// The first eight bytes of a key as a number that compares as they do, and the bytes after them; null
+    /// when there are none.
     struct Key {
         std::uint64_t start;
         const char* rest;
     };
     static bool before(const Key& a, const Key& b) {
         if (a.start != b.start) return a.start < b.start;
-        return a.rest && std::strcmp(a.rest, b.rest) < 0;  // equal starts go on both or neither
+        return a.rest && std::strcmp(a.rest, b.rest) < 0;  // equal starts: both have a rest or neither
     }
 
     TextKeys(const ReportRecords& records, std::size_t column) : starts_(records.count()) {
@@ -139,7 +140,7 @@ void sortByValue(std::span<std::uint32_t> order, const ReportRecords& records, s
 }
 
 TextNumbers numberTexts(const ReportRecords& records, std::size_t column) {
-    // Few texts are different from each other where rows are grouped, and the same one often follows itself.
+    // A column used for grouping has few distinct texts, and consecutive records often have equal ones.
     std::unordered_map<std::string, std::uint32_t> numbers;
     TextNumbers result{std::vector<std::uint32_t>(records.count()), {}};
     std::string key;

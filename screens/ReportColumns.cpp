@@ -6,7 +6,7 @@
 namespace tsln {
 namespace {
 
-// "Name,200,+;Due days,65": caption, width and, at the column that sorts, its direction.
+// "Name,200,+;Due days,65": caption, width and, for the sort column, the direction.
 constexpr char betweenColumns = ';';
 constexpr char betweenParts = ',';
 constexpr char escape = '\\';
@@ -23,7 +23,7 @@ void appendEscaped(std::string& text, std::string_view part) {
     }
 }
 
-/// The parts of each column.
+/// For each column in the text its parts, unescaped.
 std::vector<std::vector<std::string>> split(std::string_view text) {
     std::vector<std::vector<std::string>> columns{{""}};
     for (std::size_t i = 0; i < text.size(); ++i) {

@@ -9,14 +9,14 @@
 
 namespace tsln {
 
-/// A column of a report control: what its cells hold, and how they are shown, sorted and edited.
+/// A column of a report control: the content of its cells, and how they are shown, sorted and edited.
 struct ReportColumn {
     enum class Kind {
-        Text,      ///< also a number, see `numeric`
-        Check,     ///< a check box: "1" is ticked, "0" and an empty cell are not
+        Text,      ///< text or a number, see `numeric`
+        Check,     ///< a check box: "1" is ticked, "0" and an empty cell are clear
         Choice,    ///< the caption of one of `choices`
-        Date,      ///< text that sorts by ReportControl::setSortValue
-        DateTime,  ///< the same, to the second
+        Date,      ///< a date, sorted by ReportControl::setSortValue()
+        DateTime,  ///< a date and time to the second, sorted as Date
     };
     struct Choice {
         std::int32_t number = 0;
@@ -26,33 +26,33 @@ struct ReportColumn {
     std::string caption;
     int width = 100;  ///< in the report control's units: pixels at 96 per inch
     bool rightAligned = false;
-    bool numeric = false;  ///< sorts by value, text that is no number first
+    bool numeric = false;  ///< sorts by value; text that is not a number comes first
     bool resizable = true;
     Kind kind = Kind::Text;
-    bool editable = false;        ///< the user may edit text, tick the box or choose in place; dates never
-    std::size_t maxLength = 0;    ///< of typed text in characters; 0 means no limit
-    std::vector<Choice> choices;  ///< of a choice column
+    bool editable = false;        ///< in place; ignored for dates
+    std::size_t maxLength = 0;    ///< of typed text, in characters; 0 means no limit
+    std::vector<Choice> choices;  ///< choice columns only
 };
 
-/// The column a list is sorted by, and which way.
+/// The column by which a list is sorted, and the direction.
 struct SortOrder {
     std::size_t column = 0;
     bool descending = false;
     friend bool operator==(SortOrder, SortOrder) = default;
 };
 
-/// What a user may arrange of a list's columns.
+/// The arrangement of a list's columns by the user.
 struct ColumnLayout {
-    std::vector<std::size_t> order;  ///< the columns as they stand from left to right, each once
+    std::vector<std::size_t> order;  ///< the columns from left to right, each once
     std::vector<int> widths;         ///< by column
     std::optional<SortOrder> sort;
 };
 
-/// The layout as one text, in which the columns go by their captions.
+/// The layout as one text, which identifies columns by their captions.
 std::string columnLayoutText(const std::vector<ReportColumn>& columns, const ColumnLayout& layout);
-/// Reads such a text over `layout`, which fits the columns. A caption that there is not, a width that is none
-/// or of a column with a fixed width, and a column the text does not name leave what was there; named columns
-/// stand before the others.
+/// Changes `layout`, which must fit the columns, to the text of columnLayoutText(). Columns named in the text
+/// come before the others. Unknown captions, invalid widths, and widths of columns that are not resizable are
+/// ignored.
 void readColumnLayout(std::string_view text, const std::vector<ReportColumn>& columns, ColumnLayout& layout);
 
 }  // namespace tsln

@@ -17,7 +17,7 @@ std::size_t ReportControl::recordCount() const noexcept {
     return records_.count() - removedCount_;
 }
 
-/// What was made of the records before is out of date.
+/// Drops the order and the filter texts, which were built from the old records.
 void ReportControl::recordsChanged() {
     order_.clear();
     filterTexts_.reset();
@@ -107,7 +107,7 @@ ReportControl::Style ReportControl::style(std::size_t record) const {
 
 // Rows ------------------------------------------------------------------------------------------------
 
-/// Closes the gaps that removed records left; returns each record's new index by its old one.
+/// Closes the gaps left by removed records. Returns, by old index, the new index of each record.
 std::vector<std::uint32_t> ReportControl::compact() {
     std::vector<std::uint32_t> moved(records_.count(), Row::noRecord);
     std::size_t kept = 0;
@@ -139,7 +139,7 @@ void ReportControl::makeOrder() {
     order_ = std::move(order);
 }
 
-/// By record the place of its group among the groups.
+/// For each record the rank of its group among the groups.
 std::vector<std::uint32_t> ReportControl::rankGroups() const {
     if (!grouping_->before && grouping_->order == Grouping::Order::ByText)
         return rankTexts(records_, grouping_->column);
@@ -159,7 +159,7 @@ std::vector<std::uint32_t> ReportControl::rankGroups() const {
     return std::move(texts.numbers);
 }
 
-/// By record whether the filter shows it.
+/// For each record whether the filters show it.
 std::vector<bool> ReportControl::shownRecords() {
     std::vector<bool> shown;
     if (filter_.empty()) {
@@ -175,21 +175,21 @@ std::vector<bool> ReportControl::shownRecords() {
 }
 
 void ReportControl::populate() {
-    recordsChanged();  // the columns may be others, too
+    recordsChanged();  // the columns may have changed, too
     updateRows();
 }
 
 void ReportControl::updateRows() {
     try {
         makeRows();
-    } catch (...) {  // an order or a filter of the screen's own
+    } catch (...) {  // thrown by the screen's group order or filter predicate
         changed();
         throw;
     }
     changed();
 }
 
-/// Leaves no rows when it throws.
+/// Leaves the control without rows when it throws.
 void ReportControl::makeRows() {
     const std::vector<Row> before = std::exchange(rows_, {});
     const std::vector<std::size_t> selectedBefore = std::exchange(selected_, {});
@@ -209,7 +209,7 @@ void ReportControl::makeRows() {
         if (record != Row::noRecord) wasSelected[record] = true;
     }
     const std::uint32_t focusedRecord = focusBefore ? recordNow(before[*focusBefore]) : Row::noRecord;
-    // How many records that are still shown stood before the focus: the place of its successor.
+    // The number of records before the focus that are still shown: the position of the focus's successor.
     const auto placeOfFocus = std::count_if(
         before.begin(), before.begin() + static_cast<std::ptrdiff_t>(focusBefore.value_or(0)),
         [&](const Row& row) { return recordNow(row) != Row::noRecord && shown[recordNow(row)]; });

@@ -1,4 +1,4 @@
-// What the user does to the cells and the columns of a report control.
+// User actions on the cells and columns of a report control.
 
 #include <algorithm>
 #include <numeric>
@@ -12,7 +12,7 @@ namespace {
 
 using Kind = ReportColumn::Kind;
 
-/// The text's first characters.
+/// At most the first `most` characters of the text.
 std::string_view firstCharacters(std::string_view text, std::size_t most) {
     std::size_t characters = 0;
     for (std::size_t i = 0; i < text.size(); ++i) {
@@ -40,7 +40,7 @@ bool ReportControl::canEdit(Cell cell) const noexcept {
     try {
         return !cellEditable || cellEditable(rows_[cell.row].record, cell.column);
     } catch (...) {
-        return false;  // asked while drawing, where nobody can be told
+        return false;  // called while drawing, where no error can be reported
     }
 }
 
@@ -53,7 +53,7 @@ std::optional<ReportControl::Cell> ReportControl::nextEditable(Cell from, bool b
         place += backwards ? -1 : 1;
         if (place < 0 || place > last) {
             place = backwards ? last : 0;
-            from.row += backwards ? std::size_t(-1) : 1;  // before the first row lies none
+            from.row += backwards ? std::size_t(-1) : 1;  // wraps before row 0, which ends the loop
         }
         const Cell at{from.row, order[static_cast<std::size_t>(place)]};
         if (canEdit(at)) return at;

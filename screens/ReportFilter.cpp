@@ -25,7 +25,7 @@ ReportFilter::ReportFilter(const ReportRecords& records, const std::vector<Repor
         starts_.push_back(static_cast<std::size_t>(at - texts_.get()));
         for (const std::size_t column : searched) {
             at = modSharedStrings::writeSortKey(at, records.cell(record, column));
-            *at++ = '\0';  // keys hold none, so that nothing is found across two cells
+            *at++ = '\0';  // keys contain no zero, so no match spans two cells
         }
     }
     starts_.push_back(static_cast<std::size_t>(at - texts_.get()));

@@ -10,19 +10,19 @@
 
 namespace tsln {
 
-/// The texts of records made ready for finding those that hold a text, without letter case as
-/// modSharedStrings::compareNoCase has it.
+/// The texts of records, prepared for a search that ignores letter case as modSharedStrings::compareNoCase
+/// does.
 class ReportFilter {
   public:
-    /// Reads the records' texts; those of check boxes are left out.
+    /// Copies the records' texts, except those of check boxes.
     ReportFilter(const ReportRecords& records, const std::vector<ReportColumn>& columns);
 
-    /// By record: whether any of its columns contains the text.
+    /// For each record whether any of its texts contains `text`.
     std::vector<bool> find(std::string_view text) const;
 
   private:
-    std::unique_ptr<char[]> texts_;    // of all columns and records one after another, a zero after each
-    std::vector<std::size_t> starts_;  // by record, and the end of the last one
+    std::unique_ptr<char[]> texts_;    // of all records and columns in sequence, each zero-terminated
+    std::vector<std::size_t> starts_;  // by record; the last element is the end of `texts_`
 };
 
 }  // namespace tsln

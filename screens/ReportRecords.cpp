@@ -50,14 +50,14 @@ void ReportRecords::setCell(std::size_t record, std::size_t column, std::string_
     }
     checkRoom(text.size());
     const std::size_t at = text_.size();
-    text_.append(text);  // which may lie in text_ itself
+    text_.append(text);  // `text` may be a part of text_
     unused_ += place.length;
     place = {static_cast<std::uint32_t>(at), static_cast<std::uint32_t>(text.size())};
     dropUnusedText();
 }
 
-/// Packs the texts once half of them is unused: the bytes that are moved were paid for by as many that were
-/// set.
+/// Packs the texts once half of their bytes are unused. So the cost of a setCell() stays proportional to the
+/// length of its text on average.
 void ReportRecords::dropUnusedText() {
     if (unused_ < leastToDrop || unused_ < text_.size() / 2) return;
     std::string used;

@@ -8,9 +8,9 @@
 
 namespace tsln {
 
-/// What a report control shows: records, each an `ID` and a text per column. Cell texts lie in one block of
-/// memory, so 100,000 records cost a handful of allocations. Indexes are zero-based; one that does not exist
-/// raises std::out_of_range.
+/// The records of a report control, each with an `ID` and a text per column. All cell texts are in one block
+/// of memory, so that 100,000 records need few allocations. Indexes are zero-based; an index that does not
+/// exist raises std::out_of_range.
 class ReportRecords {
   public:
     explicit ReportRecords(std::size_t columns = 0) : columns_(columns) {}
@@ -19,25 +19,25 @@ class ReportRecords {
     std::size_t count() const noexcept { return ids_.size(); }
     std::size_t textBytes() const noexcept { return text_.size(); }
 
-    /// Adds a record and returns its index; missing cells are empty, surplus ones are passed over. Raises
+    /// Adds a record and returns its index. Missing cells are empty, surplus cells are ignored. Raises
     /// std::length_error beyond 4 GB of text.
     std::size_t add(std::int32_t id, std::span<const std::string_view> cells);
     void replace(std::size_t record, std::span<const std::string_view> cells);
-    /// Replaces one cell's text; texts of cells obtained before are no longer valid.
+    /// Replaces one cell's text. Cell texts obtained before are no longer valid.
     void setCell(std::size_t record, std::size_t column, std::string_view text);
-    /// What the cell sorts by in place of its text, in any unit: a date's day number, say. A new text in the
-    /// cell leaves it as it is, replace() takes it away.
+    /// Sets the value by which the cell sorts instead of its text, in any unit, for example a date's day
+    /// number. setCell() keeps the value, replace() removes it.
     void setSortValue(std::size_t record, std::size_t column, double value);
-    /// The cell's sort value; below all others where none was set.
+    /// The cell's sort value; without one, a value below all others.
     double sortValue(std::size_t record, std::size_t column) const;
-    /// Whether any cell of the column has one.
+    /// Whether any cell of the column has a sort value.
     bool hasSortValues(std::size_t column) const;
-    /// Moves a record to an index before its own, over what is there.
+    /// Moves a record to a lower index and overwrites the record there.
     void move(std::size_t from, std::size_t to);
-    /// Drops the records behind the first `count`.
+    /// Removes all records after the first `count`.
     void truncate(std::size_t count);
     void clear();
-    /// Room for so many records and bytes of text in all, to spare growing in steps.
+    /// Reserves memory for this many records and bytes of text in total.
     void reserve(std::size_t records, std::size_t textBytes);
 
     std::int32_t id(std::size_t record) const { return ids_.at(record); }
@@ -54,11 +54,11 @@ class ReportRecords {
     void dropUnusedText();
 
     std::size_t columns_;
-    std::string text_;         // every cell's characters, one after another
-    std::vector<Text> cells_;  // count * columns
+    std::string text_;         // the characters of all cells
+    std::vector<Text> cells_;  // count() * columns_
     std::vector<std::int32_t> ids_;
-    std::vector<std::vector<double>> sortValues_;  // by column and record; those without any are shorter
-    std::size_t unused_ = 0;                       // bytes of text_ that setCell() left behind
+    std::vector<std::vector<double>> sortValues_;  // by column and record; may be shorter than count()
+    std::size_t unused_ = 0;                       // bytes of text_ that no cell uses
 };
 
 }  // namespace tsln

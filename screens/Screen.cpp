@@ -65,7 +65,7 @@ void Screen::userHelp() {
 void Screen::close(bool byCloseBox) {
     if (!loaded_) return hide();
     bool mayClose = true;
-    // A screen that cannot say whether it may close must not trap the user.
+    // When Form_QueryUnload() throws, the screen closes, so that the user is not trapped in it.
     handle([&] { mayClose = Form_QueryUnload(byCloseBox); });
     if (!mayClose || !loaded_) return;
     loaded_ = false;

@@ -15,30 +15,29 @@ namespace tsln {
 class Job;
 class Timer;
 
-/// What a front end is told while it shows a screen.
+/// Receives the changes of a screen while a front end shows it.
 class ScreenView {
   public:
     virtual ~ScreenView() = default;
-    /// Something of the control changed: draw it anew from its state.
+    /// The state of the control changed and must be redrawn.
     virtual void controlChanged(Control& control) = 0;
     /// Caption, pointer or visibility of the screen changed.
     virtual void screenChanged() = 0;
     virtual void focusChanged(Control& control) = 0;
     /// A job of the screen has begun or ended.
     virtual void jobChanged() = 0;
-    /// Runs something on the screen as if the user had done it, under the screen's guard; nothing happens
-    /// while something else runs.
+    /// Runs a handler as a user action, by Screen::handle(). Does nothing while another action runs.
     virtual void act(const std::function<void()>& what) = 0;
 };
 
-/// A modal screen: its controls, their state and the rules, without a toolkit.
+/// A modal screen: its controls, their state and its rules, without a toolkit.
 ///
 /// Life: created, load(), shown by the desktop, activate() each time it comes to the front, then hidden or
-/// unloaded. Handlers run under handle(): whatever they throw is reported by reportError() and ends that
-/// handler, with the screen and its input as they are.
+/// unloaded. Handlers run through handle(): an exception ends the handler and is reported by reportError();
+/// the screen and its input stay as they are.
 class Screen {
   public:
-    /// `name` is the screen's name to the outside ("frmTerms"), under which its position is kept.
+    /// `name` is the screen's external name ("frmTerms"), under which its position is saved.
     Screen(Desktop& desktop, std::string name);
     virtual ~Screen();
     Screen(const Screen&) = delete;
@@ -48,17 +47,17 @@ class Screen {
     const std::string& name() const noexcept { return name_; }
     const std::string& caption() const noexcept { return caption_; }
     void setCaption(std::string caption);
-    /// The mouse pointer is the hourglass.
+    /// Whether the mouse pointer is the hourglass.
     bool pointerBusy() const noexcept { return pointerBusy_; }
     void setPointerBusy(bool busy);
 
     virtual Layout layout() = 0;
-    /// The controls in the order they were made.
+    /// The controls in the order of their construction.
     const std::vector<Control*>& controls() const noexcept { return controls_; }
-    /// The control of that name, or null. Without letter case.
+    /// The control of that name, ignoring letter case; null when there is none.
     Control* control(std::string_view name) const;
 
-    /// Position and size in pixels at 96 per inch; what is not set is the front end's choice.
+    /// Position and size in pixels at 96 per inch. The front end chooses values that are not set.
     struct Placement {
         std::optional<int> left;
         std::optional<int> width;
@@ -71,31 +70,31 @@ class Screen {
     // Life --------------------------------------------------------------------------------------------
     void load();
     bool loaded() const noexcept { return loaded_; }
-    /// Shows the screen modally and returns when it is hidden or unloaded. A screen that is shown already
-    /// raises HostError(code::alreadyShown).
+    /// Shows the screen modally and returns when it is hidden or unloaded. Raises
+    /// HostError(code::alreadyShown) when the screen is already shown.
     void showModal();
     bool shown() const noexcept { return shown_; }
     /// The screen came to the front. Called by the front end.
     void activate();
     void hide();
-    /// Unloads the screen unless it refuses.
+    /// Unloads and hides the screen unless Form_QueryUnload() returns false.
     void unload();
-    /// The user asks to close the screen by its close box.
+    /// The user clicked the screen's close box.
     void userClose();
-    /// The user asks for help by F1.
+    /// The user pressed F1.
     void userHelp();
 
-    /// The control that has the focus, or is to have it once the screen is shown; null leaves it to the
-    /// layout.
+    /// The control that has the focus or receives it once the screen is shown; null for the first control of
+    /// the layout.
     Control* focusedControl() const noexcept { return focused_; }
     void setFocus(Control& control);
-    /// The focus went to this control by the user's act. Called by the front end.
+    /// The user moved the focus to this control. Called by the front end.
     void userFocused(Control& control) { focused_ = &control; }
 
-    /// Runs a handler and reports what it throws. Returns false when it threw.
+    /// Runs a handler. Reports an exception from it and returns false.
     bool handle(const std::function<void()>& handler);
 
-    /// The work of many steps that one of its handlers does now; null when there is none.
+    /// The job that a handler of the screen runs now; null when there is none.
     Job* job() const noexcept { return job_; }
 
     ScreenView* view() const noexcept { return view_; }
@@ -105,13 +104,14 @@ class Screen {
   protected:
     virtual void Form_Load() {}
     virtual void Form_Activate() {}
-    /// Answers whether the screen may close. `byCloseBox`: asked for by the title bar's close box.
+    /// Returns whether the screen may close. `byCloseBox`: the user clicked the close box in the title bar.
     virtual bool Form_QueryUnload([[maybe_unused]] bool byCloseBox) { return true; }
     virtual void Form_Unload() {}
     virtual void Form_Help() {}
-    /// A handler begins, and none of the screen's runs yet: an act of the user, or the first showing.
+    /// Called before a handler that is not nested in another handler of the screen, for example at a user
+    /// action.
     virtual void actStarts() {}
-    /// Tells the user of an error that ended a handler. Must not throw.
+    /// Reports an error that ended a handler to the user.
     virtual void reportError(const std::exception& error) noexcept;
 
   private:
@@ -129,7 +129,7 @@ class Screen {
     Job* job_ = nullptr;
     ScreenView* view_ = nullptr;
     Control* focused_ = nullptr;
-    int handlers_ = 0;  // running, one within the other
+    int handlers_ = 0;  // the number of nested handlers that run
     bool pointerBusy_ = false;
     bool loaded_ = false;
     bool shown_ = false;

@@ -6,8 +6,8 @@
 
 namespace tsln {
 
-/// Two panes with a sash between them that the user can move; the layout says what stands in each. F6 and
-/// Shift+F6 move the keyboard from pane to pane.
+/// Two panes with a movable sash between them; the layout gives their content. F6 and Shift+F6 move the
+/// keyboard focus from pane to pane.
 class Splitter : public Control {
   public:
     enum class Panes { SideBySide, OneBelowTheOther };
@@ -16,10 +16,10 @@ class Splitter : public Control {
     void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
 
     Panes panes() const noexcept { return panes_; }
-    /// The part of the room that the first pane takes, from 0 to 1. No pane becomes smaller than what stands
-    /// in it needs, whatever the position.
+    /// The fraction of the space that the first pane takes, from 0 to 1. A pane never becomes smaller than
+    /// its content needs.
     double position() const noexcept { return position_; }
-    /// A position outside of 0 to 1 becomes the nearer end; what is no number changes nothing.
+    /// A position outside 0 to 1 is set to the nearer end. NaN is ignored.
     void setPosition(double position);
 
     std::function<void()> onMove;  ///< the user moved the sash

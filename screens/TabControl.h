@@ -8,7 +8,7 @@
 
 namespace tsln {
 
-/// Pages of controls, one of which shows; the layout says what stands on each.
+/// Pages of controls, one of which is shown. The layout gives the content of each page.
 class TabControl : public Control {
   public:
     TabControl(Screen& screen, std::string name, std::vector<std::string> captions)
@@ -16,19 +16,19 @@ class TabControl : public Control {
     void accept(ControlVisitor& visitor) override { visitor.visit(*this); }
 
     const std::vector<std::string>& captions() const noexcept { return captions_; }
-    /// The page that shows, from 0; -1 when all are hidden.
+    /// The index of the page that is shown, from 0; -1 when all are hidden.
     int selected() const noexcept { return selected_; }
-    /// A page that does not exist or is hidden changes nothing.
+    /// A page that does not exist or is hidden is ignored.
     void select(int page);
 
     bool isPageVisible(int page) const;
-    /// A hidden page has no tab. When the page that shows is hidden, the next visible one shows, or the last
-    /// before it.
+    /// A hidden page has no tab. When the page shown is hidden, the next visible page is shown, or else the
+    /// nearest before it.
     void setPageVisible(int page, bool visible);
 
-    std::function<void()> onSelect;  ///< the user turned to another page
+    std::function<void()> onSelect;  ///< the user selected another page
     void userSelect(int page);
-    /// Adds `Item`, the page that shows.
+    /// Adds `Item`, the index of the page that is shown.
     Variant invoke(std::string_view member, Access access, Arguments arguments) override;
 
   private:

@@ -9,21 +9,21 @@ namespace tsln {
 
 class Screen;
 
-/// Runs a handler of its screen at intervals. A tick that falls into another handler of the screen is left
-/// out. The timer stops when the screen is hidden or unloaded. A member of its screen.
+/// Runs a handler of its screen at intervals. A tick during another handler of the screen is skipped. The
+/// timer stops when the screen is hidden or unloaded. It is a member of its screen.
 class Timer {
   public:
-    /// `milliseconds` between two ticks, at least 1.
+    /// `milliseconds` is the interval; less than 1 counts as 1.
     Timer(Screen& screen, int milliseconds);
     ~Timer();
     Timer(const Timer&) = delete;
     Timer& operator=(const Timer&) = delete;
 
     int interval() const noexcept { return interval_; }
-    /// A timer that runs begins to count anew.
+    /// Restarts the interval of a running timer. Less than 1 counts as 1.
     void setInterval(int milliseconds);
 
-    /// Starts to count, or begins to count anew.
+    /// Starts the timer, or restarts its interval.
     void start();
     void stop() noexcept { running_.reset(); }
     bool running() const noexcept { return running_ != nullptr; }

@@ -31,7 +31,7 @@ class TickingScreen : public NotingScreen {
     Button cmdClose{*this, "cmdClose", "Close", Button::Role::Cancel};
 };
 
-TEST(CheckListView, TicksByKeysAndShowsWhatTheScreenTicks) {
+TEST(CheckListView, SpaceTogglesTheFocusedEntryAsTheScreenSetIt) {
     WxDesktop desktop(nullptr, "");
     TickingScreen screen(desktop);
     screen.cmdClose.onClick = [&] { screen.unload(); };
@@ -41,11 +41,11 @@ TEST(CheckListView, TicksByKeysAndShowsWhatTheScreenTicks) {
                                             [&] { return screen.lstCodes.entries()[1].ticked; });
     user.then([&] {
         EXPECT_EQ(screen.count("ticked"), 2U);
-        screen.lstCodes.setTicked(1, false);  // the screen's own doing is no act of the user
+        screen.lstCodes.setTicked(1, false);  // a change by the screen does not fire onClick
         screen.lstCodes.setTicked(2, true);
         EXPECT_EQ(screen.count("ticked"), 2U);
     });
-    // The key turns round what is shown now.
+    // Space toggles the state set by the screen.
     user.key(WXK_SPACE).until("ticked again", [&] { return screen.lstCodes.entries()[1].ticked; });
     user.then([&] { EXPECT_THAT(screen.ticks(), ElementsAre(false, true, true)); });
     user.key(WXK_ESCAPE).show();

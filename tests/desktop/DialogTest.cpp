@@ -20,7 +20,7 @@ class DialogTest : public testing::Test {
     SampleDialog screen{desktop};
     Robot user{screen};
 
-    /// A step that waits for a note.
+    /// Waits until the screen has noted `what` as often as `times`.
     void untilNoted(const std::string& what, std::size_t times = 1) {
         user.until("noted: " + what, [=, this] { return screen.count(what) >= times; });
     }
@@ -29,14 +29,14 @@ class DialogTest : public testing::Test {
     }
 };
 
-TEST_F(DialogTest, TabGoesThroughTheControlsInLayoutOrder) {
+TEST_F(DialogTest, TabVisitsTheControlsInLayoutOrder) {
     Control* const order[] = {&screen.txtName,   &screen.txtDiscount, &screen.cboMethod, &screen.cboCity,
                               &screen.txtNotes,  &screen.chkExported, &screen.cmdApply,  &screen.cmdOK,
                               &screen.cmdCancel, &screen.txtName};
     for (Control* control : order) {
         untilFocused(*control);
-        // Tab is text in a box of several lines; Ctrl+Tab leaves it. An editable list has a button of its
-        // own.
+        // In a multi-line box Tab is text and Ctrl+Tab leaves it. The button of an editable list is a tab
+        // stop, too.
         if (control == &screen.cboCity) user.key(WXK_TAB);
         user.key(WXK_TAB, control == &screen.txtNotes ? wxMOD_CONTROL : 0);
     }
@@ -48,7 +48,7 @@ TEST_F(DialogTest, TabGoesThroughTheControlsInLayoutOrder) {
     EXPECT_EQ(screen.count("left discount"), 2u);
 }
 
-TEST_F(DialogTest, TypingReachesTheModelAndTheModelComesBack) {
+TEST_F(DialogTest, TypedTextReachesTheControlAndTheControlsTextIsShown) {
     screen.txtDiscount.setText("5");
     untilFocused(screen.txtName);
     user.type("net 10").until("typed", [&] { return screen.txtName.text() == "net 10"; });
@@ -57,7 +57,7 @@ TEST_F(DialogTest, TypingReachesTheModelAndTheModelComesBack) {
         return static_cast<wxTextCtrl*>(user.windowOf(screen.txtName))->GetValue() ==
                wxString::FromUTF8("From the rules \xC3\xA9");
     });
-    // Tab selects the whole field, so typing replaces what is in it.
+    // Tab selects the whole text, so typing replaces it.
     user.key(WXK_TAB).type("7").until("replaced", [&] { return screen.txtDiscount.text() == "7"; });
     user.key(WXK_TAB).until("corrected on leaving", [&] {
         return static_cast<wxTextCtrl*>(user.windowOf(screen.txtDiscount))->GetValue() == "0";
@@ -67,7 +67,7 @@ TEST_F(DialogTest, TypingReachesTheModelAndTheModelComesBack) {
     EXPECT_EQ(screen.count("name net 10"), 1u);
 }
 
-TEST_F(DialogTest, MaximumLengthAndLockHoldWhatIsTyped) {
+TEST_F(DialogTest, MaximumLengthAndLockLimitTyping) {
     screen.txtDiscount.setText("5");
     screen.txtDiscount.setLocked(true);
     untilFocused(screen.txtName);
@@ -77,7 +77,7 @@ TEST_F(DialogTest, MaximumLengthAndLockHoldWhatIsTyped) {
     EXPECT_THAT(screen.notes, testing::Contains("left discount").Times(0));
 }
 
-TEST_F(DialogTest, SeveralLinesKeepTheirLineEndsAndEnter) {
+TEST_F(DialogTest, EnterAddsALineToAMultiLineBoxAndLineEndsAreKept) {
     screen.txtNotes.setText("one\r\ntwo");
     screen.txtNotes.setFocus();
     untilFocused(screen.txtNotes);
@@ -139,7 +139,7 @@ TEST_F(DialogTest, MnemonicsReachFieldsBoxesAndButtons) {
     EXPECT_TRUE(screen.chkExported.checked());
 }
 
-TEST_F(DialogTest, AListIsChosenFromByKeyboard) {
+TEST_F(DialogTest, ArrowKeysChooseFromAList) {
     screen.cboMethod.setFocus();
     untilFocused(screen.cboMethod);
     user.key(WXK_DOWN);
@@ -150,11 +150,11 @@ TEST_F(DialogTest, AListIsChosenFromByKeyboard) {
     user.until("shown",
                [&] { return static_cast<wxChoice*>(user.windowOf(screen.cboMethod))->GetSelection() == 2; });
     user.key(WXK_ESCAPE).show();
-    EXPECT_EQ(screen.count("method Check"), 0u) << "the screen's own choice was sent back";
+    EXPECT_EQ(screen.count("method Check"), 0u) << "the screen's own choice was reported as a user action";
     EXPECT_EQ(screen.cboMethod.chosen(), 30);
 }
 
-TEST_F(DialogTest, AnEditableListTakesTextAndChoice) {
+TEST_F(DialogTest, AnEditableListAcceptsTypedTextAndAChosenEntry) {
     screen.cboCity.setFocus();
     untilFocused(screen.cboCity);
     user.type("Ber").until("typed", [&] { return screen.cboCity.text() == "Ber"; });
@@ -171,7 +171,7 @@ TEST_F(DialogTest, AnEditableListTakesTextAndChoice) {
     EXPECT_EQ(screen.count("city typed Oslo"), 0u);
 }
 
-TEST_F(DialogTest, F1AsksForHelpFromAnywhere) {
+TEST_F(DialogTest, F1OpensHelpFromAnyControl) {
     untilFocused(screen.txtName);
     user.key(WXK_F1);
     untilNoted("help");
@@ -180,7 +180,7 @@ TEST_F(DialogTest, F1AsksForHelpFromAnywhere) {
     user.key(WXK_ESCAPE).show();
 }
 
-TEST_F(DialogTest, TheCloseBoxAsksTheScreen) {
+TEST_F(DialogTest, TheCloseBoxClosesOnlyIfTheScreenAllowsIt) {
     screen.mayClose = false;
     user.then([&] { user.dialog()->Close(); });
     untilNoted("close box");
@@ -217,7 +217,7 @@ TEST_F(DialogTest, AScreenThatHidesItselfOnActivationReturns) {
     EXPECT_THAT(screen.notes, ElementsAre("activate"));
 }
 
-TEST_F(DialogTest, AHandlerThatThrowsLeavesTheScreenAsItIs) {
+TEST_F(DialogTest, AHandlerThatThrowsIsReportedAndTheScreenKeepsItsInput) {
     screen.cmdApply.onClick = [] { throw std::runtime_error("broken"); };
     untilFocused(screen.txtName);
     user.type("kept").key('P', wxMOD_ALT);
@@ -226,7 +226,7 @@ TEST_F(DialogTest, AHandlerThatThrowsLeavesTheScreenAsItIs) {
     user.key(WXK_ESCAPE).show();
 }
 
-TEST_F(DialogTest, ScreensNestAndTheOwnerTakesNoInputMeanwhile) {
+TEST_F(DialogTest, TheOwnerOfANestedScreenTakesNoInput) {
     SampleList list(desktop);
     list.onNew = [&] { screen.showModal(); };
     Robot at(list);
@@ -242,7 +242,7 @@ TEST_F(DialogTest, ScreensNestAndTheOwnerTakesNoInputMeanwhile) {
     EXPECT_GE(list.count("activate"), 1u);
 }
 
-TEST_F(DialogTest, YieldPaintsButKeepsInputForLater) {
+TEST_F(DialogTest, YieldKeepsInputUntilTheHandlerEnds) {
     screen.cmdApply.onClick = [&] {
         screen.note("apply begins");
         wxUIActionSimulator().Char('z');
@@ -259,7 +259,7 @@ TEST_F(DialogTest, YieldPaintsButKeepsInputForLater) {
     EXPECT_THAT(screen.notes, ElementsAre("activate", "apply begins", "apply ends", "name z", "cancel"));
 }
 
-TEST_F(DialogTest, APositionIsRestoredAndKept) {
+TEST_F(DialogTest, APositionIsRestoredAndRemembered) {
     screen.placement = {.left = 100, .width = 640, .height = 480};
     wxSize shown;
     user.then([&] { shown = user.dialog()->GetClientSize(); });
@@ -272,7 +272,7 @@ TEST_F(DialogTest, APositionIsRestoredAndKept) {
     EXPECT_EQ(shown, wxSize(640, 480));
     EXPECT_EQ(screen.placement.height, 500);
 
-    // Opened again and again it stays where it is and as large as it is, whatever frame it is given.
+    // Position and size stay the same each time the screen is opened, regardless of the size of the frame.
     for (int i = 0; i < 3; ++i) {
         Robot again(screen);
         again.pause().key(WXK_ESCAPE).show();

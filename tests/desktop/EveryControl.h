@@ -83,11 +83,12 @@ class EveryControl : public NotingScreen {
     CheckList lst{*this, "lst"};
     MarkupLabel lblLinks{
         *this, "lblLinks",
-        "<TextBlock TextWrapping='Wrap'>Prices are <Bold>not yet</Bold> approved. <Hyperlink "
-        "Click='Approve'>Approve them</Hyperlink> or <Hyperlink Click='Discard'>discard them</Hyperlink>. "
-        "Until "
-        "then, quotes are written with the prices of last month, which the suppliers may have changed."
-        "</TextBlock><TextBlock TextAlignment='Right' FontSize='11'>Seen by " +
+        "<TextBlock TextWrapping='Wrap'>Prices are <Bold>not yet</Bold> approved. "
+        "<Hyperlink Click='Approve'>Approve them</Hyperlink> or "
+        "<Hyperlink Click='Discard'>discard them</Hyperlink>. "
+        "Until then, quotes are written with the prices of last month, which the suppliers may have changed."
+        "</TextBlock>"
+        "<TextBlock TextAlignment='Right' FontSize='11'>Seen by " +
             asMarkupText("<Bold>A & B</Bold>") + "</TextBlock>"};
     ProgressBar prg{*this, "prg"};
     Picture pic{*this, "pic", Picture::Kind::Lock};

@@ -15,7 +15,7 @@
 namespace tsln::desktop::test {
 namespace {
 
-// What Tab needs to leave a box of several lines.
+// The modifier with which Tab leaves a multi-line box.
 #ifdef __WXGTK__
 constexpr int leavesSeveralLines = wxMOD_CONTROL;
 #else
@@ -34,7 +34,7 @@ class EveryControlTest : public testing::Test {
     void untilFocused(Control& control) {
         user.until("focus on " + control.name(), [&] { return user.focused() == &control; });
     }
-    /// Waits until a dialog is open over the screen, or no more.
+    /// Waits until a dialog is open above the screen, or until it is closed.
     void untilCovered(bool covered = true) {
         user.until(covered ? "a dialog is open" : "the dialog is closed",
                    [this, covered] { return user.dialog()->IsActive() != covered; });
@@ -47,14 +47,14 @@ class EveryControlTest : public testing::Test {
     wxSplitterWindow& sash() { return windowOf<wxSplitterWindow>(screen.spl); }
 };
 
-TEST_F(EveryControlTest, TakesTextDatesColorsAndChoicesByKeyboardAlone) {
+TEST_F(EveryControlTest, TheKeyboardAloneEntersTextDatesColorsAndChoices) {
     untilFocused(screen.txtName);
     user.key(WXK_TAB).pause().then([&] { savePicture(*user.dialog(), "controls"); });
     user.key(WXK_TAB, wxMOD_SHIFT).type("quay").key(WXK_RETURN);
     untilNoted("enter in name");
     user.key(WXK_TAB).type("pw").until("masked text", [&] { return screen.txtPassword.text() == "pw"; });
 
-    // What is inserted takes the place of the selection, and typing goes on behind it.
+    // Inserted text replaces the selection, and typing continues behind it.
     user.key(WXK_TAB);
     untilFocused(screen.txtNotes);
     user.key(WXK_HOME, wxMOD_CONTROL).key(WXK_RIGHT, wxMOD_SHIFT).key(WXK_RIGHT, wxMOD_SHIFT);
@@ -88,7 +88,7 @@ TEST_F(EveryControlTest, TakesTextDatesColorsAndChoicesByKeyboardAlone) {
     untilNoted("due None");
     untilFocused(screen.datDue);
     user.type("x");
-    untilNoted("due x");  // what the calendar has put in is selected
+    untilNoted("due x");  // the text from the calendar is selected
 
     user.key(WXK_TAB);
     untilFocused(screen.colFabric);
@@ -102,7 +102,7 @@ TEST_F(EveryControlTest, TakesTextDatesColorsAndChoicesByKeyboardAlone) {
     user.key(WXK_TAB).key(WXK_SPACE).until("cleared", [&] { return !screen.chkActive.checked(); });
 
     user.key(WXK_TAB);
-    untilFocused(screen.optAmount);  // the chosen one, not the first
+    untilFocused(screen.optAmount);  // the chosen button, not the first one
     user.key(WXK_DOWN);
     untilNoted("optNone");
     untilFocused(screen.optNone);
@@ -118,7 +118,7 @@ TEST_F(EveryControlTest, TakesTextDatesColorsAndChoicesByKeyboardAlone) {
     EXPECT_EQ(screen.optKind.selected(), &screen.optAmount);
 }
 
-TEST_F(EveryControlTest, MovesThroughPanesPagesAndLinksByKeyboardAlone) {
+TEST_F(EveryControlTest, TheKeyboardAloneReachesPanesPagesAndLinks) {
     screen.rpt.setFocus();
     untilFocused(screen.rpt);
     user.key(WXK_HOME).key(WXK_F2).pause().type("sheer").key(WXK_RETURN);
@@ -141,7 +141,9 @@ TEST_F(EveryControlTest, MovesThroughPanesPagesAndLinksByKeyboardAlone) {
         return sash().GetSashPosition() > length / 2 &&
                length - sash().GetSashPosition() >= user.windowOf(screen.grd)->GetMinSize().y;
     });
-    user.then([&] { EXPECT_EQ(screen.count("sash"), 0U) << "the screen's own position was sent back"; });
+    user.then([&] {
+        EXPECT_EQ(screen.count("sash"), 0U) << "the screen's own position was reported as a user action";
+    });
     user.key(WXK_TAB);
     untilFocused(screen.lblLinks);
     user.key(WXK_RETURN);
@@ -149,31 +151,31 @@ TEST_F(EveryControlTest, MovesThroughPanesPagesAndLinksByKeyboardAlone) {
     user.key(WXK_TAB).key(WXK_RETURN);
     untilNoted("Discard");
     user.key(WXK_TAB);
-    untilFocused(screen.cmdInsert);  // the progress bar and the label have no stop
+    untilFocused(screen.cmdInsert);  // the progress bar and the label are not tab stops
 
     user.key(WXK_PAGEDOWN, wxMOD_CONTROL).until("past the hidden page", [&] {
         return screen.tab.selected() == 2;
     });
     user.then([&] { screen.tab.setPageVisible(1, true); });
-    user.key(WXK_PAGEUP, wxMOD_CONTROL).until("the page has come", [&] {
+    user.key(WXK_PAGEUP, wxMOD_CONTROL).until("the page is selected", [&] {
         return screen.tab.selected() == 1;
     });
-    user.until("its field shows", [&] { return user.windowOf(screen.txtHidden)->IsShownOnScreen(); });
+    user.until("its field is shown", [&] { return user.windowOf(screen.txtHidden)->IsShownOnScreen(); });
     user.then([&] {
         screen.tab.setPageVisible(1, false);
         EXPECT_EQ(screen.tab.selected(), 2);
     });
-    user.until("the next page shows", [&] { return user.windowOf(screen.lst)->IsShownOnScreen(); });
+    user.until("the next page is shown", [&] { return user.windowOf(screen.lst)->IsShownOnScreen(); });
     user.key(WXK_ESCAPE).show();
 }
 
-TEST_F(EveryControlTest, ShowsTheProgressOfItsWorkAndTicksInBetween) {
+TEST_F(EveryControlTest, ProgressIsDrawnDuringWorkAndTimerTicksWaitForItsEnd) {
     std::vector<int> shown;
     screen.duringWork = [&] {
         shown.push_back(windowOf<wxGauge>(screen.prg).GetValue());
         EXPECT_EQ(user.windowOf(screen.lblState)->GetLabel().utf8_string(),
                   "Step " + std::to_string(shown.size()));
-        wxMilliSleep(30);  // more than an interval of the timer
+        wxMilliSleep(30);  // longer than the timer's interval
     };
     screen.cmdWork.onClick = [this, work = screen.cmdWork.onClick] {
         screen.note("work begins");
@@ -188,7 +190,7 @@ TEST_F(EveryControlTest, ShowsTheProgressOfItsWorkAndTicksInBetween) {
     user.then([&] {
         const auto& notes = screen.notes;
         EXPECT_EQ(std::ranges::find(notes, "work begins") + 1, std::ranges::find(notes, "work ends"))
-            << "a tick ran within the work";
+            << "a timer ticked during the work";
         screen.tim.stop();
     });
     user.key(WXK_ESCAPE).show();

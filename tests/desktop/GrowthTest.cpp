@@ -6,15 +6,15 @@
 
 #include "bridge/Library.h"
 #include "desktop/WxDesktop.h"
-#include "maintenance/RecordDialog.h"
-#include "maintenance/ListScreen.h"
-#include "lists/Lists.h"
 #include "doubles/RecordingHost.h"
+#include "lists/Lists.h"
+#include "maintenance/ListScreen.h"
+#include "maintenance/RecordDialog.h"
 
 namespace tsln::desktop::test {
 namespace {
 
-/// The process's memory in use, in kilobytes.
+/// The resident memory of the process, in kilobytes.
 long memoryInUse() {
     std::ifstream pages("/proc/self/statm");
     long total = 0, resident = 0;
@@ -46,7 +46,7 @@ class BriefDialog : public RecordDialog {
     }
 };
 
-TEST(Growth, AThousandListsAndDialogsLeaveNothingBehind) {
+TEST(Growth, AThousandListsAndDialogsReleaseTheirMemoryAndWindows) {
     const auto host = tsln::test::RecordingHost::make();
     std::string rows = "<Records>";
     for (int i = 1; i <= 50; ++i) {
@@ -73,7 +73,7 @@ TEST(Growth, AThousandListsAndDialogsLeaveNothingBehind) {
             host->forget();
         }
     };
-    openAndClose(100);  // caches fill
+    openAndClose(100);  // fills caches
     const long before = memoryInUse();
     const std::size_t windows = wxTopLevelWindows.GetCount();
     openAndClose(1000);
@@ -81,12 +81,11 @@ TEST(Growth, AThousandListsAndDialogsLeaveNothingBehind) {
     const long growth = memoryInUse() - before;
     RecordProperty("growth_kb", static_cast<int>(growth));
 #ifdef __SANITIZE_ADDRESS__
-    constexpr long allowed =
-        20 * 1024;  // the sanitizer holds freed memory back; a window kept costs far more
+    constexpr long allowed = 20 * 1024;  // the sanitizer keeps freed memory; leaked windows need far more
 #else
     constexpr long allowed = 512;
 #endif
-    EXPECT_LT(growth, allowed) << "kilobytes for a thousand lists with their dialogs";
+    EXPECT_LT(growth, allowed) << "kilobytes after a thousand lists with their dialogs";
     library->PreTerminate();
     EXPECT_EQ(host->liveObjects(), 0);
 }

@@ -10,7 +10,7 @@
 namespace tsln::desktop::test {
 namespace {
 
-/// Work of ten seconds, if nobody ends it.
+/// A screen with a job of about ten seconds unless it is cancelled, or 0.2 seconds without a cancel button.
 class JobScreen : public NotingScreen {
   public:
     explicit JobScreen(Desktop& desktop, bool cancellable = true) : NotingScreen(desktop, "frmJob") {
@@ -46,7 +46,7 @@ class JobScreen : public NotingScreen {
     }
 };
 
-TEST(Job, TakesCancelAndEscAndNothingElse) {
+TEST(Job, OnlyTheCancelButtonAndEscWorkDuringAJob) {
     WxDesktop desktop(nullptr, "");
     JobScreen screen(desktop);
     Robot robot(screen);
@@ -80,7 +80,7 @@ TEST(Job, TakesCancelAndEscAndNothingElse) {
     EXPECT_EQ(screen.notes.back() == "closed" || std::ranges::count(screen.notes, "closed") == 1, true);
 }
 
-TEST(Job, WithoutACancelButtonRunsToItsEndAndShowsIt) {
+TEST(Job, WithoutACancelButtonRunsToItsEndAndFillsTheBar) {
     WxDesktop desktop(nullptr, "");
     JobScreen screen(desktop, false);
     Robot robot(screen);

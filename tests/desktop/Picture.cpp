@@ -26,7 +26,7 @@ void savePicture(const wxWindow& window, const std::string& name) {
     g_object_unref(picture);
 #else
     const wxRect place(window.ClientToScreen({0, 0}),
-                       window.GetClientSize());  // the frame is not the system's
+                       window.GetClientSize());  // without the frame, which is not the system's
     wxScreenDC screen;
     wxBitmap picture(place.GetSize());
     wxMemoryDC memory(picture);

@@ -6,8 +6,8 @@ class wxWindow;
 
 namespace tsln::desktop::test {
 
-/// Saves what the display shows of a top-level window as NAME-linux.png or NAME-windows.bmp into the folder
-/// that the environment names as TSLN_PICTURES; without it nothing happens.
+/// Saves a picture of a top-level window from the display as NAME-linux.png or NAME-windows.bmp in the folder
+/// given by the environment variable TSLN_PICTURES. Does nothing without that variable.
 void savePicture(const wxWindow& window, const std::string& name);
 
 }  // namespace tsln::desktop::test

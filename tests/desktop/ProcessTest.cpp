@@ -10,7 +10,7 @@
 #include <wx/stopwatch.h>
 #include <wx/timer.h>
 #include <wx/uiaction.h>
-// clang-format off: needs wx's own header first
+// clang-format off: the wx header must come first
 #include <wx/generic/msgdlgg.h>
 #include <wx/msgdlg.h>
 // clang-format on
@@ -40,7 +40,7 @@ TEST(Process, SplitsACommandLineByBlanksAndDoubleQuotes) {
         EXPECT_EQ(splitCommandLine(test.line), test.words) << test.line;
 }
 
-TEST(Process, TellsHowAProcessEnded) {
+TEST(Process, ReportsExitCodesSignalsAndFailedStarts) {
     WxDesktop desktop(nullptr, "");
     std::vector<std::string> ended;
     desktop.onProcessEnd = [&](std::string_view line, ProcessEnd) { ended.emplace_back(line); };
@@ -65,7 +65,7 @@ TEST(Process, TellsHowAProcessEnded) {
     EXPECT_EQ(ended.front(), "true");
 }
 
-TEST(Process, ScreensLiveButTakeNoInputWhileItRuns) {
+TEST(Process, ScreensRunTimersButTakeNoInputWhileAProcessRuns) {
     WxDesktop desktop(nullptr, "");
     SampleDialog screen(desktop);
     Robot user(screen);
@@ -93,10 +93,10 @@ TEST(Process, ScreensLiveButTakeNoInputWhileItRuns) {
     EXPECT_GE(ticks, 8);
     EXPECT_EQ(screen.txtName.text(), "x");
     EXPECT_EQ(screen.count("cancel"), 1u);
-    EXPECT_LT(processorSeconds, 0.5) << "it waits in a busy loop";
+    EXPECT_LT(processorSeconds, 0.5) << "the wait is a busy loop";
 }
 
-TEST(Process, AListThatAskedFirstHasTheKeyboardWhenTheProcessEnds) {
+TEST(Process, AListRegainsTheFocusAfterAMessageBoxAndAProcess) {
     WxDesktop desktop(nullptr, "");
     SampleList screen(desktop, 10);
     screen.onNew = [&] {
@@ -115,7 +115,7 @@ TEST(Process, AListThatAskedFirstHasTheKeyboardWhenTheProcessEnds) {
     user.key(WXK_ESCAPE).show();
 }
 
-TEST(Process, OpensAProgramWithItsArgumentsAndDoesNotWait) {
+TEST(Process, ShellOpenPassesArgumentsAndDoesNotWait) {
     const std::string folder = wxFileName::CreateTempFileName("tsln").utf8_string() + ".d";
     ASSERT_EQ(mkdir(folder.c_str(), 0700), 0);
     const std::string program = folder + "/tool";

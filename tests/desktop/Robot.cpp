@@ -14,7 +14,7 @@
 namespace tsln::desktop::test {
 namespace {
 
-constexpr int tick = 30;  // milliseconds between steps: time for the display server's events to come round
+constexpr int tick = 30;  // milliseconds between steps: time for events to return from the display server
 constexpr auto timeToFinish = std::chrono::milliseconds(150);
 constexpr auto patience = std::chrono::seconds(20);
 
@@ -86,7 +86,7 @@ Robot& Robot::rightClickAt(const Control& control, Where where) {
 void Robot::show() {
     steps_.push_front({"the screen is shown and active", [this] {
                            if (!dialog() || !dialog()->IsShown()) return false;
-                           // Without a window manager the keyboard belongs to the window under the pointer.
+                           // Without a window manager the window under the pointer has the focus.
                            wxUIActionSimulator().MouseMove(dialog()->ClientToScreen({3, 3}));
                            return focused() != nullptr;
                        }});
@@ -100,10 +100,10 @@ void Robot::show() {
 }
 
 void Robot::Notify() {
-    // Sending a key may let the event loop run, and the next act must not overtake this one.
+    // Sending a key may run the event loop, and the next action must not start before this one has ended.
     if (*unfinished_ > 0 && Clock::now() - since_ < timeToFinish) return;
     if (!failed_ && !steps_.empty() && (!steps_.front().isTrue || steps_.front().isTrue())) {
-        // Posted, not done here: what opens a menu or a dialog returns only when that is closed, and the
+        // The action is posted: one that opens a menu or a dialog returns only when that is closed, and the
         // timer would not fire until then.
         if (steps_.front().act) {
             ++*unfinished_;
@@ -119,11 +119,11 @@ void Robot::Notify() {
     if (Clock::now() - since_ < patience && !failed_) return;
     if (!failed_) {
         const Control* control = focused();
-        ADD_FAILURE() << "Waited in vain: " << (steps_.empty() ? "the end" : steps_.front().what)
-                      << "; the keyboard is at " << (control ? control->name() : "no control");
+        ADD_FAILURE() << "Timed out waiting for: " << (steps_.empty() ? "the end" : steps_.front().what)
+                      << "; the focus is on " << (control ? control->name() : "no control");
     }
     failed_ = true;
-    // Leave every window that is open, so that the other tests can run; Esc closes menus.
+    // Closes all open windows, so that the other tests can run; Esc closes menus.
     wxUIActionSimulator().Char(WXK_ESCAPE);
     if (auto* box = find<wxDialog>(); box && !dynamic_cast<ScreenDialog*>(box) && box->IsModal()) {
         box->EndModal(wxID_CANCEL);
@@ -157,7 +157,7 @@ wxWindow* Robot::windowOf(const Control& control) const {
 
 Control* Robot::focused() const {
     if (!dialog() || !dialog()->IsActive()) return nullptr;
-    Control* tabs = nullptr;  // they have the keyboard themselves when nothing on their pages has
+    Control* tabs = nullptr;  // has the focus when no control on its pages has it
     for (Control* control : screen_.controls()) {
         const wxWindow* window = windowOf(*control);
         const bool holdsOthers = dynamic_cast<Frame*>(control) || dynamic_cast<Splitter*>(control);

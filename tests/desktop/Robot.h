@@ -14,36 +14,36 @@
 
 namespace tsln::desktop::test {
 
-/// The user at a screen: a list of steps taken one after the other while the screen is shown. Keys and clicks
-/// go through the display server. No window manager is needed.
+/// Simulates the user of a screen by a list of steps, which run in sequence while the screen is shown. Keys
+/// and clicks go through the display server. No window manager is needed.
 class Robot : private wxTimer {
   public:
     explicit Robot(Screen& screen) : screen_(screen) {}
 
-    /// Does something. It may open further windows and return only when they are closed.
+    /// Runs an action. It may open further windows and return only when they are closed.
     Robot& then(std::function<void()> what);
-    /// Waits until something is true; fails after some seconds.
+    /// Waits until a condition is true. Fails after 20 seconds. `what` describes the condition.
     Robot& until(std::string what, std::function<bool()> isTrue);
     /// Presses a key (wxKeyCode or an upper-case letter) with wxKeyModifiers.
     Robot& key(int code, int modifiers = 0);
     Robot& type(const std::string& text);
     Robot& click(const Control& control);
-    /// Moves the pointer there, and with it the keyboard to that control's window.
+    /// Moves the pointer to the control, which gives its top-level window the focus.
     Robot& pointAt(const Control& control);
-    /// A point in the client area of a control's input window, asked for when it is needed.
+    /// Returns a point in the client area of a control's input window. Called when the step runs.
     using Where = std::function<wxPoint()>;
     Robot& clickAt(const Control& control, Where where, int modifiers = 0);
-    /// Waits so long that the next click is no double click with the one before.
+    /// Waits long enough that the next click does not form a double click with the previous one.
     Robot& pause();
     Robot& doubleClickAt(const Control& control, Where where);
     Robot& rightClickAt(const Control& control, Where where);
-    /// Waits until that screen is shown too.
+    /// Waits until the other screen is shown.
     Robot& untilOpen(const Screen& other);
 
-    /// Shows the screen and takes the steps. After the last one the screen must close by itself.
+    /// Shows the screen and runs the steps. The last step must close the screen.
     void show();
 
-    /// The foremost top-level window of a class that is shown; null when there is none.
+    /// The last opened top-level window of a class that is shown; null when there is none.
     template <class Window>
     static Window* find() {
         for (auto node = wxTopLevelWindows.GetLast(); node; node = node->GetPrevious()) {
@@ -55,14 +55,14 @@ class Robot : private wxTimer {
     ScreenDialog* dialog() const { return dialogOf(screen_); }
     static ScreenDialog* dialogOf(const Screen& screen);
     wxWindow* windowOf(const Control& control) const;
-    /// The control that has the keyboard, or null.
+    /// The control that has the keyboard focus, or null.
     Control* focused() const;
 
   private:
     struct Step {
         std::string what;
-        std::function<bool()> isTrue;  // what is waited for, or
-        std::function<void()> act;     // what is done
+        std::function<bool()> isTrue;  // set: the step waits for this condition
+        std::function<void()> act;     // set: the step runs this action
     };
     void Notify() override;
     Robot& pointerStep(const Control& control, Where where, std::function<void()> act);
@@ -71,7 +71,7 @@ class Robot : private wxTimer {
     Screen& screen_;
     std::deque<Step> steps_;
     Clock::time_point since_{};
-    /// Acts that were posted and have not returned: some are waiting, others have opened a window.
+    /// The number of posted actions that have not returned: they are queued or have opened a window.
     std::shared_ptr<int> unfinished_ = std::make_shared<int>(0);
     bool failed_ = false;
 };

@@ -12,7 +12,7 @@
 
 namespace tsln::desktop::test {
 
-/// A screen that notes what happened to it, in order.
+/// A screen that notes its events in order.
 class NotingScreen : public Screen {
   public:
     using Screen::Screen;

@@ -4,9 +4,9 @@
 #include <wx/toplevel.h>
 
 #include "bridge/Library.h"
+#include "doubles/RecordingHost.h"
 #include "entities/VendorEditor.h"
 #include "tests/desktop/Robot.h"
-#include "doubles/RecordingHost.h"
 
 namespace tsln::desktop::test {
 namespace {
@@ -15,7 +15,7 @@ using entities::VendorEditor;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-/// The vendor editor in a window, as its operation opens it.
+/// Opens the vendor editor in a window as its operation does.
 class VendorWindow : public testing::Test {
   protected:
     VendorWindow() {
@@ -36,13 +36,13 @@ class VendorWindow : public testing::Test {
     Robot user{editor};
 };
 
-TEST_F(VendorWindow, IsFilledInByKeysAndSaved) {
-    untilFocused(editor.textBox("txtName"));  // not the tabs
+TEST_F(VendorWindow, TheKeyboardAloneFillsInAndSavesAVendor) {
+    untilFocused(editor.textBox("txtName"));  // the focus is not on the tabs
     user.type("Quay").key('U', wxMOD_ALT);
     untilFocused(editor.textBox("txtAccountNumber"));
     user.type("7").key('2', wxMOD_ALT);
     untilFocused(*editor.control("cboPhone2Label"));
-    user.key(WXK_TAB).key(WXK_TAB);  // past the list's own button
+    user.key(WXK_TAB).key(WXK_TAB);  // skips the list's own button
     untilFocused(*editor.control("txtPhone2"));
     user.type("555");
 
@@ -55,19 +55,21 @@ TEST_F(VendorWindow, IsFilledInByKeysAndSaved) {
     user.type("a").key(WXK_RETURN).type("b").until("two lines", [&] {
         return editor.textBox("txtBillToAddress").text() == "a\r\nb";
     });
-    user.key(WXK_PAGEDOWN, wxMOD_CONTROL).key(WXK_PAGEUP, wxMOD_CONTROL);  // also from within
+    user.key(WXK_PAGEDOWN, wxMOD_CONTROL).key(WXK_PAGEUP, wxMOD_CONTROL);  // works in a text box, too
     user.until("back", [&] { return editor.TabControl1.selected() == 1; });
     untilFocused(editor.textBox("txtBillToAddress"));
     user.key(WXK_TAB, wxMOD_CONTROL);
     untilFocused(editor.textBox("txtShipToAddress"));
     user.key(WXK_TAB, wxMOD_CONTROL);
     untilFocused(editor.lblCopyBilling);
-    user.key(WXK_RETURN).until("copied", [&] { return editor.textBox("txtShipToAddress").text() == "a\r\nb"; });
+    user.key(WXK_RETURN).until("copied", [&] {
+        return editor.textBox("txtShipToAddress").text() == "a\r\nb";
+    });
 
     user.key(WXK_PAGEDOWN, wxMOD_CONTROL).until("third page", [&] {
         return editor.TabControl1.selected() == 2;
     });
-    user.key('N', wxMOD_ALT).pause();  // the name is on a page that does not show
+    user.key('N', wxMOD_ALT).pause();  // does nothing: the name is on another page
     user.key('M', wxMOD_ALT);
     untilFocused(editor.textBox("txtMargin"));
     user.type("50").key(WXK_RETURN).show();
@@ -79,13 +81,15 @@ TEST_F(VendorWindow, IsFilledInByKeysAndSaved) {
         EXPECT_THAT(inserted[0], HasSubstr(part));
 }
 
-TEST_F(VendorWindow, SendsTheUserBackToTheName) {
+TEST_F(VendorWindow, AMissingNameMovesTheFocusToItsPage) {
     user.then([&] { book().SetSelection(3); });
-    user.until("notes", [&] { return editor.TabControl1.selected() == 3; }).click(editor.textBox("txtNotes")).type("n");
+    user.until("notes", [&] { return editor.TabControl1.selected() == 3; })
+        .click(editor.textBox("txtNotes"))
+        .type("n");
     user.until("typed", [&] { return editor.textBox("txtNotes").text() == "n"; });
     user.then([&] {
         const int high = user.windowOf(editor.textBox("txtNotes"))->GetSize().y;
-        EXPECT_GT(high, user.dialog()->GetSize().y / 2) << "the notes have the page to themselves";
+        EXPECT_GT(high, user.dialog()->GetSize().y / 2) << "the notes fill their page";
     });
     user.click(editor.cmdOK).until("message", [] { return Robot::find<wxDialog>() != nullptr; });
     user.key(WXK_RETURN).until("back", [&] { return book().GetSelection() == 0; });

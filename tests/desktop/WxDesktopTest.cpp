@@ -7,7 +7,7 @@
 #include <wx/print.h>
 #include <wx/stattext.h>
 #include <wx/uiaction.h>
-// clang-format off: needs wx/msgdlg.h before it
+// clang-format off: must follow wx/msgdlg.h
 #include <wx/generic/msgdlgg.h>
 // clang-format on
 
@@ -22,7 +22,7 @@ namespace {
 
 using testing::Contains;
 
-TEST(Settings, ComeBackFromTheirFile) {
+TEST(Settings, AreReadBackFromTheFileIgnoringLetterCase) {
     const wxString folder = wxFileName::CreateTempFileName("tsln") + ".d";
     const std::string file = folder.utf8_string() + "/deep/settings.ini";
     const struct {
@@ -50,13 +50,13 @@ TEST(Settings, ComeBackFromTheirFile) {
     wxFileName::Rmdir(folder, wxPATH_RMDIR_RECURSIVE);
 }
 
-TEST(Settings, ThatCannotBeWrittenHarmNothing) {
+TEST(Settings, AFailureToWriteIsIgnored) {
     WxDesktop desktop(nullptr, "/proc/nowhere/settings.ini");
     desktop.writeSetting("Software\\A", "b", "c");
     EXPECT_EQ(desktop.readSetting("Software\\A", "x"), std::nullopt);
 }
 
-TEST(Components, AnUnknownOneIsAnError) {
+TEST(Components, AnUnknownIdentifierRaisesAnErrorThatNamesIt) {
     struct Thing : Object {
         Variant invoke(std::string_view, Access, Arguments) override { return {}; }
     };
@@ -93,7 +93,7 @@ class BoxTest : public testing::Test {
     template <class Window>
     void untilFound(const char* what) {
         user.until(what, [] { return Robot::find<Window>() != nullptr; });
-        // The keyboard goes where the pointer is.
+        // The window under the pointer has the focus.
         user.then([] {
             const auto* window = Robot::find<Window>();
             wxUIActionSimulator().MouseMove(window->GetScreenPosition() + wxPoint(20, 40));
@@ -106,7 +106,7 @@ class BoxTest : public testing::Test {
     }
 };
 
-TEST_F(BoxTest, MessageBoxesAnswerByKeyAndCloseBox) {
+TEST_F(BoxTest, KeysAndTheCloseBoxAnswerMessageBoxes) {
     const struct {
         MessageButtons buttons;
         int key;  // 0: the close box
@@ -142,7 +142,7 @@ TEST_F(BoxTest, MessageBoxesAnswerByKeyAndCloseBox) {
     EXPECT_EQ(next, std::size(cases));
 }
 
-TEST_F(BoxTest, AMessageBoxShowsALongTextWhole) {
+TEST_F(BoxTest, AMessageBoxShowsALongTextCompletely) {
     const std::string sentence = "The group 'A & B' will delete all discounts for that group. Are you sure? ";
     const std::string texts[] = {"Short.", "One line.\nAnd another.",
                                  sentence + sentence + sentence + sentence,
@@ -179,7 +179,7 @@ TEST_F(BoxTest, AMessageBoxShowsALongTextWhole) {
     EXPECT_EQ(next, std::size(texts));
 }
 
-TEST_F(BoxTest, AQuestionIsAnsweredInWordsByKeyboard) {
+TEST_F(BoxTest, TheKeyboardChoosesOneOfSeveralAnswers) {
     const std::string answers[] = {"Replace it", "Keep both & rename", "Leave it"};
     const struct {
         std::vector<int> keys;
@@ -212,7 +212,7 @@ TEST_F(BoxTest, AQuestionIsAnsweredInWordsByKeyboard) {
     EXPECT_EQ(desktop.choose(nullptr, "", "Nothing to choose?", {}), std::nullopt);
 }
 
-TEST_F(BoxTest, ABoxHasTheTitleItIsGivenAndTheClipboardKeepsItsText) {
+TEST_F(BoxTest, AMessageBoxHasTheGivenTitleAndTheClipboardTextIsReadBack) {
     screen.onNew = [&] {
         desktop.setClipboardText("\xC3\xA9 two\nlines");
         desktop.messageBox(&screen, "Saved.", MessageButtons::Ok, MessageIcon::Information, "Templates");
@@ -225,8 +225,8 @@ TEST_F(BoxTest, ABoxHasTheTitleItIsGivenAndTheClipboardKeepsItsText) {
     EXPECT_EQ(desktop.clipboardText(), "\xC3\xA9 two\nlines");
 }
 
-TEST_F(BoxTest, APopupReturnsTheChosenCommandAndRefusesADisabledOne) {
-    // Three commands can be chosen; the disabled one between them is passed over.
+TEST_F(BoxTest, APopupReturnsTheChosenCommandAndSkipsADisabledOne) {
+    // Three commands are enabled; the Down key skips the disabled one between them.
     user.key('M', wxMOD_ALT).key(WXK_DOWN).key(WXK_DOWN).key(WXK_RETURN);
     user.until("chosen", [&] { return screen.count("command 28201") + screen.count("command 28003") > 0; });
     user.key('M', wxMOD_ALT).key(WXK_ESCAPE).then([] {}).then([] {});
@@ -235,7 +235,7 @@ TEST_F(BoxTest, APopupReturnsTheChosenCommandAndRefusesADisabledOne) {
     EXPECT_EQ(screen.count("command 28003"), 0u);
 }
 
-TEST_F(BoxTest, HelpOpensOverTheScreenAndEscClosesJustIt) {
+TEST_F(BoxTest, HelpOpensAboveTheScreenAndEscClosesOnlyTheHelp) {
     screen.onNew = [&] { desktop.showHelp(screen, "UI Reference.chm", 40); };
     user.key('N', wxMOD_ALT).until("help is open", [] {
         auto* window = Robot::find<wxDialog>();
@@ -254,7 +254,7 @@ TEST_F(BoxTest, HelpOpensOverTheScreenAndEscClosesJustIt) {
     closeScreen();
 }
 
-TEST_F(BoxTest, PrintPreviewIsModalAboveTheScreenAndNeedsNoPrinter) {
+TEST_F(BoxTest, PrintPreviewIsModalAndNeedsNoPrinter) {
     const struct {
         int records;
         int leastPages;

@@ -4,7 +4,7 @@
 
 namespace {
 
-/// A failed check of the toolkit is a failed test, not a box that waits for a click.
+/// Reports a failed assertion of the toolkit as a test failure instead of a message box.
 void onToolkitCheck(const wxString& file, int line, const wxString&, const wxString& condition,
                     const wxString& message) {
     ADD_FAILURE() << file << ":" << line << ": " << condition << " " << message;

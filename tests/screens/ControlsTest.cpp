@@ -2,8 +2,8 @@
 #include <gtest/gtest.h>
 
 #include "automation/DateText.h"
-#include "tests/desktop/EveryControl.h"
 #include "doubles/QuietDesktop.h"
+#include "tests/desktop/EveryControl.h"
 
 namespace tsln {
 namespace {
@@ -11,7 +11,7 @@ namespace {
 using desktop::test::EveryControl;
 using testing::ElementsAre;
 
-/// A desktop whose timers tick when the test says so.
+/// A desktop whose timers tick when the test calls their callbacks.
 class TickingDesktop : public test::QuietDesktop {
   public:
     std::vector<std::function<void()>> started;
@@ -39,7 +39,7 @@ class ControlsTest : public testing::Test {
     }
 };
 
-TEST_F(ControlsTest, ATextIsInsertedInPlaceOfTheSelectionCountedInCharacters) {
+TEST_F(ControlsTest, AnInsertedTextReplacesTheSelectionWhichCountsCharacters) {
     using Selection = TextBox::Selection;
     TextBox& box = screen.txtNotes;
     const struct {
@@ -58,7 +58,7 @@ TEST_F(ControlsTest, ATextIsInsertedInPlaceOfTheSelectionCountedInCharacters) {
     };
     for (const auto& test : cases) {
         box.setText(test.text);
-        EXPECT_EQ(box.selection(), Selection{}) << "a text that is set has the caret before it";
+        EXPECT_EQ(box.selection(), Selection{}) << "setText() puts the caret at the start";
         box.select(test.selection);
         box.insert(test.insert);
         EXPECT_EQ(box.text(), test.result);
@@ -77,7 +77,7 @@ TEST_F(ControlsTest, ATextIsInsertedInPlaceOfTheSelectionCountedInCharacters) {
     EXPECT_THROW(put(box, "SelStart", -1), HostError);
 }
 
-TEST_F(ControlsTest, EnterThatFailsCountsAsUsed) {
+TEST_F(ControlsTest, AnEnterHandlerThatThrowsCountsAsHandled) {
     EXPECT_FALSE(screen.txtName.userEnter());
     screen.txtName.setText("x");
     EXPECT_TRUE(screen.txtName.userEnter());
@@ -87,15 +87,15 @@ TEST_F(ControlsTest, EnterThatFailsCountsAsUsed) {
     EXPECT_EQ(screen.notes.back(), "error: broken");
 }
 
-TEST_F(ControlsTest, AnOptionGroupHasOneChoiceOrNone) {
+TEST_F(ControlsTest, AnOptionGroupHasAtMostOneChoice) {
     EXPECT_EQ(screen.optKind.selectedIndex(), 1);
     screen.optPercent.userSelect();
     EXPECT_EQ(screen.optKind.selected(), &screen.optPercent);
     EXPECT_FALSE(screen.optAmount.selected());
     screen.optPercent.userSelect();
-    EXPECT_THAT(screen.notes, ElementsAre("optPercent")) << "chosen again is no change";
+    EXPECT_THAT(screen.notes, ElementsAre("optPercent")) << "the chosen button fires no second click";
     screen.optAmount.setSelected(false);
-    EXPECT_TRUE(screen.optPercent.selected()) << "another button's choice stays";
+    EXPECT_TRUE(screen.optPercent.selected()) << "clearing another button keeps the choice";
     screen.optNone.setEnabled(false);
     screen.optNone.userSelect();
     EXPECT_EQ(screen.optKind.selectedIndex(), 0);
@@ -123,7 +123,7 @@ TEST_F(ControlsTest, AProgressBarStaysInItsRange) {
     EXPECT_EQ(get(bar, "Max"), Variant(20));
 }
 
-TEST_F(ControlsTest, ADateBoxHoldsADateOrNoneOrWhatWasTyped) {
+TEST_F(ControlsTest, ADateBoxTellsDatesFromNoneAndOtherText) {
     DateBox& box = screen.datDue;
     const struct {
         const char* text;
@@ -155,7 +155,7 @@ TEST_F(ControlsTest, ADateBoxHoldsADateOrNoneOrWhatWasTyped) {
     EXPECT_EQ(box.text(), "None");
 }
 
-TEST_F(ControlsTest, AHiddenPageGivesWayToAVisibleOne) {
+TEST_F(ControlsTest, HidingTheShownPageShowsAVisibleOne) {
     TabControl& tab = screen.tab;  // its page 1 is hidden
     tab.userSelect(1);
     EXPECT_EQ(tab.selected(), 0);
@@ -168,12 +168,12 @@ TEST_F(ControlsTest, AHiddenPageGivesWayToAVisibleOne) {
     tab.setPageVisible(0, true);
     EXPECT_EQ(tab.selected(), 1);
     tab.setPageVisible(1, false);
-    EXPECT_EQ(tab.selected(), 0) << "the last visible one before it";
+    EXPECT_EQ(tab.selected(), 0) << "no visible page follows, so the nearest before it is shown";
     tab.setPageVisible(9, true);
     EXPECT_FALSE(tab.isPageVisible(9));
 }
 
-TEST_F(ControlsTest, ASplitterKeepsItsPositionWithinTheRoom) {
+TEST_F(ControlsTest, ASplitterLimitsItsPositionToZeroToOne) {
     for (const auto& [wanted, kept] : {std::pair{0.25, 0.25}, {-1.0, 0.0}, {7.0, 1.0}, {NAN, 1.0}}) {
         screen.spl.userMove(wanted);
         EXPECT_EQ(screen.spl.position(), kept);
@@ -181,7 +181,7 @@ TEST_F(ControlsTest, ASplitterKeepsItsPositionWithinTheRoom) {
     EXPECT_EQ(screen.count("sash"), 3U);
 }
 
-TEST_F(ControlsTest, APropertyGridTakesRowsInCategoriesOnly) {
+TEST_F(ControlsTest, APropertyGridRefusesRowsOutsideCategories) {
     PropertyGrid& grid = screen.grd;
     ASSERT_EQ(grid.items().size(), 8U);
     EXPECT_EQ(grid.items()[3].parent, 0U);
@@ -191,10 +191,10 @@ TEST_F(ControlsTest, APropertyGridTakesRowsInCategoriesOnly) {
     EXPECT_THROW(grid.addCategory("in a row", 1), std::out_of_range);
     EXPECT_EQ(grid.items().size(), 8U);
     grid.clear();
-    EXPECT_EQ(grid.addCategory("anew"), 0U);
+    EXPECT_EQ(grid.addCategory("new"), 0U);
 }
 
-TEST_F(ControlsTest, OnlyALinkOfTheCaptionIsFollowed) {
+TEST_F(ControlsTest, OnlyLinksInTheCaptionOfAnEnabledLabelAreFollowed) {
     screen.lblLinks.userFollow("Approve");
     screen.lblLinks.userFollow("Unknown");
     screen.lblLinks.setEnabled(false);
@@ -202,7 +202,7 @@ TEST_F(ControlsTest, OnlyALinkOfTheCaptionIsFollowed) {
     EXPECT_THAT(screen.notes, ElementsAre("Approve"));
 }
 
-TEST_F(ControlsTest, ATimerTicksUnderTheScreensGuardAndStopsWithTheScreen) {
+TEST_F(ControlsTest, AThrowingTickIsReportedAndATimerStopsWithItsScreen) {
     screen.tim.start();
     screen.tim.start();
     EXPECT_EQ(desktop.running, 1);

@@ -12,7 +12,7 @@
 namespace tsln {
 namespace {
 
-/// Texts that differ early, late, in letter case only, or not at all.
+/// Produces texts that differ at the start, at the end, in letter case only, or not at all.
 std::string randomText(std::mt19937& random) {
     static const std::string parts[] = {"a",
                                         "A",
@@ -63,7 +63,7 @@ class RecordOrder : public testing::TestWithParam<std::size_t> {
     std::vector<std::uint32_t> expected;
 };
 
-TEST_P(RecordOrder, OfTextsIsTheOneOfComparingThem) {
+TEST_P(RecordOrder, SortByTextAgreesWithCompareNoCase) {
     for (const bool descending : {false, true}) {
         std::ranges::stable_sort(expected, [&](std::uint32_t a, std::uint32_t b) {
             const int compared = modSharedStrings::compareNoCase(records.cell(a, 1), records.cell(b, 1));
@@ -74,7 +74,7 @@ TEST_P(RecordOrder, OfTextsIsTheOneOfComparingThem) {
     }
 }
 
-TEST_P(RecordOrder, OfNumbersIsTheOneOfTheirValues) {
+TEST_P(RecordOrder, SortByNumberAgreesWithComparingTheParsedNumbers) {
     std::vector<double> values;
     for (std::size_t i = 0; i < records.count(); ++i) {
         values.push_back(parseNumber(records.cell(i, 1)).value_or(-std::numeric_limits<double>::infinity()));
@@ -88,7 +88,7 @@ TEST_P(RecordOrder, OfNumbersIsTheOneOfTheirValues) {
     }
 }
 
-TEST_P(RecordOrder, OfRanksIsTheOneOfTexts) {
+TEST_P(RecordOrder, SortByRankAgreesWithSortByText) {
     const auto ranks = rankTexts(records, 1);
     sortByText(expected, records, 1, false);
     sortByRank(order, ranks);
@@ -102,7 +102,7 @@ TEST_P(RecordOrder, OfRanksIsTheOneOfTexts) {
 
 INSTANTIATE_TEST_SUITE_P(Sizes, RecordOrder, testing::Values(0, 1, 50, 65, 3000));
 
-TEST(RecordOrderOfLongTexts, EndsWhereTheyAreEqual) {
+TEST(RecordOrderOfLongTexts, ComparesTheLastCharacterAndKeepsEqualTextsInOrder) {
     ReportRecords records(1);
     const std::string same(200'000, 'x');
     for (int i = 0; i < 100; ++i) {

@@ -4,9 +4,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "doubles/QuietDesktop.h"
 #include "screens/ReportControl.h"
 #include "screens/Screen.h"
-#include "doubles/QuietDesktop.h"
 
 namespace tsln {
 namespace {
@@ -41,13 +41,14 @@ class ReportControlTest : public testing::Test {
     ReportControl& list = screen.list;
 };
 
-TEST_F(ReportControlTest, SortsTextWithoutLetterCaseAndNumbersByValue) {
+TEST_F(ReportControlTest, SortsTextIgnoringLetterCaseAndNumbersByValue) {
     add(1, "net 30", "30");
     add(2, "COD", "");
     add(3, "Net 15", "9");
     add(4, "cod", "100");
     list.populate();
-    EXPECT_THAT(shown(), ElementsAre("net 30", "COD", "Net 15", "cod")) << "as they were added";
+    EXPECT_THAT(shown(), ElementsAre("net 30", "COD", "Net 15", "cod"))
+        << "the order in which they were added";
     list.userClickHeader(0);
     EXPECT_THAT(shown(), ElementsAre("COD", "cod", "Net 15", "net 30"));
     list.userClickHeader(0);
@@ -59,7 +60,7 @@ TEST_F(ReportControlTest, SortsTextWithoutLetterCaseAndNumbersByValue) {
     EXPECT_THAT(shown(), ElementsAre("net 30", "COD", "Net 15", "cod"));
 }
 
-TEST_F(ReportControlTest, GroupsStandBeforeTheirSortedRows) {
+TEST_F(ReportControlTest, EachGroupRowPrecedesItsSortedRows) {
     add(1, "b", "", "Ship");
     add(2, "a", "", "install");
     add(3, "c", "", "Install");
@@ -78,21 +79,21 @@ TEST_F(ReportControlTest, SelectionAndFocusStayWithTheirRecords) {
         add(i + 1, std::string(1, static_cast<char>('e' - i)));
     list.populate();
     list.userSelect(std::vector<std::size_t>{1, 3, 77}, 3);
-    EXPECT_THAT(list.selectedRows(), ElementsAre(1U, 3U)) << "a row that is not there cannot be selected";
-    list.userClickHeader(0);  // the order turns round
+    EXPECT_THAT(list.selectedRows(), ElementsAre(1U, 3U)) << "a row that does not exist is not selected";
+    list.userClickHeader(0);  // reverses the order
     EXPECT_THAT(list.selectedRows(), ElementsAre(1U, 3U));
     EXPECT_EQ(list.focusedRow(), 1U);
     EXPECT_EQ(list.rowText(1, 0), "b");
 
     list.removeRecord(list.row(1).record);
-    list.removeRecord(list.row(1).record);  // twice is once
+    list.removeRecord(list.row(1).record);  // a second removal has no effect
     list.populate();
     EXPECT_THAT(shown(), ElementsAre("a", "c", "d", "e"));
     EXPECT_THAT(list.selectedRows(), ElementsAre(2U));
     EXPECT_EQ(list.focusedRow(), 1U) << "the row that took the removed one's place";
     EXPECT_EQ(list.findRecord(4), std::nullopt);
 
-    // Several rows go at once, the focused one among them; then all that follows it.
+    // Several rows are removed together, among them the focused one; then all rows after it.
     list.userSelect(std::vector<std::size_t>{0, 1}, 1);
     for (const std::size_t row : list.selectedRows())
         list.removeRecord(list.row(row).record);
@@ -102,11 +103,11 @@ TEST_F(ReportControlTest, SelectionAndFocusStayWithTheirRecords) {
     list.userSelect(std::vector<std::size_t>{1}, 1);
     list.removeRecord(list.row(1).record);
     list.populate();
-    EXPECT_EQ(list.focusedRow(), 0U) << "there is none after it: the last one";
+    EXPECT_EQ(list.focusedRow(), 0U) << "without a row after it, the last row has the focus";
     EXPECT_THROW(list.rowText(4, 0), std::out_of_range);
 }
 
-TEST_F(ReportControlTest, GroupsStandInAnOrderOfTheirOwn) {
+TEST_F(ReportControlTest, GroupsAreOrderedByTheirOwnRule) {
     using Grouping = ReportControl::Grouping;
     add(1, "x", "", "Ship");
     add(2, "y", "", "");
@@ -119,7 +120,7 @@ TEST_F(ReportControlTest, GroupsStandInAnOrderOfTheirOwn) {
     list.groupBy(Grouping{.column = 2, .before = [](auto a, auto b) { return a.size() > b.size(); }});
     EXPECT_THAT(shown(), ElementsAre("Install", "z", "Ship", "x", "w", "", "y"));
     list.setFilter("W");
-    EXPECT_THAT(shown(), ElementsAre("ship", "w")) << "a group without rows goes, too";
+    EXPECT_THAT(shown(), ElementsAre("ship", "w")) << "a group without rows is not shown";
 
     list.setFilter("");
     const auto throwing = [](std::string_view, std::string_view) -> bool {
@@ -147,10 +148,10 @@ TEST_F(ReportControlTest, DatesSortBySortValue) {
     EXPECT_THAT(shown(), ElementsAre("b", "d", "a", "c"));
     list.removeRecord(0);
     list.populate();
-    EXPECT_THAT(shown(), ElementsAre("b", "d", "c")) << "the values move with their records";
+    EXPECT_THAT(shown(), ElementsAre("b", "d", "c")) << "sort values move with their records";
 }
 
-TEST_F(ReportControlTest, FilterShowsWhatContainsTheTextInAnyColumn) {
+TEST_F(ReportControlTest, FilterShowsRecordsThatContainTheTextInAnyColumn) {
     list.columns[2].kind = ReportColumn::Kind::Check;
     add(1, "Ångström", "30", "1");
     add(2, "Meter\nlong", "31", "0");
@@ -163,8 +164,8 @@ TEST_F(ReportControlTest, FilterShowsWhatContainsTheTextInAnyColumn) {
                  {"ångSTR", {"Ångström"}},
                  {"3", {"Ångström", "Meter\nlong"}},
                  {"31", {"Meter\nlong"}},
-                 {"m30", {}},             // not across two columns
-                 {"1", {"Meter\nlong"}},  // not the ticks
+                 {"m30", {}},             // no match spans two columns
+                 {"1", {"Meter\nlong"}},  // check boxes are not searched
                  {"meterx", {}},
                  {"", {"Ångström", "Meter\nlong", "meter"}}};
     for (const auto& test : cases) {
@@ -176,11 +177,11 @@ TEST_F(ReportControlTest, FilterShowsWhatContainsTheTextInAnyColumn) {
     EXPECT_THAT(shown(), ElementsAre("meter"));
     list.setCell(0, 0, "Kilometer");
     list.setFilter("METER");
-    EXPECT_THAT(shown(), ElementsAre("Kilometer", "meter")) << "the texts are those of now";
+    EXPECT_THAT(shown(), ElementsAre("Kilometer", "meter")) << "the filter finds changed texts";
     EXPECT_EQ(list.recordCount(), 3U);
 }
 
-TEST_F(ReportControlTest, FilterKeepsSelectionAndFocusWhereTheirRowsAreShown) {
+TEST_F(ReportControlTest, FilterKeepsSelectionAndFocusOfRowsThatStayShown) {
     for (const char* name : {"aa", "ab", "b", "ac", "ad"})
         add(1, name);
     list.populate();
@@ -197,7 +198,7 @@ TEST_F(ReportControlTest, FilterKeepsSelectionAndFocusWhereTheirRowsAreShown) {
     EXPECT_EQ(list.focusedRow(), std::nullopt);
 }
 
-TEST_F(ReportControlTest, EditsAreTakenWhereTheyMayBe) {
+TEST_F(ReportControlTest, EditsAreAcceptedInEditableCellsOnly) {
     using Kind = ReportColumn::Kind;
     list.columns = {{.caption = "Name", .editable = true, .maxLength = 3},
                     {.caption = "On", .kind = Kind::Check, .editable = true},
@@ -216,12 +217,12 @@ TEST_F(ReportControlTest, EditsAreTakenWhereTheyMayBe) {
     list.sortBy(ReportControl::SortOrder{0});
     const auto version = list.rowsVersion();
     list.userEdit(2, 0, "äöüß");
-    EXPECT_EQ(list.rowText(2, 0), "äöü") << "characters, not bytes; the row stays";
-    list.userEdit(2, 0, "äöü");   // as it is
-    list.userEdit(1, 0, "x");     // the screen cannot tell whether it may be
-    list.userEdit(0, 2, "Pair");  // the screen refuses
+    EXPECT_EQ(list.rowText(2, 0), "äöü") << "the limit counts characters, not bytes; the row keeps its place";
+    list.userEdit(2, 0, "äöü");   // the text that the cell has already
+    list.userEdit(1, 0, "x");     // cellEditable throws
+    list.userEdit(0, 2, "Pair");  // cellEditable returns false
     list.userEdit(2, 2, "Pair");
-    list.userEdit(2, 2, "Dozen");  // no choice
+    list.userEdit(2, 2, "Dozen");  // not one of the choices
     list.userEdit(2, 3, "x");
     list.userEdit(2, 1, "x");
     list.userEdit(9, 0, "x");
@@ -230,10 +231,10 @@ TEST_F(ReportControlTest, EditsAreTakenWhereTheyMayBe) {
     list.userCheck(2, 0, true);
     EXPECT_THAT(edited, ElementsAre("0.0", "0.2", "0.1"));
     EXPECT_TRUE(list.checked(0, 1));
-    EXPECT_EQ(list.rowsVersion(), version) << "no rows are made for an edit";
+    EXPECT_EQ(list.rowsVersion(), version) << "an edit does not rebuild the rows";
     EXPECT_THAT(shown(), ElementsAre("a", "b", "äöü"));
 
-    // From cell to cell, past those that may not be edited.
+    // nextEditable() skips cells that may not be edited.
     using Cell = ReportControl::Cell;
     EXPECT_EQ(list.nextEditable({0, 1}, false), (Cell{1, 1}));
     EXPECT_EQ(list.nextEditable({1, 1}, true), (Cell{0, 1}));
@@ -244,15 +245,15 @@ TEST_F(ReportControlTest, EditsAreTakenWhereTheyMayBe) {
     EXPECT_TRUE(list.checked(0, 1));
 }
 
-TEST_F(ReportControlTest, ColumnLayoutGoesByCaptionsAndOutlivesOtherColumns) {
+TEST_F(ReportControlTest, ColumnLayoutMatchesCaptionsAndSurvivesChangedColumns) {
     list.columns = {{.caption = "Name; first, last", .width = 100},
                     {.caption = "Days", .width = 50},
                     {.caption = "Kind", .width = 60, .resizable = false}};
     list.userColumnOrder({2, 0, 1});
-    list.userColumnOrder({0, 0, 1});  // no order
+    list.userColumnOrder({0, 0, 1});  // not a permutation
     list.userColumnOrder({0, 1});
     list.userColumnWidth(1, 77);
-    list.userColumnWidth(2, 99);  // fixed
+    list.userColumnWidth(2, 99);  // not resizable
     list.sortBy(ReportControl::SortOrder{1, true});
     const std::string layout = list.columnLayout();
 
@@ -273,11 +274,11 @@ TEST_F(ReportControlTest, ColumnLayoutGoesByCaptionsAndOutlivesOtherColumns) {
         EXPECT_EQ(list.columnOrder().size(), 3U) << bad;
     }
     list.setColumnLayout("Days,90;Gone,5");
-    EXPECT_THAT(list.columnOrder().front(), 1U) << "a column the text does not name stands behind";
+    EXPECT_THAT(list.columnOrder().front(), 1U) << "a column that the text does not name comes last";
     EXPECT_EQ(list.columns[1].width, 90);
 }
 
-TEST_F(ReportControlTest, StylesGoWithTheirRecordsAndTheContextMenuWithItsRow) {
+TEST_F(ReportControlTest, StylesStayWithTheirRecordsAndTheContextMenuSelectsItsRow) {
     for (const char* name : {"a", "b", "c"})
         add(1, name);
     list.setStyle(1, {.bold = true, .color = 0x0000FF});
@@ -298,7 +299,7 @@ TEST_F(ReportControlTest, StylesGoWithTheirRecordsAndTheContextMenuWithItsRow) {
     EXPECT_THAT(asked, ElementsAre(11, 2, 20));
 }
 
-TEST_F(ReportControlTest, WhatIsNotThereIsRefused) {
+TEST_F(ReportControlTest, IndexesOutOfRangeThrow) {
     add(5, "a");
     list.populate();
     ASSERT_TRUE(list.findRecord(5));
@@ -307,8 +308,8 @@ TEST_F(ReportControlTest, WhatIsNotThereIsRefused) {
     EXPECT_THROW(list.cell(0, 3), std::out_of_range);
 }
 
-TEST_F(ReportControlTest, AgreesWithAPlainListThroughAnyHistory) {
-    // The same random adds, changes and removals on the control and on a simple vector.
+TEST_F(ReportControlTest, AgreesWithAVectorAfterRandomChanges) {
+    // Applies random additions, changes and removals to the control and to a vector.
     struct Plain {
         std::int32_t id;
         std::string name;
@@ -351,7 +352,7 @@ TEST_F(ReportControlTest, AgreesWithAPlainListThroughAnyHistory) {
     }
 }
 
-TEST(ReportRecords, CellsThatGrowAgainAndAgainLeaveTheOthersAndTakeNoMoreRoom) {
+TEST(ReportRecords, ACellThatGrowsRepeatedlyKeepsTheOtherCellsAndTheMemorySize) {
     ReportRecords records(1);
     for (const std::string_view text : {"first", "grows", "last"})
         records.add(1, std::array{text});
@@ -366,7 +367,7 @@ TEST(ReportRecords, CellsThatGrowAgainAndAgainLeaveTheOthersAndTakeNoMoreRoom) {
     EXPECT_EQ(records.cell(1, 0), "last");
 }
 
-TEST(ControlAutomation, AComboBoxIsFilledByTheHostAndOutlivesItsScreenSafely) {
+TEST(ControlAutomation, TheHostFillsAComboBoxAndAnObjectThatOutlivesItsScreenThrows) {
     test::QuietDesktop desktop;
     ObjectPtr handed;
     {
@@ -386,7 +387,7 @@ TEST(ControlAutomation, AComboBoxIsFilledByTheHostAndOutlivesItsScreenSafely) {
         EXPECT_EQ(screen.combo.chosen(), 9);
         EXPECT_EQ(handed->get("Text").toText(), "Net 15");
         handed->call("RemoveItem", 1);
-        EXPECT_EQ(screen.combo.chosen(), 9) << "the choice stays with its entry";
+        EXPECT_EQ(screen.combo.chosen(), 9) << "the choice moves with its entry";
         EXPECT_EQ(handed->get("ListCount").toLong(), 3);
         EXPECT_EQ(handed->get("List", 1).toText(), "COD");
         EXPECT_THROW(handed->get("ItemData", 3), HostError);
