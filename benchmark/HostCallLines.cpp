@@ -45,7 +45,8 @@ class CountedActs {
     void told(const std::string& act) {
         const double calls = stage_.host->callCount() - counted_;
         const double rights = static_cast<double>(stage_.host->callsOf("Security.CanDo").size());
-        report_.add(Line{act, "of them questions for rights: " + std::to_string(static_cast<int>(rights)),
+        report_.add(Line{act,
+                         "of them questions for rights: " + std::to_string(static_cast<int>(rights)),
                          {.median = calls, .low = calls, .high = calls},
                          Line::Goal::AtMost,
                          std::nullopt,

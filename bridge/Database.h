@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "shared/modSharedXML.h"
 #include "bridge/HostPart.h"
+#include "shared/modSharedXML.h"
 
 namespace tsln {
 

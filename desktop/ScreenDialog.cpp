@@ -119,7 +119,7 @@ void ScreenDialog::EndModal(int result) {
     wxDialog::EndModal(result);
 }
 
-// Acts --------------------------------------------------------------------------------------------
+// Actions -----------------------------------------------------------------------------------------
 
 void ScreenDialog::act(const std::function<void()>& what) {
     if (acting_ || !screen_.shown()) return;

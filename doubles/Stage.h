@@ -4,9 +4,9 @@
 #include <memory>
 
 #include "bridge/Library.h"
-#include "lists/Lists.h"
 #include "doubles/RecordingHost.h"
 #include "doubles/ScriptedDesktop.h"
+#include "lists/Lists.h"
 
 namespace tsln::test {
 

@@ -17,8 +17,9 @@ class VendorEditor : public RecordDialog {
     TabControl TabControl1{*this, "TabControl1", {"General", "Addresses", "Purchasing", "Notes"}};
     Frame grpBillTo{*this, "grpBillTo", "Bill-to address"};
     Frame grpShipTo{*this, "grpShipTo", "Ship-to address"};
-    MarkupLabel lblCopyBilling{*this, "lblCopyBilling",
-                             "<TextBlock><Hyperlink Click='Hyperlink_BillingToShipping'>Copy the bill-to address</Hyperlink></TextBlock>"};
+    MarkupLabel lblCopyBilling{
+        *this, "lblCopyBilling",
+        "<TextBlock><Hyperlink Click='Hyperlink_BillingToShipping'>Copy the bill-to address</Hyperlink></TextBlock>"};
 
     /// Copies the bill-to address, as it is shown, into the ship-to address.
     void Hyperlink_BillingToShipping();

@@ -135,10 +135,8 @@ void Field::showDefault() {
     if (description_.tickedByDefault) check().setChecked(true);
     const DefaultOption& option = description_.option;
     if (option.name.empty()) return;
-    const std::string value = screen_.host()
-                                  .options()
-                                  .GetCompanyOption(option.name, option.section, option.otherwise)
-                                  .toText();
+    const std::string value =
+        screen_.host().options().GetCompanyOption(option.name, option.section, option.otherwise).toText();
     if (description_.rule == Rule::Label) {
         combo().setText(modSharedStrings::trim(value));
         return;
@@ -247,7 +245,8 @@ void Field::normalize() {
 
 std::string_view Field::complaint() const {
     if (description_.requiredText.empty()) return {};
-    if (description_.rule == Rule::Date) return date().isNone() ? description_.requiredText : std::string_view();
+    if (description_.rule == Rule::Date)
+        return date().isNone() ? description_.requiredText : std::string_view();
     const auto* combo = dynamic_cast<const ComboBox*>(control());
     const bool open = combo && !combo->editable ? !combo->chosen()
                       : combo                   ? combo->text().empty()
@@ -267,7 +266,8 @@ void Field::addTags(StatementTags& tags) const {
             tags.text(tag, text().text());
             break;
         case Rule::Date:
-            tags.plain(tag, date().isNone() ? "NULL" : "'" + screen_.host().FixDateForSQLInsert(date().text()) + "'");
+            tags.plain(tag, date().isNone() ? "NULL"
+                                            : "'" + screen_.host().FixDateForSQLInsert(date().text()) + "'");
             break;
         case Rule::Label:
             tags.text(tag, combo().text());

@@ -19,21 +19,21 @@ struct Choice {
 
 /// How the value of a field is shown, checked and written.
 enum class Rule {
-    Text,               ///< text, as typed
-    Trimmed,            ///< text without the blanks at its ends
-    Lines,              ///< several lines of text, as typed
-    Label,              ///< text, typed or chosen from a list that the host fills
-    Whole,              ///< a whole number, corrected when the control is left and before saving
-    Decimal,            ///< a decimal number, corrected when the control is left and before saving
-    Percent,            ///< shown as a percentage, stored as a fraction of four decimals; corrected like Decimal
-    Margin,             ///< shown as a percentage, stored as a fraction of single precision; corrected when left
-    Choice,             ///< one of fixed numbers, chosen by its caption
-    Key,                ///< the stored number of the chosen entry of a list that the host fills; 0 for no choice
-    KeyOrNull,          ///< like Key, but NULL when the list shows no text
-    Check,              ///< 1 or 0
-    Date,               ///< a date, converted for statements by the host; NULL for "None"
-    Password,           ///< text, as typed, shown masked
-    PostalAddress,      ///< an address of six columns, edited in one box of several lines and parsed by the host
+    Text,           ///< text, as typed
+    Trimmed,        ///< text without the blanks at its ends
+    Lines,          ///< several lines of text, as typed
+    Label,          ///< text, typed or chosen from a list that the host fills
+    Whole,          ///< a whole number, corrected when the control is left and before saving
+    Decimal,        ///< a decimal number, corrected when the control is left and before saving
+    Percent,        ///< shown as a percentage, stored as a fraction of four decimals; corrected like Decimal
+    Margin,         ///< shown as a percentage, stored as a fraction of single precision; corrected when left
+    Choice,         ///< one of fixed numbers, chosen by its caption
+    Key,            ///< the stored number of the chosen entry of a list that the host fills; 0 for no choice
+    KeyOrNull,      ///< like Key, but NULL when the list shows no text
+    Check,          ///< 1 or 0
+    Date,           ///< a date, converted for statements by the host; NULL for "None"
+    Password,       ///< text, as typed, shown masked
+    PostalAddress,  ///< an address of six columns, edited in one box of several lines and parsed by the host
     ValidateAddresses,  ///< no control: whether the record's addresses are to be validated
 };
 
@@ -53,20 +53,20 @@ struct FieldDescription {
     Rule rule = Rule::Text;
     std::string_view control;
     std::string_view label;
-    std::string_view column;                       ///< PostalAddress: the prefix of its six columns
-    std::string_view tag;                          ///< "<name>"; PostalAddress: see `tags`
-    std::array<std::string_view, 6> tags = {};     ///< PostalAddress: one tag per column
-    NumericBounds bounds = {};                     ///< for numbers
-    std::span<const tsln::Choice> choices = {};    ///< Choice
+    std::string_view column;                     ///< PostalAddress: the prefix of its six columns
+    std::string_view tag;                        ///< "<name>"; PostalAddress: see `tags`
+    std::array<std::string_view, 6> tags = {};   ///< PostalAddress: one tag per column
+    NumericBounds bounds = {};                   ///< for numbers
+    std::span<const tsln::Choice> choices = {};  ///< Choice
     void (Common::*loader)(ComboBox& combo) const = nullptr;  ///< fills the list of a Label, Key or KeyOrNull
     DefaultOption option = {};
-    bool tickedByDefault = false;         ///< Check: ticked in a new record
-    bool firstByDefault = false;          ///< a new record without another default selects the first entry
-    std::string_view requiredText = {};   ///< message when the field is empty or nothing is chosen
-    std::string_view duplicateText = {};  ///< message when another row has this value
+    bool tickedByDefault = false;          ///< Check: ticked in a new record
+    bool firstByDefault = false;           ///< a new record without another default selects the first entry
+    std::string_view requiredText = {};    ///< message when the field is empty or nothing is chosen
+    std::string_view duplicateText = {};   ///< message when another row has this value
     std::string_view accessibleName = {};  ///< empty: the label is used
-    int width = 0;                        ///< in characters; 0: the usual width of the rule
-    bool locks = false;                   ///< cannot be changed while the record is locked
+    int width = 0;                         ///< in characters; 0: the usual width of the rule
+    bool locks = false;                    ///< cannot be changed while the record is locked
     /// Positions among the columns of the two statements: lower numbers first, equal numbers in the order of the
     /// fields.
     std::int8_t insertPlace = 0, updatePlace = 0;
@@ -141,7 +141,8 @@ constexpr FieldDescription label(Name control, Name label, Name column, Name tag
     return made;
 }
 /// A number from 0 to `maximum`, 0 by default.
-constexpr FieldDescription number(Rule rule, Name control, Name label, Name column, Name tag, double maximum) {
+constexpr FieldDescription number(Rule rule, Name control, Name label, Name column, Name tag,
+                                  double maximum) {
     FieldDescription made = of(rule, control, label, column, tag);
     made.bounds = {.maximum = maximum};
     return made;
@@ -187,8 +188,7 @@ constexpr FieldDescription password(Name control, Name label, Name column, Name 
 constexpr FieldDescription check(Name control, Name caption, Name column, Name tag) {
     return of(Rule::Check, control, caption, column, tag);
 }
-constexpr FieldDescription address(Name control, Name label, Name columnPrefix,
-                                   std::array<Name, 6> tags) {
+constexpr FieldDescription address(Name control, Name label, Name columnPrefix, std::array<Name, 6> tags) {
     FieldDescription made = of(Rule::PostalAddress, control, label, columnPrefix, {});
     made.tags = tags;
     return made;

@@ -46,9 +46,9 @@ enum class Needs {
 /// The popups that contain a command, as a set of bits.
 enum Popups : unsigned {
     inNone = 0,
-    inMore = 1,      ///< "More List Commands"
-    inNoItems = 2,   ///< the context popup while no row is selected
-    inOneItem = 4,   ///< the context popup while rows are selected
+    inMore = 1,     ///< "More List Commands"
+    inNoItems = 2,  ///< the context popup while no row is selected
+    inOneItem = 4,  ///< the context popup while rows are selected
 };
 
 /// A command of a list: its captions, when it applies and what it does. Its button, popup entries and keys all run
@@ -60,8 +60,8 @@ struct ListCommand {
     Rights rights = 0;
     unsigned popups = inNone;
     void (*run)(ListScreen& list) = nullptr;
-    bool beginsGroup = false;              ///< a separator precedes it in popups
-    std::string_view button = {};          ///< the name of its button, "cmdCopy"; empty: no button
+    bool beginsGroup = false;      ///< a separator precedes it in popups
+    std::string_view button = {};  ///< the name of its button, "cmdCopy"; empty: no button
     std::string_view buttonCaption = {};
 };
 

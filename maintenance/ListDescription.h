@@ -44,7 +44,8 @@ struct ListColumn {
 /// Computes how a row is drawn from the values of some of its fields.
 struct ListRowStyle {
     std::span<const std::string_view> uses = {};
-    ReportControl::Style (*style)(std::span<const std::string_view> values) = nullptr;  ///< null: all rows plain
+    ReportControl::Style (*style)(std::span<const std::string_view> values) =
+        nullptr;  ///< null: all rows plain
 };
 
 /// A table whose rows may refer to the rows of a list, and the message box that refuses the deletion then.
@@ -70,9 +71,9 @@ struct DefaultSet {
 
 /// How the rows of a list are grouped.
 struct ListGroups {
-    std::size_t column = 0;                                   ///< the column whose text groups the rows
-    bool inRowOrder = true;                                   ///< groups in the order of the rows; else sorted by text
-    std::string_view emptyText = "(No Group)";                ///< the heading of rows without a group
+    std::size_t column = 0;                     ///< the column whose text groups the rows
+    bool inRowOrder = true;                     ///< groups in the order of the rows; else sorted by text
+    std::string_view emptyText = "(No Group)";  ///< the heading of rows without a group
 };
 
 /// Describes one list and its dialog.
@@ -100,11 +101,12 @@ struct ListDescription {
     std::optional<ListGroups> groups = {};
     /// Further commands. They follow the shared commands in the popups and buttons.
     std::vector<ListCommand> commands = {};
-    bool addsRows = true;             ///< New is enabled
-    bool editsRows = true;            ///< Edit is enabled
-    bool contextMenu = false;         ///< a right click and the menu key open a popup of commands
-    bool filter = false;              ///< a box above the list reduces it to the rows that contain the typed text
-    std::string_view columnLayoutKey = {};  ///< the user's column layout is kept under it; empty: it is not kept
+    bool addsRows = true;      ///< New is enabled
+    bool editsRows = true;     ///< Edit is enabled
+    bool contextMenu = false;  ///< a right click and the menu key open a popup of commands
+    bool filter = false;       ///< a box above the list reduces it to the rows that contain the typed text
+    std::string_view columnLayoutKey =
+        {};                           ///< the user's column layout is kept under it; empty: it is not kept
     std::string_view countLine = {};  ///< a line below the list, "{0} items"; {0} is the number of shown rows
 };
 

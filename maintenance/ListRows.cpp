@@ -55,14 +55,14 @@ class RowMaker {
         for (std::size_t i = 0; i < columns_.size(); ++i) {
             if (dates_[i]) rows.records.setSortValue(record, i, dates_[i]->days);
         }
-        if (style_.style)
-            rows.styles.push_back(style_.style(texts.subspan(styleAt_, style_.uses.size())));
+        if (style_.style) rows.styles.push_back(style_.style(texts.subspan(styleAt_, style_.uses.size())));
     }
 
   private:
     std::string_view shown(std::size_t i, std::span<const std::string_view> texts) {
         const ListColumn& column = columns_[i];
-        if (column.compute) return scratch_[i] = column.compute(texts.subspan(places_[i], column.uses.size()));
+        if (column.compute)
+            return scratch_[i] = column.compute(texts.subspan(places_[i], column.uses.size()));
         const std::string_view text = texts[places_[i]];
         switch (column.show) {
             case Show::YesNo:
@@ -82,8 +82,8 @@ class RowMaker {
             case Show::DateTime:
                 dates_[i] = modSharedXML::toDate(text);
                 if (dates_[i] && isInRange(*dates_[i])) {
-                    return scratch_[i] = column.show == Show::Date ? shortDateText(*dates_[i])
-                                                                   : dateText(*dates_[i]);
+                    return scratch_[i] =
+                               column.show == Show::Date ? shortDateText(*dates_[i]) : dateText(*dates_[i]);
                 }
                 dates_[i].reset();
                 break;
@@ -124,7 +124,8 @@ ListRows readListRows(std::string text, std::span<const ListColumn> columns, con
     return rows;
 }
 
-ListRows readListRows(const Recordset& recordset, std::span<const ListColumn> columns, const ListRowStyle& style) {
+ListRows readListRows(const Recordset& recordset, std::span<const ListColumn> columns,
+                      const ListRowStyle& style) {
     RowMaker maker(columns, style);
     ListRows rows{.records = ReportRecords(columns.size())};
     if (!recordset.isOpen()) return rows;

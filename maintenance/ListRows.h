@@ -22,6 +22,7 @@ struct ListRows {
 ListRows readListRows(std::string text, std::span<const ListColumn> columns, const ListRowStyle& style = {},
                       modSharedXML::RowReader::Way way = modSharedXML::RowReader::Way::OnePass);
 /// Reads the rows of a recordset, from its current row to its end. May raise HostError.
-ListRows readListRows(const Recordset& rows, std::span<const ListColumn> columns, const ListRowStyle& style = {});
+ListRows readListRows(const Recordset& rows, std::span<const ListColumn> columns,
+                      const ListRowStyle& style = {});
 
 }  // namespace tsln

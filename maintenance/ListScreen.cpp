@@ -50,8 +50,9 @@ class ListScreen::BusyState {
   public:
     explicit BusyState(ListScreen& screen) : screen_(screen) {
         if (!screen_.description_.busyState) return;
-        busy_.emplace(screen_, std::initializer_list<Button*>{&screen_.cmdNew, &screen_.cmdEdit, &screen_.cmdDelete,
-                                                              &screen_.cmdMore, &screen_.cmdClose});
+        busy_.emplace(screen_,
+                      std::initializer_list<Button*>{&screen_.cmdNew, &screen_.cmdEdit, &screen_.cmdDelete,
+                                                     &screen_.cmdMore, &screen_.cmdClose});
         screen_.setPointerBusy(true);
         screen_.setCaption(screen_.caption() + std::string(busyMark));
         screen_.desktop().yield();
@@ -76,7 +77,8 @@ class ListScreen::BusyState {
   private:
     bool updateButtons() {
         // After a failure, an error here is not reported: the failure itself is.
-        if (std::uncaught_exceptions() == exceptions_) return screen_.handle([this] { screen_.updateButtons(); });
+        if (std::uncaught_exceptions() == exceptions_)
+            return screen_.handle([this] { screen_.updateButtons(); });
         try {
             screen_.updateButtons();
             return true;
@@ -119,7 +121,9 @@ ListScreen::ListScreen(Library& library, const ListDescription& description)
     makeCommands();
     for (const ListCommand& command : commands_) {
         if (command.button.empty()) continue;
-        commandButtons_.emplace_back(*this, command).button.onClick = [this, id = command.id] { runCommand(id); };
+        commandButtons_.emplace_back(*this, command).button.onClick = [this, id = command.id] {
+            runCommand(id);
+        };
     }
 }
 
@@ -198,7 +202,8 @@ ListRows ListScreen::readRows(const std::string& statement) const {
         return readListRows(host().database().ExecuteReadText(statement), description_.columns,
                             description_.rowStyle);
     }
-    return readListRows(host().companyConnection().read(statement), description_.columns, description_.rowStyle);
+    return readListRows(host().companyConnection().read(statement), description_.columns,
+                        description_.rowStyle);
 }
 
 void ListScreen::loadList() {
@@ -312,7 +317,8 @@ void ListScreen::cmdDelete_Click() {
 void ListScreen::deleteKey() {
     if (!cmdDelete.enabled() || !anySelected(rptItems)) return;
     const std::size_t rows = selectedRecords().size();
-    if (ask(rows == 1 ? "Do you want to delete the selected row?" : "Do you want to delete the selected rows?"))
+    if (ask(rows == 1 ? "Do you want to delete the selected row?"
+                      : "Do you want to delete the selected rows?"))
         cmdDelete.userPress();
 }
 
@@ -379,14 +385,12 @@ void ListScreen::makeCommands() {
                              .popups = inMore,
                              .run = [](ListScreen& list) { list.exportRows(); }});
     }
-    commands_.push_back({.id = command::print,
-                         .caption = "Print...",
-                         .popups = inMore,
-                         .run =
-                             [](ListScreen& list) {
-                                 list.desktop().printPreview(list, list.rptItems, list.caption());
-                             },
-                         .beginsGroup = importAndExport});
+    commands_.push_back(
+        {.id = command::print,
+         .caption = "Print...",
+         .popups = inMore,
+         .run = [](ListScreen& list) { list.desktop().printPreview(list, list.rptItems, list.caption()); },
+         .beginsGroup = importAndExport});
     commands_.push_back(
         {.id = command::save, .caption = "Save...", .popups = inMore, .run = [](ListScreen& list) {
              modSharedReportControl::saveAsText(list.rptItems);
@@ -449,7 +453,9 @@ void ListScreen::makePopups() {
 
 void ListScreen::openContextMenu() {
     const std::size_t selected = selectedRecords().size();
-    Command& popup = selected == 0 ? cbContext.popups[1] : selected == 1 ? cbContext.popups[2] : cbContext.popups[3];
+    Command& popup = selected == 0   ? cbContext.popups[1]
+                     : selected == 1 ? cbContext.popups[2]
+                                     : cbContext.popups[3];
     cbContext.showPopup(popup, rptItems);
 }
 
@@ -468,9 +474,9 @@ bool ListScreen::applies(const ListCommand& command) {
         return false;
     }();
     if (!rowsFit) return false;
-    return std::ranges::all_of(std::initializer_list<Right>{Right::Add, Right::Edit, Right::Delete}, [&](Right right) {
-        return (command.rights & static_cast<Rights>(right)) == 0 || can(right);
-    });
+    return std::ranges::all_of(
+        std::initializer_list<Right>{Right::Add, Right::Edit, Right::Delete},
+        [&](Right right) { return (command.rights & static_cast<Rights>(right)) == 0 || can(right); });
 }
 
 const ListCommand* ListScreen::findCommand(int id) const {

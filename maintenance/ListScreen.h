@@ -122,7 +122,8 @@ class ListScreen : public HostScreen {
     std::vector<ListCommand> commands_;
     struct CommandButton {
         CommandButton(ListScreen& screen, const ListCommand& command)
-            : id(command.id), button(screen, std::string(command.button), std::string(command.buttonCaption)) {}
+            : id(command.id),
+              button(screen, std::string(command.button), std::string(command.buttonCaption)) {}
         int id;
         Button button;
     };

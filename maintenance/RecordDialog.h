@@ -129,7 +129,8 @@ std::string dialogName(const ListDescription& list);
 /// Opens a list's dialog, of the class D, on a row (0: a new one). Returns the closed dialog.
 template <class D = RecordDialog>
 std::shared_ptr<D> runDialog(Library& library, const ListDescription& list, std::int32_t ID) {
-    return openRecord(library, dialogName(list), [&] { return std::make_shared<D>(library, list); }, ID);
+    return openRecord(
+        library, dialogName(list), [&] { return std::make_shared<D>(library, list); }, ID);
 }
 
 }  // namespace tsln

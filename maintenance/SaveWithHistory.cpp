@@ -43,9 +43,8 @@ bool insert(HostScreen& screen, const RecordHistory& history, std::int32_t& ID, 
         screen.reportDatabaseFailure(failureText(history, save.name, "added"), saveAgainExplanation);
         return false;
     }
-    screen.handle([&] {
-        (screen.host().activity().*history.recordAdded)(ID, capitalized(history.noun) + " added.");
-    });
+    screen.handle(
+        [&] { (screen.host().activity().*history.recordAdded)(ID, capitalized(history.noun) + " added."); });
     return true;
 }
 
@@ -58,8 +57,8 @@ bool update(HostScreen& screen, const RecordHistory& history, std::int32_t ID, c
     const std::string told = changes(screen, save.table, before, ID);
     if (told.empty()) return true;
     screen.handle([&] {
-        (screen.host().activity().*history.recordUpdated)(
-            ID, capitalized(history.noun) + " updated:\r\n" + told);
+        (screen.host().activity().*history.recordUpdated)(ID,
+                                                          capitalized(history.noun) + " updated:\r\n" + told);
     });
     return true;
 }

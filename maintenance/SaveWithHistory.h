@@ -37,6 +37,7 @@ struct RecordSave {
 ///
 /// Returns false when the row could not be written, after telling the user. Once the row is written the save counts:
 /// a failure of a later step is reported, and the remaining steps still run.
-bool saveWithHistory(HostScreen& screen, const RecordHistory& history, std::int32_t& ID, const RecordSave& save);
+bool saveWithHistory(HostScreen& screen, const RecordHistory& history, std::int32_t& ID,
+                     const RecordSave& save);
 
 }  // namespace tsln

@@ -79,7 +79,8 @@ void saveAsText(ReportControl& items) {
 }
 
 void restoreColumnLayout(ReportControl& items, std::string_view key) {
-    if (const auto layout = items.screen().desktop().readSetting(layoutsKey(), key)) items.setColumnLayout(*layout);
+    if (const auto layout = items.screen().desktop().readSetting(layoutsKey(), key))
+        items.setColumnLayout(*layout);
 }
 
 void saveColumnLayout(const ReportControl& items, std::string_view key) {

@@ -12,10 +12,10 @@ std::string currencyText(double amount) {
     // 309 digits before the point at most, and two behind it.
     std::array<char, 320> digits{};
     const double shown = std::round(std::fabs(amount) * 100) / 100;
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(),
-                                   std::isfinite(shown) ? shown : std::fabs(amount),
-                                   std::chars_format::fixed, 2)
-                         .ptr;
+    const auto end =
+        std::to_chars(digits.data(), digits.data() + digits.size(),
+                      std::isfinite(shown) ? shown : std::fabs(amount), std::chars_format::fixed, 2)
+            .ptr;
     std::string text(digits.data(), end);
     if (!std::isfinite(amount)) return text;
     for (std::size_t at = text.size() - 3; at > 3; at -= 3)

@@ -1,9 +1,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "doubles/Stage.h"
 #include "maintenance/ListKinds.h"
 #include "maintenance/ListScreen.h"
-#include "doubles/Stage.h"
 
 namespace tsln::test {
 namespace {

@@ -48,9 +48,10 @@ const ListDescription charges{
     .busyState = true,
     .source = RecordDescription::Source::Recordset,
     .rowStyle = {.uses = styleFields,
-                 .style = [](std::span<const std::string_view> values) {
-                     return ReportControl::Style{.bold = values[0] == "1"};
-                 }},
+                 .style =
+                     [](std::span<const std::string_view> values) {
+                         return ReportControl::Style{.bold = values[0] == "1"};
+                     }},
     .groups = ListGroups{},
     .commands = {{.id = toggle,
                   .caption = "Enable",
@@ -105,7 +106,8 @@ void selectRecord(ListScreen& list, std::int32_t ID) {
 TEST(ListScreen, EveryKindOfColumnIsShownGroupedInTheOrderOfTheRows) {
     ChargesStage stage;
     stage.run([](ListScreen& list) {
-        EXPECT_THAT(shownRows(list, 1), ElementsAre("# Zeta", "Flat", "# (No Group)", "Plain", "# Alpha", "Early"));
+        EXPECT_THAT(shownRows(list, 1),
+                    ElementsAre("# Zeta", "Flat", "# (No Group)", "Plain", "# Alpha", "Early"));
         EXPECT_THAT(shownRows(list, 2), Contains("Rate of 5"));
         EXPECT_THAT(shownRows(list, 3), AllOf(Contains("3/4/2011"), Contains("12/31/1999")));
         EXPECT_THAT(shownRows(list, 4), AllOf(Contains("$1,234.50"), Contains("($2.00)"), Contains("free")));
@@ -144,7 +146,8 @@ TEST(ListScreen, KeepsTheColumnsAsTheUserArrangedThem) {
         EXPECT_EQ(list.rptItems.sortOrder(), (SortOrder{.column = 4}));
     });
     // A layout that does not fit is passed over.
-    stage.desktop.settings["Software\\Kestrane\\Tessaline\\5.0\\Column Layouts|Charges:1"] = "\xFF damaged;;=9";
+    stage.desktop.settings["Software\\Kestrane\\Tessaline\\5.0\\Column Layouts|Charges:1"] =
+        "\xFF damaged;;=9";
     stage.run([](ListScreen& list) { EXPECT_EQ(list.rptItems.columns[1].width, 100); });
 }
 
@@ -268,7 +271,8 @@ TEST(ListScreen, AfterBusyWorkTheButtonsFollowTheCurrentRights) {
     ChargesStage stage;
     stage.run([&](ListScreen& list) {
         selectRecord(list, 1);
-        stage.host->on("Security.CanDo", [](Arguments) -> Variant { throw HostError(code::fail, "Host", "down"); });
+        stage.host->on("Security.CanDo",
+                       [](Arguments) -> Variant { throw HostError(code::fail, "Host", "down"); });
         list.cmdDelete.userPress();
         EXPECT_FALSE(list.cmdNew.enabled() || list.cmdEdit.enabled() || list.cmdDelete.enabled());
         EXPECT_EQ(list.rptItems.recordCount(), 2U);

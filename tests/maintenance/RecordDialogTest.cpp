@@ -102,7 +102,8 @@ TEST(RecordDialog, ANewRecordIsValidatedFieldByFieldAndTheFieldsPageIsShown) {
     stage.host->on("Common.RecordExists", [&](Arguments) { return Variant(taken); });
     const auto closed = stage.edit(0, [&](SampleDialog& dialog) {
         EXPECT_EQ(dialog.caption(), "New Sample");
-        EXPECT_EQ(dialog.comboBox("cboTerms").text(), "COD") << "without a default the first entry is selected";
+        EXPECT_EQ(dialog.comboBox("cboTerms").text(), "COD")
+            << "without a default the first entry is selected";
         dialog.cmdOK.userPress();
         EXPECT_EQ(dialog.focusedControl(), &dialog.comboBox("cboKind"));
         dialog.comboBox("cboKind").userChoose(1);

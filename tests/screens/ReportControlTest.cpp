@@ -217,7 +217,7 @@ TEST_F(ReportControlTest, EditsAreAcceptedInEditableCellsOnly) {
     list.sortBy(ReportControl::SortOrder{0});
     const auto version = list.rowsVersion();
     list.userEdit(2, 0, "äöüß");
-    EXPECT_EQ(list.rowText(2, 0), "äöü") << "the limit counts characters, not bytes; the row keeps its place";
+    EXPECT_EQ(list.rowText(2, 0), "äöü") << "the limit counts characters; the row keeps its place";
     list.userEdit(2, 0, "äöü");   // the text that the cell has already
     list.userEdit(1, 0, "x");     // cellEditable throws
     list.userEdit(0, 2, "Pair");  // cellEditable returns false
