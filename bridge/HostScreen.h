@@ -20,12 +20,13 @@ class HostScreen : public Screen {
     Library& library() const noexcept { return library_; }
     Host host() const { return Host(library_); }
 
-    /// Shows a message box with an OK button.
-    void tell(std::string_view text, MessageIcon icon) {
-        desktop().messageBox(this, text, MessageButtons::Ok, icon);
+    /// Shows a message box with an OK button. Without a title it has the program's.
+    void tell(std::string_view text, MessageIcon icon, std::string_view title = {}) {
+        desktop().messageBox(this, text, MessageButtons::Ok, icon, title);
     }
-    bool ask(std::string_view question) {
-        return desktop().messageBox(this, question, MessageButtons::YesNo, MessageIcon::Question) ==
+    /// Asks with Yes and No; true for Yes.
+    bool ask(std::string_view question, std::string_view title = {}) {
+        return desktop().messageBox(this, question, MessageButtons::YesNo, MessageIcon::Question, title) ==
                MessageAnswer::Yes;
     }
     /// Reports a failed statement, with the database's description of the error.

@@ -1,6 +1,7 @@
 #include "doubles/Stage.h"
 
-#include <regex>
+#include <algorithm>
+#include <cctype>
 #include <set>
 #include <string>
 
@@ -13,12 +14,30 @@ namespace {
 
 /// Returns a writing statement without the written values: its table, columns and condition.
 std::string shapeOf(const std::string& statement) {
-    const std::size_t condition = statement.find(" WHERE ");
-    const std::string written = statement.substr(0, condition);
-    // `texts` matches quoted text, with doubled quotes in it; `values` matches numbers and NULL.
-    static const std::regex texts("'(?:[^']|'')*'"), values("-?\\b(?:[0-9][0-9.]*|NULL)\\b");
-    const std::string shape = std::regex_replace(std::regex_replace(written, texts, "?"), values, "?");
-    return shape + (condition == std::string::npos ? "" : statement.substr(condition));
+    const std::size_t condition = std::min(statement.find(" WHERE "), statement.size());
+    const auto isWord = [](char c) {
+        return std::isalnum(static_cast<unsigned char>(c)) || c == '_' || c == '.';
+    };
+    std::string shape;
+    for (std::size_t at = 0; at < condition;) {
+        std::size_t end = at + 1;
+        if (statement[at] == '\'') {
+            // A doubled quote ends one text and begins the next; both become part of one placeholder.
+            end = std::min(statement.find('\'', at + 1), condition - 1) + 1;
+            if (!shape.ends_with('?')) shape += '?';
+        } else if (isWord(statement[at])) {
+            while (end < condition && isWord(statement[end]))
+                ++end;
+            const std::string word = statement.substr(at, end - at);
+            const bool value = word == "NULL" || std::isdigit(static_cast<unsigned char>(word.front()));
+            if (value && shape.ends_with('-')) shape.pop_back();
+            shape += value ? "?" : word;
+        } else {
+            shape += statement[at];
+        }
+        at = end;
+    }
+    return shape + statement.substr(condition);
 }
 
 /// Returns the writing statements that were sent to the host, without their values.
