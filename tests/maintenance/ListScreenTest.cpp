@@ -23,8 +23,8 @@ void runToggle(ListScreen& list) {
     list.tell("toggled " + std::to_string(list.selectedID()), MessageIcon::Information);
 }
 
-/// A list that uses every option of a description.
-const ListDescription charges{
+/// The options that every list has.
+const ListDescription plainCharges{
     .open = Operation::ShowTerms,
     .edit = Operation::ShowEditAdditionalCharge,
     .screenName = "frmCharges",
@@ -46,27 +46,33 @@ const ListDescription charges{
     .securityArea = 202,
     .deleteFailure = "not deleted",
     .busyState = true,
-    .source = RecordDescription::Source::Recordset,
-    .rowStyle = {.uses = styleFields,
-                 .style =
-                     [](std::span<const std::string_view> values) {
-                         return ReportControl::Style{.bold = values[0] == "1"};
-                     }},
-    .groups = ListGroups{},
-    .commands = {{.id = toggle,
-                  .caption = "Enable",
-                  .needs = Needs::FocusedRow,
-                  .rights = rights({Right::Edit}),
-                  .popups = inMore | inOneItem,
-                  .run = runToggle,
-                  .beginsGroup = true,
-                  .button = "cmdToggle",
-                  .buttonCaption = "Enab&le"}},
-    .contextMenu = true,
-    .filter = true,
-    .columnLayoutKey = "Charges:1",
-    .countLine = "{0} items",
 };
+
+/// A list that uses every option of a description. One initializer of them all makes GCC 12 warn of members that it
+/// wrongly takes for uninitialized.
+ListDescription describeCharges() {
+    ListDescription list = plainCharges;
+    list.source = RecordDescription::Source::Recordset;
+    list.rowStyle = {.uses = styleFields, .style = [](std::span<const std::string_view> values) {
+                         return ReportControl::Style{.bold = values[0] == "1"};
+                     }};
+    list.groups = ListGroups{};
+    list.commands.push_back({.id = toggle,
+                             .caption = "Enable",
+                             .needs = Needs::FocusedRow,
+                             .rights = rights({Right::Edit}),
+                             .popups = inMore | inOneItem,
+                             .run = runToggle,
+                             .beginsGroup = true,
+                             .button = "cmdToggle",
+                             .buttonCaption = "Enab&le"});
+    list.contextMenu = true;
+    list.filter = true;
+    list.columnLayoutKey = "Charges:1";
+    list.countLine = "{0} items";
+    return list;
+}
+const ListDescription charges = describeCharges();
 
 constexpr auto load = "SELECT * FROM Charges ORDER BY GroupName,Sequence";
 constexpr auto rows =
