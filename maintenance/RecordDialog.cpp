@@ -268,7 +268,7 @@ bool RecordDialog::save() {
     if (record_->history) {
         return saveWithHistory(*this, *record_->history, ID,
                                {.table = table_,
-                                .name = fields_.front().text().text(),
+                                .name = recordName(),
                                 .statement = [this] { return statement(); },
                                 .further = [this] { saveFurther(); }});
     }
@@ -281,6 +281,10 @@ bool RecordDialog::save() {
     }
     if (!saved) reportDatabaseFailure(record_->saveFailure, record_->saveExplanation);
     return saved;
+}
+
+std::string RecordDialog::recordName() const {
+    return fields_.front().text().text();
 }
 
 void RecordDialog::cmdExpression_Click() {

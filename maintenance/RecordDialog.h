@@ -80,6 +80,8 @@ class RecordDialog : public HostScreen {
     virtual bool save();
     /// Saves further data of a master record, after its row is written. Reports its own failures.
     virtual void saveFurther() {}
+    /// How messages and the event log call a master record; by default the text of its first field.
+    virtual std::string recordName() const;
     /// The value that the statements write for the rule ValidateAddresses.
     virtual bool validateAddresses() const { return validateAddresses_; }
 
