@@ -298,19 +298,23 @@ std::int32_t ListScreen::edit(std::int32_t ID) {
 
 void ListScreen::cmdDelete_Click() {
     if (!anySelected(rptItems)) return;
-    const auto showWhatIsLeft = [this] {
-        rptItems.populate();
-        showCount();
-        updateButtons();
-    };
-    try {
+    {
         const BusyState busy(*this);
-        deleteSelected();
-    } catch (...) {
-        showWhatIsLeft();  // rows deleted before the failure are gone, and the list shows that
-        throw;
+        // Also after a failure: rows that are deleted stay deleted, and the list shows it.
+        const auto showRemaining = [this] {
+            rptItems.populate();
+            showCount();
+        };
+        try {
+            deleteSelected();
+        } catch (...) {
+            showRemaining();
+            updateButtons();
+            throw;
+        }
+        showRemaining();
     }
-    showWhatIsLeft();
+    updateButtons();
 }
 
 /// Asks before it deletes, because a key is easily pressed by mistake. The button does not ask.
