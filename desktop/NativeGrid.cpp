@@ -65,7 +65,7 @@ void CellEditor::prepare(wxDataViewColumn& column, std::size_t maxLength) {
                 connect(editor, "remove-widget",
                         std::function<void(GtkCellEditable*)>([this](GtkCellEditable* removed) {
                             open_ = nullptr;
-                            // The toolkit gives the keyboard back only where the editor has no inner parts.
+                            // The toolkit returns the keyboard only from editors without inner widgets.
                             if (hasFocus(GTK_WIDGET(removed)))
                                 grid_.CallAfter([this] {
                                     if (!open_) grid_.SetFocus();
@@ -76,7 +76,7 @@ void CellEditor::prepare(wxDataViewColumn& column, std::size_t maxLength) {
                 connect(editor, "populate-popup",
                         std::function<void(GtkEntry*, GtkWidget*)>(
                             [this](GtkEntry*, GtkWidget*) { menuOpen_ = true; }));
-                // The toolkit's own handler, which comes behind, would throw away what was typed.
+                // The toolkit's own handler, which runs after this one, would discard the typed text.
                 connect(editor, "focus-out-event",
                         std::function<gboolean(GtkWidget*, GdkEvent*)>([this](GtkWidget*, GdkEvent*) {
                             if (!std::exchange(menuOpen_, false)) accept();
@@ -177,7 +177,7 @@ wxWindow* openEditor(const wxDataViewCtrl& grid) {
 CellEditor::~CellEditor() = default;
 
 void CellEditor::prepare(wxDataViewColumn& column, std::size_t maxLength) {
-    // Moving the keyboard elsewhere keeps what was typed by itself here.
+    // On this platform the toolkit itself keeps the typed text when the focus moves.
     grid_.Bind(wxEVT_DATAVIEW_ITEM_EDITING_STARTED, [this, &column, maxLength](wxDataViewEvent& event) {
         event.Skip();
         if (event.GetDataViewColumn() != &column || maxLength == 0) return;

@@ -16,15 +16,15 @@ class CellEditor {
     CellEditor(const CellEditor&) = delete;
     CellEditor& operator=(const CellEditor&) = delete;
 
-    /// Makes a column of the data view ready: text typed there has at most so many characters (0: any
-    /// number), and moving the keyboard elsewhere keeps what was typed.
+    /// Sets up editing in a column of the data view: at most `maxLength` characters can be typed (0: any
+    /// number), and moving the focus elsewhere keeps the typed text.
     void prepare(wxDataViewColumn& column, std::size_t maxLength);
     bool isOpen() const;
-    /// Ends editing and takes over what was typed.
+    /// Ends editing and keeps the typed text.
     void accept();
     /// Replaces the text in the open editor and sets the caret behind it.
     void replaceText(const wxString& text);
-    /// Opens the list of the choices to edit by.
+    /// Opens the list of the choices in the open editor.
     void openChoices();
 
   private:
@@ -33,7 +33,7 @@ class CellEditor {
     bool menuOpen_ = false;
 };
 
-// What else the toolkit has no calls for that mean the same on all platforms.
+// Functions that the toolkit lacks or that differ between its platforms.
 
 /// Draws the background of a cell's attributes, which the toolkit draws for text alone; an invalid colour
 /// draws none.
@@ -52,18 +52,18 @@ class Striped : public Renderer {
 };
 
 /// Runs `clicked` with the model's column when the user has clicked a header, not dragged it. Called once,
-/// when the columns are there.
+/// after all columns were added.
 void onHeaderClick(wxDataViewCtrl& grid, std::function<void(unsigned column)> clicked);
 /// Draws the arrow of the sort order; a null column draws none.
 void showSortArrow(wxDataViewCtrl& grid, const wxDataViewColumn* column, bool ascending);
-/// Selects just this row and gives it the keyboard, so that Shift goes on from there.
+/// Selects just this row and gives it the keyboard, so that Shift extends the selection from there.
 void selectOnly(wxDataViewCtrl& grid, const wxDataViewItem& item, unsigned row,
                 const wxDataViewColumn* column);
 /// The row at a point of the data view's client area, if there is one.
 std::optional<unsigned> rowAt(const wxDataViewCtrl& grid, const wxPoint& point);
-/// The width a column was given by the program or the user, without what it was stretched by.
+/// The width a column was given by the program or the user, without the width added by stretching.
 int givenWidth(const wxDataViewColumn& column);
-/// Lets the column take the width that is left.
+/// Lets the column take the remaining width.
 void takeRemainingWidth(wxDataViewColumn& column);
 
 }  // namespace tsln::desktop

@@ -17,7 +17,7 @@ using Kind = ReportColumn::Kind;
 constexpr int typingPause = 150;         // milliseconds without a change, after which new rows are shown
 constexpr std::size_t manyRows = 10000;  // fewer are shown at once
 
-/// Of every other row, so that the eye keeps to the line.
+/// The background of every other row, which makes rows easier to follow.
 wxColour stripeColour() {
     const wxColour plain = wxSystemSettings::GetColour(wxSYS_COLOUR_LISTBOX);
     return plain.ChangeLightness(plain.GetLuminance() > 0.5 ? 97 : 110);
@@ -30,7 +30,7 @@ wxColour stripeColour() {
 class ReportGrid::Model : public wxDataViewVirtualListModel {
   public:
     explicit Model(ReportGrid& grid) : grid_(grid), stripe_(stripeColour()) {}
-    /// The grid is on its way out.
+    /// The grid is being destroyed.
     void detach() { attached_ = false; }
 
   private:
@@ -138,7 +138,7 @@ void ReportGrid::bindEvents() {
         editedID_ =
             row < report_.rowCount() && !report_.row(row).isGroup() ? report_.id(report_.row(row).record) : 0;
     });
-    // Who comes to the rows works on those there are.
+    // When the rows get the keyboard, pending rows are shown first.
     const auto entered = [this](wxEvent& event) {
         event.Skip();
         if (refillPending()) refill();
@@ -151,7 +151,7 @@ void ReportGrid::bindEvents() {
     refill_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { refill(); });
 #ifndef __WXGTK__
     rowsWindow().Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
-        // The toolkit keeps Tab to itself and goes by it from column to column.
+        // The toolkit itself handles Tab and moves by it from column to column.
         if (event.GetKeyCode() != WXK_TAB || takesKey(event)) {
             if (event.GetKeyCode() != WXK_TAB) event.Skip();
             return;
@@ -345,7 +345,7 @@ std::optional<wxPoint> ReportGrid::belowRow(std::size_t row) const {
 
 // Editing -----------------------------------------------------------------------------------------
 
-/// The column of the row that the arrow keys, Tab or editing have gone to, of which not every platform tells.
+/// The column of the row that the arrow keys, Tab or editing reached last; not every platform reports it.
 std::size_t ReportGrid::focusedColumn(std::size_t row) const {
     const wxDataViewColumn* const column = GetCurrentColumn();
     if ((tabbing_ || !column) && lastCell_.row == row) return lastCell_.column;
@@ -411,7 +411,7 @@ bool ReportGrid::editByList(const std::optional<Cell>& cell) {
     return true;
 }
 
-/// Turns the check box of the focused row: that of the current column, or the first one.
+/// Toggles the check box of the focused row: that of the current column, or the first one.
 bool ReportGrid::tick() {
     const auto row = focusedRow();
     if (!row) return false;

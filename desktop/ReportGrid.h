@@ -14,8 +14,8 @@ namespace tsln::desktop {
 /// The window of a report control whose cells are edited in place.
 ///
 /// F2, Enter or typing edit the cell of the focused row that the arrow keys have moved to, Tab goes on to the
-/// next one; Space ticks. New rows cost the toolkit time for each, so while the user types elsewhere, into a
-/// filter say, rows that change again and again are shown once the typing pauses.
+/// next one; Space ticks. The toolkit's cost of new rows grows with their number, so while the user types
+/// elsewhere, for instance into a filter, changed rows are shown when the typing pauses.
 class ReportGrid : public wxDataViewCtrl, public ReportWindow {
   public:
     ReportGrid(wxWindow* parent, ReportControl& report);
@@ -68,16 +68,16 @@ class ReportGrid : public wxDataViewCtrl, public ReportWindow {
     wxObjectDataPtr<Model> model_;
     CellEditor editor_;
     wxTimer refill_;
-    std::vector<std::size_t> order_;  // of the columns, as last shown or reported
-    std::vector<int> widths_;         // by column, in pixels, likewise
+    std::vector<std::size_t> order_;  // of the columns, last shown or reported
+    std::vector<int> widths_;         // by column, in pixels; last shown or reported
     std::vector<wxString> captions_;
     std::uint64_t shownVersion_ = 0;
     std::int32_t editedID_ = 0;                  // of the record whose cell has the editor
-    ReportControl::Cell lastCell_{SIZE_MAX, 0};  // where it is, or was last, or where Tab has gone
+    ReportControl::Cell lastCell_{SIZE_MAX, 0};  // the last one with the editor, or that Tab reached
     bool filled_ = false;
-    bool quiet_ = false;     // what the window sends now is not the user's doing
-    bool settling_ = false;  // within an act: what was typed goes to the control directly
-    bool taking_ = false;    // the toolkit is at work on a cell that was edited
+    bool quiet_ = false;     // events sent now are not caused by the user
+    bool settling_ = false;  // in an act: typed text is passed to the control directly
+    bool taking_ = false;    // the toolkit is processing an edited cell
     bool tabbing_ = false;   // the user goes from cell to cell by Tab
 };
 

@@ -19,7 +19,7 @@ ReportList::ReportList(wxWindow* parent, ReportControl& report)
     groupAttr_.SetFont(GetFont().Bold());
     EnableAlternateRowColours();
 #ifndef __WXMSW__
-    // The generic window puts the text right at the column's edge; an empty image before it keeps it off.
+    // The generic window draws the text directly at the column's edge; an empty image before it adds a margin.
     wxImage nothing(1, GetCharHeight());
     nothing.InitAlpha();
     std::fill_n(nothing.GetAlpha(), GetCharHeight(), static_cast<unsigned char>(wxALPHA_TRANSPARENT));
@@ -91,7 +91,7 @@ int ReportList::OnGetItemColumnImage(long, long) const {
     return GetImageList(wxIMAGE_LIST_SMALL) ? 0 : -1;
 }
 
-// Taking the report over --------------------------------------------------------------------------
+// Showing the report -----------------------------------------------------------------------------
 
 void ReportList::showReport() {
     const wxWindowUpdateLocker lock(this);
@@ -201,7 +201,7 @@ wxWindow& ReportList::rowsWindow() const {
 
 std::optional<std::size_t> ReportList::rowAt(const wxPoint& onScreen) const {
     int where = 0;
-    // Points count from the rows' own window, unlike those of all other members.
+    // Points are relative to the rows' inner window here, unlike in all other members.
     const long row = HitTest(rowsWindow().ScreenToClient(onScreen), where);
     if (row < 0) return std::nullopt;
     return static_cast<std::size_t>(row);
@@ -214,7 +214,7 @@ void ReportList::goTo(std::size_t row) {
     SetItemState(item, wxLIST_STATE_SELECTED | wxLIST_STATE_FOCUSED,
                  wxLIST_STATE_SELECTED | wxLIST_STATE_FOCUSED);
 #else
-    // The generic list goes on by Shift from where its own keys have been, and from nowhere else.
+    // The generic list extends a selection by Shift only from the row that its own keys reached last.
     SetItemState(std::max(item - 1, 0L), wxLIST_STATE_FOCUSED, wxLIST_STATE_FOCUSED);
     wxKeyEvent key(wxEVT_CHAR);
     key.m_keyCode = row == 0 ? WXK_HOME : WXK_DOWN;

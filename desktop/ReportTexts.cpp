@@ -12,7 +12,7 @@ namespace {
 constexpr int headerPadding = 28;  // around a column's caption, so that it and a sort arrow are shown whole
 constexpr std::size_t mostShown = 1000;  // bytes of a cell that are drawn; no column is wider
 
-/// On one line, as far as anybody can see it.
+/// On one line, cut where no cell is wide enough to show more.
 wxString cellText(std::string_view text) {
     if (text.size() > mostShown) {
         std::size_t end = mostShown;

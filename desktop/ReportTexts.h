@@ -13,8 +13,8 @@ class wxWindow;
 
 namespace tsln::desktop {
 
-/// A cell's text on one line, as far as anybody can see it; "Yes" for a ticked check box where only text is
-/// drawn. A group row has its text in column 0. Row and column must exist.
+/// A cell's text on one line, cut where no cell is wide enough to show more; "Yes" for a ticked check box where
+/// only text is drawn. A group row has its text in column 0. Row and column must exist.
 wxString shownText(const ReportControl& report, std::size_t row, std::size_t column);
 
 /// The texts of group rows, with the number of rows below each.
@@ -33,12 +33,12 @@ class GroupTexts {
 /// The width in pixels at which the column shows its caption whole and has the width it asks for.
 int naturalWidth(const wxWindow& window, const ReportControl::Column& column);
 int naturalWidth(const wxWindow& window, const ReportControl& report);
-/// The column that takes the width that is left: texts gain most, so it is the leftmost that is not
-/// right-aligned, usually the name. There must be a column.
+/// The column that gets the width left over by the others: the leftmost one that is not right-aligned, which
+/// is usually the name, or the first one. There must be a column.
 std::size_t stretchedColumn(const ReportControl& report);
 
-/// The row at `from` or behind it, or else before, whose text in the sorted column, or the first one, begins
-/// with `start`.
+/// The first row from `from` on, or else from the start, whose text in the sorted column, or the first one,
+/// begins with `start`.
 std::optional<std::size_t> findText(const ReportControl& report, const wxString& start, std::size_t from);
 
 }  // namespace tsln::desktop

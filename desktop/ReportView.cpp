@@ -78,7 +78,7 @@ class ReportView : public ControlView {
     bool wantsKey(int) const override { return rows_.isEditing(); }
 
     bool takesKey(const wxKeyEvent& key) override {
-        // A space within the letters that look for a row is one of them.
+        // A space typed during a search by letters belongs to the search text.
         if (!(key.GetKeyCode() == WXK_SPACE && isSearching()) && rows_.takesKey(key)) return true;
         if (rows_.isEditing()) return false;
         const int code = key.GetKeyCode();
@@ -126,7 +126,7 @@ class ReportView : public ControlView {
         unreported_ = false;
     }
 
-    /// Takes the first key that moves within the rows. The toolkit's list is either on the first row from the
+    /// Handles the first key that moves within the rows. The toolkit's list is either on the first row from the
     /// start and would step over it, or, if its rows came after the keyboard, on none and stays there.
     bool enterRows(const wxKeyEvent& key) {
         if (report_.rowCount() == 0 || (key.GetModifiers() & ~wxMOD_SHIFT) != 0) return false;
@@ -149,7 +149,7 @@ class ReportView : public ControlView {
         return true;
     }
 
-    /// One act of the user changes the state of many rows; the list tells of each, or of none. So whatever
+    /// One act of the user changes the state of many rows; the list reports each of them, or none. So whatever
     /// may have changed the selection only asks for one report of the whole.
     void selectionMayHaveChanged() {
         if (showing_ || unreported_) return;
@@ -174,7 +174,7 @@ class ReportView : public ControlView {
     }
 
     void bindInput(wxWindow& window) {
-        // A click beside the rows or a range by Shift changes the selection and sends no event of it.
+        // A click outside the rows or a range selected by Shift changes the selection without an event.
         const auto changed = [this](wxEvent& event) {
             event.Skip();
             selectionMayHaveChanged();
@@ -186,8 +186,8 @@ class ReportView : public ControlView {
 
     void onContextMenu(wxContextMenuEvent& event) {
 #ifndef __WXMSW__
-        // The generic window sends this for the pointer only beside its rows; its button tells of all of
-        // them.
+        // The generic window sends this only for clicks outside its rows; the mouse button's event comes for
+        // all of them.
         if (event.GetPosition() != wxDefaultPosition) return;
 #endif
         openContextMenu(event.GetPosition());

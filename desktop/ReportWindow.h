@@ -13,7 +13,7 @@ class wxWindow;
 namespace tsln::desktop {
 
 /// The window of a report control's rows: a list for reading or a grid to edit in. It draws from the control
-/// and tells what the user does by `events`, which are set before the first showReport().
+/// and reports what the user does through `events`, which are set before the first showReport().
 class ReportWindow {
   public:
     virtual ~ReportWindow() = default;
@@ -30,10 +30,10 @@ class ReportWindow {
     virtual wxWindow& window() = 0;
     /// The inner window that holds the rows and takes the input.
     virtual wxWindow& rowsWindow() const = 0;
-    /// Takes over columns, rows, selection, focus and sort order. Sends events like a user's act would; the
-    /// caller tells them apart.
+    /// Shows the control's columns, rows, selection, focus and sort order. Sends the same events as the user's
+    /// own actions; the caller has to ignore them.
     virtual void showReport() = 0;
-    /// Tells the control how the user arranged the columns, and the text of an editor that is still open.
+    /// Passes the user's column order and widths and the text of an open editor to the control.
     virtual void settle() {}
 
     virtual std::vector<std::size_t> selection() const = 0;
@@ -49,9 +49,9 @@ class ReportWindow {
 
     /// An editor is open in a cell and has the keyboard.
     virtual bool isEditing() const { return false; }
-    /// A key that edits cells. True when that was all.
+    /// Handles a key that edits cells. True when the key needs no further handling.
     virtual bool takesKey([[maybe_unused]] const wxKeyEvent& key) { return false; }
-    /// A letter typed on the focused row. True when it went into a cell.
+    /// Handles a letter typed on the focused row. True when it was entered into a cell.
     virtual bool takesLetter([[maybe_unused]] const wxString& letter) { return false; }
 };
 

@@ -159,7 +159,10 @@ void ScreenDialog::activateFirst() {
 }
 
 void ScreenDialog::requestClose() {
-    if (Job* job = screen_.job(); job && !abandoned_) return job->userCancel();
+    if (Job* job = screen_.job()) {
+        job->userCancel();
+        if (!abandoned_) return;
+    }
     if (acting_) {
         closePending_ = true;
         return;

@@ -6,7 +6,7 @@
 
 namespace tsln {
 
-/// How a block of text stands.
+/// The layout of a block of text.
 struct MarkupBlock {
     enum class Alignment { Left, Center, Right };
     bool wraps = false;
@@ -29,22 +29,21 @@ struct MarkupRun {
 ///   <Bold>...</Bold>
 ///   <LineBreak/>
 ///   <Hyperlink Click='Operation'>...</Hyperlink>
-///   <TextBlock TextWrapping='Wrap' TextAlignment='Right' FontSize='12'>...</TextBlock>: a block that stands
-///   on
-///       lines of its own; a block within another one has that one's attributes where it names none
-///   <![CDATA[...]]>: text as it stands
-/// Carriage returns and line feeds end lines, too. Attributes that are not known are passed over.
+///   <TextBlock TextWrapping='Wrap' TextAlignment='Right' FontSize='12'>...</TextBlock>:
+///       a block on lines of its own; a block within another one inherits the attributes that it does not set
+///   <![CDATA[...]]>: plain text
+/// Carriage returns and line feeds end lines, too. Unknown attributes are ignored.
 ///
-/// Texts are filled with names that users typed, which nobody may have made safe. So there are no character
-/// references, and whatever is no complete markup of these kinds is text: "A < B & <x>", a "<Bold>" that
+/// Texts are filled with names that users typed, usually without escaping. So there are no character
+/// references, and everything that is not complete markup of these kinds is text: "A < B & <x>", a "<Bold>" that
 /// nothing closes, a "<Bold>" within bold text, a "</Bold>" too many, a "<Hyperlink>" without its operation.
 std::vector<MarkupRun> parseMarkup(std::string_view markup);
 
 /// The text without its markup, lines ended by "\n".
 std::string plainText(std::string_view markup);
 
-/// Markup that shows the text as it stands, whatever it holds. To be used wherever a text of a user goes
-/// between tags; it must not be put into a tag's attributes.
+/// Markup that shows the text unchanged, whatever it contains. Use it wherever a text that a user typed is
+/// put between tags; it must not be put into a tag's attributes.
 std::string asMarkupText(std::string_view text);
 
 }  // namespace tsln

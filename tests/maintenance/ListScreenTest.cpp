@@ -306,7 +306,11 @@ TEST(ListScreen, TheDeleteKeyAsksAndTheButtonDoesNot) {
 
 TEST(ListScreen, AClosedRecordsetGivesNoRowsAndAMissingConnectionIsReported) {
     ChargesStage closed;
-    closed.host->on("CurrentCompanyConn.Execute.State", Variant(0));
+    closed.host->on("CurrentCompanyConn.Execute", Variant(ObjectPtr()));
+    closed.run([](ListScreen& list) {
+        EXPECT_EQ(list.rptItems.recordCount(), 0U);
+        EXPECT_TRUE(list.cmdClose.enabled());
+    });
     ChargesStage none;
     none.host->on("CurrentCompanyConn", Variant(ObjectPtr()));
     none.run([](ListScreen& list) {
