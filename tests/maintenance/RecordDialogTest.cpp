@@ -149,6 +149,50 @@ TEST(RecordDialog, OkCancelAndCloseBoxAreDisabledWhileSaving) {
     EXPECT_EQ(stage.host->callsOf("ShowAndLogErrorMessage").size(), 1U);
 }
 
+const RecordDescription member{
+    .table = "Members",
+    .newCaption = "New Member",
+    .editCaption = "Edit Member",
+    .fields = fields::join(
+        fields::date("dtHired", "&Hired:", "Hired", "<h>").required("You must enter the date of hire."),
+        fields::date("dtLeft", "&Left:", "LeftOn", "<l>"),
+        fields::password("txtSecret", "&Password:", "Secret", "<p>")),
+};
+
+class MemberDialog : public RecordDialog {
+  public:
+    explicit MemberDialog(Library& library) : RecordDialog(library, "frmMember", member) {}
+};
+
+TEST(RecordDialog, DatesAreConvertedByTheHostAndPasswordsAreKeptAsTyped) {
+    Stage stage;
+    stage.host->rows("SELECT * FROM Members WHERE ID = 3",
+                     "<Records><Record><Hired>2011-03-04T00:00:00</Hired><LeftOn>2020-12-31T00:00:00</LeftOn>"
+                     "<Secret>old</Secret></Record></Records>");
+    stage.host->on("FixDateForSQLInsert", [](Arguments a) { return Variant("ISO " + a[0].toText()); });
+    stage.desktop.user<MemberDialog>("frmMember", [](MemberDialog& dialog) {
+        auto& hired = dynamic_cast<DateBox&>(*dialog.control("dtHired"));
+        auto& left = dynamic_cast<DateBox&>(*dialog.control("dtLeft"));
+        EXPECT_EQ(hired.text(), "3/4/2011");
+        EXPECT_EQ(left.text(), "12/31/2020");
+        EXPECT_TRUE(dialog.textBox("txtSecret").password);
+        dialog.textBox("txtSecret").userType(" O'Hara ");
+        left.userPick(std::nullopt);
+        hired.userType("none");
+        dialog.cmdOK.userPress();
+        EXPECT_EQ(dialog.focusedControl(), &hired);
+        hired.userType("5/6/2012");
+        dialog.cmdOK.userPress();
+    });
+    openRecord(
+        *stage.library, "frmMember", [&] { return std::make_shared<MemberDialog>(*stage.library); }, 3);
+    EXPECT_THAT(stage.desktop.boxes, ElementsAre(Box{"You must enter the date of hire.", MessageButtons::Ok,
+                                                     MessageIcon::Exclamation}));
+    EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"),
+                ElementsAre("UPDATE Members SET Hired = 'ISO 5/6/2012', LeftOn = NULL, Secret = ' O''Hara ' "
+                            "WHERE ID = 3"));
+}
+
 TEST(RecordDialog, AClosedRecordsetIsShownLikeAMissingRow) {
     for (const bool closed : {false, true}) {
         SampleStage stage;
