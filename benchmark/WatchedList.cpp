@@ -6,9 +6,9 @@
 namespace tsln::bench {
 namespace {
 
-desktop::ReportList* findList(const wxWindowList& windows) {
+desktop::ReportGrid* findList(const wxWindowList& windows) {
     for (wxWindow* window : windows) {
-        if (auto* list = dynamic_cast<desktop::ReportList*>(window)) return list;
+        if (auto* list = dynamic_cast<desktop::ReportGrid*>(window)) return list;
         if (auto* list = findList(window->GetChildren())) return list;
     }
     return nullptr;
@@ -17,14 +17,14 @@ desktop::ReportList* findList(const wxWindowList& windows) {
 }  // namespace
 
 WatchedList::Moments WatchedList::open(Library& library, std::optional<std::size_t> mostID,
-                                       const std::function<void(desktop::ReportList&)>& whileOpen) {
+                                       const std::function<void(desktop::ReportGrid&)>& whileOpen) {
     const Clock::time_point started = Clock::now();
     WatchedList screen(library, mostID);
     screen.moments_.started = started;
     bool drawn = false;
     const auto onIdle = [&](wxIdleEvent& event) {
         event.Skip();
-        desktop::ReportList* const list = screen.loaded_ ? findList(wxTopLevelWindows) : nullptr;
+        desktop::ReportGrid* const list = screen.loaded_ ? findList(wxTopLevelWindows) : nullptr;
         if (!list || drawn) return;
         drawn = true;
         list->rowsWindow().Update();

@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "benchmark/BenchList.h"
-#include "desktop/ReportList.h"
+#include "desktop/ReportGrid.h"
 #include "lists/Lists.h"
 
 namespace tsln::bench {
@@ -31,7 +31,7 @@ class WatchedList : public BenchList {
 
     /// Opens the list, calls `whileOpen` once its rows are drawn, and closes it.
     static Moments open(Library& library, std::optional<std::size_t> mostID,
-                        const std::function<void(desktop::ReportList&)>& whileOpen = nullptr);
+                        const std::function<void(desktop::ReportGrid&)>& whileOpen = nullptr);
 
     Layout layout() override;
 

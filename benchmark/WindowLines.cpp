@@ -24,12 +24,11 @@ struct Stage {
 
 /// Returns the seconds of actions on rows all over the list; each one is drawn before the next begins.
 template <class Act>
-double secondsOfActs(desktop::ReportList& list, const Act& act) {
+double secondsOfActs(desktop::ReportGrid& list, std::size_t rows, const Act& act) {
     return secondsOf(
         [&] {
             for (int i = 0; i < steps; ++i) {
-                act(static_cast<long>((static_cast<long long>(i) * 7919 + 13) % 100 * list.GetItemCount() /
-                                      100));
+                act((static_cast<std::size_t>(i) * 7919 + 13) % 100 * rows / 100);
                 wxEventLoopBase::GetActive()->YieldFor(wxEVT_CATEGORY_ALL);
                 list.rowsWindow().Update();
             }
@@ -43,9 +42,9 @@ void measureActs(const Settings& settings, Report& report, Library& library) {
     for (int round = 0; round < 7; ++round) {
         double scroll[2] = {}, select[2] = {};
         for (int i = 0; i < 2; ++i) {
-            WatchedList::open(library, sizes[i], [&](desktop::ReportList& list) {
-                scroll[i] = secondsOfActs(list, [&](long row) { list.EnsureVisible(row); });
-                select[i] = secondsOfActs(list, [&](long row) { list.goTo(static_cast<std::size_t>(row)); });
+            WatchedList::open(library, sizes[i], [&](desktop::ReportGrid& list) {
+                scroll[i] = secondsOfActs(list, sizes[i], [&](std::size_t row) { list.bringIntoView(row); });
+                select[i] = secondsOfActs(list, sizes[i], [&](std::size_t row) { list.goTo(row); });
             });
         }
         scrolling.push_back(scroll[1] / scroll[0]);

@@ -1,11 +1,10 @@
-#include <algorithm>
-
-#include <wx/listctrl.h>
+#include <wx/dataview.h>
 #include <wx/panel.h>
 #include <wx/settings.h>
 #include <wx/sizer.h>
 
 #include "desktop/ControlView.h"
+#include "desktop/NativeGrid.h"
 #include "desktop/Text.h"
 #include "screens/CheckList.h"
 
@@ -23,8 +22,8 @@ class CheckListView : public ControlView {
         : ControlView(dialog, control),
           control_(control),
           border_(new wxPanel(parent)),
-          list_(new wxListCtrl(border_, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                               wxLC_REPORT | wxLC_SINGLE_SEL | wxBORDER_NONE)) {
+          list_(new wxDataViewListCtrl(border_, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                                       wxDV_SINGLE | wxBORDER_NONE)) {
         setWindow(border_);
         border_->SetMinSize(border_->FromDIP(wxSize(wide() * 2 / 3, leastHigh)));
         // The other lists have this border line, too.
@@ -32,21 +31,22 @@ class CheckListView : public ControlView {
         auto* sizer = new wxBoxSizer(wxVERTICAL);
         sizer->Add(list_, wxSizerFlags(1).Expand().Border(wxALL, 1));
         border_->SetSizer(sizer);
-        list_->EnableCheckBoxes();
+        list_->AppendToggleColumn("", wxDATAVIEW_CELL_ACTIVATABLE, list_->FromDIP(tickRoom), wxALIGN_CENTRE,
+                                  0);
         for (const CheckList::Column& column : control.columns) {
-            const bool first = list_->GetColumnCount() == 0;
-            list_->AppendColumn(toWx(column.caption),
-                                column.rightAligned ? wxLIST_FORMAT_RIGHT : wxLIST_FORMAT_LEFT,
-                                list_->FromDIP(column.width + (first ? tickRoom : 0)));
+            list_->AppendTextColumn(toWx(column.caption), wxDATAVIEW_CELL_INERT, list_->FromDIP(column.width),
+                                    column.rightAligned ? wxALIGN_RIGHT : wxALIGN_LEFT,
+                                    wxDATAVIEW_COL_RESIZABLE);
         }
-        list_->Bind(wxEVT_LIST_ITEM_CHECKED, [this](wxListEvent& e) { ticked(e.GetIndex(), true); });
-        list_->Bind(wxEVT_LIST_ITEM_UNCHECKED, [this](wxListEvent& e) { ticked(e.GetIndex(), false); });
-        list_->Bind(wxEVT_LIST_ITEM_ACTIVATED, [this](wxListEvent& e) { toggle(e.GetIndex()); });
-        list_->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
-            event.Skip();
-            list_->CallAfter([this] { stretchLastColumn(); });
+        if (!control.columns.empty()) takeRemainingWidth(*list_->GetColumn(list_->GetColumnCount() - 1));
+        list_->Bind(wxEVT_DATAVIEW_ITEM_VALUE_CHANGED, [this](wxDataViewEvent& event) {
+            if (showing_ || event.GetColumn() != 0) return;
+            const int row = list_->ItemToRow(event.GetItem());
+            if (row != wxNOT_FOUND) report(row, list_->GetToggleValue(static_cast<unsigned>(row), 0));
         });
-        list_->Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent& event) {
+        list_->Bind(wxEVT_DATAVIEW_ITEM_ACTIVATED,
+                    [this](wxDataViewEvent& event) { toggle(list_->ItemToRow(event.GetItem())); });
+        list_->GetMainWindow()->Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent& event) {
             event.Skip();
             focusFirst();
         });
@@ -60,7 +60,7 @@ class CheckListView : public ControlView {
     bool takesKey(const wxKeyEvent& key) override {
         if (key.GetKeyCode() != WXK_SPACE || key.HasAnyModifiers()) return false;
         focusFirst();
-        toggle(list_->GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_FOCUSED));
+        toggle(list_->ItemToRow(list_->GetCurrentItem()));
         return true;
     }
 
@@ -72,31 +72,19 @@ class CheckListView : public ControlView {
         return all;
     }
 
-    void stretchLastColumn() {
-        const int last = list_->GetColumnCount() - 1;
-        if (last < 0) return;
-        int others = 0;
-        for (int c = 0; c < last; ++c)
-            others += list_->GetColumnWidth(c);
-        const int own = list_->FromDIP(control_.columns.back().width + (last == 0 ? tickRoom : 0));
-        list_->SetColumnWidth(last, std::max(own, list_->GetClientSize().x - others));
-    }
-
     /// Focuses the first row when none is focused: Space and the arrow keys need a focused row.
     void focusFirst() {
-        if (list_->GetItemCount() == 0) return;
-        if (list_->GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_FOCUSED) >= 0) return;
-        constexpr long both = wxLIST_STATE_FOCUSED | wxLIST_STATE_SELECTED;
-        list_->SetItemState(0, both, both);
+        if (list_->GetItemCount() == 0 || list_->GetCurrentItem().IsOk()) return;
+        list_->SelectRow(0);
+        list_->SetCurrentItem(list_->RowToItem(0));
     }
 
-    void toggle(long item) {
-        if (item >= 0) list_->CheckItem(item, !list_->IsItemChecked(item));
+    void toggle(int row) {
+        if (row != wxNOT_FOUND) report(row, !control_.entries()[static_cast<std::size_t>(row)].ticked);
     }
 
-    void ticked(long item, bool ticked) {
-        if (showing_ || item < 0) return;
-        act([&] { control_.userTick(static_cast<std::size_t>(item), ticked); });
+    void report(int row, bool ticked) {
+        act([&] { control_.userTick(static_cast<std::size_t>(row), ticked); });
     }
 
     void updateContent() override {
@@ -104,23 +92,26 @@ class CheckListView : public ControlView {
         const auto& entries = control_.entries();
         if (static_cast<std::size_t>(list_->GetItemCount()) > entries.size()) list_->DeleteAllItems();
         for (std::size_t i = 0; i < entries.size(); ++i)
-            showEntry(static_cast<long>(i), entries[i]);
+            showEntry(static_cast<unsigned>(i), entries[i]);
         showing_ = false;
     }
 
-    void showEntry(long item, const CheckList::Entry& entry) {
-        if (item >= list_->GetItemCount()) list_->InsertItem(item, wxString());
-        for (std::size_t c = 0; c < entry.cells.size(); ++c) {
-            const wxString text = toWx(entry.cells[c]);
-            const int column = static_cast<int>(c);
-            if (list_->GetItemText(item, column) != text) list_->SetItem(item, column, text);
+    void showEntry(unsigned row, const CheckList::Entry& entry) {
+        wxVector<wxVariant> cells;
+        cells.push_back(entry.ticked);
+        for (std::size_t c = 0; c < control_.columns.size(); ++c)
+            cells.push_back(c < entry.cells.size() ? toWx(entry.cells[c]) : wxString());
+        if (row >= static_cast<unsigned>(list_->GetItemCount())) return list_->AppendItem(cells);
+        for (unsigned c = 0; c < cells.size(); ++c) {
+            wxVariant shown;
+            list_->GetValue(shown, row, c);
+            if (shown != cells[c]) list_->SetValue(cells[c], row, c);
         }
-        if (list_->IsItemChecked(item) != entry.ticked) list_->CheckItem(item, entry.ticked);
     }
 
     CheckList& control_;
     wxPanel* border_;
-    wxListCtrl* list_;
+    wxDataViewListCtrl* list_;
     bool showing_ = false;
 };
 

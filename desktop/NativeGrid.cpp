@@ -1,5 +1,6 @@
 #include "desktop/NativeGrid.h"
 
+#include <algorithm>
 #include <utility>
 
 #include <wx/textctrl.h>
@@ -135,9 +136,50 @@ void showSortArrow(wxDataViewCtrl& grid, const wxDataViewColumn* column, bool as
     }
 }
 
+void allowSeveral(wxDataViewCtrl& grid, bool several) {
+    gtk_tree_selection_set_mode(gtk_tree_view_get_selection(treeOf(grid)),
+                                several ? GTK_SELECTION_MULTIPLE : GTK_SELECTION_SINGLE);
+}
+
 void selectOnly(wxDataViewCtrl& grid, const wxDataViewItem&, unsigned row, const wxDataViewColumn* column) {
+    allowSeveral(grid, false);
     GtkTreePath* const path = gtk_tree_path_new_from_indices(static_cast<int>(row), -1);
     gtk_tree_view_set_cursor(treeOf(grid), path, column ? handleOf(*column) : nullptr, FALSE);
+    gtk_tree_path_free(path);
+}
+
+void scrollTo(wxDataViewCtrl& grid, const wxDataViewItem& item, unsigned row) {
+    GtkTreeView* const tree = treeOf(grid);
+    GdkRectangle area{};
+    if (gtk_widget_get_mapped(GTK_WIDGET(tree))) {
+        GtkTreePath* const path = gtk_tree_path_new_from_indices(static_cast<int>(row), -1);
+        gtk_tree_view_get_background_area(tree, path, nullptr, &area);
+        gtk_tree_path_free(path);
+    }
+    if (area.height == 0)
+        return grid.EnsureVisible(item);  // no place yet; the toolkit scrolls when it has one
+    int top = 0;
+    gtk_tree_view_convert_bin_window_to_tree_coords(tree, 0, area.y, nullptr, &top);
+    GtkAdjustment* const scrolling = gtk_scrollable_get_vadjustment(GTK_SCROLLABLE(tree));
+    const double last = top + area.height - gtk_adjustment_get_page_size(scrolling);
+    gtk_adjustment_set_value(scrolling, std::clamp(gtk_adjustment_get_value(scrolling),
+                                                   std::min<double>(last, top), static_cast<double>(top)));
+}
+
+VisibleRows visibleRows(const wxDataViewCtrl& grid) {
+    GtkTreePath* first = nullptr;
+    GtkTreePath* last = nullptr;
+    if (!gtk_tree_view_get_visible_range(treeOf(const_cast<wxDataViewCtrl&>(grid)), &first, &last)) return {};
+    const VisibleRows rows{static_cast<unsigned>(gtk_tree_path_get_indices(first)[0]),
+                           static_cast<unsigned>(gtk_tree_path_get_indices(last)[0]) + 1};
+    gtk_tree_path_free(first);
+    gtk_tree_path_free(last);
+    return rows;
+}
+
+void scrollBackTo(wxDataViewCtrl& grid, unsigned firstRow) {
+    GtkTreePath* const path = gtk_tree_path_new_from_indices(static_cast<int>(firstRow), -1);
+    gtk_tree_view_scroll_to_cell(treeOf(grid), path, nullptr, TRUE, 0, 0);
     gtk_tree_path_free(path);
 }
 
@@ -229,11 +271,26 @@ void showSortArrow(wxDataViewCtrl& grid, const wxDataViewColumn* column, bool as
     }
 }
 
+void allowSeveral(wxDataViewCtrl&, bool) {}  // the toolkit keeps the selected rows only
+
 void selectOnly(wxDataViewCtrl& grid, const wxDataViewItem& item, unsigned, const wxDataViewColumn*) {
     grid.UnselectAll();
     grid.Select(item);
     grid.SetCurrentItem(item);
 }
+
+void scrollTo(wxDataViewCtrl& grid, const wxDataViewItem& item, unsigned) {
+    grid.EnsureVisible(item);
+}
+
+VisibleRows visibleRows(const wxDataViewCtrl& grid) {
+    const wxDataViewItem top = grid.GetTopItem();
+    if (!top.IsOk()) return {};
+    const unsigned first = static_cast<const wxDataViewVirtualListModel*>(grid.GetModel())->GetRow(top);
+    return {first, first + static_cast<unsigned>(std::max(grid.GetCountPerPage(), 0))};
+}
+
+void scrollBackTo(wxDataViewCtrl&, unsigned) {}  // the toolkit keeps its position
 
 std::optional<unsigned> rowAt(const wxDataViewCtrl& grid, const wxPoint& point) {
     wxDataViewItem item;

@@ -56,9 +56,23 @@ class Striped : public Renderer {
 void onHeaderClick(wxDataViewCtrl& grid, std::function<void(unsigned column)> clicked);
 /// Draws the arrow of the sort order; a null column draws none.
 void showSortArrow(wxDataViewCtrl& grid, const wxDataViewColumn* column, bool ascending);
+/// Lets the next keys and clicks select several rows, or one. Where several can be selected, the toolkit walks
+/// through all rows for each selection; so only acts with Ctrl or Shift are prepared for it.
+void allowSeveral(wxDataViewCtrl& grid, bool several);
 /// Selects just this row and gives it the keyboard, so that Shift extends the selection from there.
 void selectOnly(wxDataViewCtrl& grid, const wxDataViewItem& item, unsigned row,
                 const wxDataViewColumn* column);
+/// Scrolls a row into view at once, without the toolkit's animation, which other changes of the rows would stop
+/// half-way.
+void scrollTo(wxDataViewCtrl& grid, const wxDataViewItem& item, unsigned row);
+/// The rows that are wholly or partly in view: the first one and the one after the last; equal when there are none.
+struct VisibleRows {
+    unsigned first = 0, end = 0;
+    bool contains(std::size_t row) const { return row >= first && row < end; }
+};
+VisibleRows visibleRows(const wxDataViewCtrl& grid);
+/// After the rows were replaced: scrolls so that this row is the first in view, where the toolkit does not keep it.
+void scrollBackTo(wxDataViewCtrl& grid, unsigned firstRow);
 /// The row at a point of the data view's client area, if there is one.
 std::optional<unsigned> rowAt(const wxDataViewCtrl& grid, const wxPoint& point);
 /// The width a column was given by the program or the user, without the width added by stretching.

@@ -1,9 +1,10 @@
+#include <wx/dataview.h>
 #include <wx/panel.h>
-#include <wx/propgrid/propgrid.h>
 #include <wx/settings.h>
 #include <wx/sizer.h>
 
 #include "desktop/ControlView.h"
+#include "desktop/NativeGrid.h"
 #include "desktop/Text.h"
 #include "screens/PropertyGrid.h"
 
@@ -14,78 +15,114 @@ constexpr int leastWidth = 260;  // pixels at 96 per inch
 constexpr int leastHeight = 140;
 constexpr int firstWidth = 360;
 constexpr int firstHeight = 300;
+constexpr int captionWidth = 180;
+
+/// Hands the grid's items to the toolkit's tree, which knows each by its index plus one.
+class ItemModel : public wxDataViewModel {
+  public:
+    explicit ItemModel(const PropertyGrid& grid) : grid_(&grid) {}
+    /// The grid is being destroyed.
+    void detach() { grid_ = nullptr; }
+
+    static wxDataViewItem itemAt(std::size_t index) {
+        return wxDataViewItem(reinterpret_cast<void*>(index + 1));
+    }
+    wxDataViewItem parentOf(std::size_t index) const {
+        const auto& parent = grid_->items()[index].parent;
+        return parent ? itemAt(*parent) : wxDataViewItem();
+    }
+    /// The first `count` items are those that the tree knows.
+    void show(std::size_t count) { shown_ = count; }
+
+  private:
+    const PropertyGrid::Item* find(const wxDataViewItem& item) const {
+        const auto index = reinterpret_cast<std::size_t>(item.GetID()) - 1;
+        return grid_ && item.IsOk() && index < grid_->items().size() ? &grid_->items()[index] : nullptr;
+    }
+
+    void GetValue(wxVariant& value, const wxDataViewItem& item, unsigned column) const override {
+        const PropertyGrid::Item* const found = find(item);
+        value = found ? toWx(column == 0 ? found->caption : found->value) : wxString();
+    }
+    bool SetValue(const wxVariant&, const wxDataViewItem&, unsigned) override { return false; }
+    bool GetAttr(const wxDataViewItem& item, unsigned, wxDataViewItemAttr& attr) const override {
+        if (!IsContainer(item)) return false;
+        attr.SetBold(true);
+        return true;
+    }
+    wxDataViewItem GetParent(const wxDataViewItem& item) const override {
+        const PropertyGrid::Item* const found = find(item);
+        return found && found->parent ? itemAt(*found->parent) : wxDataViewItem();
+    }
+    bool IsContainer(const wxDataViewItem& item) const override {
+        const PropertyGrid::Item* const found = find(item);
+        return !item.IsOk() || (found && found->isCategory);
+    }
+    unsigned GetChildren(const wxDataViewItem& item, wxDataViewItemArray& children) const override {
+        for (std::size_t i = 0; grid_ && i < shown_; ++i) {
+            if (parentOf(i) == item) children.push_back(itemAt(i));
+        }
+        return static_cast<unsigned>(children.size());
+    }
+
+    const PropertyGrid* grid_;
+    std::size_t shown_ = 0;
+};
 
 class PropertyGridView : public ControlView {
   public:
     PropertyGridView(ScreenDialog& dialog, wxWindow* parent, PropertyGrid& grid)
         : ControlView(dialog, grid),
           grid_(grid),
+          model_(new ItemModel(grid)),
           border_(new wxPanel(parent)),
-          window_(new wxPropertyGrid(border_, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                                     wxPG_SPLITTER_AUTO_CENTER | wxPG_TOOLTIPS | wxBORDER_NONE)) {
+          tree_(new wxDataViewCtrl(border_, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                                   wxDV_SINGLE | wxBORDER_NONE)) {
         setWindow(border_);
         border_->SetMinSize(border_->FromDIP(wxSize(leastWidth, leastHeight)));
         border_->SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_3DSHADOW));
         auto* sizer = new wxBoxSizer(wxVERTICAL);
-        sizer->Add(window_, wxSizerFlags(1).Expand().Border(wxALL, 1));
+        sizer->Add(tree_, wxSizerFlags(1).Expand().Border(wxALL, 1));
         border_->SetSizer(sizer);
-        window_->SetExtraStyle(wxPG_EX_HELP_AS_TOOLTIPS);
-        window_->SetCaptionTextColour(window_->GetCellTextColour());  // the toolkit's grey is hard to read
+        tree_->AssociateModel(model_.get());
+        wxDataViewColumn* const captions = tree_->AppendTextColumn(
+            "Property", 0, wxDATAVIEW_CELL_INERT, tree_->FromDIP(captionWidth), wxALIGN_LEFT);
+        wxDataViewColumn* const values = tree_->AppendTextColumn("Value", 1, wxDATAVIEW_CELL_INERT,
+                                                                 tree_->FromDIP(captionWidth), wxALIGN_LEFT);
+        for (wxDataViewColumn* column : {captions, values})
+            column->GetRenderer()->EnableEllipsize(wxELLIPSIZE_END);
+        tree_->SetExpanderColumn(captions);
+        takeRemainingWidth(*values);
     }
+    ~PropertyGridView() override { model_->detach(); }
 
-    wxWindow& inputWindow() const override { return *window_; }
+    wxWindow& inputWindow() const override { return *tree_; }
     bool growsWide() const override { return true; }
     bool growsHigh() const override { return true; }
     wxSize preferredSize() const override { return border_->FromDIP(wxSize(firstWidth, firstHeight)); }
-
-    /// On one platform the toolkit's grid handles Tab itself and keeps the focus.
-    bool takesKey(const wxKeyEvent& key) override {
-        if (key.GetKeyCode() != WXK_TAB || (key.GetModifiers() & ~wxMOD_SHIFT) != 0) return false;
-        border_->Navigate(key.ShiftDown() ? wxNavigationKeyEvent::IsBackward
-                                          : wxNavigationKeyEvent::IsForward);
-        return true;
-    }
 
   private:
     void updateContent() override {
         if (clearings_ != grid_.clearings()) {
             clearings_ = grid_.clearings();
-            window_->Clear();
-            shown_.clear();
+            shown_ = 0;
+            model_->show(0);
+            model_->Cleared();
         }
-        if (shown_.size() == grid_.items().size()) return;
-        window_->Freeze();
-        while (shown_.size() < grid_.items().size())
-            append(grid_.items()[shown_.size()]);
-        window_->Thaw();
-    }
-
-    void append(const PropertyGrid::Item& item) {
-        const wxString caption = toWx(item.caption);
-        // The toolkit finds properties by name, so each needs a unique name.
-        const wxString name = wxString::Format("%zu", shown_.size());
-        wxPGProperty* property = nullptr;
-        if (item.isCategory) {
-            property = new wxPropertyCategory(caption, name);
-        } else {
-            property = new wxStringProperty(caption, name, toWx(item.value));
+        while (shown_ < grid_.items().size()) {
+            const std::size_t index = shown_++;
+            const wxDataViewItem item = ItemModel::itemAt(index), parent = model_->parentOf(index);
+            model_->show(shown_);
+            model_->ItemAdded(parent, item);
+            if (parent.IsOk()) tree_->Expand(parent);
         }
-        if (item.parent) {
-            window_->AppendIn(shown_[*item.parent], property);
-        } else {
-            window_->Append(property);
-        }
-        if (!item.isCategory) {
-            property->ChangeFlag(wxPG_PROP_READONLY, true);
-            property->SetHelpString(toWx(item.value));  // the tool tip of a value too long for its column
-        }
-        shown_.push_back(property);
     }
 
     PropertyGrid& grid_;
+    wxObjectDataPtr<ItemModel> model_;
     wxPanel* border_;
-    wxPropertyGrid* window_;
-    std::vector<wxPGProperty*> shown_;  // by item
+    wxDataViewCtrl* tree_;
+    std::size_t shown_ = 0;  // of the grid's items
     int clearings_ = 0;
 };
 

@@ -1,6 +1,7 @@
 #include "desktop/ReportGrid.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include <wx/settings.h>
@@ -17,10 +18,23 @@ using Kind = ReportColumn::Kind;
 constexpr int typingPause = 150;         // milliseconds without a change, after which new rows are shown
 constexpr std::size_t manyRows = 10000;  // fewer are shown at once
 
-/// The background of every other row, which makes rows easier to follow.
+/// The background of every other row, which makes rows easier to follow: the theme's own with a touch of its text's
+/// colour, so that a text is readable on it in every theme.
 wxColour stripeColour() {
     const wxColour plain = wxSystemSettings::GetColour(wxSYS_COLOUR_LISTBOX);
-    return plain.ChangeLightness(plain.GetLuminance() > 0.5 ? 97 : 110);
+    const wxColour text = wxSystemSettings::GetColour(wxSYS_COLOUR_LISTBOXTEXT);
+    constexpr double touch = 0.04;
+    return {wxColour::AlphaBlend(text.Red(), plain.Red(), touch),
+            wxColour::AlphaBlend(text.Green(), plain.Green(), touch),
+            wxColour::AlphaBlend(text.Blue(), plain.Blue(), touch)};
+}
+
+/// Whether the key moves the focus from row to row.
+bool moves(int key) {
+    constexpr int keys[] = {WXK_UP,          WXK_DOWN,       WXK_HOME,          WXK_END,
+                            WXK_PAGEUP,      WXK_PAGEDOWN,   WXK_NUMPAD_UP,     WXK_NUMPAD_DOWN,
+                            WXK_NUMPAD_HOME, WXK_NUMPAD_END, WXK_NUMPAD_PAGEUP, WXK_NUMPAD_PAGEDOWN};
+    return std::ranges::find(keys, key) != std::end(keys);
 }
 
 }  // namespace
@@ -147,6 +161,7 @@ void ReportGrid::bindEvents() {
     rowsWindow().Bind(wxEVT_LEFT_DOWN, [this, entered](wxMouseEvent& event) {
         entered(event);
         tabbing_ = false;
+        allowSeveral(*this, event.ShiftDown() || event.ControlDown());
     });
     refill_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { refill(); });
 #ifndef __WXGTK__
@@ -273,6 +288,7 @@ void ReportGrid::refill() {
     acceptEdit();
     quiet_ = true;
     const wxDataViewColumn* const column = GetCurrentColumn();
+    const VisibleRows inView = visibleRows(*this);
     groups_.count();
     model_->Reset(static_cast<unsigned>(report_.rowCount()));
     showSortOrder();  // which the toolkit takes for the order of the rows before
@@ -282,6 +298,7 @@ void ReportGrid::refill() {
         selectOnly(*this, itemOf(*focused), static_cast<unsigned>(*focused), column);
     quiet_ = false;
     showSelection();
+    if (report_.focusedRow() && inView.contains(*report_.focusedRow())) scrollBackTo(*this, inView.first);
 }
 
 void ReportGrid::showSortOrder() {
@@ -295,15 +312,17 @@ void ReportGrid::showSelection() {
     if (selection() == wanted && (!focused || focused == focusedRow())) return;
     quiet_ = true;
     if (focused) selectOnly(*this, itemOf(*focused), static_cast<unsigned>(*focused), GetCurrentColumn());
-    if (!wanted.empty() && wanted.size() == report_.rowCount()) {
+    const bool onlyFocused = focused && wanted == std::vector{*focused};
+    if (!onlyFocused) allowSeveral(*this, true);
+    if (!onlyFocused && wanted.size() == report_.rowCount()) {
         SelectAll();
-    } else if (!focused || wanted.size() != 1 || wanted.front() != *focused) {
+    } else if (!onlyFocused) {
         wxDataViewItemArray items;
         for (const std::size_t row : wanted)
             items.push_back(itemOf(row));
         SetSelections(items);
     }
-    if (focused) EnsureVisible(itemOf(*focused));
+    if (focused) bringIntoView(*focused);
     quiet_ = false;
 }
 
@@ -330,7 +349,7 @@ std::optional<std::size_t> ReportGrid::focusedRow() const {
 
 void ReportGrid::goTo(std::size_t row) {
     selectOnly(*this, itemOf(row), static_cast<unsigned>(row), GetCurrentColumn());
-    EnsureVisible(itemOf(row));
+    bringIntoView(row);
 }
 
 std::optional<std::size_t> ReportGrid::rowAt(const wxPoint& onScreen) const {
@@ -365,6 +384,8 @@ std::optional<Cell> ReportGrid::currentCell() const {
 bool ReportGrid::takesKey(const wxKeyEvent& key) {
     if (refillPending()) refill();
     const int code = key.GetKeyCode();
+    const bool extends = key.ShiftDown() || key.ControlDown();
+    if (extends || moves(code)) allowSeveral(*this, extends);
     if (code == WXK_TAB && (isEditing() || tabbing_)) {
         const bool backwards = key.ShiftDown();
         if (key.GetModifiers() == (backwards ? wxMOD_SHIFT : wxMOD_NONE)) return moveOn(backwards);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <vector>
 
 #include <wx/dataview.h>
@@ -7,35 +9,56 @@
 
 #include "desktop/NativeGrid.h"
 #include "desktop/ReportTexts.h"
-#include "desktop/ReportWindow.h"
 
 namespace tsln::desktop {
 
-/// The window of a report control whose cells are edited in place.
+/// The window of a report control's rows. It draws from the control and reports what the user does through
+/// `events`, which are set before the first showReport().
 ///
-/// F2, Enter or typing edit the cell of the focused row that the arrow keys have moved to, Tab goes on to the
-/// next one; Space ticks. The toolkit's cost of new rows grows with their number, so while the user types
-/// elsewhere, for instance into a filter, changed rows are shown when the typing pauses.
-class ReportGrid : public wxDataViewCtrl, public ReportWindow {
+/// Cells of editable columns are edited in place: F2, Enter or typing edit the cell of the focused row that the
+/// arrow keys have moved to, Tab goes on to the next one; Space ticks. The toolkit's cost of new rows grows with
+/// their number, so while the user types elsewhere, for instance into a filter, changed rows are shown when the
+/// typing pauses. Screen readers see the toolkit's rows, cells and headers.
+class ReportGrid : public wxDataViewCtrl {
   public:
     ReportGrid(wxWindow* parent, ReportControl& report);
     ~ReportGrid() override;
 
-    wxWindow& window() override { return *this; }
-    wxWindow& rowsWindow() const override;
-    void showReport() override;
-    void settle() override;
+    struct Events {
+        std::function<void()> selection;  ///< the selection or the focused row may have changed
+        std::function<void(std::size_t row)> activated;
+        std::function<void(std::size_t column)> headerClicked;
+        std::function<void(const wxPoint& onScreen)> contextMenu;    ///< asked for by the pointer
+        std::function<void(const std::function<void()>& what)> act;  ///< reports another act to the control
+    };
+    Events events;
 
-    std::vector<std::size_t> selection() const override;
-    std::optional<std::size_t> focusedRow() const override;
-    void goTo(std::size_t row) override;
-    std::optional<std::size_t> rowAt(const wxPoint& onScreen) const override;
-    std::optional<wxPoint> belowRow(std::size_t row) const override;
-    int naturalWidth() const override { return desktop::naturalWidth(*this, report_); }
+    /// The inner window that holds the rows and takes the input.
+    wxWindow& rowsWindow() const;
+    /// Shows the control's columns, rows, selection, focus and sort order. Sends the same events as the user's
+    /// own actions; the caller has to ignore them.
+    void showReport();
+    /// Passes the user's column order and widths and the text of an open editor to the control.
+    void settle();
 
-    bool isEditing() const override { return editor_.isOpen(); }
-    bool takesKey(const wxKeyEvent& key) override;
-    bool takesLetter(const wxString& letter) override;
+    std::vector<std::size_t> selection() const;  ///< ascending
+    std::optional<std::size_t> focusedRow() const;
+    void bringIntoView(std::size_t row) { scrollTo(*this, itemOf(row), static_cast<unsigned>(row)); }
+    /// Selects just this row and brings it into view.
+    void goTo(std::size_t row);
+    /// The row at a point of the screen, if there is one.
+    std::optional<std::size_t> rowAt(const wxPoint& onScreen) const;
+    /// The lower left corner of a row on the screen; nothing when it is not in view.
+    std::optional<wxPoint> belowRow(std::size_t row) const;
+    /// The width at which every column shows its caption whole and has the width it asks for, in pixels.
+    int naturalWidth() const { return desktop::naturalWidth(*this, report_); }
+
+    /// An editor is open in a cell and has the keyboard.
+    bool isEditing() const { return editor_.isOpen(); }
+    /// Handles a key that edits cells. True when the key needs no further handling.
+    bool takesKey(const wxKeyEvent& key);
+    /// Handles a letter typed on the focused row. True when it was entered into a cell.
+    bool takesLetter(const wxString& letter);
 
     /// The cell that keys edit: the column of the focused row that has the focus, or the first one that can
     /// be edited.

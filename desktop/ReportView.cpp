@@ -8,7 +8,6 @@
 
 #include "desktop/ControlView.h"
 #include "desktop/ReportGrid.h"
-#include "desktop/ReportList.h"
 #include "desktop/ScreenDialog.h"
 
 namespace tsln::desktop {
@@ -28,22 +27,22 @@ class ReportView : public ControlView {
         : ControlView(dialog, report),
           report_(report),
           border_(new wxPanel(parent)),
-          rows_(makeWindow(border_, report)) {
+          rows_(*new ReportGrid(border_, report)) {
         setWindow(border_);
         border_->SetMinSize(border_->FromDIP(wxSize(leastWide, leastHigh)));
         // A line in the system's colour; the toolkit's own borders are black or none, depending on the
         // platform.
         border_->SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_3DSHADOW));
         auto* sizer = new wxBoxSizer(wxVERTICAL);
-        sizer->Add(&rows_.window(), wxSizerFlags(1).Expand().Border(wxALL, 1));
+        sizer->Add(&rows_, wxSizerFlags(1).Expand().Border(wxALL, 1));
         border_->SetSizer(sizer);
         bindEvents();
-        bindInput(rows_.window());
-        for (wxWindow* child : rows_.window().GetChildren())
+        bindInput(rows_);
+        for (wxWindow* child : rows_.GetChildren())
             bindInput(*child);
     }
 
-    wxWindow& inputWindow() const override { return rows_.window(); }
+    wxWindow& inputWindow() const override { return rows_; }
     bool growsWide() const override { return true; }
     bool growsHigh() const override { return true; }
 
@@ -62,7 +61,7 @@ class ReportView : public ControlView {
         if (const auto focused = rows_.focusedRow()) {
             if (const auto below = rows_.belowRow(*focused)) return *below;
         }
-        return rows_.window().ClientToScreen(wxPoint(0, 0));
+        return rows_.ClientToScreen(wxPoint(0, 0));
     }
 
     void settle() override {
@@ -109,16 +108,6 @@ class ReportView : public ControlView {
     }
 
   private:
-    /// A list for reading; a grid where cells can be edited. The grid is the toolkit's own tree, which screen
-    /// readers see and which edits in place, but its cost grows with the rows. Measured with GTK, 6 columns,
-    /// 100,000 and 1,000,000 rows: first filling 0.1 s and 0.5 s, refilling 0.1 to 0.2 s and 1.8 s, selecting
-    /// all 0.15 to 0.25 s and 1.9 s; the list takes 2 ms or less for each of them. The data of 100,000 rows
-    /// takes 0.25 s, so the grid would make opening a list half as long again, and sorting it several times.
-    static ReportWindow& makeWindow(wxWindow* parent, ReportControl& report) {
-        if (report.hasEditableColumns()) return *new ReportGrid(parent, report);
-        return *new ReportList(parent, report);
-    }
-
     void updateContent() override {
         showing_ = true;
         rows_.showReport();
@@ -170,7 +159,7 @@ class ReportView : public ControlView {
             .contextMenu = [this](const wxPoint& at) { openContextMenu(at); },
             .act = [this](const std::function<void()>& what) { act(what); },
         };
-        rows_.window().Bind(wxEVT_CONTEXT_MENU, &ReportView::onContextMenu, this);
+        rows_.Bind(wxEVT_CONTEXT_MENU, &ReportView::onContextMenu, this);
     }
 
     void bindInput(wxWindow& window) {
@@ -229,7 +218,7 @@ class ReportView : public ControlView {
 
     ReportControl& report_;
     wxPanel* border_;
-    ReportWindow& rows_;
+    ReportGrid& rows_;
     bool showing_ = false;
     bool unreported_ = false;
     bool reporting_ = false;

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <wx/gauge.h>
-#include <wx/propgrid/propgrid.h>
+#include <wx/dataview.h>
 #include <wx/splitter.h>
 #include <wx/textctrl.h>
 #include <wx/utils.h>
@@ -129,7 +129,15 @@ TEST_F(EveryControlTest, TheKeyboardAloneReachesPanesPagesAndLinks) {
     untilFocused(screen.grd);
     user.then([&] {
         screen.grd.addRow(screen.grd.addCategory("Later"), "Row", "added");
-        EXPECT_EQ(windowOf<wxPropertyGrid>(screen.grd).GetPropertyValueAsString("9"), "added");
+        auto& tree = windowOf<wxDataViewCtrl>(screen.grd);
+        wxDataViewItemArray top, rows;
+        tree.GetModel()->GetChildren({}, top);
+        tree.GetModel()->GetChildren(top.back(), rows);
+        ASSERT_EQ(rows.size(), 1U);
+        EXPECT_TRUE(tree.IsExpanded(top.back()));
+        wxVariant value;
+        tree.GetModel()->GetValue(value, rows.front(), 1);
+        EXPECT_EQ(value.GetString(), "added");
     });
     user.key(WXK_F6);
     untilFocused(screen.rpt);

@@ -2,10 +2,8 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <wx/listctrl.h>
 
 #include "desktop/ReportGrid.h"
-#include "desktop/ReportList.h"
 #include "tests/desktop/Robot.h"
 #include "tests/desktop/Samples.h"
 
@@ -29,16 +27,19 @@ class ReportViewTest : public testing::Test {
   protected:
     WxDesktop desktop{nullptr, ""};
 
-    static ReportList& list(Robot& user, SampleList& screen) {
-        return *dynamic_cast<ReportList*>(user.windowOf(screen.rptItems));
+    static ReportGrid& window(Robot& user, SampleList& screen) {
+        return dynamic_cast<ReportGrid&>(*user.windowOf(screen.rptItems));
     }
-    static ReportWindow& window(Robot& user, SampleList& screen) {
-        return dynamic_cast<ReportWindow&>(*user.windowOf(screen.rptItems));
+    static unsigned rowCount(ReportGrid& grid) { return model(grid).GetCount(); }
+    static wxString text(ReportGrid& grid, unsigned row, unsigned column) {
+        wxVariant value;
+        model(grid).GetValueByRow(value, row, column);
+        return value.GetString();
     }
     /// A point on a row, or where it would be; the list must not be scrolled.
     static Robot::Where onRow(Robot& user, SampleList& screen, int row) {
         return [=, &user, &screen] {
-            wxWindow& rows = window(user, screen).window();
+            wxWindow& rows = window(user, screen);
             const int first = rows.ScreenToClient(*window(user, screen).belowRow(0)).y;
             const int height = rows.ScreenToClient(*window(user, screen).belowRow(1)).y - first;
             return wxPoint(60, first + row * height - height / 2);
@@ -46,6 +47,11 @@ class ReportViewTest : public testing::Test {
     }
     static void untilNoted(Robot& user, SampleList& screen, const std::string& what, std::size_t times = 1) {
         user.until("noted: " + what, [=, &screen] { return screen.count(what) >= times; });
+    }
+
+  private:
+    static wxDataViewVirtualListModel& model(ReportGrid& grid) {
+        return *static_cast<wxDataViewVirtualListModel*>(grid.GetModel());
     }
 };
 
@@ -160,9 +166,7 @@ TEST_P(EitherReportView, DoubleClickOpensAndHeaderSorts) {
         user.pause();
         user.clickAt(screen.rptItems, [] { return wxPoint(230, 12); }).until("sorted", [&, descending] {
             if (screen.rptItems.sortOrder() != ReportControl::SortOrder{1, descending}) return false;
-            if (const auto* shown = dynamic_cast<const ReportList*>(&window(user, screen)))
-                return shown->GetSortIndicator() == 1 && shown->IsAscendingSortIndicator() == !descending;
-            const auto* price = dynamic_cast<ReportGrid&>(window(user, screen)).GetColumn(1);
+            const auto* price = window(user, screen).GetColumn(1);
             return price->IsSortKey() && price->IsSortOrderAscending() == !descending;
         });
     }
@@ -206,15 +210,16 @@ TEST_F(ReportViewTest, GroupRowsAreBoldWithTheirCount) {
     screen.rptItems.populate();
     Robot user(screen);
     user.then([&] {
-        ReportList& shown = list(user, screen);
-        ASSERT_EQ(shown.GetItemCount(), 7);
-        EXPECT_EQ(shown.GetItemText(0, 0), "even (3)");
-        EXPECT_EQ(shown.GetItemText(0, 1), "");
-        EXPECT_EQ(shown.GetItemText(4, 0), "odd (2)");
-        EXPECT_TRUE(shown.GetItemFont(0).GetWeight() >= wxFONTWEIGHT_BOLD);
+        ReportGrid& shown = window(user, screen);
+        ASSERT_EQ(rowCount(shown), 7U);
+        EXPECT_EQ(text(shown, 0, 0), "even (3)");
+        EXPECT_FALSE(shown.GetModel()->HasValue(shown.GetTopItem(), 1));
+        EXPECT_EQ(text(shown, 4, 0), "odd (2)");
+        wxDataViewItemAttr attributes;
+        EXPECT_TRUE(shown.GetModel()->GetAttr(shown.GetTopItem(), 0, attributes) && attributes.GetBold());
         screen.rptItems.groupBy(std::nullopt);
         screen.rptItems.populate();
-        EXPECT_EQ(shown.GetItemCount(), 5);
+        EXPECT_EQ(rowCount(shown), 5U);
     });
     user.key(WXK_ESCAPE).show();
 }
@@ -229,7 +234,7 @@ TEST_F(ReportViewTest, AMillionRowsOpenAndAHundredThousandAreSelected) {
     Robot user(screen);
     user.key('A', wxMOD_CONTROL);
     untilNoted(user, screen, "selection 100000");
-    user.then([&] { EXPECT_EQ(list(user, screen).GetSelectedItemCount(), 100000); });
+    user.then([&] { EXPECT_EQ(window(user, screen).selection().size(), 100000U); });
     user.key(WXK_END, wxMOD_SHIFT).key(WXK_HOME);
     untilNoted(user, screen, "selection 1");
     user.key(WXK_END, wxMOD_SHIFT);
@@ -240,22 +245,25 @@ TEST_F(ReportViewTest, AMillionRowsOpenAndAHundredThousandAreSelected) {
 TEST_F(ReportViewTest, RowsThatGoKeepTheListInPlace) {
     SampleList screen(desktop, 1000);
     Robot user(screen);
-    user.then([&] {
-        screen.rptItems.selectRow(500);
-        EXPECT_LE(list(user, screen).GetTopItem(), 500);
-        EXPECT_GT(list(user, screen).GetTopItem(), 400);
+    user.then([&] { screen.rptItems.selectRow(500); });
+    user.until("row 500 is in view", [&] {
+        const unsigned top = visibleRows(window(user, screen)).first;
+        return top > 400 && top <= 500;
     });
-    long top = 0;
+    unsigned top = 0;
     user.then([&] {
-        top = list(user, screen).GetTopItem();
+        top = visibleRows(window(user, screen)).first;
         screen.rptItems.removeRecord(500);
         screen.rptItems.populate();
-        EXPECT_EQ(list(user, screen).GetItemCount(), 999);
-        EXPECT_EQ(list(user, screen).GetTopItem(), top);
-        EXPECT_EQ(list(user, screen).focusedRow(), screen.rptItems.focusedRow());
+        EXPECT_EQ(rowCount(window(user, screen)), 999U);
+    });
+    user.until("the rows in view are the same",
+               [&] { return visibleRows(window(user, screen)).first == top; });
+    user.then([&] {
+        EXPECT_EQ(window(user, screen).focusedRow(), screen.rptItems.focusedRow());
         screen.rptItems.clearRecords();
         screen.rptItems.populate();
-        EXPECT_EQ(list(user, screen).GetItemCount(), 0);
+        EXPECT_EQ(rowCount(window(user, screen)), 0U);
     });
     user.key(WXK_DELETE);
     untilNoted(user, screen, "delete");
