@@ -5,6 +5,7 @@
 #endif
 
 #include "desktop/ControlView.h"
+#include "desktop/NativeWindow.h"
 #include "desktop/Text.h"
 #include "screens/Controls.h"
 
@@ -71,6 +72,7 @@ class EditableView : public ListView<wxComboBox> {
   public:
     EditableView(ScreenDialog& dialog, wxWindow* parent, ComboBox& box)
         : ListView(dialog, box, new wxComboBox(parent, wxID_ANY)) {
+        leaveInnerButtonOutOfTabOrder(*list_);
         list_->Bind(wxEVT_COMBOBOX, [this](wxCommandEvent&) { choose(); });
         list_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { type(); });
     }

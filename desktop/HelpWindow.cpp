@@ -8,6 +8,7 @@
 #include <wx/sizer.h>
 
 #include "desktop/HtmlHelp.h"
+#include "desktop/NativeWindow.h"
 #include "desktop/Text.h"
 
 namespace tsln::desktop {
@@ -27,6 +28,7 @@ class HelpDialog : public wxDialog {
                                       wxHW_SCROLLBAR_AUTO | wxBORDER_THEME);
         html->SetStandardFonts(wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT).GetPointSize());
         if (!wxFileExists(page) || !html->LoadPage(page)) html->SetPage(toWx(builtInHelp()));
+        setAccessibleName(*html, title);
         auto* close = new wxButton(this, wxID_CLOSE, "&Close");
         SetEscapeId(wxID_CLOSE);
         SetAffirmativeId(wxID_CLOSE);

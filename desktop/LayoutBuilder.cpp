@@ -74,18 +74,21 @@ LayoutBuilder::Part LayoutBuilder::make(const Layout& layout, wxWindow* parent) 
     return {};
 }
 
-LayoutBuilder::Part LayoutBuilder::makeControl(Control& control, wxWindow* parent, const wxString& label) {
+LayoutBuilder::Part LayoutBuilder::makeControl(Control& control, wxWindow* parent, wxString label) {
     ControlView* view = dialog_.addView(makeView(dialog_, parent, control));
     if (!view) return {};
     if (auto* text = dynamic_cast<Label*>(&control)) {
         lastLabel_ = toWx(text->caption());
     } else {
-        const wxString name =
-            control.accessibleName.empty() ? spokenName(label) : toWx(control.accessibleName);
-        if (!name.empty()) setAccessibleName(view->inputWindow(), name);
-        if (!label.empty()) dialog_.addMnemonic(label, *view);
         lastLabel_.clear();
-        if (const wxString caption = view->caption(); !caption.empty()) dialog_.addMnemonic(caption, *view);
+        const wxString caption = view->caption();
+        const wxString& shown = caption.empty() ? label : caption;
+        if (!shown.empty()) dialog_.addMnemonic(shown, *view);
+        if (!control.accessibleName.empty()) {
+            setAccessibleName(view->inputWindow(), toWx(control.accessibleName));
+        } else if (caption.empty() && !label.empty()) {
+            setAccessibleName(view->inputWindow(), spokenName(label));
+        }
     }
     return {.window = &view->window(),
             .view = view,
@@ -133,6 +136,9 @@ LayoutBuilder::Part LayoutBuilder::fillBox(const Layout& layout, wxWindow* paren
             sizer->AddStretchSpacer();
             continue;
         }
+        // A label names the control after it in its row. One in a column does so only if it has an access key: it may
+        // be a remark of its own.
+        if (first || (column && lastLabel_.Find('&') == wxNOT_FOUND)) lastLabel_.clear();
         const Part part = first && firstLabel ? makeLabelled(child, parent, firstLabel) : make(child, parent);
         if (!part.window && !part.sizer) continue;
         // Groups have larger gaps than single controls.

@@ -2,6 +2,9 @@
 
 #include <string>
 
+#include <wx/combobox.h>
+#include <wx/dataview.h>
+#include <wx/settings.h>
 #include <wx/textctrl.h>
 #include <wx/toplevel.h>
 #include <wx/window.h>
@@ -23,14 +26,47 @@ void leaveOutOfTabOrder(wxWindow& window) {
     window.DisableFocusFromKeyboard();
 }
 
+wxColour failureColour() {
+    const bool dark = wxSystemSettings::GetColour(wxSYS_COLOUR_LISTBOX).GetLuminance() < 0.5;
+    return dark ? wxColour(0xFF, 0x80, 0x80) : wxColour(0xB0, 0x20, 0x20);
+}
+
 #ifdef __WXGTK__
+
+namespace {
+
+/// The part of a window's widget that takes the keyboard: a scrolled text, a list, the entry of a combo box.
+GtkWidget* inputPart(GtkWidget* widget) {
+    const bool wraps = GTK_IS_SCROLLED_WINDOW(widget) ||
+                       (GTK_IS_COMBO_BOX(widget) && gtk_combo_box_get_has_entry(GTK_COMBO_BOX(widget)));
+    GtkWidget* const inner = wraps ? gtk_bin_get_child(GTK_BIN(widget)) : nullptr;
+    return inner ? inner : widget;
+}
+
+}  // namespace
 
 void setAccessibleName(wxWindow& window, const wxString& name) {
     window.SetName(name);
     if (!window.GetHandle()) return;
-    if (AtkObject* accessible = gtk_widget_get_accessible(window.GetHandle())) {
-        atk_object_set_name(accessible, fromWx(name).c_str());
+    for (GtkWidget* widget : {window.GetHandle(), inputPart(window.GetHandle())}) {
+        // A scrolled window is no part of its own to a screen reader.
+        if (GTK_IS_SCROLLED_WINDOW(widget)) continue;
+        if (AtkObject* accessible = gtk_widget_get_accessible(widget))
+            atk_object_set_name(accessible, fromWx(name).c_str());
     }
+}
+
+void leaveInnerButtonOutOfTabOrder(wxComboBox& box) {
+    gtk_container_forall(
+        GTK_CONTAINER(box.GetHandle()),
+        [](GtkWidget* part, void*) {
+            const auto leaveOut = [](GtkWidget* widget, void*) {
+                if (GTK_IS_BUTTON(widget)) gtk_widget_set_can_focus(widget, FALSE);
+            };
+            leaveOut(part, nullptr);
+            if (GTK_IS_CONTAINER(part)) gtk_container_forall(GTK_CONTAINER(part), leaveOut, nullptr);
+        },
+        nullptr);
 }
 
 bool hasKeyboard(const wxWindow& window) {
@@ -68,8 +104,12 @@ class NamedAccessible : public wxAccessible {
 }  // namespace
 #endif
 
+void leaveInnerButtonOutOfTabOrder(wxComboBox&) {}  // it never is a tab stop
+
 void setAccessibleName(wxWindow& window, const wxString& name) {
     window.SetName(name);
+    if (dynamic_cast<wxDataViewCtrl*>(&window))
+        return;  // it has an accessible object with rows, which tells this name
 #if wxUSE_ACCESSIBILITY
     window.SetAccessible(new NamedAccessible(&window, name));
 #endif

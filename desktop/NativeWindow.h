@@ -1,7 +1,9 @@
 #pragma once
 
+#include <wx/colour.h>
 #include <wx/string.h>
 
+class wxComboBox;
 class wxTextCtrl;
 class wxWindow;
 
@@ -14,10 +16,16 @@ void setAccessibleName(wxWindow& window, const wxString& name);
 /// parts of some platform controls.
 bool hasKeyboard(const wxWindow& window);
 
+/// Makes Tab skip the arrow beside the text of a combo box.
+void leaveInnerButtonOutOfTabOrder(wxComboBox& box);
+
 /// Makes Tab skip the window.
 void leaveOutOfTabOrder(wxWindow& window);
 
 /// Sets the margin, in pixels, between the text of a multi-line box and its border.
 void setTextMargin(wxTextCtrl& text, int pixels);
+
+/// A red for failures that is readable on the theme's background of texts and lists.
+wxColour failureColour();
 
 }  // namespace tsln::desktop

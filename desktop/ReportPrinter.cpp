@@ -7,11 +7,14 @@
 #include <wx/datetime.h>
 #include <wx/dc.h>
 #include <wx/evtloop.h>
+#include <wx/choice.h>
 #include <wx/statusbr.h>
+#include <wx/textctrl.h>
 #ifdef __WXGTK__
 #include <gtk/gtk.h>
 #endif
 
+#include "desktop/NativeWindow.h"
 #include "desktop/ReportTexts.h"
 #include "desktop/Text.h"
 
@@ -45,6 +48,22 @@ wxPageSetupDialogData pageFor(const ReportControl& report) {
     return page;
 }
 
+/// The toolkit gives the preview's controls tool tips at most.
+void nameControls(wxWindow& parent) {
+    for (wxWindow* child : parent.GetChildren()) {
+        if (dynamic_cast<wxPreviewCanvas*>(child)) {
+            setAccessibleName(*child, "Preview of the page");
+        } else if (dynamic_cast<wxTextCtrl*>(child)) {
+            setAccessibleName(*child, "Page");
+        } else if (dynamic_cast<wxChoice*>(child)) {
+            setAccessibleName(*child, "Zoom");
+        } else if (child->GetLabel().empty() && !child->GetToolTipText().empty()) {
+            setAccessibleName(*child, child->GetToolTipText());
+        }
+        nameControls(*child);
+    }
+}
+
 /// The preview's window, modal above modal dialogs.
 class PreviewFrame : public wxPreviewFrame {
   public:
@@ -71,6 +90,7 @@ class PreviewFrame : public wxPreviewFrame {
         InitializeWithModality(wxPreviewFrame_AppModal);
         // The toolkit's status line is too low for the letters' descenders.
         if (wxStatusBar* line = GetStatusBar()) line->SetMinHeight(line->GetCharHeight() + FromDIP(10));
+        nameControls(*this);
         SetSize(FromDIP(wxSize(900, 700)));
         CentreOnParent();
         Show();

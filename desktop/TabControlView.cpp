@@ -3,6 +3,7 @@
 #include <wx/notebook.h>
 
 #include "desktop/ControlView.h"
+#include "desktop/NativeWindow.h"
 #include "desktop/Text.h"
 #include "screens/TabControl.h"
 
@@ -15,6 +16,7 @@ class TabControlView : public ControlView {
     TabControlView(ScreenDialog& dialog, wxWindow* parent, TabControl& tabs)
         : ControlView(dialog, tabs), tabs_(tabs), book_(new wxNotebook(parent, wxID_ANY)) {
         setWindow(book_);
+        setAccessibleName(*book_, "Pages");
         book_->Bind(wxEVT_NOTEBOOK_PAGE_CHANGED, [this](wxBookCtrlEvent& event) {
             event.Skip();
             if (event.GetEventObject() == book_ && !updating_) act([] {});

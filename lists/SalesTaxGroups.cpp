@@ -40,6 +40,7 @@ const ListDescription salesTaxGroupsList{
 
 SalesTaxGroupsScreen::SalesTaxGroupsScreen(Library& library, const ListDescription& description)
     : ListScreen(library, description) {
+    rptCodes.accessibleName = "Codes of the selected group";
     rptCodes.columns = {{.caption = "Code", .width = 140},
                         {.caption = "Rate (%)", .width = 70, .rightAligned = true, .numeric = true},
                         {.caption = "Vendor", .width = 220}};

@@ -26,7 +26,7 @@ class ExpressionDialog : public wxDialog {
                     wxSizerFlags().Border(wxBOTTOM, gap / 2));
         text_ = new wxTextCtrl(this, wxID_ANY, toWx(edit.expression), wxDefaultPosition,
                                FromDIP(wxSize(420, 110)), wxTE_MULTILINE);
-        text_->SetName("Expression");
+        desktop::setAccessibleName(*text_, "Expression");
         desktop::setTextMargin(*text_, FromDIP(6));
         text_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) {
             changed_ = true;

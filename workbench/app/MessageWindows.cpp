@@ -5,6 +5,7 @@
 #include <wx/statbmp.h>
 #include <wx/wx.h>
 
+#include "desktop/NativeWindow.h"
 #include "shared/Markup.h"
 #include "workbench/app/ExpressionWindow.h"
 #include "workbench/app/OverScreens.h"
@@ -60,7 +61,7 @@ class MessageText : public wxHtmlWindow {
         }
         if (!message.detail.empty()) page += "<br><br><tt>" + escaped(message.detail) + "</tt>";
         SetPage(page + "</body></html>");
-        SetName(text(plainText(message.text)));
+        desktop::setAccessibleName(*this, text(plainText(message.text)));
 
         const int width = FromDIP(420);
         const int mostHeight = FromDIP(360);

@@ -1,5 +1,6 @@
 #include "workbench/app/OperationPanel.h"
 
+#include "desktop/NativeWindow.h"
 #include "workbench/tour/OperationGroups.h"
 
 namespace tsln::workbench {
@@ -28,8 +29,11 @@ OperationPanel::OperationPanel(wxWindow* parent, ObjectPtr library, ObjectPtr sh
     open_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { run(); });
     browse_ = new wxButton(this, wxID_ANY, "&Browse...");
     browse_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { onBrowse(operation_->operation); });
-    result_ = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, wxST_ELLIPSIZE_END);
-    result_->SetName("Result");
+    result_ = new wxTextCtrl(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
+                             wxTE_READONLY | wxTE_MULTILINE | wxBORDER_NONE);
+    result_->SetMinSize(wxSize(-1, 2 * GetCharHeight()));
+    result_->SetBackgroundColour(GetBackgroundColour());
+    desktop::setAccessibleName(*result_, "Result");
 
     auto* column = new wxBoxSizer(wxVERTICAL);
     const int gap = FromDIP(8);
@@ -39,8 +43,8 @@ OperationPanel::OperationPanel(wxWindow* parent, ObjectPtr library, ObjectPtr sh
     auto* line = new wxBoxSizer(wxHORIZONTAL);
     line->Add(open_, wxSizerFlags().CenterVertical());
     line->Add(browse_, wxSizerFlags().CenterVertical().Border(wxLEFT, gap));
-    line->Add(result_, wxSizerFlags(1).CenterVertical().Border(wxLEFT, 2 * gap));
     column->Add(line, wxSizerFlags().Expand().Border(wxTOP, gap));
+    column->Add(result_, wxSizerFlags(1).Expand().Border(wxTOP, gap));
     auto* margin = new wxBoxSizer(wxVERTICAL);
     margin->Add(column, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(12)));
     SetSizer(margin);
@@ -59,7 +63,7 @@ void OperationPanel::show(Operation operation) {
                                      wxDefaultPosition, FromDIP(wxSize(220, -1)), wxTE_PROCESS_ENTER);
         field->Enable(!given);
         field->SetHint(text(typeCaption(argument.type)));
-        field->SetName(text(argument.name));
+        desktop::setAccessibleName(*field, text(argument.name));
         field->Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent&) { run(); });
         fields_->Add(label, wxSizerFlags().CenterVertical());
         fields_->Add(field);
@@ -93,10 +97,10 @@ void OperationPanel::run() {
 }
 
 void OperationPanel::showResult(const wxString& shown, bool failed) {
-    result_->SetForegroundColour(failed ? wxColour(0xB0, 0x20, 0x20)
+    result_->SetForegroundColour(failed ? desktop::failureColour()
                                         : wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOWTEXT));
-    result_->SetLabelText(shown);
-    result_->SetToolTip(shown);
+    result_->ChangeValue(shown);
+    result_->Show(!shown.empty());
     Layout();
 }
 

@@ -40,7 +40,7 @@ class OperationPanel : public wxPanel {
     std::vector<wxTextCtrl*> arguments_;
     wxButton* open_;
     wxButton* browse_;
-    wxStaticText* result_;
+    wxTextCtrl* result_;
 };
 
 }  // namespace tsln::workbench

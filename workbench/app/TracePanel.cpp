@@ -1,8 +1,14 @@
 #include "workbench/app/TracePanel.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
 
-#include <wx/splitter.h>
+#include <climits>
+#include <wx/filedlg.h>
+
+#include "desktop/NativeGrid.h"
+#include "desktop/NativeWindow.h"
 
 namespace tsln::workbench {
 namespace {
@@ -29,67 +35,50 @@ wxString duration(const TraceEntry& entry) {
 
 }  // namespace
 
-/// The calls as rows of a virtual list: only visible rows are drawn, so their number does not matter.
-class TracePanel::List : public wxListCtrl {
+/// Hands the calls to the toolkit's list, which asks only for the visible rows.
+class TracePanel::Model : public wxDataViewVirtualListModel {
   public:
-    explicit List(TracePanel* panel, wxWindow* parent)
-        : wxListCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                     wxLC_REPORT | wxLC_VIRTUAL | wxLC_SINGLE_SEL | wxBORDER_NONE),
-          panel_(panel) {
-        SetName("Calls between module and host");
-        const struct {
-            const char* caption;
-            int width;
-            wxListColumnFormat format;
-        } columns[] = {{"#", 56, wxLIST_FORMAT_RIGHT},
-                       {"Member", 220, wxLIST_FORMAT_LEFT},
-                       {"Statement or arguments", 300, wxLIST_FORMAT_LEFT},
-                       {"Result", 120, wxLIST_FORMAT_LEFT},
-                       {"Time", 80, wxLIST_FORMAT_RIGHT}};
-        for (const auto& column : columns)
-            AppendColumn(column.caption, column.format, FromDIP(column.width));
-        failed_.SetTextColour(wxColour(0xB0, 0x20, 0x20));
-        Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
-            event.Skip();
-            CallAfter([this] { widenStatements(); });
-        });
-    }
-
-    const TraceEntry& entry(long row) const {
-        const std::uint64_t number = panel_->shown_.at(static_cast<std::size_t>(row));
-        return panel_->entries_[static_cast<std::size_t>(number - panel_->dropped_)];
-    }
+    explicit Model(const TracePanel& panel) : panel_(&panel) {}
+    /// The panel is being destroyed.
+    void detach() { panel_ = nullptr; }
 
   private:
-    wxString OnGetItemText(long row, long column) const override {
-        const TraceEntry& call = entry(row);
+    void GetValueByRow(wxVariant& value, unsigned row, unsigned column) const override {
+        value = wxString();
+        if (!panel_ || row >= panel_->shown_.size()) return;
+        const TraceEntry& call = panel_->entry(row);
         switch (column) {
             case 0:
-                return wxString::Format("%llu", static_cast<unsigned long long>(call.number));
+                value = wxString::Format("%llu", static_cast<unsigned long long>(call.number));
+                break;
             case 1:
-                return wxString(' ', static_cast<std::size_t>(call.depth) * 2) + text(call.member);
+                value = wxString(' ', static_cast<std::size_t>(call.depth) * 2) + text(call.member);
+                break;
             case 2:
-                return arguments(call);
+                value = arguments(call);
+                break;
             case 3:
-                return text(call.result);
+                value = text(call.result);
+                break;
             default:
-                return duration(call);
+                value = duration(call);
         }
     }
-    /// The column of statements takes the width that the other columns leave.
-    void widenStatements() {
-        int others = FromDIP(20);  // the scroll bar
-        for (const int column : {0, 1, 3, 4})
-            others += GetColumnWidth(column);
-        SetColumnWidth(2, std::max(FromDIP(200), GetClientSize().x - others));
+    bool GetAttrByRow(unsigned row, unsigned, wxDataViewItemAttr& attr) const override {
+        if (!panel_ || row >= panel_->shown_.size() || !panel_->entry(row).failed) return false;
+        attr.SetColour(desktop::failureColour());
+        return true;
     }
-    wxListItemAttr* OnGetItemAttr(long row) const override { return entry(row).failed ? &failed_ : nullptr; }
+    bool SetValueByRow(const wxVariant&, unsigned, unsigned) override { return false; }
 
-    TracePanel* panel_;
-    mutable wxListItemAttr failed_;
+    const TracePanel* panel_;
 };
 
-TracePanel::TracePanel(wxWindow* parent) : wxPanel(parent), timer_(this) {
+TracePanel::~TracePanel() {
+    model_->detach();
+}
+
+TracePanel::TracePanel(wxWindow* parent) : wxPanel(parent), model_(new Model(*this)), timer_(this) {
     auto* heading = new wxStaticText(this, wxID_ANY, "Between module and host");
     heading->SetFont(heading->GetFont().Bold());
     count_ = new wxStaticText(this, wxID_ANY, "");
@@ -97,17 +86,38 @@ TracePanel::TracePanel(wxWindow* parent) : wxPanel(parent), timer_(this) {
     fetches_ = new wxCheckBox(this, wxID_ANY, "&Fetched objects");
     filter_ = new wxSearchCtrl(this, wxID_ANY, "", wxDefaultPosition, FromDIP(wxSize(240, -1)));
     filter_->SetDescriptiveText("Filter calls");
-    filter_->SetName("Filter calls");
+    desktop::setAccessibleName(*filter_, "Filter calls");
     filter_->ShowCancelButton(true);
+    auto* save = new wxButton(this, wxID_ANY, "&Save trace...");
     auto* clear = new wxButton(this, wxID_ANY, "C&lear");
 
-    auto* splitter = new wxSplitterWindow(this, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                                          wxSP_LIVE_UPDATE | wxSP_NOBORDER);
-    list_ = new List(this, splitter);
+    splitter_ = new wxSplitterWindow(this, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+                                     wxSP_LIVE_UPDATE | wxSP_NOBORDER, "TraceSplitter");
+    auto* splitter = splitter_;
+    list_ =
+        new wxDataViewCtrl(splitter, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxDV_SINGLE | wxBORDER_NONE);
+    desktop::setAccessibleName(*list_, "Calls between module and host");
+    list_->AssociateModel(model_.get());
+    const struct {
+        const char* caption;
+        int width;
+        wxAlignment align;
+    } columns[] = {{"#", 56, wxALIGN_RIGHT},
+                   {"Member", 220, wxALIGN_LEFT},
+                   {"Statement or arguments", 300, wxALIGN_LEFT},
+                   {"Result", 120, wxALIGN_LEFT},
+                   {"Time", 80, wxALIGN_RIGHT}};
+    for (const auto& column : columns) {
+        wxDataViewColumn* const made =
+            list_->AppendTextColumn(column.caption, list_->GetColumnCount(), wxDATAVIEW_CELL_INERT,
+                                    FromDIP(column.width), column.align, wxDATAVIEW_COL_RESIZABLE);
+        made->GetRenderer()->EnableEllipsize(wxELLIPSIZE_END);
+    }
+    desktop::takeRemainingWidth(*list_->GetColumn(2));
     detail_ = new wxTextCtrl(splitter, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
                              wxTE_READONLY | wxTE_MULTILINE | wxBORDER_NONE);
     detail_->SetFont(wxFont(wxFontInfo(detail_->GetFont().GetPointSize()).Family(wxFONTFAMILY_TELETYPE)));
-    detail_->SetName("The selected call");
+    desktop::setAccessibleName(*detail_, "The selected call");
     splitter->SetMinimumPaneSize(FromDIP(50));
     splitter->SetSashGravity(0.75);
     splitter->SplitHorizontally(list_, detail_, -FromDIP(90));
@@ -118,6 +128,7 @@ TracePanel::TracePanel(wxWindow* parent) : wxPanel(parent), timer_(this) {
     line->Add(count_, wxSizerFlags(1).CenterVertical().Border(wxLEFT, gap));
     line->Add(fetches_, wxSizerFlags().CenterVertical().Border(wxRIGHT, gap));
     line->Add(filter_, wxSizerFlags().CenterVertical().Border(wxRIGHT, gap));
+    line->Add(save, wxSizerFlags().CenterVertical().Border(wxRIGHT, gap));
     line->Add(clear, wxSizerFlags().CenterVertical());
     auto* column = new wxBoxSizer(wxVERTICAL);
     column->Add(line, wxSizerFlags().Expand().Border(wxALL, gap));
@@ -127,12 +138,13 @@ TracePanel::TracePanel(wxWindow* parent) : wxPanel(parent), timer_(this) {
     filter_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { filter(); });
     filter_->Bind(wxEVT_SEARCH_CANCEL, [this](wxCommandEvent&) { filter_->Clear(); });
     fetches_->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent&) { filter(); });
+    save->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { saveTrace(); });
     clear->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) {
         dropped_ += entries_.size();
         entries_.clear();
         filter();
     });
-    list_->Bind(wxEVT_LIST_ITEM_SELECTED, [this](wxListEvent&) { showDetail(); });
+    list_->Bind(wxEVT_DATAVIEW_SELECTION_CHANGED, [this](wxDataViewEvent&) { showDetail(); });
     // There can be thousands of calls, so the pane is redrawn a few times per second, not at every call.
     Bind(wxEVT_TIMER, [this](wxTimerEvent&) { refresh(); });
     timer_.Start(150);
@@ -158,7 +170,12 @@ void TracePanel::add(const TraceEntry& entry) {
     changed_ = true;
 }
 
+const TraceEntry& TracePanel::entry(std::size_t row) const {
+    return entries_[static_cast<std::size_t>(shown_.at(row) - dropped_)];
+}
+
 void TracePanel::filter() {
+    filtered_ = true;
     wanted_ = filter_->GetValue().Lower();
     shown_.clear();
     for (std::size_t i = 0; i < entries_.size(); ++i) {
@@ -171,22 +188,48 @@ void TracePanel::filter() {
 void TracePanel::refresh() {
     if (!changed_) return;
     changed_ = false;
-    const long rows = static_cast<long>(shown_.size());
-    list_->SetItemCount(rows);
-    if (rows > 0) list_->EnsureVisible(rows - 1);
-    list_->Refresh();
-    count_->SetLabelText(wxString::Format("%ld of %zu calls", rows, entries_.size()));
+    const auto rows = static_cast<unsigned>(shown_.size());
+    const bool onlyAdded =
+        !shown_.empty() && firstShown_ == shown_.front() && model_->GetCount() <= rows && !filtered_;
+    filtered_ = false;
+    firstShown_ = shown_.empty() ? 0 : shown_.front();
+    if (onlyAdded) {
+        while (model_->GetCount() < rows)
+            model_->RowAppended();
+    } else {
+        model_->Reset(rows);
+    }
+    if (rows > 0) list_->EnsureVisible(model_->GetItem(rows - 1));
+    count_->SetLabelText(wxString::Format("%u of %zu calls", rows, entries_.size()));
     showDetail();
 }
 
+wxString TracePanel::detail(const TraceEntry& call) {
+    return text(call.member) + "(" + text(call.arguments) + ")\n" +
+           (call.statement.empty() ? wxString() : text(call.statement) + "\n") +
+           (call.failed ? "raised: " : "returned: ") + text(call.result) + "\n" + duration(call);
+}
+
 void TracePanel::showDetail() {
-    const long row = list_->GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_SELECTED);
-    if (row < 0 || row >= static_cast<long>(shown_.size())) return detail_->ChangeValue("");
-    const TraceEntry& call = list_->entry(row);
-    detail_->ChangeValue(text(call.member) + "(" + text(call.arguments) + ")\n" +
-                         (call.statement.empty() ? wxString() : text(call.statement) + "\n") +
-                         (call.failed ? "raised: " : "returned: ") + text(call.result) + "\n" +
-                         duration(call));
+    const wxDataViewItem item = list_->GetSelection();
+    const unsigned row = item.IsOk() ? model_->GetRow(item) : UINT_MAX;
+    const wxString shown = row < shown_.size() ? detail(entry(row)) : wxString();
+    if (shown != detail_->GetValue()) detail_->ChangeValue(shown);
+}
+
+/// Writes the calls that the pane shows, one after another, each as in the pane below the list.
+void TracePanel::saveTrace() {
+    wxFileDialog dialog(this, "Save Trace", "", "Trace.txt", "Text Files (*.txt)|*.txt|All Files (*.*)|*.*",
+                        wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
+    if (dialog.ShowModal() != wxID_OK) return;
+    std::ofstream file(std::filesystem::path(dialog.GetPath().utf8_string()), std::ios::binary);
+    for (std::size_t row = 0; row < shown_.size(); ++row) {
+        const TraceEntry& call = entry(row);
+        file << call.number << "  " << std::string(static_cast<std::size_t>(call.depth) * 2, ' ')
+             << detail(call).utf8_string() << "\n\n";
+    }
+    if (!file.flush())
+        wxMessageBox("The file could not be written.", "Save Trace", wxOK | wxICON_ERROR, this);
 }
 
 }  // namespace tsln::workbench

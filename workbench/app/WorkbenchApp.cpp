@@ -2,13 +2,17 @@
 
 #include <cstdio>
 
+#include <wx/config.h>
+#include <wx/fileconf.h>
+
 #include "shared/modSharedXML.h"
 #include "workbench/app/Console.h"
-#include "workbench/tour/Gallery.h"
 #include "workbench/app/ProcessEndEvent.h"
+#include "workbench/app/SettingsFolder.h"
+#include "workbench/app/WorkbenchFrame.h"
+#include "workbench/tour/Gallery.h"
 #include "workbench/tour/Tour.h"
 #include "workbench/tour/VirtualUser.h"
-#include "workbench/app/WorkbenchFrame.h"
 
 namespace tsln::workbench {
 namespace {
@@ -58,6 +62,11 @@ bool WorkbenchApp::OnInit() {
     const auto traced = std::make_shared<TracedObject>(module_->library(), "Library", session_.tracer());
     auto* frame = new WorkbenchFrame(session_, traced);
     SetTopWindow(frame);
+    const bool forAPerson = options_.tour.empty() && options_.gallery.empty();
+    if (forAPerson) {
+        wxConfigBase::Set(new wxFileConfig("", "", wxString::FromUTF8(settingsFile("workbench.ini"))));
+        frame->remember();
+    }
     frame->Show();
     if (!options_.tour.empty()) {
         std::printf("A tour of the terms list; its pictures are in %s\n", options_.tour.c_str());

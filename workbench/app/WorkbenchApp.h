@@ -9,8 +9,8 @@
 #include "workbench/app/MessageWindows.h"
 #include "workbench/app/Module.h"
 #include "workbench/app/Options.h"
-#include "workbench/tour/Script.h"
 #include "workbench/host/CompanySession.h"
+#include "workbench/tour/Script.h"
 
 namespace tsln::workbench {
 

@@ -2,6 +2,10 @@
 
 #include <algorithm>
 
+#include <wx/config.h>
+#include <wx/persist/dataview.h>
+#include <wx/persist/splitter.h>
+#include <wx/persist/toplevel.h>
 #include <wx/splitter.h>
 
 #include "workbench/app/OperationPanel.h"
@@ -10,20 +14,25 @@
 #include "workbench/app/TracePanel.h"
 
 namespace tsln::workbench {
+namespace {
+
+constexpr const char* lastOperation = "/Workbench/LastOperation";
+
+}  // namespace
 
 WorkbenchFrame::WorkbenchFrame(CompanySession& session, const ObjectPtr& library)
     : wxFrame(nullptr, wxID_ANY, "Tessaline Workbench") {
-    auto* across = new wxSplitterWindow(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSP_LIVE_UPDATE);
-    tree_ = new OperationTree(across);
-    auto* down = new wxSplitterWindow(across, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSP_LIVE_UPDATE);
-    operation_ = new OperationPanel(down, library, session.sharedCode());
-    trace_ = new TracePanel(down);
-    for (wxSplitterWindow* splitter : {across, down})
+    across_ = new wxSplitterWindow(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSP_LIVE_UPDATE);
+    tree_ = new OperationTree(across_);
+    down_ = new wxSplitterWindow(across_, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxSP_LIVE_UPDATE);
+    operation_ = new OperationPanel(down_, library, session.sharedCode());
+    trace_ = new TracePanel(down_);
+    for (wxSplitterWindow* splitter : {across_, down_})
         splitter->SetMinimumPaneSize(FromDIP(120));
-    SetClientSize(FromDIP(wxSize(1140, 720)));
-    down->SplitHorizontally(operation_, trace_, FromDIP(150));
-    across->SplitVertically(tree_, down, FromDIP(310));
-    down->SetSashGravity(0.0);
+    SetClientSize(FromDIP(wxSize(1240, 760)));
+    down_->SplitHorizontally(operation_, trace_, FromDIP(200));
+    across_->SplitVertically(tree_, down_, FromDIP(420));
+    down_->SetSashGravity(0.0);
 
     CreateStatusBar(2);
     const int widths[] = {-3, -1};
@@ -32,9 +41,9 @@ WorkbenchFrame::WorkbenchFrame(CompanySession& session, const ObjectPtr& library
         wxString::FromUTF8(session.company().path() + (session.company().readOnly() ? "  (read-only)" : "")));
     SetStatusText(wxString::FromUTF8("User: " + session.user().name), 1);
 
-    tree_->onSelect = [this, down](Operation operation) {
+    tree_->onSelect = [this](Operation operation) {
         operation_->show(operation);
-        down->SetSashPosition(std::max(down->GetSashPosition(), operation_->GetBestSize().y));
+        down_->SetSashPosition(std::max(down_->GetSashPosition(), operation_->GetBestSize().y));
     };
     tree_->onOpen = [this](Operation operation) {
         operation_->show(operation);
@@ -48,6 +57,23 @@ WorkbenchFrame::WorkbenchFrame(CompanySession& session, const ObjectPtr& library
     session.tracer()->observe([this](const TraceEntry& entry) { trace_->add(entry); });
     CentreOnScreen();
     tree_->focusSearch();
+}
+
+WorkbenchFrame::~WorkbenchFrame() {
+    if (!remembers_) return;
+    if (const auto operation = tree_->selected())
+        wxConfigBase::Get()->Write(lastOperation, wxString::FromUTF8(std::string(info(*operation).name)));
+}
+
+void WorkbenchFrame::remember() {
+    remembers_ = true;
+    wxPersistentRegisterAndRestore(this, "Workbench");
+    wxPersistentRegisterAndRestore(across_, "Across");
+    wxPersistentRegisterAndRestore(down_, "Down");
+    wxPersistentRegisterAndRestore(&trace_->splitter(), "Trace");
+    wxPersistentRegisterAndRestore(&trace_->list(), "Calls");
+    const std::string last = wxConfigBase::Get()->Read(lastOperation).utf8_string();
+    if (const auto operation = findOperation(last)) tree_->select(*operation);
 }
 
 }  // namespace tsln::workbench

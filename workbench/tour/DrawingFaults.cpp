@@ -3,8 +3,8 @@
 #include <map>
 
 #include <wx/bookctrl.h>
+#include <wx/dataview.h>
 #include <wx/display.h>
-#include <wx/listctrl.h>
 #include <wx/scrolwin.h>
 #include <wx/splitter.h>
 #include <wx/statline.h>
@@ -72,17 +72,15 @@ class Inspection {
         const wxSize size = control.GetSize(), best = control.GetBestSize();
         if (hasCaption && !ellipsized && size.x < best.x) tell(control, "is cut off at its end");
         if (hasCaption && size.y < best.y) tell(control, "is cut off below");
-        if (const auto* list = dynamic_cast<const wxListCtrl*>(&control)) lookAtColumns(*list);
+        if (const auto* list = dynamic_cast<const wxDataViewCtrl*>(&control)) lookAtColumns(*list);
     }
 
-    void lookAtColumns(const wxListCtrl& list) {
-        if (!list.InReportView() || list.HasFlag(wxLC_NO_HEADER)) return;
-        for (int column = 0; column < list.GetColumnCount(); ++column) {
-            wxListItem item;
-            item.SetMask(wxLIST_MASK_TEXT);
-            list.GetColumn(column, item);
-            if (list.GetTextExtent(item.GetText()).x > list.GetColumnWidth(column)) {
-                const wxString what = "cuts off its column \"" + item.GetText() + "\"";
+    void lookAtColumns(const wxDataViewCtrl& list) {
+        if (list.HasFlag(wxDV_NO_HEADER)) return;
+        for (unsigned i = 0; i < list.GetColumnCount(); ++i) {
+            const wxDataViewColumn& column = *list.GetColumn(i);
+            if (column.IsShown() && list.GetTextExtent(column.GetTitle()).x > column.GetWidth()) {
+                const wxString what = "cuts off its column \"" + column.GetTitle() + "\"";
                 tell(list, what.utf8_str());
             }
         }

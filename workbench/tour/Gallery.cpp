@@ -7,10 +7,11 @@
 #include <sstream>
 
 #include <wx/app.h>
-#include <wx/listctrl.h>
+#include <wx/dataview.h>
 #include <wx/toplevel.h>
 
 #include "automation/HostError.h"
+#include "workbench/tour/AccessibilityFaults.h"
 #include "workbench/tour/DrawingFaults.h"
 #include "workbench/tour/VirtualUser.h"
 
@@ -82,6 +83,8 @@ class Album {
         std::printf("  %-34s %s\n", (name + ".png").c_str(), pictures_.back().shows.c_str());
         std::fflush(stdout);
         for (const std::string& fault : drawingFaults(except))
+            addFault(name, fault);
+        for (const std::string& fault : accessibilityFaults(except))
             addFault(name, fault);
     }
     void addFault(const std::string& where, const std::string& what) {
@@ -157,7 +160,7 @@ void prepare(Company& company, std::string_view statements) {
 
 bool listHasKeyboard() {
     for (const wxWindow* window = wxWindow::FindFocus(); window; window = window->GetParent()) {
-        if (dynamic_cast<const wxListCtrl*>(window)) return true;
+        if (dynamic_cast<const wxDataViewCtrl*>(window)) return true;
     }
     return false;
 }

@@ -148,7 +148,7 @@ Keystroke readKey(const std::string& word) {
 std::vector<GalleryStop> galleryStops() {
     std::vector<GalleryStop> stops;
     for (const OperationGroup& group : operationGroups()) {
-        for (const Operation operation : group.operations) {
+        for (const auto& [operation, caption] : group.operations) {
             const OperationInfo& row = info(operation);
             if (!opensScreen(row)) continue;
             const auto found = std::ranges::find(particulars, operation, &Particular::operation);

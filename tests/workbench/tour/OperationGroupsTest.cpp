@@ -12,7 +12,7 @@ namespace {
 std::vector<std::string_view> found(std::string_view search) {
     std::vector<std::string_view> names;
     for (const OperationGroup& group : findOperations(search)) {
-        for (const Operation operation : group.operations)
+        for (const auto& [operation, caption] : group.operations)
             names.push_back(info(operation).name);
     }
     return names;
@@ -21,7 +21,7 @@ std::vector<std::string_view> found(std::string_view search) {
 TEST(OperationGroups, TheGroupsContainEveryOperationOnce) {
     std::map<Operation, int> count;
     for (const OperationGroup& group : operationGroups()) {
-        for (const Operation operation : group.operations)
+        for (const auto& [operation, caption] : group.operations)
             ++count[operation];
     }
     for (const OperationInfo& row : operations)
