@@ -5,6 +5,7 @@
 
 #include "desktop/ControlView.h"
 #include "desktop/NativeGrid.h"
+#include "desktop/ReportTexts.h"
 #include "desktop/Text.h"
 #include "screens/CheckList.h"
 
@@ -25,7 +26,7 @@ class CheckListView : public ControlView {
           list_(new wxDataViewListCtrl(border_, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                                        wxDV_SINGLE | wxBORDER_NONE)) {
         setWindow(border_);
-        border_->SetMinSize(border_->FromDIP(wxSize(wide() * 2 / 3, leastHigh)));
+        border_->SetMinSize(wxSize(wide() * 2 / 3, border_->FromDIP(leastHigh)));
         // The other lists have this border line, too.
         border_->SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_3DSHADOW));
         auto* sizer = new wxBoxSizer(wxVERTICAL);
@@ -34,7 +35,7 @@ class CheckListView : public ControlView {
         list_->AppendToggleColumn("", wxDATAVIEW_CELL_ACTIVATABLE, list_->FromDIP(tickRoom), wxALIGN_CENTRE,
                                   0);
         for (const CheckList::Column& column : control.columns) {
-            list_->AppendTextColumn(toWx(column.caption), wxDATAVIEW_CELL_INERT, list_->FromDIP(column.width),
+            list_->AppendTextColumn(toWx(column.caption), wxDATAVIEW_CELL_INERT, widthOf(column),
                                     column.rightAligned ? wxALIGN_RIGHT : wxALIGN_LEFT,
                                     wxDATAVIEW_COL_RESIZABLE);
         }
@@ -55,7 +56,7 @@ class CheckListView : public ControlView {
     wxWindow& inputWindow() const override { return *list_; }
     bool growsWide() const override { return true; }
     bool growsHigh() const override { return true; }
-    wxSize preferredSize() const override { return list_->FromDIP(wxSize(wide(), firstHigh)); }
+    wxSize preferredSize() const override { return wxSize(wide(), list_->FromDIP(firstHigh)); }
 
     bool takesKey(const wxKeyEvent& key) override {
         if (key.GetKeyCode() != WXK_SPACE || key.HasAnyModifiers()) return false;
@@ -65,10 +66,14 @@ class CheckListView : public ControlView {
     }
 
   private:
+    /// The width in pixels at which the column shows its caption whole and has the width it asks for.
+    int widthOf(const CheckList::Column& column) const {
+        return naturalWidth(*border_, {.caption = column.caption, .width = column.width});
+    }
     int wide() const {
-        int all = tickRoom + scrollBar;
+        int all = border_->FromDIP(tickRoom + scrollBar);
         for (const CheckList::Column& column : control_.columns)
-            all += column.width;
+            all += widthOf(column);
         return all;
     }
 

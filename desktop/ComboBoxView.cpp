@@ -31,7 +31,8 @@ class ListView : public ControlView {
     ListView(ScreenDialog& dialog, ComboBox& box, Window* list)
         : ControlView(dialog, box), box_(box), list_(list) {
         setWindow(list);
-        list->SetMinSize(list->GetSizeFromTextSize(widthOfCharacters(*list, box.widthInCharacters)));
+        list->SetMinSize(
+            wxSize(list->GetSizeFromTextSize(widthOfCharacters(*list, box.widthInCharacters)).x, -1));
     }
 
     void choose() {

@@ -43,10 +43,11 @@ class DateBoxView : public ControlView {
           text_(new wxTextCtrl(panel_, wxID_ANY)),
           drop_(new wxBitmapButton(panel_, wxID_ANY, arrow(*panel_))) {
         setWindow(panel_);
-        text_->SetMinSize(text_->GetSizeFromTextSize(text_->GetCharWidth() * widthInCharacters));
+        text_->SetMinSize(wxSize(text_->GetSizeFromTextSize(text_->GetCharWidth() * widthInCharacters).x,
+                                 boxHeight(*text_)));
         // The keys of drop-down lists open the calendar, so the button needs no tab stop.
         leaveOutOfTabOrder(*drop_);
-        drop_->SetMinSize({text_->GetBestSize().y, text_->GetBestSize().y});
+        drop_->SetMinSize({boxHeight(*text_), boxHeight(*text_)});
         setAccessibleName(*drop_, "Calendar");
         auto* row = new wxBoxSizer(wxHORIZONTAL);
         row->Add(text_, wxSizerFlags(1).CentreVertical());

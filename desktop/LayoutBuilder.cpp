@@ -1,6 +1,8 @@
 #include "desktop/LayoutBuilder.h"
 
 #include <algorithm>
+#include <optional>
+#include <utility>
 
 #include <wx/button.h>
 #include <wx/gbsizer.h>
@@ -19,6 +21,7 @@ namespace tsln::desktop {
 namespace {
 
 constexpr int dialogMargin = 12;  // pixels at 96 per inch
+constexpr int scrollStep = 10;    // pixels
 
 bool isColumn(const Layout& layout) {
     return layout.kind != Layout::Kind::Row;
@@ -42,16 +45,34 @@ wxString spokenName(const wxString& label) {
 LayoutBuilder::LayoutBuilder(ScreenDialog& dialog)
     : dialog_(dialog), gap_(wxSizerFlags::GetDefaultBorder()) {}
 
-wxSizer* LayoutBuilder::build(const Layout& layout) {
-    const Part part = make(layout, &dialog_);
-    auto* outer = new wxBoxSizer(wxVERTICAL);
-    const wxSizerFlags flags = wxSizerFlags(1).Expand().Border(wxALL, dialog_.FromDIP(dialogMargin));
-    if (part.sizer) {
-        outer->Add(part.sizer, flags);
-    } else if (part.window) {
-        outer->Add(part.window, flags);
+LayoutBuilder::Built LayoutBuilder::build(const Layout& layout) {
+    const int margin = dialog_.FromDIP(dialogMargin);
+    Built built{new wxBoxSizer(wxVERTICAL), new wxScrolledWindow(&dialog_)};
+    // The scrolled part takes the space of the margin, too, so that focus frames at its edges are not cut off.
+    const auto addTo = [margin](wxSizer& sizer, const Part& part, bool stretches, int sides) {
+        const wxSizerFlags flags = wxSizerFlags(stretches ? 1 : 0).Expand().Border(sides, margin);
+        if (part.sizer) {
+            sizer.Add(part.sizer, flags);
+        } else if (part.window) {
+            sizer.Add(part.window, flags);
+        }
+    };
+    Layout content = layout;
+    std::optional<Layout> buttons;
+    if (layout.kind == Layout::Kind::Column && !layout.control && layout.children.size() > 1 &&
+        !layout.children.back().stretches) {
+        buttons = std::move(content.children.back());
+        content.children.pop_back();
     }
-    return outer;
+    auto* inner = new wxBoxSizer(wxVERTICAL);
+    addTo(*inner, make(content, built.content), true, buttons ? wxLEFT | wxRIGHT | wxTOP : wxALL);
+    built.content->SetSizer(inner);
+    built.content->SetScrollRate(scrollStep, scrollStep);
+    built.sizer->Add(built.content, wxSizerFlags(1).Expand());
+    if (!buttons) return built;
+    built.sizer->AddSpacer(2 * gap_);
+    addTo(*built.sizer, make(*buttons, &dialog_), false, wxLEFT | wxRIGHT | wxBOTTOM);
+    return built;
 }
 
 LayoutBuilder::Part LayoutBuilder::make(const Layout& layout, wxWindow* parent) {

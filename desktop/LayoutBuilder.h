@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include <wx/scrolwin.h>
 #include <wx/string.h>
 
 #include "screens/Layout.h"
@@ -21,8 +22,12 @@ class LayoutBuilder {
   public:
     explicit LayoutBuilder(ScreenDialog& dialog);
 
-    /// Makes the sizer of the whole screen. The caller must give it to the dialog at once.
-    wxSizer* build(const Layout& layout);
+    struct Built {
+        wxSizer* sizer = nullptr;  ///< of the whole screen; the caller must give it to the dialog at once
+        wxScrolledWindow* content = nullptr;  ///< all but the last row, which has the dialog's buttons
+    };
+    /// Makes the windows and sizers of the whole screen.
+    Built build(const Layout& layout);
 
   private:
     /// A built layout for its parent: a window or a sizer, and how it takes space.

@@ -76,6 +76,12 @@ bool hasKeyboard(const wxWindow& window) {
     return focus && (focus == window.GetHandle() || gtk_widget_is_ancestor(focus, window.GetHandle()));
 }
 
+int boxHeight(const wxTextCtrl& box) {
+    int least = 0, natural = 0;
+    gtk_widget_get_preferred_height(box.GetHandle(), &least, &natural);
+    return natural;
+}
+
 void setTextMargin(wxTextCtrl& text, int pixels) {
     GtkWidget* view = gtk_bin_get_child(GTK_BIN(text.GetHandle()));
     gtk_text_view_set_left_margin(GTK_TEXT_VIEW(view), pixels);
@@ -120,6 +126,10 @@ bool hasKeyboard(const wxWindow& window) {
         if (at == &window) return true;
     }
     return false;
+}
+
+int boxHeight(const wxTextCtrl& box) {
+    return box.GetBestSize().y;
 }
 
 void setTextMargin(wxTextCtrl& text, int pixels) {

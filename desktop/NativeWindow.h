@@ -22,6 +22,9 @@ void leaveInnerButtonOutOfTabOrder(wxComboBox& box);
 /// Makes Tab skip the window.
 void leaveOutOfTabOrder(wxWindow& window);
 
+/// The height of a box of one line in the theme, in pixels. The toolkit's own figure is too small on one platform.
+int boxHeight(const wxTextCtrl& box);
+
 /// Sets the margin, in pixels, between the text of a multi-line box and its border.
 void setTextMargin(wxTextCtrl& text, int pixels);
 

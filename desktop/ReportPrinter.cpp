@@ -3,11 +3,12 @@
 #include <algorithm>
 #include <numeric>
 
+#include <wx/choice.h>
 #include <wx/control.h>
 #include <wx/datetime.h>
 #include <wx/dc.h>
+#include <wx/display.h>
 #include <wx/evtloop.h>
-#include <wx/choice.h>
 #include <wx/statusbr.h>
 #include <wx/textctrl.h>
 #ifdef __WXGTK__
@@ -53,8 +54,9 @@ void nameControls(wxWindow& parent) {
     for (wxWindow* child : parent.GetChildren()) {
         if (dynamic_cast<wxPreviewCanvas*>(child)) {
             setAccessibleName(*child, "Preview of the page");
-        } else if (dynamic_cast<wxTextCtrl*>(child)) {
-            setAccessibleName(*child, "Page");
+        } else if (auto* page = dynamic_cast<wxTextCtrl*>(child)) {
+            setAccessibleName(*page, "Page");
+            page->SetMinSize({page->GetMinSize().x, boxHeight(*page)});
         } else if (dynamic_cast<wxChoice*>(child)) {
             setAccessibleName(*child, "Zoom");
         } else if (child->GetLabel().empty() && !child->GetToolTipText().empty()) {
@@ -91,8 +93,11 @@ class PreviewFrame : public wxPreviewFrame {
         // The toolkit's status line is too low for the letters' descenders.
         if (wxStatusBar* line = GetStatusBar()) line->SetMinHeight(line->GetCharHeight() + FromDIP(10));
         nameControls(*this);
-        SetSize(FromDIP(wxSize(900, 700)));
-        CentreOnParent();
+        wxSize size = FromDIP(wxSize(900, 700));
+        size.DecTo(wxDisplay(this).GetClientArea().GetSize() -
+                   wxSize(0, 4 * GetCharHeight()));  // the title bar
+        SetSize(size);
+        CentreOnScreen();
         Show();
 #ifdef __WXGTK__
         gtk_grab_add(GetHandle());  // a modal dialog below holds the grab, and with it all input

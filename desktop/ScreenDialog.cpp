@@ -6,6 +6,7 @@
 
 #include <wx/bookctrl.h>
 #include <wx/display.h>
+#include <wx/settings.h>
 #include <wx/sizer.h>
 #include <wx/utils.h>
 
@@ -60,7 +61,9 @@ ScreenDialog::ScreenDialog(wxWindow* owner, Screen& screen)
     : wxDialog(owner, wxID_ANY, toWx(screen.caption()), wxDefaultPosition, wxDefaultSize, styleOf(screen)),
       screen_(screen) {
     SetEscapeId(wxID_NONE);  // onKey() handles Esc by the screen's cancel button
-    SetSizer(LayoutBuilder(*this).build(screen.layout()));
+    const LayoutBuilder::Built built = LayoutBuilder(*this).build(screen.layout());
+    content_ = built.content;
+    SetSizer(built.sizer);
     for (const ControlViewPtr& view : views_)
         view->update();
     place();
@@ -149,6 +152,7 @@ void ScreenDialog::drawChanges() {
     size.IncTo(least);
     if (size != GetSize()) SetSize(size);
     Layout();
+    content_->FitInside();
 }
 
 void ScreenDialog::activateFirst() {
@@ -247,7 +251,7 @@ wxSize ScreenDialog::naturalSize() {
         view->window().SetMinSize(preferred);
         view->window().InvalidateBestSize();  // also that of the parent windows
     }
-    const wxSize client = GetSizer()->CalcMin();
+    const wxSize client = leastClientSize();
     for (std::size_t i = 0; i < views_.size(); ++i) {
         views_[i]->window().SetMinSize(least[i]);
         views_[i]->window().InvalidateBestSize();
@@ -255,27 +259,69 @@ wxSize ScreenDialog::naturalSize() {
     return client;
 }
 
+/// The size below which a control would be cut off. What is larger than the display scrolls, except the last row.
+wxSize ScreenDialog::leastClientSize() {
+    const wxSize content = content_->GetSizer()->CalcMin();
+    content_->SetMinSize(content);
+    const wxSize whole = GetSizer()->CalcMin();
+    const int titleBar =
+        2 * GetCharHeight() + FromDIP(12);  // at most; it is known only once the window is shown
+    const wxSize room = displayArea().GetSize() - wxSize(FromDIP(4), titleBar);
+    wxSize least = content;
+    if (whole.y > room.y) {
+        least.y -= whole.y - room.y;
+        least.x += wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, this);
+    }
+    if (whole.x - content.x + least.x > room.x) least.x = room.x - (whole.x - content.x);
+    content_->SetMinSize(least);
+    return GetSizer()->CalcMin();
+}
+
 wxSize ScreenDialog::updateLeastSize() {
-    const wxSize least = ClientToWindowSize(GetSizer()->CalcMin());
+    const wxSize least = ClientToWindowSize(leastClientSize());
     SetMinSize(least);
     return least;
 }
 
-void ScreenDialog::place() {
-    const wxSize natural = naturalSize();
-    updateLeastSize();
-    const Screen::Placement& stored = screen_.placement;
-    const wxWindow* owner = GetParent();
+/// The part of the display that windows may take: of the owner's display, or that of the host's window in front.
+wxRect ScreenDialog::displayArea() const {
+    const wxWindow* const owner = GetParent();
     int display = owner ? wxDisplay::GetFromWindow(owner) : wxNOT_FOUND;
-    if (stored.left) {
-        const wxPoint middle(FromDIP(*stored.left) + GetSize().x / 2, owner ? owner->GetScreenRect().y : 0);
+    if (screen_.placement.left) {
+        const wxPoint middle(FromDIP(*screen_.placement.left) + GetSize().x / 2,
+                             owner ? owner->GetScreenRect().y : 0);
         if (const int there = wxDisplay::GetFromPoint(middle); there != wxNOT_FOUND) display = there;
     }
     const wxRect guestOf = owner ? wxRect() : ForeignWindows::foremostRect();
     if (display == wxNOT_FOUND && !guestOf.IsEmpty())
         display = wxDisplay::GetFromPoint(guestOf.GetPosition() + guestOf.GetSize() / 2);
-    const wxRect area =
-        wxDisplay(display == wxNOT_FOUND ? 0u : static_cast<unsigned>(display)).GetClientArea();
+    return wxDisplay(display == wxNOT_FOUND ? 0u : static_cast<unsigned>(display)).GetClientArea();
+}
+
+/// Makes boxes narrower until the screen fits into the display's width: scrolling sideways would hide their labels.
+void ScreenDialog::narrowToDisplay() {
+    const int least = FromDIP(80);
+    const auto width = [this] { return GetSizer()->CalcMin().x; };
+    content_->SetMinSize(content_->GetSizer()->CalcMin());
+    for (int round = 0; round < 4 && width() > displayArea().width; ++round) {
+        for (const ControlViewPtr& view : views_) {
+            const wxSize now = view->window().GetMinSize();
+            if (!view->growsWide() || view->holdsOthers() || now.x <= least) continue;
+            view->window().SetMinSize({std::max(least, now.x * 2 / 3), now.y});
+            view->window().InvalidateBestSize();
+        }
+        content_->SetMinSize(content_->GetSizer()->CalcMin());
+    }
+}
+
+void ScreenDialog::place() {
+    narrowToDisplay();
+    const wxSize natural = naturalSize();
+    updateLeastSize();
+    const Screen::Placement& stored = screen_.placement;
+    const wxWindow* owner = GetParent();
+    const wxRect guestOf = owner ? wxRect() : ForeignWindows::foremostRect();
+    const wxRect area = displayArea();
 
     // In the unit of the stored values, so that one rule serves displays of any density.
     const auto toDip = [this](const wxRect& rect) {
@@ -286,7 +332,7 @@ void ScreenDialog::place() {
         .owner = toDip(owner && owner->IsShown() ? owner->GetScreenRect()
                        : guestOf.IsEmpty()       ? area
                                                  : guestOf),
-        .least = ToDIP(GetSizer()->CalcMin()),
+        .least = ToDIP(leastClientSize()),
         .natural = ToDIP(natural),
     };
     const wxRect rect = placeWindow(stored, screen_.resizable, around);

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include <wx/dialog.h>
+#include <wx/scrolwin.h>
 
 #include "desktop/ControlView.h"
 #include "desktop/ForeignWindows.h"
@@ -57,6 +58,9 @@ class ScreenDialog : public wxDialog, private ScreenView {
     void place();
     wxSize naturalSize();
     wxSize updateLeastSize();
+    wxRect displayArea() const;
+    wxSize leastClientSize();
+    void narrowToDisplay();
     void rememberPlacement();
     void setInitialFocus();
     void moveFocus(ControlView& view);
@@ -76,6 +80,7 @@ class ScreenDialog : public wxDialog, private ScreenView {
     bool press(bool (*isMeant)(const Control& control));
 
     Screen& screen_;
+    wxScrolledWindow* content_ = nullptr;  // the screen without its last row
     std::vector<ControlViewPtr> views_;
     std::unordered_map<const Control*, ControlView*> viewByControl_;
     std::unordered_map<int, std::vector<ControlView*>> viewsByMnemonic_;

@@ -74,7 +74,8 @@ class TextBoxView : public ControlView {
           box_(box),
           window_(new wxTextCtrl(parent, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize, styleOf(box))) {
         setWindow(window_);
-        wxSize least = window_->GetSizeFromTextSize(widthOfCharacters(*window_, box.widthInCharacters));
+        wxSize least(window_->GetSizeFromTextSize(widthOfCharacters(*window_, box.widthInCharacters)).x,
+                     boxHeight(*window_));
         if (box.multiLine) {
             least.y = linesOfText * window_->GetCharHeight() + window_->FromDIP(10);
             setTextMargin(*window_, window_->FromDIP(textMargin));

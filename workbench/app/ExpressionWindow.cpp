@@ -1,5 +1,7 @@
 #include "workbench/app/ExpressionWindow.h"
 
+#include <algorithm>
+
 #include <wx/wx.h>
 
 #include "desktop/NativeWindow.h"
@@ -60,7 +62,7 @@ class ExpressionDialog : public wxDialog {
         for (const char* sign : signs) {
             auto* button =
                 new wxButton(this, wxID_ANY, sign, wxDefaultPosition, wxDefaultSize, wxBU_EXACTFIT);
-            button->SetMinSize(wxSize(FromDIP(38), -1));
+            button->SetMinSize(wxSize(std::max(FromDIP(38), button->GetBestSize().x), -1));
             button->Bind(wxEVT_BUTTON, [this, sign](wxCommandEvent&) { insert(sign); });
             line->Add(button, wxSizerFlags().Border(wxRIGHT, FromDIP(4)));
         }

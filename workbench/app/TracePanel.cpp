@@ -6,6 +6,7 @@
 
 #include <climits>
 #include <wx/filedlg.h>
+#include <wx/wrapsizer.h>
 
 #include "desktop/NativeGrid.h"
 #include "desktop/NativeWindow.h"
@@ -108,9 +109,10 @@ TracePanel::TracePanel(wxWindow* parent) : wxPanel(parent), model_(new Model(*th
                    {"Result", 120, wxALIGN_LEFT},
                    {"Time", 80, wxALIGN_RIGHT}};
     for (const auto& column : columns) {
-        wxDataViewColumn* const made =
-            list_->AppendTextColumn(column.caption, list_->GetColumnCount(), wxDATAVIEW_CELL_INERT,
-                                    FromDIP(column.width), column.align, wxDATAVIEW_COL_RESIZABLE);
+        wxDataViewColumn* const made = list_->AppendTextColumn(
+            column.caption, list_->GetColumnCount(), wxDATAVIEW_CELL_INERT,
+            std::max(FromDIP(column.width), GetTextExtent(column.caption).x + FromDIP(20)), column.align,
+            wxDATAVIEW_COL_RESIZABLE);
         made->GetRenderer()->EnableEllipsize(wxELLIPSIZE_END);
     }
     desktop::takeRemainingWidth(*list_->GetColumn(2));
@@ -123,9 +125,9 @@ TracePanel::TracePanel(wxWindow* parent) : wxPanel(parent), model_(new Model(*th
     splitter->SplitHorizontally(list_, detail_, -FromDIP(90));
 
     const int gap = FromDIP(8);
-    auto* line = new wxBoxSizer(wxHORIZONTAL);
+    auto* line = new wxWrapSizer(wxHORIZONTAL);  // a narrow window or large type gets a second line
     line->Add(heading, wxSizerFlags().CenterVertical());
-    line->Add(count_, wxSizerFlags(1).CenterVertical().Border(wxLEFT, gap));
+    line->Add(count_, wxSizerFlags(1).CenterVertical().Border(wxLEFT | wxRIGHT, gap));
     line->Add(fetches_, wxSizerFlags().CenterVertical().Border(wxRIGHT, gap));
     line->Add(filter_, wxSizerFlags().CenterVertical().Border(wxRIGHT, gap));
     line->Add(save, wxSizerFlags().CenterVertical().Border(wxRIGHT, gap));

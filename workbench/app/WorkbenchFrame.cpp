@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include <wx/config.h>
+#include <wx/display.h>
 #include <wx/persist/dataview.h>
 #include <wx/persist/splitter.h>
 #include <wx/persist/toplevel.h>
@@ -29,9 +30,12 @@ WorkbenchFrame::WorkbenchFrame(CompanySession& session, const ObjectPtr& library
     trace_ = new TracePanel(down_);
     for (wxSplitterWindow* splitter : {across_, down_})
         splitter->SetMinimumPaneSize(FromDIP(120));
-    SetClientSize(FromDIP(wxSize(1240, 760)));
+    wxSize size = FromDIP(wxSize(1240, 760));
+    size.DecTo(wxDisplay(this).GetClientArea().GetSize() -
+               wxSize(0, 4 * GetCharHeight()));  // title and status bars
+    SetClientSize(size);
     down_->SplitHorizontally(operation_, trace_, FromDIP(200));
-    across_->SplitVertically(tree_, down_, FromDIP(420));
+    across_->SplitVertically(tree_, down_, std::min(FromDIP(420), size.x * 2 / 5));
     down_->SetSashGravity(0.0);
 
     CreateStatusBar(2);

@@ -71,7 +71,11 @@ class Inspection {
             dynamic_cast<const wxStaticText*>(&control) && (control.GetWindowStyle() & mayBeCut) != 0;
         const wxSize size = control.GetSize(), best = control.GetBestSize();
         if (hasCaption && !ellipsized && size.x < best.x) tell(control, "is cut off at its end");
-        if (hasCaption && size.y < best.y) tell(control, "is cut off below");
+        const auto* box = dynamic_cast<const wxTextCtrl*>(&control);
+        const bool hasLine =
+            box ? box->IsSingleLine() : dynamic_cast<const wxItemContainer*>(&control) != nullptr;
+        const bool cutOffBelow = hasCaption ? size.y < best.y : hasLine && size.y < control.GetCharHeight();
+        if (cutOffBelow) tell(control, "is cut off below");
         if (const auto* list = dynamic_cast<const wxDataViewCtrl*>(&control)) lookAtColumns(*list);
     }
 
