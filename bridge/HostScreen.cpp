@@ -26,11 +26,11 @@ constexpr std::string_view stateValue = "WindowState";
 constexpr int stateNormal = 0;
 constexpr int stateMaximized = 2;
 
-std::string positionKey(const Screen& screen) {
+}  // namespace
+
+std::string windowPositionKey(const Screen& screen) {
     return std::string(settingsKey) + "\\Window Positions\\" + screen.name();
 }
-
-}  // namespace
 
 void HostScreen::reportDatabaseFailure(std::string_view message, std::string_view explanation) {
     std::string detail;
@@ -75,7 +75,7 @@ Busy::~Busy() {
 }
 
 void restoreWindowPosition(Screen& screen, WindowValues which) {
-    const std::string key = positionKey(screen);
+    const std::string key = windowPositionKey(screen);
     for (const auto& [name, member] : positionValues) {
         const auto stored = screen.desktop().readSetting(key, name);
         const auto number = stored ? parseNumber(*stored) : std::nullopt;
@@ -87,7 +87,7 @@ void restoreWindowPosition(Screen& screen, WindowValues which) {
 }
 
 void saveWindowPosition(Screen& screen, WindowValues which) {
-    const std::string key = positionKey(screen);
+    const std::string key = windowPositionKey(screen);
     for (const auto& [name, member] : positionValues) {
         if (const auto value = screen.placement.*member) {
             screen.desktop().writeSetting(key, name, std::to_string(*value));

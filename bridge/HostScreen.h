@@ -63,6 +63,9 @@ class Busy {
 /// The stored values of a screen's window. Editors also store whether the window is maximized.
 enum class WindowValues { Place, PlaceAndState };
 
+/// The key under which the values of a screen's window are stored.
+std::string windowPositionKey(const Screen& screen);
+
 /// Restores a screen's window position from the user's settings: Left, Width and Height, and WindowState if
 /// requested, under the window positions key and the screen's name. A value that is no number is ignored.
 void restoreWindowPosition(Screen& screen, WindowValues which = WindowValues::Place);

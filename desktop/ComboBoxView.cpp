@@ -74,6 +74,7 @@ class EditableView : public ListView<wxComboBox> {
     EditableView(ScreenDialog& dialog, wxWindow* parent, ComboBox& box)
         : ListView(dialog, box, new wxComboBox(parent, wxID_ANY)) {
         leaveInnerButtonOutOfTabOrder(*list_);
+        pasteAsOneLine(*list_, *list_);
         list_->Bind(wxEVT_COMBOBOX, [this](wxCommandEvent&) { choose(); });
         list_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { type(); });
     }

@@ -139,13 +139,16 @@ std::string withExtension(const std::string& name, const FileFilter& filter) {
 }
 
 std::optional<std::string> askFile(wxWindow* owner, FileDialogKind kind, const wxString& title,
-                                   std::span<const FileFilter> filters) {
+                                   std::span<const FileFilter> filters, const wxString& proposal) {
+    static wxString lastFolder;
     const bool saving = kind == FileDialogKind::Save;
-    wxFileName before;
+    wxFileName before(proposal);
     for (;;) {
-        wxFileDialog dialog(owner, title, before.GetPath(), before.GetFullName(), wildcard(filters),
+        wxFileDialog dialog(owner, title, before.GetDirCount() > 0 ? before.GetPath() : lastFolder,
+                            before.GetFullName(), wildcard(filters),
                             saving ? wxFD_SAVE | wxFD_OVERWRITE_PROMPT : wxFD_OPEN | wxFD_FILE_MUST_EXIST);
         if (dialog.ShowModal() != wxID_OK) return std::nullopt;
+        lastFolder = wxFileName(dialog.GetPath()).GetPath();
         const std::string chosen = fromWx(dialog.GetPath());
         if (!saving) return chosen;
         const auto filter = static_cast<std::size_t>(dialog.GetFilterIndex());

@@ -19,8 +19,9 @@ MessageAnswer askMessage(wxWindow* owner, const wxString& title, const wxString&
                          MessageIcon icon);
 
 enum class FileDialogKind { Open, Save };
+/// Begins in the folder of the file chosen last, or in that of the proposed one.
 std::optional<std::string> askFile(wxWindow* owner, FileDialogKind kind, const wxString& title,
-                                   std::span<const FileFilter> filters);
+                                   std::span<const FileFilter> filters, const wxString& proposal = {});
 
 /// Appends the filter's extension unless the name has an extension or the filter allows any.
 std::string withExtension(const std::string& name, const FileFilter& filter);

@@ -21,6 +21,8 @@ class ForeignWindows {
     ForeignWindows(const ForeignWindows&) = delete;
     ForeignWindows& operator=(const ForeignWindows&) = delete;
 
+    /// Disables again what the host has enabled since: a message box of the host enables its owner when it closes.
+    void disable();
     /// Enables the windows again, the last disabled first. Must be called before the modal window is hidden:
     /// otherwise the system finds no enabled window of this program and activates another program's.
     void enable() noexcept;

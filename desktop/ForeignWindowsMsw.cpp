@@ -68,6 +68,13 @@ ForeignWindows::ForeignWindows() {
     }
 }
 
+void ForeignWindows::disable() {
+    for (void* const window : disabled_) {
+        const HWND handle = static_cast<HWND>(window);
+        if (IsWindow(handle) && IsWindowEnabled(handle)) EnableWindow(handle, FALSE);
+    }
+}
+
 ForeignWindows::~ForeignWindows() {
     enable();
     if (const HWND owned = static_cast<HWND>(owned_); IsWindow(owned)) unwatch(owned);

@@ -6,6 +6,8 @@ namespace tsln::desktop {
 ForeignWindows::ForeignWindows() = default;
 ForeignWindows::~ForeignWindows() = default;
 
+void ForeignWindows::disable() {}
+
 void ForeignWindows::enable() noexcept {}
 
 void ForeignWindows::own(wxTopLevelWindow&, std::function<void()>) {}

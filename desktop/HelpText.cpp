@@ -11,7 +11,8 @@ the list, or the keyboard.</p>
 <tr><td><b>New</b></td><td><tt>Ins</tt></td><td>Adds an entry.</td></tr>
 <tr><td><b>Edit</b></td><td><tt>Enter</tt>, double click</td><td>Opens the entry to change it.</td></tr>
 <tr><td><b>Delete</b></td><td><tt>Del</tt></td><td>Removes the selected entries; the key asks
-first, the button does not. Most lists keep an entry that is still used elsewhere and tell you where it is used.</td></tr>
+first, the button does not. Some lists look where an entry is used, keep it then and tell you; the others remove it at
+once. While many entries are removed, <tt>Esc</tt> stops after the current one.</td></tr>
 <tr><td><b>More</b></td><td></td><td>Imports, exports, prints or saves the list; some lists also move all uses of
 an entry to another one or install default entries.</td></tr>
 <tr><td><b>Help</b></td><td><tt>F1</tt></td><td>Opens this page.</td></tr>
@@ -21,8 +22,10 @@ an entry to another one or install default entries.</td></tr>
 <h3>Finding and sorting</h3>
 <ul>
 <li>Click a column's header to sort by that column; click it again to turn the order round.</li>
-<li>Type the first letters of an entry to go to it.</li>
-<li>Drag the line between two headers to change a column's width.</li>
+<li>Type the first letters of an entry, without a pause, to go to it; the letters are looked for in the column that the
+list is sorted by, or in the first one.</li>
+<li>Drag the line between two headers to change a column's width, or a header to move its column; the list looks the same
+when you open it again.</li>
 </ul>
 <h3>Selecting several entries</h3>
 <ul>

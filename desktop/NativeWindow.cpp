@@ -2,7 +2,9 @@
 
 #include <string>
 
+#include <wx/clipbrd.h>
 #include <wx/combobox.h>
+#include <wx/dataobj.h>
 #include <wx/dataview.h>
 #include <wx/settings.h>
 #include <wx/textctrl.h>
@@ -29,6 +31,21 @@ void leaveOutOfTabOrder(wxWindow& window) {
 wxColour failureColour() {
     const bool dark = wxSystemSettings::GetColour(wxSYS_COLOUR_LISTBOX).GetLuminance() < 0.5;
     return dark ? wxColour(0xFF, 0x80, 0x80) : wxColour(0xB0, 0x20, 0x20);
+}
+
+void pasteAsOneLine(wxWindow& box, wxTextEntry& entry) {
+    box.Bind(wxEVT_TEXT_PASTE, [&entry](wxClipboardTextEvent& event) {
+        wxTextDataObject data;
+        const wxClipboardLocker clipboard;
+        if (!entry.IsEditable() || !clipboard || !wxTheClipboard->GetData(data) ||
+            data.GetText().find_first_of("\r\n") == wxString::npos)
+            return event.Skip();
+        wxString text = data.GetText();
+        text.Replace("\r\n", " ");
+        text.Replace("\n", " ");
+        text.Replace("\r", " ");
+        entry.WriteText(text);
+    });
 }
 
 #ifdef __WXGTK__

@@ -5,6 +5,7 @@
 
 class wxComboBox;
 class wxTextCtrl;
+class wxTextEntry;
 class wxWindow;
 
 namespace tsln::desktop {
@@ -24,6 +25,10 @@ void leaveOutOfTabOrder(wxWindow& window);
 
 /// The height of a box of one line in the theme, in pixels. The toolkit's own figure is too small on one platform.
 int boxHeight(const wxTextCtrl& box);
+
+/// Pastes several lines into a box of one line as one, with blanks. The system would keep only the first one, or show
+/// signs for the line ends. `entry` is the box itself, which must not be a box of several lines.
+void pasteAsOneLine(wxWindow& box, wxTextEntry& entry);
 
 /// Sets the margin, in pixels, between the text of a multi-line box and its border.
 void setTextMargin(wxTextCtrl& text, int pixels);

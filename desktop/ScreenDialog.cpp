@@ -142,6 +142,7 @@ void ScreenDialog::act(const std::function<void()>& what) {
 }
 
 void ScreenDialog::drawChanges() {
+    if (foreign_) foreign_->disable();
     while (!changed_.empty()) {
         for (ControlView* view : std::exchange(changed_, {}))
             view->update();

@@ -82,6 +82,7 @@ class TextBoxView : public ControlView {
         }
         window_->SetMinSize(least);
         if (!box.cueText.empty() && !box.multiLine) window_->SetHint(toWx(box.cueText));
+        if (!box.multiLine) pasteAsOneLine(*window_, *window_);
         window_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { act([] {}); });
     }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 
 #include <wx/app.h>
 #include <wx/clipbrd.h>
@@ -41,6 +42,21 @@ class ActiveLoop {
   private:
     std::unique_ptr<wxGUIEventLoop> own_;
     std::unique_ptr<wxEventLoopActivator> activator_;
+};
+
+/// Drops keys and clicks while it exists.
+class InputDropper : private wxEventFilter {
+  public:
+    InputDropper() { wxEvtHandler::AddFilter(this); }
+    ~InputDropper() override { wxEvtHandler::RemoveFilter(this); }
+
+  private:
+    int FilterEvent(wxEvent& event) override {
+        const bool click = dynamic_cast<wxMouseEvent*>(&event) && event.GetEventType() != wxEVT_MOTION &&
+                           event.GetEventType() != wxEVT_ENTER_WINDOW &&
+                           event.GetEventType() != wxEVT_LEAVE_WINDOW;
+        return click || dynamic_cast<wxKeyEvent*>(&event) ? Event_Processed : Event_Skip;
+    }
 };
 
 class WxTimer : public RunningTimer, private wxTimer {
@@ -115,9 +131,10 @@ std::optional<std::string> WxDesktop::openFile(Screen& owner, std::string_view t
 }
 
 std::optional<std::string> WxDesktop::saveFile(Screen& owner, std::string_view title,
-                                               std::span<const FileFilter> filters) {
+                                               std::span<const FileFilter> filters,
+                                               std::string_view proposal) {
     drawChanges();
-    return askFile(windowFor(&owner), FileDialogKind::Save, toWx(title), filters);
+    return askFile(windowFor(&owner), FileDialogKind::Save, toWx(title), filters, toWx(proposal));
 }
 
 int WxDesktop::choosePopup(Screen& owner, const Command& popup, Control& below) {
@@ -168,9 +185,12 @@ void WxDesktop::yield() {
     drawChanges();
     const ActiveLoop loop;
     if (loop->IsYielding()) return;
-    // Input stays in the queue while a screen is busy, except during a job, which can be cancelled.
+    // Input that comes while a screen is busy is dropped: kept until afterwards, it would meet another state than the
+    // one the user saw. A job takes input to be cancelled; its screen has disabled everything else.
     const bool job = !dialogs_.empty() && dialogs_.back()->screen().job();
-    loop->YieldFor(job ? wxEVT_CATEGORY_ALL : wxEVT_CATEGORY_UI | wxEVT_CATEGORY_TIMER);
+    std::optional<InputDropper> dropper;
+    if (!job) dropper.emplace();
+    loop->YieldFor(wxEVT_CATEGORY_ALL);
     for (ScreenDialog* dialog : dialogs_)
         dialog->Update();
 }

@@ -35,7 +35,8 @@ class WxDesktop : public Desktop {
     std::optional<std::string> openFile(Screen& owner, std::string_view title,
                                         std::span<const FileFilter> filters) override;
     std::optional<std::string> saveFile(Screen& owner, std::string_view title,
-                                        std::span<const FileFilter> filters) override;
+                                        std::span<const FileFilter> filters,
+                                        std::string_view proposal = {}) override;
     int choosePopup(Screen& owner, const Command& popup, Control& below) override;
     void printPreview(Screen& owner, const ReportControl& report, std::string_view title) override;
     void showHelp(Screen& owner, std::string_view file, std::int32_t context) override;

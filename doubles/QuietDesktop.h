@@ -19,7 +19,8 @@ class QuietDesktop : public Desktop {
     std::optional<std::string> openFile(Screen&, std::string_view, std::span<const FileFilter>) override {
         return {};
     }
-    std::optional<std::string> saveFile(Screen&, std::string_view, std::span<const FileFilter>) override {
+    std::optional<std::string> saveFile(Screen&, std::string_view, std::span<const FileFilter>,
+                                        std::string_view) override {
         return {};
     }
     int choosePopup(Screen&, const Command&, Control&) override { return 0; }

@@ -86,7 +86,9 @@ std::optional<std::string> ScriptedDesktop::openFile(Screen&, std::string_view t
 }
 
 std::optional<std::string> ScriptedDesktop::saveFile(Screen&, std::string_view title,
-                                                     std::span<const FileFilter> filters) {
+                                                     std::span<const FileFilter> filters,
+                                                     std::string_view proposal) {
+    proposals.emplace_back(proposal);
     return pickFile(title, filters);
 }
 

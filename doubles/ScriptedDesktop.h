@@ -62,6 +62,7 @@ class ScriptedDesktop : public Desktop {
     std::map<std::string, std::string> settings;  ///< by "key|value"
     std::function<ObjectPtr(std::string_view programId)> components;
     std::string folder = "/nowhere";
+    std::vector<std::string> proposals;  ///< of the dialogs for saving
     int yields = 0;
     std::function<void()> onYield;
 
@@ -77,7 +78,8 @@ class ScriptedDesktop : public Desktop {
     std::optional<std::string> openFile(Screen& owner, std::string_view title,
                                         std::span<const FileFilter> filters) override;
     std::optional<std::string> saveFile(Screen& owner, std::string_view title,
-                                        std::span<const FileFilter> filters) override;
+                                        std::span<const FileFilter> filters,
+                                        std::string_view proposal = {}) override;
     int choosePopup(Screen& owner, const Command& popup, Control& below) override;
     void printPreview(Screen& owner, const ReportControl& report, std::string_view title) override;
     void showHelp(Screen& owner, std::string_view file, std::int32_t context) override;

@@ -102,11 +102,12 @@ void importList(HostScreen& screen, std::int16_t kind) {
     }
 }
 
-void exportList(HostScreen& screen, std::int16_t kind) {
+void exportList(HostScreen& screen, std::int16_t kind, std::string& proposed) {
     const ListKind list = findListKind(kind);
     if (list.listName.empty()) return;
-    const auto file = screen.desktop().saveFile(screen, "Save As", fileFilters);
+    const auto file = screen.desktop().saveFile(screen, "Save As", fileFilters, proposed);
     if (!file || file->empty()) return;
+    proposed = *file;
     const bool exported = succeeded([&] {
         const Component engine(screen.desktop().createObject("tslniee5.Engine"), screen.host());
         engine->put("SimpleExport", portableExport(screen.desktop()));

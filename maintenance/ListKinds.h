@@ -18,7 +18,8 @@ ListKind findListKind(std::int16_t kind);
 
 /// Lets the user choose a file, imports it into the list and shows the result.
 void importList(HostScreen& screen, std::int16_t kind);
-/// Lets the user choose a file, exports the list to it and shows the result.
-void exportList(HostScreen& screen, std::int16_t kind);
+/// Lets the user choose a file, exports the list to it and shows the result. `file` is the proposed name or path, and
+/// then the chosen path.
+void exportList(HostScreen& screen, std::int16_t kind, std::string& file);
 
 }  // namespace tsln

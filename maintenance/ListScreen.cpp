@@ -1,11 +1,13 @@
 #include "maintenance/ListScreen.h"
 
 #include <algorithm>
+#include <cctype>
 #include <exception>
 #include <iterator>
 
 #include "maintenance/ListKinds.h"
 #include "maintenance/modSharedReportControl.h"
+#include "screens/Job.h"
 #include "shared/modSharedSQL.h"
 #include "shared/modSharedStrings.h"
 
@@ -39,6 +41,34 @@ ReportColumn reportColumn(const ListColumn& column) {
     for (const Choice& choice : column.choices)
         made.choices.push_back({choice.number, std::string(choice.caption)});
     return made;
+}
+
+/// A name for a file with the list, without the signs that file systems refuse.
+std::string fileName(std::string_view caption, std::string_view ending) {
+    std::string name(caption);
+    std::ranges::replace_if(
+        name, [](char c) { return std::string_view("\\/:*?\"<>|").find(c) != std::string_view::npos; }, '-');
+    return name += ending;
+}
+
+/// Gives each command without an access letter the first letter or digit of its caption that is not taken yet.
+void giveAccessLetters(std::vector<Command>& commands) {
+    std::string taken;
+    const auto free = [&](char c) {
+        const char lower = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+        if (!std::isalnum(static_cast<unsigned char>(c)) || taken.find(lower) != taken.npos) return false;
+        taken += lower;
+        return true;
+    };
+    for (const Command& command : commands) {
+        const auto mark = command.caption.find('&');
+        if (mark != std::string::npos && mark + 1 < command.caption.size()) free(command.caption[mark + 1]);
+    }
+    for (Command& command : commands) {
+        if (command.caption.find('&') != command.caption.npos) continue;
+        const auto letter = std::ranges::find_if(command.caption, free);
+        if (letter != command.caption.end()) command.caption.insert(letter, '&');
+    }
 }
 
 }  // namespace
@@ -92,12 +122,34 @@ class ListScreen::BusyState {
     const int exceptions_ = std::uncaught_exceptions();  // the number when the work began
 };
 
+/// Shows the progress bar and its button while it exists, if they are wanted.
+class ListScreen::Progress {
+  public:
+    Progress(ListScreen& screen, bool wanted) : screen_(screen) { show(wanted); }
+    ~Progress() { show(false); }
+    Progress(const Progress&) = delete;
+    Progress& operator=(const Progress&) = delete;
+
+  private:
+    void show(bool visible) {
+        screen_.prgWork.setVisible(visible);
+        screen_.cmdStop.setVisible(visible);
+    }
+
+    ListScreen& screen_;
+};
+
 ListScreen::ListScreen(Library& library, const ListDescription& description)
     : HostScreen(library, std::string(description.screenName)),
       description_(description),
       rights_(description.securityArea) {
     setCaption(std::string(description.caption));
     rptItems.accessibleName = description.caption;
+    textFile_ = fileName(description.caption, ".txt");
+    exportFile_ = fileName(description.caption, ".xml");
+    prgWork.accessibleName = "Progress";
+    for (Control* control : {static_cast<Control*>(&prgWork), static_cast<Control*>(&cmdStop)})
+        control->setVisible(false);
 
     cmdNew.onClick = [this] { cmdNew_Click(); };
     cmdEdit.onClick = [this] { cmdEdit_Click(); };
@@ -140,6 +192,7 @@ Layout ListScreen::layout() {
     std::vector<Layout> parts{row(std::move(buttons)), fill(rptItems)};
     if (!description_.countLine.empty()) parts.push_back(item(lblRecords));
     std::ranges::move(belowList(), std::back_inserter(parts));
+    parts.push_back(row({fill(prgWork), item(cmdStop)}));
     parts.push_back(framed(grpOK, row({spring(), item(cmdHelp), item(cmdClose)})));
     return column(std::move(parts));
 }
@@ -154,8 +207,7 @@ void ListScreen::Form_Load() {
                           .order = groups->inRowOrder ? Order::ByAppearance : Order::ByText,
                           .emptyText = std::string(groups->emptyText)});
     }
-    if (!description_.columnLayoutKey.empty())
-        modSharedReportControl::restoreColumnLayout(rptItems, description_.columnLayoutKey);
+    modSharedReportControl::restoreColumnLayout(rptItems, description_.columnLayoutKey);
     makePopups();
     setFocus(rptItems);
 }
@@ -178,8 +230,7 @@ void ListScreen::welcome() {
 
 void ListScreen::Form_Unload() {
     saveWindowPosition(*this);
-    if (!description_.columnLayoutKey.empty())
-        modSharedReportControl::saveColumnLayout(rptItems, description_.columnLayoutKey);
+    modSharedReportControl::saveColumnLayout(rptItems, description_.columnLayoutKey);
 }
 
 void ListScreen::cmdClose_Click() {
@@ -326,11 +377,14 @@ void ListScreen::deleteKey() {
         cmdDelete.userPress();
 }
 
+/// Shows its progress, and can be ended between two rows, when many rows are selected.
 void ListScreen::deleteSelected() {
-    constexpr int rowsBetweenRepaints = 50;
-    int done = 0;
-    for (const std::size_t record : selectedRecords()) {
-        if (++done % rowsBetweenRepaints == 0) desktop().yield();
+    constexpr std::size_t fewRows = 50;
+    const std::vector<std::size_t> records = selectedRecords();
+    const Progress progress(*this, records.size() > fewRows);
+    Job job(*this, records.size(), &prgWork, records.size() > fewRows ? &cmdStop : nullptr);
+    for (const std::size_t record : records) {
+        if (!job.step()) return;
         if (!mayDelete(record)) continue;
         if (!host().database().ExecuteNonQuery(
                 format("DELETE FROM {0} WHERE ID = {1}", description_.table, rptItems.id(record)))) {
@@ -397,7 +451,7 @@ void ListScreen::makeCommands() {
          .beginsGroup = importAndExport});
     commands_.push_back(
         {.id = command::save, .caption = "Save...", .popups = inMore, .run = [](ListScreen& list) {
-             modSharedReportControl::saveAsText(list.rptItems);
+             modSharedReportControl::saveAsText(list.rptItems, list.textFile_);
          }});
     if (description_.moveReferencesCode) {
         commands_.push_back({.id = command::moveReferences,
@@ -445,6 +499,7 @@ void ListScreen::makePopups() {
                                      .caption = std::string(command.caption),
                                      .beginsGroup = command.beginsGroup});
         }
+        giveAccessLetters(made.commands);
         return made;
     };
     cbContext.popups.push_back(popup(command::more, "More List Commands", inMore));
@@ -498,7 +553,7 @@ void ListScreen::importRows() {
 }
 
 void ListScreen::exportRows() {
-    exportList(*this, *description_.listKind);
+    exportList(*this, *description_.listKind, exportFile_);
 }
 
 void ListScreen::moveReferences() {

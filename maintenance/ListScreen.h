@@ -11,6 +11,7 @@
 #include "maintenance/ListRows.h"
 #include "screens/CommandBars.h"
 #include "screens/Controls.h"
+#include "screens/ProgressBar.h"
 #include "screens/ReportControl.h"
 
 namespace tsln {
@@ -32,6 +33,8 @@ class ListScreen : public HostScreen {
     Button cmdMore{*this, "cmdMore", "&More"};
     TextBox txtFilter{*this, "txtFilter"};
     Label lblRecords{*this, "lblRecords", ""};
+    ProgressBar prgWork{*this, "prgWork"};  ///< shown with its button while many rows are deleted
+    Button cmdStop{*this, "cmdStop", "Cancel"};
     Frame grpOK{*this, "grpOK"};
     Button cmdHelp{*this, "cmdHelp", "&Help"};
     Button cmdClose{*this, "cmdClose", "&Close", Button::Role::Cancel};
@@ -98,6 +101,7 @@ class ListScreen : public HostScreen {
 
   private:
     class BusyState;
+    class Progress;
 
     void makeCommands();
     void makePopups();
@@ -118,6 +122,7 @@ class ListScreen : public HostScreen {
     void installDefaults();
 
     const ListDescription& description_;
+    std::string textFile_, exportFile_;  // proposed for saving and exporting; once chosen, the chosen paths
     HeldRights rights_;
     std::vector<ListCommand> commands_;
     struct CommandButton {

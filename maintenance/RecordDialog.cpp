@@ -34,6 +34,7 @@ std::string dialogName(const ListDescription& list) {
 }
 
 RecordDialog::RecordDialog(Library& library, std::string name) : HostScreen(library, std::move(name)) {
+    lblMissing.setVisible(false);
     cmdOK.onClick = [this] { cmdOK_Click(); };
     cmdCancel.onClick = [this] { cancel(); };
 }
@@ -89,7 +90,7 @@ Layout RecordDialog::layout() {
     using namespace tsln::layout;
     std::vector<Layout> buttons = besideButtons();
     buttons.insert(buttons.end(), {spring(), item(cmdOK), item(cmdCancel)});
-    return column({stretch(content()), row(std::move(buttons))});
+    return column({stretch(content()), item(lblMissing), row(std::move(buttons))});
 }
 
 Layout RecordDialog::content() {
@@ -160,8 +161,9 @@ void RecordDialog::fillFields() {
         for (Field& field : fields_)
             field.showFirst();
     } else {
-        readRow();
-        cmdOK.setEnabled(true);
+        const bool found = readRow();
+        cmdOK.setEnabled(found);
+        lblMissing.setVisible(!found);
     }
     // A percentage is shown in its normal form from the start.
     for (Field& field : fields_) {
@@ -177,15 +179,17 @@ void RecordDialog::focusFirstField() {
         setFocus(*first->control());
 }
 
-void RecordDialog::readRow() {
+bool RecordDialog::readRow() {
     const std::string statement = format("SELECT * FROM {0} WHERE ID = {1}", table_, ID);
     if (record_->source == RecordDescription::Source::Query) {
         const Records records = host().database().ExecuteRead(statement);
         showRow(RecordRow(records.first()));
-    } else {
-        const Recordset rows = host().companyConnection().read(statement);
-        if (rows.isOpen() && !rows.atEnd()) showRow(RecordsetRow(rows));
+        return records.count() > 0;
     }
+    const Recordset rows = host().companyConnection().read(statement);
+    const bool found = rows.isOpen() && !rows.atEnd();
+    if (found) showRow(RecordsetRow(rows));
+    return found;
 }
 
 void RecordDialog::showRow(const Row& row) {

@@ -31,6 +31,9 @@ class RecordDialog : public HostScreen {
 
     Button cmdOK{*this, "cmdOK", "OK", Button::Role::Default};
     Button cmdCancel{*this, "cmdCancel", "Cancel", Button::Role::Cancel};
+    /// Shown when the record of an existing key has no row. It cannot be saved then.
+    Label lblMissing{*this, "lblMissing",
+                     "This record does not exist. It may have been deleted by another user."};
 
     /// True unless the dialog was closed with its work done.
     bool Cancelled = true;
@@ -103,7 +106,8 @@ class RecordDialog : public HostScreen {
   private:
     void makeFields();
     void fillFields();
-    void readRow();
+    /// Returns false when the record has no row.
+    bool readRow();
     void showRow(const Row& row);
     void focusFirstField();
     bool validateField(Field& field);

@@ -13,8 +13,14 @@ namespace {
 
 const FileFilter fileFilters[] = {{"Text Files", "*.txt"}, {"All Files (*.*)", "*.*"}};
 
-std::string layoutsKey() {
-    return std::string(settingsKey) + "\\Column Layouts";
+struct LayoutPlace {
+    std::string key, value;
+};
+
+/// Lists without a key of their own keep their columns with the values of their window.
+LayoutPlace placeOf(const ReportControl& items, std::string_view key) {
+    if (key.empty()) return {windowPositionKey(items.screen()), "Columns"};
+    return {std::string(settingsKey) + "\\Column Layouts", std::string(key)};
 }
 
 void appendValue(std::string& line, std::string_view value) {
@@ -68,10 +74,11 @@ std::int32_t selectedID(const ReportControl& items) {
     return record ? items.id(*record) : 0;
 }
 
-void saveAsText(ReportControl& items) {
+void saveAsText(ReportControl& items, std::string& file) {
     Screen& screen = items.screen();
-    const auto path = screen.desktop().saveFile(screen, "Save As", fileFilters);
+    const auto path = screen.desktop().saveFile(screen, "Save As", fileFilters, file);
     if (!path || path->empty()) return;
+    file = *path;
     if (!writeFile(*path, asText(items))) {
         screen.desktop().messageBox(&screen, "Unable to write the file. (1472)", MessageButtons::Ok,
                                     MessageIcon::Critical);
@@ -79,12 +86,14 @@ void saveAsText(ReportControl& items) {
 }
 
 void restoreColumnLayout(ReportControl& items, std::string_view key) {
-    if (const auto layout = items.screen().desktop().readSetting(layoutsKey(), key))
+    const LayoutPlace place = placeOf(items, key);
+    if (const auto layout = items.screen().desktop().readSetting(place.key, place.value))
         items.setColumnLayout(*layout);
 }
 
 void saveColumnLayout(const ReportControl& items, std::string_view key) {
-    items.screen().desktop().writeSetting(layoutsKey(), key, items.columnLayout());
+    const LayoutPlace place = placeOf(items, key);
+    items.screen().desktop().writeSetting(place.key, place.value, items.columnLayout());
 }
 
 }  // namespace tsln::modSharedReportControl

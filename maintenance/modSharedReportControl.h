@@ -19,7 +19,8 @@ std::int32_t selectedID(const ReportControl& items);
 
 /// Asks for a file name and writes the rows as they are shown to this text file, in UTF-8: a line of captions, then
 /// one line per row, columns separated by tabs. Tabs and line breaks in values become blanks.
-void saveAsText(ReportControl& items);
+/// `file` is the proposed name or path, and then the chosen path.
+void saveAsText(ReportControl& items, std::string& file);
 
 /// Arranges the columns as the user left them, by the layout kept under this key of the user's settings. A layout that
 /// is missing or does not fit leaves the columns as they are defined.

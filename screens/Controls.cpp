@@ -35,6 +35,17 @@ std::size_t countOf(const Control& control, const Variant& value) {
     return static_cast<std::size_t>(count);
 }
 
+/// A text of several lines, pasted for example, with a blank for each line end.
+std::string onOneLine(std::string text) {
+    if (text.find_first_of("\r\n") == text.npos) return text;
+    std::string line;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') continue;
+        line += text[i] == '\r' || text[i] == '\n' ? ' ' : text[i];
+    }
+    return line;
+}
+
 }  // namespace
 
 // Label -----------------------------------------------------------------------------------------------
@@ -125,6 +136,7 @@ void TextBox::setLocked(bool locked) {
 }
 
 void TextBox::userType(std::string text, std::optional<Selection> selection) {
+    if (!multiLine) text = onOneLine(std::move(text));
     if (locked_ || !enabled() || text_ == text) return;
     text_ = std::move(text);
     selection_ = withinText(selection.value_or(Selection{std::string::npos, 0}));
@@ -236,6 +248,7 @@ void ComboBox::userChoose(int index) {
 }
 
 void ComboBox::userType(std::string text) {
+    text = onOneLine(std::move(text));
     if (!enabled() || !editable || text_ == text) return;
     text_ = std::move(text);
     listIndex_ = -1;

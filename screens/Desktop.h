@@ -63,9 +63,11 @@ class Desktop {
     virtual std::optional<std::string> openFile(Screen& owner, std::string_view title,
                                                 std::span<const FileFilter> filters) = 0;
     /// Lets the user pick a file to write and returns its path; no value when cancelled. The dialog asks
-    /// before an existing file is picked.
+    /// before an existing file is picked. `proposal` is the name or path it begins with; a name without a folder stands
+    /// for one in the folder used last.
     virtual std::optional<std::string> saveFile(Screen& owner, std::string_view title,
-                                                std::span<const FileFilter> filters) = 0;
+                                                std::span<const FileFilter> filters,
+                                                std::string_view proposal = {}) = 0;
     /// Shows the popup under a control and returns the chosen command's identifier, 0 when none was chosen.
     virtual int choosePopup(Screen& owner, const Command& popup, Control& below) = 0;
     virtual void printPreview(Screen& owner, const ReportControl& report, std::string_view title) = 0;

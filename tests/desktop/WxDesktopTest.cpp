@@ -243,7 +243,7 @@ TEST_F(BoxTest, HelpOpensAboveTheScreenAndEscClosesOnlyTheHelp) {
     });
     user.then([] {
         auto* window = Robot::find<wxDialog>();
-        const auto* page = dynamic_cast<wxHtmlWindow*>(wxWindow::FindWindowByName("htmlWindow", window));
+        const auto* page = dynamic_cast<wxHtmlWindow*>(wxWindow::FindWindowByName("UI Reference", window));
         ASSERT_TRUE(page);
         EXPECT_THAT(const_cast<wxHtmlWindow*>(page)->ToText().utf8_string(), testing::HasSubstr("Ctrl+A"));
         wxUIActionSimulator().MouseMove(window->GetScreenPosition() + wxPoint(20, 40));

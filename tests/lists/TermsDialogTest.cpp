@@ -243,11 +243,20 @@ TEST(TermsDialog, ARowThatCouldNotBeReadCannotBeOverwritten) {
     }
 }
 
+TEST(TermsDialog, PastedLinesBecomeOne) {
+    Stage stage;
+    stage.desktop.user<RecordDialog>("frmTerms_Edit", [&](RecordDialog& dialog) {
+        box(dialog, "txtTerms").userType("Net 30,\r\nor\nnever\r");
+        EXPECT_EQ(box(dialog, "txtTerms").text(), "Net 30, or never ");
+    });
+    stage.library->ShowEditTerms(0);
+}
+
 TEST(TermsDialog, NamesWithSpecialCharactersAreStoredUnchanged) {
     std::string longName;
     while (longName.size() < 60'000)
         longName += "Zahlung \xF0\x9F\xAA\x9F \"\\ ";
-    const std::string names[] = {"a'b''c", "line one\r\nline two", "{0}{16}", "<Bold>x</Bold>",
+    const std::string names[] = {"a'b''c", "{0}{16}", "<Bold>x</Bold>",
                                  modSharedStrings::trim(longName)};
     for (const std::string& name : names) {
         Stage stage;

@@ -298,8 +298,8 @@ TEST(TermsList, MoreCommandsAreBuiltUpdatedAndExecuted) {
         commands.push_back(std::to_string(c.id) + " " + c.caption + (c.enabled ? "" : " (off)"));
     }
     EXPECT_EQ(stage.desktop.popups.at(0).id, 28200);
-    EXPECT_THAT(commands, ElementsAre("28001 Import...", "28003 Export...", "28201 Print...", "28202 Save...",
-                                      "28250 Move References", "28251 Install Defaults"));
+    EXPECT_THAT(commands, ElementsAre("28001 &Import...", "28003 &Export...", "28201 &Print...", "28202 &Save...",
+                                      "28250 &Move References", "28251 I&nstall Defaults"));
     EXPECT_THAT(stage.desktop.printed, ElementsAre("Terms"));
     EXPECT_EQ(stage.desktop.boxes.at(0).text, "The TSLN 5 Package Processor cannot be found.");
     EXPECT_THAT(stage.desktop.shown, ElementsAre("frmTerms", "frmMoveListReferences"));

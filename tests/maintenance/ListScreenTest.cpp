@@ -174,6 +174,27 @@ TEST(ListScreen, FurtherCommandsRunFromTheirButtonAndFromBothPopups) {
         EXPECT_EQ(box.text, "toggled 3");
 }
 
+TEST(ListScreen, ColumnsAreKeptWithTheWindowAndAFileIsProposedAgain) {
+    Stage stage;
+    stage.host->rows("SELECT * FROM Charges ORDER BY GroupName,Sequence", rows);
+    const auto show = [&](const std::function<void(ListScreen&)>& act) {
+        stage.desktop.user<ListScreen>("frmCharges", act);
+        ListScreen list(*stage.library, plainCharges);
+        list.load();
+        list.showModal();
+        list.unload();
+    };
+    stage.desktop.popupChoices = {28202, 28202};
+    stage.desktop.files = {"/nowhere/at/all.txt"};
+    show([](ListScreen& list) {
+        list.rptItems.userColumnWidth(0, 333);
+        list.cmdMore.userPress();
+        list.cmdMore.userPress();
+    });
+    EXPECT_THAT(stage.desktop.proposals, ElementsAre("Charges.txt", "/nowhere/at/all.txt"));
+    show([](ListScreen& list) { EXPECT_EQ(list.rptItems.columns[0].width, 333); });
+}
+
 TEST(ListScreen, TheContextMenuFollowsTheSelectionAndTheRights) {
     ChargesStage stage;
     stage.host->on("Security.CanDo", [](Arguments a) { return Variant(a[1].toLong() != 16); });
@@ -193,10 +214,10 @@ TEST(ListScreen, TheContextMenuFollowsTheSelectionAndTheRights) {
         return captions;
     };
     EXPECT_EQ(stage.desktop.popups[0].caption, "No Items");
-    EXPECT_THAT(offered(0), ElementsAre("New..."));
-    EXPECT_THAT(offered(1), ElementsAre("New...", "Edit... (disabled)", "Delete", "Enable (disabled)"));
+    EXPECT_THAT(offered(0), ElementsAre("&New..."));
+    EXPECT_THAT(offered(1), ElementsAre("&New...", "&Edit... (disabled)", "&Delete", "En&able (disabled)"));
     EXPECT_EQ(stage.desktop.popups[2].caption, "One Item");
-    EXPECT_THAT(offered(2), ElementsAre("New...", "Edit... (disabled)", "Delete", "Enable (disabled)"));
+    EXPECT_THAT(offered(2), ElementsAre("&New...", "&Edit... (disabled)", "&Delete", "En&able (disabled)"));
 }
 
 TEST(ListScreen, TheDialogGetsFurtherArguments) {
