@@ -85,6 +85,7 @@ std::string usual(const OperationArgument& argument) {
         case ValueType::Long:
             return "1";
         case ValueType::Boolean:
+        case ValueType::Flag:
             return "0";
         default:
             return {};
