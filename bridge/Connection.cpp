@@ -69,6 +69,13 @@ void Connection::Execute(std::string_view sql) const {
     connection_->call("Execute", sql);
 }
 
+std::optional<std::int32_t> Connection::ExecuteCounting(std::string_view sql) const {
+    Variant changed;
+    connection_->call("Execute", sql, Argument::byReference(changed));
+    if (changed.isEmpty() || !changed.isNumeric()) return std::nullopt;
+    return changed.toLong();
+}
+
 Recordset Connection::read(std::string_view sql) const {
     return Recordset(connection_->call("Execute", sql).toObject());
 }
