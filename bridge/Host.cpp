@@ -63,7 +63,10 @@ std::string Host::FixForSQLInsert(std::string_view text) const {
 }
 
 std::string Host::FixDateForSQLInsert(std::string_view date) const {
-    return textOf(sharedCode()->call("FixDateForSQLInsert", date), "FixDateForSQLInsert");
+    std::string safe = textOf(sharedCode()->call("FixDateForSQLInsert", date), "FixDateForSQLInsert");
+    // The database would read an empty text as a date.
+    if (safe.empty()) throw HostError(code::fail, "FixDateForSQLInsert", "The date cannot be made ready.");
+    return safe;
 }
 
 std::string Host::GetSHA2(std::string_view text) const {
