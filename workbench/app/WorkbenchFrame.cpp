@@ -9,6 +9,7 @@
 #include <wx/persist/toplevel.h>
 #include <wx/splitter.h>
 
+#include "workbench/app/BulkSelection.h"
 #include "workbench/app/OperationPanel.h"
 #include "workbench/app/OperationTree.h"
 #include "workbench/app/RecordBrowser.h"
@@ -53,8 +54,11 @@ WorkbenchFrame::WorkbenchFrame(CompanySession& session, const ObjectPtr& library
         operation_->show(operation);
         operation_->run();
     };
-    operation_->canBrowse = [](Operation operation) { return recordKindOf(operation) != nullptr; };
+    operation_->canBrowse = [](Operation operation) {
+        return recordKindOf(operation) != nullptr || operation == Operation::ShowBulkChange;
+    };
     operation_->onBrowse = [this, &session, library](Operation operation) {
+        if (operation == Operation::ShowBulkChange) return selectForBulkChange(this, session, *library);
         RecordBrowser(this, session, library, *recordKindOf(operation)).ShowModal();
     };
     if (const auto first = tree_->selected()) operation_->show(*first);
