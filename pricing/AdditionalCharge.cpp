@@ -41,7 +41,7 @@ const RecordDescription chargeRecord{
                 .unique("Duplicate charge names are not allowed.")
                 .wide(44),
             fields::text("txtDescription", "&Description:", "Description", "<desc>"),
-            fields::text("txtCost", "Cost:", "Cost", "<cost>").wide(12),
+            fields::text("txtCost", "C&ost:", "Cost", "<cost>").wide(12),
             fields::choice("cboChargeMethod", "&Method:", "ChargeMethod", "<cm>", {})
                 .required("You must select the method of charge to add.")
                 .wide(36),
@@ -134,17 +134,18 @@ Layout AdditionalChargeDialog::content() {
     if (!info || info->ofOrders) {
         general.push_back(row({one("txtValue"), item(lblCost), boxOf("txtCost")}));
     } else {
-        // An adjustment changes the item's own cost; the charge's cost stands apart from its value.
+        // An adjustment changes an item, so its own cost stands apart from its value.
         general.push_back(one("txtValue"));
-        general.push_back(row({item(lblCost), boxOf("txtCost")}));
+        general.push_back(one("txtCost"));
     }
     general.push_back(field("", checkBox("chkTaxable")));
     general.push_back(row({one("cboCategory"), one("txtSequence")}));
 
-    const Layout rules = column(
-        {row({one("chkAutoAddQuotes"), one("chkAutoAddPOs")}), one("chkIncludeWithProductItems"),
-         form({one("txtStart"), one("txtEnd")}), row({item(chkCustomerType), boxOf("cboCustomerType")}),
-         row({item(chkVendor), boxOf("cboVendor")}), one("txtCriteria"), row({item(cmdChange), spring()})});
+    const Layout rules = column({row({one("chkAutoAddQuotes"), one("chkAutoAddPOs")}),
+                                 one("chkIncludeWithProductItems"), form({one("txtStart"), one("txtEnd")}),
+                                 row({item(chkCustomerType), spring(), boxOf("cboCustomerType")}),
+                                 row({item(chkVendor), spring(), boxOf("cboVendor")}), one("txtCriteria"),
+                                 row({item(cmdChange), spring()})});
     const Layout accounting = column({form({row({one("cboSales"), item(cmdAssignSales)}),
                                             row({one("cboPurchase"), item(cmdAssignPurchase)}),
                                             one("txtExportChargeName"), field("", checkBox("chkExported"))}),

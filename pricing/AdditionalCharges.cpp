@@ -1,7 +1,6 @@
 #include "pricing/AdditionalCharges.h"
 
-#include <algorithm>
-#include <vector>
+#include <map>
 
 #include "automation/UnicodeText.h"
 #include "pricing/ChargeCode.h"
@@ -91,16 +90,6 @@ ListDescription describe(const ChargeTypeInfo& type) {
     return list;
 }
 
-/// The lists in the order of chargeTypes().
-const std::vector<ListDescription>& lists() {
-    static const std::vector<ListDescription> made = [] {
-        std::vector<ListDescription> all;
-        std::ranges::transform(chargeTypes(), std::back_inserter(all), describe);
-        return all;
-    }();
-    return made;
-}
-
 std::size_t characters(std::string_view text) {
     std::size_t count = 0;
     for (std::size_t at = 0; at < text.size(); ++count)
@@ -109,6 +98,16 @@ std::size_t characters(std::string_view text) {
 }
 
 }  // namespace
+
+const ListDescription& chargesList(ChargeType type) {
+    static const std::map<ChargeType, ListDescription> lists = [] {
+        std::map<ChargeType, ListDescription> all;
+        for (const ChargeTypeInfo& info : chargeTypes())
+            all.emplace(info.type, describe(info));
+        return all;
+    }();
+    return lists.at(type);
+}
 
 AdditionalChargesScreen::AdditionalChargesScreen(Library& library, const ListDescription& description,
                                                  ChargeType type)
@@ -212,8 +211,7 @@ void showAdditionalCharges(Library& library, std::int16_t flag) {
                                      MessageButtons::Ok, MessageIcon::Exclamation);
         return;
     }
-    const auto place = static_cast<std::size_t>(type - chargeTypes().data());
-    showList<AdditionalChargesScreen>(library, lists()[place], type->type);
+    showList<AdditionalChargesScreen>(library, chargesList(type->type), type->type);
 }
 
 }  // namespace tsln::pricing

@@ -35,6 +35,9 @@ class AdditionalChargesScreen : public ListScreen {
     const ChargeType type_;
 };
 
+/// The list of a charge type.
+const ListDescription& chargesList(ChargeType type);
+
 /// Shows the list of a charge type. `flag` is the type's number; of a plain Boolean, True is the customer promotions and
 /// False the additional charges. Another number is refused with a message.
 void showAdditionalCharges(Library& library, std::int16_t flag);

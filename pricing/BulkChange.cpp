@@ -70,10 +70,11 @@ Layout BulkChange::content() {
     using namespace tsln::layout;
     return column(
         {item(lblSelected),
-         stretch(tabs(TabControl1, {column({row({item(optC_ChangeExportedStatus), item(cboC_ExportedStatus)}),
-                                            row({item(optC_ChangeTaxGroup), item(cboC_TaxGroup)}),
-                                            item(optC_ClearTaxEx), item(optC_Delete), spring()}),
-                                    column({item(optO_Delete), spring()})})),
+         stretch(tabs(TabControl1,
+                      {column({row({item(optC_ChangeExportedStatus), spring(), item(cboC_ExportedStatus)}),
+                               row({item(optC_ChangeTaxGroup), spring(), item(cboC_TaxGroup)}),
+                               item(optC_ClearTaxEx), item(optC_Delete), spring()}),
+                       column({item(optO_Delete), spring()})})),
          item(ProgressBar1)});
 }
 

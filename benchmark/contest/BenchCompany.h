@@ -18,9 +18,12 @@ class BenchCompany {
     workbench::CompanySession& session() noexcept { return session_; }
 
   private:
-    /// Answers every message.
+    /// Answers every message, questions with Yes.
     class Ui : public workbench::HostUi {
-        workbench::Reply showMessage(const workbench::Message&) override { return {}; }
+        workbench::Reply showMessage(const workbench::Message& message) override {
+            return {.answer =
+                        message.buttons == MessageButtons::YesNo ? MessageAnswer::Yes : MessageAnswer::Ok};
+        }
     };
     Ui ui_;
     test::TempFolder folder_;

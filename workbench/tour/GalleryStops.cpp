@@ -68,7 +68,6 @@ const GalleryStop further[] = {
     {"charges-customer-promotions", ShowAdditionalCharges, {"2"}},
     {"charges-price-adjustments", ShowAdditionalCharges, {"4"}},
     {"charges-context-menu", ShowAdditionalCharges, {"8"}, "Down Shift+F10"},
-    {"charges-defaults", ShowAdditionalCharges, {"2"}, "Enter ... *", "DELETE FROM AdditionalCharges WHERE ChargeType = 2"},
     {"charge-pages", ShowEditAdditionalCharge, {"5", "2"}, "Ctrl+PageDown * Ctrl+PageDown * Ctrl+PageDown *"},
     {"charge-of-item", ShowEditAdditionalCharge, {"7", "4"}},
     {"charge-assign-account", ShowEditAdditionalCharge, {"5", "2"}, "Ctrl+PageDown Ctrl+PageDown Alt+a"},
@@ -78,6 +77,11 @@ const GalleryStop further[] = {
      {"8"},
      "Home Down Alt+u *",
      "INSERT INTO AdditionalCharges (ChargeType, ChargeName) VALUES (4, 'Trip charge 1')"},
+    {"charges-defaults",
+     ShowAdditionalCharges,
+     {"2"},
+     "Enter ... *",
+     "DELETE FROM AdditionalCharges WHERE ChargeType = 2"},
     {"bulk-change-question", ShowBulkChange, {"1", "5,6,7"}, "Space Enter"},
     {"bulk-change-orders", ShowBulkChange, {"4", "1,2,3"}},
     {"move-products-chosen", ShowMoveProductsToVendor, {"2"}, "Alt+s =Ever * Enter *"},
@@ -130,7 +134,7 @@ struct NamedKey {
 constexpr NamedKey namedKeys[] = {
     {"Enter", WXK_RETURN}, {"Escape", WXK_ESCAPE}, {"Tab", WXK_TAB},     {"Down", WXK_DOWN},
     {"Up", WXK_UP},        {"Home", WXK_HOME},     {"End", WXK_END},     {"Insert", WXK_INSERT},
-    {"F1", WXK_F1},        {"Delete", WXK_DELETE}, {"Space", WXK_SPACE},   {"PageDown", WXK_PAGEDOWN},
+    {"F1", WXK_F1},        {"Delete", WXK_DELETE}, {"Space", WXK_SPACE}, {"PageDown", WXK_PAGEDOWN},
     {"F10", WXK_F10},
 };
 constexpr NamedKey modifierKeys[] = {{"Shift+", wxMOD_SHIFT}, {"Alt+", wxMOD_ALT}, {"Ctrl+", wxMOD_CONTROL}};
