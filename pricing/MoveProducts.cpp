@@ -74,6 +74,7 @@ void MoveProductsToVendor::selectVendor() {
         "<TextBlock TextWrapping='Wrap'>After the move the new vendor will have <Bold>{0}</Bold> default products</TextBlock>",
         static_cast<std::int64_t>(from_.products) + to_->products));
     cmdOK.setEnabled(true);
+    cmdOK.setFocus();
 }
 
 bool MoveProductsToVendor::save() {
