@@ -73,6 +73,7 @@ const RecordDescription chargeRecord{
         },
     .filledBeforeShown = true,
     .safeText = SafeText::ByHost,
+    .closingCancels = true,
     .insert =
         "INSERT INTO AdditionalCharges (ChargeType, ChargeCode, Enabled, GroupName, ChargeName, Description, Cost, ChargeMethod, Value, Taxable, AutoAddToQuotes, AutoAddToPOs, StartsOn, EndsOn, Criteria, CustomerTypeID, VendorID, Notes, IncludeWithProductItems, SalesAccountID, PurchaseAccountID, ExportChargeName, Exported, Category, Sequence) VALUES (<ct>, '<chargecode>', <enabled>, '<group>', '<name>', '<desc>', '<cost>', <cm>, '<v>', <tax>, <autoq>, <autopo>, <starts>, <ends>, '<criteria>', <customertypeid>, <vendorid>, '<notes>', <iwpi>, <salesaccount>, <purchaseaccount>, '<exportname>', <exported>, <cat>, <seq>)",
     // "CustomerTypeiD" is deliberate.

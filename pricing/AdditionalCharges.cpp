@@ -29,10 +29,12 @@ std::string summaryOf(std::span<const std::string_view> values) {
     return chargeSummary(modSharedXML::toLong(values[0]), values[1], values[2]);
 }
 
+ReportControl::Style style(bool enabled) {
+    return enabled ? ReportControl::Style{} : ReportControl::Style{.color = disabledColor};
+}
 constexpr std::string_view styleFields[] = {"Enabled"};
 ReportControl::Style styleOf(std::span<const std::string_view> values) {
-    if (modSharedXML::toBoolean(values[0])) return {};
-    return {.color = disabledColor};
+    return style(modSharedXML::toBoolean(values[0]));
 }
 
 AdditionalChargesScreen& charges(ListScreen& list) {
@@ -130,15 +132,18 @@ std::vector<Layout> AdditionalChargesScreen::belowList() {
 }
 
 void AdditionalChargesScreen::enableSelected(bool enabled) {
-    for (const std::size_t record : selectedRecords()) {
-        const std::int32_t ID = rptItems.id(record);
-        if (!host().database().ExecuteNonQuery(
-                format("UPDATE AdditionalCharges SET Enabled = {0} WHERE ID = {1}", enabled ? 1 : 0, ID))) {
+    const std::vector<std::size_t> records = selectedRecords();
+    Job job(*this, records.size(), nullptr, nullptr);
+    for (const std::size_t record : records) {
+        const std::string update = format("UPDATE AdditionalCharges SET Enabled = {0} WHERE ID = {1}",
+                                          enabled ? 1 : 0, rptItems.id(record));
+        if (!host().database().ExecuteNonQuery(update)) {
             reportDatabaseFailure(format("The additional charge '{0}' could not be updated.", nameOf(record)),
                                   saveAgainExplanation);
             return;
         }
-        showChanged(ID);
+        rptItems.setStyle(record, style(enabled));
+        job.step();
     }
 }
 

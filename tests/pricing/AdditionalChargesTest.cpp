@@ -182,11 +182,12 @@ TEST(AdditionalCharges, ChargesAreEnabledDisabledAndDeleted) {
         ChargesStage stage;
         stage.host->on("Database.ExecuteNonQuery", Variant(works));
         stage.desktop.popupChoices = {28310, 28311};
-        stage.show(8, [](AdditionalChargesScreen& list) {
+        stage.show(8, [&](AdditionalChargesScreen& list) {
             select(list, 2);
             const std::size_t row = *list.rptItems.focusedRow();
             list.rptItems.userContextMenu(row);
             list.rptItems.userContextMenu(row);
+            EXPECT_EQ(list.rptItems.style(1).color.has_value(), works) << "a disabled charge is grey";
             list.cmdDelete.userPress();
         });
         EXPECT_THAT(stage.written(), ElementsAre("UPDATE AdditionalCharges SET Enabled = 1 WHERE ID = 2",
