@@ -89,9 +89,10 @@ TEST_F(PricingTest, APromotionEnteredAsFiveIsStoredAsMinusFive) {
 
 TEST_F(PricingTest, AnArrayOfTwoHundredCustomersIsChangedInBulkThreeOfWhichAreGone) {
     session.company().execute("DELETE FROM EventLog");
-    session.company().execute(
-        "INSERT INTO Customers (ID, CustomerName, TaxExNumber) WITH RECURSIVE count(n) AS "
-        "(SELECT 1001 UNION ALL SELECT n + 1 FROM count WHERE n < 1197) SELECT n, 'Customer', 'X' FROM count");
+    std::string customers = "INSERT INTO Customers (ID, CustomerName, TaxExNumber) VALUES ";
+    for (int ID = 1001; ID <= 1197; ++ID)
+        customers += (ID == 1001 ? "(" : ", (") + std::to_string(ID) + ", 'Customer', 'X')";
+    session.company().execute(customers);
     SAFEARRAY* array = SafeArrayCreateVector(VT_I4, 0, 200);
     for (LONG i = 0; i < 200; ++i) {
         LONG ID = 1001 + i;

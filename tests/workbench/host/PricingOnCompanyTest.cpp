@@ -151,9 +151,11 @@ TEST(PricingOnCompany, ARefusedChargeKeepsItsInput) {
 
 /// Makes customers with identifiers from 1001.
 void addCustomers(ModuleStage& stage, int count) {
+    std::string insert = "INSERT INTO Customers (ID, CustomerName, TaxExNumber) VALUES ";
     for (int i = 1; i <= count; ++i)
-        stage.run("INSERT INTO Customers (ID, CustomerName, TaxExNumber) VALUES (" +
-                  std::to_string(1000 + i) + ", 'Customer " + std::to_string(i) + "', 'X')");
+        insert += (i == 1 ? "(" : ", (") + std::to_string(1000 + i) + ", 'Customer " + std::to_string(i) +
+                  "', 'X')";
+    stage.run(insert);
 }
 
 TEST(PricingOnCompany, OfTwoHundredCustomersThreeRefuseABulkChange) {
