@@ -82,6 +82,19 @@ const RecordDescription chargeRecord{
 };
 // clang-format on
 
+namespace question {
+constexpr std::string_view zeroCost =
+    "Charges without a valid cost could skew your margin and profit reports.\r\n"
+    "The cost of this charge is zero. Are you sure you want to continue with this value?";
+constexpr std::string_view negativeCost =
+    "Charges without a valid cost could skew your margin and profit reports.\r\n"
+    "The cost of this charge is less than zero. Are you sure you want to continue with this value?";
+constexpr std::string_view notTaxable =
+    "Negative charges such as discounts or promotions should be marked as taxable so that a negative tax will be calculated for the line item. Are you sure you want to continue with a non-taxable value?";
+constexpr std::string_view bothZero =
+    "Both the cost and value of this charge are zero. Are you sure you want to continue with these values?";
+}  // namespace question
+
 }  // namespace
 
 /// An account of a charge, and the statements that assign it to others.
@@ -180,13 +193,13 @@ void AdditionalChargeDialog::filling() {
         comboBox("cboChargeMethod").addItem(std::string(findChargeMethod(number)->caption), number);
     }
     // The accounts of an adjustment are always offered: only charges are lines of their own.
-    if (info->ofOrders)
-        TabControl1.setPageVisible(accountingPage,
-                                   host().security().CompanyFeatureEnabled(accountingFeature));
+    if (!info->ofOrders) return;
+    TabControl1.setPageVisible(accountingPage, host().security().CompanyFeatureEnabled(accountingFeature));
 }
 
 void AdditionalChargeDialog::rowShown(const Row& row) {
     txtChargeCode.setText(row.text("ChargeCode"));
+    storedValue_ = textBox("txtValue").text();
     correctCost();
     for (const char* combo : {"cboCustomerType", "cboVendor", "cboSales", "cboPurchase"})
         keepStored(combo, row);
@@ -269,7 +282,8 @@ bool AdditionalChargeDialog::validate() {
     TextBox& box = textBox("txtValue");
     if (method() && method()->value == ChargeMethodInfo::Value::Percent)
         box.setText(modSharedStrings::replaceAll(box.text(), "%", ""));
-    setSign();  // again: the "%" may have hidden the number, or OK was pressed by Enter
+    // The box is not left when Enter presses OK, and a "%" may have hidden the number.
+    if (box.text() != storedValue_) setSign();
     if (!validateDate("txtStart") || !validateDate("txtEnd") || !validateAmounts()) return false;
     if (!chkCustomerType.checked()) comboBox("cboCustomerType").setListIndex(-1);
     if (!chkVendor.checked()) comboBox("cboVendor").setListIndex(-1);
@@ -286,40 +300,22 @@ bool AdditionalChargeDialog::validateDate(std::string_view name) {
 }
 
 bool AdditionalChargeDialog::validateAmounts() {
-    constexpr std::string_view lead =
-        "Charges without a valid cost could skew your margin and profit reports.\r\n";
     TextBox& costBox = textBox("txtCost");
     TextBox& valueBox = textBox("txtValue");
-    double cost = parseNumber(costBox.text()).value_or(0);
+    const double cost = parseNumber(costBox.text()).value_or(0);
     if (!type() || type()->type != ChargeType::ItemPriceAdjustment) {
         if (cost == 0) {
-            if (!confirm(
-                    std::string(lead) +
-                        "The cost of this charge is zero. Are you sure you want to continue with this value?",
-                    costBox))
-                return false;
+            if (!confirm(question::zeroCost, costBox)) return false;
             costBox.setText("0");  // a text that is no number counts as zero, and the user has agreed to that
-        } else if (
-            cost < 0 &&
-            !confirm(
-                std::string(lead) +
-                    "The cost of this charge is less than zero. Are you sure you want to continue with this value?",
-                costBox)) {
+        } else if (cost < 0 && !confirm(question::negativeCost, costBox)) {
             return false;
         }
     }
-    const bool hasName = takesPriceLine() && !modSharedStrings::trim(valueBox.text()).empty();
     const double value = takesPriceLine() ? 0 : parseNumber(valueBox.text()).value_or(0);
-    if (value < 0 && !checkBox("chkTaxable").checked() &&
-        !confirm(
-            "Negative charges such as discounts or promotions should be marked as taxable so that a negative tax will be calculated for the line item. Are you sure you want to continue with a non-taxable value?",
-            valueBox)) {
+    if (value < 0 && !checkBox("chkTaxable").checked() && !confirm(question::notTaxable, valueBox))
         return false;
-    }
-    return cost != 0 || value != 0 || hasName ||
-           confirm(
-               "Both the cost and value of this charge are zero. Are you sure you want to continue with these values?",
-               valueBox);
+    const bool hasName = takesPriceLine() && !modSharedStrings::trim(valueBox.text()).empty();
+    return cost != 0 || value != 0 || hasName || confirm(question::bothZero, valueBox);
 }
 
 void AdditionalChargeDialog::addFirstTags(StatementTags& tags) {

@@ -55,6 +55,7 @@ class AdditionalChargeDialog : public RecordDialog {
     void assignAccount(const AccountKind& kind);
 
     std::int32_t type_;
+    std::string storedValue_;  ///< as the row has it; not changed unless the user changes it
 };
 
 /// Edits a charge; an `ID` below 1 adds one of the type. Returns the charge's key, 0 when nothing was saved.

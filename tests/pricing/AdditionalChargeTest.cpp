@@ -24,7 +24,7 @@ constexpr auto explanation =
 constexpr auto rowSeven =
     "<Records><Record><ID>7</ID><ChargeType>2</ChargeType><ChargeCode>90c7a3f1</ChargeCode><Enabled>1</Enabled>"
     "<GroupName>Spring</GroupName><ChargeName>Spring sale</ChargeName><Description>All shades</Description>"
-    "<Cost>9.0</Cost><ChargeMethod>12</ChargeMethod><Value>-10</Value><Taxable>1</Taxable>"
+    "<Cost>9.0</Cost><ChargeMethod>12</ChargeMethod><Value>-12345.678</Value><Taxable>1</Taxable>"
     "<AutoAddToQuotes>0</AutoAddToQuotes><AutoAddToPOs>1</AutoAddToPOs><StartsOn>2024-03-01T00:00:00</StartsOn>"
     "<Criteria>Width over 96</Criteria><VendorID>44</VendorID><Notes>n&#13;&#10;m</Notes>"
     "<IncludeWithProductItems>1</IncludeWithProductItems><SalesAccountID>4</SalesAccountID>"
@@ -208,8 +208,8 @@ TEST(AdditionalCharge, AStoredChargeIsShownAndUpdated) {
     EXPECT_THAT(
         stage.updated(),
         ElementsAre(
-            "UPDATE AdditionalCharges SET Enabled = 1, GroupName = 'Spring', ChargeName = 'Spring sale', Description = 'All shades', Cost = '9', ChargeMethod = 12, Value = '-10', Taxable = 1, AutoAddToQuotes = 0, AutoAddToPOs = 1, StartsOn = '3/1/2024', EndsOn = NULL, Criteria = 'Width over 96', CustomerTypeiD = NULL, VendorID = 44, Notes = 'n\r\nm', IncludeWithProductItems = 1, SalesAccountID = 4, PurchaseAccountID = NULL, ExportChargeName = 'SALE', Exported = 0, Category = 3, Sequence = 5 WHERE ID = 7"))
-        << "a vendor that is not offered is kept";
+            "UPDATE AdditionalCharges SET Enabled = 1, GroupName = 'Spring', ChargeName = 'Spring sale', Description = 'All shades', Cost = '9', ChargeMethod = 12, Value = '-12345.678', Taxable = 1, AutoAddToQuotes = 0, AutoAddToPOs = 1, StartsOn = '3/1/2024', EndsOn = NULL, Criteria = 'Width over 96', CustomerTypeiD = NULL, VendorID = 44, Notes = 'n\r\nm', IncludeWithProductItems = 1, SalesAccountID = 4, PurchaseAccountID = NULL, ExportChargeName = 'SALE', Exported = 0, Category = 3, Sequence = 5 WHERE ID = 7"))
+        << "a vendor that is not offered and a value of more digits than a single has are kept";
     EXPECT_THAT(stage.host->callsOf("RecordEvent"),
                 ElementsAre("Additional charge 'Spring sale' was updated."));
 }

@@ -112,27 +112,6 @@ TEST(PricingOnCompany, APromotionIsStoredListedDuplicatedDisabledAndDeleted) {
     EXPECT_THAT(stage.ui.shown, IsEmpty());
 }
 
-TEST(PricingOnCompany, ANewCompanyIsOfferedTheDefaultsOfEachPackage) {
-    for (const int type : {2, 8}) {
-        ModuleStage stage;
-        stage.run("DELETE FROM AdditionalCharges");
-        std::string package;
-        stage.library->plugIn(Operation::RunPackageProcessor, [&](Library&, Arguments a) {
-            package = a[0].toText();
-            return Variant();
-        });
-        stage.desktop.answers = {MessageAnswer::Yes};
-        stage.library->ShowAdditionalCharges(type);
-        EXPECT_EQ(package, type == 2 ? "TSLN50_CustomerPromotions" : "TSLN50_AdditionalCharges");
-    }
-    // A user who may only look is not asked.
-    ModuleStage stage;
-    stage.run("DELETE FROM AdditionalCharges;");
-    stage.run("UPDATE SecurityRoleAccess SET Access = 4 WHERE Activity = 202");
-    stage.library->ShowAdditionalCharges(8);
-    EXPECT_THAT(stage.desktop.boxes, IsEmpty());
-}
-
 TEST(PricingOnCompany, ARefusedChargeKeepsItsInput) {
     ModuleStage stage;
     stage.desktop.user<AdditionalChargeDialog>(dialogName, [](AdditionalChargeDialog& dialog) {
