@@ -117,6 +117,7 @@ Class SharedCode
     Public Property Get CurrentCompanyConn
         Set CurrentCompanyConn = New HostConnection
     End Property
+    ' A function of a script takes a fixed number of arguments: here those of a question. A message has fewer and fails.
     Public Function ShowMessageStyle1(text, advice, buttons)
         log = log & "|" & text
         ShowMessageStyle1 = 6
@@ -172,6 +173,8 @@ If InStr(log, "UPDATE Customers SET TaxExNumber = '' WHERE ID = 9") = 0 Then Exp
 If InStr(log, "EVENT Customer [Customer 7] could not have its tax exemtion number cleared") = 0 Then
     Expect "the event", "Customer 7", log
 End If
+If InStr(log, "ERROR The last action could not be completed.") = 0 Then Expect "the failed message", "ERROR", log
+log = ""
 UserDoes """press:Tessaline|OK"""
 Expect "products moved", False, library.MoveProductsToVendor(3, "5")
 If InStr(log, "UPDATE ProductVendors SET VendorID = 5 WHERE VendorID = 3 AND IsDefault <> 0") = 0 Then
