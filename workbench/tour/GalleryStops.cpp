@@ -69,6 +69,7 @@ const GalleryStop further[] = {
     {"charges-price-adjustments", ShowAdditionalCharges, {"4"}},
     {"charges-context-menu", ShowAdditionalCharges, {"8"}, "Down Shift+F10"},
     {"charge-pages", ShowEditAdditionalCharge, {"5", "2"}, "Ctrl+PageDown * Ctrl+PageDown * Ctrl+PageDown *"},
+    {"charge-long-help", ShowEditAdditionalCharge, {"0", "8"}, "Alt+m Down Down Down Down Down Down *"},
     {"charge-of-item", ShowEditAdditionalCharge, {"7", "4"}},
     {"charge-assign-account", ShowEditAdditionalCharge, {"5", "2"}, "Ctrl+PageDown Ctrl+PageDown Alt+a"},
     {"charge-zero-cost", ShowEditAdditionalCharge, {"5", "2"}, "Enter"},
