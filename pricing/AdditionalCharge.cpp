@@ -236,6 +236,7 @@ bool AdditionalChargeDialog::takesPriceLine() {
 void AdditionalChargeDialog::showMethodHelp() {
     const std::string help(method() ? method()->help : std::string_view());
     lblMethodHelp.setCaption("<TextBlock TextWrapping='Wrap'>" + help + "</TextBlock>");
+    lblMethodHelp.setVisible(!help.empty());
 }
 
 void AdditionalChargeDialog::enableLimits() {

@@ -4,11 +4,13 @@
 
 #include <wx/listctrl.h>
 
+#include "desktop/NativeWindow.h"
 #include "desktop/Text.h"
 
 namespace tsln::workbench {
 namespace {
 
+using desktop::setAccessibleName;
 using desktop::toWx;
 
 constexpr long both = wxLIST_STATE_SELECTED | wxLIST_STATE_FOCUSED;
@@ -55,7 +57,7 @@ RecordPicker::RecordPicker(wxWindow* owner, const std::string& title, std::vecto
     auto* line = new wxBoxSizer(wxHORIZONTAL);
     if (kinds_.size() > 1) {
         auto* choice = new wxChoice(this, wxID_ANY);
-        choice->SetName("Kind of record");
+        setAccessibleName(*choice, "Kind of record");
         for (const RecordsToPick& kind : kinds_)
             choice->Append(toWx(kind.caption));
         choice->SetSelection(0);
@@ -66,7 +68,7 @@ RecordPicker::RecordPicker(wxWindow* owner, const std::string& title, std::vecto
     }
     search_ = new wxSearchCtrl(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, wxTE_PROCESS_ENTER);
     search_->SetDescriptiveText("Find");
-    search_->SetName("Find");
+    setAccessibleName(*search_, "Find");
     search_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { fill(); });
     for (const auto& entered : {wxEVT_TEXT_ENTER, wxEVT_SEARCH}) {
         search_->Bind(entered, [this](wxCommandEvent&) {
@@ -106,7 +108,7 @@ void RecordPicker::showKind(std::size_t kind) {
     shown_.clear();
     list_->SetItemCount(0);
     list_->DeleteAllColumns();
-    list_->SetName(toWx(kinds_[kind].caption));
+    setAccessibleName(*list_, toWx(kinds_[kind].caption));
     list_->AppendColumn("ID", wxLIST_FORMAT_RIGHT, FromDIP(50));
     for (const std::string& caption : kinds_[kind].columns)
         list_->AppendColumn(toWx(caption), wxLIST_FORMAT_LEFT, FromDIP(150));
