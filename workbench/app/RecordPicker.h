@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include <wx/dataview.h>
 #include <wx/srchctrl.h>
 #include <wx/wx.h>
 
@@ -22,6 +23,7 @@ struct RecordsToPick {
 class RecordPicker : public wxDialog {
   public:
     RecordPicker(wxWindow* owner, const std::string& title, std::vector<RecordsToPick> kinds, bool several);
+    ~RecordPicker() override;
 
     /// The kind of the chosen records, by its place in `kinds`.
     std::size_t kind() const { return kind_; }
@@ -29,18 +31,21 @@ class RecordPicker : public wxDialog {
     std::vector<std::int32_t> chosen() const;
 
   private:
-    class List;
+    class Model;
+    wxSizer* choices();
     void showKind(std::size_t kind);
     void fill();
     void enableOk();
-    void searchKey(wxKeyEvent& key);
+    void accept();
+    void leadKey(wxKeyEvent& key);
 
     std::vector<RecordsToPick> kinds_;
     std::size_t kind_ = 0;
     std::vector<const ListedRecord*> shown_;
+    wxObjectDataPtr<Model> model_;
     wxSearchCtrl* search_;
-    List* list_;
-    wxButton* ok_;
+    wxDataViewCtrl* list_;
+    wxButton* ok_ = nullptr;
 };
 
 }  // namespace tsln::workbench

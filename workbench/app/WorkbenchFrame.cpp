@@ -64,6 +64,10 @@ WorkbenchFrame::WorkbenchFrame(CompanySession& session, const ObjectPtr& library
     if (const auto first = tree_->selected()) operation_->show(*first);
     session.tracer()->observe([this](const TraceEntry& entry) { trace_->add(entry); });
     CentreOnScreen();
+    Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& key) {
+        if (key.GetKeyCode() != 'F' || key.GetModifiers() != wxMOD_CONTROL) return key.Skip();
+        tree_->focusSearch();
+    });
     tree_->focusSearch();
 }
 
