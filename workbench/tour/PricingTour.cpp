@@ -21,13 +21,18 @@ void addCustomers(Company& company, int number) {
     company.execute(insert);
 }
 
+/// Goes to the workbench's search field. What is typed then replaces its text.
+void selectSearchText() {
+    press('f', wxMOD_CONTROL);
+    press('a', wxMOD_CONTROL);
+}
+
 }  // namespace
 
 Script pricingTour(Company& company, std::string folder) {
     Album album(folder, picturesBefore);
     const auto operation = [](const char* name) {
-        press('f', wxMOD_CONTROL);  // the workbench's search field
-        press('a', wxMOD_CONTROL);
+        selectSearchText();
         type(name);
     };
 
@@ -102,6 +107,8 @@ Script pricingTour(Company& company, std::string folder) {
         "each failure has a line in the event log");
     press(WXK_RETURN);
     co_await untilActive("Tessaline Workbench");
+    selectSearchText();
+    co_await settled();
 }
 
 }  // namespace tsln::workbench

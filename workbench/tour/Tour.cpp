@@ -188,7 +188,7 @@ Script::Wait ended(const std::shared_ptr<Script>& script) {
 }  // namespace
 
 Script wholeTour(Company& company, std::string folder) {
-    for (const auto tour : {termsTour, pricingTour}) {
+    for (const auto tour : {pricingTour, termsTour}) {
         const auto running = std::make_shared<Script>(tour(company, folder));
         co_await ended(running);
         if (running->failure()) std::rethrow_exception(running->failure());
