@@ -141,6 +141,22 @@ TEST(BulkChange, ARecordThatIsGoneIsLoggedByItsIdentifier) {
     EXPECT_EQ(stage.statements().size(), 3U);
 }
 
+TEST(BulkChange, AConnectionMayTakeTheStatementAlone) {
+    BulkStage stage;
+    int ran = 0;
+    stage.host->on("CurrentCompanyConn.Execute", [&](Arguments a) {
+        a.require(1, 1);
+        ++ran;
+        return Variant(ObjectPtr());
+    });
+    stage.change(1, "5,6", [](BulkChange& screen) {
+        screen.optC_Delete.userSelect();
+        screen.cmdOK.userPress();
+    });
+    EXPECT_EQ(ran, 2);
+    EXPECT_THAT(stage.host->callsOf("ShowMessageStyle1"), ElementsAre(question, completed));
+}
+
 TEST(BulkChange, NothingIsChangedWithoutAnActionOrWithoutConsent) {
     BulkStage stage;
     stage.host->on("ShowMessageStyle1", Variant(7));  // No
