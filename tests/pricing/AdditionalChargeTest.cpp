@@ -65,10 +65,10 @@ struct ChargeStage : Stage {
     std::vector<std::string> updated() const { return host->callsOf("Database.ExecuteNonQuery"); }
 };
 
-std::vector<std::string> methodsOf(AdditionalChargeDialog& dialog) {
-    std::vector<std::string> captions;
+std::string methodsOf(AdditionalChargeDialog& dialog) {
+    std::string captions;
     for (const ComboBox::Entry& entry : dialog.comboBox("cboChargeMethod").entries())
-        captions.push_back(entry.text);
+        captions += (captions.empty() ? "" : ", ") + entry.text;
     return captions;
 }
 
@@ -86,29 +86,18 @@ void acceptsAll(ScriptedDesktop& desktop) {
 }
 
 TEST(AdditionalCharge, TheTypeDeterminesTitleMethodsAndPages) {
-    const std::vector<std::string> order{"Flat Rate",
-                                         "Per Product",
-                                         "Percent",
-                                         "Percent per Product",
-                                         "Rate per Total Sqr Feet",
-                                         "Rate per Total Linear Feet",
-                                         "Add Price Line",
-                                         "Subtract Price Line"};
-    const std::vector<std::string> item{"Flat Rate",
-                                        "Percent of Before Discount Cost",
-                                        "Percent of Before Discount Price",
-                                        "Percent of After Discount Cost",
-                                        "Percent of After Discount Price",
-                                        "Percent of Before Price Adjustment Cost",
-                                        "Percent of Before Price Adjustment Price"};
+    const std::string order =
+        "Flat Rate, Per Product, Percent, Percent per Product, Rate per Total Sqr Feet, Rate per Total Linear Feet, Add Price Line, Subtract Price Line";
+    const std::string item =
+        "Flat Rate, Percent of Before Discount Cost, Percent of Before Discount Price, Percent of After Discount Cost, Percent of After Discount Price, Percent of Before Price Adjustment Cost, Percent of Before Price Adjustment Price";
     const struct {
         int type;
         const char* title;
-        const std::vector<std::string>& methods;
+        std::string methods;
         bool asksForFeature;
     } cases[] = {{1, "Edit Vendor Promotion", order, true},       {2, "Edit Customer Promotion", order, true},
                  {4, "Edit Item Price Adjustment", item, false},  {8, "Edit Additional Charge", order, true},
-                 {256, "Edit Item Cost Adjustment", item, false}, {3, "Edit Additional Charge", {}, false}};
+                 {256, "Edit Item Cost Adjustment", item, false}, {3, "Edit Additional Charge", "", false}};
     for (const auto& c : cases) {
         ChargeStage stage;
         stage.host->on("Security.CompanyFeatureEnabled", Variant(false));
