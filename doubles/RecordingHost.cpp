@@ -104,9 +104,8 @@ std::string joinLines(Arguments parts) {
     return text;
 }
 
-const std::set<std::string> subObjects{"Database", "Common",   "Security", "Options",
-                                       "Messages", "Activity", "Profiles", "CurrentCompanyConn",
-                                       "TSLNSQL"};
+const std::set<std::string> subObjects{"Database", "Common",   "Security",           "Options", "Messages",
+                                       "Activity", "Profiles", "CurrentCompanyConn", "TSLNSQL"};
 
 std::string describe(const Variant& value) {
     return value.isObject() ? "object" : value.toText();

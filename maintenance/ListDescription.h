@@ -86,7 +86,7 @@ struct ListDescription {
     std::string_view view = {};  ///< the view that rows are read from; empty: the table
     std::string_view orderBy;
     std::vector<ListColumn> columns;
-    std::size_t nameColumn = 0;  ///< the column that holds the row's name
+    std::size_t nameColumn = 0;                           ///< the column that holds the row's name
     std::optional<std::int32_t> securityArea = {};        ///< none: no rights are checked
     std::optional<std::int16_t> listKind = {};            ///< none: no import and export
     std::optional<std::int16_t> moveReferencesCode = {};  ///< none: no "Move References"

@@ -127,8 +127,8 @@ TEST(Library, AnAssignmentOfTheHandlerReachesTheCallersVariable) {
     EXPECT_EQ(first, Variant(5));
 
     // A flag passes its number on.
-    const std::pair<Variant, std::int16_t> flags[] = {
-        {true, -1}, {false, 0}, {8, 8}, {256.0, 256}, {"2", 2}, {"True", -1}, {"false", 0}, {Variant(), 0}};
+    const std::pair<Variant, std::int16_t> flags[] = {{true, -1}, {false, 0},   {8, 8},       {256.0, 256},
+                                                      {"2", 2},   {"True", -1}, {"false", 0}, {Variant(), 0}};
     for (const auto& [passed, received] : flags) {
         library.plugIn(Operation::ShowBulkChange, [&](Library&, Arguments a) {
             EXPECT_EQ(a[0], Variant(received));
