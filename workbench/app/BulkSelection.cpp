@@ -16,7 +16,12 @@ constexpr Kind kinds[] = {{"Customers", 1}, {"Orders", 4}};
 
 RecordsToPick recordsOf(Company& company, std::string_view table) {
     const SearchList& list = *searchListOf(table);
-    return {std::string(table), {list.columns.begin(), list.columns.end()}, listRecords(company, list)};
+    RecordsToPick made;
+    made.caption = table;
+    for (const std::string_view column : list.columns)
+        made.columns.emplace_back(column);
+    made.records = listRecords(company, list);
+    return made;
 }
 
 }  // namespace
@@ -29,8 +34,10 @@ void selectForBulkChange(wxWindow* owner, CompanySession& session, Object& libra
         RecordPicker picker(owner, "Select for Bulk Change", std::move(all), true);
         if (picker.ShowModal() != wxID_OK) return;
         std::string selection;
-        for (const std::int32_t ID : picker.chosen())
-            selection += (selection.empty() ? "" : ",") + std::to_string(ID);
+        for (const std::int32_t ID : picker.chosen()) {
+            if (!selection.empty()) selection += ',';
+            selection += std::to_string(ID);
+        }
         library.call(info(Operation::ShowBulkChange).name, kinds[picker.kind()].number, selection);
     } catch (const std::exception& error) {
         wxMessageBox(desktop::toWx(error.what()), "Bulk Change", wxOK | wxICON_ERROR, owner);
