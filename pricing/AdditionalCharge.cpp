@@ -234,9 +234,8 @@ bool AdditionalChargeDialog::takesPriceLine() {
 }
 
 void AdditionalChargeDialog::showMethodHelp() {
-    const std::string help(method() ? method()->help : std::string_view());
+    const std::string help(method() ? method()->help : "Select how the charge is computed.");
     lblMethodHelp.setCaption("<TextBlock TextWrapping='Wrap'>" + help + "</TextBlock>");
-    lblMethodHelp.setVisible(!help.empty());
 }
 
 void AdditionalChargeDialog::enableLimits() {
