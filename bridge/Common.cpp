@@ -17,6 +17,14 @@ std::string Common::GetProductNameFromID(std::int32_t ID) const {
     return call("GetProductNameFromID", ID).toText();
 }
 
+std::string Common::GetCustomerName(std::int32_t ID) const {
+    return call("GetCustomerName", ID).toText();
+}
+
+std::string Common::GetVendorCostMethodName(std::int32_t method) const {
+    return textOf(call("GetVendorCostMethodName", method), "GetVendorCostMethodName");
+}
+
 void Common::LoadPhoneLabels(ComboBox& combo) const {
     call("LoadPhoneLabels", combo.automation());
 }
@@ -27,6 +35,26 @@ void Common::LoadEmailLabels(ComboBox& combo) const {
 
 void Common::LoadTerms(ComboBox& combo) const {
     call("LoadTerms", combo.automation());
+}
+
+void Common::LoadCustomerTypes(ComboBox& combo) const {
+    call("LoadCustomerTypes", combo.automation());
+}
+
+void Common::LoadVendors(ComboBox& combo) const {
+    call("LoadVendors", combo.automation());
+}
+
+void Common::LoadTaxGroups(ComboBox& combo) const {
+    call("LoadTaxGroups", combo.automation());
+}
+
+void Common::LoadSalesAccounts(ComboBox& combo) const {
+    call("LoadSalesAccounts", combo.automation());
+}
+
+void Common::LoadPurchaseAccounts(ComboBox& combo) const {
+    call("LoadPurchaseAccounts", combo.automation());
 }
 
 std::string Common::CreateGUID() const {

@@ -19,11 +19,20 @@ class Common : HostPart {
                       std::int32_t ID) const;
     std::string GetDiscountGroupName(std::int32_t ID) const;
     std::string GetProductNameFromID(std::int32_t ID) const;
+    std::string GetCustomerName(std::int32_t ID) const;
+    /// The name of a number that is stored as a vendor's cost method.
+    std::string GetVendorCostMethodName(std::int32_t method) const;
     /// Fills the combo box with the company's phone labels.
     void LoadPhoneLabels(ComboBox& combo) const;
     void LoadEmailLabels(ComboBox& combo) const;
     /// Fills the combo box with the payment terms. An entry's stored number is the terms' `ID`.
     void LoadTerms(ComboBox& combo) const;
+    /// Fill the combo box with the records of a list. An entry's stored number is the record's `ID`.
+    void LoadCustomerTypes(ComboBox& combo) const;
+    void LoadVendors(ComboBox& combo) const;
+    void LoadTaxGroups(ComboBox& combo) const;
+    void LoadSalesAccounts(ComboBox& combo) const;
+    void LoadPurchaseAccounts(ComboBox& combo) const;
     std::string CreateGUID() const;
     /// Returns the GUID in braces.
     std::string FormatAsGUID(std::string_view guid) const;

@@ -69,6 +69,19 @@ void Connection::Execute(std::string_view sql) const {
     connection_->call("Execute", sql);
 }
 
+std::optional<std::int32_t> Connection::ExecuteCounting(std::string_view sql) const {
+    Variant changed;
+    try {
+        connection_->call("Execute", sql, Argument::byReference(changed));
+    } catch (const HostError& error) {
+        // A connection that a script stands in for may take the statement alone. It has not run yet.
+        if (error.code() != code::badParamCount) throw;
+        Execute(sql);
+    }
+    if (changed.isEmpty() || !changed.isNumeric()) return std::nullopt;
+    return changed.toLong();
+}
+
 Recordset Connection::read(std::string_view sql) const {
     return Recordset(connection_->call("Execute", sql).toObject());
 }

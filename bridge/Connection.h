@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -45,9 +47,12 @@ class Connection {
 
     /// Runs a statement. A failure raises HostError; errors() describes it.
     void Execute(std::string_view sql) const;
+    /// Runs a statement and returns how many rows it changed; nothing when the connection does not tell.
+    std::optional<std::int32_t> ExecuteCounting(std::string_view sql) const;
     Recordset read(std::string_view sql) const;
     /// The descriptions of the errors that the connection reports.
     std::vector<std::string> errors() const;
+    const ObjectPtr& object() const noexcept { return connection_; }
 
   private:
     ObjectPtr connection_;

@@ -26,8 +26,20 @@ void Host::ShowAndLogErrorMessage(std::string_view message, std::string_view exp
     sharedCode()->call("ShowAndLogErrorMessage", message, explanation, detail);
 }
 
+void Host::ShowADOErrorMessage(std::string_view message, std::string_view explanation,
+                               const Connection& connection) const {
+    sharedCode()->call("ShowADOErrorMessage", message, explanation, connection.object());
+}
+
 void Host::ShowMessageStyle1(std::string_view message, std::string_view advice) const {
     sharedCode()->call("ShowMessageStyle1", message, advice);
+}
+
+bool Host::AskMessageStyle1(std::string_view question, std::string_view advice) const {
+    // The platform's codes of message boxes.
+    constexpr std::int32_t yesAndNo = 4;
+    constexpr std::int32_t yes = 6;
+    return sharedCode()->call("ShowMessageStyle1", question, advice, yesAndNo).toLong() == yes;
 }
 
 void Host::ShowMessageStyle1WithMemory(std::string_view message, std::string_view advice) const {
@@ -51,7 +63,19 @@ std::string Host::FixForSQLInsert(std::string_view text) const {
 }
 
 std::string Host::FixDateForSQLInsert(std::string_view date) const {
-    return textOf(sharedCode()->call("FixDateForSQLInsert", date), "FixDateForSQLInsert");
+    std::string safe = textOf(sharedCode()->call("FixDateForSQLInsert", date), "FixDateForSQLInsert");
+    // The database would read an empty text as a date.
+    if (safe.empty()) throw HostError(code::fail, "FixDateForSQLInsert", "The date cannot be made ready.");
+    return safe;
+}
+
+std::string Host::GetSHA2(std::string_view text) const {
+    return textOf(sharedCode()->call("GetSHA2", text), "GetSHA2");
+}
+
+std::optional<std::int32_t> Host::ShowSelectBySearch(std::string_view table, std::string_view title) const {
+    const std::int32_t selected = sharedCode()->call("ShowSelectBySearch", table, title).toLong();
+    return selected > 0 ? std::optional(selected) : std::nullopt;
 }
 
 std::string Host::CombineAddress(const Address& a) const {

@@ -49,8 +49,13 @@ class Host {
     /// Shows and logs a failure. `explanation` is standardExplanation, or another text where the failure needs one.
     void ShowAndLogErrorMessage(std::string_view message, std::string_view explanation,
                                 std::string_view detail) const;
+    /// Shows the failure of a statement that ran on the company's connection, whose errors the host adds.
+    void ShowADOErrorMessage(std::string_view message, std::string_view explanation,
+                             const Connection& connection) const;
     /// Shows the host's standard message box. `message` may hold "<Bold>" markup.
     void ShowMessageStyle1(std::string_view message, std::string_view advice) const;
+    /// Asks with Yes and No in the host's standard message box; true for Yes.
+    bool AskMessageStyle1(std::string_view question, std::string_view advice) const;
     /// Shows the host's standard message box, which the user can choose not to see again.
     void ShowMessageStyle1WithMemory(std::string_view message, std::string_view advice) const;
     /// Writes an entry to the host's event log.
@@ -61,6 +66,12 @@ class Host {
     std::string FixForSQLInsert(std::string_view text) const;
     /// Returns the date in the form that the host's database takes. The quotes are part of the statement.
     std::string FixDateForSQLInsert(std::string_view date) const;
+
+    /// Returns a SHA-2 digest of the text, in hexadecimal digits.
+    std::string GetSHA2(std::string_view text) const;
+    /// Lets the user search a table of the company ("Vendors") and select a record. Returns its `ID`, or nothing when the
+    /// user selects none. `title` is the window's title.
+    std::optional<std::int32_t> ShowSelectBySearch(std::string_view table, std::string_view title) const;
 
     /// Joins the address to one text of several lines.
     std::string CombineAddress(const Address& address) const;

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "automation/NumericText.h"
+
 namespace tsln {
 
 std::optional<Operation> findOperation(std::string_view name) {
@@ -11,12 +13,26 @@ std::optional<Operation> findOperation(std::string_view name) {
     return found->operation;
 }
 
+namespace {
+
+/// Unlike a conversion to Boolean, keeps a number. The texts "True" and "False" are -1 and 0.
+std::int16_t toFlag(const Variant& value) {
+    bool truth = false;
+    if (value.isText() && !value.isNumeric() && readBoolean(value.toText(), truth) == Reading::Done)
+        return truth ? -1 : 0;
+    return value.toInteger();
+}
+
+}  // namespace
+
 Variant convert(const Variant& value, ValueType type) {
     switch (type) {
         case ValueType::None:
             return {};
         case ValueType::Boolean:
             return value.toBoolean();
+        case ValueType::Flag:
+            return toFlag(value);
         case ValueType::Integer:
             return value.toInteger();
         case ValueType::Long:

@@ -17,8 +17,9 @@ enum class Operation : std::int16_t {
 #undef OPERATION
 };
 
-/// The types of the interface. Integer has 16 bits, Long 32, both signed.
-enum class ValueType { None, Boolean, Integer, Long, String, Variant, Object };
+/// The types of the interface. Integer has 16 bits, Long 32, both signed. A Flag is a Boolean of the interface whose 16
+/// bits may also carry a number: the handler gets an Integer, -1 for True and 0 for False.
+enum class ValueType { None, Boolean, Flag, Integer, Long, String, Variant, Object };
 enum class Passing { ByValue, ByReference };
 enum class Visibility { Public, Private, Internal };
 
@@ -72,7 +73,7 @@ constexpr const OperationInfo& info(Operation operation) {
 /// The operation of that name, compared without letter case; also finds private and internal ones.
 std::optional<Operation> findOperation(std::string_view name);
 
-/// Converts the value to the type by the platform's rules. Raises HostError(code::typeMismatch) or
+/// Converts the value to the type by the platform's rules. For a Flag, a number stays what it is. Raises HostError(code::typeMismatch) or
 /// code::overflow for a value that does not convert.
 Variant convert(const Variant& value, ValueType type);
 

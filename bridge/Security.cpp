@@ -6,4 +6,8 @@ bool Security::CanDo(std::int32_t area, Right right) const {
     return call("CanDo", area, static_cast<std::int32_t>(right)).toBoolean();
 }
 
+bool Security::CompanyFeatureEnabled(std::int32_t feature) const {
+    return call("CompanyFeatureEnabled", feature).toBoolean();
+}
+
 }  // namespace tsln

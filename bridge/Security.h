@@ -14,6 +14,8 @@ class Security : HostPart {
     explicit Security(Library& library) : HostPart(library, "Security") {}
     /// True when the user holds the right in the security area.
     bool CanDo(std::int32_t area, Right right) const;
+    /// True when the company uses the feature with this number.
+    bool CompanyFeatureEnabled(std::int32_t feature) const;
 };
 
 }  // namespace tsln

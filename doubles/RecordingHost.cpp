@@ -104,8 +104,8 @@ std::string joinLines(Arguments parts) {
     return text;
 }
 
-const std::set<std::string> subObjects{"Database", "Common",   "Security", "Options",
-                                       "Messages", "Activity", "Profiles", "CurrentCompanyConn"};
+const std::set<std::string> subObjects{"Database", "Common",   "Security",           "Options", "Messages",
+                                       "Activity", "Profiles", "CurrentCompanyConn", "TSLNSQL"};
 
 std::string describe(const Variant& value) {
     return value.isObject() ? "object" : value.toText();
@@ -214,6 +214,10 @@ Variant RecordingHost::usualAnswer(const std::string& path, Arguments arguments)
     if (path == "Database.LastSQLErrorDescription") return "the database's own words";
     if (path == "Common.RecordExists") return false;
     if (path == "Security.CanDo") return true;
+    if (path == "Security.CompanyFeatureEnabled") return true;
+    if (path == "GetSHA2") return "0123456789abcdef";
+    if (path == "TSLNSQL.ExecuteScaler") return 0;
+    if (path == "FixDateForSQLInsert") return arguments[0].toText();
     if (path == "FixForSQLInsert") return modSharedSQL::doubleQuotes(arguments[0].toText());
     if (path == "CombineAddress") return joinLines(arguments);
     if (path == "ParseAddress") return arguments.assign(1, arguments[0]), true;  // all in the first line

@@ -4,7 +4,8 @@
 
 namespace tsln {
 
-std::optional<std::string> editExpression(HostScreen& screen, const std::string& expression) {
+std::optional<std::string> editExpression(HostScreen& screen, const std::string& expression,
+                                          std::string_view title) {
     ObjectPtr editor;
     try {
         editor = screen.desktop().createObject("tslnfe5.Engine");
@@ -12,7 +13,8 @@ std::optional<std::string> editExpression(HostScreen& screen, const std::string&
         return std::nullopt;
     }
     const Component engine(std::move(editor), screen.host());
-    const Variant edited = engine->call("ShowEditExpression2", expression, screen.caption());
+    const Variant edited = title.empty() ? engine->call("ShowEditExpression", expression)
+                                         : engine->call("ShowEditExpression2", expression, title);
     if (!edited.isText()) return std::nullopt;
     return edited.toText();
 }

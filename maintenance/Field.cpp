@@ -124,9 +124,14 @@ Layout Field::layout() const {
 // Showing ---------------------------------------------------------------------------------------------
 
 void Field::loadEntries() {
-    if (!description_.loader) return;
+    if (!description_.loader && description_.query.empty()) return;
     const std::string typed = combo().text();
-    (screen_.host().common().*description_.loader)(combo());
+    const Common common = screen_.host().common();
+    if (description_.loader) {
+        (common.*description_.loader)(combo());
+    } else {
+        common.LoadComboFromQuery(combo(), description_.query, description_.column, {}, false);
+    }
     if (combo().editable) combo().setText(typed);
 }
 

@@ -59,6 +59,7 @@ struct FieldDescription {
     NumericBounds bounds = {};                   ///< for numbers
     std::span<const tsln::Choice> choices = {};  ///< Choice
     void (Common::*loader)(ComboBox& combo) const = nullptr;  ///< fills the list of a Label, Key or KeyOrNull
+    std::string_view query = {};  ///< Label: the host fills the list with the column of this query's rows
     DefaultOption option = {};
     bool tickedByDefault = false;          ///< Check: ticked in a new record
     bool firstByDefault = false;           ///< a new record without another default selects the first entry
@@ -78,6 +79,10 @@ struct FieldDescription {
     /// Requires a value that no other row has. `message` is shown for a duplicate.
     constexpr FieldDescription unique(std::string_view message) const {
         return with([&](auto& f) { f.duplicateText = message; });
+    }
+    /// The list offers the values of the field's column in the rows of this query.
+    constexpr FieldDescription from(std::string_view sql) const {
+        return with([&](auto& f) { f.query = sql; });
     }
     constexpr FieldDescription wide(int characters) const {
         return with([&](auto& f) { f.width = characters; });
@@ -135,7 +140,8 @@ constexpr FieldDescription name(Name control, Name label, Name column, Name tag,
 constexpr FieldDescription lines(Name control, Name label, Name column, Name tag) {
     return of(Rule::Lines, control, label, column, tag);
 }
-constexpr FieldDescription label(Name control, Name label, Name column, Name tag, Loader loader) {
+constexpr FieldDescription label(Name control, Name label, Name column, Name tag,
+                                 Loader loader = nullptr) {
     FieldDescription made = of(Rule::Label, control, label, column, tag);
     made.loader = loader;
     return made;
@@ -145,6 +151,11 @@ constexpr FieldDescription number(Rule rule, Name control, Name label, Name colu
                                   double maximum) {
     FieldDescription made = of(rule, control, label, column, tag);
     made.bounds = {.maximum = maximum};
+    return made;
+}
+constexpr FieldDescription whole(Name control, Name label, Name column, Name tag, NumericBounds bounds) {
+    FieldDescription made = of(Rule::Whole, control, label, column, tag);
+    made.bounds = bounds;
     return made;
 }
 constexpr FieldDescription whole(Name control, Name label, Name column, Name tag, double maximum) {

@@ -85,13 +85,15 @@ struct ListDescription {
     std::string_view table;
     std::string_view view = {};  ///< the view that rows are read from; empty: the table
     std::string_view orderBy;
-    std::vector<ListColumn> columns;                      ///< the first one holds the row's name
+    std::vector<ListColumn> columns;
+    std::size_t nameColumn = 0;                           ///< the column that holds the row's name
     std::optional<std::int32_t> securityArea = {};        ///< none: no rights are checked
     std::optional<std::int16_t> listKind = {};            ///< none: no import and export
     std::optional<std::int16_t> moveReferencesCode = {};  ///< none: no "Move References"
     std::optional<DefaultSet> defaults = {};
     std::vector<DeletionCheck> deletionChecks = {};
-    std::string_view deleteFailure;
+    std::string_view deleteFailure;  ///< {0} is the row's name
+    std::string_view deleteExplanation = standardExplanation;
     bool busyState = false;  ///< shown as busy while it loads or deletes
     RecordDescription dialog = {};
 

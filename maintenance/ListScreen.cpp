@@ -317,6 +317,10 @@ std::int32_t ListScreen::selectedID() const {
     return modSharedReportControl::selectedID(rptItems);
 }
 
+std::string_view ListScreen::nameOf(std::size_t record) const {
+    return rptItems.cell(record, description_.nameColumn);
+}
+
 std::vector<std::size_t> ListScreen::selectedRecords() const {
     std::vector<std::size_t> records;
     for (const std::size_t row : rptItems.selectedRows()) {
@@ -388,7 +392,8 @@ void ListScreen::deleteSelected() {
         if (!mayDelete(record)) continue;
         if (!host().database().ExecuteNonQuery(
                 format("DELETE FROM {0} WHERE ID = {1}", description_.table, rptItems.id(record)))) {
-            reportDatabaseFailure(description_.deleteFailure);
+            reportDatabaseFailure(format(description_.deleteFailure, nameOf(record)),
+                                  description_.deleteExplanation);
             return;
         }
         rptItems.removeRecord(record);
@@ -399,8 +404,7 @@ bool ListScreen::mayDelete(std::size_t record) {
     for (const DeletionCheck& check : description_.deletionChecks) {
         const std::int32_t references = count(format(check.count, rptItems.id(record)));
         if (references > 0) {
-            host().ShowMessageStyle1(format(check.message, rptItems.cell(record, 0), references),
-                                     check.advice);
+            host().ShowMessageStyle1(format(check.message, nameOf(record), references), check.advice);
             return false;
         }
     }

@@ -50,6 +50,8 @@ class ListScreen : public HostScreen {
     bool can(Right right);
     /// The `ID` of the focused row, 0 without one.
     std::int32_t selectedID() const;
+    /// The record's name in messages.
+    std::string_view nameOf(std::size_t record) const;
     /// The records of the selected rows, in row order.
     std::vector<std::size_t> selectedRecords() const;
     /// Reads all rows again. An error leaves the rows unchanged.

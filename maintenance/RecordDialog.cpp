@@ -149,6 +149,7 @@ void RecordDialog::Form_Activate() {
 void RecordDialog::fillFields() {
     const bool newCaption = record_->filledBeforeShown ? isNew() : ID == 0;
     setCaption(std::string(newCaption ? record_->newCaption : record_->editCaption));
+    filling();
     focusFirstField();
     // A row that could not be read must not be overwritten with empty fields.
     cmdOK.setEnabled(isNew());
@@ -247,14 +248,18 @@ bool RecordDialog::validateField(Field& field) {
 
 void RecordDialog::refuse(std::string_view message, Control* control) {
     tell(message, MessageIcon::Exclamation);
-    if (!control) return;
-    turnTo(layout(), *control);
+    if (control) returnTo(*control);
+}
+
+void RecordDialog::returnTo(Control& control) {
+    turnTo(layout(), control);
     cmdOK.setRole(Button::Role::Default);  // a box of several lines may have taken the role away
-    control->setFocus();
+    control.setFocus();
 }
 
 std::string RecordDialog::statement() {
     StatementTags tags(host(), record_->safeText);
+    addFirstTags(tags);
     for (const Field& field : fields_) {
         if (field.description().rule == Rule::ValidateAddresses) {
             tags.plain(field.description().tag, validateAddresses());
@@ -276,15 +281,15 @@ bool RecordDialog::save() {
                                 .statement = [this] { return statement(); },
                                 .further = [this] { saveFurther(); }});
     }
-    bool saved = false;
-    if (isNew()) {
-        ID = host().database().ExecuteNonQueryWithID(statement());
-        saved = ID >= 1;
-    } else {
-        saved = host().database().ExecuteNonQuery(statement());
-    }
+    const bool saved = writeRow();
     if (!saved) reportDatabaseFailure(record_->saveFailure, record_->saveExplanation);
     return saved;
+}
+
+bool RecordDialog::writeRow() {
+    if (!isNew()) return host().database().ExecuteNonQuery(statement());
+    ID = host().database().ExecuteNonQueryWithID(statement());
+    return ID >= 1;
 }
 
 std::string RecordDialog::recordName() const {
@@ -293,7 +298,7 @@ std::string RecordDialog::recordName() const {
 
 void RecordDialog::cmdExpression_Click() {
     TextBox& first = fields_.front().text();
-    if (const auto edited = editExpression(*this, first.text())) first.setText(*edited);
+    if (const auto edited = editExpression(*this, first.text(), caption())) first.setText(*edited);
     first.setFocus();
 }
 

@@ -67,6 +67,8 @@ class RecordDialog : public HostScreen {
     /// Further controls to the left of the buttons.
     virtual std::vector<Layout> besideButtons();
 
+    /// Called before the fields are filled, for choices that depend on the record.
+    virtual void filling() {}
     /// Called after a new record's defaults from options are shown, before further fields select their first entry.
     virtual void defaultsShown() {}
     /// Called after an existing row is shown in the fields.
@@ -81,6 +83,10 @@ class RecordDialog : public HostScreen {
     /// Does the work of OK; by default writes the record. Returns false when that failed and the failure was
     /// reported.
     virtual bool save();
+    /// Runs the INSERT, which sets the `ID`, or the UPDATE. Returns false when the database refused it.
+    bool writeRow();
+    /// Adds tags that are filled before those of the fields.
+    virtual void addFirstTags([[maybe_unused]] StatementTags& tags) {}
     /// Saves further data of a master record, after its row is written. Reports its own failures.
     virtual void saveFurther() {}
     /// How messages and the event log call a master record; by default the text of its first field.
@@ -95,6 +101,8 @@ class RecordDialog : public HostScreen {
     void lockFields();
     /// Shows the message, then focuses the control, on its page.
     void refuse(std::string_view message, Control* control);
+    /// Focuses the control, on its page.
+    void returnTo(Control& control);
     /// Lets Enter start a new line in this box. Elsewhere Enter presses OK.
     void keepsEnter(TextBox& box, std::function<void()> onLeave = {});
 

@@ -3,12 +3,14 @@
 #include "bridge/Library.h"
 #include "entities/Entities.h"
 #include "lists/Lists.h"
+#include "pricing/Pricing.h"
 
 namespace tsln {
 
 void plugInModule(Library& library) {
     lists::plugIn(library);
     entities::plugIn(library);
+    pricing::plugIn(library);
 }
 
 }  // namespace tsln

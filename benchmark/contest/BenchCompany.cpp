@@ -15,8 +15,14 @@ std::filesystem::path fastestFolder() {
     return std::filesystem::is_directory(inMemory) ? inMemory : std::filesystem::temp_directory_path();
 }
 
-template <class Row>
-void insertRows(workbench::Company& company, const std::string& into, std::size_t rows, const Row& row) {
+std::string quoted(const std::string& value) {
+    return value.empty() ? "NULL" : "'" + modSharedSQL::doubleQuotes(value) + "'";
+}
+
+}  // namespace
+
+void insertRows(workbench::Company& company, const std::string& into, std::size_t rows,
+                const std::function<std::string(std::size_t)>& row) {
     company.transaction([&] {
         for (std::size_t done = 0; done < rows;) {
             std::string statement = "INSERT INTO " + into + " VALUES ";
@@ -26,12 +32,6 @@ void insertRows(workbench::Company& company, const std::string& into, std::size_
         }
     });
 }
-
-std::string quoted(const std::string& value) {
-    return value.empty() ? "NULL" : "'" + modSharedSQL::doubleQuotes(value) + "'";
-}
-
-}  // namespace
 
 BenchCompany::BenchCompany(std::size_t terms, std::size_t customers)
     : folder_("tessaline-bench-", fastestFolder()) {

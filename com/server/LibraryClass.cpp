@@ -20,6 +20,12 @@ struct Native<ValueType::Boolean> {
     using Type = VARIANT_BOOL;
     static constexpr VARTYPE variantType = VT_BOOL;
 };
+/// Read and written as a number, so that all its bits pass.
+template <>
+struct Native<ValueType::Flag> {
+    using Type = VARIANT_BOOL;
+    static constexpr VARTYPE variantType = VT_I2;
+};
 template <>
 struct Native<ValueType::Integer> {
     using Type = SHORT;

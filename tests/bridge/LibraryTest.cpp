@@ -109,7 +109,7 @@ TEST(Library, AnAssignmentOfTheHandlerReachesTheCallersVariable) {
     EXPECT_EQ(first, Variant("new.mdb"));
     EXPECT_EQ(second, Variant(std::int16_t{1})) << "not assigned";
     call("ShowBulkChange", 1, {false, "3,7"});
-    EXPECT_EQ(first, Variant(false));
+    EXPECT_EQ(first, Variant(std::int16_t{0}));
     EXPECT_EQ(second, Variant("3,7"));
     results = {written};
     Variant object{ObjectPtr()};
@@ -125,6 +125,20 @@ TEST(Library, AnAssignmentOfTheHandlerReachesTheCallersVariable) {
     });
     EXPECT_EQ(codeOf([&] { call("ShowMoveReferences", 5, {}); }), code::fail);
     EXPECT_EQ(first, Variant(5));
+
+    // A flag passes its number on.
+    const std::pair<Variant, std::int16_t> flags[] = {{true, -1}, {false, 0},   {8, 8},       {256.0, 256},
+                                                      {"2", 2},   {"True", -1}, {"false", 0}, {Variant(), 0}};
+    for (const auto& [passed, received] : flags) {
+        library.plugIn(Operation::ShowBulkChange, [&](Library&, Arguments a) {
+            EXPECT_EQ(a[0], Variant(received));
+            return Variant(true);
+        });
+        EXPECT_TRUE(library.ShowBulkChange(passed, 4));
+    }
+    EXPECT_EQ(codeOf([&] { library.ShowBulkChange("orders", 4); }), code::typeMismatch);
+    EXPECT_EQ(codeOf([&] { library.ShowBulkChange(70'000, 4); }), code::overflow);
+    library.plugIn(Operation::ShowBulkChange, assign);
 
     // A caller that passes values gets no error. An argument declared by value is not written.
     results = {false, 3};

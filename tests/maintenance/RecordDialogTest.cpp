@@ -228,5 +228,42 @@ TEST(RecordDialog, NoHostFaultLosesInputOrWritesAnythingElse) {
     }
 }
 
+const RecordDescription grouped{
+    .table = "Samples",
+    .newCaption = "New Sample",
+    .editCaption = "Edit Sample",
+    .fields = {fields::label("cboGroup", "&Group:", "GroupName", "<g>")
+                   .from("SELECT DISTINCT GroupName FROM Samples")},
+    .insert = "INSERT INTO Samples (Kind, GroupName) VALUES(<k>, '<g>')",
+};
+
+/// A dialog with a column that no field has.
+class GroupedDialog : public RecordDialog {
+  public:
+    explicit GroupedDialog(Library& library) : RecordDialog(library, "frmSample", grouped) {}
+
+  protected:
+    void filling() override { kind_ = 4; }
+    void addFirstTags(StatementTags& tags) override { tags.plain("<k>", kind_); }
+
+  private:
+    int kind_ = 0;
+};
+
+TEST(RecordDialog, AListComesFromAQueryAndFurtherTagsAreFilledBeforeTheUsersText) {
+    Stage stage;
+    stage.host->rows("SELECT DISTINCT GroupName FROM Samples",
+                     "<Records><Record><GroupName>Lifts</GroupName></Record></Records>");
+    stage.desktop.user<GroupedDialog>("frmSample", [](GroupedDialog& dialog) {
+        EXPECT_EQ(dialog.comboBox("cboGroup").entries().at(0).text, "Lifts");
+        dialog.comboBox("cboGroup").userType("<k> of mine");
+        dialog.cmdOK.userPress();
+    });
+    openRecord(
+        *stage.library, "frmSample", [&] { return std::make_shared<GroupedDialog>(*stage.library); }, 0);
+    EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQueryWithID"),
+                ElementsAre("INSERT INTO Samples (Kind, GroupName) VALUES(4, '<k> of mine')"));
+}
+
 }  // namespace
 }  // namespace tsln::test

@@ -9,6 +9,7 @@
 #include "shared/Markup.h"
 #include "workbench/app/ExpressionWindow.h"
 #include "workbench/app/OverScreens.h"
+#include "workbench/app/RecordPicker.h"
 
 namespace tsln::workbench {
 namespace {
@@ -138,6 +139,15 @@ Reply MessageWindows::showMessage(const Message& message) {
 
 std::optional<std::string> MessageWindows::editExpression(const ExpressionEdit& edit) {
     return editExpressionInWindow(edit);
+}
+
+std::optional<std::int32_t> MessageWindows::searchRecord(const RecordSearch& search) {
+    OverScreens place;
+    RecordPicker picker(place.owner(), search.title, {{search.table, search.columns, search.records}}, false);
+    place.own(picker);
+    if (picker.ShowModal() != wxID_OK) return std::nullopt;
+    const std::vector<std::int32_t> chosen = picker.chosen();
+    return chosen.empty() ? std::nullopt : std::optional(chosen.front());
 }
 
 }  // namespace tsln::workbench

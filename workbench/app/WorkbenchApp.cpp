@@ -69,8 +69,8 @@ bool WorkbenchApp::OnInit() {
     }
     frame->Show();
     if (!options_.tour.empty()) {
-        std::printf("A tour of the terms list; its pictures are in %s\n", options_.tour.c_str());
-        start(termsTour(session_.company(), options_.tour), options_.tour, [this] {
+        std::printf("A tour of the terms list, charges and a bulk change; its pictures are in %s\n", options_.tour.c_str());
+        start(wholeTour(session_.company(), options_.tour), options_.tour, [this] {
             printTerms(options_.company);
             std::printf("All steps succeeded.\n");
         });

@@ -9,6 +9,7 @@
 #include <wx/persist/toplevel.h>
 #include <wx/splitter.h>
 
+#include "workbench/app/BulkSelection.h"
 #include "workbench/app/OperationPanel.h"
 #include "workbench/app/OperationTree.h"
 #include "workbench/app/RecordBrowser.h"
@@ -53,13 +54,20 @@ WorkbenchFrame::WorkbenchFrame(CompanySession& session, const ObjectPtr& library
         operation_->show(operation);
         operation_->run();
     };
-    operation_->canBrowse = [](Operation operation) { return recordKindOf(operation) != nullptr; };
+    operation_->canBrowse = [](Operation operation) {
+        return recordKindOf(operation) != nullptr || operation == Operation::ShowBulkChange;
+    };
     operation_->onBrowse = [this, &session, library](Operation operation) {
+        if (operation == Operation::ShowBulkChange) return selectForBulkChange(this, session, *library);
         RecordBrowser(this, session, library, *recordKindOf(operation)).ShowModal();
     };
     if (const auto first = tree_->selected()) operation_->show(*first);
     session.tracer()->observe([this](const TraceEntry& entry) { trace_->add(entry); });
     CentreOnScreen();
+    Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& key) {
+        if (key.GetKeyCode() != 'F' || key.GetModifiers() != wxMOD_CONTROL) return key.Skip();
+        tree_->focusSearch();
+    });
     tree_->focusSearch();
 }
 

@@ -61,6 +61,7 @@ class HostObject : public Object {
 
   protected:
     HostContext& context() const noexcept { return *context_; }
+    const std::shared_ptr<HostContext>& sharedContext() const noexcept { return context_; }
 
     /// Runs the work. Raises its SqlError as a HostError with the error's text.
     template <class Work>

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "screens/Desktop.h"
+#include "workbench/host/RecordLists.h"
 
 namespace tsln::workbench {
 
@@ -41,6 +42,14 @@ struct ExpressionEdit {
     std::vector<std::string> names;  ///< the names that the user can choose from
 };
 
+/// Records for the user to search and to choose one of.
+struct RecordSearch {
+    std::string title;
+    std::string table;
+    std::vector<std::string> columns;
+    std::vector<ListedRecord> records;
+};
+
 /// The host's user interface.
 class HostUi {
   public:
@@ -51,6 +60,9 @@ class HostUi {
     /// Lets the user edit an expression. Returns the edited text, or nothing when cancelled. Without a window for it,
     /// every edit is cancelled.
     virtual std::optional<std::string> editExpression(const ExpressionEdit&) { return std::nullopt; }
+    /// Lets the user choose a record. Returns its identifier, or nothing when cancelled. Without a window for it, every
+    /// search is cancelled.
+    virtual std::optional<std::int32_t> searchRecord(const RecordSearch&) { return std::nullopt; }
 };
 
 }  // namespace tsln::workbench

@@ -29,11 +29,15 @@ const RecordKind* recordKindOf(Operation operation) {
 }
 
 std::vector<ListedRecord> listRecords(Company& company, const RecordKind& kind) {
+    return listRecords(company, kind.list, kind.columns.size());
+}
+
+std::vector<ListedRecord> listRecords(Company& company, std::string_view query, std::size_t columns) {
     std::vector<ListedRecord> records;
-    for (const std::vector<Variant>& row : company.run(kind.list).rows) {
+    for (const std::vector<Variant>& row : company.run(query).rows) {
         ListedRecord& record = records.emplace_back();
         record.ID = row.at(0).toLong();
-        for (std::size_t i = 0; i < kind.columns.size(); ++i)
+        for (std::size_t i = 0; i < columns; ++i)
             record.cells.push_back(textOf(row.at(i + 1)));
     }
     return records;

@@ -30,6 +30,8 @@ struct ListedRecord {
 };
 /// Returns all records of the kind, in display order. Throws SqlError.
 std::vector<ListedRecord> listRecords(Company& company, const RecordKind& kind);
+/// Returns the rows of a query: the identifier, then so many columns. Throws SqlError.
+std::vector<ListedRecord> listRecords(Company& company, std::string_view query, std::size_t columns);
 
 struct HistoryEntry {
     std::string date;  ///< UTC, as "2011-03-04 10:20:30"

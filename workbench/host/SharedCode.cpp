@@ -13,8 +13,10 @@
 #include "workbench/host/OptionsObject.h"
 #include "workbench/host/PackageSourceFile.h"
 #include "workbench/host/ProfilesObject.h"
+#include "workbench/host/SearchLists.h"
 #include "workbench/host/SecurityObject.h"
 #include "workbench/host/Sha2.h"
+#include "workbench/host/SqlEngineObject.h"
 #include "workbench/host/TextOf.h"
 
 namespace tsln::workbench {
@@ -76,6 +78,23 @@ Variant SharedCode::CombineAddress(Arguments a) {
         {textOf(a[0]), textOf(a[1]), textOf(a[2]), textOf(a[3]), textOf(a[4]), textOf(a[5])});
 }
 
+/// Arguments: the table whose records are searched, and the window's title. Returns the identifier of the record that the
+/// user chose, 0 when cancelled.
+Variant SharedCode::ShowSelectBySearch(Arguments a) {
+    a.require(2, 2);
+    const std::string table = textOf(a[0]);
+    const SearchList* list = searchListOf(table);
+    if (!list)
+        throw HostError(code::badIndex, "SharedCode", "The records of '" + table + "' cannot be searched.");
+    return context()
+        .ui
+        .searchRecord({textOf(a[1]),
+                       std::string(list->table),
+                       {list->columns.begin(), list->columns.end()},
+                       listRecords(context().company, *list)})
+        .value_or(0);
+}
+
 Variant SharedCode::invoke(std::string_view member, Access access, Arguments arguments) {
     using Self = SharedCode;
     static constexpr Member<Self> members[] = {
@@ -133,6 +152,11 @@ Variant SharedCode::invoke(std::string_view member, Access access, Arguments arg
         {"ParseAddress", [](Self& self, Arguments a) { return self.ParseAddress(a); }},
         {"CombineAddress", [](Self& self, Arguments a) { return self.CombineAddress(a); }},
         {"OperatingMode", [](Self& self, Arguments) { return self.OperatingMode(); }},
+        {"ShowSelectBySearch", [](Self& self, Arguments a) { return self.ShowSelectBySearch(a); }},
+        {"TSLNSQL",
+         [](Self& self, Arguments) {
+             return Variant(std::make_shared<SqlEngineObject>(self.sharedContext()));
+         }},
         // The second argument is the length in bits.
         {"GetSHA2",
          [](Self&, Arguments a) {

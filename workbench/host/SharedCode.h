@@ -19,6 +19,7 @@ class SharedCode : public HostObject {
     Variant OperatingMode();
     Variant ParseAddress(Arguments a);
     Variant CombineAddress(Arguments a);
+    Variant ShowSelectBySearch(Arguments a);
 
     ObjectPtr database_, common_, security_, options_, messages_, activity_, profiles_, connection_;
 };

@@ -63,7 +63,8 @@ class Inspection {
 
     void lookAtText(const wxWindow& control) {
         const bool hasCaption =
-            dynamic_cast<const wxStaticText*>(&control) || dynamic_cast<const wxAnyButton*>(&control) ||
+            dynamic_cast<const wxStaticText*>(&control) ||
+            (dynamic_cast<const wxAnyButton*>(&control) && !dynamic_cast<const wxBitmapButton*>(&control)) ||
             dynamic_cast<const wxCheckBox*>(&control) || dynamic_cast<const wxStaticBox*>(&control);
         constexpr long mayBeCut =
             wxST_ELLIPSIZE_END | wxST_ELLIPSIZE_MIDDLE | wxST_ELLIPSIZE_START | wxST_NO_AUTORESIZE;

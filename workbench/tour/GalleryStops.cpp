@@ -27,6 +27,9 @@ const Particular particulars[] = {
     {ShowEditDiscountGroups, {"4"}},
     {ShowEditPortfiolioTag, {"Kitchen"}},
     {ShowEditVendor, {"3"}},
+    {ShowEditAdditionalCharge, {"5", "2"}},
+    {ShowBulkChange, {"1", "5,6,7"}},
+    {ShowMoveProductsToVendor, {"2"}, {}, false},
     {ShowEditCustomer, {"5"}},
     {ShowProductTags, {"3"}},
     {ShowEditProductTags, {"3"}, {}, false},
@@ -62,6 +65,27 @@ const GalleryStop further[] = {
     {"delete-discount-group", ShowDeleteDiscountGroup, {"4"}, "Enter"},
     {"expression-editor", ShowEditDiscountGroups, {"4"}, "Alt+x"},
     {"expression-fault", ShowEditDiscountGroups, {"4"}, "Alt+x =_(Width_>_96 *"},
+    {"charges-customer-promotions", ShowAdditionalCharges, {"2"}},
+    {"charges-price-adjustments", ShowAdditionalCharges, {"4"}},
+    {"charges-context-menu", ShowAdditionalCharges, {"8"}, "Down Shift+F10"},
+    {"charge-pages", ShowEditAdditionalCharge, {"5", "2"}, "Ctrl+PageDown * Ctrl+PageDown * Ctrl+PageDown *"},
+    {"charge-long-help", ShowEditAdditionalCharge, {"0", "8"}, "Alt+m Down Down Down Down Down Down *"},
+    {"charge-of-item", ShowEditAdditionalCharge, {"7", "4"}},
+    {"charge-assign-account", ShowEditAdditionalCharge, {"5", "2"}, "Ctrl+PageDown Ctrl+PageDown Alt+a"},
+    {"charge-zero-cost", ShowEditAdditionalCharge, {"5", "2"}, "Enter"},
+    {"charge-search-for-name",
+     ShowAdditionalCharges,
+     {"8"},
+     "Home Down Alt+u *",
+     "INSERT INTO AdditionalCharges (ChargeType, ChargeName) VALUES (4, 'Trip charge 1')"},
+    {"charges-defaults",
+     ShowAdditionalCharges,
+     {"2"},
+     "Enter ... *",
+     "DELETE FROM AdditionalCharges WHERE ChargeType = 2"},
+    {"bulk-change-question", ShowBulkChange, {"1", "5,6,7"}, "Space Enter"},
+    {"bulk-change-orders", ShowBulkChange, {"4", "1,2,3"}},
+    {"move-products-chosen", ShowMoveProductsToVendor, {"2"}, "Alt+s =Ever * Enter *"},
     {"first-tax-codes",
      ShowSalesTaxGroups,
      {},
@@ -85,6 +109,7 @@ std::string usual(const OperationArgument& argument) {
         case ValueType::Long:
             return "1";
         case ValueType::Boolean:
+        case ValueType::Flag:
             return "0";
         default:
             return {};
@@ -110,7 +135,8 @@ struct NamedKey {
 constexpr NamedKey namedKeys[] = {
     {"Enter", WXK_RETURN}, {"Escape", WXK_ESCAPE}, {"Tab", WXK_TAB},     {"Down", WXK_DOWN},
     {"Up", WXK_UP},        {"Home", WXK_HOME},     {"End", WXK_END},     {"Insert", WXK_INSERT},
-    {"F1", WXK_F1},        {"Delete", WXK_DELETE}, {"Space", WXK_SPACE},
+    {"F1", WXK_F1},        {"Delete", WXK_DELETE}, {"Space", WXK_SPACE}, {"PageDown", WXK_PAGEDOWN},
+    {"F10", WXK_F10},
 };
 constexpr NamedKey modifierKeys[] = {{"Shift+", wxMOD_SHIFT}, {"Alt+", wxMOD_ALT}, {"Ctrl+", wxMOD_CONTROL}};
 

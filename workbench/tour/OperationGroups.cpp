@@ -188,6 +188,8 @@ std::string_view typeCaption(ValueType type) {
             return "";
         case ValueType::Boolean:
             return "Boolean";
+        case ValueType::Flag:
+            return "Boolean or number";
         case ValueType::Integer:
             return "Integer";
         case ValueType::Long:

@@ -1,52 +1,18 @@
 #include "workbench/tour/Tour.h"
 
-#include <cstdio>
 #include <filesystem>
 
 #include <wx/defs.h>
 
 #include "automation/FilePath.h"
+#include "workbench/tour/TourSteps.h"
 #include "workbench/tour/VirtualUser.h"
 
 namespace tsln::workbench {
 namespace {
 
-/// Numbers, titles and saves the pictures of a tour.
-class Album {
-  public:
-    explicit Album(std::string folder) : folder_(std::move(folder)) {}
-
-    /// Saves a picture of the display. `shows` describes it.
-    void take(const char* name, const char* shows) {
-        char file[64];
-        std::snprintf(file, sizeof file, "%02d-%s.png", ++count_, name);
-        const std::string path = folder_ + "/" + file;
-        if (!saveScreenshot(path)) throw ScriptFailure("The picture " + path + " could not be saved.");
-        std::printf("  %-24s %s\n", file, shows);
-        std::fflush(stdout);
-    }
-
-  private:
-    std::string folder_;
-    int count_ = 0;
-};
-
-Script::Wait untilActive(const std::string& title) {
-    return until("the window \"" + title + "\" has the keyboard",
-                 [title] { return activeWindowTitle() == title && !popupIsOpen(); });
-}
-
-/// Waits until windows are drawn and a list shows its rows.
-Script::Wait settled() {
-    return pause(std::chrono::milliseconds(400));
-}
-
 int count(Company& company, const std::string& condition) {
     return company.scalar("SELECT COUNT(*) FROM Terms WHERE " + condition).toLong();
-}
-
-void expect(bool came, const std::string& what) {
-    if (!came) throw ScriptFailure("The company database does not show that " + what + ".");
 }
 
 /// Positions of the commands in the "More" popup, without separators.
@@ -210,6 +176,23 @@ Script termsTour(Company& company, std::string folder) {
     co_await untilActive("Tessaline Workbench");
     co_await settled();
     album.take("live-pane", "the workbench shows what passed between module and host");
+}
+
+namespace {
+
+/// Runs another script to its end, within its own time limits.
+Script::Wait ended(const std::shared_ptr<Script>& script) {
+    return {"the tour has ended", [script] { return script->resumeIfReady(); }, std::chrono::hours(1)};
+}
+
+}  // namespace
+
+Script wholeTour(Company& company, std::string folder) {
+    for (const auto tour : {pricingTour, termsTour}) {
+        const auto running = std::make_shared<Script>(tour(company, folder));
+        co_await ended(running);
+        if (running->failure()) std::rethrow_exception(running->failure());
+    }
 }
 
 }  // namespace tsln::workbench

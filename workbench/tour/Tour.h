@@ -17,4 +17,12 @@ namespace tsln::workbench {
 /// be open.
 Script termsTour(Company& company, std::string folder);
 
+/// Tours the charges and the bulk change in the same way: a new charge, a duplicate, the search for a free name, which is
+/// cancelled, and 200 customers that are selected in the workbench and changed, three of which are gone. Adds customers to
+/// the company. No screen must be open.
+Script pricingTour(Company& company, std::string folder);
+
+/// The tours, one after the other.
+Script wholeTour(Company& company, std::string folder);
+
 }  // namespace tsln::workbench

@@ -1,6 +1,6 @@
 // Operates windows for tests that are written as scripts. Each argument is a step:
 //   press:WINDOW|BUTTON   fill:WINDOW|FIELD|TEXT   close:WINDOW   wait:WINDOW   gone:WINDOW
-//   rows:WINDOW|NUMBER   choose:WINDOW|BUTTON|ITEM
+//   rows:WINDOW|NUMBER   choose:WINDOW|BUTTON|ITEM   tick:WINDOW|BUTTON
 // Ends with 0 when all steps succeeded. Stops at the first step that fails, writes it to the error output and
 // ends with 1.
 
@@ -35,6 +35,7 @@ void take(WindowDriver& user, const std::string& step) {
     const std::string act = step.substr(0, colon);
     const std::vector<std::string> words = split(step.substr(std::min(step.size(), colon + 1)), '|');
     if (act == "press" && words.size() == 2) return user.press(words[0], words[1]);
+    if (act == "tick" && words.size() == 2) return user.tick(words[0], words[1]);
     if (act == "fill" && words.size() == 3) return user.fill(words[0], std::stoul(words[1]), words[2]);
     if (act == "close" && words.size() == 1) return user.close(words[0]);
     if (act == "wait" && words.size() == 1) return void(user.window(words[0]));

@@ -86,6 +86,7 @@ std::string nameOf(ITypeInfo& info, MEMBERID id) {
 VARTYPE typeOf(ValueType type) {
     switch (type) {
         case ValueType::Boolean:
+        case ValueType::Flag:
             return VT_BOOL;
         case ValueType::Integer:
             return VT_I2;

@@ -26,6 +26,8 @@ class RecordingUi : public HostUi {
     std::deque<Reply> replies;  ///< Ok when none is left
     std::vector<ExpressionEdit> edits;
     std::optional<std::string> edited;  ///< the user's text for an expression; empty: cancelled
+    std::vector<RecordSearch> searches;
+    std::optional<std::int32_t> searched;  ///< the record that the user chooses; empty: cancelled
 
     Reply showMessage(const Message& message) override {
         shown.push_back(message);
@@ -37,6 +39,10 @@ class RecordingUi : public HostUi {
     std::optional<std::string> editExpression(const ExpressionEdit& edit) override {
         edits.push_back(edit);
         return edited;
+    }
+    std::optional<std::int32_t> searchRecord(const RecordSearch& search) override {
+        searches.push_back(search);
+        return searched;
     }
 };
 

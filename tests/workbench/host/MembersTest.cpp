@@ -118,9 +118,10 @@ TEST(Members, AnswersComeFromTheCompany) {
                    {"GetSHA2", {"abc", 7}, "!There is no digest of 7 bits."},
                    {"CurrentCompanyConn", {}, "object"},
                    {"OperatingMode", {}, "0"},
-                   {"ShowSelectBySearch",
-                    {1, 2},
-                    "!Object doesn't support this property or method: ShowSelectBySearch"},
+                   {"ShowSelectBySearch", {"vendors", "Find"}, "0"},
+                   {"ShowSelectBySearch", {"Stars", "Find"}, "!The records of 'Stars' cannot be searched."},
+                   {"TSLNSQL", {}, "object"},
+                   {"SendSmoke", {1, 2}, "!Object doesn't support this property or method: SendSmoke"},
                });
     EXPECT_THAT(asked(stage, "Database.LastSQLErrorDescription", {}), HasSubstr("NoSuchTable"));
     EXPECT_THAT(asked(stage, "Common.CreateGUID", {}),

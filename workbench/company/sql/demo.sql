@@ -113,6 +113,7 @@ SELECT name, CASE WHEN n > 1 THEN printf('LW-%04d', 1200 + n * 7) END, contact, 
     CASE WHEN n > 1 THEN printf('%d Mill Street', n * 11) END, city, CASE WHEN n > 1 THEN 'WI' END,
     CASE WHEN n > 1 THEN printf('53%03d', n * 3) END, CASE WHEN n > 1 THEN 'USA' END,
     CASE WHEN n BETWEEN 2 AND 4 THEN printf('E%03d', n) END, active FROM list ORDER BY n;
+UPDATE Vendors SET CostMethod = 1 + ID % 3 WHERE VendorName <> '(None)';
 
 INSERT INTO Products (Product, ProductTypeID, ManufacturerID, ProductFile, Active) VALUES
     ('Aldermoor 2 inch wood blind', 8, 1, 'ALD-WOOD2', 1), ('Aldermoor faux wood blind', 3, 1, 'ALD-FAUX', 1),
@@ -147,7 +148,9 @@ INSERT INTO AdditionalCharges (ChargeType, ChargeCode, Enabled, GroupName, Charg
     (2, '77aa31e9', 1, 'Season', 'Spring shutter event', 'Ten percent of all shutters', 0, 12, '-10', 1, 1, '2024-03-01T00:00:00', '2024-05-31T00:00:00', 'Product type is Shutters', 1, NULL, 6, NULL, 'PROMO', 3, 1),
     (1, 'e3390d5c', 1, '', 'Brightvane free lift', '', -12, 11, '0', 0, 0, '2024-01-01T00:00:00', '2024-12-31T00:00:00', '', NULL, 3, 6, 7, 'VPROMO', 3, 1),
     (4, '5a71f0d2', 1, '', 'Trade price adjustment', '', 0, 8, '-5', 1, 0, NULL, NULL, '', 3, NULL, 1, NULL, '', 3, 1),
-    (256, 'bb04c916', 1, '', 'Copperfold fuel surcharge', '', 0, 5, '2', 0, 0, NULL, NULL, '', NULL, 4, NULL, 8, '', 2, 1);
+    (256, 'bb04c916', 1, '', 'Copperfold fuel surcharge', '', 0, 5, '2', 0, 0, NULL, NULL, '', NULL, 4, NULL, 8, '', 2, 1),
+    (8, '5c9e2f10', 1, 'Price lines', 'Crown valance', 'The valance of the product', 0, 3, 'Crown valance', 1, 0, NULL, NULL, '', NULL, NULL, 1, 7, '', 3, 1),
+    (2, 'd2b8a6c3', 1, 'Season', 'Free motor', 'The motor is on the house', 0, 4, 'Motor', 1, 0, '2024-09-01T00:00:00', '2024-09-30T00:00:00', '', NULL, NULL, 6, NULL, '', 3, 2);
 INSERT INTO OptionDetailSettings (Location, Sequence, Show, OptionName, Prefix, isBold) VALUES
     (0, 1, 1, 'Room Location', 'Room', 1), (0, 2, 1, 'Pattern', '', 0), (0, 3, 1, 'Finish', 'Finish', 0),
     (0, 9999, 0, 'Hold Downs', '', 0), (1, 1, 1, 'Mount', 'Mount', 0), (1, 2, 1, 'Control Side', 'Control', 0);
