@@ -17,6 +17,10 @@ std::string Common::GetProductNameFromID(std::int32_t ID) const {
     return call("GetProductNameFromID", ID).toText();
 }
 
+std::string Common::GetCustomerName(std::int32_t ID) const {
+    return call("GetCustomerName", ID).toText();
+}
+
 void Common::LoadPhoneLabels(ComboBox& combo) const {
     call("LoadPhoneLabels", combo.automation());
 }

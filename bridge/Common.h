@@ -19,6 +19,7 @@ class Common : HostPart {
                       std::int32_t ID) const;
     std::string GetDiscountGroupName(std::int32_t ID) const;
     std::string GetProductNameFromID(std::int32_t ID) const;
+    std::string GetCustomerName(std::int32_t ID) const;
     /// Fills the combo box with the company's phone labels.
     void LoadPhoneLabels(ComboBox& combo) const;
     void LoadEmailLabels(ComboBox& combo) const;

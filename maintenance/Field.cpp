@@ -124,9 +124,15 @@ Layout Field::layout() const {
 // Showing ---------------------------------------------------------------------------------------------
 
 void Field::loadEntries() {
-    if (!description_.loader) return;
+    const ChoiceQuery& query = description_.query;
+    if (!description_.loader && query.sql.empty()) return;
     const std::string typed = combo().text();
-    (screen_.host().common().*description_.loader)(combo());
+    const Common common = screen_.host().common();
+    if (description_.loader) {
+        (common.*description_.loader)(combo());
+    } else {
+        common.LoadComboFromQuery(combo(), query.sql, query.column, "", false);
+    }
     if (combo().editable) combo().setText(typed);
 }
 

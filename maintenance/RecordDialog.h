@@ -78,6 +78,13 @@ class RecordDialog : public HostScreen {
     /// Does the work of OK; by default writes the record. Returns false when that failed and the failure was
     /// reported.
     virtual bool save();
+    /// Adds the values of tags that belong to no field and come before those of the fields, such as the key of the
+    /// record's owner. May raise HostError.
+    virtual void addTags([[maybe_unused]] StatementTags& tags) const {}
+    /// Called after OK has saved; by default closes the dialog as done.
+    virtual void saved() { accept(); }
+    /// Tells the user that the record could not be written.
+    virtual void reportSaveFailure() { reportDatabaseFailure(record_->saveFailure, record_->saveExplanation); }
     /// Saves further data of a master record, after its row is written. Reports its own failures.
     virtual void saveFurther() {}
     /// How messages and the event log call a master record; by default the text of its first field.

@@ -3,12 +3,16 @@
 #include "bridge/Library.h"
 #include "entities/Entities.h"
 #include "lists/Lists.h"
+#include "measurements/Measurements.h"
+#include "messages/Messages.h"
 
 namespace tsln {
 
 void plugInModule(Library& library) {
     lists::plugIn(library);
     entities::plugIn(library);
+    measurements::plugIn(library);
+    messages::plugIn(library);
 }
 
 }  // namespace tsln
