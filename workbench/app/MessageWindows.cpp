@@ -7,6 +7,7 @@
 
 #include "desktop/NativeWindow.h"
 #include "shared/Markup.h"
+#include "workbench/app/EmailWindow.h"
 #include "workbench/app/ExpressionWindow.h"
 #include "workbench/app/OverScreens.h"
 
@@ -138,6 +139,10 @@ Reply MessageWindows::showMessage(const Message& message) {
 
 std::optional<std::string> MessageWindows::editExpression(const ExpressionEdit& edit) {
     return editExpressionInWindow(edit);
+}
+
+std::optional<Email> MessageWindows::editEmail(const Email& email) {
+    return editEmailInWindow(email);
 }
 
 }  // namespace tsln::workbench

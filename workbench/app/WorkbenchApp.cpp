@@ -4,6 +4,8 @@
 
 #include <wx/config.h>
 #include <wx/fileconf.h>
+#include <wx/filename.h>
+#include <wx/stdpaths.h>
 
 #include "shared/modSharedXML.h"
 #include "workbench/app/Console.h"
@@ -31,6 +33,13 @@ void printTerms(const std::string& companyFile) {
     }
 }
 
+/// Registers the programs that come with the workbench, under the names by which the module asks for them.
+void registerPrograms(CompanySession& session) {
+    wxFileName meter(wxStandardPaths::Get().GetExecutablePath());
+    meter.SetName("tessaline-meter");
+    if (meter.FileExists()) session.registerProgram("DistoTransfer", meter.GetFullPath().utf8_string());
+}
+
 }  // namespace
 
 WorkbenchApp::WorkbenchApp(Options options)
@@ -49,6 +58,7 @@ bool WorkbenchApp::OnInit() {
             noteProcessEnd(commandLine, end);
         });
         module_->library()->call("Initialize", session_.sharedCode());
+        registerPrograms(session_);
     } catch (const std::exception& error) {
         complain(error.what());
         return false;

@@ -41,6 +41,11 @@ struct ExpressionEdit {
     std::vector<std::string> names;  ///< the names that the user can choose from
 };
 
+/// A message to be sent.
+struct Email {
+    std::string from, to, cc, bcc, subject, body;
+};
+
 /// The host's user interface.
 class HostUi {
   public:
@@ -51,6 +56,9 @@ class HostUi {
     /// Lets the user edit an expression. Returns the edited text, or nothing when cancelled. Without a window for it,
     /// every edit is cancelled.
     virtual std::optional<std::string> editExpression(const ExpressionEdit&) { return std::nullopt; }
+    /// Lets the user edit and send a message. Returns it as it was sent, or nothing when cancelled. Without a window for
+    /// it, every message is cancelled.
+    virtual std::optional<Email> editEmail(const Email&) { return std::nullopt; }
 };
 
 }  // namespace tsln::workbench
