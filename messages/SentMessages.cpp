@@ -17,6 +17,7 @@ namespace {
 using modSharedReportControl::focusedRecord;
 
 constexpr int daysAtFirst = 30;
+constexpr int firstWidth = 940, firstHeight = 660;  // pixels at 96 per inch, until the user chooses another size
 /// The ends of a range that is open. The database takes no earlier dates.
 constexpr std::string_view firstDay = "1/1/1753";
 constexpr std::string_view lastDay = "12/31/9999";
@@ -50,10 +51,10 @@ const ListDescription sentMessagesList{
     .caption = "Sent Messages",
     .table = "SentMessages",
     .orderBy = "SentOn DESC",
-    .columns = {{"Sent Date", 150, "SentOn", ListColumn::Show::DateTime},
+    .columns = {{"Sent Date", 175, "SentOn", ListColumn::Show::DateTime},
                 {"Sent by", 110, "SentBy"},
                 {"Subject", 200, "Subject"},
-                {"From", 160, "FromAddress"},
+                {"From", 190, "FromAddress"},
                 {"Body", 220, "BodyText"}},
     .busyState = true,
     .keptFields = {"ToAddress", "CcAddress", "BCcAddress"},
@@ -96,6 +97,8 @@ SentMessages::SentMessages(Library& library, const ListDescription& description)
     txtBody.setLocked(true);
     txtBody.accessibleName = "Body";
     Splitter1.setPosition(0.6);
+    placement.width = firstWidth;
+    placement.height = firstHeight;
 }
 
 Layout SentMessages::layout() {

@@ -67,7 +67,6 @@ TemplateEditor::TemplateEditor(Library& library)
     cboTest.onClick = [this] { showTestCaption(); };
     cboTest.accessibleName = "Document to test with";
     cboTest.widthInCharacters = 10;
-    txtTestNumber.accessibleName = "Name or number to test with";
     txtTestNumber.onEnterKey = [this] {
         cmdTest.userPress();  // Enter here must not save and close
         return true;
@@ -89,7 +88,7 @@ Layout TemplateEditor::content() {
     return column({form({row({one("cboGroup"), one("cboType"), one("chkFavorite")}), one("txtName"),
                          one("txtDescription"), row({one("txtCc"), one("txtBcc")}), one("txtSubject")}),
                    stretch(row({fill(textBox("rtfBody")), column({item(lblFields), fill(rptFields)})})),
-                   framed(grpTest, row({item(cboTest), fill(txtTestNumber), item(cmdTest)}))});
+                   framed(grpTest, row({item(cboTest), stretch(field("Test &with:", txtTestNumber)), item(cmdTest)}))});
 }
 
 void TemplateEditor::filled() {

@@ -31,7 +31,7 @@ const ListDescription templatesList{
     .table = "EmailTemplates",
     .orderBy = "GroupName, TemplateName",
     .columns = {{"Template", 200, "TemplateName"},
-                {.caption = "Type", .width = 120, .uses = typeFields, .compute = typeCaption},
+                {.caption = "Type", .width = 140, .uses = typeFields, .compute = typeCaption},
                 {"Favorite", 70, "Favorite", ListColumn::Show::Check},
                 {"Group", 120, "GroupName"},
                 {"Description", 200, "Description"}},

@@ -26,6 +26,7 @@ class RecordingUi : public HostUi {
     std::deque<Reply> replies;  ///< Ok when none is left
     std::vector<ExpressionEdit> edits;
     std::optional<std::string> edited;  ///< the user's text for an expression; empty: cancelled
+    bool sends = false;                 ///< the user sends every e-mail as it is shown, or cancels it
 
     Reply showMessage(const Message& message) override {
         shown.push_back(message);
@@ -37,6 +38,10 @@ class RecordingUi : public HostUi {
     std::optional<std::string> editExpression(const ExpressionEdit& edit) override {
         edits.push_back(edit);
         return edited;
+    }
+    std::optional<Email> editEmail(const Email& email) override {
+        if (!sends) return std::nullopt;
+        return email;
     }
 };
 
