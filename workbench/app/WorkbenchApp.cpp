@@ -13,7 +13,9 @@
 #include "workbench/app/SettingsFolder.h"
 #include "workbench/app/WorkbenchFrame.h"
 #include "workbench/tour/Gallery.h"
+#include "workbench/tour/MessagesTour.h"
 #include "workbench/tour/Tour.h"
+#include "workbench/tour/TourSteps.h"
 #include "workbench/tour/VirtualUser.h"
 
 namespace tsln::workbench {
@@ -79,8 +81,13 @@ bool WorkbenchApp::OnInit() {
     }
     frame->Show();
     if (!options_.tour.empty()) {
-        std::printf("A tour of the terms list; its pictures are in %s\n", options_.tour.c_str());
-        start(termsTour(session_.company(), options_.tour), options_.tour, [this] {
+        std::printf("A tour of the terms, the measurements and the messages; its pictures are in %s\n",
+                    options_.tour.c_str());
+        const std::string messages = options_.tour + "/messages";
+        wxFileName::Mkdir(wxString::FromUTF8(messages), wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
+        start(inSequence(termsTour(session_.company(), options_.tour),
+                         messagesTour(module_->library(), session_.company(), messages)),
+              options_.tour, [this] {
             printTerms(options_.company);
             std::printf("All steps succeeded.\n");
         });

@@ -1,0 +1,35 @@
+#include "workbench/tour/TourSteps.h"
+
+#include <cstdio>
+
+#include "workbench/tour/VirtualUser.h"
+
+namespace tsln::workbench {
+
+void TourAlbum::take(const char* name, const char* shows) {
+    char file[64];
+    std::snprintf(file, sizeof file, "%02d-%s.png", ++count_, name);
+    const std::string path = folder_ + "/" + file;
+    if (!saveScreenshot(path)) throw ScriptFailure("The picture " + path + " could not be saved.");
+    std::printf("  %-24s %s\n", file, shows);
+    std::fflush(stdout);
+}
+
+Script::Wait untilActive(const std::string& title) {
+    return until("the window \"" + title + "\" has the keyboard",
+                 [title] { return activeWindowTitle() == title && !popupIsOpen(); });
+}
+
+Script::Wait settled() {
+    return pause(std::chrono::milliseconds(400));
+}
+
+Script inSequence(std::vector<Script> scripts) {
+    for (Script& script : scripts) {
+        // The waits within the script have their own limits.
+        co_await until("the tour ends", [&script] { return script.resumeIfReady(); }, std::chrono::hours(1));
+        if (script.failure()) std::rethrow_exception(script.failure());
+    }
+}
+
+}  // namespace tsln::workbench

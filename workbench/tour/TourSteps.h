@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "workbench/tour/Script.h"
+
+namespace tsln::workbench {
+
+/// Numbers, titles and saves the pictures of a tour.
+class TourAlbum {
+  public:
+    /// The folder must exist.
+    explicit TourAlbum(std::string folder) : folder_(std::move(folder)) {}
+
+    /// Saves a picture of the display. `shows` describes it.
+    void take(const char* name, const char* shows);
+
+  private:
+    std::string folder_;
+    int count_ = 0;
+};
+
+/// Waits until the window with this title has the keyboard.
+Script::Wait untilActive(const std::string& title);
+/// Waits until windows are drawn and a list shows its rows.
+Script::Wait settled();
+
+/// Runs the scripts to their ends, one after the other. The first failure ends all.
+Script inSequence(std::vector<Script> scripts);
+
+template <class... Scripts>
+Script inSequence(Script first, Scripts... further) {
+    std::vector<Script> scripts;
+    scripts.push_back(std::move(first));
+    (scripts.push_back(std::move(further)), ...);
+    return inSequence(std::move(scripts));
+}
+
+}  // namespace tsln::workbench
