@@ -65,7 +65,9 @@ class MeasurementsList::Owner : public Object {
         if (!sameName(member, "ShowSaved")) raiseUnknownMember("CustomerMeasurements", member);
         arguments.require(1, 1);
         const std::int32_t ID = arguments[0].toLong();
-        if (list_) list_->handle([&] { list_->showChanged(ID); });
+        if (!list_) return {};
+        list_->handle([&] { list_->showChanged(ID); });
+        list_->desktop().yield();  // draws the list, which waits for its dialog
         return {};
     }
 

@@ -47,8 +47,10 @@ Script measure(ObjectPtr library, Company& company, std::shared_ptr<TourAlbum> a
                                                          std::to_string(measuredCustomer));
     open(library, "ShowCustomerMeasurements", measuredCustomer);
     co_await untilActive(title);
+    co_await settled();
     press(WXK_INSERT);
     co_await untilActive("New Customer Measurement");
+    co_await settled();
     type("Pool house");
     press('r', wxMOD_ALT);
     type("Sun room");
