@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <ostream>
+#include <vector>
 
 #include "automation/DateText.h"
 #include "maintenance/TextFile.h"
@@ -35,16 +36,19 @@ void removeNothing(ListScreen& list) {
     messagesOf(list).refresh();
 }
 
-void writeLine(std::ostream& file, std::string_view caption, std::string_view value) {
-    file << caption;
-    for (const char c : value)
-        file.put(c == '\r' || c == '\n' ? ' ' : c);
-    file << "\r\n";
+constexpr std::size_t chunk = 64 * 1024;  // bytes that are written to a file at once; more would leave the cache
+
+void addLine(std::string& text, std::string_view caption, std::string_view value) {
+    text += caption;
+    const std::size_t begin = text.size();
+    text += value;
+    std::ranges::replace_if(
+        text.begin() + static_cast<std::ptrdiff_t>(begin), text.end(),
+        [](char c) { return c == '\r' || c == '\n'; }, ' ');
+    text += "\r\n";
 }
 
-}  // namespace
-
-const ListDescription sentMessagesList{
+const ListDescription plainList{
     .open = Operation::ShowSentMessages,
     .edit = Operation::ShowSentMessages,  // never called: the rows cannot be edited
     .screenName = "frmSentMessages",
@@ -57,30 +61,40 @@ const ListDescription sentMessagesList{
                 {"From", 190, "FromAddress"},
                 {"Body", 220, "BodyText"}},
     .busyState = true,
-    .keptFields = {"ToAddress", "CcAddress", "BCcAddress"},
-    .commands = {{.id = mnuMessagesSaveAll,
-                  .caption = "Save All Messages...",
-                  .run = [](ListScreen& list) { messagesOf(list).saveAll(); }},
-                 {.id = mnuMessagesSaveCurrent,
-                  .caption = "Save Current Message...",
-                  .needs = Needs::FocusedRow,
-                  .run = [](ListScreen& list) { messagesOf(list).saveCurrent(); }},
-                 {.id = mnuMessagesDelete,
-                  .caption = "Delete",
-                  .needs = Needs::SelectedRows,
-                  .run = removeNothing,
-                  .beginsGroup = true},
-                 {.id = mnuMessagesPurge, .caption = "Purge", .run = removeNothing},
-                 {.id = mnuMessagesRefresh,
-                  .caption = "Refresh",
-                  .run = [](ListScreen& list) { messagesOf(list).refresh(); },
-                  .beginsGroup = true}},
     .addsRows = false,
     .editsRows = false,
     .deletesRows = false,
     .filter = true,
     .countLine = "{0} messages",
 };
+
+/// Further vectors in the initializer above make GCC 12 warn of members that it wrongly takes for uninitialized.
+ListDescription describeList() {
+    ListDescription list = plainList;
+    list.keptFields = {"ToAddress", "CcAddress", "BCcAddress"};
+    list.commands = {{.id = mnuMessagesSaveAll,
+                      .caption = "Save All Messages...",
+                      .run = [](ListScreen& screen) { messagesOf(screen).saveAll(); }},
+                     {.id = mnuMessagesSaveCurrent,
+                      .caption = "Save Current Message...",
+                      .needs = Needs::FocusedRow,
+                      .run = [](ListScreen& screen) { messagesOf(screen).saveCurrent(); }},
+                     {.id = mnuMessagesDelete,
+                      .caption = "Delete",
+                      .needs = Needs::SelectedRows,
+                      .run = removeNothing,
+                      .beginsGroup = true},
+                     {.id = mnuMessagesPurge, .caption = "Purge", .run = removeNothing},
+                     {.id = mnuMessagesRefresh,
+                      .caption = "Refresh",
+                      .run = [](ListScreen& screen) { messagesOf(screen).refresh(); },
+                      .beginsGroup = true}};
+    return list;
+}
+
+}  // namespace
+
+const ListDescription sentMessagesList = describeList();
 
 SentMessages::SentMessages(Library& library, const ListDescription& description)
     : ListScreen(library, description) {
@@ -189,29 +203,45 @@ void SentMessages::showPreview() {
 
 // Saving ----------------------------------------------------------------------------------------------
 
-void SentMessages::write(std::ostream& file, std::size_t record) const {
-    writeLine(file, "Sent: ", rptItems.cell(record, SentDate));
-    writeLine(file, "Sent by: ", rptItems.cell(record, SentBy));
-    writeLine(file, "From: ", rptItems.cell(record, From));
-    writeLine(file, "To: ", addresses_.cell(record, To));
-    if (const auto cc = addresses_.cell(record, Cc); !cc.empty()) writeLine(file, "Cc: ", cc);
-    if (const auto bcc = addresses_.cell(record, Bcc); !bcc.empty()) writeLine(file, "Bcc: ", bcc);
-    writeLine(file, "Subject: ", rptItems.cell(record, Subject));
-    file << "\r\n" << rptItems.cell(record, Body) << "\r\n";
+void SentMessages::add(std::string& text, std::size_t record) const {
+    addLine(text, "Sent: ", rptItems.cell(record, SentDate));
+    addLine(text, "Sent by: ", rptItems.cell(record, SentBy));
+    addLine(text, "From: ", rptItems.cell(record, From));
+    addLine(text, "To: ", addresses_.cell(record, To));
+    if (const auto cc = addresses_.cell(record, Cc); !cc.empty()) addLine(text, "Cc: ", cc);
+    if (const auto bcc = addresses_.cell(record, Bcc); !bcc.empty()) addLine(text, "Bcc: ", bcc);
+    addLine(text, "Subject: ", rptItems.cell(record, Subject));
+    text += "\r\n";
+    text += rptItems.cell(record, Body);
+    text += "\r\n";
+}
+
+void SentMessages::save(std::span<const std::size_t> records) {
+    const std::string between = "\r\n" + std::string(72, '-') + "\r\n\r\n";
+    saveTextFile(*this, [&](std::ostream& file) {
+        std::string text;
+        const auto write = [&] {
+            file.write(text.data(), static_cast<std::streamsize>(text.size()));
+            text.clear();
+        };
+        for (std::size_t i = 0; i < records.size() && file; ++i) {
+            if (i > 0) text += between;
+            add(text, records[i]);
+            if (text.size() >= chunk) write();
+        }
+        write();
+    });
 }
 
 void SentMessages::saveCurrent() {
-    const auto record = focusedRecord(rptItems);
-    if (record) saveTextFile(*this, [&](std::ostream& file) { write(file, *record); });
+    if (const auto record = focusedRecord(rptItems)) save({&*record, 1});
 }
 
 void SentMessages::saveAll() {
-    saveTextFile(*this, [this](std::ostream& file) {
-        for (std::size_t row = 0; row < rptItems.rowCount(); ++row) {
-            if (row > 0) file << "\r\n" << std::string(72, '-') << "\r\n\r\n";
-            write(file, rptItems.row(row).record);
-        }
-    });
+    std::vector<std::size_t> records;
+    for (std::size_t row = 0; row < rptItems.rowCount(); ++row)
+        records.push_back(rptItems.row(row).record);
+    save(records);
 }
 
 }  // namespace tsln::messages

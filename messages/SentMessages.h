@@ -1,7 +1,7 @@
 #pragma once
 
 #include <cstddef>
-#include <iosfwd>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -65,7 +65,9 @@ class SentMessages : public ListScreen {
     std::string rangeText() const { return dtFilterStart.text() + " " + dtFilterEnd.text(); }
     void rangeLeft();
     void showPreview();
-    void write(std::ostream& file, std::size_t record) const;
+    void add(std::string& text, std::size_t record) const;
+    /// Asks for a file and writes the messages of these records to it.
+    void save(std::span<const std::size_t> records);
 
     ReportRecords addresses_;  // by record: whom it was sent to
     std::string loadedRange_;

@@ -16,7 +16,7 @@ struct Line {
     const char* caption;
     std::string Email::*text;
 };
-constexpr Line lines[] = {{"&From:", &Email::from}, {"&To:", &Email::to},           {"&Cc:", &Email::cc},
+constexpr Line lines[] = {{"&From:", &Email::from}, {"&To:", &Email::to},           {"Cc:", &Email::cc},
                           {"&Bcc:", &Email::bcc},   {"Sub&ject:", &Email::subject}};
 
 class EmailDialog : public wxDialog {
