@@ -86,7 +86,7 @@ Layout TemplateEditor::content() {
     using namespace tsln::layout;
     const auto one = [this](std::string_view control) { return fieldOf(control).layout(); };
     return column({form({row({one("cboGroup"), one("cboType"), one("chkFavorite")}), one("txtName"),
-                         one("txtDescription"), row({one("txtCc"), one("txtBcc")}), one("txtSubject")}),
+                         one("txtDescription"), row({stretch(one("txtCc")), stretch(one("txtBcc"))}), one("txtSubject")}),
                    stretch(row({fill(textBox("rtfBody")), column({item(lblFields), fill(rptFields)})})),
                    framed(grpTest, row({item(cboTest), stretch(field("Test &with:", txtTestNumber)), item(cmdTest)}))});
 }

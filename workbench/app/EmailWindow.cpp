@@ -34,7 +34,7 @@ class EmailDialog : public wxDialog {
             form->Add(boxes_[i], wxSizerFlags(1).Expand());
         }
         body_ = new wxTextCtrl(this, wxID_ANY, "", wxDefaultPosition, FromDIP(wxSize(480, 200)), wxTE_MULTILINE);
-        body_->SetName("Message");
+        desktop::setAccessibleName(*body_, "Message");
         desktop::setTextMargin(*body_, FromDIP(6));
         wxString text = toWx(email.body);
         text.Replace("\r\n", "\n");
