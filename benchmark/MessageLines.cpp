@@ -27,7 +27,8 @@ constexpr std::size_t bodyBytes = 2'000;
 std::string body(std::size_t row) {
     std::string text = "Dear " + personName(row) + ",&#13;&#10;";
     for (std::size_t i = 0; text.size() < bodyBytes; ++i)
-        text += "the fitter for " + townName(row + i) + " brings what was ordered on " + std::to_string(i) + " May. ";
+        text += "the fitter for " + townName(row + i) + " brings what was ordered on " + std::to_string(i) +
+                " May. ";
     return text;
 }
 
@@ -36,11 +37,12 @@ std::string messagesResult(std::size_t rows) {
     std::string text = "<Records>";
     for (std::size_t row = 0; row < rows; ++row) {
         const std::string person = personName(row);
-        text += "<Record><ID>" + std::to_string(row + 1) + "</ID><SentOn>2024-03-04T10:" +
-                std::to_string(10 + row % 50) + ":30</SentOn><SentBy>" + personName(row % 7) +
+        text += "<Record><ID>" + std::to_string(row + 1) +
+                "</ID><SentOn>2024-03-04T10:" + std::to_string(10 + row % 50) + ":30</SentOn><SentBy>" +
+                personName(row % 7) +
                 "</SentBy><FromAddress>office@lanternlight.example</FromAddress><ToAddress>" + person +
-                "</ToAddress><Subject>Your order " + std::to_string(row) + "</Subject><BodyText>" + body(row) +
-                "</BodyText></Record>";
+                "</ToAddress><Subject>Your order " + std::to_string(row) + "</Subject><BodyText>" +
+                body(row) + "</BodyText></Record>";
     }
     return text + "</Records>";
 }
@@ -110,7 +112,8 @@ void measureOpening(Report& report, Stage& stage) {
           },
           [&] { copy = stage.result; }}},
         {.seconds = 20, .leastRounds = 7, .mostRounds = 21});
-    report.add(Line{"opening the sent messages", "text to list", contest.ratio(0, 1), Line::Goal::AtMost, mostToOpen});
+    report.add(Line{"opening the sent messages", "text to list", contest.ratio(0, 1), Line::Goal::AtMost,
+                    mostToOpen});
 }
 
 void measureFilter(Report& report, Stage& stage) {
@@ -124,16 +127,18 @@ void measureFilter(Report& report, Stage& stage) {
     }
     const std::string rare = "your order 4711";
     TextBox& box = stage.screen->txtFilter;
-    const Contest contest({{"filter", [&] { box.userType(rare); }, [&] { box.userType("Your order 47"); }},
-                           {"pass",
-                            [&] {
-                                use(static_cast<std::size_t>(std::ranges::count_if(
-                                    texts, [&](const std::string& text) { return text.find(rare) != text.npos; })));
-                            }}},
-                          {.seconds = 12, .leastRounds = 7, .mostRounds = 21});
+    const Contest contest(
+        {{"filter", [&] { box.userType(rare); }, [&] { box.userType("Your order 47"); }},
+         {"pass",
+          [&] {
+              use(static_cast<std::size_t>(std::ranges::count_if(
+                  texts, [&](const std::string& text) { return text.find(rare) != text.npos; })));
+          }}},
+        {.seconds = 12, .leastRounds = 7, .mostRounds = 21});
     box.userType("");
-    report.add(Line{"a key in the filter of the sent messages", "looking for it in every row's text, folded already",
-                    contest.ratio(0, 1), Line::Goal::AtMost, mostToFilter});
+    report.add(Line{"a key in the filter of the sent messages",
+                    "looking for it in every row's text, folded already", contest.ratio(0, 1),
+                    Line::Goal::AtMost, mostToFilter});
 }
 
 void measureSaving(Report& report, Stage& stage) {
@@ -147,9 +152,10 @@ void measureSaving(Report& report, Stage& stage) {
                                 file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
                             }}},
                           {.seconds = 12, .leastRounds = 7, .mostRounds = 21});
-    if (contentsOf(stage.desktop.file) != bytes) throw std::runtime_error("The messages were saved differently.");
-    report.add(Line{"saving all sent messages", "writing the same bytes", contest.ratio(0, 1), Line::Goal::AtMost,
-                    mostToSave});
+    if (contentsOf(stage.desktop.file) != bytes)
+        throw std::runtime_error("The messages were saved differently.");
+    report.add(Line{"saving all sent messages", "writing the same bytes", contest.ratio(0, 1),
+                    Line::Goal::AtMost, mostToSave});
 }
 
 }  // namespace

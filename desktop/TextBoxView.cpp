@@ -168,9 +168,9 @@ class TextBoxView : public ControlView {
     wxTextCtrl* window_;
     // A window may change a text that it is given (line ends, control characters). Only changes by the user
     // may be reported to the control.
-    wxString shown_;    // the last text given to the window
-    wxString shownAs_;  // the window's text after that
-    wxString known_;    // the window's text when last reported or set
+    wxString shown_;                       // the last text given to the window
+    wxString shownAs_;                     // the window's text after that
+    wxString known_;                       // the window's text when last reported or set
     wxPoint popupAt_ = wxDefaultPosition;  // where the pointer opened the context menu
     // The values of TextBox::selectionsMade() at the last showSelection() and at the last takeFocus().
     int selectionsShown_ = 0;

@@ -94,7 +94,7 @@ struct ListDescription {
     std::vector<DeletionCheck> deletionChecks = {};
     std::string_view deleteFailure;
     bool asksToDelete = false;  ///< the screen asks before it deletes; otherwise only the Delete key asks
-    bool busyState = false;  ///< shown as busy while it loads or deletes
+    bool busyState = false;     ///< shown as busy while it loads or deletes
     RecordDescription dialog = {};
 
     /// How rows are read: by a query of the database service, or as a recordset from the company's connection.

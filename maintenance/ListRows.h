@@ -24,7 +24,7 @@ ListRows readListRows(std::string text, std::span<const ListColumn> columns, con
                       modSharedXML::RowReader::Way way = modSharedXML::RowReader::Way::OnePass,
                       std::span<const std::string_view> kept = {});
 /// Reads the rows of a recordset, from its current row to its end. May raise HostError.
-ListRows readListRows(const Recordset& rows, std::span<const ListColumn> columns, const ListRowStyle& style = {},
-                      std::span<const std::string_view> kept = {});
+ListRows readListRows(const Recordset& rows, std::span<const ListColumn> columns,
+                      const ListRowStyle& style = {}, std::span<const std::string_view> kept = {});
 
 }  // namespace tsln

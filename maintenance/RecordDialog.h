@@ -84,7 +84,9 @@ class RecordDialog : public HostScreen {
     /// Called after OK has saved; by default closes the dialog as done.
     virtual void saved() { accept(); }
     /// Tells the user that the record could not be written.
-    virtual void reportSaveFailure() { reportDatabaseFailure(record_->saveFailure, record_->saveExplanation); }
+    virtual void reportSaveFailure() {
+        reportDatabaseFailure(record_->saveFailure, record_->saveExplanation);
+    }
     /// Saves further data of a master record, after its row is written. Reports its own failures.
     virtual void saveFurther() {}
     /// How messages and the event log call a master record; by default the text of its first field.

@@ -16,6 +16,14 @@ constexpr std::string_view screenName = "frmCustomerMeasurements_SelectLocation"
 constexpr ListColumn locationColumn[] = {{"Location", 140, "Location"}};
 constexpr std::size_t location = 0;  // the column of the location in both lists
 
+/// True for texts that the database takes for one: without regard to letter case and to blanks at their ends.
+bool isOneLocation(std::string_view a, std::string_view b) {
+    const auto shortened = [](std::string_view text) {
+        return text.substr(0, text.find_last_not_of(' ') + 1);
+    };
+    return modSharedStrings::equalNoCase(shortened(a), shortened(b));
+}
+
 void define(ReportControl& report, std::span<const ListColumn> columns) {
     for (const ListColumn& column : columns)
         report.columns.push_back({.caption = std::string(column.caption), .width = column.width});
@@ -43,11 +51,13 @@ bool LocationChooser::initialize(std::int32_t customerID) {
     return handle([&] {
                const Database database = host().database();
                const auto rows = [&](std::string_view statement, std::span<const ListColumn> columns) {
-                   return readListRows(database.ExecuteReadText(format(statement, customerID)), columns).records;
+                   return readListRows(database.ExecuteReadText(format(statement, customerID)), columns)
+                       .records;
                };
                setCaption(format("Customer Measurements - {0}", host().common().GetCustomerName(customerID)));
                rptLocations.setRecords(
-                   rows("SELECT DISTINCT Location FROM CustomerMeasurements WHERE CustomerID = {0}", locationColumn));
+                   rows("SELECT DISTINCT Location FROM CustomerMeasurements WHERE CustomerID = {0}",
+                        locationColumn));
                rptItems.setRecords(rows(
                    "SELECT * FROM CustomerMeasurements WHERE CustomerID = {0} ORDER BY Location,Room,Item",
                    sizeColumns));
@@ -68,8 +78,8 @@ bool LocationChooser::initialize(std::int32_t customerID) {
 void LocationChooser::showLocation() {
     const auto chosen = focusedRecord(rptLocations);
     rptItems.setFilterPredicate([this, chosen](std::size_t record) {
-        return !chosen || modSharedStrings::equalNoCase(rptItems.cell(record, location),
-                                                        rptLocations.cell(*chosen, location));
+        return !chosen ||
+               isOneLocation(rptItems.cell(record, location), rptLocations.cell(*chosen, location));
     });
     rptItems.populate();
     if (rptItems.rowCount() > 0) rptItems.selectRow(0);

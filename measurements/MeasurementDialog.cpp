@@ -98,7 +98,8 @@ void MeasurementDialog::cmdDisto_Click() {
     desktop().shellOpen(program, "");
 }
 
-std::int32_t editMeasurement(Library& library, std::int32_t ID, std::int32_t customerID, const Variant& owner) {
+std::int32_t editMeasurement(Library& library, std::int32_t ID, std::int32_t customerID,
+                             const Variant& owner) {
     return library.screens()
         .show(
             dialogName(measurementsList), [&] { return std::make_shared<MeasurementDialog>(library); },

@@ -39,6 +39,7 @@ class MeasurementDialog : public RecordDialog {
 };
 
 /// Edits a measurement (0: a new one of the customer). Returns the key of the measurement saved last, 0 for none.
-std::int32_t editMeasurement(Library& library, std::int32_t ID, std::int32_t customerID, const Variant& owner);
+std::int32_t editMeasurement(Library& library, std::int32_t ID, std::int32_t customerID,
+                             const Variant& owner);
 
 }  // namespace tsln::measurements

@@ -9,8 +9,7 @@ namespace {
 
 constexpr std::string_view headingMarkup =
     "<TextBlock TextWrapping='Wrap'><Bold>[[subject]]</Bold><LineBreak/>From: [[from]]<LineBreak/>To: [[to]]</TextBlock>";
-constexpr std::string_view nothingMarkup =
-    "<TextBlock TextWrapping='Wrap'>No message selected</TextBlock>";
+constexpr std::string_view nothingMarkup = "<TextBlock TextWrapping='Wrap'>No message selected</TextBlock>";
 constexpr std::string_view lineBreak = "<LineBreak/>";
 
 std::string asMarkupLines(std::string_view text) {

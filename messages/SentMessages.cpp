@@ -18,7 +18,8 @@ namespace {
 using modSharedReportControl::focusedRecord;
 
 constexpr int daysAtFirst = 30;
-constexpr int firstWidth = 940, firstHeight = 660;  // pixels at 96 per inch, until the user chooses another size
+constexpr int firstWidth = 940,
+              firstHeight = 660;  // pixels at 96 per inch, until the user chooses another size
 /// The ends of a range that is open. The database takes no earlier dates.
 constexpr std::string_view firstDay = "1/1/1753";
 constexpr std::string_view lastDay = "12/31/9999";
@@ -36,7 +37,8 @@ void removeNothing(ListScreen& list) {
     messagesOf(list).refresh();
 }
 
-constexpr std::size_t chunk = 64 * 1024;  // bytes that are written to a file at once; more would leave the cache
+constexpr std::size_t chunk =
+    64 * 1024;  // bytes that are written to a file at once; more would leave the cache
 
 void addLine(std::string& text, std::string_view caption, std::string_view value) {
     text += caption;
@@ -117,22 +119,20 @@ SentMessages::SentMessages(Library& library, const ListDescription& description)
 
 Layout SentMessages::layout() {
     using namespace tsln::layout;
-    return column({row({framed(dtFilter, row({field("Fr&om:", dtFilterStart), field("&To:", dtFilterEnd),
-                                              item(cmdRefresh)})),
-                        item(lblRange), spring(), item(txtFilter)}),
-                   stretch(split(Splitter1, column({fill(rptItems)}),
-                                 column({item(lblPreview), fill(txtBody)}))),
-                   framed(grpOK, row({item(cmdMessages), item(lblRecords), spring(), item(cmdHelp),
-                                      item(cmdClose)}))});
+    return column(
+        {row({framed(dtFilter,
+                     row({field("Fr&om:", dtFilterStart), field("&To:", dtFilterEnd), item(cmdRefresh)})),
+              item(lblRange), spring(), item(txtFilter)}),
+         stretch(split(Splitter1, column({fill(rptItems)}), column({item(lblPreview), fill(txtBody)}))),
+         framed(grpOK, row({item(cmdMessages), item(lblRecords), spring(), item(cmdHelp), item(cmdClose)}))});
 }
 
 void SentMessages::Form_Load() {
     ListScreen::Form_Load();
     Command menu{.id = mnuMessages, .caption = "Messages"};
     for (const ListCommand& command : description().commands) {
-        menu.commands.push_back({.id = command.id,
-                                 .caption = std::string(command.caption),
-                                 .beginsGroup = command.beginsGroup});
+        menu.commands.push_back(
+            {.id = command.id, .caption = std::string(command.caption), .beginsGroup = command.beginsGroup});
     }
     cbContext.popups.push_back(std::move(menu));
     showPreview();
@@ -141,7 +141,8 @@ void SentMessages::Form_Load() {
 // The range -------------------------------------------------------------------------------------------
 
 std::string_view SentMessages::rangeFault() const {
-    if (!dtFilterStart.isValid() || !dtFilterEnd.isValid()) return "Enter two dates, or \"None\" for no limit.";
+    if (!dtFilterStart.isValid() || !dtFilterEnd.isValid())
+        return "Enter two dates, or \"None\" for no limit.";
     const auto start = dtFilterStart.date(), end = dtFilterEnd.date();
     if (start && end && start->days > end->days) return "The first day is after the last one.";
     return {};

@@ -37,8 +37,7 @@ const ListDescription templatesList{
                 {"Description", 200, "Description"}},
     .securityArea = 503,
     .listKind = 27,
-    .defaults =
-        DefaultSet{"Would you like to install the default email templates?", "TSLN50_EmailTemplates"},
+    .defaults = DefaultSet{"Would you like to install the default email templates?", "TSLN50_EmailTemplates"},
     .asksToDelete = true,
     .groups = ListGroups{.column = Group},
     .contextMenu = true,

@@ -55,8 +55,8 @@ TEST(MeasurementWindow, ABurstOfTypedLinesFillsRowAfterRow) {
     const std::vector<std::string> rows = inserted();
     ASSERT_EQ(rows.size(), std::size_t{measurements});
     for (int i = 0; i < measurements; ++i) {
-        EXPECT_THAT(rows[static_cast<std::size_t>(i)],
-                    EndsWith("'" + std::to_string(20 + i) + " 1/2','" + std::to_string(60 + i) + " 1/2','')"));
+        EXPECT_THAT(rows[static_cast<std::size_t>(i)], EndsWith("'" + std::to_string(20 + i) + " 1/2','" +
+                                                                std::to_string(60 + i) + " 1/2','')"));
     }
 }
 
@@ -77,7 +77,9 @@ TEST(TemplateWindow, TheMessageHasAMenuOfItsOwnAndTakesFieldsAtTheCaret) {
     user.click(body);
     untilFocused(body);
     user.type("ab").key('A', wxMOD_CONTROL).rightClickAt(body, [] { return wxPoint(30, 60); });
-    user.pause().key(WXK_DOWN).key(WXK_RETURN).until("copied", [&] { return stage.desktop.clipboardText() == "ab"; });
+    user.pause().key(WXK_DOWN).key(WXK_RETURN).until("copied", [&] {
+        return stage.desktop.clipboardText() == "ab";
+    });
     user.key(WXK_HOME).key(WXK_RIGHT).pause();
     user.key(WXK_TAB, wxMOD_CONTROL).key(WXK_TAB);
     untilFocused(editor.rptFields);

@@ -83,10 +83,11 @@ TEST(MeasurementDialog, AMeasurementIsInsertedAndUpdatedAsTyped) {
                              dialog.cmdOK.userPress();
                          }),
               21);
-    EXPECT_THAT(stage.inserted(),
-                ElementsAre("INSERT INTO CustomerMeasurements (CustomerID,Location,Room,[Item],Mount,Width,Length,"
-                            "Remarks) VALUES(5,'Mother''s','Hall','Bay ''A'' <id>','Inside','35 1/2\"',"
-                            "'6\u2032 \U0001F4CF','a\r\nb')"));
+    EXPECT_THAT(
+        stage.inserted(),
+        ElementsAre("INSERT INTO CustomerMeasurements (CustomerID,Location,Room,[Item],Mount,Width,Length,"
+                    "Remarks) VALUES(5,'Mother''s','Hall','Bay ''A'' <id>','Inside','35 1/2\"',"
+                    "'6\u2032 \U0001F4CF','a\r\nb')"));
     EXPECT_EQ(stage.edit(7,
                          [](MeasurementDialog& dialog) {
                              EXPECT_EQ(dialog.caption(), "Edit Customer Measurement");
@@ -99,8 +100,9 @@ TEST(MeasurementDialog, AMeasurementIsInsertedAndUpdatedAsTyped) {
                 ElementsAre("UPDATE CustomerMeasurements SET Location = 'House', Room = 'Den', [Item] =  "
                             "'Bay ''A''', Mount = 'Inside', Width = '<cid>', Length = '60', "
                             "Remarks = 'a\r\nb' WHERE ID = 7"));
-    EXPECT_THAT(stage.host->callsOf("Common.LoadComboFromQuery"),
-                Contains("object, SELECT ItemName FROM MeasurementItems ORDER BY ItemName, ItemName, , False"));
+    EXPECT_THAT(
+        stage.host->callsOf("Common.LoadComboFromQuery"),
+        Contains("object, SELECT ItemName FROM MeasurementItems ORDER BY ItemName, ItemName, , False"));
     EXPECT_THAT(stage.host->callsOf("Common.LoadComboFromQuery"),
                 Contains("object, SELECT Mount FROM MeasurementMounts ORDER BY Mount, Mount, , False"));
     EXPECT_EQ(stage.edit(7, [](MeasurementDialog& dialog) { dialog.cmdCancel.userPress(); }), 0);
@@ -164,9 +166,10 @@ TEST(MeasurementDialog, AFailedSaveIsReportedAndKeepsTheInput) {
                                  dialog.cmdCancel.userPress();
                              }),
                   0);
-        EXPECT_THAT(stage.host->callsOf("ShowAndLogErrorMessage"),
-                    ElementsAre("There was a problem saving this customer measurement., {standard explanation}, "
-                                "the database's own words"));
+        EXPECT_THAT(
+            stage.host->callsOf("ShowAndLogErrorMessage"),
+            ElementsAre("There was a problem saving this customer measurement., {standard explanation}, "
+                        "the database's own words"));
     }
 }
 
@@ -235,7 +238,8 @@ TEST(MeasurementsList, AgainAddsMeasurementAfterMeasurementAndShowsEachAtOnce) {
         screen.cmdClose.userPress();
     });
     EXPECT_TRUE(stage.library->ShowCustomerMeasurements(5));
-    EXPECT_THAT(stage.inserted(), AllOf(testing::SizeIs(4), testing::Each(HasSubstr("VALUES(5,'House','Den'"))));
+    EXPECT_THAT(stage.inserted(),
+                AllOf(testing::SizeIs(4), testing::Each(HasSubstr("VALUES(5,'House','Den'"))));
     EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"), testing::SizeIs(1));
     EXPECT_FALSE(stage.told());
 
@@ -252,7 +256,8 @@ TEST(MeasurementsList, AgainAddsMeasurementAfterMeasurementAndShowsEachAtOnce) {
 
 TEST(MeasurementsList, DeletesTheSelectedRowsAndFollowsTheRights) {
     MeasurementStage stage;
-    stage.host->on("Security.CanDo", [](Arguments a) { return Variant(a[0].toLong() == 300 && a[1].toLong() != 8); });
+    stage.host->on("Security.CanDo",
+                   [](Arguments a) { return Variant(a[0].toLong() == 300 && a[1].toLong() != 8); });
     stage.host->on("Database.ExecuteNonQuery",
                    [](Arguments a) { return Variant(a[0].toText().ends_with("= 7")); });
     stage.desktop.user<MeasurementsList>(frmList, [&](MeasurementsList& list) {
@@ -280,10 +285,11 @@ constexpr auto sorted = "SELECT * FROM CustomerMeasurements WHERE CustomerID = 5
 
 void furnishChooser(Stage& stage) {
     MeasurementStage::furnish(stage);
-    stage.host->rows(locations, "<Records><Record><Location>House</Location></Record>"
-                                "<Record><Location>Office</Location></Record></Records>");
-    stage.host->rows(sorted, "<Records>" + row(3, "House", "1") + row(4, "House", "2") + row(9, "Office", "3") +
-                                 "</Records>");
+    stage.host->rows(locations,
+                     "<Records><Record><Location>House</Location></Record>"
+                     "<Record><Location>Office</Location></Record></Records>");
+    stage.host->rows(sorted, "<Records>" + row(3, "House", "1") + row(4, "house ", "2") +
+                                 row(9, "Office", "3") + "</Records>");
 }
 
 TEST(LocationChooser, ReturnsTheSelectedRowOfTheChosenLocation) {
@@ -354,7 +360,8 @@ TEST(Measurements, SurviveEveryFaultOfTheHost) {
         },
         [](Stage& stage) {
             // Every run that opens the dialog and saves less than both measurements tells why.
-            const bool opened = std::ranges::find(stage.desktop.shown, frmDialog) != stage.desktop.shown.end();
+            const bool opened =
+                std::ranges::find(stage.desktop.shown, frmDialog) != stage.desktop.shown.end();
             EXPECT_TRUE(!opened || stage.host->callsOf("Database.ExecuteNonQueryWithID").size() == 2 ||
                         stage.told());
         });

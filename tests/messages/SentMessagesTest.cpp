@@ -100,9 +100,9 @@ TEST(SentMessages, ListsTheMessagesOfARangeOfDays) {
     });
     const double today = std::floor(now().days);
     EXPECT_THAT(stage.read(),
-                ElementsAre("SELECT * FROM SentMessages WHERE SentOn >= '<" + shortDateText(Date{today - 30}) +
-                                ">' AND SentOn <= '<" + shortDateText(Date{today}) +
-                                " 11:59:59 PM>' ORDER BY SentOn DESC",
+                ElementsAre("SELECT * FROM SentMessages WHERE SentOn >= '<" +
+                                shortDateText(Date{today - 30}) + ">' AND SentOn <= '<" +
+                                shortDateText(Date{today}) + " 11:59:59 PM>' ORDER BY SentOn DESC",
                             allTime,
                             "SELECT * FROM SentMessages WHERE SentOn >= '<3/5/2024>' AND SentOn <= "
                             "'<3/5/2024 11:59:59 PM>' ORDER BY SentOn DESC"));
@@ -111,10 +111,10 @@ TEST(SentMessages, ListsTheMessagesOfARangeOfDays) {
 TEST(SentMessages, PreviewShowsTheSelectedMessageWhateverItContains) {
     MessagesStage stage;
     stage.show([](SentMessages& screen) {
-        EXPECT_EQ(screen.lblPreview.caption(), "<TextBlock TextWrapping='Wrap'>No message selected</TextBlock>");
+        EXPECT_EQ(screen.lblPreview.caption(),
+                  "<TextBlock TextWrapping='Wrap'>No message selected</TextBlock>");
         screen.rptItems.userSelect({{0}}, 0);
-        EXPECT_EQ(plainText(screen.lblPreview.caption()),
-                  "Two\nlines <LineBreak/>\nFrom: pat@x\nTo: to3@x");
+        EXPECT_EQ(plainText(screen.lblPreview.caption()), "Two\nlines <LineBreak/>\nFrom: pat@x\nTo: to3@x");
         EXPECT_EQ(screen.txtBody.text(), "Dear <b>\r\n3");
         EXPECT_TRUE(screen.txtBody.locked());
         screen.rptItems.userClickHeader(2);  // sorted: the addresses stay with their messages
@@ -128,9 +128,11 @@ TEST(SentMessages, PreviewShowsTheSelectedMessageWhateverItContains) {
 }
 
 TEST(SentMessages, MarkupIsFilledWithoutReadingTheValues) {
-    EXPECT_EQ(fillMarkup("[[date]]: [[subject]] [[other]] [[", {.subject = "[[from]]\r\na", .from = "F", .sent = "3/4/2024 1:02:03 PM"}),
+    EXPECT_EQ(fillMarkup("[[date]]: [[subject]] [[other]] [[",
+                         {.subject = "[[from]]\r\na", .from = "F", .sent = "3/4/2024 1:02:03 PM"}),
               "3/4/2024: [[from]]<LineBreak/>a [[other]] [[");
-    for (const std::string text : {"<Bold>x", "</TextBlock>", "a]]><Bold>", "<![CDATA[x", "&lt;", "\n<\r\n"}) {
+    for (const std::string text :
+         {"<Bold>x", "</TextBlock>", "a]]><Bold>", "<![CDATA[x", "&lt;", "\n<\r\n"}) {
         const std::string shown = plainText(previewMarkup({.subject = text, .from = text, .to = text}));
         std::string lines = text;
         while (lines.find('\r') != lines.npos)
@@ -149,7 +151,8 @@ TEST(SentMessages, MessagesAreSavedAsText) {
         stage.run(screen, messages::mnuMessagesSaveCurrent);
         EXPECT_THAT(stage.desktop.fileDialogs, IsEmpty()) << "no message is selected";
         screen.rptItems.userSelect({{0}}, 0);
-        stage.desktop.files = {folder.file("one.txt"), folder.file("all.txt"), folder.file("no/such/folder.txt")};
+        stage.desktop.files = {folder.file("one.txt"), folder.file("all.txt"),
+                               folder.file("no/such/folder.txt")};
         stage.run(screen, messages::mnuMessagesSaveCurrent);
         stage.run(screen, messages::mnuMessagesSaveAll);
         EXPECT_THAT(stage.desktop.boxes, IsEmpty());
@@ -158,7 +161,8 @@ TEST(SentMessages, MessagesAreSavedAsText) {
     });
     EXPECT_EQ(contents(folder.file("one.txt")), third);
     EXPECT_THAT(contents(folder.file("all.txt")), testing::StartsWith(third + "\r\n-----"));
-    EXPECT_THAT(contents(folder.file("all.txt")), testing::EndsWith("Subject: Plain\r\n\r\nDear <b>\r\n2\r\n"));
+    EXPECT_THAT(contents(folder.file("all.txt")),
+                testing::EndsWith("Subject: Plain\r\n\r\nDear <b>\r\n2\r\n"));
     ASSERT_THAT(stage.desktop.boxes, SizeIs(1));
     EXPECT_EQ(stage.desktop.boxes[0].text, "Unable to write the file. (1472)");
     EXPECT_EQ(stage.desktop.fileDialogs[0].title, "Save As");
@@ -169,7 +173,8 @@ TEST(SentMessages, NothingRemovesAMessage) {
     MessagesStage stage;
     stage.show([&](SentMessages& screen) {
         screen.rptItems.userSelectAll();
-        for (const int command : {messages::mnuMessagesDelete, messages::mnuMessagesPurge, messages::mnuMessagesRefresh}) {
+        for (const int command :
+             {messages::mnuMessagesDelete, messages::mnuMessagesPurge, messages::mnuMessagesRefresh}) {
             screen.rptItems.userSelectAll();
             stage.run(screen, command);
         }

@@ -45,7 +45,8 @@ struct TemplateStage : Stage {
         host.rows(readSeven, "<Records>" + row(7, "Reminder", 1) + "</Records>");
         for (const char* view : {"Customers", "Vendors", "Employees", "Orders"}) {
             host.rows(std::string("SELECT TOP 1 * FROM vwDocumentProcessing_") + view,
-                      "<Records><Record><" + std::string(view) + "Name>x</" + view + "Name><City/></Record></Records>");
+                      "<Records><Record><" + std::string(view) + "Name>x</" + view +
+                          "Name><City/></Record></Records>");
         }
         host.on("Options.GetUserOption", Variant("O'Dell"));
         host.on("Database.ExecuteScaler", Variant(31));
@@ -93,7 +94,8 @@ TEST(TemplatesList, ShowsTypesByNameAndOneTypeAtATime) {
         fill(editor);
         editor.cmdOK.userPress();
     });
-    stage.host->rows("SELECT * FROM EmailTemplates WHERE ID = 12", "<Records>" + row(12, "New", 1) + "</Records>");
+    stage.host->rows("SELECT * FROM EmailTemplates WHERE ID = 12",
+                     "<Records>" + row(12, "New", 1) + "</Records>");
     stage.list(true, [](TemplatesList& list) {
         EXPECT_EQ(list.rptItems.recordCount(), 1U);
         list.cboType.userChoose(3);
@@ -118,7 +120,8 @@ TEST(TemplatesList, AsksOnceBeforeItDeletesAndNamesWhatCouldNotBeDeleted) {
     EXPECT_THAT(stage.deleted(), ElementsAre("DELETE FROM EmailTemplates WHERE ID = 7"));
 
     stage.host->forget();
-    stage.host->on("Database.ExecuteNonQuery", [](Arguments a) { return Variant(!a[0].toText().ends_with("8")); });
+    stage.host->on("Database.ExecuteNonQuery",
+                   [](Arguments a) { return Variant(!a[0].toText().ends_with("8")); });
     stage.list(false, [](TemplatesList& list) {
         list.rptItems.userSelectAll();
         list.cmdDelete.userPress();
@@ -129,9 +132,10 @@ TEST(TemplatesList, AsksOnceBeforeItDeletesAndNamesWhatCouldNotBeDeleted) {
                             "Once deleted, the templates cannot be recovered., 36, , "));
     EXPECT_THAT(
         stage.host->callsOf("ShowAndLogErrorMessage"),
-        ElementsAre("The email template 'It's here' could not be deleted., This typically happens if the "
-                    "database is in use by another user or program. Try saving again. If the problem persists, "
-                    "close the program, restart and try again., the database's own words"));
+        ElementsAre(
+            "The email template 'It's here' could not be deleted., This typically happens if the "
+            "database is in use by another user or program. Try saving again. If the problem persists, "
+            "close the program, restart and try again., the database's own words"));
     EXPECT_THAT(stage.desktop.boxes, IsEmpty());
 
     stage.host->forget();
@@ -147,8 +151,9 @@ TEST(TemplatesList, OffersTheDefaultsWhileItIsEmpty) {
     TemplateStage stage;
     stage.host->rows(loadAll, "<Records/>");
     stage.list(false, [](TemplatesList&) {});
-    EXPECT_THAT(stage.desktop.boxes, ElementsAre(testing::Field(
-                                         &Box::text, "Would you like to install the default email templates?")));
+    EXPECT_THAT(
+        stage.desktop.boxes,
+        ElementsAre(testing::Field(&Box::text, "Would you like to install the default email templates?")));
     EXPECT_THAT(stage.host->callsOf("Security.CanDo"), Contains("503, 16"));
 }
 
@@ -162,17 +167,20 @@ TEST(TemplateEditor, ATemplateIsInsertedAndUpdatedWithItsEvent) {
                              editor.cmdOK.userPress();
                          }),
               12);
-    EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQueryWithID"),
-                ElementsAre("INSERT INTO EmailTemplates (GroupName, TemplateType, TemplateName, Favorite, Description, "
-                            "CcAddress, BCcAddress, Subject, BodyText) VALUES('G''1', 1, 'N''1', 1, 'd', 'c@x', "
-                            "'b@x', 'S''1 <<', '<b>one</b> <id> >>\r\n')"));
+    EXPECT_THAT(
+        stage.host->callsOf("Database.ExecuteNonQueryWithID"),
+        ElementsAre(
+            "INSERT INTO EmailTemplates (GroupName, TemplateType, TemplateName, Favorite, Description, "
+            "CcAddress, BCcAddress, Subject, BodyText) VALUES('G''1', 1, 'N''1', 1, 'd', 'c@x', "
+            "'b@x', 'S''1 <<', '<b>one</b> <id> >>\r\n')"));
     EXPECT_EQ(stage.edit(7, [](TemplateEditor& editor) { editor.cmdOK.userPress(); }), 7);
-    EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"),
-                ElementsAre("UPDATE emailtemplates SET GroupName = 'G', TemplateType = 1, TemplateName = 'Reminder', "
-                            "Favorite = 1, Description = 'd', CcAddress = 'c@x', BccAddress = 'b@x', "
-                            "Subject = 'Hello <<City>>', BodyText = 'one\r\ntwo' WHERE ID = 7"));
-    EXPECT_THAT(stage.host->callsOf("RecordEvent"), ElementsAre("Email template 'N'1' was created.",
-                                                                "Email template 'Reminder' was updated."));
+    EXPECT_THAT(
+        stage.host->callsOf("Database.ExecuteNonQuery"),
+        ElementsAre("UPDATE emailtemplates SET GroupName = 'G', TemplateType = 1, TemplateName = 'Reminder', "
+                    "Favorite = 1, Description = 'd', CcAddress = 'c@x', BccAddress = 'b@x', "
+                    "Subject = 'Hello <<City>>', BodyText = 'one\r\ntwo' WHERE ID = 7"));
+    EXPECT_THAT(stage.host->callsOf("RecordEvent"),
+                ElementsAre("Email template 'N'1' was created.", "Email template 'Reminder' was updated."));
     EXPECT_EQ(stage.host->callsOf("FixForSQLInsert").size(), 14U);
     EXPECT_FALSE(stage.told());
 
@@ -186,9 +194,10 @@ TEST(TemplateEditor, ATemplateIsInsertedAndUpdatedWithItsEvent) {
                          }),
               0);
     stage.edit(7, [](TemplateEditor& editor) { editor.cmdOK.userPress(); });
-    const std::string rest = ", This typically happens if the database is in use by another user or program. Try saving "
-                             "again. If the problem persists, close the program, restart and try again., "
-                             "the database's own words";
+    const std::string rest =
+        ", This typically happens if the database is in use by another user or program. Try saving "
+        "again. If the problem persists, close the program, restart and try again., "
+        "the database's own words";
     EXPECT_THAT(stage.host->callsOf("ShowAndLogErrorMessage"),
                 ElementsAre("The email template 'N'1' could not be created." + rest,
                             "The email template 'Reminder' could not be updated." + rest));
@@ -209,11 +218,10 @@ TEST(TemplateEditor, NeedsATypeASubjectAndABody) {
         EXPECT_EQ(editor.focusedControl(), &editor.textBox("rtfBody"));
     });
     const auto empty = "You cannot save an empty subject or message body.";
-    EXPECT_THAT(stage.desktop.boxes,
-                ElementsAre(Box{"You must select a type for this email template.", MessageButtons::Ok,
-                                MessageIcon::Exclamation},
-                            Box{empty, MessageButtons::Ok, MessageIcon::Exclamation},
-                            Box{empty, MessageButtons::Ok, MessageIcon::Exclamation}));
+    EXPECT_THAT(stage.desktop.boxes, ElementsAre(Box{"You must select a type for this email template.",
+                                                     MessageButtons::Ok, MessageIcon::Exclamation},
+                                                 Box{empty, MessageButtons::Ok, MessageIcon::Exclamation},
+                                                 Box{empty, MessageButtons::Ok, MessageIcon::Exclamation}));
     EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQueryWithID"), IsEmpty());
 }
 
@@ -256,16 +264,20 @@ TEST(TemplateEditor, ATestFindsItsRecordByTheType) {
         const char *typed, *caption, *statement, *notFound;
     } cases[] = {
         {0, 0, " O'Dell ", "Test this template with customer",
-         "SELECT ID FROM Customers WHERE CustomerName = 'O''Dell'", "The specified customer cannot be found."},
+         "SELECT ID FROM Customers WHERE CustomerName = 'O''Dell'",
+         "The specified customer cannot be found."},
         {1, 0, "V", "Test this template with vendor", "SELECT ID FROM Vendodrs WHERE VendorName = 'V'",
          "The specified vendor cannot be found."},
         {2, 0, "pat", "Test this template with employee (user name)",
          "SELECT ID FROM Employees WHERE UserName = 'pat'", "The specified employee cannot be found."},
-        {3, 0, "10003", "Test this template with quote", "SELECT ID FROM Orders WHERE State = 1 AND OrderNumber = 10003",
+        {3, 0, "10003", "Test this template with quote",
+         "SELECT ID FROM Orders WHERE State = 1 AND OrderNumber = 10003",
          "The specified quote, sale or order cannot be found."},
-        {3, 1, "7", "Test this template with sale", "SELECT ID FROM Orders WHERE State = 2 AND OrderNumber = 7",
+        {3, 1, "7", "Test this template with sale",
+         "SELECT ID FROM Orders WHERE State = 2 AND OrderNumber = 7",
          "The specified quote, sale or order cannot be found."},
-        {3, 2, "7", "Test this template with order", "SELECT ID FROM Orders WHERE State = 3 AND OrderNumber = 7",
+        {3, 2, "7", "Test this template with order",
+         "SELECT ID FROM Orders WHERE State = 3 AND OrderNumber = 7",
          "The specified quote, sale or order cannot be found."},
     };
     for (const auto& c : cases) {
@@ -289,8 +301,9 @@ TEST(TemplateEditor, ATestFindsItsRecordByTheType) {
         EXPECT_THAT(stage.host->callsOf("SendEmailMessageWithTemplateAndUI"), SizeIs(1));
         EXPECT_THAT(stage.desktop.boxes,
                     testing::AllOf(SizeIs(4), testing::Each(Box{c.notFound, MessageButtons::Ok,
-                                                               MessageIcon::Exclamation})));
-        EXPECT_THAT(stage.host->callsOf("Options.GetUserOption"), ElementsAre("Test Number, Email Templates, "));
+                                                                MessageIcon::Exclamation})));
+        EXPECT_THAT(stage.host->callsOf("Options.GetUserOption"),
+                    ElementsAre("Test Number, Email Templates, "));
         EXPECT_THAT(stage.host->callsOf("Options.SetUserOption"),
                     ElementsAre(std::string("Test Number, Email Templates, ") + c.typed));
     }
@@ -317,7 +330,8 @@ TEST(Templates, SurviveEveryFaultOfTheHost) {
                     EXPECT_EQ(editor.textBox("rtfBody").text(), "<b>one</b> <id> >>\r\n");
                 }
             });
-            stage.desktop.user<TemplateEditor>(frmEditor, [](TemplateEditor& editor) { editor.cmdOK.userPress(); });
+            stage.desktop.user<TemplateEditor>(frmEditor,
+                                               [](TemplateEditor& editor) { editor.cmdOK.userPress(); });
             stage.desktop.user<TemplatesList>(frmList, [](TemplatesList& list) {
                 list.cmdNew.userPress();
                 if (list.rptItems.rowCount() > 1) list.rptItems.userSelect({{1}}, 1);

@@ -16,8 +16,11 @@ struct Line {
     const char* caption;
     std::string Email::*text;
 };
-constexpr Line lines[] = {{"&From:", &Email::from}, {"&To:", &Email::to},           {"Cc:", &Email::cc},
-                          {"&Bcc:", &Email::bcc},   {"Sub&ject:", &Email::subject}};
+constexpr Line lines[] = {{"&From:", &Email::from},
+                          {"&To:", &Email::to},
+                          {"Cc:", &Email::cc},
+                          {"&Bcc:", &Email::bcc},
+                          {"Sub&ject:", &Email::subject}};
 
 class EmailDialog : public wxDialog {
   public:
@@ -33,7 +36,8 @@ class EmailDialog : public wxDialog {
             boxes_[i] = new wxTextCtrl(this, wxID_ANY, toWx(email.*lines[i].text));
             form->Add(boxes_[i], wxSizerFlags(1).Expand());
         }
-        body_ = new wxTextCtrl(this, wxID_ANY, "", wxDefaultPosition, FromDIP(wxSize(480, 200)), wxTE_MULTILINE);
+        body_ =
+            new wxTextCtrl(this, wxID_ANY, "", wxDefaultPosition, FromDIP(wxSize(480, 200)), wxTE_MULTILINE);
         desktop::setAccessibleName(*body_, "Message");
         desktop::setTextMargin(*body_, FromDIP(6));
         wxString text = toWx(email.body);

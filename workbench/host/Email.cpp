@@ -23,10 +23,11 @@ class FirstRow {
     FirstRow(Company& company, const std::string& query) : result_(company.run(query)) {}
     bool exists() const { return !result_.rows.empty(); }
     std::optional<std::string> value(std::string_view name) const {
-        const auto column =
-            std::ranges::find_if(result_.columns, [&](const std::string& own) { return sameName(own, name); });
+        const auto column = std::ranges::find_if(result_.columns,
+                                                 [&](const std::string& own) { return sameName(own, name); });
         if (column == result_.columns.end() || !exists()) return std::nullopt;
-        const Variant& found = result_.rows.front()[static_cast<std::size_t>(column - result_.columns.begin())];
+        const Variant& found =
+            result_.rows.front()[static_cast<std::size_t>(column - result_.columns.begin())];
         return textOf(found);
     }
 
@@ -71,9 +72,10 @@ Variant sendEmailWithTemplate(HostContext& context, Arguments a) {
     a.require(4, 4);
     const std::int32_t type = a[0].toLong(), ID = a[1].toLong();
     if (type < 1 || type > static_cast<std::int32_t>(std::size(views)))
-        throw HostError(code::badIndex, "SharedCode", "There is no type " + std::to_string(type) + " of templates.");
-    const FirstRow record(context.company,
-                          format("SELECT * FROM {0} WHERE ID = {1}", views[static_cast<std::size_t>(type) - 1], ID));
+        throw HostError(code::badIndex, "SharedCode",
+                        "There is no type " + std::to_string(type) + " of templates.");
+    const FirstRow record(context.company, format("SELECT * FROM {0} WHERE ID = {1}",
+                                                  views[static_cast<std::size_t>(type) - 1], ID));
     if (!record.exists()) {
         throw HostError(code::badIndex, "SharedCode",
                         "There is no record " + std::to_string(ID) + " to fill the template with.");

@@ -71,7 +71,8 @@ Variant OptionsObject::invoke(std::string_view member, Access access, Arguments 
          [](Self& self, Arguments a) {
              a.require(1, 1);
              const std::string kind = textOf(a[0]);
-             if (const auto own = self.context().options.get({}, {kind, "External Programs"})) return Variant(*own);
+             if (const auto own = self.context().options.get({}, {kind, "External Programs"}))
+                 return Variant(*own);
              const auto program = self.context().programs.find(kind);
              return Variant(program == self.context().programs.end() ? std::string() : program->second);
          }},

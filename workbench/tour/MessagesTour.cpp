@@ -43,8 +43,8 @@ Script measure(ObjectPtr library, Company& company, std::shared_ptr<TourAlbum> a
     const std::string own = "CustomerMeasurements WHERE CustomerID = " + std::to_string(measuredCustomer);
     const int before = countOf(company, own);
     const std::string title =
-        "Customer Measurements - " + textOf(company, "SELECT CustomerName FROM Customers WHERE ID = " +
-                                                         std::to_string(measuredCustomer));
+        "Customer Measurements - " +
+        textOf(company, "SELECT CustomerName FROM Customers WHERE ID = " + std::to_string(measuredCustomer));
     open(library, "ShowCustomerMeasurements", measuredCustomer);
     co_await untilActive(title);
     co_await settled();
@@ -79,8 +79,8 @@ Script measure(ObjectPtr library, Company& company, std::shared_ptr<TourAlbum> a
 }
 
 Script write(ObjectPtr library, Company& company, std::shared_ptr<TourAlbum> album) {
-    const std::string customer =
-        textOf(company, "SELECT TOP 1 CustomerName FROM Customers WHERE CustomerName LIKE 'O''Dell%' ORDER BY ID");
+    const std::string customer = textOf(
+        company, "SELECT TOP 1 CustomerName FROM Customers WHERE CustomerName LIKE 'O''Dell%' ORDER BY ID");
     const int before = countOf(company, "SentMessages");
     open(library, "ShowEditEmailTemplate", 0);
     co_await untilActive("Edit E-mail Template");
@@ -118,8 +118,9 @@ Script write(ObjectPtr library, Company& company, std::shared_ptr<TourAlbum> alb
     press('n', wxMOD_ALT);
     press(WXK_RETURN);
     co_await untilActive("Tessaline Workbench");
-    expect(countOf(company, "EmailTemplates WHERE GroupName = 'Care' AND TemplateName = 'Care guide' AND BodyText = "
-                            "'Dear <<CustomerName>>, dust them.'") == 1,
+    expect(countOf(company,
+                   "EmailTemplates WHERE GroupName = 'Care' AND TemplateName = 'Care guide' AND BodyText = "
+                   "'Dear <<CustomerName>>, dust them.'") == 1,
            "the template is stored");
 }
 
@@ -152,7 +153,8 @@ Script find(ObjectPtr library, Company& company, std::shared_ptr<TourAlbum> albu
     std::ifstream file(saved, std::ios::binary);
     const std::string text{std::istreambuf_iterator<char>(file), {}};
     const std::string body = textOf(company, "SELECT TOP 1 BodyText FROM SentMessages ORDER BY ID DESC");
-    expect(text.find("Subject: Care of your shutters\r\n\r\nDear O'Dell") != text.npos && text.ends_with(body + "\r\n"),
+    expect(text.find("Subject: Care of your shutters\r\n\r\nDear O'Dell") != text.npos &&
+               text.ends_with(body + "\r\n"),
            "the message is saved as text");
     press(WXK_ESCAPE);
     co_await untilActive("Tessaline Workbench");

@@ -27,7 +27,8 @@ Script::Wait settled() {
 Script inSequence(std::vector<Script> scripts) {
     for (Script& script : scripts) {
         // The waits within the script have their own limits.
-        co_await until("the tour ends", [&script] { return script.resumeIfReady(); }, std::chrono::hours(1));
+        co_await until(
+            "the tour ends", [&script] { return script.resumeIfReady(); }, std::chrono::hours(1));
         if (script.failure()) std::rethrow_exception(script.failure());
     }
 }

@@ -48,18 +48,21 @@ TEST(MeasurementsOnCompany, AreStoredAsTypedAndChosenByLocation) {
         EXPECT_EQ(list.rptItems.rowText(1, 4), "47 3/8\"");
     });
     stage.library->ShowCustomerMeasurements(17);
-    EXPECT_EQ(stage.value("SELECT Item + ', ' + Width + ', ' + Length + ', ' + Remarks FROM CustomerMeasurements "
-                          "WHERE CustomerID = 17 AND Location = 'Office'"),
-              "Mother's bay, 35 1/2, 60\" \U0001F4CF, a\r\nb");
+    EXPECT_EQ(
+        stage.value("SELECT Item + ', ' + Width + ', ' + Length + ', ' + Remarks FROM CustomerMeasurements "
+                    "WHERE CustomerID = 17 AND Location = 'Office'"),
+        "Mother's bay, 35 1/2, 60\" \U0001F4CF, a\r\nb");
 
-    stage.desktop.user<LocationChooser>("frmCustomerMeasurements_SelectLocation", [](LocationChooser& chooser) {
-        EXPECT_EQ(chooser.rptLocations.rowCount(), 2U);
-        const std::size_t office = chooser.rptLocations.rowText(0, 0) == "Office" ? 0 : 1;
-        chooser.rptLocations.userSelect({{office}}, office);
-        chooser.cmdOK.userPress();
-    });
+    stage.desktop.user<LocationChooser>(
+        "frmCustomerMeasurements_SelectLocation", [](LocationChooser& chooser) {
+            EXPECT_EQ(chooser.rptLocations.rowCount(), 2U);
+            const std::size_t office = chooser.rptLocations.rowText(0, 0) == "Office" ? 0 : 1;
+            chooser.rptLocations.userSelect({{office}}, office);
+            chooser.cmdOK.userPress();
+        });
     const std::int32_t ID = stage.library->SelectCustomerMeasurementsLocation(17, false);
-    EXPECT_EQ(stage.value("SELECT Location FROM CustomerMeasurements WHERE ID = " + std::to_string(ID)), "Office");
+    EXPECT_EQ(stage.value("SELECT Location FROM CustomerMeasurements WHERE ID = " + std::to_string(ID)),
+              "Office");
     EXPECT_THAT(stage.desktop.boxes, IsEmpty());
     EXPECT_THAT(stage.ui.shown, IsEmpty());
 }
@@ -67,7 +70,8 @@ TEST(MeasurementsOnCompany, AreStoredAsTypedAndChosenByLocation) {
 TEST(MessagesOnCompany, ATemplateIsTestedAndItsMessageFoundAndSaved) {
     ModuleStage stage;
     stage.run("DELETE FROM SentMessages");
-    const std::string name = stage.value("SELECT TOP 1 CustomerName FROM Customers WHERE CustomerName LIKE 'O''Dell%'");
+    const std::string name =
+        stage.value("SELECT TOP 1 CustomerName FROM Customers WHERE CustomerName LIKE 'O''Dell%'");
     ASSERT_THAT(name, HasSubstr("'"));
     stage.ui.sends = true;
     stage.desktop.user<TemplateEditor>("frmEmailTemplatesEdit", [&](TemplateEditor& editor) {
@@ -82,9 +86,11 @@ TEST(MessagesOnCompany, ATemplateIsTestedAndItsMessageFoundAndSaved) {
         editor.cmdOK.userPress();
     });
     const std::int32_t ID = stage.library->ShowEditEmailTemplate(0);
-    EXPECT_EQ(stage.value("SELECT TemplateName FROM EmailTemplates WHERE ID = " + std::to_string(ID)), "It's ready");
+    EXPECT_EQ(stage.value("SELECT TemplateName FROM EmailTemplates WHERE ID = " + std::to_string(ID)),
+              "It's ready");
     EXPECT_EQ(stage.lastEvent(), "Email template 'It's ready' was created.");
-    const std::string first = stage.value("SELECT FirstName FROM Customers WHERE CustomerName = " + literal(name));
+    const std::string first =
+        stage.value("SELECT FirstName FROM Customers WHERE CustomerName = " + literal(name));
 
     stage.desktop.files = {stage.folder.file("message.txt")};
     stage.desktop.popupChoices = {messages::mnuMessagesSaveCurrent};
@@ -96,7 +102,8 @@ TEST(MessagesOnCompany, ATemplateIsTestedAndItsMessageFoundAndSaved) {
     });
     stage.library->ShowSentMessages();
     EXPECT_THAT(textOfFile(stage.folder.file("message.txt")),
-                testing::EndsWith("Subject: For " + name + "\r\n\r\nDear " + first + ", << <b> >> <<Nothing>>\r\n\r\n"));
+                testing::EndsWith("Subject: For " + name + "\r\n\r\nDear " + first +
+                                  ", << <b> >> <<Nothing>>\r\n\r\n"));
 
     // The number of the last test is kept for the next template; every type finds its record.
     const struct {
@@ -156,10 +163,14 @@ TEST(MergeFields, AreReplacedWhereTheyHaveAValue) {
             return std::nullopt;
         });
     };
-    const std::pair<const char*, const char*> cases[] = {
-        {"<<a>>", "<<b>>"},         {"x<<a>>y<<a>>z", "x<<b>>y<<b>>z"}, {"<<c>> <<a>>", "<<c>> <<b>>"},
-        {"<<<<a>>>>", "<<<<b>>>>"}, {">><<a", ">><<a"},                 {"<< <<a>>", "<< <<b>>"},
-        {"", ""},                   {"<<>>", "<<>>"}};
+    const std::pair<const char*, const char*> cases[] = {{"<<a>>", "<<b>>"},
+                                                         {"x<<a>>y<<a>>z", "x<<b>>y<<b>>z"},
+                                                         {"<<c>> <<a>>", "<<c>> <<b>>"},
+                                                         {"<<<<a>>>>", "<<<<b>>>>"},
+                                                         {">><<a", ">><<a"},
+                                                         {"<< <<a>>", "<< <<b>>"},
+                                                         {"", ""},
+                                                         {"<<>>", "<<>>"}};
     for (const auto& [text, expected] : cases)
         EXPECT_EQ(merged(text), expected);
 }
