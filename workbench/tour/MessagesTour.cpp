@@ -9,7 +9,6 @@
 #include <wx/defs.h>
 
 #include "automation/FilePath.h"
-#include "workbench/sql/SqlText.h"
 #include "workbench/tour/TourSteps.h"
 #include "workbench/tour/VirtualUser.h"
 
