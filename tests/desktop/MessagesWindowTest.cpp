@@ -83,7 +83,7 @@ TEST(TemplateWindow, TheMessageHasAMenuOfItsOwnAndTakesFieldsAtTheCaret) {
     user.key(WXK_HOME).key(WXK_RIGHT).pause();
     user.key(WXK_TAB, wxMOD_CONTROL).key(WXK_TAB);
     untilFocused(editor.rptFields);
-    user.key(WXK_HOME).pause().key(WXK_RETURN);
+    user.key(WXK_DOWN).key(WXK_HOME).pause().key(WXK_RETURN);
     user.until("field", [&] { return body.text() == "a<<VendorName>>b"; });
     untilFocused(body);
     user.type("c").until("behind it", [&] { return body.text() == "a<<VendorName>>cb"; });

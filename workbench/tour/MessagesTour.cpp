@@ -97,7 +97,9 @@ Script write(ObjectPtr library, Company& company, std::shared_ptr<TourAlbum> alb
     album->take("template", "a new template for customers");
     press(WXK_TAB);  // the link that hides the fields
     press(WXK_TAB);
+    press(WXK_DOWN);  // a list without a focused row takes the first one
     press(WXK_HOME);
+    co_await settled();
     press(WXK_DOWN);
     co_await settled();
     press(WXK_RETURN);
@@ -130,6 +132,7 @@ Script find(ObjectPtr library, Company& company, std::shared_ptr<TourAlbum> albu
     open(library, "ShowSentMessages");
     co_await untilActive("Sent Messages");
     co_await settled();
+    press(WXK_DOWN);
     press(WXK_HOME);
     co_await settled();
     album->take("sent-messages", "the message among those that were sent");
