@@ -33,6 +33,7 @@ void measureStatements(const Settings& settings, Report& report);
 void measureDeleting(const Settings& settings, Report& report);
 void measurePricing(const Settings& settings, Report& report);
 void measureHostCalls(const Settings& settings, Report& report);
+void measureMessages(const Settings& settings, Report& report);
 void measureStart(const Settings& settings, Report& report);
 
 inline constexpr Group groups[] = {
@@ -40,7 +41,8 @@ inline constexpr Group groups[] = {
     {"company", false, measureCompany},   {"window", true, measureWindow},
     {"sorting", false, measureSorting},   {"statements", false, measureStatements},
     {"deleting", false, measureDeleting}, {"calls", false, measureHostCalls},
-    {"pricing", false, measurePricing},   {"start", true, measureStart},
+    {"pricing", false, measurePricing},   {"messages", false, measureMessages},
+    {"start", true, measureStart},
 };
 
 /// Measures work at sizes from 1,000 to `most` rows, several rounds each, and adds the curve of the medians.

@@ -46,6 +46,18 @@ void Host::ShowMessageStyle1WithMemory(std::string_view message, std::string_vie
     sharedCode()->call("ShowMessageStyle1WithMemory", message, advice);
 }
 
+bool Host::AskMessageStyle2(std::string_view question, std::string_view note) const {
+    // The platform's codes: Yes and No with the icon of a question, and the answer Yes.
+    constexpr std::int32_t yesNoQuestion = 4 + 32;
+    constexpr std::int32_t yes = 6;
+    return sharedCode()->call("ShowMessageStyle2", question, note, yesNoQuestion, "", "").toLong() == yes;
+}
+
+void Host::SendEmailMessageWithTemplateAndUI(std::int32_t templateType, std::int32_t recordID,
+                                             std::string_view subject, std::string_view body) const {
+    sharedCode()->call("SendEmailMessageWithTemplateAndUI", templateType, recordID, subject, body);
+}
+
 void Host::RecordEvent(std::string_view text) const {
     sharedCode()->call("RecordEvent", text);
 }

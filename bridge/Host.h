@@ -58,6 +58,12 @@ class Host {
     bool AskMessageStyle1(std::string_view question, std::string_view advice) const;
     /// Shows the host's standard message box, which the user can choose not to see again.
     void ShowMessageStyle1WithMemory(std::string_view message, std::string_view advice) const;
+    /// Asks a question in the host's second message style, with a note below it. Returns true for Yes.
+    bool AskMessageStyle2(std::string_view question, std::string_view note) const;
+    /// Lets the user send an e-mail in the host's window, which fills the merge fields of subject and body from the
+    /// record. `templateType` tells what kind of record it is: 1 customer, 2 vendor, 3 employee, 4 quote, sale or order.
+    void SendEmailMessageWithTemplateAndUI(std::int32_t templateType, std::int32_t recordID,
+                                           std::string_view subject, std::string_view body) const;
     /// Writes an entry to the host's event log.
     void RecordEvent(std::string_view text) const;
     /// Writes an entry of this type to the host's event log.

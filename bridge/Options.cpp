@@ -20,6 +20,10 @@ Variant Options::GetUserOption(std::string_view name, const Variant& otherwise) 
     return call("GetUserOption", name, otherwise);
 }
 
+std::string Options::ExternalProgram(std::string_view name) const {
+    return textOf(call("ExternalProgram", name), "ExternalProgram");
+}
+
 void Options::SetUserOption(std::string_view name, std::string_view section, const Variant& value) const {
     call("SetUserOption", name, section, value);
 }

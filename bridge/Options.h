@@ -15,6 +15,8 @@ class Options : HostPart {
     Variant GetUserOption(std::string_view name, std::string_view section, const Variant& otherwise) const;
     /// Reads an option without a section.
     Variant GetUserOption(std::string_view name, const Variant& otherwise) const;
+    /// Returns the full path of a program that is registered with the host by name; empty when there is none.
+    std::string ExternalProgram(std::string_view name) const;
     void SetUserOption(std::string_view name, std::string_view section, const Variant& value) const;
 };
 

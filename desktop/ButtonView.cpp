@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include <wx/button.h>
 
 #include "desktop/ControlView.h"
@@ -50,6 +52,9 @@ class ButtonView : public ControlView {
         const wxString caption = toWx(button_.caption());
         if (caption == window_->GetLabel()) return;
         window_->SetLabel(caption);
+        // The buttons of a row were given one width, which the new caption may exceed.
+        const wxSize least = window_->GetMinSize();
+        window_->SetMinSize({std::max(least.x, window_->GetBestSize().x), least.y});
         dialog().layoutChanged();
     }
 

@@ -154,6 +154,11 @@ void ScreenDialog::drawChanges() {
     if (size != GetSize()) SetSize(size);
     Layout();
     content_->FitInside();
+    // A pane that keeps its size does not arrange its controls anew by itself.
+    for (const ControlViewPtr& view : views_) {
+        for (wxWindow* pane : view->panes())
+            pane->Layout();
+    }
 }
 
 void ScreenDialog::activateFirst() {

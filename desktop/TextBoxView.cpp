@@ -84,6 +84,7 @@ class TextBoxView : public ControlView {
         if (!box.cueText.empty() && !box.multiLine) window_->SetHint(toWx(box.cueText));
         if (!box.multiLine) pasteAsOneLine(*window_, *window_);
         window_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { act([] {}); });
+        if (box.onContextMenu) window_->Bind(wxEVT_CONTEXT_MENU, &TextBoxView::onContextMenu, this);
     }
 
     void settle() override {
@@ -108,6 +109,10 @@ class TextBoxView : public ControlView {
         ControlView::takeFocus();
         if (selectionsFocused_ != box_.selectionsMade()) showSelection();
         selectionsFocused_ = box_.selectionsMade();
+    }
+
+    wxPoint popupPosition() const override {
+        return popupAt_ != wxDefaultPosition ? popupAt_ : window_->ClientToScreen(wxPoint(0, 0));
     }
 
     bool wantsKey(int keyCode) const override { return box_.multiLine && keyCode != WXK_ESCAPE; }
@@ -135,6 +140,13 @@ class TextBoxView : public ControlView {
         window_->ShowPosition(positions.units(start + length));
     }
 
+    void onContextMenu(wxContextMenuEvent& event) {
+        popupAt_ = event.GetPosition();
+        window_->SetFocus();  // the commands of the menu act on the box
+        act([this] { box_.userContextMenu(); });
+        popupAt_ = wxDefaultPosition;
+    }
+
     void updateContent() override {
         const wxString text = shownText(box_);
         // A text that is already longer than the limit must not be cut.
@@ -157,9 +169,10 @@ class TextBoxView : public ControlView {
     wxTextCtrl* window_;
     // A window may change a text that it is given (line ends, control characters). Only changes by the user
     // may be reported to the control.
-    wxString shown_;    // the last text given to the window
-    wxString shownAs_;  // the window's text after that
-    wxString known_;    // the window's text when last reported or set
+    wxString shown_;                       // the last text given to the window
+    wxString shownAs_;                     // the window's text after that
+    wxString known_;                       // the window's text when last reported or set
+    wxPoint popupAt_ = wxDefaultPosition;  // where the pointer opened the context menu
     // The values of TextBox::selectionsMade() at the last showSelection() and at the last takeFocus().
     int selectionsShown_ = 0;
     int selectionsFocused_ = 0;

@@ -124,13 +124,14 @@ Layout Field::layout() const {
 // Showing ---------------------------------------------------------------------------------------------
 
 void Field::loadEntries() {
-    if (!description_.loader && description_.query.empty()) return;
+    const ChoiceQuery& query = description_.query;
+    if (!description_.loader && query.sql.empty()) return;
     const std::string typed = combo().text();
     const Common common = screen_.host().common();
     if (description_.loader) {
         (common.*description_.loader)(combo());
     } else {
-        common.LoadComboFromQuery(combo(), description_.query, description_.column, {}, false);
+        common.LoadComboFromQuery(combo(), query.sql, query.column, "", false);
     }
     if (combo().editable) combo().setText(typed);
 }
@@ -261,7 +262,7 @@ std::string_view Field::complaint() const {
 
 // Writing ---------------------------------------------------------------------------------------------
 
-void Field::addTags(StatementTags& tags) const {
+void Field::addTags(StatementTags& tags) {
     const std::string_view tag = description_.tag;
     switch (description_.rule) {
         case Rule::Text:

@@ -52,7 +52,7 @@ class Field {
     std::string_view complaint() const;
 
     /// Adds the value of each of the field's tags. May raise HostError.
-    void addTags(StatementTags& tags) const;
+    void addTags(StatementTags& tags);
     /// The field's columns, each with its tag as a statement contains it: in quotes for text.
     std::vector<std::pair<std::string, std::string>> columns() const;
 

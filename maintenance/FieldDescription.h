@@ -22,7 +22,7 @@ enum class Rule {
     Text,           ///< text, as typed
     Trimmed,        ///< text without the blanks at its ends
     Lines,          ///< several lines of text, as typed
-    Label,          ///< text, typed or chosen from a list that the host fills
+    Label,          ///< text, typed or chosen from a list that the host fills, or of fixed texts
     Whole,          ///< a whole number, corrected when the control is left and before saving
     Decimal,        ///< a decimal number, corrected when the control is left and before saving
     Percent,        ///< shown as a percentage, stored as a fraction of four decimals; corrected like Decimal
@@ -47,6 +47,11 @@ struct DefaultOption {
     std::string_view name, section, otherwise;
 };
 
+/// A query of the host whose rows fill a list of choices with the texts of one column. An empty query means none.
+struct ChoiceQuery {
+    std::string_view sql, column;
+};
+
 /// A field of a record dialog: its control, label, column, tag in the statements, and rule. The functions of the
 /// namespace `fields` create one.
 struct FieldDescription {
@@ -57,9 +62,9 @@ struct FieldDescription {
     std::string_view tag;                        ///< "<name>"; PostalAddress: see `tags`
     std::array<std::string_view, 6> tags = {};   ///< PostalAddress: one tag per column
     NumericBounds bounds = {};                   ///< for numbers
-    std::span<const tsln::Choice> choices = {};  ///< Choice
+    std::span<const tsln::Choice> choices = {};  ///< Choice, Label
     void (Common::*loader)(ComboBox& combo) const = nullptr;  ///< fills the list of a Label, Key or KeyOrNull
-    std::string_view query = {};  ///< Label: the host fills the list with the column of this query's rows
+    ChoiceQuery query = {};                                   ///< fills the list of a Label, instead of `loader`
     DefaultOption option = {};
     bool tickedByDefault = false;          ///< Check: ticked in a new record
     bool firstByDefault = false;           ///< a new record without another default selects the first entry
@@ -82,7 +87,7 @@ struct FieldDescription {
     }
     /// The list offers the values of the field's column in the rows of this query.
     constexpr FieldDescription from(std::string_view sql) const {
-        return with([&](auto& f) { f.query = sql; });
+        return with([&](auto& f) { f.query = {sql, f.column}; });
     }
     constexpr FieldDescription wide(int characters) const {
         return with([&](auto& f) { f.width = characters; });
@@ -144,6 +149,19 @@ constexpr FieldDescription label(Name control, Name label, Name column, Name tag
                                  Loader loader = nullptr) {
     FieldDescription made = of(Rule::Label, control, label, column, tag);
     made.loader = loader;
+    return made;
+}
+/// A text, typed or chosen from the texts that a query finds.
+constexpr FieldDescription suggested(Name control, Name label, Name column, Name tag, ChoiceQuery query) {
+    FieldDescription made = of(Rule::Label, control, label, column, tag);
+    made.query = query;
+    return made;
+}
+/// A text, typed or chosen from fixed texts.
+constexpr FieldDescription suggested(Name control, Name label, Name column, Name tag,
+                                     std::span<const Choice> choices) {
+    FieldDescription made = of(Rule::Label, control, label, column, tag);
+    made.choices = choices;
     return made;
 }
 /// A number from 0 to `maximum`, 0 by default.

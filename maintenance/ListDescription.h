@@ -81,6 +81,7 @@ struct ListDescription {
     Operation open;  ///< the entry point of the list
     Operation edit;  ///< the entry point of the dialog; its first argument is the row's `ID`
     std::string_view screenName;
+    std::string_view listName = "rptItems";  ///< the name of the list's control
     std::string_view caption;
     std::string_view table;
     std::string_view view = {};  ///< the view that rows are read from; empty: the table
@@ -94,17 +95,21 @@ struct ListDescription {
     std::vector<DeletionCheck> deletionChecks = {};
     std::string_view deleteFailure;  ///< {0} is the row's name
     std::string_view deleteExplanation = standardExplanation;
-    bool busyState = false;  ///< shown as busy while it loads or deletes
+    bool asksToDelete = false;  ///< the screen asks before it deletes; otherwise only the Delete key asks
+    bool busyState = false;     ///< shown as busy while it loads or deletes
     RecordDescription dialog = {};
 
     /// How rows are read: by a query of the database service, or as a recordset from the company's connection.
     RecordDescription::Source source = RecordDescription::Source::Query;
     ListRowStyle rowStyle = {};
+    /// Fields that are read with the rows but not shown; see ListScreen::rowsRead().
+    std::vector<std::string_view> keptFields = {};
     std::optional<ListGroups> groups = {};
     /// Further commands. They follow the shared commands in the popups and buttons.
     std::vector<ListCommand> commands = {};
     bool addsRows = true;      ///< New is enabled
     bool editsRows = true;     ///< Edit is enabled
+    bool deletesRows = true;   ///< Delete is enabled
     bool contextMenu = false;  ///< a right click and the menu key open a popup of commands
     bool filter = false;       ///< a box above the list reduces it to the rows that contain the typed text
     std::string_view columnLayoutKey =

@@ -19,8 +19,9 @@ constexpr std::size_t spare = 32;   // the estimate is increased by 1/spare
 /// Makes records from the texts of fields.
 class RowMaker {
   public:
-    RowMaker(std::span<const ListColumn> columns, const ListRowStyle& style)
-        : columns_(columns), style_(style), fields_{"ID"} {
+    RowMaker(std::span<const ListColumn> columns, const ListRowStyle& style,
+             std::span<const std::string_view> kept)
+        : columns_(columns), style_(style), kept_(kept.size()), fields_{"ID"} {
         for (const ListColumn& column : columns) {
             places_.push_back(fields_.size());
             if (column.compute) {
@@ -31,6 +32,7 @@ class RowMaker {
         }
         styleAt_ = fields_.size();
         fields_.insert(fields_.end(), style.uses.begin(), style.uses.end());
+        fields_.insert(fields_.end(), kept.begin(), kept.end());
         asTheyAre_ = !style.style && std::ranges::all_of(columns, [](const ListColumn& column) {
             return (column.show == Show::Text || column.show == Show::Number) && !column.compute &&
                    column.instead.empty();
@@ -42,6 +44,7 @@ class RowMaker {
 
     void add(std::span<const std::string_view> texts, ListRows& rows) {
         const std::int32_t ID = modSharedXML::toLong(texts[0]);
+        if (kept_ > 0) rows.kept.add(ID, texts.last(kept_));
         if (asTheyAre_) {
             rows.records.add(ID, texts.subspan(1));
             return;
@@ -96,6 +99,7 @@ class RowMaker {
 
     std::span<const ListColumn> columns_;
     const ListRowStyle& style_;
+    const std::size_t kept_;  // the number of the last fields that are kept, not shown
     std::vector<std::string_view> fields_;
     std::vector<std::size_t> places_;  // for each column, the index of its first field
     std::size_t styleAt_ = 0;
@@ -113,21 +117,23 @@ void makeRoom(ReportRecords& records, std::size_t expected) {
 }  // namespace
 
 ListRows readListRows(std::string text, std::span<const ListColumn> columns, const ListRowStyle& style,
-                      RowReader::Way way) {
-    RowMaker maker(columns, style);
+                      RowReader::Way way, std::span<const std::string_view> kept) {
+    RowMaker maker(columns, style, kept);
     RowReader reader(std::move(text), maker.fields(), way);
-    ListRows rows{.records = ReportRecords(columns.size())};
+    ListRows rows{.records = ReportRecords(columns.size()), .kept = ReportRecords(kept.size())};
     while (reader.next()) {
         maker.add(reader.texts(), rows);
-        if (rows.records.count() == sample) makeRoom(rows.records, reader.expectedRows());
+        if (rows.records.count() != sample) continue;
+        makeRoom(rows.records, reader.expectedRows());
+        if (!kept.empty()) makeRoom(rows.kept, reader.expectedRows());
     }
     return rows;
 }
 
 ListRows readListRows(const Recordset& recordset, std::span<const ListColumn> columns,
-                      const ListRowStyle& style) {
-    RowMaker maker(columns, style);
-    ListRows rows{.records = ReportRecords(columns.size())};
+                      const ListRowStyle& style, std::span<const std::string_view> kept) {
+    RowMaker maker(columns, style, kept);
+    ListRows rows{.records = ReportRecords(columns.size()), .kept = ReportRecords(kept.size())};
     if (!recordset.isOpen()) return rows;
     std::vector<std::string> held(maker.fields().size());
     std::vector<std::string_view> texts(held.size());

@@ -141,6 +141,7 @@ class ListScreen::Progress {
 
 ListScreen::ListScreen(Library& library, const ListDescription& description)
     : HostScreen(library, std::string(description.screenName)),
+      rptItems(*this, std::string(description.listName)),
       description_(description),
       rights_(description.securityArea) {
     setCaption(std::string(description.caption));
@@ -251,10 +252,11 @@ std::string ListScreen::rowStatement(std::int32_t ID) const {
 ListRows ListScreen::readRows(const std::string& statement) const {
     if (description_.source == RecordDescription::Source::Query) {
         return readListRows(host().database().ExecuteReadText(statement), description_.columns,
-                            description_.rowStyle);
+                            description_.rowStyle, modSharedXML::RowReader::Way::OnePass,
+                            description_.keptFields);
     }
     return readListRows(host().companyConnection().read(statement), description_.columns,
-                        description_.rowStyle);
+                        description_.rowStyle, description_.keptFields);
 }
 
 void ListScreen::loadList() {
@@ -262,6 +264,7 @@ void ListScreen::loadList() {
         const BusyState busy(*this);
         // All rows are read before the old ones are removed: a failed load leaves the list unchanged.
         ListRows rows = readRows(loadStatement());
+        rowsRead(rows);
         rptItems.setRecords(std::move(rows.records));
         for (std::size_t i = 0; i < rows.styles.size(); ++i)
             rptItems.setStyle(i, rows.styles[i]);
@@ -372,9 +375,11 @@ void ListScreen::cmdDelete_Click() {
     updateButtons();
 }
 
-/// Asks before it deletes, because a key is easily pressed by mistake. The button does not ask.
+/// Asks before it deletes, because a key is easily pressed by mistake. The button does not ask, unless the list always
+/// does.
 void ListScreen::deleteKey() {
     if (!cmdDelete.enabled() || !anySelected(rptItems)) return;
+    if (description_.asksToDelete) return cmdDelete.userPress();
     const std::size_t rows = selectedRecords().size();
     if (ask(rows == 1 ? "Do you want to delete the selected row?"
                       : "Do you want to delete the selected rows?"))
@@ -417,7 +422,7 @@ std::int32_t ListScreen::count(const std::string& statement) const {
 
 void ListScreen::updateButtons() {
     const bool focused = oneFocused(rptItems) && description_.editsRows;
-    const bool selected = anySelected(rptItems);
+    const bool selected = anySelected(rptItems) && description_.deletesRows;
     if (!description_.addsRows) cmdNew.setEnabled(false);
     if (!focused) cmdEdit.setEnabled(false);
     if (!selected) cmdDelete.setEnabled(false);

@@ -25,7 +25,7 @@ class ListScreen : public HostScreen {
   public:
     ListScreen(Library& library, const ListDescription& description);
 
-    ReportControl rptItems{*this, "rptItems"};
+    ReportControl rptItems;
     CommandBars cbContext{*this, "cbContext"};
     Button cmdNew{*this, "cmdNew", "&New..."};
     Button cmdEdit{*this, "cmdEdit", "&Edit..."};
@@ -72,6 +72,8 @@ class ListScreen : public HostScreen {
     virtual std::string loadStatement() const;
     /// The statement that reads one row.
     virtual std::string rowStatement(std::int32_t ID) const;
+    /// Called with all rows when they were read, before they are shown, to take the fields that are not shown.
+    virtual void rowsRead([[maybe_unused]] ListRows& rows) {}
     /// Called after all rows were loaded.
     virtual void listLoaded() {}
     /// Called once, after the first load, for questions and messages.

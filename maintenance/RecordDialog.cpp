@@ -213,7 +213,7 @@ void RecordDialog::cmdOK_Click() {
         const Busy busy(*this, {&cmdOK, &cmdCancel});
         done = validate() && save();
     }
-    if (done) accept();
+    if (done) saved();
 }
 
 void RecordDialog::accept() {
@@ -259,7 +259,7 @@ void RecordDialog::returnTo(Control& control) {
 
 std::string RecordDialog::statement() {
     StatementTags tags(host(), record_->safeText);
-    addFirstTags(tags);
+    addTags(tags);
     for (const Field& field : fields_) {
         if (field.description().rule == Rule::ValidateAddresses) {
             tags.plain(field.description().tag, validateAddresses());
@@ -267,8 +267,8 @@ std::string RecordDialog::statement() {
             field.addTags(tags);
         }
     }
-    // The INSERT of a master record contains no such tag, but the user's text might.
-    if (!isNew() || !record_->history) tags.plain("<id>", ID);
+    // The INSERT of a master record and one of the description's own contain no such tag, but the user's text might.
+    if (!isNew() || (!record_->history && record_->insert.empty())) tags.plain("<id>", ID);
     return tags.fill(isNew() ? insertStatement(table_, *record_, fields_)
                              : updateStatement(table_, *record_, fields_));
 }
@@ -282,7 +282,7 @@ bool RecordDialog::save() {
                                 .further = [this] { saveFurther(); }});
     }
     const bool saved = writeRow();
-    if (!saved) reportDatabaseFailure(record_->saveFailure, record_->saveExplanation);
+    if (!saved) reportSaveFailure();
     return saved;
 }
 

@@ -85,8 +85,15 @@ class RecordDialog : public HostScreen {
     virtual bool save();
     /// Runs the INSERT, which sets the `ID`, or the UPDATE. Returns false when the database refused it.
     bool writeRow();
-    /// Adds tags that are filled before those of the fields.
-    virtual void addFirstTags([[maybe_unused]] StatementTags& tags) {}
+    /// Adds the values of tags that belong to no field and come before those of the fields, such as the key of the
+    /// record's owner. May raise HostError.
+    virtual void addTags([[maybe_unused]] StatementTags& tags) {}
+    /// Called after OK has saved; by default closes the dialog as done.
+    virtual void saved() { accept(); }
+    /// Tells the user that the record could not be written.
+    virtual void reportSaveFailure() {
+        reportDatabaseFailure(record_->saveFailure, record_->saveExplanation);
+    }
     /// Saves further data of a master record, after its row is written. Reports its own failures.
     virtual void saveFurther() {}
     /// How messages and the event log call a master record; by default the text of its first field.

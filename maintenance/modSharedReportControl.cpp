@@ -1,17 +1,13 @@
 #include "maintenance/modSharedReportControl.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
+#include <ostream>
 
-#include "automation/FilePath.h"
 #include "bridge/HostScreen.h"
-#include "screens/Screen.h"
+#include "maintenance/TextFile.h"
 
 namespace tsln::modSharedReportControl {
 namespace {
-
-const FileFilter fileFilters[] = {{"Text Files", "*.txt"}, {"All Files (*.*)", "*.*"}};
 
 struct LayoutPlace {
     std::string key, value;
@@ -28,7 +24,7 @@ void appendValue(std::string& line, std::string_view value) {
         line += c == '\t' || c == '\r' || c == '\n' ? ' ' : c;
 }
 
-std::string asText(const ReportControl& items) {
+void writeRows(std::ostream& file, const ReportControl& items) {
     std::string text;
     for (std::size_t c = 0; c < items.columns.size(); ++c) {
         if (c > 0) text += '\t';
@@ -42,14 +38,7 @@ std::string asText(const ReportControl& items) {
         }
         text += "\r\n";
     }
-    return text;
-}
-
-bool writeFile(const std::string& path, const std::string& text) {
-    std::ofstream file(pathOf(path), std::ios::binary);
-    file.write(text.data(), static_cast<std::streamsize>(text.size()));
-    file.close();
-    return !file.fail();
+    file << text;
 }
 
 }  // namespace
@@ -75,14 +64,7 @@ std::int32_t selectedID(const ReportControl& items) {
 }
 
 void saveAsText(ReportControl& items, std::string& file) {
-    Screen& screen = items.screen();
-    const auto path = screen.desktop().saveFile(screen, "Save As", fileFilters, file);
-    if (!path || path->empty()) return;
-    file = *path;
-    if (!writeFile(*path, asText(items))) {
-        screen.desktop().messageBox(&screen, "Unable to write the file. (1472)", MessageButtons::Ok,
-                                    MessageIcon::Critical);
-    }
+    saveTextFile(items.screen(), file, [&](std::ostream& stream) { writeRows(stream, items); });
 }
 
 void restoreColumnLayout(ReportControl& items, std::string_view key) {

@@ -4,6 +4,8 @@
 #include "entities/Entities.h"
 #include "lists/Lists.h"
 #include "pricing/Pricing.h"
+#include "measurements/Measurements.h"
+#include "messages/Messages.h"
 
 namespace tsln {
 
@@ -11,6 +13,8 @@ void plugInModule(Library& library) {
     lists::plugIn(library);
     entities::plugIn(library);
     pricing::plugIn(library);
+    measurements::plugIn(library);
+    messages::plugIn(library);
 }
 
 }  // namespace tsln

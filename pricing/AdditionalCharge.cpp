@@ -318,7 +318,7 @@ bool AdditionalChargeDialog::validateAmounts() {
     return cost != 0 || value != 0 || hasName || confirm(question::bothZero, valueBox);
 }
 
-void AdditionalChargeDialog::addFirstTags(StatementTags& tags) {
+void AdditionalChargeDialog::addTags(StatementTags& tags) {
     if (!isNew()) return;
     tags.plain("<ct>", type_);
     tags.plain("<chargecode>", makeChargeCode(host(), textBox("txtName").text()));

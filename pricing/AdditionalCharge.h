@@ -34,7 +34,7 @@ class AdditionalChargeDialog : public RecordDialog {
     void opened() override;
     bool validate() override;
     bool save() override;
-    void addFirstTags(StatementTags& tags) override;
+    void addTags(StatementTags& tags) override;
     void Form_Help() override;
 
   private:

@@ -147,6 +147,10 @@ void TextBox::userSelect(Selection selection) {
     selection_ = withinText(selection);
 }
 
+void TextBox::userContextMenu() {
+    fire(onContextMenu);
+}
+
 bool TextBox::userEnter() {
     if (!enabled() || !onEnterKey) return false;
     bool used = true;

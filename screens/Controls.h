@@ -90,6 +90,9 @@ class TextBox : public Control {
     std::function<void()> onChange;
     /// Enter was pressed. Returns true when the key is handled; false presses the default button.
     std::function<bool()> onEnterKey;
+    /// The user opened the context menu, by a right click or the menu key. Empty: the platform's own menu opens.
+    std::function<void()> onContextMenu;
+    void userContextMenu();
     /// The user changed the text. Without `selection` the caret is at the end of the text.
     void userType(std::string text, std::optional<Selection> selection = std::nullopt);
     void userSelect(Selection selection);

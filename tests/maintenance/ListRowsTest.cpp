@@ -34,5 +34,22 @@ TEST(ListRows, AreFormattedByColumnForEveryWayOfReading) {
     }
 }
 
+TEST(ListRows, KeepFieldsThatAreNotShown) {
+    const ListColumn columns[] = {{"Name", 100, "Name"}, {"Active", 50, "Active", ListColumn::Show::YesNo}};
+    const std::string_view kept[] = {"To", "Name"};
+    std::string text = "<Records>";
+    for (int i = 0; i < 200; ++i)  // more than the sample from which the memory is estimated
+        text += "<Record><ID>" + std::to_string(i) + "</ID><Name>n" + std::to_string(i) +
+                "</Name><To>t&#13;</To></Record>";
+    for (const Way way : {Way::OnePass, Way::Nodes}) {
+        const ListRows rows = readListRows(text + "</Records>", columns, {}, way, kept);
+        ASSERT_EQ(rows.kept.count(), 200U);
+        EXPECT_EQ(rows.records.columns(), 2U);
+        EXPECT_EQ(rows.kept.cell(199, 0), "t\r");
+        EXPECT_EQ(rows.kept.cell(199, 1), "n199");
+        EXPECT_EQ(rows.records.cell(199, 1), "No");
+    }
+}
+
 }  // namespace
 }  // namespace tsln::test

@@ -244,7 +244,7 @@ class GroupedDialog : public RecordDialog {
 
   protected:
     void filling() override { kind_ = 4; }
-    void addFirstTags(StatementTags& tags) override { tags.plain("<k>", kind_); }
+    void addTags(StatementTags& tags) override { tags.plain("<k>", kind_); }
 
   private:
     int kind_ = 0;

@@ -7,6 +7,7 @@
 
 #include "desktop/NativeWindow.h"
 #include "shared/Markup.h"
+#include "workbench/app/EmailWindow.h"
 #include "workbench/app/ExpressionWindow.h"
 #include "workbench/app/OverScreens.h"
 #include "workbench/app/RecordPicker.h"
@@ -148,6 +149,10 @@ std::optional<std::int32_t> MessageWindows::searchRecord(const RecordSearch& sea
     if (picker.ShowModal() != wxID_OK) return std::nullopt;
     const std::vector<std::int32_t> chosen = picker.chosen();
     return chosen.empty() ? std::nullopt : std::optional(chosen.front());
+}
+
+std::optional<Email> MessageWindows::editEmail(const Email& email) {
+    return editEmailInWindow(email);
 }
 
 }  // namespace tsln::workbench

@@ -4,7 +4,8 @@
 
 namespace tsln::workbench {
 
-/// Shows the host's messages, its expression editor and its search for records in windows. A message shows the main text large, the advice
+/// Shows the host's messages, its expression editor, its search for records and its messages to be sent in windows. A
+/// message shows the main text large, the advice
 /// below it, bold markup, the icon of its style, and, set apart, a failure's explanation and the database's error
 /// text.
 class MessageWindows : public HostUi {
@@ -12,6 +13,7 @@ class MessageWindows : public HostUi {
     Reply showMessage(const Message& message) override;
     std::optional<std::string> editExpression(const ExpressionEdit& edit) override;
     std::optional<std::int32_t> searchRecord(const RecordSearch& search) override;
+    std::optional<Email> editEmail(const Email& email) override;
 };
 
 }  // namespace tsln::workbench

@@ -4,6 +4,8 @@
 
 #include <wx/config.h>
 #include <wx/fileconf.h>
+#include <wx/filename.h>
+#include <wx/stdpaths.h>
 
 #include "shared/modSharedXML.h"
 #include "workbench/app/Console.h"
@@ -11,7 +13,9 @@
 #include "workbench/app/SettingsFolder.h"
 #include "workbench/app/WorkbenchFrame.h"
 #include "workbench/tour/Gallery.h"
+#include "workbench/tour/MessagesTour.h"
 #include "workbench/tour/Tour.h"
+#include "workbench/tour/TourSteps.h"
 #include "workbench/tour/VirtualUser.h"
 
 namespace tsln::workbench {
@@ -29,6 +33,13 @@ void printTerms(const std::string& companyFile) {
         std::printf("  %-40s %7s %8s %12s\n", field("Terms").c_str(), field("DueDays").c_str(),
                     field("Discount").c_str(), field("DiscountDays").c_str());
     }
+}
+
+/// Registers the programs that come with the workbench, under the names by which the module asks for them.
+void registerPrograms(CompanySession& session) {
+    wxFileName meter(wxStandardPaths::Get().GetExecutablePath());
+    meter.SetName("tessaline-meter");
+    if (meter.FileExists()) session.registerProgram("DistoTransfer", meter.GetFullPath().utf8_string());
 }
 
 }  // namespace
@@ -49,6 +60,7 @@ bool WorkbenchApp::OnInit() {
             noteProcessEnd(commandLine, end);
         });
         module_->library()->call("Initialize", session_.sharedCode());
+        registerPrograms(session_);
     } catch (const std::exception& error) {
         complain(error.what());
         return false;
@@ -69,8 +81,13 @@ bool WorkbenchApp::OnInit() {
     }
     frame->Show();
     if (!options_.tour.empty()) {
-        std::printf("A tour of the terms list, charges and a bulk change; its pictures are in %s\n", options_.tour.c_str());
-        start(wholeTour(session_.company(), options_.tour), options_.tour, [this] {
+        std::printf("A tour of terms, charges, a bulk change, measurements and messages; its pictures are in %s\n",
+                    options_.tour.c_str());
+        const std::string messages = options_.tour + "/messages";
+        wxFileName::Mkdir(wxString::FromUTF8(messages), wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
+        start(inSequence(wholeTour(session_.company(), options_.tour),
+                         messagesTour(module_->library(), session_.company(), messages)),
+              options_.tour, [this] {
             printTerms(options_.company);
             std::printf("All steps succeeded.\n");
         });

@@ -22,11 +22,16 @@ constexpr const char* newUniqueId =
     "(hex(randomblob(4)) || '-' || hex(randomblob(2)) || '-4' || substr(hex(randomblob(2)), 2) || '-A' || "
     "substr(hex(randomblob(2)), 2) || '-' || hex(randomblob(6)))";
 
-std::string file(std::string_view name) {
+/// The text of the files KIND.sql and, after it, KIND-ROOM.sql for each room that has its own.
+std::string files(std::string_view kind) {
+    std::string base, further;
     for (const EmbeddedFile& file : schemaFiles()) {
-        if (file.name == name) return std::string(file.text);
+        const std::string_view name = file.name;
+        if (name == std::string(kind) + ".sql") base += file.text;
+        if (name.starts_with(std::string(kind) + "-")) further += file.text;
     }
-    throw std::logic_error("No embedded file " + std::string(name));
+    if (base.empty()) throw std::logic_error("No embedded file " + std::string(kind) + ".sql");
+    return base + further;
 }
 
 void replaceAll(std::string& text, std::string_view what, std::string_view by) {
@@ -36,7 +41,7 @@ void replaceAll(std::string& text, std::string_view what, std::string_view by) {
 }
 
 std::string tables() {
-    std::string sql = file("tables.sql");
+    std::string sql = files("tables");
     replaceAll(sql, "{bookkeeping}",
                "UniqueID {text} NOT NULL DEFAULT {uniqueid}, AddedOn TEXT NOT NULL DEFAULT {now}, "
                "UpdatedOn TEXT NOT NULL DEFAULT {now}");
@@ -111,8 +116,8 @@ void setVersion(SQLite::Database& database) {
 void create(SQLite::Database& database) {
     SQLite::Transaction transaction(database);
     database.exec(tables());
-    database.exec(file("views.sql"));
-    database.exec(file("demo.sql"));
+    database.exec(files("views"));
+    database.exec(files("demo"));
     addUpdateTriggers(database);
     database.exec("PRAGMA application_id = " + std::to_string(applicationId));
     setVersion(database);
@@ -123,7 +128,7 @@ void upgrade(SQLite::Database& database) {
     if (versionOf(database) >= version) return;
     SQLite::Database model(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
     model.exec(tables());
-    model.exec(file("views.sql"));
+    model.exec(files("views"));
     addUpdateTriggers(model);
 
     SQLite::Transaction transaction(database, SQLite::TransactionBehavior::IMMEDIATE);

@@ -22,6 +22,10 @@ class CompanySession {
     const User& user() const noexcept { return context_->user; }
     /// The notices that the module posted to the host's other windows.
     const std::vector<Notice>& notices() const noexcept { return context_->notices; }
+    /// Registers a program that "ExternalProgram" returns for this name unless the company has another one.
+    void registerProgram(std::string name, std::string path) {
+        context_->programs.insert_or_assign(std::move(name), std::move(path));
+    }
     EventLog& eventLog() noexcept { return context_->eventLog; }
 
     /// The traced shared-code object. As long as the module holds it, the company stays open.

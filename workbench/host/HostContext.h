@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <map>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -47,6 +49,8 @@ class HostContext {
     EventLog eventLog;
     OptionStore options;
     std::vector<Notice> notices;  ///< the latest thousand, oldest first
+    /// The paths of programs that came with the host, by name. The company's option "External Programs" goes first.
+    std::map<std::string, std::string, std::less<>> programs;
 
     struct {
         std::int32_t code = 0;

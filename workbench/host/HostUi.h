@@ -50,6 +50,11 @@ struct RecordSearch {
     std::vector<ListedRecord> records;
 };
 
+/// A message to be sent.
+struct Email {
+    std::string from, to, cc, bcc, subject, body;
+};
+
 /// The host's user interface.
 class HostUi {
   public:
@@ -63,6 +68,9 @@ class HostUi {
     /// Lets the user choose a record. Returns its identifier, or nothing when cancelled. Without a window for it, every
     /// search is cancelled.
     virtual std::optional<std::int32_t> searchRecord(const RecordSearch&) { return std::nullopt; }
+    /// Lets the user edit and send a message. Returns it as it was sent, or nothing when cancelled. Without a window for
+    /// it, every message is cancelled.
+    virtual std::optional<Email> editEmail(const Email&) { return std::nullopt; }
 };
 
 }  // namespace tsln::workbench

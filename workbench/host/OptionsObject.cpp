@@ -71,7 +71,10 @@ Variant OptionsObject::invoke(std::string_view member, Access access, Arguments 
          [](Self& self, Arguments a) {
              a.require(1, 1);
              const std::string kind = textOf(a[0]);
-             return Variant(self.context().options.get({}, {kind, "External Programs"}).value_or(""));
+             if (const auto own = self.context().options.get({}, {kind, "External Programs"}))
+                 return Variant(*own);
+             const auto program = self.context().programs.find(kind);
+             return Variant(program == self.context().programs.end() ? std::string() : program->second);
          }},
     };
     return answer(*this, "Options", members, member, access, arguments);

@@ -7,6 +7,7 @@
 #include "workbench/host/CommonObject.h"
 #include "workbench/host/ConnectionObject.h"
 #include "workbench/host/DatabaseObject.h"
+#include "workbench/host/Email.h"
 #include "workbench/host/HostDate.h"
 #include "workbench/host/MessageMembers.h"
 #include "workbench/host/MessagesObject.h"
@@ -151,6 +152,8 @@ Variant SharedCode::invoke(std::string_view member, Access access, Arguments arg
         {"CurrentCompanyConn", [](Self& self, Arguments) { return Variant(self.connection_); }},
         {"ParseAddress", [](Self& self, Arguments a) { return self.ParseAddress(a); }},
         {"CombineAddress", [](Self& self, Arguments a) { return self.CombineAddress(a); }},
+        {"SendEmailMessageWithTemplateAndUI",
+         [](Self& self, Arguments a) { return sendEmailWithTemplate(self.context(), a); }},
         {"OperatingMode", [](Self& self, Arguments) { return self.OperatingMode(); }},
         {"ShowSelectBySearch", [](Self& self, Arguments a) { return self.ShowSelectBySearch(a); }},
         {"TSLNSQL",

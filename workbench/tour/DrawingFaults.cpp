@@ -66,6 +66,7 @@ class Inspection {
             dynamic_cast<const wxStaticText*>(&control) ||
             (dynamic_cast<const wxAnyButton*>(&control) && !dynamic_cast<const wxBitmapButton*>(&control)) ||
             dynamic_cast<const wxCheckBox*>(&control) || dynamic_cast<const wxStaticBox*>(&control);
+        if (dynamic_cast<const wxBitmapButton*>(&control)) return;  // a picture without a caption
         constexpr long mayBeCut =
             wxST_ELLIPSIZE_END | wxST_ELLIPSIZE_MIDDLE | wxST_ELLIPSIZE_START | wxST_NO_AUTORESIZE;
         const bool ellipsized =

@@ -14,8 +14,8 @@ bool Script::resumeIfReady() {
     return script_.done();
 }
 
-Script::Wait until(std::string what, std::function<bool()> condition) {
-    return {std::move(what), std::move(condition), std::chrono::seconds(20)};
+Script::Wait until(std::string what, std::function<bool()> condition, std::chrono::milliseconds limit) {
+    return {std::move(what), std::move(condition), limit};
 }
 
 Script::Wait pause(std::chrono::milliseconds time) {

@@ -77,8 +77,9 @@ class Script {
     std::coroutine_handle<promise_type> script_;
 };
 
-/// Waits until the condition holds, for at most 20 seconds.
-Script::Wait until(std::string what, std::function<bool()> condition);
+/// Waits until the condition holds, for at most this time.
+Script::Wait until(std::string what, std::function<bool()> condition,
+                   std::chrono::milliseconds limit = std::chrono::seconds(20));
 /// Waits for events that a program cannot observe, such as the work of a window manager.
 Script::Wait pause(std::chrono::milliseconds time);
 

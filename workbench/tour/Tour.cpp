@@ -178,21 +178,4 @@ Script termsTour(Company& company, std::string folder) {
     album.take("live-pane", "the workbench shows what passed between module and host");
 }
 
-namespace {
-
-/// Runs another script to its end, within its own time limits.
-Script::Wait ended(const std::shared_ptr<Script>& script) {
-    return {"the tour has ended", [script] { return script->resumeIfReady(); }, std::chrono::hours(1)};
-}
-
-}  // namespace
-
-Script wholeTour(Company& company, std::string folder) {
-    for (const auto tour : {pricingTour, termsTour}) {
-        const auto running = std::make_shared<Script>(tour(company, folder));
-        co_await ended(running);
-        if (running->failure()) std::rethrow_exception(running->failure());
-    }
-}
-
 }  // namespace tsln::workbench

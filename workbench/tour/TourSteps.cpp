@@ -28,4 +28,13 @@ void expect(bool came, const std::string& what) {
     if (!came) throw ScriptFailure("The company database does not show that " + what + ".");
 }
 
+Script inSequence(std::vector<Script> scripts) {
+    for (Script& script : scripts) {
+        // The waits within the script have their own limits.
+        co_await until(
+            "the tour ends", [&script] { return script.resumeIfReady(); }, std::chrono::hours(1));
+        if (script.failure()) std::rethrow_exception(script.failure());
+    }
+}
+
 }  // namespace tsln::workbench

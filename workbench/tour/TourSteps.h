@@ -1,6 +1,8 @@
 #pragma once
 
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "workbench/tour/Script.h"
 
@@ -9,7 +11,7 @@ namespace tsln::workbench {
 /// Numbers, titles and saves the pictures of a tour.
 class Album {
   public:
-    /// The numbers begin after `count`.
+    /// The folder must exist. The numbers begin after `count`.
     explicit Album(std::string folder, int count = 0) : folder_(std::move(folder)), count_(count) {}
 
     /// Saves a picture of the display. `shows` describes it.
@@ -26,5 +28,16 @@ Script::Wait untilActive(const std::string& title);
 Script::Wait settled();
 /// Ends the script unless the company database shows what the step did.
 void expect(bool came, const std::string& what);
+
+/// Runs the scripts to their ends, one after the other. The first failure ends all.
+Script inSequence(std::vector<Script> scripts);
+
+template <class... Scripts>
+Script inSequence(Script first, Scripts... further) {
+    std::vector<Script> scripts;
+    scripts.push_back(std::move(first));
+    (scripts.push_back(std::move(further)), ...);
+    return inSequence(std::move(scripts));
+}
 
 }  // namespace tsln::workbench

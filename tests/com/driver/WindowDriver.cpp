@@ -128,6 +128,10 @@ void WindowDriver::tick(const std::string& window, const std::string& caption) {
     SendMessageW(button(window, caption), BM_CLICK, 0, 0);
 }
 
+void WindowDriver::click(const std::string& window, const std::string& caption) {
+    PostMessageW(button(window, caption), BM_CLICK, 0, 0);
+}
+
 void WindowDriver::choose(const std::string& window, const std::string& caption, int item) {
     const HWND at = button(window, caption);
     const auto findMenu = [] { return findTop([](HWND w) { return isClass(w, L"#32768"); }); };

@@ -33,6 +33,8 @@ class WindowDriver {
     void press(const std::string& window, const std::string& button);
     /// Clicks a check box or an option, by its caption. The window stays open.
     void tick(const std::string& window, const std::string& button);
+    /// Presses a button once, which need not close or open a window.
+    void click(const std::string& window, const std::string& button);
     /// Presses a button that opens a menu, and chooses an item of the menu by its number from 1.
     void choose(const std::string& window, const std::string& button, int item);
     /// Replaces the text of an entry field, by its number from 0 in tab order.

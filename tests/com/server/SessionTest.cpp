@@ -2,10 +2,12 @@
 // only.
 
 #include <atomic>
+#include <fstream>
 #include <map>
 
 #include <gmock/gmock.h>
 
+#include "automation/FilePath.h"
 #include "com/edge/Conversion.h"
 #include "com/edge/DispatchObject.h"
 #include "com/edge/Wide.h"
@@ -27,6 +29,7 @@ class SilentUi : public workbench::HostUi {
         told.push_back(message.text);
         return {};
     }
+    std::optional<workbench::Email> editEmail(const workbench::Email& email) override { return email; }
     std::vector<std::string> told;
 };
 
@@ -54,7 +57,8 @@ class SessionTest : public ::testing::Test {
 
     TempFolder folder{"Größe "};  // with a blank and a letter beyond ASCII
     SilentUi ui;
-    CompanySession session{folder.file("Road.company"), "admin", ui};
+    const std::string file = folder.file("Road.company");
+    CompanySession session{file, "admin", ui};
     ComPtr<ILibrary> library = newLibrary();
 };
 
@@ -148,6 +152,62 @@ TEST_F(SessionTest, AVendorIsEditedAndItsHistoryTellsTheChange) {
     EXPECT_EQ("Vendor updated:\r\nContact: " + contact + " to Åse O'Neill",
               session.company().scalar("SELECT Activity FROM VendorActivity WHERE VendorID = 3").toText());
     EXPECT_TRUE(ui.told.empty()) << ui.told.front();
+}
+
+TEST_F(SessionTest, AChosenLocationIsReturnedByResultAndArgument) {
+    LONG customer = 11, measurement = 0;
+    VARIANT_BOOL chosen = VARIANT_FALSE;
+    const std::string name =
+        session.company().scalar("SELECT CustomerName FROM Customers WHERE ID = 11").toText();
+    for (const char* button : {"OK", "Cancel"}) {
+        const bool accepted = std::string_view(button) == "OK";
+        const User user([&](WindowDriver& at) { at.press("Customer Measurements - " + name, button); });
+        ASSERT_EQ(S_OK, library->SelectCustomerMeasurementsLocation(&customer, &chosen, &measurement));
+        EXPECT_EQ(accepted ? VARIANT_TRUE : VARIANT_FALSE, chosen);
+        EXPECT_EQ(accepted, measurement > 0);
+    }
+    EXPECT_TRUE(ui.told.empty());
+}
+
+TEST_F(SessionTest, ATemplateIsTestedAndItsMessageSaved) {
+    session.company().execute("DELETE FROM SentMessages");
+    const auto value = [&](const char* sql) { return session.company().scalar(sql).toText(); };
+    const std::string customer =
+        value("SELECT TOP 1 CustomerName FROM Customers WHERE CustomerName LIKE 'O''Dell%' ORDER BY ID");
+    LONG ID = 1, saved = 0;
+    {
+        const User user([&](WindowDriver& at) {
+            constexpr std::size_t subject = 5, body = 6, test = 7;
+            at.window("Edit E-mail Template");
+            while (at.read("Edit E-mail Template", subject).empty())
+                Sleep(20);
+            at.fill("Edit E-mail Template", subject, "For <<CustomerName>>");
+            at.fill("Edit E-mail Template", body, "Grüße, <<FirstName>>");
+            at.fill("Edit E-mail Template", test, customer);
+            at.click("Edit E-mail Template", "Test this template with customer");
+            workbench::Company own(file, workbench::OpenMode::ReadOnly);  // of this thread
+            for (int i = 0; i < 200 && own.scalar("SELECT COUNT(*) FROM SentMessages").toLong() == 0; ++i)
+                Sleep(50);
+            at.press("Edit E-mail Template", "OK");
+        });
+        ASSERT_EQ(S_OK, library->ShowEditEmailTemplate(&ID, &saved));
+    }
+    EXPECT_EQ(1, saved);
+    EXPECT_EQ("For " + customer, value("SELECT Subject FROM SentMessages"));
+    EXPECT_EQ("Grüße, <<FirstName>>", value("SELECT BodyText FROM EmailTemplates WHERE ID = 1"));
+    {
+        const User user([&](WindowDriver& at) {
+            at.choose("Sent Messages", "&Messages", 1);
+            at.fill("Save As", 0, folder.file("messages.txt"));
+            at.press("Save As", "Save");
+            at.press("Sent Messages", "&Close");
+        });
+        ASSERT_EQ(S_OK, library->ShowSentMessages());
+    }
+    std::ifstream stream(pathOf(folder.file("messages.txt")), std::ios::binary);
+    const std::string text{std::istreambuf_iterator<char>(stream), {}};
+    EXPECT_NE(text.find("Subject: For " + customer + "\r\n\r\nGrüße, "), text.npos) << text;
+    EXPECT_TRUE(ui.told.empty());
 }
 
 TEST_F(SessionTest, NothingOfTheHostIsHeldAfterAScreen) {

@@ -28,6 +28,7 @@ class RecordingUi : public HostUi {
     std::optional<std::string> edited;  ///< the user's text for an expression; empty: cancelled
     std::vector<RecordSearch> searches;
     std::optional<std::int32_t> searched;  ///< the record that the user chooses; empty: cancelled
+    bool sends = false;                 ///< the user sends every e-mail as it is shown, or cancels it
 
     Reply showMessage(const Message& message) override {
         shown.push_back(message);
@@ -43,6 +44,10 @@ class RecordingUi : public HostUi {
     std::optional<std::int32_t> searchRecord(const RecordSearch& search) override {
         searches.push_back(search);
         return searched;
+    }
+    std::optional<Email> editEmail(const Email& email) override {
+        if (!sends) return std::nullopt;
+        return email;
     }
 };
 
