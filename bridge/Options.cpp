@@ -20,6 +20,10 @@ Variant Options::GetUserOption(std::string_view name, const Variant& otherwise) 
     return call("GetUserOption", name, otherwise);
 }
 
+std::string Options::UserFileLocation(std::string_view kind) const {
+    return textOf(call("UserFileLocation", kind), "UserFileLocation");
+}
+
 void Options::SetUserOption(std::string_view name, std::string_view section, const Variant& value) const {
     call("SetUserOption", name, section, value);
 }

@@ -15,6 +15,8 @@ class Options : HostPart {
     Variant GetUserOption(std::string_view name, std::string_view section, const Variant& otherwise) const;
     /// Reads an option without a section.
     Variant GetUserOption(std::string_view name, const Variant& otherwise) const;
+    /// The folder of a kind of files, such as "Reports". It may not exist.
+    std::string UserFileLocation(std::string_view kind) const;
     void SetUserOption(std::string_view name, std::string_view section, const Variant& value) const;
 };
 

@@ -6,4 +6,16 @@ bool Security::CanDo(std::int32_t area, Right right) const {
     return call("CanDo", area, static_cast<std::int32_t>(right)).toBoolean();
 }
 
+bool Security::CompanyFeatureEnabled(std::int32_t feature) const {
+    return call("CompanyFeatureEnabled", feature).toBoolean();
+}
+
+bool Security::IsRoamingWorkstation() const {
+    return call("IsRoamingWorkstation").toBoolean();
+}
+
+std::int32_t Security::UserId() const {
+    return call("UserId").toLong();
+}
+
 }  // namespace tsln
