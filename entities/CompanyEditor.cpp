@@ -111,7 +111,6 @@ void CompanyEditor::Hyperlink_BillingToShipping() {
     textBox("txtShipToAddress").setText(textBox("txtBillToAddress").text());
 }
 
-/// The type is only in the INSERT: it never changes.
 std::string CompanyEditor::computed([[maybe_unused]] std::string_view column) const {
     return std::string(host().security().IsRoamingWorkstation() ? roamingCompany : mainCompany);
 }

@@ -37,7 +37,7 @@ enum class Rule {
     Password,       ///< text, as typed, shown masked
     PostalAddress,  ///< an address of six columns, edited in one box of several lines and parsed by the host
     ValidateAddresses,  ///< no control: whether the record's addresses are to be validated
-    Computed,           ///< no control: the dialog computes the value that is written
+    Computed,           ///< no control: the dialog computes the value of a new record
 };
 
 /// The endings of an address's column names, in the order of the columns.
@@ -202,6 +202,7 @@ constexpr FieldDescription address(Name control, Name label, Name columnPrefix, 
 constexpr FieldDescription amount(Name control, Name label, Name column, Name tag) {
     return of(Rule::Amount, control, label, column, tag);
 }
+/// For a dialog with statements of its own: a generated UPDATE would contain the tag.
 constexpr FieldDescription computed(Name column, Name tag) {
     return of(Rule::Computed, {}, {}, column, tag);
 }

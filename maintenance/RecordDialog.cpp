@@ -263,7 +263,7 @@ std::string RecordDialog::statement() {
         if (description.rule == Rule::ValidateAddresses) {
             tags.plain(description.tag, validateAddresses());
         } else if (description.rule == Rule::Computed) {
-            tags.plain(description.tag, computed(description.column));
+            if (isNew()) tags.plain(description.tag, computed(description.column));
         } else {
             field.addTags(tags);
         }

@@ -86,7 +86,7 @@ class RecordDialog : public HostScreen {
     virtual std::string recordName() const;
     /// The value that the statements write for the rule ValidateAddresses.
     virtual bool validateAddresses() const { return validateAddresses_; }
-    /// The value that the statements write for a field with the rule Computed.
+    /// The value that the INSERT writes for a field with the rule Computed.
     virtual std::string computed([[maybe_unused]] std::string_view column) const { return "NULL"; }
     /// The complete INSERT of a new record or UPDATE of a stored one. May raise HostError.
     std::string statement();
