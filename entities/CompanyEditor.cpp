@@ -88,7 +88,9 @@ Layout CompanyEditor::content() {
 bool CompanyEditor::openCompany() {
     std::int32_t company = 0;
     const auto find = [&] {
-        company = host().database().ExecuteScaler("SELECT ID FROM Company ORDER BY ID", "", "0").toLong();
+        // A result document, not a single value: a failure that reads as 0 would add a second company.
+        const Records companies = host().database().ExecuteRead("SELECT ID FROM Company ORDER BY ID");
+        company = modSharedXML::readLong("ID", companies.first());
     };
     return handle(find) && open(company);
 }
