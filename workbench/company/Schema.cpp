@@ -113,6 +113,7 @@ void create(SQLite::Database& database) {
     database.exec(tables());
     database.exec(file("views.sql"));
     database.exec(file("demo.sql"));
+    database.exec(file("demo-customers.sql"));
     addUpdateTriggers(database);
     database.exec("PRAGMA application_id = " + std::to_string(applicationId));
     setVersion(database);
