@@ -25,12 +25,12 @@ const RecordDescription customerRecord{
     .editCaption = "Edit Customer",
     // The fields are in the order of their tags in the INSERT.
     .fields = fields::join(
-        fields::trimmed("txtCustomerName", "&Name:", "CustomerName", "<custname>"),
-        fields::trimmedOrNull("txtAccountNumber", "Account n&umber:", "AccountNumber", "<account>"),
-        fields::trimmed("txtCompanyName", "C&ompany:", "CompanyName", "<company>"),
-        fields::trimmed("txtContact", "&Contact:", "Contact", "<contact>"),
-        fields::trimmed("txtFirstName", "&First name:", "FirstName", "<fname>"),
-        fields::trimmed("txtLastName", "&Last name:", "LastName", "<lname>"),
+        fields::trimmed("txtCustomerName", "&Name:", "CustomerName", "<custname>").wide(22),
+        fields::trimmedOrNull("txtAccountNumber", "Account n&umber:", "AccountNumber", "<account>").wide(22),
+        fields::trimmed("txtCompanyName", "C&ompany:", "CompanyName", "<company>").wide(22),
+        fields::trimmed("txtContact", "&Contact:", "Contact", "<contact>").wide(22),
+        fields::trimmed("txtFirstName", "&First name:", "FirstName", "<fname>").wide(22),
+        fields::trimmed("txtLastName", "&Last name:", "LastName", "<lname>").wide(22),
         fields::trimmed("txtMiddleInitial", "M&iddle:", "MiddleInitial", "<mi>").wide(6),
         fields::phones(3, Rule::Trimmed, true),
         fields::emails(2),
@@ -38,7 +38,7 @@ const RecordDescription customerRecord{
                        {"<baddress1>", "<baddress2>", "<bcity>", "<bstate>", "<bzip>", "<bcountry>"}),
         byOption(fields::keyOrNull("cboTaxGroup", "Sales ta&x group:", "SalesTaxGroupID", "<taxgroupid>", &Common::LoadTaxGroups), "DefaultTaxGroup"),
         fields::text("txtResaleNo", "&Resale number:", "ResaleNumber", "<resale>"),
-        fields::text("txtTaxExNo", "Tax e&xemption number:", "TaxExNumber", "<pstex>"),
+        fields::text("txtTaxExNo", "Tax exempt&ion number:", "TaxExNumber", "<pstex>"),
         byOption(fields::key("cboDiscountGroup", "&Price discount group:", "DiscountGroupID", "<discountgroupid>", &Common::LoadPriceDiscountGroups), "DefaultPriceDiscountGroup"),
         byOption(fields::key("cboCustomerType", "Customer t&ype:", "CustomerTypeID", "<customertypeid>", &Common::LoadCustomerTypes), "DefaultCustomerType"),
         byOption(fields::keyOrNull("cboTerms", "&Terms:", "TermsID", "<termsid>", &Common::LoadTerms), "DefaultTerms"),
@@ -116,9 +116,9 @@ Layout CustomerEditor::content() {
     general.push_back(row({field("", checkBox("chkActive")), one("chkExported")}));
     const Layout billTo = framed(grpBillTo, column({fill(textBox("txtBillToAddress"))}));
     const Layout shipTo =
-        framed(grpShipTo, column({row({item(addresses.cboAddressLabel), fill(addresses.lblAddressLinks)}),
+        framed(grpShipTo, column({row({field("Add&ress:", addresses.cboAddressLabel), item(addresses.lblDefaultAddress)}),
                                   fill(addresses.txtShipToAddress),
-                                  row({item(lblCopyBilling), spring(), item(addresses.lblDefaultAddress)})}));
+                                  row({item(lblCopyBilling), fill(addresses.lblAddressLinks)})}));
     return tabs(
         TabControl1,
         {row({stretch(column({form(std::move(general)), spring()})),

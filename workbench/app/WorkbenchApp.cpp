@@ -10,6 +10,7 @@
 #include "workbench/app/ProcessEndEvent.h"
 #include "workbench/app/SettingsFolder.h"
 #include "workbench/app/WorkbenchFrame.h"
+#include "workbench/tour/CustomerTour.h"
 #include "workbench/tour/Gallery.h"
 #include "workbench/tour/Tour.h"
 #include "workbench/tour/VirtualUser.h"
@@ -69,8 +70,11 @@ bool WorkbenchApp::OnInit() {
     }
     frame->Show();
     if (!options_.tour.empty()) {
-        std::printf("A tour of the terms list; its pictures are in %s\n", options_.tour.c_str());
-        start(termsTour(session_.company(), options_.tour), options_.tour, [this] {
+        std::printf("A tour of the terms list and the customer editor; its pictures are in %s\n", options_.tour.c_str());
+        std::vector<Script> parts;
+        parts.push_back(termsTour(session_.company(), options_.tour));
+        parts.push_back(customerTour(session_.company(), options_.tour));
+        start(inSequence(std::move(parts)), options_.tour, [this] {
             printTerms(options_.company);
             std::printf("All steps succeeded.\n");
         });

@@ -59,8 +59,16 @@ WorkbenchFrame::WorkbenchFrame(CompanySession& session, const ObjectPtr& library
     };
     if (const auto first = tree_->selected()) operation_->show(*first);
     session.tracer()->observe([this](const TraceEntry& entry) { trace_->add(entry); });
+    bindKeys();
     CentreOnScreen();
     tree_->focusSearch();
+}
+
+/// Ctrl+F searches an operation from anywhere in the window.
+void WorkbenchFrame::bindKeys() {
+    wxAcceleratorEntry entries[] = {{wxACCEL_CTRL, 'F', wxID_FIND}};
+    SetAcceleratorTable(wxAcceleratorTable(1, entries));
+    Bind(wxEVT_MENU, [this](wxCommandEvent&) { tree_->focusSearch(); }, wxID_FIND);
 }
 
 WorkbenchFrame::~WorkbenchFrame() {

@@ -62,6 +62,11 @@ const GalleryStop further[] = {
     {"delete-discount-group", ShowDeleteDiscountGroup, {"4"}, "Enter"},
     {"expression-editor", ShowEditDiscountGroups, {"4"}, "Alt+x"},
     {"expression-fault", ShowEditDiscountGroups, {"4"}, "Alt+x =_(Width_>_96 *"},
+    {"customer-pages", ShowEditCustomer, {"5"}, "Ctrl+PageDown * Ctrl+PageDown * Ctrl+PageDown * Ctrl+PageDown *"},
+    {"customer-new-address", ShowEditCustomer, {"5"}, "Alt+r Tab Enter"},
+    {"customer-duplicate", ShowEditCustomer, {"0"}, "=Sallow,_Adela Enter"},
+    {"company-pages", ShowEditCompany, {}, "Ctrl+PageDown * Ctrl+PageDown *"},
+    {"orders-active-refused", ShowUpdateOrderInformation, {"8"}, "Alt+s Space Alt+t Space Enter"},
     {"first-tax-codes",
      ShowSalesTaxGroups,
      {},
@@ -110,7 +115,7 @@ struct NamedKey {
 constexpr NamedKey namedKeys[] = {
     {"Enter", WXK_RETURN}, {"Escape", WXK_ESCAPE}, {"Tab", WXK_TAB},     {"Down", WXK_DOWN},
     {"Up", WXK_UP},        {"Home", WXK_HOME},     {"End", WXK_END},     {"Insert", WXK_INSERT},
-    {"F1", WXK_F1},        {"Delete", WXK_DELETE}, {"Space", WXK_SPACE},
+    {"F1", WXK_F1},        {"Delete", WXK_DELETE}, {"Space", WXK_SPACE}, {"PageDown", WXK_PAGEDOWN},
 };
 constexpr NamedKey modifierKeys[] = {{"Shift+", wxMOD_SHIFT}, {"Alt+", wxMOD_ALT}, {"Ctrl+", wxMOD_CONTROL}};
 

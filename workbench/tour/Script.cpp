@@ -18,6 +18,21 @@ Script::Wait until(std::string what, std::function<bool()> condition) {
     return {std::move(what), std::move(condition), std::chrono::seconds(20)};
 }
 
+namespace {
+
+Script::Wait untilEnded(Script& script) {
+    return {"a part of the script ends", [&script] { return script.resumeIfReady(); }, std::chrono::hours(1)};
+}
+
+}  // namespace
+
+Script inSequence(std::vector<Script> scripts) {
+    for (Script& script : scripts) {
+        co_await untilEnded(script);
+        if (const std::exception_ptr failure = script.failure()) std::rethrow_exception(failure);
+    }
+}
+
 Script::Wait pause(std::chrono::milliseconds time) {
     const auto end = std::chrono::steady_clock::now() + time;
     return {"time has passed", [end] { return std::chrono::steady_clock::now() >= end; }, time * 2};

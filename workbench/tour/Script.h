@@ -7,6 +7,7 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include <wx/timer.h>
 
@@ -79,6 +80,8 @@ class Script {
 
 /// Waits until the condition holds, for at most 20 seconds.
 Script::Wait until(std::string what, std::function<bool()> condition);
+/// Runs the scripts one after another, until one fails. What a script waits for has the script's own time limits.
+Script inSequence(std::vector<Script> scripts);
 /// Waits for events that a program cannot observe, such as the work of a window manager.
 Script::Wait pause(std::chrono::milliseconds time);
 

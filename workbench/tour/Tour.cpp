@@ -1,45 +1,14 @@
 #include "workbench/tour/Tour.h"
 
-#include <cstdio>
 #include <filesystem>
 
 #include <wx/defs.h>
 
 #include "automation/FilePath.h"
-#include "workbench/tour/VirtualUser.h"
+#include "workbench/tour/TourAlbum.h"
 
 namespace tsln::workbench {
 namespace {
-
-/// Numbers, titles and saves the pictures of a tour.
-class Album {
-  public:
-    explicit Album(std::string folder) : folder_(std::move(folder)) {}
-
-    /// Saves a picture of the display. `shows` describes it.
-    void take(const char* name, const char* shows) {
-        char file[64];
-        std::snprintf(file, sizeof file, "%02d-%s.png", ++count_, name);
-        const std::string path = folder_ + "/" + file;
-        if (!saveScreenshot(path)) throw ScriptFailure("The picture " + path + " could not be saved.");
-        std::printf("  %-24s %s\n", file, shows);
-        std::fflush(stdout);
-    }
-
-  private:
-    std::string folder_;
-    int count_ = 0;
-};
-
-Script::Wait untilActive(const std::string& title) {
-    return until("the window \"" + title + "\" has the keyboard",
-                 [title] { return activeWindowTitle() == title && !popupIsOpen(); });
-}
-
-/// Waits until windows are drawn and a list shows its rows.
-Script::Wait settled() {
-    return pause(std::chrono::milliseconds(400));
-}
 
 int count(Company& company, const std::string& condition) {
     return company.scalar("SELECT COUNT(*) FROM Terms WHERE " + condition).toLong();
@@ -55,7 +24,7 @@ enum class MoreCommand { Import = 1, Export, Print, Save, MoveReferences, Instal
 }  // namespace
 
 Script termsTour(Company& company, std::string folder) {
-    Album album(folder);
+    TourAlbum album(folder);
     const std::string exported = "terms.xml";  // a relative path: dialogs start in the working folder
     std::filesystem::current_path(pathOf(folder));
     std::filesystem::remove(exported);
