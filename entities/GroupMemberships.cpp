@@ -9,7 +9,7 @@
 namespace tsln::entities {
 namespace {
 
-constexpr std::size_t memberColumn = 0;
+constexpr std::size_t memberColumn = 2;
 /// The groups of customers; other types group other records.
 constexpr std::string_view readGroupsOfCustomers = 
     "SELECT * FROM Groups WHERE GroupType = 1 ORDER BY GroupName";
@@ -18,9 +18,9 @@ constexpr std::string_view readGroupsOfCustomers =
 
 GroupMemberships::GroupMemberships(HostScreen& screen) : rptGroups(screen, "rptGroups"), screen_(screen) {
     rptGroups.columns = {
-        {.caption = "Member", .width = 70, .kind = ReportColumn::Kind::Check, .editable = true},
         {.caption = "Group", .width = 200},
-        {.caption = "Description", .width = 320}};
+        {.caption = "Description", .width = 320},
+        {.caption = "Member", .width = 80, .kind = ReportColumn::Kind::Check, .editable = true}};
     rptGroups.accessibleName = "Groups";
 }
 
@@ -50,7 +50,7 @@ void GroupMemberships::show(const Records& groups, const std::set<std::int32_t>&
         const std::int32_t group = modSharedXML::readLong("ID", row);
         const std::string name = modSharedXML::readText("GroupName", row);
         const std::string description = modSharedXML::readText("Description", row);
-        const std::array<std::string_view, 3> cells{members.contains(group) ? "1" : "0", name, description};
+        const std::array<std::string_view, 3> cells{name, description, members.contains(group) ? "1" : "0"};
         rptGroups.addRecord(group, cells);
     }
     rptGroups.populate();

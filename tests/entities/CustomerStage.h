@@ -96,7 +96,7 @@ inline std::string tickedGroups(const CustomerEditor& editor) {
     const ReportControl& groups = editor.groups.rptGroups;
     std::string names;
     for (std::size_t i = 0; i < groups.recordCount(); ++i) {
-        if (groups.checked(i, 0)) names += std::string(groups.cell(i, 1)) + ";";
+        if (groups.checked(i, 2)) names += std::string(groups.cell(i, 0)) + ";";
     }
     return names;
 }
@@ -104,7 +104,7 @@ inline std::string tickedGroups(const CustomerEditor& editor) {
 inline void tickGroup(CustomerEditor& editor, std::string_view name, bool ticked = true) {
     ReportControl& groups = editor.groups.rptGroups;
     for (std::size_t row = 0; row < groups.rowCount(); ++row) {
-        if (groups.rowText(row, 1) == name) groups.userCheck(row, 0, ticked);
+        if (groups.rowText(row, 0) == name) groups.userCheck(row, 2, ticked);
     }
 }
 

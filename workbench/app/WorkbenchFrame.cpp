@@ -52,23 +52,17 @@ WorkbenchFrame::WorkbenchFrame(CompanySession& session, const ObjectPtr& library
     tree_->onOpen = [this](Operation operation) {
         operation_->show(operation);
         operation_->run();
+        tree_->focusSearch();  // the keyboard was lost while the window was disabled
     };
     operation_->canBrowse = [](Operation operation) { return recordKindOf(operation) != nullptr; };
     operation_->onBrowse = [this, &session, library](Operation operation) {
         RecordBrowser(this, session, library, *recordKindOf(operation)).ShowModal();
+        tree_->focusSearch();
     };
     if (const auto first = tree_->selected()) operation_->show(*first);
     session.tracer()->observe([this](const TraceEntry& entry) { trace_->add(entry); });
-    bindKeys();
     CentreOnScreen();
     tree_->focusSearch();
-}
-
-/// Ctrl+F searches an operation from anywhere in the window.
-void WorkbenchFrame::bindKeys() {
-    wxAcceleratorEntry entries[] = {{wxACCEL_CTRL, 'F', wxID_FIND}};
-    SetAcceleratorTable(wxAcceleratorTable(1, entries));
-    Bind(wxEVT_MENU, [this](wxCommandEvent&) { tree_->focusSearch(); }, wxID_FIND);
 }
 
 WorkbenchFrame::~WorkbenchFrame() {

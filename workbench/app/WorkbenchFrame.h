@@ -26,8 +26,6 @@ class WorkbenchFrame : public wxFrame {
     void remember();
 
   private:
-    void bindKeys();
-
     bool remembers_ = false;
     wxSplitterWindow* across_;
     wxSplitterWindow* down_;

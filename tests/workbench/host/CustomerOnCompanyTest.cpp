@@ -57,7 +57,7 @@ void label(test::ScriptedDesktop& desktop, const std::string& text) {
 void tick(CustomerEditor& editor, std::initializer_list<std::string_view> names) {
     ReportControl& groups = editor.groups.rptGroups;
     for (std::size_t row = 0; row < groups.rowCount(); ++row)
-        groups.userCheck(row, 0, std::ranges::find(names, groups.rowText(row, 1)) != names.end());
+        groups.userCheck(row, 2, std::ranges::find(names, groups.rowText(row, 0)) != names.end());
 }
 
 TEST(CustomerOnCompany, ACustomerIsAddedReadBackAndItsChangesAreInTheHistory) {
