@@ -3,6 +3,7 @@
 
 #include "benchmark/BenchList.h"
 #include "benchmark/Lines.h"
+#include "benchmark/TimedHost.h"
 #include "benchmark/contest/BenchCompany.h"
 #include "lists/Lists.h"
 #include "doubles/QuietDesktop.h"
@@ -12,26 +13,10 @@ namespace {
 
 constexpr double mostToDatabase = 0.1;
 
-/// Forwards calls to an object of the host and its sub-objects, and sums the seconds they take.
-class TimedHost : public Object {
-  public:
-    TimedHost(ObjectPtr target, double& seconds) : target_(std::move(target)), seconds_(seconds) {}
-    Variant invoke(std::string_view member, Access access, Arguments arguments) override {
-        Variant result;
-        seconds_ += secondsOf([&] { result = target_->invoke(member, access, arguments); });
-        if (sameName(member, "Database")) return std::make_shared<TimedHost>(result.toObject(), seconds_);
-        return result;
-    }
-
-  private:
-    ObjectPtr target_;
-    double& seconds_;
-};
-
 /// A terms list over a company, with the host's time measured separately.
 struct Stage {
     explicit Stage(std::size_t rows) : company(rows, 0), screen(*library, lists::termsList) {
-        library->Initialize(std::make_shared<TimedHost>(company.session().sharedCode(), hostSeconds));
+        library->Initialize(timedHost(company.session().sharedCode(), time));
         screen.load();
         screen.loadList();
     }
@@ -42,14 +27,14 @@ struct Stage {
         for (std::size_t i = 0; i < count; ++i)
             selected.push_back(i * list.rowCount() / count);
         list.userSelect(selected, selected.front());
-        hostSeconds = 0;
+        time.reset();
     }
     void press() { screen.cmdDelete.userPress(); }
 
     BenchCompany company;
     test::QuietDesktop desktop;
     std::shared_ptr<Library> library = std::make_shared<Library>(desktop);
-    double hostSeconds = 0;
+    HostTime time;
     BenchList screen;
 };
 
@@ -63,7 +48,7 @@ void measureDeleting(const Settings& settings, Report& report) {
     for (std::size_t i = 0; i < rounds; ++i) {
         stage.select(selected);
         const double all = secondsOf([&] { stage.press(); });
-        shares.push_back((all - stage.hostSeconds) / stage.hostSeconds);
+        shares.push_back(all / stage.time.seconds() - 1);
     }
     report.add(Line{"deleting a tenth of the rows, the module's share", "the host with its database",
                     spreadOf(shares), Line::Goal::AtMost, mostToDatabase});

@@ -31,6 +31,7 @@ void measureWindow(const Settings& settings, Report& report);
 void measureSorting(const Settings& settings, Report& report);
 void measureStatements(const Settings& settings, Report& report);
 void measureDeleting(const Settings& settings, Report& report);
+void measureEditors(const Settings& settings, Report& report);
 void measureHostCalls(const Settings& settings, Report& report);
 void measureStart(const Settings& settings, Report& report);
 
@@ -39,7 +40,7 @@ inline constexpr Group groups[] = {
     {"company", false, measureCompany},   {"window", true, measureWindow},
     {"sorting", false, measureSorting},   {"statements", false, measureStatements},
     {"deleting", false, measureDeleting}, {"calls", false, measureHostCalls},
-    {"start", true, measureStart},
+    {"editors", false, measureEditors},   {"start", true, measureStart},
 };
 
 /// Measures work at sizes from 1,000 to `most` rows, several rounds each, and adds the curve of the medians.

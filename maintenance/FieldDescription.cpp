@@ -7,7 +7,7 @@ namespace {
 constexpr std::string_view labelSection = "Customers";
 // characters
 constexpr int labelWidth = 14;
-constexpr int boxWidth = 22;
+constexpr int boxWidth = 26;
 
 struct Slot {
     std::string_view combo, box, labelColumn, column, labelTag, tag;

@@ -66,7 +66,7 @@ const GalleryStop further[] = {
     {"customer-new-address", ShowEditCustomer, {"5"}, "Alt+r Tab Enter"},
     {"customer-duplicate", ShowEditCustomer, {"0"}, "=Sallow,_Adela Enter"},
     {"company-pages", ShowEditCompany, {}, "Ctrl+PageDown * Ctrl+PageDown *"},
-    {"orders-active-refused", ShowUpdateOrderInformation, {"8"}, "Alt+s Space Alt+t Space Enter"},
+    {"orders-active-refused", ShowUpdateOrderInformation, {"8"}, "Alt+s Alt+t Enter"},
     {"first-tax-codes",
      ShowSalesTaxGroups,
      {},
