@@ -5,8 +5,8 @@
 #include "benchmark/Lines.h"
 #include "benchmark/TimedHost.h"
 #include "benchmark/contest/BenchCompany.h"
-#include "lists/Lists.h"
 #include "doubles/QuietDesktop.h"
+#include "lists/Lists.h"
 
 namespace tsln::bench {
 namespace {

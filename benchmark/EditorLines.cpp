@@ -29,16 +29,24 @@ class Stage {
             data.execute("DELETE FROM Groups");
             data.execute("DELETE FROM GroupedCustomers");
             for (std::int32_t i = 1; i <= employees; ++i) {
-                data.execute("INSERT INTO Employees (FirstName, LastName, SalesRep, Installer, Designer) VALUES('Kim', 'Lee " +
-                             std::to_string(i) + "', " + (i % 3 == 0 ? "1, 0, 0" : i % 3 == 1 ? "0, 1, 0" : "0, 0, 1") + ")");
+                data.execute(
+                    "INSERT INTO Employees (FirstName, LastName, SalesRep, Installer, Designer) VALUES('Kim', 'Lee " +
+                    std::to_string(i) + "', " +
+                    (i % 3 == 0   ? "1, 0, 0"
+                     : i % 3 == 1 ? "0, 1, 0"
+                                  : "0, 0, 1") +
+                    ")");
             }
             for (std::int32_t i = 1; i <= groups; ++i)
-                data.execute("INSERT INTO Groups (GroupName, Description) VALUES('Group " + std::to_string(i) + "', '')");
+                data.execute("INSERT INTO Groups (GroupName, Description) VALUES('Group " +
+                             std::to_string(i) + "', '')");
         });
         customer_ = data.scalar("SELECT MAX(ID) FROM Customers").toLong();
-        data.execute("UPDATE Customers SET DiscountGroupID = 1, CustomerDiscountGroupID = 3, CustomerTypeID = 1, SalesRepID = 1 WHERE ID = " +
-                     std::to_string(customer_));
-        data.execute("INSERT INTO GroupedCustomers (GroupID, CustomerID) SELECT MIN(ID), " + std::to_string(customer_) + " FROM Groups");
+        data.execute(
+            "UPDATE Customers SET DiscountGroupID = 1, CustomerDiscountGroupID = 3, CustomerTypeID = 1, SalesRepID = 1 WHERE ID = " +
+            std::to_string(customer_));
+        data.execute("INSERT INTO GroupedCustomers (GroupID, CustomerID) SELECT MIN(ID), " +
+                     std::to_string(customer_) + " FROM Groups");
         plugInModule(*library_);
         library_->Initialize(timedHost(company_.session().sharedCode(), time_));
     }
@@ -60,7 +68,8 @@ class Stage {
             const double all = secondsOf([&] { editor.cmdOK.userPress(); });
             share = all / time_.seconds() - 1;
         };
-        if (library_->ShowEditCustomer(customer_) != customer_) throw std::runtime_error("The customer was not saved.");
+        if (library_->ShowEditCustomer(customer_) != customer_)
+            throw std::runtime_error("The customer was not saved.");
         return share;
     }
 
@@ -83,8 +92,10 @@ void measureEditors(const Settings& settings, Report& report) {
         saving.push_back(stage.save());
     }
     const std::string company = "the host with its database";
-    report.add(Line{"opening the customer editor, the module's share", company, spreadOf(opening), Line::Goal::AtMost, mostToHost});
-    report.add(Line{"saving a customer, the module's share", company, spreadOf(saving), Line::Goal::AtMost, mostToHost});
+    report.add(Line{"opening the customer editor, the module's share", company, spreadOf(opening),
+                    Line::Goal::AtMost, mostToHost});
+    report.add(Line{"saving a customer, the module's share", company, spreadOf(saving), Line::Goal::AtMost,
+                    mostToHost});
 }
 
 }  // namespace tsln::bench

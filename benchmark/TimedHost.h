@@ -23,14 +23,16 @@ struct HostTime {
 class TimedObject : public Object {
   public:
     enum class Side { Host, Module };
-    TimedObject(ObjectPtr target, Side side, HostTime& time) : target_(std::move(target)), side_(side), time_(time) {}
+    TimedObject(ObjectPtr target, Side side, HostTime& time)
+        : target_(std::move(target)), side_(side), time_(time) {}
 
     Variant invoke(std::string_view member, Access access, Arguments arguments) override {
         std::vector<std::pair<std::size_t, ObjectPtr>> passed;
         for (std::size_t i = 0; side_ == Side::Host && i < arguments.count(); ++i) {
             if (!arguments[i].isObject() || !arguments[i].toObject()) continue;
             passed.emplace_back(i, arguments[i].toObject());
-            arguments.assign(i, ObjectPtr(std::make_shared<TimedObject>(passed.back().second, Side::Module, time_)));
+            arguments.assign(
+                i, ObjectPtr(std::make_shared<TimedObject>(passed.back().second, Side::Module, time_)));
         }
         Variant result;
         double& sum = side_ == Side::Host ? time_.host : time_.module;

@@ -51,7 +51,8 @@ class Host {
     void ShowAndLogErrorMessage(std::string_view message, std::string_view explanation,
                                 std::string_view detail) const;
     /// Shows a failure without logging it.
-    void ShowErrorMessage(std::string_view message, std::string_view explanation, std::string_view detail) const;
+    void ShowErrorMessage(std::string_view message, std::string_view explanation,
+                          std::string_view detail) const;
     /// The members that show a failure with its detail.
     using ShowFailure = void (Host::*)(std::string_view message, std::string_view explanation,
                                        std::string_view detail) const;

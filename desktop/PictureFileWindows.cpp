@@ -1,11 +1,11 @@
 #ifdef _WIN32
-#include "desktop/PictureFile.h"
-
 #include <algorithm>
+#include <objidl.h>
 
 #include <wx/bitmap.h>
 #include <wx/msw/private.h>
-#include <objidl.h>
+
+#include "desktop/PictureFile.h"
 namespace Gdiplus {
 // The header expects these as macros or in its own namespace.
 using std::max;

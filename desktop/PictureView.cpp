@@ -98,8 +98,8 @@ class FileView : public PictureView {
     }
 
     static wxImage fitted(const wxImage& image, const wxSize& place) {
-        const double scale = std::min(
-            {1.0, double(place.x) / image.GetWidth(), double(place.y) / image.GetHeight()});
+        const double scale =
+            std::min({1.0, double(place.x) / image.GetWidth(), double(place.y) / image.GetHeight()});
         return image.Scale(std::max(1, int(image.GetWidth() * scale)),
                            std::max(1, int(image.GetHeight() * scale)), wxIMAGE_QUALITY_HIGH);
     }

@@ -30,9 +30,7 @@ std::optional<std::string> askAddressLabel(Library& library, std::string caption
                                            std::span<const std::string_view> suggestions) {
     const auto closed = openRecord(
         library, screenName,
-        [&] {
-            return std::make_shared<AddressLabelDialog>(library, std::move(caption), label, suggestions);
-        },
+        [&] { return std::make_shared<AddressLabelDialog>(library, std::move(caption), label, suggestions); },
         0);
     if (closed->Cancelled) return std::nullopt;
     return closed->cboLabel.text();

@@ -60,9 +60,11 @@ const RecordDescription companyRecord{
 
 }  // namespace
 
-CompanyEditor::CompanyEditor(Library& library) : RecordDialog(library, std::string(screenName), companyRecord) {
+CompanyEditor::CompanyEditor(Library& library)
+    : RecordDialog(library, std::string(screenName), companyRecord) {
     for (const Logo& logo : logoFields) {
-        LogoBox& box = logos.emplace_back(*this, comboBox(logo.control), std::string(logo.name), std::string(logo.caption));
+        LogoBox& box = logos.emplace_back(*this, comboBox(logo.control), std::string(logo.name),
+                                          std::string(logo.caption));
         box.onCopied = [this] { listLogos(); };
     }
 }
@@ -77,12 +79,12 @@ Layout CompanyEditor::content() {
     std::vector<Layout> pictures;
     for (LogoBox& logo : logos)
         pictures.push_back(logo.layout());
-    return tabs(TabControl1,
-                {column({form(std::move(general)), spring()}),
-                 row({stretch(framed(grpBillTo, column({fill(textBox("txtBillToAddress"))}))),
-                      stretch(framed(grpShipTo,
-                                     column({fill(textBox("txtShipToAddress")), item(lblCopyBilling)})))}),
-                 column({form(std::move(pictures)), spring(), item(lblReportsFolder)})});
+    return tabs(
+        TabControl1,
+        {column({form(std::move(general)), spring()}),
+         row({stretch(framed(grpBillTo, column({fill(textBox("txtBillToAddress"))}))),
+              stretch(framed(grpShipTo, column({fill(textBox("txtShipToAddress")), item(lblCopyBilling)})))}),
+         column({form(std::move(pictures)), spring(), item(lblReportsFolder)})});
 }
 
 bool CompanyEditor::openCompany() {
@@ -120,8 +122,9 @@ std::string CompanyEditor::computed([[maybe_unused]] std::string_view column) co
 bool CompanyEditor::save() {
     const bool isNewCompany = isNew();
     if (host().database().ExecuteNonQuery(statement())) return true;
-    reportDatabaseFailure(isNewCompany ? "The company could not be setup." : "The company could not be updated.",
-                          saveAgainExplanation);
+    reportDatabaseFailure(
+        isNewCompany ? "The company could not be setup." : "The company could not be updated.",
+        saveAgainExplanation);
     return false;
 }
 

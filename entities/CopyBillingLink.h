@@ -9,8 +9,9 @@ class CopyBillingLink : public MarkupLabel {
   public:
     /// `copy` runs when the user follows the link.
     CopyBillingLink(Screen& screen, std::function<void()> copy)
-        : MarkupLabel(screen, "lblCopyBilling",
-                      "<TextBlock><Hyperlink Click='Hyperlink_BillingToShipping'>Copy the bill-to address</Hyperlink></TextBlock>") {
+        : MarkupLabel(
+              screen, "lblCopyBilling",
+              "<TextBlock><Hyperlink Click='Hyperlink_BillingToShipping'>Copy the bill-to address</Hyperlink></TextBlock>") {
         onLink = [copy = std::move(copy)](const std::string&) { copy(); };
     }
 };

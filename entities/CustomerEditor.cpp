@@ -108,17 +108,18 @@ CustomerEditor::CustomerEditor(Library& library)
 Layout CustomerEditor::content() {
     using namespace tsln::layout;
     const auto one = [this](std::string_view control) { return fieldOf(control).layout(); };
-    std::vector<Layout> general{one("txtCustomerName"),  one("txtCompanyName"), one("txtContact"),
-                                row({one("txtFirstName"), one("txtMiddleInitial")}), one("txtLastName"),
-                                one("txtAccountNumber")};
+    std::vector<Layout> general{one("txtCustomerName"), one("txtCompanyName"),
+                                one("txtContact"),      row({one("txtFirstName"), one("txtMiddleInitial")}),
+                                one("txtLastName"),     one("txtAccountNumber")};
     for (const auto& rows : {slots("Phone", 3), slots("Email", 2)})
         general.insert(general.end(), rows.begin(), rows.end());
     general.push_back(row({field("", checkBox("chkActive")), one("chkExported")}));
     const Layout billTo = framed(grpBillTo, column({fill(textBox("txtBillToAddress"))}));
-    const Layout shipTo =
-        framed(grpShipTo, column({row({field("Add&ress:", addresses.cboAddressLabel), item(addresses.lblDefaultAddress)}),
-                                  fill(addresses.txtShipToAddress),
-                                  row({item(lblCopyBilling), fill(addresses.lblAddressLinks)})}));
+    const Layout shipTo = framed(
+        grpShipTo,
+        column({row({field("Add&ress:", addresses.cboAddressLabel), item(addresses.lblDefaultAddress)}),
+                fill(addresses.txtShipToAddress),
+                row({item(lblCopyBilling), fill(addresses.lblAddressLinks)})}));
     return tabs(
         TabControl1,
         {row({stretch(column({form(std::move(general)), spring()})),
@@ -152,16 +153,18 @@ void CustomerEditor::filled() {
     comboBox("cboLocation").setVisible(host().security().CompanyFeatureEnabled(locationsFeature));
     // Without the groups, the customer's other data can still be edited.
     const bool listed = handle([this] { groups.read(ID); });
-    if (listed && isNew()) groups.tick(host().options().GetCompanyOption("DefaultGroups", section, "").toText());
+    if (listed && isNew())
+        groups.tick(host().options().GetCompanyOption("DefaultGroups", section, "").toText());
 }
 
 void CustomerEditor::txtCustomerName_Leave() {
     const std::string& name = textBox("txtCustomerName").text();
     if (!isNew() || name.empty()) return;
     const PersonName parts = host().common().ParseCompleteName(name);
-    const std::pair<std::string_view, const std::string&> boxes[] = {{"txtFirstName", parts.first},
-                                                                     {"txtMiddleInitial", parts.middleInitial},
-                                                                     {"txtLastName", parts.last}};
+    const std::pair<std::string_view, const std::string&> boxes[] = {
+        {"txtFirstName", parts.first},
+        {"txtMiddleInitial", parts.middleInitial},
+        {"txtLastName", parts.last}};
     for (const auto& [box, part] : boxes) {
         if (!part.empty()) textBox(box).setText(part);
     }
@@ -181,7 +184,8 @@ void CustomerEditor::Hyperlink_EditGroups() {
 bool CustomerEditor::isDuplicate(std::string_view control, std::string_view noun) {
     const Field& field = fieldOf(control);
     const std::string& value = field.text().text();
-    if (!host().common().RecordExists(customerRecord.table, field.description().column, value, ID)) return false;
+    if (!host().common().RecordExists(customerRecord.table, field.description().column, value, ID))
+        return false;
     refuse(format("A customer with the {0} '", noun) + value + "' already exists.", field.control());
     return true;
 }
@@ -214,7 +218,8 @@ bool CustomerEditor::validate() {
         return false;
     }
     if (!comboBox("cboSalesRep").chosen() &&
-        !ask("You have not selected a sales rep for this customer. You will be required to select a sales rep when you create a quote or sale for this customer. Are you sure you want to continue without selecting a sales rep?")) {
+        !ask(
+            "You have not selected a sales rep for this customer. You will be required to select a sales rep when you create a quote or sale for this customer. Are you sure you want to continue without selecting a sales rep?")) {
         goTo(comboBox("cboSalesRep"));
         return false;
     }
@@ -241,7 +246,9 @@ void CustomerEditor::ensureDefaultAddress() {
 }
 
 std::int32_t editCustomer(Library& library, std::int32_t ID) {
-    return openRecord(library, screenName, [&] { return std::make_shared<CustomerEditor>(library); }, ID)->result();
+    return openRecord(
+               library, screenName, [&] { return std::make_shared<CustomerEditor>(library); }, ID)
+        ->result();
 }
 
 }  // namespace tsln::entities

@@ -14,7 +14,8 @@ class CustomerEditor : public RecordDialog {
   public:
     explicit CustomerEditor(Library& library);
 
-    TabControl TabControl1{*this, "TabControl1", {"General", "Pricing and terms", "Assignments", "Comments", "Groups"}};
+    TabControl TabControl1{
+        *this, "TabControl1", {"General", "Pricing and terms", "Assignments", "Comments", "Groups"}};
     Frame grpBillTo{*this, "grpBillTo", "Bill-to address"};
     Frame grpShipTo{*this, "grpShipTo", "Ship-to addresses"};
     LabelledAddresses addresses;

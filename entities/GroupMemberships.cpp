@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::size_t memberColumn = 2;
 /// The groups of customers; other types group other records.
-constexpr std::string_view readGroupsOfCustomers = 
+constexpr std::string_view readGroupsOfCustomers =
     "SELECT * FROM Groups WHERE GroupType = 1 ORDER BY GroupName";
 
 }  // namespace
@@ -69,7 +69,8 @@ void GroupMemberships::tick(std::string_view keys) {
         const std::size_t comma = std::min(keys.find(','), keys.size());
         std::int32_t group = 0;
         if (readNumber(keys.substr(0, comma), group) == Reading::Done) {
-            if (const auto record = rptGroups.findRecord(group)) rptGroups.setCell(*record, memberColumn, "1");
+            if (const auto record = rptGroups.findRecord(group))
+                rptGroups.setCell(*record, memberColumn, "1");
         }
         keys.remove_prefix(std::min(comma + 1, keys.size()));
     }

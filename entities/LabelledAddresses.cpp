@@ -143,7 +143,8 @@ void LabelledAddresses::keepTyped() {
 
 void LabelledAddresses::select(std::optional<std::size_t> index) {
     chosen_ = index;
-    if (!index || !cboAddressLabel.choose(static_cast<std::int32_t>(*index))) cboAddressLabel.setListIndex(-1);
+    if (!index || !cboAddressLabel.choose(static_cast<std::int32_t>(*index)))
+        cboAddressLabel.setListIndex(-1);
     lblDefaultAddress.setVisible(index && stored_.at(*index).isDefault);
 }
 

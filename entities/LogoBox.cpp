@@ -47,12 +47,14 @@ void LogoBox::browse() {
     const std::string name = logoFiles::nameOf(*path);
     const std::string target = logoFiles::within(folder_, name);
     if (logoFiles::exists(target) &&
-        !screen_.ask("A file with the name '" + name + "' already exists in the Reports folder. Are you sure you want to replace it?")) {
+        !screen_.ask("A file with the name '" + name +
+                     "' already exists in the Reports folder. Are you sure you want to replace it?")) {
         return;
     }
     if (folder_.empty() || !logoFiles::copy(*path, target)) {
-        screen_.host().ShowAndLogErrorMessage("The file '" + name + "' could not be copied to the Reports folder.",
-                                              "Make sure the file is not open by another program and try again.", "");
+        screen_.host().ShowAndLogErrorMessage(
+            "The file '" + name + "' could not be copied to the Reports folder.",
+            "Make sure the file is not open by another program and try again.", "");
         return;
     }
     box_.setText(name);

@@ -13,7 +13,8 @@ namespace fs = std::filesystem;
 
 bool isPicture(const fs::path& file) {
     constexpr std::string_view endings[] = {".jpg", ".png", ".gif"};
-    return std::ranges::find(endings, modSharedStrings::toLower(utf8Of(file.extension()))) != std::end(endings);
+    return std::ranges::find(endings, modSharedStrings::toLower(utf8Of(file.extension()))) !=
+           std::end(endings);
 }
 
 }  // namespace

@@ -62,11 +62,11 @@ UpdateOrderInformation::UpdateOrderInformation(Library& library)
 
 Layout UpdateOrderInformation::content() {
     using namespace tsln::layout;
-    return column({item(lblCustomer),
-                   form({row({item(chkInstallationAddress), fill(cboAddress)}), stretch(column({fill(txtAddress)})),
-                         row({item(chkSalesRep), item(lblRep)}), row({item(chkInstaller), item(lblInstaller)}),
-                         row({item(chkDesigner), item(lblDesigner)}), field("&Update:", cboScope),
-                         item(chkActive)})});
+    return column(
+        {item(lblCustomer),
+         form({row({item(chkInstallationAddress), fill(cboAddress)}), stretch(column({fill(txtAddress)})),
+               row({item(chkSalesRep), item(lblRep)}), row({item(chkInstaller), item(lblInstaller)}),
+               row({item(chkDesigner), item(lblDesigner)}), field("&Update:", cboScope), item(chkActive)})});
 }
 
 bool UpdateOrderInformation::initialize(std::int32_t customer) {
@@ -81,7 +81,8 @@ void UpdateOrderInformation::readCustomer() {
     found_ = static_cast<bool>(customer);
     if (!found_) return tell("This customer no longer exists.", MessageIcon::Exclamation);
 
-    lblCustomer.setCaption("Quotes and orders of " + asCaption(modSharedXML::readText("CustomerName", customer)) + ":");
+    lblCustomer.setCaption("Quotes and orders of " +
+                           asCaption(modSharedXML::readText("CustomerName", customer)) + ":");
     const auto nameOf = [this](const std::optional<std::int32_t>& employee) {
         return employee ? asCaption(host().common().GetEmployeeName(*employee)) : std::string("(none)");
     };
@@ -93,7 +94,8 @@ void UpdateOrderInformation::readCustomer() {
     lblDesigner.setCaption(nameOf(designer_));
 
     offer("Billing Address", readAddress(customer, "BillTo"));
-    const Records addresses = database.ExecuteRead("SELECT * FROM CustomerAddresses WHERE CustomerID = " + std::to_string(ID));
+    const Records addresses =
+        database.ExecuteRead("SELECT * FROM CustomerAddresses WHERE CustomerID = " + std::to_string(ID));
     for (const Record row : addresses)
         offer(modSharedXML::readText("AddressLabel", row), readAddress(row, ""));
     cboAddress.setListIndex(0);
@@ -124,7 +126,8 @@ bool UpdateOrderInformation::validate() {
 std::string UpdateOrderInformation::statement() const {
     std::string sql = "UPDATE Orders SET ";
     if (chkInstallationAddress.checked()) {
-        sql += "ShipToAddress1 = <sa1>, ShipToAddress2 = <sa2>, ShipToCity = <sc>, ShipToState = <ss>, ShipToZip = <sz>, ShipToCountry = <sy>, ";
+        sql +=
+            "ShipToAddress1 = <sa1>, ShipToAddress2 = <sa2>, ShipToCity = <sc>, ShipToState = <ss>, ShipToZip = <sz>, ShipToCountry = <sy>, ";
     }
     if (chkSalesRep.checked()) sql += "SalesRepID = <repid>, ";
     if (chkInstaller.checked()) sql += "InstallerID = <installerid>, ";
@@ -152,7 +155,8 @@ bool UpdateOrderInformation::save() {
         tell("The quotes/orders have been updated.", MessageIcon::Information);
         return true;
     }
-    reportDatabaseFailure("The quotes/orders could not be updated.", standardExplanation, &Host::ShowErrorMessage);
+    reportDatabaseFailure("The quotes/orders could not be updated.", standardExplanation,
+                          &Host::ShowErrorMessage);
     return false;
 }
 

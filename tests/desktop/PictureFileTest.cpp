@@ -11,8 +11,8 @@ namespace tsln::desktop::test {
 namespace {
 
 /// A picture of one red pixel.
-constexpr unsigned char redGif[] = {'G', 'I', 'F', '8', '9', 'a', 1,    0, 1, 0, 0x80, 0, 0, 255, 0, 0, 0, 0,
-                                    0,   0x2C, 0,  0,   0,   0,   1,    0, 1, 0, 0,    2, 2, 0x44, 1, 0, 0x3B};
+constexpr unsigned char redGif[] = {'G', 'I',  'F', '8', '9', 'a', 1, 0, 1, 0, 0x80, 0, 0, 255,  0, 0, 0,   0,
+                                    0,   0x2C, 0,   0,   0,   0,   1, 0, 1, 0, 0,    2, 2, 0x44, 1, 0, 0x3B};
 
 TEST(PictureFile, APictureIsReadAndAnythingElseSaysWhatItIs) {
     const tsln::test::TempFolder folder("Größe ");

@@ -216,7 +216,8 @@ TEST(CompanyEditor, AFileThatCannotBeCopiedIsToldAndChangesNothing) {
             editor.logos[0].cmdBrowse.userPress();
         EXPECT_EQ(editor.comboBox("cboLabelLogoFile").text(), "gone.png");
     });
-    const std::string advice = " could not be copied to the Reports folder., Make sure the file is not open by another program and try again., ";
+    const std::string advice =
+        " could not be copied to the Reports folder., Make sure the file is not open by another program and try again., ";
     EXPECT_THAT(stage.host->callsOf("ShowAndLogErrorMessage"),
                 ElementsAre("The file 'old.png'" + advice, "The file 'taken.png'" + advice,
                             "The file 'missing.png'" + advice));

@@ -48,7 +48,8 @@ TEST(CustomerEditor, ANewCustomerGetsTheDefaultsAndIsInserted) {
                              EXPECT_EQ(editor.caption(), "New Customer");
                              EXPECT_EQ(editor.comboBox("cboPhone1Label").text(), "Cell");
                              EXPECT_EQ(editor.comboBox("cboDiscountGroup").text(), "Entry 12");
-                             EXPECT_EQ(editor.comboBox("cboReferralMethod").text(), "Entry 11") << "the first";
+                             EXPECT_EQ(editor.comboBox("cboReferralMethod").text(), "Entry 11")
+                                 << "the first";
                              EXPECT_EQ(editor.comboBox("cboLocation").text(), "") << "has no default";
                              EXPECT_TRUE(editor.checkBox("chkActive").checked());
                              EXPECT_EQ(tickedGroups(editor), "News;Offices;");
@@ -77,8 +78,9 @@ TEST(CustomerEditor, ANewCustomerGetsTheDefaultsAndIsInserted) {
               8);
     EXPECT_THAT(stage.inserted(), ElementsAre(insertedWhole));
     EXPECT_THAT(stage.executed(), ElementsAre("EXEC EnsureCustomerDefaultAddress 8"));
-    EXPECT_THAT(stage.further(), ElementsAre("INSERT INTO GroupedCustomers (GroupID, CustomerID) VALUES(1, 8)",
-                                             "INSERT INTO GroupedCustomers (GroupID, CustomerID) VALUES(2, 8)"));
+    EXPECT_THAT(stage.further(),
+                ElementsAre("INSERT INTO GroupedCustomers (GroupID, CustomerID) VALUES(1, 8)",
+                            "INSERT INTO GroupedCustomers (GroupID, CustomerID) VALUES(2, 8)"));
     EXPECT_THAT(stage.host->callsOf("Activity.RecordCustomerActivity"), ElementsAre("8, Customer added."));
     EXPECT_THAT(stage.host->callsOf("RecordEvent"), ElementsAre("2, Customer 'O'Dell was added."));
     EXPECT_THAT(stage.host->callsOf("Messages.PostMessage"), ElementsAre("3001, 8"));
@@ -88,9 +90,10 @@ TEST(CustomerEditor, ANewCustomerGetsTheDefaultsAndIsInserted) {
     EXPECT_THAT(stage.host->callsOf("Database.ExecuteScaler"), IsEmpty());
     for (const char* option :
          {"DefaultTaxGroup, Customers, -1", "DefaultCustomerDiscountGroup, Customers, -1",
-          "DefaultCustomerType, Customers, -1", "DefaultSalesRep, Customers, -1", "DefaultInstaller, Customers, -1",
-          "DefaultDesigner, Customers, -1", "DefaultShippingMethod, Customers, -1",
-          "DefaultReferralMethod, Customers, -1", "DefaultEmail2Label, Customers, Work"})
+          "DefaultCustomerType, Customers, -1", "DefaultSalesRep, Customers, -1",
+          "DefaultInstaller, Customers, -1", "DefaultDesigner, Customers, -1",
+          "DefaultShippingMethod, Customers, -1", "DefaultReferralMethod, Customers, -1",
+          "DefaultEmail2Label, Customers, Work"})
         EXPECT_THAT(stage.host->callsOf("Options.GetCompanyOption"), Contains(option));
 }
 
@@ -103,10 +106,12 @@ TEST(CustomerEditor, InTheModeOfOwnCustomersASalesRepGetsTheNewCustomer) {
         CustomerStage stage;
         stage.host->on("OperatingMode", Variant(c.mode));
         stage.host->on("Database.ExecuteScaler", Variant(c.count));
-        stage.edit(0, [&](CustomerEditor& editor) { EXPECT_EQ(editor.comboBox("cboSalesRep").text(), c.rep); });
+        stage.edit(0,
+                   [&](CustomerEditor& editor) { EXPECT_EQ(editor.comboBox("cboSalesRep").text(), c.rep); });
         if (c.mode != 2) continue;
-        EXPECT_THAT(stage.host->callsOf("Database.ExecuteScaler"),
-                    ElementsAre("SELECT COUNT(*) AS theCount FROM Employees WHERE ID = 12 AND SalesRep <> 0 "));
+        EXPECT_THAT(
+            stage.host->callsOf("Database.ExecuteScaler"),
+            ElementsAre("SELECT COUNT(*) AS theCount FROM Employees WHERE ID = 12 AND SalesRep <> 0 "));
     }
 }
 
@@ -128,7 +133,8 @@ TEST(CustomerEditor, ACustomerIsLoadedAndUpdatedAndTheHistoryShowsTheChange) {
                              EXPECT_EQ(editor.comboBox("cboDesigner").text(), "") << "no such designer";
                              EXPECT_TRUE(editor.comboBox("cboLocation").visible());
                              EXPECT_EQ(labelsOf(editor), "Home;Work;");
-                             EXPECT_EQ(editor.addresses.cboAddressLabel.text(), "Work") << "the default address";
+                             EXPECT_EQ(editor.addresses.cboAddressLabel.text(), "Work")
+                                 << "the default address";
                              EXPECT_EQ(editor.addresses.txtShipToAddress.text(), "Dock 2\r\nReno");
                              EXPECT_EQ(tickedGroups(editor), "Builders;News;");
                              accept(editor);
@@ -143,8 +149,9 @@ TEST(CustomerEditor, ACustomerIsLoadedAndUpdatedAndTheHistoryShowsTheChange) {
             "DELETE FROM GroupedCustomers WHERE CustomerID = 7",
             "INSERT INTO GroupedCustomers (GroupID, CustomerID) VALUES(1, 7)",
             "INSERT INTO GroupedCustomers (GroupID, CustomerID) VALUES(3, 7)"));
-    EXPECT_THAT(stage.host->callsOf("Activity.RecordCustomerActivity"),
-                ElementsAre("7, Customer updated:\r\nCustomer name: Dell, Ann to Dell, Eve\r\nActive: Yes to No"));
+    EXPECT_THAT(
+        stage.host->callsOf("Activity.RecordCustomerActivity"),
+        ElementsAre("7, Customer updated:\r\nCustomer name: Dell, Ann to Dell, Eve\r\nActive: Yes to No"));
     EXPECT_THAT(stage.host->callsOf("RecordEvent"), ElementsAre("2, Customer 'Dell, Ann was updated."));
     EXPECT_THAT(stage.host->callsOf("Messages.PostMessage"), ElementsAre("3003, 7"));
     EXPECT_FALSE(stage.told());
@@ -185,9 +192,9 @@ TEST(CustomerEditor, TheNameOfANewCustomerIsSplit) {
 }
 
 TEST(CustomerEditor, AnEmptyAccountNumberIsNullAndTheCreditLimitIsTheLeadingNumber) {
-    const std::pair<const char*, const char*> limits[] = {{"", "0"},         {"abc", "0"},    {"-3.25x", "-3.25"},
-                                                          {"1,000", "1"},    {"$5", "0"},     {"1e3", "1000"},
-                                                          {"1e999", "0"},    {".5.5", "0.5"}, {"inf", "0"}};
+    const std::pair<const char*, const char*> limits[] = {
+        {"", "0"},       {"abc", "0"},   {"-3.25x", "-3.25"}, {"1,000", "1"}, {"$5", "0"},
+        {"1e3", "1000"}, {"1e999", "0"}, {".5.5", "0.5"},     {"inf", "0"}};
     for (const auto& [typed, written] : limits) {
         CustomerStage stage;
         stage.edit(0, [&](CustomerEditor& editor) {
@@ -197,7 +204,8 @@ TEST(CustomerEditor, AnEmptyAccountNumberIsNullAndTheCreditLimitIsTheLeadingNumb
             accept(editor);
         });
         EXPECT_THAT(stage.inserted(), ElementsAre(HasSubstr("VALUES ('C', NULL, '")));
-        EXPECT_THAT(stage.inserted(), ElementsAre(EndsWith(std::string(", ") + written + ", 11, 0)"))) << typed;
+        EXPECT_THAT(stage.inserted(), ElementsAre(EndsWith(std::string(", ") + written + ", 11, 0)")))
+            << typed;
         EXPECT_EQ(stage.host->callsOf("Common.RecordExists").size(), 1U) << "only the name must be unique";
     }
     CustomerStage stage;
@@ -219,7 +227,8 @@ TEST(CustomerEditor, EachRefusalNamesItsFieldAndSavesNothing) {
          [](CustomerStage& stage, CustomerEditor&) { stage.host->on("Common.RecordExists", Variant(true)); }},
         {"A customer with the account number 'A7' already exists.", "txtAccountNumber", 0,
          [](CustomerStage& stage, CustomerEditor&) {
-             stage.host->on("Common.RecordExists", [](Arguments a) { return a[1].toText() == "AccountNumber"; });
+             stage.host->on("Common.RecordExists",
+                            [](Arguments a) { return a[1].toText() == "AccountNumber"; });
          }},
         {"You must select a price discount group.", "cboDiscountGroup", 1,
          [](CustomerStage&, CustomerEditor& editor) {
@@ -272,8 +281,9 @@ TEST(CustomerEditor, TheCompanyDecidesWhetherAChangedCustomerIsExportedAgain) {
     const struct {
         const char* option;
         bool exported, yes, asked, stays;
-    } cases[] = {{"0", true, true, false, true},  {"1", true, true, true, false},   {"1", true, false, true, true},
-                 {"1", false, true, false, false}, {"2", true, false, false, false}, {"3", true, true, false, true},
+    } cases[] = {{"0", true, true, false, true},    {"1", true, true, true, false},
+                 {"1", true, false, true, true},    {"1", false, true, false, false},
+                 {"2", true, false, false, false},  {"3", true, true, false, true},
                  {"often", true, true, false, true}};
     for (const auto& c : cases) {
         CustomerStage stage;
@@ -287,7 +297,8 @@ TEST(CustomerEditor, TheCompanyDecidesWhetherAChangedCustomerIsExportedAgain) {
         });
         EXPECT_EQ(stage.desktop.boxes.size(), c.asked ? 1U : 0U) << c.option;
         if (c.asked) {
-            EXPECT_EQ(stage.desktop.boxes[0], (Box{askExported, MessageButtons::YesNo, MessageIcon::Question}));
+            EXPECT_EQ(stage.desktop.boxes[0],
+                      (Box{askExported, MessageButtons::YesNo, MessageIcon::Question}));
         }
         EXPECT_THAT(stage.executed(), Contains(HasSubstr(c.stays ? "Exported = 1 " : "Exported = 0 ")));
     }
@@ -297,9 +308,11 @@ TEST(CustomerEditor, AFailedSaveIsReportedAndKeepsTheInput) {
     for (const std::int32_t ID : {0, 7}) {
         CustomerStage stage;
         int tries = 0;
-        stage.host->on("Database.ExecuteNonQuery",
-                       [&](Arguments a) { return Variant(a[0].toText().starts_with("EXEC") || ++tries > 1); });
-        stage.host->on("Database.ExecuteNonQueryWithID", [&](Arguments) { return Variant(++tries > 1 ? 8 : -1); });
+        stage.host->on("Database.ExecuteNonQuery", [&](Arguments a) {
+            return Variant(a[0].toText().starts_with("EXEC") || ++tries > 1);
+        });
+        stage.host->on("Database.ExecuteNonQueryWithID",
+                       [&](Arguments) { return Variant(++tries > 1 ? 8 : -1); });
         EXPECT_EQ(stage.edit(ID,
                              [&](CustomerEditor& editor) {
                                  editor.textBox("txtCustomerName").userType("Kept");
@@ -315,10 +328,12 @@ TEST(CustomerEditor, AFailedSaveIsReportedAndKeepsTheInput) {
                                  accept(editor);
                              }),
                   ID == 0 ? 8 : 7);
-        EXPECT_THAT(stage.host->callsOf("ShowAndLogErrorMessage"),
-                    ElementsAre("The customer 'Kept could not be " + std::string(ID == 0 ? "added" : "updated") + "., " +
-                                explanation + ", the database's own words"));
-        EXPECT_THAT(stage.further(), Contains(HasSubstr("VALUES(2, " + std::to_string(ID == 0 ? 8 : 7) + ")")));
+        EXPECT_THAT(
+            stage.host->callsOf("ShowAndLogErrorMessage"),
+            ElementsAre("The customer 'Kept could not be " + std::string(ID == 0 ? "added" : "updated") +
+                        "., " + explanation + ", the database's own words"));
+        EXPECT_THAT(stage.further(),
+                    Contains(HasSubstr("VALUES(2, " + std::to_string(ID == 0 ? 8 : 7) + ")")));
     }
 }
 
@@ -338,31 +353,33 @@ TEST(CustomerEditor, AFailedFurtherStatementIsToldAndTheRestIsSaved) {
     };
     for (const auto& c : cases) {
         CustomerStage stage;
-        stage.host->on("CurrentCompanyConn.Execute", [&, usual = RecordingHost::make()](Arguments a) -> Variant {
-            const std::string sql = a[0].toText();
-            if (sql.starts_with(c.fails)) throw HostError(code::fail, "Connection", "refused");
-            usual->rows("SELECT * FROM Customers WHERE ID = 7", customerSeven());
-            return usual->sharedCode()->get("CurrentCompanyConn").object().call("Execute", sql);
-        });
-        EXPECT_EQ(stage.edit(c.ID,
-                             [&](CustomerEditor& editor) {
-                                 editor.textBox("txtCustomerName").userType("C");
-                                 if (c.ID == 7) editor.addresses.Hyperlink_DeleteAddress();
-                                 editor.addresses.txtShipToAddress.userType("typed");
-                                 editor.addresses.txtShipToAddress.userLeft();
-                                 if (c.ID == 7) {
-                                     stage.desktop.user<RecordDialog>("frmAddressLabel", [](RecordDialog& dialog) {
-                                         dynamic_cast<ComboBox&>(*dialog.control("cboLabel")).userType("New");
-                                         dialog.cmdOK.userPress();
-                                     });
-                                     editor.addresses.Hyperlink_NewAddress();
-                                 }
-                                 tickGroup(editor, "Builders");
-                                 tickGroup(editor, "Offices");
-                                 if (c.ID == 7) tickGroup(editor, "News");
-                                 accept(editor);
-                             }),
-                  c.ID == 0 ? 8 : 7);
+        stage.host->on(
+            "CurrentCompanyConn.Execute", [&, usual = RecordingHost::make()](Arguments a) -> Variant {
+                const std::string sql = a[0].toText();
+                if (sql.starts_with(c.fails)) throw HostError(code::fail, "Connection", "refused");
+                usual->rows("SELECT * FROM Customers WHERE ID = 7", customerSeven());
+                return usual->sharedCode()->get("CurrentCompanyConn").object().call("Execute", sql);
+            });
+        EXPECT_EQ(
+            stage.edit(c.ID,
+                       [&](CustomerEditor& editor) {
+                           editor.textBox("txtCustomerName").userType("C");
+                           if (c.ID == 7) editor.addresses.Hyperlink_DeleteAddress();
+                           editor.addresses.txtShipToAddress.userType("typed");
+                           editor.addresses.txtShipToAddress.userLeft();
+                           if (c.ID == 7) {
+                               stage.desktop.user<RecordDialog>("frmAddressLabel", [](RecordDialog& dialog) {
+                                   dynamic_cast<ComboBox&>(*dialog.control("cboLabel")).userType("New");
+                                   dialog.cmdOK.userPress();
+                               });
+                               editor.addresses.Hyperlink_NewAddress();
+                           }
+                           tickGroup(editor, "Builders");
+                           tickGroup(editor, "Offices");
+                           if (c.ID == 7) tickGroup(editor, "News");
+                           accept(editor);
+                       }),
+            c.ID == 0 ? 8 : 7);
         EXPECT_THAT(stage.host->callsOf("ShowADOErrorMessage"),
                     ElementsAre(std::string(c.told) + ", {standard explanation}, object"))
             << c.fails;
@@ -407,7 +424,8 @@ TEST(CustomerEditor, TheListOfGroupsIsEditedFromTheEditor) {
         accept(editor);
     });
     EXPECT_THAT(stage.further(), Contains("INSERT INTO GroupedCustomers (GroupID, CustomerID) VALUES(9, 7)"));
-    EXPECT_THAT(stage.further(), Not(Contains("INSERT INTO GroupedCustomers (GroupID, CustomerID) VALUES(3, 7)")));
+    EXPECT_THAT(stage.further(),
+                Not(Contains("INSERT INTO GroupedCustomers (GroupID, CustomerID) VALUES(3, 7)")));
 }
 
 TEST(CustomerEditor, EveryHostFaultIsReportedAndKeepsTheInput) {

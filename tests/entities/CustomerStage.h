@@ -32,8 +32,9 @@ inline std::string customerSeven() {
 }
 
 inline std::string addressRow(int ID, const std::string& label, const std::string& line, bool isDefault) {
-    return "<Record><ID>" + std::to_string(ID) + "</ID><AddressLabel>" + label + "</AddressLabel><Address1>" + line +
-           "</Address1><City>Reno</City><IsDefault>" + (isDefault ? "1" : "0") + "</IsDefault></Record>";
+    return "<Record><ID>" + std::to_string(ID) + "</ID><AddressLabel>" + label + "</AddressLabel><Address1>" +
+           line + "</Address1><City>Reno</City><IsDefault>" + (isDefault ? "1" : "0") +
+           "</IsDefault></Record>";
 }
 
 /// A host with two entries in every list, three groups, and the customer 7 with two addresses in two groups.
@@ -42,9 +43,9 @@ struct CustomerStage : Stage {
 
     static void furnish(Stage& stage) {
         for (const char* loader :
-             {"LoadTaxGroups", "LoadDiscountGroups", "LoadCustomerTypes", "LoadTerms", "LoadSalesReps", "LoadInstallers",
-              "LoadDesigners", "LoadShippingMethods", "LoadReferralMethods", "LoadLocations", "LoadPhoneLabels",
-              "LoadEmailLabels"}) {
+             {"LoadTaxGroups", "LoadDiscountGroups", "LoadCustomerTypes", "LoadTerms", "LoadSalesReps",
+              "LoadInstallers", "LoadDesigners", "LoadShippingMethods", "LoadReferralMethods",
+              "LoadLocations", "LoadPhoneLabels", "LoadEmailLabels"}) {
             stage.host->on(std::string("Common.") + loader, [](Arguments a) {
                 for (const int ID : {11, 12}) {
                     a[0].object().call("AddItem", "Entry " + std::to_string(ID));
@@ -62,12 +63,14 @@ struct CustomerStage : Stage {
         stage.host->rows("SELECT * FROM CustomerAddresses WHERE CustomerID = 7",
                          "<Records>" + addressRow(70, "Home", "1 Mill St", false) +
                              addressRow(71, "Work", "Dock 2", true) + "</Records>");
-        stage.host->rows("SELECT * FROM Groups WHERE GroupType = 1 ORDER BY GroupName",
-                         "<Records><Record><ID>3</ID><GroupName>Builders</GroupName><Description>b</Description></Record>"
-                         "<Record><ID>1</ID><GroupName>News</GroupName></Record>"
-                         "<Record><ID>2</ID><GroupName>Offices</GroupName></Record></Records>");
-        stage.host->rows("SELECT * FROM GroupedCustomers WHERE CustomerID = 7",
-                         "<Records><Record><GroupID>1</GroupID></Record><Record><GroupID>3</GroupID></Record></Records>");
+        stage.host->rows(
+            "SELECT * FROM Groups WHERE GroupType = 1 ORDER BY GroupName",
+            "<Records><Record><ID>3</ID><GroupName>Builders</GroupName><Description>b</Description></Record>"
+            "<Record><ID>1</ID><GroupName>News</GroupName></Record>"
+            "<Record><ID>2</ID><GroupName>Offices</GroupName></Record></Records>");
+        stage.host->rows(
+            "SELECT * FROM GroupedCustomers WHERE CustomerID = 7",
+            "<Records><Record><GroupID>1</GroupID></Record><Record><GroupID>3</GroupID></Record></Records>");
     }
 
     template <class Act>

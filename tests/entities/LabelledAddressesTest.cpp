@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "entities/AddressLabelDialog.h"
 #include "tests/entities/CustomerStage.h"
 
 namespace tsln::test {
@@ -25,8 +26,9 @@ TEST(LabelledAddresses, TheLinksAddDeleteLabelAndChooseTheDefault) {
     CustomerStage stage;
     stage.edit(7, [&](CustomerEditor& editor) {
         auto& addresses = editor.addresses;
-        EXPECT_EQ(addresses.lblAddressLinks.caption(),
-                  "<TextBlock TextAlignment='Right' FontSize='12'><Hyperlink Click='Hyperlink_NewAddress'>New</Hyperlink> / <Hyperlink Click='Hyperlink_DeleteAddress'>Delete</Hyperlink> / <Hyperlink Click='Hyperlink_EditLabel'>Edit Label</Hyperlink> / <Hyperlink Click='Hyperlink_MakeDefault'>Make Default</Hyperlink></TextBlock>");
+        EXPECT_EQ(
+            addresses.lblAddressLinks.caption(),
+            "<TextBlock TextAlignment='Right' FontSize='12'><Hyperlink Click='Hyperlink_NewAddress'>New</Hyperlink> / <Hyperlink Click='Hyperlink_DeleteAddress'>Delete</Hyperlink> / <Hyperlink Click='Hyperlink_EditLabel'>Edit Label</Hyperlink> / <Hyperlink Click='Hyperlink_MakeDefault'>Make Default</Hyperlink></TextBlock>");
         EXPECT_TRUE(addresses.lblDefaultAddress.visible());
         answerLabel(stage, " Lake \xF0\x9F\x8F\xA0 ", "");
         addresses.lblAddressLinks.userFollow("Hyperlink_NewAddress");
@@ -91,8 +93,8 @@ TEST(LabelledAddresses, ALabelIsRequiredAndCancelChangesNothing) {
         box.userType("   ");
         dialog.cmdOK.userPress();
         EXPECT_TRUE(dialog.shown());
-        EXPECT_THAT(stage.desktop.boxes,
-                    ElementsAre(Box{"You must enter a label.", MessageButtons::Ok, MessageIcon::Exclamation}));
+        EXPECT_THAT(stage.desktop.boxes, ElementsAre(Box{"You must enter a label.", MessageButtons::Ok,
+                                                         MessageIcon::Exclamation}));
         box.userType("Typed");
         dialog.cmdCancel.userPress();
     });
@@ -148,15 +150,39 @@ TEST(LabelledAddresses, ThousandsOfAddressesAreListedAndSaved) {
     std::string rows;
     for (int i = 0; i < many; ++i)
         rows += addressRow(100 + i, "Site " + std::to_string(i), "Line", i == 1500);
-    stage.host->rows("SELECT * FROM CustomerAddresses WHERE CustomerID = 7", "<Records>" + rows + "</Records>");
+    stage.host->rows("SELECT * FROM CustomerAddresses WHERE CustomerID = 7",
+                     "<Records>" + rows + "</Records>");
     stage.edit(7, [](CustomerEditor& editor) {
         EXPECT_EQ(editor.addresses.cboAddressLabel.text(), "Site 1500");
         accept(editor);
     });
-    EXPECT_EQ(std::ranges::count_if(stage.further(),
-                                    [](const std::string& s) { return s.starts_with("UPDATE CustomerAddresses"); }),
-              many);
+    EXPECT_EQ(
+        std::ranges::count_if(stage.further(),
+                              [](const std::string& s) { return s.starts_with("UPDATE CustomerAddresses"); }),
+        many);
     EXPECT_EQ(stage.host->callsOf("CombineAddress").size(), 2U) << "for the two addresses that are shown";
+}
+
+TEST(LabelledAddresses, ATableWithoutADefaultWritesNone) {
+    Stage stage;
+    stage.host->rows("SELECT * FROM Homes WHERE OwnerID = 4",
+                     "<Records>" + addressRow(5, "Home", "1 Mill St", true) + "</Records>");
+    const entities::AddressTable homes{
+        .read = "SELECT * FROM Homes WHERE OwnerID = ",
+        .insert = "INSERT INTO Homes VALUES(<oid>, '<al>', '<a1>', '<a2>', '<y>', '<s>', '<z>', '<c>')",
+        .update = "UPDATE Homes SET AddressLabel = '<al>', City = '<y>' WHERE ID = <id>",
+        .remove = "",
+        .ownerTag = "<oid>"};
+    entities::StoredAddresses addresses(homes);
+    addresses.read(Host(*stage.library), 4);
+    EXPECT_FALSE(addresses.all()[0].isDefault);
+    addresses.at(addresses.add("Work")).parts[3] = "NV";
+    EXPECT_FALSE(addresses.all()[1].isDefault);
+    entities::AddressLabelDialog screen(*stage.library, "", "", {});
+    addresses.save(screen, 4);
+    EXPECT_THAT(stage.host->callsOf("CurrentCompanyConn.Execute"),
+                ElementsAre("UPDATE Homes SET AddressLabel = 'Home', City = 'Reno' WHERE ID = 5",
+                            "INSERT INTO Homes VALUES(4, 'Work', '', '', '', 'NV', '', '')"));
 }
 
 }  // namespace

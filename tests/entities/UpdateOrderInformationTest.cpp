@@ -23,7 +23,8 @@ void furnish(Stage& stage) {
     stage.host->rows("SELECT * FROM CustomerAddresses WHERE CustomerID = 7",
                      "<Records><Record><ID>1</ID><AddressLabel>Dock</AddressLabel><Address1>Dock 2</Address1>"
                      "<City>Elko</City></Record></Records>");
-    stage.host->on("Common.GetEmployeeName", [](Arguments a) { return Variant("Employee " + a[0].toText()); });
+    stage.host->on("Common.GetEmployeeName",
+                   [](Arguments a) { return Variant("Employee " + a[0].toText()); });
 }
 
 struct OrderStage : Stage {
@@ -92,8 +93,8 @@ TEST(UpdateOrderInformation, TheStatementIsJoinedFromTheTickedParts) {
             EXPECT_FALSE(screen.shown());
         });
         EXPECT_THAT(stage.executed(), ElementsAre(expected));
-        EXPECT_THAT(stage.desktop.boxes, ElementsAre(Box{"The quotes/orders have been updated.", MessageButtons::Ok,
-                                                         MessageIcon::Information}));
+        EXPECT_THAT(stage.desktop.boxes, ElementsAre(Box{"The quotes/orders have been updated.",
+                                                         MessageButtons::Ok, MessageIcon::Information}));
     }
 }
 
@@ -108,18 +109,20 @@ TEST(UpdateOrderInformation, NothingToChangeAndARefusedStatementAreToldAndTheScr
         EXPECT_TRUE(screen.shown());
         EXPECT_TRUE(screen.chkDesigner.checked());
     });
-    EXPECT_THAT(stage.desktop.boxes, ElementsAre(Box{"You must select something to change.", MessageButtons::Ok,
-                                                     MessageIcon::Exclamation}));
-    EXPECT_THAT(stage.host->callsOf("ShowErrorMessage"),
-                ElementsAre("The quotes/orders could not be updated., {standard explanation}, the database's own words"));
+    EXPECT_THAT(stage.desktop.boxes, ElementsAre(Box{"You must select something to change.",
+                                                     MessageButtons::Ok, MessageIcon::Exclamation}));
+    EXPECT_THAT(
+        stage.host->callsOf("ShowErrorMessage"),
+        ElementsAre(
+            "The quotes/orders could not be updated., {standard explanation}, the database's own words"));
 }
 
 TEST(UpdateOrderInformation, ACustomerThatIsGoneIsToldOf) {
     Stage stage;
     stage.library->ShowUpdateOrderInformation(8);
     EXPECT_THAT(stage.desktop.shown, IsEmpty());
-    EXPECT_THAT(stage.desktop.boxes,
-                ElementsAre(Box{"This customer no longer exists.", MessageButtons::Ok, MessageIcon::Exclamation}));
+    EXPECT_THAT(stage.desktop.boxes, ElementsAre(Box{"This customer no longer exists.", MessageButtons::Ok,
+                                                     MessageIcon::Exclamation}));
 }
 
 TEST(UpdateOrderInformation, EveryHostFaultIsReported) {
@@ -128,7 +131,8 @@ TEST(UpdateOrderInformation, EveryHostFaultIsReported) {
             furnish(stage);
             stage.desktop.user<UpdateOrderInformation>(screenName, [&](UpdateOrderInformation& screen) {
                 screen.cboAddress.userChoose(1);
-                for (CheckBox* box : {&screen.chkInstallationAddress, &screen.chkSalesRep, &screen.chkInstaller})
+                for (CheckBox* box :
+                     {&screen.chkInstallationAddress, &screen.chkSalesRep, &screen.chkInstaller})
                     box->userCheck(true);
                 screen.cmdOK.userPress();
                 EXPECT_TRUE(stage.told());

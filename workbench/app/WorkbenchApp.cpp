@@ -70,7 +70,8 @@ bool WorkbenchApp::OnInit() {
     }
     frame->Show();
     if (!options_.tour.empty()) {
-        std::printf("A tour of the terms list and the customer editor; its pictures are in %s\n", options_.tour.c_str());
+        std::printf("A tour of the terms list and the customer editor; its pictures are in %s\n",
+                    options_.tour.c_str());
         std::vector<Script> parts;
         parts.push_back(termsTour(session_.company(), options_.tour));
         parts.push_back(customerTour(session_.company(), options_.tour));

@@ -12,7 +12,8 @@ namespace {
 
 constexpr std::string_view titles[] = {"mr", "mrs", "ms", "miss", "dr", "prof", "rev"};
 constexpr std::string_view suffixes[] = {"jr", "sr", "ii", "iii", "iv", "esq", "md", "phd"};
-constexpr std::string_view particles[] = {"van", "von", "de", "da", "del", "di", "la", "le", "der", "den", "st"};
+constexpr std::string_view particles[] = {"van", "von", "de",  "da",  "del", "di",
+                                          "la",  "le",  "der", "den", "st"};
 
 using Words = std::vector<std::string>;
 

@@ -74,9 +74,11 @@ std::string png(int width, int height, const ColorAt& colorAt) {
                 pixels += static_cast<char>(part);
         }
     }
-    std::string header = bigEndian(static_cast<std::uint32_t>(width)) + bigEndian(static_cast<std::uint32_t>(height));
+    std::string header =
+        bigEndian(static_cast<std::uint32_t>(width)) + bigEndian(static_cast<std::uint32_t>(height));
     header += std::string("\x08\x02\0\0\0", 5);  // 8 bits for each of red, green and blue
-    return std::string("\x89PNG\r\n\x1A\n") + chunk("IHDR", header) + chunk("IDAT", stored(pixels)) + chunk("IEND", "");
+    return std::string("\x89PNG\r\n\x1A\n") + chunk("IHDR", header) + chunk("IDAT", stored(pixels)) +
+           chunk("IEND", "");
 }
 
 /// A row of windows with blinds, each let down a little further than the one before.
@@ -99,7 +101,8 @@ std::string blinds(int windows, int side, Color frame, Color slat, Color light) 
 }  // namespace
 
 void writeSamplePictures(const std::filesystem::path& folder) {
-    constexpr Color walnut{94, 62, 38}, oak{196, 154, 98}, sky{206, 228, 244}, gray{222, 222, 222}, pale{240, 240, 240};
+    constexpr Color walnut{94, 62, 38}, oak{196, 154, 98}, sky{206, 228, 244}, gray{222, 222, 222},
+        pale{240, 240, 240};
     const std::pair<const char*, std::string> pictures[] = {
         {"Lanternlight small.png", blinds(1, 48, walnut, oak, sky)},
         {"Lanternlight large.png", blinds(4, 96, walnut, oak, sky)},

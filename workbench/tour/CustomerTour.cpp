@@ -93,13 +93,17 @@ Script customerTour(Company& company, std::string folder) {
     album.take("added", "the history begins");
 
     const std::string of = std::string(" FROM Customers WHERE ID = ") + newest;
-    expectValue(company, "SELECT CustomerName + '|' + FirstName + '|' + MiddleInitial + '|' + LastName + '|' + Phone1" + of,
-                "Anna M. Quayside|Anna|M|Quayside|555 0199");
+    expectValue(
+        company,
+        "SELECT CustomerName + '|' + FirstName + '|' + MiddleInitial + '|' + LastName + '|' + Phone1" + of,
+        "Anna M. Quayside|Anna|M|Quayside|555 0199");
     const std::string addresses = std::string(" FROM CustomerAddresses WHERE CustomerID = ") + newest;
     expectValue(company, "SELECT COUNT(*)" + addresses, "2");
-    expectValue(company, "SELECT AddressLabel + '|' + Address1 + '|' + City" + addresses + " AND isDefault <> 0",
+    expectValue(company,
+                "SELECT AddressLabel + '|' + Address1 + '|' + City" + addresses + " AND isDefault <> 0",
                 "Lake house|30 Lakeshore Drive|Tamarack Point");
-    expectValue(company, std::string("SELECT COUNT(*) FROM GroupedCustomers WHERE CustomerID = ") + newest, "3");
+    expectValue(company, std::string("SELECT COUNT(*) FROM GroupedCustomers WHERE CustomerID = ") + newest,
+                "3");
 
     press(WXK_RETURN);
     co_await untilActive("Edit Customer");
@@ -111,7 +115,9 @@ Script customerTour(Company& company, std::string folder) {
     co_await untilActive("Customers");
     co_await settled();
     album.take("history", "and changed: the history tells the change");
-    expectValue(company, std::string("SELECT TOP 1 Activity FROM CustomerActivity WHERE CustomerID = ") + newest + " ORDER BY ID DESC",
+    expectValue(company,
+                std::string("SELECT TOP 1 Activity FROM CustomerActivity WHERE CustomerID = ") + newest +
+                    " ORDER BY ID DESC",
                 "Customer updated:\r\nCompanyName:  to Quayside Interiors");
     press(WXK_ESCAPE);
     co_await untilActive("Tessaline Workbench");

@@ -9,9 +9,9 @@
 #include "com/edge/Conversion.h"
 #include "com/edge/DispatchObject.h"
 #include "com/edge/Wide.h"
-#include "tests/com/server/Server.h"
 #include "doubles/RecordingHost.h"
 #include "doubles/TempFolder.h"
+#include "tests/com/server/Server.h"
 #include "workbench/host/CompanySession.h"
 
 namespace tsln::test {
@@ -168,7 +168,8 @@ TEST_F(SessionTest, ACustomerIsAddedAndItsOrdersGetItsSalesRep) {
     EXPECT_EQ("Åse M. O'Neill", value("SELECT CustomerName" + where));
     EXPECT_EQ("Customer added.",
               value("SELECT Activity FROM CustomerActivity WHERE CustomerID = " + std::to_string(saved)));
-    EXPECT_EQ("1", value("SELECT COUNT(*) FROM CustomerAddresses WHERE CustomerID = " + std::to_string(saved)));
+    EXPECT_EQ("1",
+              value("SELECT COUNT(*) FROM CustomerAddresses WHERE CustomerID = " + std::to_string(saved)));
 
     key = saved;
     {
@@ -181,7 +182,8 @@ TEST_F(SessionTest, ACustomerIsAddedAndItsOrdersGetItsSalesRep) {
         ASSERT_EQ(S_OK, library->ShowEditCustomer(&key, &saved));
     }
     EXPECT_EQ("Customer updated:\r\nCompanyName:  to Fjord",
-              value("SELECT TOP 1 Activity FROM CustomerActivity WHERE CustomerID = " + std::to_string(saved) + " ORDER BY ID DESC"));
+              value("SELECT TOP 1 Activity FROM CustomerActivity WHERE CustomerID = " +
+                    std::to_string(saved) + " ORDER BY ID DESC"));
 
     key = 8;
     {

@@ -26,7 +26,8 @@ struct CustomerCompany : ModuleStage {
     }
     std::vector<std::string> history(std::int32_t ID) const {
         std::vector<std::string> texts;
-        for (const HistoryEntry& entry : historyOf(session->company(), *recordKindOf(Operation::ShowEditCustomer), ID))
+        for (const HistoryEntry& entry :
+             historyOf(session->company(), *recordKindOf(Operation::ShowEditCustomer), ID))
             texts.push_back(entry.text);
         return texts;
     }
@@ -42,8 +43,9 @@ struct CustomerCompany : ModuleStage {
         return all;
     }
     std::vector<std::string> addressesOf(std::int32_t ID) const {
-        return rows("SELECT AddressLabel, Address1, City, isDefault FROM CustomerAddresses WHERE CustomerID = " +
-                    std::to_string(ID) + " ORDER BY ID");
+        return rows(
+            "SELECT AddressLabel, Address1, City, isDefault FROM CustomerAddresses WHERE CustomerID = " +
+            std::to_string(ID) + " ORDER BY ID");
     }
 };
 
@@ -80,11 +82,16 @@ TEST(CustomerOnCompany, ACustomerIsAddedReadBackAndItsChangesAreInTheHistory) {
     });
     ASSERT_GT(ID, 0);
     const std::string where = " FROM Customers WHERE ID = " + std::to_string(ID);
-    EXPECT_EQ(stage.rows("SELECT CustomerName, AccountNumber, FirstName, MiddleInitial, LastName, BillToCity, CreditLimit, TermsID, Active" + where),
-              std::vector<std::string>{"O'Brien, Anna Maria|-|Anna|M|O'Brien|Merriden Falls|1500.5|-|1"});
-    EXPECT_THAT(stage.addressesOf(ID), ElementsAre("Home|9 Quay Rd|Merriden Falls|0", "Boat \xF0\x9F\x9B\xA5|Pier 4|Oxbow Landing|1"));
-    const std::string groups = "SELECT GroupName FROM Groups INNER JOIN GroupedCustomers ON Groups.ID = GroupID WHERE CustomerID = " +
-                               std::to_string(ID) + " ORDER BY GroupName";
+    EXPECT_EQ(
+        stage.rows(
+            "SELECT CustomerName, AccountNumber, FirstName, MiddleInitial, LastName, BillToCity, CreditLimit, TermsID, Active" +
+            where),
+        std::vector<std::string>{"O'Brien, Anna Maria|-|Anna|M|O'Brien|Merriden Falls|1500.5|-|1"});
+    EXPECT_THAT(stage.addressesOf(ID), ElementsAre("Home|9 Quay Rd|Merriden Falls|0",
+                                                   "Boat \xF0\x9F\x9B\xA5|Pier 4|Oxbow Landing|1"));
+    const std::string groups =
+        "SELECT GroupName FROM Groups INNER JOIN GroupedCustomers ON Groups.ID = GroupID WHERE CustomerID = " +
+        std::to_string(ID) + " ORDER BY GroupName";
     EXPECT_THAT(stage.rows(groups), ElementsAre("Builders", "Newsletter"));
     EXPECT_THAT(stage.history(ID), ElementsAre("Customer added."));
     EXPECT_EQ(stage.lastEvent(), "Customer 'O'Brien, Anna Maria was added.");
@@ -142,7 +149,8 @@ TEST(CustomerOnCompany, NamesAndAccountNumbersAreUniqueButAnyNumberOfCustomersHa
 TEST(CustomerOnCompany, ARefusedAddressIsToldWithTheDatabasesWordsAndTheCustomerStays) {
     CustomerCompany stage;
     SQLite::Database(stage.folder.file("test.company"), SQLite::OPEN_READWRITE)
-        .exec("CREATE TRIGGER Refuse BEFORE UPDATE ON CustomerAddresses WHEN NEW.ID = 5 BEGIN SELECT RAISE(ABORT, 'Refused'); END");
+        .exec(
+            "CREATE TRIGGER Refuse BEFORE UPDATE ON CustomerAddresses WHEN NEW.ID = 5 BEGIN SELECT RAISE(ABORT, 'Refused'); END");
     EXPECT_EQ(stage.edit(5,
                          [](CustomerEditor& editor) {
                              editor.textBox("txtContact").userType("Kept");
@@ -157,26 +165,28 @@ TEST(CustomerOnCompany, ARefusedAddressIsToldWithTheDatabasesWordsAndTheCustomer
 
 TEST(CustomerOnCompany, OrdersGetWhatTheCustomerHasNow) {
     CustomerCompany stage;
-    const std::string orders = "SELECT SalesRepID, ShipToAddress1, ShipToCity, ShipToCountry FROM Orders WHERE CustomerID = 8 ORDER BY ID";
+    const std::string orders =
+        "SELECT SalesRepID, ShipToAddress1, ShipToCity, ShipToCountry FROM Orders WHERE CustomerID = 8 ORDER BY ID";
     stage.run("UPDATE Customers SET SalesRepID = 4 WHERE ID = 8");
     stage.run("UPDATE CustomerAddresses SET Address1 = 'It''s a Lane', City = 'Elko' WHERE CustomerID = 8");
     const auto before = stage.rows(orders);
     ASSERT_FALSE(before.empty());
     // The statement for active orders only lacks an AND, and the database refuses it.
-    stage.desktop.user<UpdateOrderInformation>("frmUpdateOrderInformation", [&](UpdateOrderInformation& screen) {
-        screen.chkInstallationAddress.userCheck(true);
-        screen.chkSalesRep.userCheck(true);
-        screen.cboAddress.userChoose(1);
-        screen.chkActive.userCheck(true);
-        screen.cmdOK.userPress();
-        ASSERT_EQ(stage.ui.shown.size(), 1U);
-        EXPECT_EQ(stage.ui.shown[0].text, "The quotes/orders could not be updated.");
-        EXPECT_THAT(stage.ui.shown[0].detail, HasSubstr("Active"));
-        EXPECT_EQ(stage.rows(orders), before);
-        screen.chkActive.userCheck(false);
-        screen.cmdOK.userPress();
-        EXPECT_FALSE(screen.shown());
-    });
+    stage.desktop.user<UpdateOrderInformation>(
+        "frmUpdateOrderInformation", [&](UpdateOrderInformation& screen) {
+            screen.chkInstallationAddress.userCheck(true);
+            screen.chkSalesRep.userCheck(true);
+            screen.cboAddress.userChoose(1);
+            screen.chkActive.userCheck(true);
+            screen.cmdOK.userPress();
+            ASSERT_EQ(stage.ui.shown.size(), 1U);
+            EXPECT_EQ(stage.ui.shown[0].text, "The quotes/orders could not be updated.");
+            EXPECT_THAT(stage.ui.shown[0].detail, HasSubstr("Active"));
+            EXPECT_EQ(stage.rows(orders), before);
+            screen.chkActive.userCheck(false);
+            screen.cmdOK.userPress();
+            EXPECT_FALSE(screen.shown());
+        });
     stage.library->ShowUpdateOrderInformation(8);
     EXPECT_THAT(stage.rows(orders), testing::Each("4|It's a Lane|Elko|USA"));
     EXPECT_EQ(stage.desktop.boxes.back().text, "The quotes/orders have been updated.");
@@ -187,7 +197,8 @@ TEST(CustomerOnCompany, TheCompanyIsEditedWithTheLogosOfItsReportsFolder) {
     const std::string type = stage.value("SELECT CompanyType FROM Company");
     stage.desktop.user<CompanyEditor>("frmEditCompany", [&](CompanyEditor& editor) {
         EXPECT_EQ(editor.comboBox("cboLabelLogoFile").entries().size(), 3U);
-        EXPECT_TRUE(std::filesystem::exists(editor.logos[0].imgLogo.file())) << editor.logos[0].imgLogo.file();
+        EXPECT_TRUE(std::filesystem::exists(editor.logos[0].imgLogo.file()))
+            << editor.logos[0].imgLogo.file();
         editor.textBox("txtTagLine2").userType("It's light");
         stage.desktop.files = {stage.folder.write("new.png", "x")};
         editor.logos[3].cmdBrowse.userPress();
@@ -199,7 +210,8 @@ TEST(CustomerOnCompany, TheCompanyIsEditedWithTheLogosOfItsReportsFolder) {
     EXPECT_EQ(stage.value("SELECT CompanyType FROM Company"), type);
 
     stage.run("DELETE FROM Company");
-    stage.run("INSERT INTO CompanyOptions (Section, OptionName, OptionValue) VALUES('Synchronization', 'IsRoamingWorkstation', '1')");
+    stage.run(
+        "INSERT INTO CompanyOptions (Section, OptionName, OptionValue) VALUES('Synchronization', 'IsRoamingWorkstation', '1')");
     stage.desktop.user<CompanyEditor>("frmEditCompany", [&](CompanyEditor& editor) {
         editor.textBox("txtName").userType("Second");
         editor.cmdOK.userPress();
