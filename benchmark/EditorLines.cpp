@@ -43,7 +43,7 @@ class Stage {
         });
         customer_ = data.scalar("SELECT MAX(ID) FROM Customers").toLong();
         data.execute(
-            "UPDATE Customers SET DiscountGroupID = 1, CustomerDiscountGroupID = 3, CustomerTypeID = 1, SalesRepID = 1 WHERE ID = " +
+            "UPDATE Customers SET CustomerName = 'The only one', AccountNumber = NULL, DiscountGroupID = 1, CustomerDiscountGroupID = 3, CustomerTypeID = 1, SalesRepID = 1 WHERE ID = " +
             std::to_string(customer_));
         data.execute("INSERT INTO GroupedCustomers (GroupID, CustomerID) SELECT MIN(ID), " +
                      std::to_string(customer_) + " FROM Groups");
