@@ -29,6 +29,10 @@ inline std::optional<double> parseNumber(std::string_view text) {
     return value;
 }
 
+/// The number with which the text begins, after blanks: a sign, digits, a decimal point, an exponent. 0 when it begins
+/// with none, or with one that a double cannot hold.
+double leadingNumber(std::string_view text);
+
 /// Reads "true", "false", "#TRUE#" and "#FALSE#" in any letter case, and numeric text, of which zero is
 /// false.
 Reading readBoolean(std::string_view text, bool& value);

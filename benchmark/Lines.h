@@ -32,6 +32,7 @@ void measureSorting(const Settings& settings, Report& report);
 void measureStatements(const Settings& settings, Report& report);
 void measureDeleting(const Settings& settings, Report& report);
 void measurePricing(const Settings& settings, Report& report);
+void measureEditors(const Settings& settings, Report& report);
 void measureHostCalls(const Settings& settings, Report& report);
 void measureMessages(const Settings& settings, Report& report);
 void measureStart(const Settings& settings, Report& report);
@@ -42,7 +43,7 @@ inline constexpr Group groups[] = {
     {"sorting", false, measureSorting},   {"statements", false, measureStatements},
     {"deleting", false, measureDeleting}, {"calls", false, measureHostCalls},
     {"pricing", false, measurePricing},   {"messages", false, measureMessages},
-    {"start", true, measureStart},
+    {"editors", false, measureEditors},   {"start", true, measureStart},
 };
 
 /// Measures work at sizes from 1,000 to `most` rows, several rounds each, and adds the curve of the medians.

@@ -17,7 +17,7 @@ constexpr std::size_t rounds = 5;
 
 /// A library over a company, with the host's time measured separately.
 struct Stage {
-    Stage() { library->Initialize(std::make_shared<TimedHost>(company.session().sharedCode(), time)); }
+    Stage() { library->Initialize(timedHost(company.session().sharedCode(), time)); }
 
     BenchCompany company{0, 0};
     test::QuietDesktop desktop;
@@ -31,7 +31,7 @@ Spread shareOf(HostTime& time, const std::function<void()>& work) {
     for (std::size_t i = 0; i < rounds; ++i) {
         time = {};
         const double all = secondsOf(work);
-        shares.push_back((all - time.seconds) / time.seconds);
+        shares.push_back(all / time.seconds() - 1);
     }
     return spreadOf(std::move(shares));
 }

@@ -10,6 +10,10 @@ namespace tsln {
 
 class ComboBox;
 
+struct PersonName {
+    std::string first, middleInitial, last;
+};
+
 /// Lookups and list loaders of the host.
 class Common : HostPart {
   public:
@@ -18,10 +22,13 @@ class Common : HostPart {
     bool RecordExists(std::string_view table, std::string_view column, std::string_view value,
                       std::int32_t ID) const;
     std::string GetDiscountGroupName(std::int32_t ID) const;
+    std::string GetEmployeeName(std::int32_t ID) const;
     std::string GetProductNameFromID(std::int32_t ID) const;
     std::string GetCustomerName(std::int32_t ID) const;
     /// The name of a number that is stored as a vendor's cost method.
     std::string GetVendorCostMethodName(std::int32_t method) const;
+    /// Splits a person's complete name. A part that the name does not have is empty.
+    PersonName ParseCompleteName(std::string_view name) const;
     /// Fills the combo box with the company's phone labels.
     void LoadPhoneLabels(ComboBox& combo) const;
     void LoadEmailLabels(ComboBox& combo) const;
@@ -33,6 +40,16 @@ class Common : HostPart {
     void LoadTaxGroups(ComboBox& combo) const;
     void LoadSalesAccounts(ComboBox& combo) const;
     void LoadPurchaseAccounts(ComboBox& combo) const;
+    // These lists, too, have the keys of their rows as the stored numbers.
+    void LoadPriceDiscountGroups(ComboBox& combo) const;
+    void LoadCustomerDiscountGroups(ComboBox& combo) const;
+    /// Fills the combo box with the active sales representatives.
+    void LoadSalesReps(ComboBox& combo) const;
+    void LoadInstallers(ComboBox& combo) const;
+    void LoadDesigners(ComboBox& combo) const;
+    void LoadShippingMethods(ComboBox& combo) const;
+    void LoadReferralMethods(ComboBox& combo) const;
+    void LoadLocations(ComboBox& combo) const;
     std::string CreateGUID() const;
     /// Returns the GUID in braces.
     std::string FormatAsGUID(std::string_view guid) const;

@@ -21,14 +21,23 @@ std::string Host::PSDFile() const {
     return sharedCode()->get("PSDFile").toText();
 }
 
+std::int32_t Host::OperatingMode() const {
+    return sharedCode()->get("OperatingMode").toLong();
+}
+
 void Host::ShowAndLogErrorMessage(std::string_view message, std::string_view explanation,
                                   std::string_view detail) const {
     sharedCode()->call("ShowAndLogErrorMessage", message, explanation, detail);
 }
 
-void Host::ShowADOErrorMessage(std::string_view message, std::string_view explanation,
-                               const Connection& connection) const {
-    sharedCode()->call("ShowADOErrorMessage", message, explanation, connection.object());
+void Host::ShowErrorMessage(std::string_view message, std::string_view explanation,
+                            std::string_view detail) const {
+    sharedCode()->call("ShowErrorMessage", message, explanation, detail);
+}
+
+void Host::ShowADOErrorMessage(std::string_view message, std::string_view explanation) const {
+    const ObjectPtr host = sharedCode();
+    host->call("ShowADOErrorMessage", message, explanation, host->get("CurrentCompanyConn"));
 }
 
 void Host::ShowMessageStyle1(std::string_view message, std::string_view advice) const {

@@ -46,12 +46,18 @@ class Host {
     ObjectPtr sharedCode() const;
     /// The path of the package definition file for the package processor.
     std::string PSDFile() const;
+    std::int32_t OperatingMode() const;
     /// Shows and logs a failure. `explanation` is standardExplanation, or another text where the failure needs one.
     void ShowAndLogErrorMessage(std::string_view message, std::string_view explanation,
                                 std::string_view detail) const;
-    /// Shows the failure of a statement that ran on the company's connection, whose errors the host adds.
-    void ShowADOErrorMessage(std::string_view message, std::string_view explanation,
-                             const Connection& connection) const;
+    /// Shows a failure without logging it.
+    void ShowErrorMessage(std::string_view message, std::string_view explanation,
+                          std::string_view detail) const;
+    /// The members that show a failure with its detail.
+    using ShowFailure = void (Host::*)(std::string_view message, std::string_view explanation,
+                                       std::string_view detail) const;
+    /// Shows a failure of a statement that ran on the company's connection, with the connection's errors.
+    void ShowADOErrorMessage(std::string_view message, std::string_view explanation) const;
     /// Shows the host's standard message box. `message` may hold "<Bold>" markup.
     void ShowMessageStyle1(std::string_view message, std::string_view advice) const;
     /// Asks with Yes and No in the host's standard message box; true for Yes.

@@ -32,7 +32,8 @@ std::string windowPositionKey(const Screen& screen) {
     return std::string(settingsKey) + "\\Window Positions\\" + screen.name();
 }
 
-void HostScreen::reportDatabaseFailure(std::string_view message, std::string_view explanation) {
+void HostScreen::reportDatabaseFailure(std::string_view message, std::string_view explanation,
+                                       Host::ShowFailure show) {
     std::string detail;
     try {
         detail = host().database().LastSQLErrorDescription();
@@ -40,10 +41,19 @@ void HostScreen::reportDatabaseFailure(std::string_view message, std::string_vie
         detail = error.what();
     }
     try {
-        host().ShowAndLogErrorMessage(message, explanation, detail);
+        (host().*show)(message, explanation, detail);
     } catch (const std::exception&) {
         // The host failed to show the message; the user must still see it.
         tell(std::string(message) + "\n\n" + detail, MessageIcon::Critical);
+    }
+}
+
+void HostScreen::reportConnectionFailure(std::string_view message) {
+    try {
+        host().ShowADOErrorMessage(message, standardExplanation);
+    } catch (const std::exception&) {
+        // The host failed to show the message; the user must still see it.
+        tell(message, MessageIcon::Critical);
     }
 }
 

@@ -30,7 +30,11 @@ class HostScreen : public Screen {
                MessageAnswer::Yes;
     }
     /// Reports a failed statement, with the database's description of the error.
-    void reportDatabaseFailure(std::string_view message, std::string_view explanation = standardExplanation);
+    /// `show` shows it; by default it is logged, too.
+    void reportDatabaseFailure(std::string_view message, std::string_view explanation = standardExplanation,
+                               Host::ShowFailure show = &Host::ShowAndLogErrorMessage);
+    /// Reports a failed statement that ran on the company's connection.
+    void reportConnectionFailure(std::string_view message);
 
   protected:
     /// Refuses a close box while the screen is busy.

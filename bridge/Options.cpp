@@ -24,6 +24,10 @@ std::string Options::ExternalProgram(std::string_view name) const {
     return textOf(call("ExternalProgram", name), "ExternalProgram");
 }
 
+std::string Options::UserFileLocation(std::string_view kind) const {
+    return textOf(call("UserFileLocation", kind), "UserFileLocation");
+}
+
 void Options::SetUserOption(std::string_view name, std::string_view section, const Variant& value) const {
     call("SetUserOption", name, section, value);
 }

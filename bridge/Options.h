@@ -17,6 +17,8 @@ class Options : HostPart {
     Variant GetUserOption(std::string_view name, const Variant& otherwise) const;
     /// Returns the full path of a program that is registered with the host by name; empty when there is none.
     std::string ExternalProgram(std::string_view name) const;
+    /// The folder of a kind of files, such as "Reports". It may not exist.
+    std::string UserFileLocation(std::string_view kind) const;
     void SetUserOption(std::string_view name, std::string_view section, const Variant& value) const;
 };
 

@@ -10,4 +10,12 @@ bool Security::CompanyFeatureEnabled(std::int32_t feature) const {
     return call("CompanyFeatureEnabled", feature).toBoolean();
 }
 
+bool Security::IsRoamingWorkstation() const {
+    return call("IsRoamingWorkstation").toBoolean();
+}
+
+std::int32_t Security::UserId() const {
+    return call("UserId").toLong();
+}
+
 }  // namespace tsln

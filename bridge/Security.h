@@ -14,8 +14,12 @@ class Security : HostPart {
     explicit Security(Library& library) : HostPart(library, "Security") {}
     /// True when the user holds the right in the security area.
     bool CanDo(std::int32_t area, Right right) const;
-    /// True when the company uses the feature with this number.
+    /// True when the company has the feature.
     bool CompanyFeatureEnabled(std::int32_t feature) const;
+    /// True when this computer works on a copy of the company.
+    bool IsRoamingWorkstation() const;
+    /// The key of the user's row among the employees.
+    std::int32_t UserId() const;
 };
 
 }  // namespace tsln

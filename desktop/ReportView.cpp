@@ -90,6 +90,8 @@ class ReportView : public ControlView {
         switch (code) {
             case WXK_RETURN:
             case WXK_NUMPAD_ENTER:
+                // A list whose rows do not open leaves Enter to the default button.
+                if (!report_.onRowDoubleClick) return false;
                 act([this] {
                     if (report_.focusedRow()) report_.userDoubleClick(*report_.focusedRow());
                 });

@@ -55,7 +55,6 @@ const RecordDescription vendorRecord{
 }  // namespace
 
 VendorEditor::VendorEditor(Library& library) : RecordDialog(library, std::string(screenName), vendorRecord) {
-    lblCopyBilling.onLink = [this](const std::string&) { Hyperlink_BillingToShipping(); };
     imgLocked.accessibleName = "Locked";
     imgLocked.setVisible(false);
     lblLocked.setVisible(false);

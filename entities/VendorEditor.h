@@ -1,7 +1,7 @@
 #pragma once
 
+#include "entities/CopyBillingLink.h"
 #include "maintenance/RecordDialog.h"
-#include "screens/MarkupLabel.h"
 #include "screens/Picture.h"
 #include "screens/TabControl.h"
 
@@ -17,9 +17,7 @@ class VendorEditor : public RecordDialog {
     TabControl TabControl1{*this, "TabControl1", {"General", "Addresses", "Purchasing", "Notes"}};
     Frame grpBillTo{*this, "grpBillTo", "Bill-to address"};
     Frame grpShipTo{*this, "grpShipTo", "Ship-to address"};
-    MarkupLabel lblCopyBilling{
-        *this, "lblCopyBilling",
-        "<TextBlock><Hyperlink Click='Hyperlink_BillingToShipping'>Copy the bill-to address</Hyperlink></TextBlock>"};
+    CopyBillingLink lblCopyBilling{*this, [this] { Hyperlink_BillingToShipping(); }};
 
     /// Copies the bill-to address, as it is shown, into the ship-to address.
     void Hyperlink_BillingToShipping();

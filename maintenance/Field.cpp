@@ -51,6 +51,7 @@ void Field::make() {
     std::string name(description_.control);
     switch (description_.rule) {
         case Rule::ValidateAddresses:
+        case Rule::Computed:
             return;
         case Rule::Check:
             control_ = std::make_unique<CheckBox>(screen_, std::move(name), std::string(description_.label));
@@ -72,11 +73,13 @@ void Field::make() {
             return;
         case Rule::Text:
         case Rule::Trimmed:
+        case Rule::TrimmedOrNull:
         case Rule::Password:
         case Rule::Lines:
         case Rule::PostalAddress:
         case Rule::Whole:
         case Rule::Decimal:
+        case Rule::Amount:
         case Rule::Percent:
         case Rule::Margin: {
             auto box = std::make_unique<TextBox>(screen_, std::move(name));
@@ -101,6 +104,7 @@ bool Field::isText() const noexcept {
     switch (description_.rule) {
         case Rule::Text:
         case Rule::Trimmed:
+        case Rule::TrimmedOrNull:
         case Rule::Password:
         case Rule::Lines:
         case Rule::Label:
@@ -161,6 +165,7 @@ void Field::show(const Row& row) {
     switch (description_.rule) {
         case Rule::Text:
         case Rule::Trimmed:
+        case Rule::TrimmedOrNull:
         case Rule::Password:
         case Rule::Lines:
         case Rule::Whole:
@@ -170,6 +175,7 @@ void Field::show(const Row& row) {
             date().setDate(row.date(column));
             break;
         case Rule::Decimal:
+        case Rule::Amount:
             text().setText(normalNumber(row.text(column)));
             break;
         case Rule::Percent:
@@ -202,6 +208,8 @@ void Field::show(const Row& row) {
         case Rule::ValidateAddresses:
             validateAddresses_ = row.boolean(column);
             break;
+        case Rule::Computed:
+            break;
     }
 }
 
@@ -221,6 +229,9 @@ void Field::left() {
         std::string shown = text().text();
         screen_.host().ParseAddress(shown, validateAddresses_);
         text().setText(std::move(shown));
+    } else if (description_.rule == Rule::Amount) {
+        // "$1,000" is a number to the user, but would be read as 0. The box shows what will be saved.
+        text().setText(normalNumber(text().text()));
     } else {
         correctNumber();
     }
@@ -242,7 +253,7 @@ void Field::correctNumber() {
 }
 
 void Field::normalize() {
-    if (description_.rule == Rule::Trimmed) {
+    if (description_.rule == Rule::Trimmed || description_.rule == Rule::TrimmedOrNull) {
         text().setText(modSharedStrings::trim(text().text()));
     } else if (description_.rule != Rule::Margin) {
         correctNumber();
@@ -270,6 +281,16 @@ void Field::addTags(StatementTags& tags) {
         case Rule::Password:
         case Rule::Lines:
             tags.text(tag, text().text());
+            break;
+        case Rule::TrimmedOrNull:
+            if (text().text().empty()) {
+                tags.plain(tag, "NULL");
+            } else {
+                tags.quoted(tag, text().text());
+            }
+            break;
+        case Rule::Amount:
+            tags.plain(tag, numberText(leadingNumber(text().text())));
             break;
         case Rule::Date:
             tags.plain(tag, date().isNone() ? "NULL"
@@ -311,12 +332,15 @@ void Field::addTags(StatementTags& tags) {
         case Rule::ValidateAddresses:
             tags.plain(tag, validateAddresses_);
             break;
+        case Rule::Computed:
+            break;  // the dialog adds it
     }
 }
 
 std::vector<std::pair<std::string, std::string>> Field::columns() const {
     const auto placeholder = [this](std::string_view tag) {
-        return isText() ? "'" + std::string(tag) + "'" : std::string(tag);
+        const bool quoted = isText() && description_.rule != Rule::TrimmedOrNull;
+        return quoted ? "'" + std::string(tag) + "'" : std::string(tag);
     };
     if (description_.rule != Rule::PostalAddress)
         return {{std::string(description_.column), placeholder(description_.tag)}};

@@ -5,7 +5,9 @@ namespace {
 
 /// Every record type reads its default labels from the customers' options.
 constexpr std::string_view labelSection = "Customers";
-constexpr int labelWidth = 14;  // characters
+// characters
+constexpr int labelWidth = 14;
+constexpr int boxWidth = 26;
 
 struct Slot {
     std::string_view combo, box, labelColumn, column, labelTag, tag;
@@ -38,7 +40,7 @@ std::vector<FieldDescription> slotFields(std::span<const Slot> slots, Loader loa
                 .wide(labelWidth)
                 .named(slot.comboName);
         fields.push_back(defaults ? labelField.byDefault(slot.defaultLabel) : labelField);
-        fields.push_back(of(rule, slot.box, slot.boxName, slot.column, slot.tag).named(slot.boxName));
+        fields.push_back(of(rule, slot.box, slot.boxName, slot.column, slot.tag).wide(boxWidth).named(slot.boxName));
     }
     return fields;
 }

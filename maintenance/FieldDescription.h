@@ -21,10 +21,12 @@ struct Choice {
 enum class Rule {
     Text,           ///< text, as typed
     Trimmed,        ///< text without the blanks at its ends
+    TrimmedOrNull,  ///< like Trimmed, but NULL for the empty text
     Lines,          ///< several lines of text, as typed
     Label,          ///< text, typed or chosen from a list that the host fills, or of fixed texts
     Whole,          ///< a whole number, corrected when the control is left and before saving
     Decimal,        ///< a decimal number, corrected when the control is left and before saving
+    Amount,         ///< the number with which the text begins, 0 when it begins with none; has no bounds
     Percent,        ///< shown as a percentage, stored as a fraction of four decimals; corrected like Decimal
     Margin,         ///< shown as a percentage, stored as a fraction of single precision; corrected when left
     Choice,         ///< one of fixed numbers, chosen by its caption
@@ -35,6 +37,7 @@ enum class Rule {
     Password,       ///< text, as typed, shown masked
     PostalAddress,  ///< an address of six columns, edited in one box of several lines and parsed by the host
     ValidateAddresses,  ///< no control: whether the record's addresses are to be validated
+    Computed,           ///< no control: the dialog computes the value of a new record
 };
 
 /// The endings of an address's column names, in the order of the columns.
@@ -137,6 +140,9 @@ constexpr FieldDescription of(Rule rule, Name control, Name label, Name column, 
 constexpr FieldDescription trimmed(Name control, Name label, Name column, Name tag) {
     return of(Rule::Trimmed, control, label, column, tag);
 }
+constexpr FieldDescription trimmedOrNull(Name control, Name label, Name column, Name tag) {
+    return of(Rule::TrimmedOrNull, control, label, column, tag);
+}
 /// The name of a row of a lookup list. It must not be empty, and must be unique where `duplicate` is not empty.
 constexpr FieldDescription name(Name control, Name label, Name column, Name tag, Name required,
                                 Name duplicate = {}) {
@@ -221,6 +227,13 @@ constexpr FieldDescription address(Name control, Name label, Name columnPrefix, 
     FieldDescription made = of(Rule::PostalAddress, control, label, columnPrefix, {});
     made.tags = tags;
     return made;
+}
+constexpr FieldDescription amount(Name control, Name label, Name column, Name tag) {
+    return of(Rule::Amount, control, label, column, tag);
+}
+/// For a dialog with statements of its own: a generated UPDATE would contain the tag.
+constexpr FieldDescription computed(Name column, Name tag) {
+    return of(Rule::Computed, {}, {}, column, tag);
 }
 constexpr FieldDescription validateAddresses() {
     return of(Rule::ValidateAddresses, {}, {}, "ValidateAddresses", "<validateaddresses>");

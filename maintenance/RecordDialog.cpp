@@ -226,9 +226,13 @@ void RecordDialog::cancel() {
     hide();
 }
 
-bool RecordDialog::validate() {
+void RecordDialog::normalizeFields() {
     for (Field& field : fields_)
         field.normalize();
+}
+
+bool RecordDialog::validate() {
+    normalizeFields();
     return std::ranges::all_of(fields_, [this](Field& field) { return validateField(field); });
 }
 
@@ -248,10 +252,10 @@ bool RecordDialog::validateField(Field& field) {
 
 void RecordDialog::refuse(std::string_view message, Control* control) {
     tell(message, MessageIcon::Exclamation);
-    if (control) returnTo(*control);
+    if (control) goTo(*control);
 }
 
-void RecordDialog::returnTo(Control& control) {
+void RecordDialog::goTo(Control& control) {
     turnTo(layout(), control);
     cmdOK.setRole(Button::Role::Default);  // a box of several lines may have taken the role away
     control.setFocus();
@@ -261,8 +265,11 @@ std::string RecordDialog::statement() {
     StatementTags tags(host(), record_->safeText);
     addTags(tags);
     for (const Field& field : fields_) {
-        if (field.description().rule == Rule::ValidateAddresses) {
-            tags.plain(field.description().tag, validateAddresses());
+        const FieldDescription& description = field.description();
+        if (description.rule == Rule::ValidateAddresses) {
+            tags.plain(description.tag, validateAddresses());
+        } else if (description.rule == Rule::Computed) {
+            if (isNew()) tags.plain(description.tag, computed(description.column));
         } else {
             field.addTags(tags);
         }

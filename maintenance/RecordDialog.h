@@ -80,6 +80,8 @@ class RecordDialog : public HostScreen {
     /// Returns whether the record can be saved, and tells the user why not. By default checks the rules of the
     /// fields.
     virtual bool validate();
+    /// Corrects the fields' values as they are saved: trims texts, corrects numbers.
+    void normalizeFields();
     /// Does the work of OK; by default writes the record. Returns false when that failed and the failure was
     /// reported.
     virtual bool save();
@@ -100,16 +102,22 @@ class RecordDialog : public HostScreen {
     virtual std::string recordName() const;
     /// The value that the statements write for the rule ValidateAddresses.
     virtual bool validateAddresses() const { return validateAddresses_; }
+    /// The value that the INSERT writes for a field with the rule Computed.
+    virtual std::string computed([[maybe_unused]] std::string_view column) const { return "NULL"; }
+    /// The complete INSERT of a new record or UPDATE of a stored one. May raise HostError.
+    std::string statement();
 
     const RecordDescription& record() const { return *record_; }
     bool isNew() const { return ID < 1; }
     void setValidateAddresses(bool wanted) { validateAddresses_ = wanted; }
+    /// Whether addresses are to be validated, for a piece of the dialog that lets the host parse further addresses.
+    bool& validateAddressesFlag() noexcept { return validateAddresses_; }
     /// Disables the fields that cannot be changed in a locked record.
     void lockFields();
     /// Shows the message, then focuses the control, on its page.
     void refuse(std::string_view message, Control* control);
     /// Focuses the control, on its page.
-    void returnTo(Control& control);
+    void goTo(Control& control);
     /// Lets Enter start a new line in this box. Elsewhere Enter presses OK.
     void keepsEnter(TextBox& box, std::function<void()> onLeave = {});
 
@@ -126,7 +134,6 @@ class RecordDialog : public HostScreen {
     void showRow(const Row& row);
     void focusFirstField();
     bool validateField(Field& field);
-    std::string statement();
     void cmdOK_Click();
     void cmdExpression_Click();
 

@@ -25,6 +25,11 @@ class StatementTags {
         tags_.emplace_back(tag, safeText_ == SafeText::ByHost ? host_.FixForSQLInsert(value)
                                                               : modSharedSQL::doubleQuotes(value));
     }
+    /// A text for a tag without quotes in the template: made safe, and in quotes. May raise HostError.
+    void quoted(std::string_view tag, std::string_view value) {
+        text(tag, value);
+        tags_.back().value = "'" + tags_.back().value + "'";
+    }
     /// A number, a Boolean, or SQL text that is inserted unchanged.
     template <class T>
     void plain(std::string_view tag, const T& value) {

@@ -219,7 +219,7 @@ void SentMessages::add(std::string& text, std::size_t record) const {
 
 void SentMessages::save(std::span<const std::size_t> records) {
     const std::string between = "\r\n" + std::string(72, '-') + "\r\n\r\n";
-    saveTextFile(*this, [&](std::ostream& file) {
+    saveTextFile(*this, file_, [&](std::ostream& file) {
         std::string text;
         const auto write = [&] {
             file.write(text.data(), static_cast<std::streamsize>(text.size()));

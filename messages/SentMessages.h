@@ -71,6 +71,7 @@ class SentMessages : public ListScreen {
 
     ReportRecords addresses_;  // by record: whom it was sent to
     std::string loadedRange_;
+    std::string file_ = "Sent Messages.txt";  // proposed for saving
 };
 
 }  // namespace tsln::messages

@@ -272,7 +272,7 @@ void AdditionalChargeDialog::changeCriteria() {
 
 bool AdditionalChargeDialog::confirm(std::string_view question, Control& concerned) {
     if (ask(question)) return true;
-    returnTo(concerned);
+    goTo(concerned);
     return false;
 }
 

@@ -66,7 +66,7 @@ bool VendorCostMethods::save() {
             // "Payment method" is deliberate. What was written stays; the next OK writes the rest.
             host().ShowADOErrorMessage("Payment method '" + std::string(rptItems.cell(record, vendorColumn)) +
                                            "' could not be saved. (3738)",
-                                       saveAgainExplanation, connection);
+                                       saveAgainExplanation);
             return false;
         }
         stored_[record] = name;

@@ -12,6 +12,7 @@
 #include "workbench/app/ProcessEndEvent.h"
 #include "workbench/app/SettingsFolder.h"
 #include "workbench/app/WorkbenchFrame.h"
+#include "workbench/tour/CustomerTour.h"
 #include "workbench/tour/Gallery.h"
 #include "workbench/tour/MessagesTour.h"
 #include "workbench/tour/Tour.h"
@@ -81,16 +82,17 @@ bool WorkbenchApp::OnInit() {
     }
     frame->Show();
     if (!options_.tour.empty()) {
-        std::printf("A tour of terms, charges, a bulk change, measurements and messages; its pictures are in %s\n",
-                    options_.tour.c_str());
-        const std::string messages = options_.tour + "/messages";
-        wxFileName::Mkdir(wxString::FromUTF8(messages), wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
-        start(inSequence(wholeTour(session_.company(), options_.tour),
-                         messagesTour(module_->library(), session_.company(), messages)),
+        std::printf(
+            "A tour of terms, customers, charges, measurements and messages; its pictures are in %s\n",
+            options_.tour.c_str());
+        start(inSequence(pricingTour(session_.company(), options_.tour),
+                         termsTour(session_.company(), options_.tour),
+                         customerTour(session_.company(), options_.tour),
+                         messagesTour(module_->library(), session_.company(), options_.tour)),
               options_.tour, [this] {
-            printTerms(options_.company);
-            std::printf("All steps succeeded.\n");
-        });
+                  printTerms(options_.company);
+                  std::printf("All steps succeeded.\n");
+              });
     }
     if (!options_.gallery.empty()) {
         std::printf("Every screen; its pictures are in %s\n", options_.gallery.c_str());

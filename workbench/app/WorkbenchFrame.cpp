@@ -53,6 +53,7 @@ WorkbenchFrame::WorkbenchFrame(CompanySession& session, const ObjectPtr& library
     tree_->onOpen = [this](Operation operation) {
         operation_->show(operation);
         operation_->run();
+        tree_->focusSearch();  // the keyboard was lost while the window was disabled
     };
     operation_->canBrowse = [](Operation operation) {
         return recordKindOf(operation) != nullptr || operation == Operation::ShowBulkChange;
@@ -60,6 +61,7 @@ WorkbenchFrame::WorkbenchFrame(CompanySession& session, const ObjectPtr& library
     operation_->onBrowse = [this, &session, library](Operation operation) {
         if (operation == Operation::ShowBulkChange) return selectForBulkChange(this, session, *library);
         RecordBrowser(this, session, library, *recordKindOf(operation)).ShowModal();
+        tree_->focusSearch();
     };
     if (const auto first = tree_->selected()) operation_->show(*first);
     session.tracer()->observe([this](const TraceEntry& entry) { trace_->add(entry); });

@@ -1,11 +1,13 @@
 #include "workbench/host/CommonObject.h"
 
+#include <cmath>
 #include <optional>
 #include <span>
 
 #include "shared/modSharedSQL.h"
 #include "shared/modSharedStrings.h"
 #include "shared/modSharedXML.h"
+#include "workbench/host/PersonNameText.h"
 #include "workbench/host/TextOf.h"
 #include "workbench/sql/Guid.h"
 #include "workbench/sql/SqlText.h"
@@ -145,6 +147,29 @@ Variant CommonObject::LoadDiscountGroups(Arguments a) {
             a[1].toLong(), a.valueOr(2, 0).toLong()));
 }
 
+/// Arguments: the name; by reference the first name, the middle initial and the last name.
+Variant CommonObject::ParseCompleteName(Arguments a) {
+    a.require(1, 4);
+    const PersonNameParts parts = parsePersonName(textOf(a[0]));
+    a.assign(1, parts.first);
+    a.assign(2, parts.middleInitial);
+    a.assign(3, parts.last);
+    return {};
+}
+
+/// What the customer owes: the sales and orders without what was paid.
+Variant CommonObject::GetCustomerBalance(Arguments a) {
+    a.require(1, 1);
+    const std::int32_t customer = a[0].toLong();
+    const auto sum = [&](std::string_view statement) {
+        const Variant total = context().company.scalar(format(statement, customer));
+        return total.isNull() ? 0.0 : total.toDouble();
+    };
+    const double balance = sum("SELECT SUM(Total) FROM Orders WHERE CustomerID = {0} AND State > 1") -
+                           sum("SELECT SUM(Amount) FROM Payments WHERE CustomerID = {0}");
+    return std::round(balance * 100) / 100;
+}
+
 Variant CommonObject::invoke(std::string_view member, Access access, Arguments arguments) {
     using Self = CommonObject;
     static constexpr Member<Self> members[] = {
@@ -158,6 +183,8 @@ Variant CommonObject::invoke(std::string_view member, Access access, Arguments a
              return Variant(*guid);
          }},
         {"LoadComboFromQuery", [](Self& self, Arguments a) { return self.LoadComboFromQuery(a); }},
+        {"ParseCompleteName", [](Self& self, Arguments a) { return self.ParseCompleteName(a); }},
+        {"GetCustomerBalance", [](Self& self, Arguments a) { return self.GetCustomerBalance(a); }},
         {"LoadSalesReps", [](Self& self, Arguments a) { return self.LoadSalesReps(a); }},
         {"LoadDiscountGroups", [](Self& self, Arguments a) { return self.LoadDiscountGroups(a); }},
     };

@@ -15,6 +15,8 @@ class CommonObject : public HostObject {
     Variant RecordExists(Arguments a);
     Variant LoadComboFromQuery(Arguments a);
     Variant LoadSalesReps(Arguments a);
+    Variant ParseCompleteName(Arguments a);
+    Variant GetCustomerBalance(Arguments a);
     Variant LoadDiscountGroups(Arguments a);
     /// Returns the first value of the statement for the identifier; an empty text when there is none.
     Variant name(std::string_view statement, Arguments a);

@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "automation/FilePath.h"
+#include "workbench/host/SamplePictures.h"
 #include "workbench/host/TextOf.h"
 
 namespace tsln::workbench {
@@ -52,7 +53,8 @@ Variant OptionsObject::UserFileLocation(Arguments a) {
         std::error_code ignored;
         fs::path folder = fs::absolute(pathOf(context().company.path()), ignored).parent_path();
         if (*location.folder) folder /= location.folder;
-        fs::create_directories(folder, ignored);
+        const bool isNew = fs::create_directories(folder, ignored);
+        if (isNew && location.name == "Reports") writeSamplePictures(folder);
         return utf8Of(folder);
     }
     throw HostError(code::badIndex, "Options", "There is no file location '" + kind + "'.");

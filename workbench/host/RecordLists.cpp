@@ -10,7 +10,17 @@ namespace {
 
 constexpr std::string_view vendorColumns[] = {"Vendor", "Contact", "City", "Active", "Locked"};
 
+constexpr std::string_view customerColumns[] = {"Customer", "Contact", "City", "Phone", "Active"};
+
 constexpr RecordKind kinds[] = {
+    {.edit = Operation::ShowEditCustomer,
+     .caption = "Customers",
+     .columns = customerColumns,
+     .list =
+         "SELECT ID, CustomerName, Contact, BillToCity, Phone1, CASE WHEN Active <> 0 THEN 'Yes' ELSE 'No' END "
+         "FROM Customers ORDER BY CustomerName, ID",
+     .history =
+         "SELECT REPLACE(ActivityDate, 'T', ' '), Activity FROM CustomerActivity WHERE CustomerID = {0} ORDER BY ID DESC"},
     {.edit = Operation::ShowEditVendor,
      .caption = "Vendors",
      .columns = vendorColumns,

@@ -165,7 +165,7 @@ Script find(ObjectPtr library, Company& company, std::shared_ptr<Album> album, s
 }  // namespace
 
 Script messagesTour(ObjectPtr library, Company& company, std::string folder) {
-    const auto album = std::make_shared<Album>(folder);
+    const auto album = std::make_shared<Album>(folder, "messages-");
     return inSequence(measure(library, company, album), write(library, company, album),
                       find(library, company, album, folder));
 }

@@ -7,7 +7,6 @@
 namespace tsln::workbench {
 namespace {
 
-constexpr int picturesBefore = 30;
 constexpr int customers = 200;
 
 int count(Company& company, const std::string& from) {
@@ -30,7 +29,7 @@ void selectSearchText() {
 }  // namespace
 
 Script pricingTour(Company& company, std::string folder) {
-    Album album(folder, picturesBefore);
+    Album album(folder, "pricing-");
     const auto operation = [](const char* name) {
         selectSearchText();
         type(name);

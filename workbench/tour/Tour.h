@@ -22,7 +22,4 @@ Script termsTour(Company& company, std::string folder);
 /// the company. No screen must be open.
 Script pricingTour(Company& company, std::string folder);
 
-/// The tours, one after the other.
-Script wholeTour(Company& company, std::string folder);
-
 }  // namespace tsln::workbench

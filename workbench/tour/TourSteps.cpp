@@ -8,7 +8,7 @@ namespace tsln::workbench {
 
 void Album::take(const char* name, const char* shows) {
     char file[64];
-    std::snprintf(file, sizeof file, "%02d-%s.png", ++count_, name);
+    std::snprintf(file, sizeof file, "%s%02d-%s.png", begin_.c_str(), ++count_, name);
     const std::string path = folder_ + "/" + file;
     if (!saveScreenshot(path)) throw ScriptFailure("The picture " + path + " could not be saved.");
     std::printf("  %-24s %s\n", file, shows);

@@ -11,14 +11,15 @@ namespace tsln::workbench {
 /// Numbers, titles and saves the pictures of a tour.
 class Album {
   public:
-    /// The folder must exist. The numbers begin after `count`.
-    explicit Album(std::string folder, int count = 0) : folder_(std::move(folder)), count_(count) {}
+    /// The folder must exist. `begin` starts the names of the files; their numbers begin after `count`.
+    explicit Album(std::string folder, std::string begin = {}, int count = 0)
+        : folder_(std::move(folder)), begin_(std::move(begin)), count_(count) {}
 
     /// Saves a picture of the display. `shows` describes it.
     void take(const char* name, const char* shows);
 
   private:
-    std::string folder_;
+    std::string folder_, begin_;
     int count_;
 };
 

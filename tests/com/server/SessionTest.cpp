@@ -11,9 +11,9 @@
 #include "com/edge/Conversion.h"
 #include "com/edge/DispatchObject.h"
 #include "com/edge/Wide.h"
-#include "tests/com/server/Server.h"
 #include "doubles/RecordingHost.h"
 #include "doubles/TempFolder.h"
+#include "tests/com/server/Server.h"
 #include "workbench/host/CompanySession.h"
 
 namespace tsln::test {
@@ -208,6 +208,69 @@ TEST_F(SessionTest, ATemplateIsTestedAndItsMessageSaved) {
     const std::string text{std::istreambuf_iterator<char>(stream), {}};
     EXPECT_NE(text.find("Subject: For " + customer + "\r\n\r\nGrüße, "), text.npos) << text;
     EXPECT_TRUE(ui.told.empty());
+}
+
+// The host returns the parts of a name and of an address by reference.
+TEST_F(SessionTest, ACustomerIsAddedAndItsOrdersGetItsSalesRep) {
+    const auto value = [this](const std::string& sql) { return session.company().scalar(sql).toText(); };
+    LONG key = 0;
+    LONG saved = 0;
+    {
+        const User user([&](WindowDriver& at) {
+            at.window("New Customer");
+            at.fill("New Customer", 0, "Åse M. O'Neill");
+            at.press("New Customer", "OK");
+        });
+        ASSERT_EQ(S_OK, library->ShowEditCustomer(&key, &saved));
+    }
+    ASSERT_GT(saved, 60);
+    const std::string where = " FROM Customers WHERE ID = " + std::to_string(saved);
+    EXPECT_EQ("Åse M. O'Neill", value("SELECT CustomerName" + where));
+    EXPECT_EQ("Customer added.",
+              value("SELECT Activity FROM CustomerActivity WHERE CustomerID = " + std::to_string(saved)));
+    EXPECT_EQ("1",
+              value("SELECT COUNT(*) FROM CustomerAddresses WHERE CustomerID = " + std::to_string(saved)));
+
+    key = saved;
+    {
+        const User user([&](WindowDriver& at) {
+            while (at.read("Edit Customer", 0) != "Åse M. O'Neill")
+                Sleep(20);
+            at.fill("Edit Customer", 1, "Fjord");
+            at.press("Edit Customer", "OK");
+        });
+        ASSERT_EQ(S_OK, library->ShowEditCustomer(&key, &saved));
+    }
+    EXPECT_EQ("Customer updated:\r\nCompanyName:  to Fjord",
+              value("SELECT TOP 1 Activity FROM CustomerActivity WHERE CustomerID = " +
+                    std::to_string(saved) + " ORDER BY ID DESC"));
+
+    key = 8;
+    {
+        const User user([&](WindowDriver& at) {
+            at.press("Update Order Information", "OK");
+            at.press("Tessaline", "OK");  // nothing was ticked
+            at.press("Update Order Information", "Cancel");
+        });
+        ASSERT_EQ(S_OK, library->ShowUpdateOrderInformation(&key));
+    }
+    EXPECT_TRUE(ui.told.empty()) << ui.told.front();
+}
+
+TEST_F(SessionTest, TheCompanyIsEdited) {
+    VARIANT_BOOL cancelled = VARIANT_TRUE;
+    {
+        const User user([](WindowDriver& at) {
+            while (at.read("Edit Company", 0) != "Lanternlight Window Coverings")
+                Sleep(20);
+            at.fill("Edit Company", 1, "åse@example");
+            at.press("Edit Company", "OK");
+        });
+        ASSERT_EQ(S_OK, library->ShowEditCompany(&cancelled));
+    }
+    EXPECT_EQ(VARIANT_FALSE, cancelled);
+    EXPECT_EQ("åse@example", session.company().scalar("SELECT Email FROM Company").toText());
+    EXPECT_TRUE(ui.told.empty()) << ui.told.front();
 }
 
 TEST_F(SessionTest, NothingOfTheHostIsHeldAfterAScreen) {
