@@ -99,7 +99,7 @@ void measureCostMethods(Report& report, std::size_t vendors) {
         Grid grid(*stage.library);
         stage.time = {};
         const double all = secondsOf([&] { grid.opened(); });
-        shares.push_back((all - stage.time.seconds) / stage.time.seconds);
+        shares.push_back(all / stage.time.seconds() - 1);
         stage.time = {};
         const std::string_view shown = grid.rptItems.rowText(7, 1);
         grid.rptItems.userEdit(7, 1, shown == "% of MSRP" ? "Cost from Product" : "% of MSRP");

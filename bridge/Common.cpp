@@ -50,73 +50,77 @@ void Common::LoadTerms(ComboBox& combo) const {
 
 void Common::LoadVendors(ComboBox& combo) const {
     call("LoadVendors", combo.automation());
-    PersonName Common::ParseCompleteName(std::string_view name) const {
-        Variant first(""), middleInitial(""), last("");
-        call("ParseCompleteName", name, Argument::byReference(first), Argument::byReference(middleInitial),
-             Argument::byReference(last));
-        return {.first = textOf(first, "ParseCompleteName"),
-                .middleInitial = textOf(middleInitial, "ParseCompleteName"),
-                .last = textOf(last, "ParseCompleteName")};
-    }
+}
 
-    void Common::LoadPriceDiscountGroups(ComboBox & combo) const {
-        call("LoadDiscountGroups", combo.automation(), priceGroups);
-    }
+PersonName Common::ParseCompleteName(std::string_view name) const {
+    Variant first(""), middleInitial(""), last("");
+    call("ParseCompleteName", name, Argument::byReference(first), Argument::byReference(middleInitial),
+         Argument::byReference(last));
+    return {.first = textOf(first, "ParseCompleteName"),
+            .middleInitial = textOf(middleInitial, "ParseCompleteName"),
+            .last = textOf(last, "ParseCompleteName")};
+}
 
-    void Common::LoadCustomerDiscountGroups(ComboBox & combo) const {
-        call("LoadDiscountGroups", combo.automation(), customerGroups);
-    }
+void Common::LoadPriceDiscountGroups(ComboBox& combo) const {
+    call("LoadDiscountGroups", combo.automation(), priceGroups);
+}
 
-    void Common::LoadSalesReps(ComboBox & combo) const {
-        constexpr bool withInactive = false;
-        call("LoadSalesReps", combo.automation(), withInactive);
-    }
+void Common::LoadCustomerDiscountGroups(ComboBox& combo) const {
+    call("LoadDiscountGroups", combo.automation(), customerGroups);
+}
 
-    void Common::LoadTaxGroups(ComboBox & combo) const {
-        call("LoadTaxGroups", combo.automation());
-    }
+void Common::LoadSalesReps(ComboBox& combo) const {
+    constexpr bool withInactive = false;
+    call("LoadSalesReps", combo.automation(), withInactive);
+}
 
-    void Common::LoadSalesAccounts(ComboBox & combo) const {
-        call("LoadSalesAccounts", combo.automation());
-    }
+void Common::LoadTaxGroups(ComboBox& combo) const {
+    call("LoadTaxGroups", combo.automation());
+}
 
-    void Common::LoadPurchaseAccounts(ComboBox & combo) const {
-        call("LoadPurchaseAccounts", combo.automation());
-        void Common::LoadCustomerTypes(ComboBox & combo) const {
-            call("LoadCustomerTypes", combo.automation());
-        }
+void Common::LoadSalesAccounts(ComboBox& combo) const {
+    call("LoadSalesAccounts", combo.automation());
+}
 
-        void Common::LoadInstallers(ComboBox & combo) const {
-            call("LoadInstallers", combo.automation());
-        }
+void Common::LoadPurchaseAccounts(ComboBox& combo) const {
+    call("LoadPurchaseAccounts", combo.automation());
+}
 
-        void Common::LoadDesigners(ComboBox & combo) const {
-            call("LoadDesigners", combo.automation());
-        }
+void Common::LoadCustomerTypes(ComboBox& combo) const {
+    call("LoadCustomerTypes", combo.automation());
+}
 
-        void Common::LoadShippingMethods(ComboBox & combo) const {
-            call("LoadShippingMethods", combo.automation());
-        }
+void Common::LoadInstallers(ComboBox& combo) const {
+    call("LoadInstallers", combo.automation());
+}
 
-        void Common::LoadReferralMethods(ComboBox & combo) const {
-            call("LoadReferralMethods", combo.automation());
-        }
+void Common::LoadDesigners(ComboBox& combo) const {
+    call("LoadDesigners", combo.automation());
+}
 
-        void Common::LoadLocations(ComboBox & combo) const {
-            call("LoadLocations", combo.automation());
-        }
+void Common::LoadShippingMethods(ComboBox& combo) const {
+    call("LoadShippingMethods", combo.automation());
+}
 
-        std::string Common::CreateGUID() const {
-            return textOf(call("CreateGUID"), "CreateGUID");
-        }
+void Common::LoadReferralMethods(ComboBox& combo) const {
+    call("LoadReferralMethods", combo.automation());
+}
 
-        std::string Common::FormatAsGUID(std::string_view guid) const {
-            return textOf(call("FormatAsGUID", guid), "FormatAsGUID");
-        }
+void Common::LoadLocations(ComboBox& combo) const {
+    call("LoadLocations", combo.automation());
+}
 
-        void Common::LoadComboFromQuery(ComboBox & combo, std::string_view sql, std::string_view shown,
-                                        std::string_view stored, bool blankEntry) const {
-            call("LoadComboFromQuery", combo.automation(), sql, shown, stored, blankEntry);
-        }
+std::string Common::CreateGUID() const {
+    return textOf(call("CreateGUID"), "CreateGUID");
+}
 
-    }  // namespace tsln
+std::string Common::FormatAsGUID(std::string_view guid) const {
+    return textOf(call("FormatAsGUID", guid), "FormatAsGUID");
+}
+
+void Common::LoadComboFromQuery(ComboBox& combo, std::string_view sql, std::string_view shown,
+                                std::string_view stored, bool blankEntry) const {
+    call("LoadComboFromQuery", combo.automation(), sql, shown, stored, blankEntry);
+}
+
+}  // namespace tsln

@@ -264,7 +264,7 @@ void RecordDialog::goTo(Control& control) {
 std::string RecordDialog::statement() {
     StatementTags tags(host(), record_->safeText);
     addTags(tags);
-    for (const Field& field : fields_) {
+    for (Field& field : fields_) {
         const FieldDescription& description = field.description();
         if (description.rule == Rule::ValidateAddresses) {
             tags.plain(description.tag, validateAddresses());

@@ -5,6 +5,7 @@
 
 #include "workbench/host/TextOf.h"
 #include "workbench/tour/TourSteps.h"
+#include "workbench/tour/VirtualUser.h"
 
 namespace tsln::workbench {
 namespace {
