@@ -277,7 +277,7 @@ TEST(MeasurementsList, DeletesTheSelectedRowsAndFollowsTheRights) {
                             "{standard explanation}, the database's own words"));
     ASSERT_EQ(stage.desktop.popups.size(), 1U);
     for (const Command& command : stage.desktop.popups[0].commands)
-        EXPECT_EQ(command.enabled, command.caption == "Delete") << command.caption;
+        EXPECT_EQ(command.enabled, command.caption == "&Delete") << command.caption;
 }
 
 constexpr auto locations = "SELECT DISTINCT Location FROM CustomerMeasurements WHERE CustomerID = 5";

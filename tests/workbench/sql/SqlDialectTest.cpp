@@ -218,7 +218,7 @@ TEST_F(SqlDialectTest, UnknownConstructsAreNamed) {
     }
     EXPECT_EQ(failure(std::string("SELECT 'a\0b'", 12)), "The statement holds a null character.");
     // Errors found by SQLite itself, with names that it must not read as texts.
-    EXPECT_EQ(failure("SELECT ID FROM Vendodrs WHERE VendorName = 'x'"), "no such table: Vendodrs");
+    EXPECT_EQ(failure("SELECT ID FROM Merchants WHERE VendorName = 'x'"), "no such table: Merchants");
     EXPECT_EQ(failure("SELECT Missing FROM Terms"), "no such column: Missing");
     EXPECT_EQ(rows("SELECT COUNT(*) FROM Terms"), "3");
 }
