@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <commctrl.h>
+#include <oleacc.h>
+#include <optional>
 
 #include "com/edge/Wide.h"
 
@@ -65,6 +67,23 @@ void postUntilEffect(HWND window, HWND to, UINT message, WPARAM parameter, const
             return hasEffect();
         },
         "The effect of " + what);
+}
+
+/// The number of rows that a list exposes to screen readers; nothing for a window that is no list.
+std::optional<long> accessibleRows(HWND window) {
+    CoInitialize(nullptr);
+    IAccessible* object = nullptr;
+    if (AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
+                                   reinterpret_cast<void**>(&object)) != S_OK)
+        return std::nullopt;
+    VARIANT self{}, role{};
+    self.vt = VT_I4;
+    self.lVal = CHILDID_SELF;
+    long rows = 0;
+    const bool isList = object->get_accRole(self, &role) == S_OK && role.vt == VT_I4 &&
+                        role.lVal == ROLE_SYSTEM_LIST && object->get_accChildCount(&rows) == S_OK;
+    object->Release();
+    return isList ? std::optional(rows) : std::nullopt;
 }
 
 }  // namespace
@@ -187,8 +206,8 @@ void WindowDriver::close(const std::string& caption) {
 
 void WindowDriver::waitForRows(const std::string& window, int count) {
     const HWND list = child(
-        window, [](HWND w) { return isClass(w, WC_LISTVIEWW); }, "The list");
-    waitFor<bool>([&] { return SendMessageW(list, LVM_GETITEMCOUNT, 0, 0) == count; },
+        window, [](HWND w) { return accessibleRows(w).has_value(); }, "The list");
+    waitFor<bool>([&] { return accessibleRows(list) == count; },
                   "Row " + std::to_string(count) + " of '" + window + "'");
 }
 
