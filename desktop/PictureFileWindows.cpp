@@ -16,7 +16,8 @@ using std::min;
 namespace tsln::desktop {
 namespace {
 
-/// Starts the system's picture library for as long as it is needed.
+/// Starts the system's picture library for as long as it is needed. wxWidgets loads it and defines its functions, so
+/// nothing is linked for it.
 class GdiPlus {
   public:
     GdiPlus() { started_ = Gdiplus::GdiplusStartup(&token_, &input_, nullptr) == Gdiplus::Ok; }

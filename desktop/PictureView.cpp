@@ -80,7 +80,7 @@ class FileView : public PictureView {
         if (shown_ == picture_.version()) return;
         shown_ = picture_.version();
         image_ = loadPicture(picture_.file());
-        fit_ = {};
+        fit_ = wxBitmap();
         window_->Refresh();
     }
 
