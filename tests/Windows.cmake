@@ -49,7 +49,7 @@ add_test(NAME desktop COMMAND ${onWine} $<TARGET_FILE:test_desktop>)
 set_tests_properties(desktop PROPERTIES TIMEOUT 300 RESOURCE_LOCK windows ENVIRONMENT TSLN_BUILD=${CMAKE_BINARY_DIR})
 
 add_library(tsln_window_driver STATIC com/driver/WindowDriver.cpp)
-target_link_libraries(tsln_window_driver PUBLIC tsln_com_edge tsln_options oleacc ole32 uuid)
+target_link_libraries(tsln_window_driver PUBLIC tsln_com_edge tsln_options)
 add_executable(window_driver com/driver/main.cpp)
 target_link_libraries(window_driver PRIVATE tsln_window_driver)
 

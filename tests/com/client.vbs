@@ -150,8 +150,8 @@ Expect "two companies", False, library.InitialSyncComplete()
 companies = 1
 
 rows.Add nextId, "Net 30" : nextId = nextId + 1
-UserDoes """rows:Terms|1"" ""press:Terms|&New..."" ""fill:New Terms|0|Net 45"" ""press:New Terms|OK"" " & _
-    """gone:New Terms"" ""rows:Terms|2"" ""press:Terms|&Close"""
+UserDoes """row:Terms"" ""press:Terms|&New..."" ""fill:New Terms|0|Net 45"" ""press:New Terms|OK"" " & _
+    """gone:New Terms"" ""row:Terms"" ""press:Terms|&Close"""
 Expect "closed by Close", True, library.ShowTerms()
 Expect "row added", "Net 45", rows(2)
 If InStr(log, "INSERT INTO Terms (Terms,DueDays,Discount,DiscountDays,Exported) VALUES('Net 45', 0, 0, 0, 0)") = 0 Then

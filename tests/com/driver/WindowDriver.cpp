@@ -1,9 +1,6 @@
 #include "tests/com/driver/WindowDriver.h"
 
 #include <algorithm>
-#include <commctrl.h>
-#include <oleacc.h>
-#include <optional>
 
 #include "com/edge/Wide.h"
 
@@ -69,21 +66,9 @@ void postUntilEffect(HWND window, HWND to, UINT message, WPARAM parameter, const
         "The effect of " + what);
 }
 
-/// The number of rows that a list exposes to screen readers; nothing for a window that is no list.
-std::optional<long> accessibleRows(HWND window) {
-    CoInitialize(nullptr);
-    IAccessible* object = nullptr;
-    if (AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
-                                   reinterpret_cast<void**>(&object)) != S_OK)
-        return std::nullopt;
-    VARIANT self{}, role{};
-    self.vt = VT_I4;
-    self.lVal = CHILDID_SELF;
-    long rows = 0;
-    const bool isList = object->get_accRole(self, &role) == S_OK && role.vt == VT_I4 &&
-                        role.lVal == ROLE_SYSTEM_LIST && object->get_accChildCount(&rows) == S_OK;
-    object->Release();
-    return isList ? std::optional(rows) : std::nullopt;
+/// The window that holds the rows of a list.
+bool holdsRows(HWND window) {
+    return isClass(window, L"wxDataView");
 }
 
 }  // namespace
@@ -204,11 +189,17 @@ void WindowDriver::close(const std::string& caption) {
     postUntilEffect(at, at, WM_SYSCOMMAND, SC_CLOSE, "closing '" + caption + "'");
 }
 
-void WindowDriver::waitForRows(const std::string& window, int count) {
-    const HWND list = child(
-        window, [](HWND w) { return accessibleRows(w).has_value(); }, "The list");
-    waitFor<bool>([&] { return accessibleRows(list) == count; },
-                  "Row " + std::to_string(count) + " of '" + window + "'");
+void WindowDriver::selectFirstRow(const std::string& window) {
+    const HWND rows = child(window, holdsRows, "The list");
+    const HWND edit = button(window, "&Edit...");
+    waitFor<bool>(
+        [&] {
+            PostMessageW(rows, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(20, 8));
+            PostMessageW(rows, WM_LBUTTONUP, 0, MAKELPARAM(20, 8));
+            Sleep(10 * pause);
+            return IsWindowEnabled(edit) != FALSE;
+        },
+        "A row of '" + window + "'");
 }
 
 std::vector<std::string> WindowDriver::captions() {

@@ -42,8 +42,9 @@ class WindowDriver {
     std::string read(const std::string& window, std::size_t field);
     /// Clicks the close box. The window must close or open another one.
     void close(const std::string& window);
-    /// Waits until the window's list has this many rows.
-    void waitForRows(const std::string& window, int count);
+    /// Selects the first row of a list of records, once the list has one. Other processes and threads see no more of
+    /// the rows: Wine passes the accessibility interface to none of them.
+    void selectFirstRow(const std::string& window);
     /// Returns the captions of all visible top-level windows, for messages.
     static std::vector<std::string> captions();
 

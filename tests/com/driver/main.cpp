@@ -1,6 +1,6 @@
 // Operates windows for tests that are written as scripts. Each argument is a step:
 //   press:WINDOW|BUTTON   fill:WINDOW|FIELD|TEXT   close:WINDOW   wait:WINDOW   gone:WINDOW
-//   rows:WINDOW|NUMBER   choose:WINDOW|BUTTON|ITEM   tick:WINDOW|BUTTON
+//   row:WINDOW   choose:WINDOW|BUTTON|ITEM   tick:WINDOW|BUTTON
 // Ends with 0 when all steps succeeded. Stops at the first step that fails, writes it to the error output and
 // ends with 1.
 
@@ -44,7 +44,7 @@ void take(WindowDriver& user, const std::string& step) {
         return;
     }
     if (act == "choose" && words.size() == 3) return user.choose(words[0], words[1], std::stoi(words[2]));
-    if (act == "rows" && words.size() == 2) return user.waitForRows(words[0], std::stoi(words[1]));
+    if (act == "row" && words.size() == 1) return user.selectFirstRow(words[0]);
     throw DriverError("No such step");
 }
 
