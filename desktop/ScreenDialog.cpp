@@ -312,7 +312,9 @@ void ScreenDialog::narrowToDisplay() {
     for (int round = 0; round < 4 && width() > displayArea().width; ++round) {
         for (const ControlViewPtr& view : views_) {
             const wxSize now = view->window().GetMinSize();
-            if (!view->growsWide() || view->holdsOthers() || now.x <= least) continue;
+            const bool isBox = dynamic_cast<const TextBox*>(&view->control()) ||
+                               dynamic_cast<const ComboBox*>(&view->control());
+            if (!isBox || !view->growsWide() || now.x <= least) continue;
             view->window().SetMinSize({std::max(least, now.x * 2 / 3), now.y});
             view->window().InvalidateBestSize();
         }

@@ -34,6 +34,8 @@ class EmailDialog : public wxDialog {
         for (std::size_t i = 0; i < std::size(lines); ++i) {
             form->Add(new wxStaticText(this, wxID_ANY, lines[i].caption), wxSizerFlags().CentreVertical());
             boxes_[i] = new wxTextCtrl(this, wxID_ANY, toWx(email.*lines[i].text));
+            desktop::setAccessibleName(*boxes_[i],
+                                       wxControl::RemoveMnemonics(lines[i].caption).BeforeFirst(':'));
             form->Add(boxes_[i], wxSizerFlags(1).Expand());
         }
         body_ =
