@@ -154,10 +154,14 @@ void ScreenDialog::drawChanges() {
     if (size != GetSize()) SetSize(size);
     Layout();
     content_->FitInside();
-    // A pane that keeps its size does not arrange its controls anew by itself.
+    // A page, a pane or a frame that keeps its size does not arrange its controls anew by itself.
+    std::vector<wxWindow*> arranged;
     for (const ControlViewPtr& view : views_) {
-        for (wxWindow* pane : view->panes())
-            pane->Layout();
+        for (wxWindow* at = view->window().GetParent(); at && at != this; at = at->GetParent()) {
+            if (!at->GetSizer() || std::ranges::find(arranged, at) != arranged.end()) continue;
+            arranged.push_back(at);
+            at->Layout();
+        }
     }
 }
 
