@@ -191,13 +191,18 @@ void WindowDriver::close(const std::string& caption) {
 
 void WindowDriver::selectFirstRow(const std::string& window) {
     const HWND rows = child(window, holdsRows, "The list");
-    const HWND edit = button(window, "&Edit...");
+    // A selected row enables the button.
+    const auto canEdit = [&] {
+        return std::ranges::any_of(childrenOf(this->window(window)), [](HWND at) {
+            return isClass(at, L"Button") && captionOf(at) == "&Edit..." && IsWindowEnabled(at);
+        });
+    };
     waitFor<bool>(
         [&] {
             PostMessageW(rows, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(20, 8));
             PostMessageW(rows, WM_LBUTTONUP, 0, MAKELPARAM(20, 8));
             Sleep(10 * pause);
-            return IsWindowEnabled(edit) != FALSE;
+            return canEdit();
         },
         "A row of '" + window + "'");
 }

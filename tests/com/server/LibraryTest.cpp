@@ -123,14 +123,13 @@ TEST_F(LibraryTest, RefusesWrongArgumentsWithTheProperCodes) {
 }
 
 TEST_F(LibraryTest, AnOperationWithoutAScreenFailsWithSourceAndText) {
-    LONG customer = 5;
-    EXPECT_EQ(E_NOTIMPL, library->ShowUpdateOrderInformation(&customer));
-    EXPECT_THAT(errorObject(), HasSubstr("Library: ShowUpdateOrderInformation"));
+    EXPECT_EQ(E_NOTIMPL, library->ShowSecurityRoles());
+    EXPECT_THAT(errorObject(), HasSubstr("Library: ShowSecurityRoles"));
     EXCEPINFO told{};
     EXPECT_EQ(DISP_E_EXCEPTION,
-              callByName(library.Get(), "ShowUpdateOrderInformation", {variantOf(5)}, nullptr, &told));
+              callByName(library.Get(), "ShowSecurityRoles", {}, nullptr, &told));
     EXPECT_EQ(E_NOTIMPL, told.scode);
-    EXPECT_THAT(com::fromBstr(told.bstrDescription), HasSubstr("ShowUpdateOrderInformation"));
+    EXPECT_THAT(com::fromBstr(told.bstrDescription), HasSubstr("ShowSecurityRoles"));
     SysFreeString(told.bstrSource);
     SysFreeString(told.bstrDescription);
 }
