@@ -46,12 +46,6 @@ HWND findTop(const std::function<bool(HWND)>& isMeant) {
     return found == windows.end() ? nullptr : *found;
 }
 
-std::vector<HWND> childrenOf(HWND window) {
-    std::vector<HWND> children;
-    EnumChildWindows(window, collectVisible, reinterpret_cast<LPARAM>(&children));
-    return children;
-}
-
 /// Posts a message and waits until the window is closed or disabled. The message is posted, not sent, because
 /// it may open a modal window. It is repeated, because a screen that is working ignores clicks.
 void postUntilEffect(HWND window, HWND to, UINT message, WPARAM parameter, const std::string& what) {
@@ -72,6 +66,12 @@ bool holdsRows(HWND window) {
 }
 
 }  // namespace
+
+std::vector<HWND> childrenOf(HWND window) {
+    std::vector<HWND> children;
+    EnumChildWindows(window, collectVisible, reinterpret_cast<LPARAM>(&children));
+    return children;
+}
 
 std::vector<HWND> topWindows() {
     std::vector<HWND> windows;

@@ -15,6 +15,8 @@ class DriverError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+/// The visible windows within a window, also those within its parts.
+std::vector<HWND> childrenOf(HWND window);
 /// Returns the visible top-level windows of all programs, the foremost first.
 std::vector<HWND> topWindows();
 /// Returns the enabled top-level windows of this program.

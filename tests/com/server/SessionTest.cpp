@@ -470,9 +470,14 @@ class Stubborn {
     void act(HWND window) {
         // A screen that is working ignores clicks, and one that cannot save stays open. After some tries it
         // is closed.
-        if (const HWND field = FindWindowExW(window, nullptr, L"Edit", nullptr);
-            field && tries_[window]++ < 10) {
-            SendMessageW(field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"Net 45"));
+        const std::vector<HWND> parts = childrenOf(window);
+        const auto field = std::ranges::find_if(parts, [](HWND part) {
+            wchar_t name[8] = {};
+            GetClassNameW(part, name, 8);
+            return std::wstring_view(name) == L"Edit";
+        });
+        if (field != parts.end() && tries_[window]++ < 10) {
+            SendMessageW(*field, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"Net 45"));
             PostMessageW(FindWindowExW(window, nullptr, L"Button", L"OK"), BM_CLICK, 0, 0);
             return;
         }
