@@ -5,9 +5,11 @@
 
 #include <wx/button.h>
 #include <wx/dialog.h>
+#include <wx/display.h>
 #include <wx/radiobut.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
+#include <wx/textwrapper.h>
 
 #include "desktop/ForeignWindows.h"
 #include "desktop/NativeWindow.h"
@@ -19,6 +21,20 @@ namespace {
 constexpr int textWidth = 440;  // pixels at 96 per inch
 constexpr int margin = 12;
 
+/// A text in lines of at most a width, broken between words.
+class BrokenText : public wxTextWrapper {
+  public:
+    /// The width is in pixels of the window, in whose font the text is measured.
+    BrokenText(wxWindow& window, const wxString& text, int width) { Wrap(&window, text, width); }
+    const wxString& text() const { return text_; }
+
+  private:
+    void OnOutputLine(const wxString& line) override { text_ += line; }
+    void OnNewLine() override { text_ += '\n'; }
+
+    wxString text_;
+};
+
 class ChoiceDialog : public wxDialog {
   public:
     ChoiceDialog(wxWindow* owner, const wxString& title, const wxString& question,
@@ -28,10 +44,12 @@ class ChoiceDialog : public wxDialog {
         auto* text = new wxStaticText(this, wxID_ANY, wxControl::EscapeMnemonics(question));
         text->Wrap(FromDIP(textWidth));
         column->Add(text, wxSizerFlags().Border(wxBOTTOM, FromDIP(margin)));
+        const int room = wxDisplay(this).GetClientArea().width - 2 * FromDIP(margin);
         for (const std::string& answer : answers) {
-            auto* option =
-                new wxRadioButton(this, wxID_ANY, wxControl::EscapeMnemonics(toWx(answer)), wxDefaultPosition,
-                                  wxDefaultSize, options_.empty() ? wxRB_GROUP : 0);
+            auto* option = new wxRadioButton(this, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
+                                             options_.empty() ? wxRB_GROUP : 0);
+            const BrokenText lines(*option, toWx(answer), room - option->GetBestSize().x - FromDIP(margin));
+            option->SetLabel(wxControl::EscapeMnemonics(lines.text()));
             option->Bind(wxEVT_CHAR_HOOK, &ChoiceDialog::onKey, this);
             options_.push_back(option);
             column->Add(option, wxSizerFlags().Border(wxBOTTOM, FromDIP(margin / 3)));

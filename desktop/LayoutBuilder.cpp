@@ -64,9 +64,14 @@ LayoutBuilder::Built LayoutBuilder::build(const Layout& layout) {
         buttons = std::move(content.children.back());
         content.children.pop_back();
     }
+    // GTK refuses to move a hidden control. On a panel of their own all are scrolled with the panel.
+    auto* panel = new wxPanel(built.content);
     auto* inner = new wxBoxSizer(wxVERTICAL);
-    addTo(*inner, make(content, built.content), true, buttons ? wxLEFT | wxRIGHT | wxTOP : wxALL);
-    built.content->SetSizer(inner);
+    addTo(*inner, make(content, panel), true, buttons ? wxLEFT | wxRIGHT | wxTOP : wxALL);
+    panel->SetSizer(inner);
+    auto* scrolled = new wxBoxSizer(wxVERTICAL);
+    scrolled->Add(panel, wxSizerFlags(1).Expand());
+    built.content->SetSizer(scrolled);
     built.content->SetScrollRate(scrollStep, scrollStep);
     built.sizer->Add(built.content, wxSizerFlags(1).Expand());
     if (!buttons) return built;

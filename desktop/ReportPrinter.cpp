@@ -106,6 +106,16 @@ class PreviewFrame : public wxPreviewFrame {
     }
 
   private:
+    /// Leaves out the buttons that are not needed to reach every page where the display has no room for all.
+    void CreateControlBar() override {
+        wxPreviewFrame::CreateControlBar();
+        if (m_controlBar->GetBestSize().x <= wxDisplay(this).GetClientArea().width) return;
+        m_controlBar->Destroy();
+        m_controlBar = new wxPreviewControlBar(
+            m_printPreview, wxPREVIEW_PRINT | wxPREVIEW_PREVIOUS | wxPREVIEW_NEXT | wxPREVIEW_ZOOM, this);
+        m_controlBar->CreateButtons();
+    }
+
     wxGUIEventLoop& loop_;
 };
 

@@ -47,8 +47,16 @@ class ActiveLoop {
 /// Drops keys and clicks while it exists.
 class InputDropper : private wxEventFilter {
   public:
-    InputDropper() { wxEvtHandler::AddFilter(this); }
-    ~InputDropper() override { wxEvtHandler::RemoveFilter(this); }
+    InputDropper() {
+        wxEvtHandler::AddFilter(this);
+        ++active;
+    }
+    ~InputDropper() override {
+        --active;
+        wxEvtHandler::RemoveFilter(this);
+    }
+
+    static inline int active = 0;
 
   private:
     int FilterEvent(wxEvent& event) override {
@@ -193,6 +201,10 @@ void WxDesktop::yield() {
     loop->YieldFor(wxEVT_CATEGORY_ALL);
     for (ScreenDialog* dialog : dialogs_)
         dialog->Update();
+}
+
+bool WxDesktop::dropsInput() {
+    return InputDropper::active > 0;
 }
 
 ProcessEnd WxDesktop::runAndWait(std::string_view commandLine) {

@@ -51,6 +51,9 @@ class WxDesktop : public Desktop {
     void writeSetting(std::string_view key, std::string_view value, std::string_view text) override;
     ObjectPtr createObject(std::string_view programId) override;
 
+    /// True while a screen works and keys and clicks are dropped, as seen by a timer that the work lets through.
+    static bool dropsInput();
+
   private:
     /// The parent for a dialog: the owner's window, else the foremost screen, else the program's main window.
     wxWindow* windowFor(const Screen* owner) const;

@@ -147,7 +147,7 @@ Script find(ObjectPtr library, Company& company, std::shared_ptr<Album> album, s
     press(WXK_RETURN);
     co_await untilActive("Save As");
     co_await settled();
-    type(saved);
+    type("message");  // replaces the proposed name; its extension stays
     co_await settled();
     press(WXK_RETURN);
     co_await untilActive("Sent Messages");

@@ -1,5 +1,7 @@
 #include "workbench/tour/Script.h"
 
+#include "desktop/WxDesktop.h"
+
 namespace tsln::workbench {
 
 bool Script::resumeIfReady() {
@@ -30,8 +32,9 @@ ScriptRunner::ScriptRunner(Script script, std::function<void(const std::exceptio
 }
 
 void ScriptRunner::Notify() {
-    // An action of the script may process events, and this timer with them.
-    if (running_) return;
+    // An action of the script may process events, and this timer with them. A user waits for a screen that works; what
+    // the script pressed meanwhile would be dropped.
+    if (running_ || desktop::WxDesktop::dropsInput()) return;
     running_ = true;
     const bool ended = script_.resumeIfReady();
     running_ = false;

@@ -121,7 +121,7 @@ Script termsTour(Company& company, std::string folder) {
     co_await chooseMore(MoreCommand::Export);
     co_await untilActive("Save As");
     co_await settled();
-    type(exported);
+    type("terms");  // replaces the proposed name; its extension stays
     co_await settled();
     album.take("export", "Export: a file name in the save dialog");
     press(WXK_RETURN);
