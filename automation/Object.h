@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <initializer_list>
 #include <span>
 #include <string>
@@ -116,21 +117,33 @@ struct Member {
 /// Raises the error for a member that cannot be used that way (a read-only property set, a method put).
 [[noreturn]] void raiseWrongAccess(std::string_view who, std::string_view member);
 
+/// The row of a member; null when the table has none of that name.
+template <class Self>
+const Member<Self>* findMember(std::span<const Member<Self>> table, std::string_view member) {
+    const auto row = std::ranges::find_if(
+        table, [member](const Member<Self>& candidate) { return sameName(candidate.name, member); });
+    return row == table.end() ? nullptr : &*row;
+}
+
+/// Calls the member of a row as `access` asks; `who` is the object's name in error texts.
+template <class Self>
+Variant invokeRow(Self& self, std::string_view who, const Member<Self>& row, Access access, Arguments arguments) {
+    if (access == Access::Put) {
+        if (!row.write) raiseWrongAccess(who, row.name);
+        row.write(self, arguments);
+        return {};
+    }
+    if (!row.read) raiseWrongAccess(who, row.name);
+    return row.read(self, arguments);
+}
+
 /// Finds the member in the table and calls it; `who` is the object's name in error texts.
 template <class Self>
 Variant invokeMember(Self& self, std::string_view who, std::span<const Member<Self>> table,
                      std::string_view member, Access access, Arguments arguments) {
-    for (const Member<Self>& row : table) {
-        if (!sameName(row.name, member)) continue;
-        if (access == Access::Put) {
-            if (!row.write) raiseWrongAccess(who, member);
-            row.write(self, arguments);
-            return {};
-        }
-        if (!row.read) raiseWrongAccess(who, member);
-        return row.read(self, arguments);
-    }
-    raiseUnknownMember(who, member);
+    const Member<Self>* row = findMember(table, member);
+    if (!row) raiseUnknownMember(who, member);
+    return invokeRow(self, who, *row, access, arguments);
 }
 
 }  // namespace tsln

@@ -63,7 +63,8 @@ class MessagesHost : public Object {
 class SavingDesktop : public test::QuietDesktop {
   public:
     std::string file;
-    std::optional<std::string> saveFile(Screen&, std::string_view, std::span<const FileFilter>) override {
+    std::optional<std::string> saveFile(Screen&, std::string_view, std::span<const FileFilter>,
+                                        std::string_view) override {
         return file;
     }
 };

@@ -137,6 +137,7 @@ LayoutBuilder::Part LayoutBuilder::makeBox(const Layout& layout, wxWindow* paren
     if (!frame) return part;
     if (auto* box = dynamic_cast<wxStaticBox*>(inside)) {
         auto* framed = new wxStaticBoxSizer(box, wxVERTICAL);
+        framed->SetMinSize(box->GetBestSize().x, 0);  // its title, also around hidden controls
         framed->Add(part.sizer, wxSizerFlags(1).Expand().Border(wxALL, gap_));
         part.sizer = framed;
     } else {

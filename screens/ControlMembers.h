@@ -1,7 +1,5 @@
 #pragma once
 
-#include <algorithm>
-
 #include "screens/Control.h"
 
 namespace tsln {
@@ -10,10 +8,9 @@ namespace tsln {
 template <class Self, std::size_t N>
 Variant invokeControl(Self& self, const Member<Self> (&members)[N], std::string_view member, Access access,
                       Arguments arguments) {
-    const bool own =
-        std::ranges::any_of(members, [&](const auto& row) { return sameName(row.name, member); });
-    if (!own) return self.Control::invoke(member, access, arguments);
-    return invokeMember<Self>(self, self.name(), members, member, access, arguments);
+    const auto* row = findMember<Self>(members, member);
+    return row ? invokeRow(self, self.name(), *row, access, arguments)
+               : self.Control::invoke(member, access, arguments);
 }
 
 }  // namespace tsln

@@ -2,21 +2,12 @@
 
 #include <wx/splitter.h>
 
+#include "desktop/NativeWindow.h"
 #include "desktop/Text.h"
 
 namespace tsln::workbench {
-namespace {
 
 using desktop::toWx;
-
-bool matches(const ListedRecord& record, const wxString& wanted) {
-    for (const std::string& cell : record.cells) {
-        if (toWx(cell).Lower().Contains(wanted)) return true;
-    }
-    return false;
-}
-
-}  // namespace
 
 RecordBrowser::RecordBrowser(wxWindow* owner, CompanySession& session, ObjectPtr library,
                              const RecordKind& kind)
@@ -27,22 +18,18 @@ RecordBrowser::RecordBrowser(wxWindow* owner, CompanySession& session, ObjectPtr
       kind_(kind) {
     search_ = new wxSearchCtrl(this, wxID_ANY);
     search_->SetDescriptiveText("Find");
-    search_->SetName("Find");
-    search_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { fill(selected()); });
+    desktop::setAccessibleName(*search_, "Find");
+    search_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { find(selected()); });
 
     auto* splitter = new wxSplitterWindow(this, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(640, 420)),
                                           wxSP_LIVE_UPDATE | wxSP_NOBORDER);
-    list_ =
-        new wxListCtrl(splitter, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxLC_REPORT | wxLC_SINGLE_SEL);
-    list_->SetName(GetTitle());
-    list_->AppendColumn("ID", wxLIST_FORMAT_RIGHT, FromDIP(50));
-    for (const std::string_view caption : kind.columns)
-        list_->AppendColumn(toWx(std::string(caption)));
-    list_->Bind(wxEVT_LIST_ITEM_SELECTED, [this](wxListEvent&) { showHistory(); });
-    list_->Bind(wxEVT_LIST_ITEM_ACTIVATED, [this](wxListEvent&) { edit(selected()); });
+    list_ = new RecordTable(splitter, wxDefaultSize, false);
+    list_->show(std::string(kind.caption), {kind.columns.begin(), kind.columns.end()}, {});
+    list_->Bind(wxEVT_DATAVIEW_SELECTION_CHANGED, [this](wxDataViewEvent&) { showHistory(); });
+    list_->Bind(wxEVT_DATAVIEW_ITEM_ACTIVATED, [this](wxDataViewEvent&) { edit(selected()); });
     history_ = new wxTextCtrl(splitter, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
                               wxTE_READONLY | wxTE_MULTILINE);
-    history_->SetName("Activity history");
+    desktop::setAccessibleName(*history_, "Activity history");
     splitter->SetMinimumPaneSize(FromDIP(80));
     splitter->SetSashGravity(0.6);
     splitter->SplitHorizontally(list_, history_, FromDIP(250));
@@ -69,39 +56,26 @@ RecordBrowser::RecordBrowser(wxWindow* owner, CompanySession& session, ObjectPtr
     SetSizerAndFit(all);
     CentreOnParent();
     fill(0);
-    for (int column = 0; column < list_->GetColumnCount(); ++column)
-        list_->SetColumnWidth(column, wxLIST_AUTOSIZE_USEHEADER);
     list_->SetFocus();
 }
 
 void RecordBrowser::fill(std::int32_t wanted) {
-    const wxString text = search_->GetValue().Lower();
     try {
-        shown_ = listRecords(session_.company(), kind_);
+        list_->setRecords(listRecords(session_.company(), kind_));
     } catch (const std::exception& error) {
         return complain(error);
     }
-    std::erase_if(shown_, [&](const ListedRecord& record) { return !matches(record, text); });
-    list_->DeleteAllItems();
-    long chosen = 0;
-    for (std::size_t i = 0; i < shown_.size(); ++i) {
-        const long item = list_->InsertItem(static_cast<long>(i), wxString::Format("%d", shown_[i].ID));
-        for (std::size_t c = 0; c < shown_[i].cells.size(); ++c)
-            list_->SetItem(item, static_cast<int>(c) + 1, toWx(shown_[i].cells[c]));
-        if (shown_[i].ID == wanted) chosen = item;
-    }
-    constexpr long both = wxLIST_STATE_SELECTED | wxLIST_STATE_FOCUSED;
-    if (!shown_.empty()) {
-        list_->SetItemState(chosen, both, both);
-        list_->EnsureVisible(chosen);
-    }
+    find(wanted);
+}
+
+void RecordBrowser::find(std::int32_t wanted) {
+    list_->find(search_->GetValue(), wanted);
     showHistory();
 }
 
 std::int32_t RecordBrowser::selected() const {
-    const long item = list_->GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_SELECTED);
-    return item >= 0 && item < static_cast<long>(shown_.size()) ? shown_[static_cast<std::size_t>(item)].ID
-                                                                : 0;
+    const std::vector<std::int32_t> chosen = list_->chosen();
+    return chosen.empty() ? 0 : chosen.front();
 }
 
 void RecordBrowser::showHistory() {

@@ -1,14 +1,11 @@
 #pragma once
 
-#include <vector>
-
-#include <wx/listctrl.h>
 #include <wx/srchctrl.h>
 #include <wx/wx.h>
 
 #include "automation/Object.h"
+#include "workbench/app/RecordTable.h"
 #include "workbench/host/CompanySession.h"
-#include "workbench/host/RecordLists.h"
 
 namespace tsln::workbench {
 
@@ -19,7 +16,9 @@ class RecordBrowser : public wxDialog {
     RecordBrowser(wxWindow* owner, CompanySession& session, ObjectPtr library, const RecordKind& kind);
 
   private:
+    /// Reads the records again and selects the one with the identifier.
     void fill(std::int32_t selected);
+    void find(std::int32_t selected);
     void showHistory();
     /// Opens the editor on the record (0: on a new one) and shows the changed record.
     void edit(std::int32_t ID);
@@ -30,9 +29,8 @@ class RecordBrowser : public wxDialog {
     CompanySession& session_;
     ObjectPtr library_;
     const RecordKind& kind_;
-    std::vector<ListedRecord> shown_;
     wxSearchCtrl* search_;
-    wxListCtrl* list_;
+    RecordTable* list_;
     wxTextCtrl* history_;
     wxButton* edit_;
 };

@@ -1,7 +1,5 @@
 #include "workbench/app/RecordPicker.h"
 
-#include <algorithm>
-
 #include "desktop/NativeWindow.h"
 #include "desktop/Text.h"
 
@@ -12,48 +10,16 @@ using desktop::hasKeyboard;
 using desktop::setAccessibleName;
 using desktop::toWx;
 
-bool matches(const ListedRecord& record, const wxString& wanted) {
-    return wanted.empty() || std::ranges::any_of(record.cells, [&](const std::string& cell) {
-               return toWx(cell).Lower().Contains(wanted);
-           });
-}
-
 }  // namespace
-
-/// Hands the records to the toolkit's list, which asks only for the visible rows.
-class RecordPicker::Model : public wxDataViewVirtualListModel {
-  public:
-    explicit Model(const RecordPicker& picker) : picker_(&picker) {}
-    /// The picker is being destroyed.
-    void detach() { picker_ = nullptr; }
-
-  private:
-    void GetValueByRow(wxVariant& value, unsigned row, unsigned column) const override {
-        value = wxString();
-        if (!picker_ || row >= picker_->shown_.size()) return;
-        const ListedRecord& record = *picker_->shown_[row];
-        value = column == 0 ? wxString::Format("%d", record.ID) : toWx(record.cells.at(column - 1));
-    }
-    bool SetValueByRow(const wxVariant&, unsigned, unsigned) override { return false; }
-
-    const RecordPicker* picker_;
-};
-
-RecordPicker::~RecordPicker() {
-    model_->detach();
-}
 
 RecordPicker::RecordPicker(wxWindow* owner, const std::string& title, std::vector<RecordsToPick> kinds,
                            bool several)
     : wxDialog(owner, wxID_ANY, toWx(title), wxDefaultPosition, wxDefaultSize,
                wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER),
-      kinds_(std::move(kinds)),
-      model_(new Model(*this)) {
+      kinds_(std::move(kinds)) {
     auto* column = new wxBoxSizer(wxVERTICAL);
     column->Add(choices(), wxSizerFlags().Expand());
-    list_ = new wxDataViewCtrl(this, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(680, 320)),
-                               several ? wxDV_MULTIPLE : wxDV_SINGLE);
-    list_->AssociateModel(model_.get());
+    list_ = new RecordTable(this, FromDIP(wxSize(680, 320)), several);
     list_->Bind(wxEVT_DATAVIEW_SELECTION_CHANGED, [this](wxDataViewEvent&) { enableOk(); });
     list_->Bind(wxEVT_DATAVIEW_ITEM_ACTIVATED, [this](wxDataViewEvent&) { accept(); });
     Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& key) { leadKey(key); });
@@ -90,7 +56,7 @@ wxSizer* RecordPicker::choices() {
     search_ = new wxSearchCtrl(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, wxTE_PROCESS_ENTER);
     search_->SetDescriptiveText("Find");
     setAccessibleName(*search_, "Find");
-    search_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { fill(); });
+    search_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { find(); });
     for (const auto& entered : {wxEVT_TEXT_ENTER, wxEVT_SEARCH})
         search_->Bind(entered, [this](wxCommandEvent&) { accept(); });
     line->Add(search_, wxSizerFlags(1).CenterVertical());
@@ -99,34 +65,12 @@ wxSizer* RecordPicker::choices() {
 
 void RecordPicker::showKind(std::size_t kind) {
     kind_ = kind;
-    shown_.clear();
-    model_->Reset(0);
-    list_->ClearColumns();
-    setAccessibleName(*list_, toWx(kinds_[kind].caption));
-    const auto append = [this](const wxString& caption, int width, wxAlignment align) {
-        list_->AppendTextColumn(caption, list_->GetColumnCount(), wxDATAVIEW_CELL_INERT, FromDIP(width),
-                                align, wxDATAVIEW_COL_RESIZABLE);
-    };
-    append("ID", 60, wxALIGN_RIGHT);
-    for (const std::string& caption : kinds_[kind].columns)
-        append(toWx(caption), 180, wxALIGN_LEFT);
-    fill();
+    list_->show(kinds_[kind].caption, kinds_[kind].columns, kinds_[kind].records);
+    find();
 }
 
-void RecordPicker::fill() {
-    const wxString wanted = search_->GetValue().Lower();
-    shown_.clear();
-    for (const ListedRecord& record : kinds_[kind_].records) {
-        if (matches(record, wanted)) shown_.push_back(&record);
-    }
-    list_->UnselectAll();
-    model_->Reset(static_cast<unsigned>(shown_.size()));
-    if (!shown_.empty()) {
-        const wxDataViewItem first = model_->GetItem(0);
-        list_->SetCurrentItem(first);
-        list_->Select(first);
-        list_->EnsureVisible(first);
-    }
+void RecordPicker::find() {
+    list_->find(search_->GetValue());
     enableOk();
 }
 
@@ -153,19 +97,6 @@ void RecordPicker::leadKey(wxKeyEvent& key) {
     } else {
         key.Skip();
     }
-}
-
-std::vector<std::int32_t> RecordPicker::chosen() const {
-    wxDataViewItemArray items;
-    list_->GetSelections(items);
-    std::vector<unsigned> rows;
-    for (const wxDataViewItem& item : items)
-        rows.push_back(model_->GetRow(item));
-    std::ranges::sort(rows);
-    std::vector<std::int32_t> identifiers;
-    for (const unsigned row : rows)
-        identifiers.push_back(shown_.at(row)->ID);
-    return identifiers;
 }
 
 }  // namespace tsln::workbench

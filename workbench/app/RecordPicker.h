@@ -3,11 +3,10 @@
 #include <string>
 #include <vector>
 
-#include <wx/dataview.h>
 #include <wx/srchctrl.h>
 #include <wx/wx.h>
 
-#include "workbench/host/RecordLists.h"
+#include "workbench/app/RecordTable.h"
 
 namespace tsln::workbench {
 
@@ -23,28 +22,24 @@ struct RecordsToPick {
 class RecordPicker : public wxDialog {
   public:
     RecordPicker(wxWindow* owner, const std::string& title, std::vector<RecordsToPick> kinds, bool several);
-    ~RecordPicker() override;
 
     /// The kind of the chosen records, by its place in `kinds`.
     std::size_t kind() const { return kind_; }
     /// The identifiers of the chosen records, in the order of the list.
-    std::vector<std::int32_t> chosen() const;
+    std::vector<std::int32_t> chosen() const { return list_->chosen(); }
 
   private:
-    class Model;
     wxSizer* choices();
     void showKind(std::size_t kind);
-    void fill();
+    void find();
     void enableOk();
     void accept();
     void leadKey(wxKeyEvent& key);
 
     std::vector<RecordsToPick> kinds_;
     std::size_t kind_ = 0;
-    std::vector<const ListedRecord*> shown_;
-    wxObjectDataPtr<Model> model_;
     wxSearchCtrl* search_;
-    wxDataViewCtrl* list_;
+    RecordTable* list_;
     wxButton* ok_ = nullptr;
 };
 

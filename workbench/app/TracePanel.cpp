@@ -136,6 +136,11 @@ TracePanel::TracePanel(wxWindow* parent) : wxPanel(parent), model_(new Model(*th
     column->Add(line, wxSizerFlags().Expand().Border(wxALL, gap));
     column->Add(splitter, wxSizerFlags(1).Expand());
     SetSizer(column);
+    // Lists and boxes that are lower than a line or two cannot be drawn.
+    Bind(wxEVT_SIZE, [this, line](wxSizeEvent& event) {
+        splitter_->Show(event.GetSize().y - line->GetMinSize().y > 6 * GetCharHeight());
+        event.Skip();
+    });
 
     filter_->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { filter(); });
     filter_->Bind(wxEVT_SEARCH_CANCEL, [this](wxCommandEvent&) { filter_->Clear(); });
