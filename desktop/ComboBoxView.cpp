@@ -31,8 +31,10 @@ class ListView : public ControlView {
     ListView(ScreenDialog& dialog, ComboBox& box, Window* list)
         : ControlView(dialog, box), box_(box), list_(list) {
         setWindow(list);
-        list->SetMinSize(
-            wxSize(list->GetSizeFromTextSize(widthOfCharacters(*list, box.widthInCharacters)).x, -1));
+        // GTK gives an empty list no height for a text, and the list is filled after the layout is made.
+        list->SetSelection(list->Append("X"));
+        list->SetMinSize(list->GetSizeFromTextSize(widthOfCharacters(*list, box.widthInCharacters)));
+        list->Clear();
     }
 
     void choose() {

@@ -76,7 +76,8 @@ class Inspection {
         const auto* box = dynamic_cast<const wxTextCtrl*>(&control);
         const bool hasLine =
             box ? box->IsSingleLine() : dynamic_cast<const wxItemContainer*>(&control) != nullptr;
-        const bool cutOffBelow = hasCaption ? size.y < best.y : hasLine && size.y < control.GetCharHeight();
+        const bool tellsHeight = hasCaption || dynamic_cast<const wxChoice*>(&control);
+        const bool cutOffBelow = tellsHeight ? size.y < best.y : hasLine && size.y < control.GetCharHeight();
         if (cutOffBelow) tell(control, "is cut off below");
         if (const auto* list = dynamic_cast<const wxDataViewCtrl*>(&control)) lookAtColumns(*list);
     }
