@@ -12,7 +12,7 @@ namespace {
 using modSharedSQL::doubleQuotes;
 using modSharedSQL::format;
 
-enum Column : std::size_t { Role, CurrentAccess, Updated, ValidAccess, Group, Number };
+enum Column : std::size_t { Role, CurrentAccess, Updated, Number, ValidAccess, Group };
 
 constexpr int descriptionWidth = 34;  // characters
 
@@ -21,11 +21,11 @@ constexpr int descriptionWidth = 34;  // characters
 RoleDialog::RoleDialog(Library& library, const ListDescription& list) : RecordDialog(library, list) {
     rptActivity.accessibleName = "Activities";
     rptActivity.columns = {{.caption = "Role", .width = 190},
-                           {.caption = "CurrentAccess", .width = 170},
+                           {.caption = "CurrentAccess", .width = 160},
                            {.caption = "Updated", .width = 70, .kind = ReportColumn::Kind::Check},
-                           {.caption = "ValidAccess", .width = 220},
-                           {.caption = "Group", .width = 140},
-                           {.caption = "Activity", .width = 60, .rightAligned = true, .numeric = true}};
+                           {.caption = "Activity", .width = 70, .rightAligned = true, .numeric = true},
+                           {.caption = "ValidAccess", .width = 150},
+                           {.caption = "Group", .width = 90}};
     rptActivity.groupBy({.column = Group, .order = ReportControl::Grouping::Order::ByAppearance});
     rptActivity.onSelectionChanged = [this] { showPermissions(); };
     txtActivityDescription.multiLine = true;
@@ -49,12 +49,12 @@ RoleDialog::RoleDialog(Library& library, const ListDescription& list) : RecordDi
 
 Layout RoleDialog::content() {
     using namespace tsln::layout;
-    std::vector<Layout> permissions{item(lblPermissions), fill(txtActivityDescription), item(optNone),
-                                    item(optFull), item(optPartial)};
-    for (const Box& box : boxes_)
-        permissions.push_back(item(box.box));
-    return column({RecordDialog::content(),
-                   stretch(row({fill(rptActivity), framed(grpPermissions, column(std::move(permissions)))}))});
+    const Layout permissions =
+        framed(grpPermissions, column({item(lblPermissions), fill(txtActivityDescription),
+                                       row({item(optNone), item(optFull), item(optPartial)}),
+                                       row({item(chkViewOwned), item(chkViewAll)}),
+                                       row({item(chkCreate), item(chkUpdate), item(chkDelete)})}));
+    return column({RecordDialog::content(), stretch(row({fill(rptActivity), permissions}))});
 }
 
 std::vector<Layout> RoleDialog::besideButtons() {
@@ -90,7 +90,7 @@ void RoleDialog::listActivities(const std::map<std::int32_t, std::int32_t>& stor
         const std::string current = accessText(access, activity.validAccess);
         const std::string number = std::to_string(activity.number);
         const std::string valid = accessNames(activity.validAccess);
-        const std::array<std::string_view, 6> cells{activity.name, current, "0", valid, activity.groupName, number};
+        const std::array<std::string_view, 6> cells{activity.name, current, "0", number, valid, activity.groupName};
         rptActivity.addRecord(activity.number, cells);
     }
     rptActivity.populate();

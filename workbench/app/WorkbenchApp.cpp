@@ -11,6 +11,7 @@
 #include "workbench/app/Console.h"
 #include "workbench/app/ProcessEndEvent.h"
 #include "workbench/app/SettingsFolder.h"
+#include "workbench/app/SignIn.h"
 #include "workbench/app/WorkbenchFrame.h"
 #include "workbench/tour/CustomerTour.h"
 #include "workbench/tour/Gallery.h"
@@ -56,6 +57,12 @@ bool WorkbenchApp::OnInit() {
                      condition.utf8_str().data(), message.utf8_str().data());
     });
     SetAppDisplayName("Tessaline");
+    if (!signIn(session_)) {
+        exitCode_ = exitUser;
+        SetExitOnFrameDelete(false);
+        CallAfter([this] { ExitMainLoop(); });
+        return true;
+    }
     try {
         module_ = std::make_unique<Module>(session_, [this](std::string_view commandLine, ProcessEnd end) {
             noteProcessEnd(commandLine, end);
