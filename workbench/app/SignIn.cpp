@@ -5,20 +5,20 @@
 #include <wx/msgdlg.h>
 #include <wx/textdlg.h>
 
-#include "workbench/app/Console.h"
-
 namespace tsln::workbench {
 
-bool signIn(const CompanySession& session) {
+bool signInUnasked(const CompanySession& session) {
     if (!session.needsPassword()) return true;
-    if (const char* password = std::getenv("TSLN_PASSWORD")) {
-        if (session.acceptsPassword(password)) return true;
-        complain("The password of the user '" + session.user().login + "' is not correct.");
-        return false;
-    }
+    const char* password = std::getenv("TSLN_PASSWORD");
+    if (!password) return false;
+    if (session.acceptsPassword(password)) return true;
+    throw SignInError("The password of the user '" + session.user().login + "' is not correct.");
+}
+
+bool askForPassword(const CompanySession& session) {
+    const wxString question = "Password of " + wxString::FromUTF8(session.user().name) + ":";
     for (;;) {
-        wxPasswordEntryDialog dialog(
-            nullptr, "Password of " + wxString::FromUTF8(session.user().name) + ":", "Sign In");
+        wxPasswordEntryDialog dialog(nullptr, question, "Sign In");
         if (dialog.ShowModal() != wxID_OK) return false;
         if (session.acceptsPassword(dialog.GetValue().utf8_string())) return true;
         wxMessageBox("The password is not correct.", "Sign In", wxOK | wxICON_EXCLAMATION);

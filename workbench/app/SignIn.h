@@ -4,8 +4,10 @@
 
 namespace tsln::workbench {
 
-/// Asks for the password of a user who has one; the environment variable TSLN_PASSWORD answers for scripts. Returns false
-/// when it is wrong or the user gives up; the user has been told why.
-bool signIn(const CompanySession& session);
+/// Signs in a user who has no password, or whose password is in the environment variable TSLN_PASSWORD. Returns false when
+/// the user must be asked. Throws SignInError for a wrong password.
+bool signInUnasked(const CompanySession& session);
+/// Asks for the password in a window until it is right. Returns false when the user gives up.
+bool askForPassword(const CompanySession& session);
 
 }  // namespace tsln::workbench

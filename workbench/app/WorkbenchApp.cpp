@@ -47,7 +47,9 @@ void registerPrograms(CompanySession& session) {
 }  // namespace
 
 WorkbenchApp::WorkbenchApp(Options options)
-    : options_(std::move(options)), session_(options_.company, options_.user, messages_) {}
+    : options_(std::move(options)),
+      session_(options_.company, options_.user, messages_),
+      signedIn_(signInUnasked(session_)) {}
 
 bool WorkbenchApp::OnInit() {
     // A failed assertion of the toolkit is printed; its dialog about source files would only disturb the user.
@@ -57,7 +59,7 @@ bool WorkbenchApp::OnInit() {
                      condition.utf8_str().data(), message.utf8_str().data());
     });
     SetAppDisplayName("Tessaline");
-    if (!signIn(session_)) {
+    if (!signedIn_ && !askForPassword(session_)) {
         exitCode_ = exitUser;
         SetExitOnFrameDelete(false);
         CallAfter([this] { ExitMainLoop(); });

@@ -1,6 +1,7 @@
 #include "workbench/host/TraceSecrets.h"
 
 #include <algorithm>
+#include <optional>
 #include <set>
 #include <vector>
 
@@ -63,11 +64,14 @@ std::vector<std::string_view> secretTexts(const Tokens& tokens) {
         }
         return found;
     }
-    bool after = false;
+    std::optional<int> after;  // the depth of a secret column whose values follow
+    int depth = 0;
     for (const SqlToken& token : tokens) {
-        if (isSecret(token)) after = true;
+        depth += token.isSign("(") ? 1 : token.isSign(")") ? -1 : 0;
+        const bool ends = token.isSign(",") || token.isWord("AND") || token.isWord("OR") || token.isWord("WHERE");
+        if (ends && after && depth <= *after) after.reset();
+        if (isSecret(token)) after = depth;
         if (after && token.kind == SqlToken::Kind::Text) found.push_back(token.text);
-        if (token.isSign(",")) after = false;
     }
     return found;
 }
