@@ -62,7 +62,7 @@ std::optional<Options> readCommandLine(int argc, const char* const* argv, int& e
     auto* tour =
         line.add_option(
                 "--tour", options.tour,
-                "Go through terms, customers, charges, a bulk change, measurements and messages on a fresh company as a user at the keyboard, and save a picture of each step in the folder")
+                "Go through terms, customers, roles and employees, charges, a bulk change, measurements and messages on a fresh company as a user at the keyboard, and save a picture of each step in the folder")
             ->type_name("FOLDER")
             ->excludes(show)
             ->excludes(company);

@@ -16,6 +16,7 @@
 #include "workbench/tour/CustomerTour.h"
 #include "workbench/tour/Gallery.h"
 #include "workbench/tour/MessagesTour.h"
+#include "workbench/tour/RolesTour.h"
 #include "workbench/tour/Tour.h"
 #include "workbench/tour/TourSteps.h"
 #include "workbench/tour/VirtualUser.h"
@@ -92,11 +93,12 @@ bool WorkbenchApp::OnInit() {
     frame->Show();
     if (!options_.tour.empty()) {
         std::printf(
-            "A tour of terms, customers, charges, measurements and messages; its pictures are in %s\n",
+            "A tour of terms, customers, roles, charges, measurements and messages; its pictures are in %s\n",
             options_.tour.c_str());
         start(inSequence(pricingTour(session_.company(), options_.tour),
                          termsTour(session_.company(), options_.tour),
                          customerTour(session_.company(), options_.tour),
+                         rolesTour(session_.company(), options_.tour),
                          messagesTour(module_->library(), session_.company(), options_.tour)),
               options_.tour, [this] {
                   printTerms(options_.company);
