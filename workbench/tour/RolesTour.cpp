@@ -6,6 +6,7 @@
 #include <wx/process.h>
 #include <wx/stdpaths.h>
 #include <wx/utils.h>
+#include <wx/window.h>
 
 #include "workbench/host/TextOf.h"
 #include "workbench/tour/TourSteps.h"
@@ -77,9 +78,10 @@ Script rolesTour(Company& company, std::string folder) {
     type("Keeper of terms");
     pressTimes(WXK_TAB, 2);
     co_await settled();
-    press(WXK_HOME);
-    pressTimes(WXK_DOWN, 7);  // the group's heading, then six lists
-    co_await settled();
+    for (int row = 0; row < 10 && !wxWindow::FindWindowByLabel("Permissions for Terms"); ++row) {
+        press(WXK_DOWN);
+        co_await settled();
+    }
     press('p', wxMOD_ALT);
     co_await settled();
     press('l', wxMOD_ALT);
@@ -116,12 +118,10 @@ Script rolesTour(Company& company, std::string folder) {
     type(password);
     press(WXK_TAB);
     co_await settled();
-    press(WXK_HOME);
-    for (const int key : {int(WXK_DOWN), int(WXK_SPACE), int(WXK_DOWN), int(WXK_SPACE)}) {
+    for (const int key : {int(WXK_DOWN), int(WXK_DOWN), int(WXK_SPACE), int(WXK_DOWN), int(WXK_SPACE)}) {
+        press(key);  // the first one goes to the first row
         co_await settled();
-        press(key);
     }
-    co_await settled();
     album.take("login", "a password, and the new role instead of the old one");
     press(WXK_RETURN);
     co_await untilActive("Tessaline");
