@@ -149,7 +149,8 @@ Script rolesTour(Company& company, std::string folder) {
     co_await pause(std::chrono::milliseconds(500));
     expect(number(company, "SELECT COUNT(*) FROM Terms") == terms && !*ended, "nothing was deleted");
     press(WXK_ESCAPE);
-    co_await until("the second workbench has ended", [ended] { return *ended; });
+    const bool* const hasEnded = ended.get();
+    co_await until("the second workbench has ended", [hasEnded] { return *hasEnded; });
     co_await untilActive("Tessaline Workbench");
 }
 
