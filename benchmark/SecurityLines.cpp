@@ -31,12 +31,14 @@ class Stage {
     Stage() {
         workbench::Company& data = company_.session().company();
         data.execute("DELETE FROM SecurityRoles");
-        insertRows(data, "SecurityRoles (ID, Name)", roles,
-                   [](std::size_t row) { return std::to_string(row + 1) + ", 'Role " + std::to_string(row + 1) + "'"; });
+        insertRows(data, "SecurityRoles (ID, Name)", roles, [](std::size_t row) {
+            return std::to_string(row + 1) + ", 'Role " + std::to_string(row + 1) + "'";
+        });
         insertRows(data, "SecurityRoleAccess (SecurityRoleID, Activity, Access)", roles * activitiesOfRole,
                    [](std::size_t row) {
                        const auto& activity = security::activities()[row % activitiesOfRole];
-                       return std::to_string(row / activitiesOfRole + 1) + ", " + std::to_string(activity.number) + ", 4";
+                       return std::to_string(row / activitiesOfRole + 1) + ", " +
+                              std::to_string(activity.number) + ", 4";
                    });
         plugInModule(*library_);
         library_->Initialize(company_.session().sharedCode());

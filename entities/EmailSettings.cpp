@@ -6,11 +6,12 @@
 namespace tsln::entities {
 namespace {
 
-constexpr std::int32_t employeeTemplates = 3;  // the host's type of templates that are filled from an employee
+constexpr std::int32_t employeeTemplates =
+    3;  // the host's type of templates that are filled from an employee
 constexpr NumericBounds portBounds{.minimum = 1, .maximum = 65'535, .otherwise = 587};
 constexpr NumericBounds timeoutBounds{.minimum = 1, .maximum = 600, .otherwise = 30};  // seconds
-constexpr int wide = 32;    // characters
-constexpr int narrow = 8;   // characters
+constexpr int wide = 32;                                                               // characters
+constexpr int narrow = 8;                                                              // characters
 
 constexpr EmailPreset presets[] = {
     {"AOL Mail", "smtp.aol.com", 465, true, false},
@@ -131,13 +132,13 @@ void EmailSettingsDialog::enableLogin() {
 
 EmailSettings EmailSettingsDialog::displayed() const {
     EmailSettings settings{.server = txtServer.text(),
-                        .sender = txtSender.text(),
-                        .authenticates = chkAuth.checked(),
-                        .userName = txtUserName.text(),
-                        .password = settings_.password,
-                        .authMethod = cboAuthMethod.text(),
-                        .ssl = chkSSL.checked(),
-                        .tls = chkTLS.checked()};
+                           .sender = txtSender.text(),
+                           .authenticates = chkAuth.checked(),
+                           .userName = txtUserName.text(),
+                           .password = settings_.password,
+                           .authMethod = cboAuthMethod.text(),
+                           .ssl = chkSSL.checked(),
+                           .tls = chkTLS.checked()};
     readNumber(txtPort.text(), settings.port);
     readNumber(txtTimeout.text(), settings.timeout);
     return settings;
@@ -162,8 +163,9 @@ bool EmailSettingsDialog::save() {
 
 void EmailSettingsDialog::cmdTest_Click() {
     if (passwordTyped() || displayed() != stored_) {
-        return tell("Save the changed settings first. A test message is sent with the settings that are stored.",
-                    MessageIcon::Information);
+        return tell(
+            "Save the changed settings first. A test message is sent with the settings that are stored.",
+            MessageIcon::Information);
     }
     host().SendEmailMessageWithTemplateAndUI(employeeTemplates, employee_, "Test message",
                                              "This message was sent to test the e-mail settings.");

@@ -42,7 +42,8 @@ std::span<const EmailPreset> emailPresets();
 class EmailSettingsDialog : public RecordDialog {
   public:
     /// `stored`: the settings in the database, with which the host sends the messages of `employee`.
-    EmailSettingsDialog(Library& library, EmailSettings settings, EmailSettings stored, std::int32_t employee);
+    EmailSettingsDialog(Library& library, EmailSettings settings, EmailSettings stored,
+                        std::int32_t employee);
 
     ComboBox cboPreset{*this, "cboPreset"};
     TextBox txtServer{*this, "txtServer"};

@@ -17,7 +17,8 @@ constexpr std::ptrdiff_t shortestPassword = 4;  // characters
 enum Page { General, Login, Email, Notes };
 
 constexpr std::int32_t smtpMethod = 2;
-constexpr Choice emailMethods[] = {{1, "The e-mail program of this computer"}, {smtpMethod, "A mail server (SMTP)"}};
+constexpr Choice emailMethods[] = {{1, "The e-mail program of this computer"},
+                                   {smtpMethod, "A mail server (SMTP)"}};
 
 const RecordDescription employeeRecord{
     .table = "Employees",
@@ -98,17 +99,17 @@ Layout EmployeeEditor::content() {
         general.insert(general.end(), rows.begin(), rows.end());
     general.push_back(row({field("", checkBox("chkSalesRep")), one("chkInstaller"), one("chkDesigner")}));
     general.push_back(row({field("", checkBox("chkActive")), one("chkExported")}));
-    return tabs(
-        TabControl1,
-        {row({stretch(column({form(std::move(general)), spring()})),
-              stretch(framed(grpAddresses,
-                             column({field("Add&ress:", addresses.cboAddressLabel),
-                                     fill(addresses.txtShipToAddress), item(addresses.lblAddressLinks)})))}),
-         column({form({field("", checkBox("chkCanLogin")), one("txtUserName"),
-                       field("&Password:", txtPassword), field("&Confirm password:", txtConfirm)}),
-                 fill(roles.rptRoles)}),
-         column({form({one("cboEmailMethod"), field("", cmdEmailSettings)}), item(lblEmailSettings), spring()}),
-         formOf({"txtNotes"})});
+    return tabs(TabControl1,
+                {row({stretch(column({form(std::move(general)), spring()})),
+                      stretch(framed(grpAddresses, column({field("Add&ress:", addresses.cboAddressLabel),
+                                                           fill(addresses.txtShipToAddress),
+                                                           item(addresses.lblAddressLinks)})))}),
+                 column({form({field("", checkBox("chkCanLogin")), one("txtUserName"),
+                               field("&Password:", txtPassword), field("&Confirm password:", txtConfirm)}),
+                         fill(roles.rptRoles)}),
+                 column({form({one("cboEmailMethod"), field("", cmdEmailSettings)}), item(lblEmailSettings),
+                         spring()}),
+                 formOf({"txtNotes"})});
 }
 
 // Filling ---------------------------------------------------------------------------------------------
@@ -132,7 +133,8 @@ void EmployeeEditor::filled() {
 }
 
 bool EmployeeEditor::isAdministrator() const {
-    return modSharedStrings::toLower(fieldOf("txtFirstName").text().text()) == modSharedStrings::toLower(administrator);
+    return modSharedStrings::toLower(fieldOf("txtFirstName").text().text()) ==
+           modSharedStrings::toLower(administrator);
 }
 
 void EmployeeEditor::showEmailSettings() {
@@ -197,8 +199,7 @@ bool EmployeeEditor::confirmDuties() {
     for (const char* box : {"chkSalesRep", "chkInstaller", "chkDesigner"}) {
         if (checkBox(box).checked()) return true;
     }
-    if (ask(
-            "You have not marked this employee as a sales rep, installer or designer. You won't be able to do much with this employee without at least one of these settings. Are you sure you want to continue?")) {
+    if (ask("You have not marked this employee as a sales rep, installer or designer. You won't be able to do much with this employee without at least one of these settings. Are you sure you want to continue?")) {
         return true;
     }
     goTo(checkBox("chkSalesRep"));
@@ -219,9 +220,8 @@ bool EmployeeEditor::validatePassword() {
         return false;
     }
     if (txtPassword.text() != txtConfirm.text()) {
-        refuse(
-            "The password has not been correctly confirmed. Please check the password and confirm fields.",
-            &txtConfirm);
+        refuse("The password has not been correctly confirmed. Please check the password and confirm fields.",
+               &txtConfirm);
         return false;
     }
     return true;
@@ -281,7 +281,8 @@ void EmployeeEditor::saveFurther() {
 }
 
 std::string EmployeeEditor::recordName() const {
-    return modSharedStrings::trim(fieldOf("txtFirstName").text().text() + " " + fieldOf("txtLastName").text().text());
+    return modSharedStrings::trim(fieldOf("txtFirstName").text().text() + " " +
+                                  fieldOf("txtLastName").text().text());
 }
 
 void EmployeeEditor::settleDefaultSalesRep() {

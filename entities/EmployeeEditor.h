@@ -48,10 +48,10 @@ class EmployeeEditor : public RecordDialog {
     void settleDefaultSalesRep();
     void readUserAgain();
 
-    std::string storedHash_;    // of the employee's password; empty without one
-    bool couldLogIn_ = false;   // as it is stored
+    std::string storedHash_;   // of the employee's password; empty without one
+    bool couldLogIn_ = false;  // as it is stored
     EmailSettings email_, storedEmail_;
-    bool sendsEmail_ = true;    // the company has the feature
+    bool sendsEmail_ = true;  // the company has the feature
 };
 
 /// Edits an employee; an `ID` below 1 adds one. Returns the employee's key, 0 when nothing was saved.

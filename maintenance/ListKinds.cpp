@@ -102,7 +102,8 @@ void importList(HostScreen& screen, std::int16_t kind) {
     }
 }
 
-std::optional<bool> exportParts(HostScreen& screen, std::span<const ExportPart> parts, std::string& proposed) {
+std::optional<bool> exportParts(HostScreen& screen, std::span<const ExportPart> parts,
+                                std::string& proposed) {
     const auto file = screen.desktop().saveFile(screen, "Save As", fileFilters, proposed);
     if (!file || file->empty()) return std::nullopt;
     proposed = *file;

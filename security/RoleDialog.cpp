@@ -90,7 +90,8 @@ void RoleDialog::listActivities(const std::map<std::int32_t, std::int32_t>& stor
         const std::string current = accessText(access, activity.validAccess);
         const std::string number = std::to_string(activity.number);
         const std::string valid = accessNames(activity.validAccess);
-        const std::array<std::string_view, 6> cells{activity.name, current, "0", number, valid, activity.groupName};
+        const std::array<std::string_view, 6> cells{activity.name, current, "0",
+                                                    number,        valid,   activity.groupName};
         rptActivity.addRecord(activity.number, cells);
     }
     rptActivity.populate();
@@ -108,7 +109,8 @@ void RoleDialog::showPermissions() {
     const auto record = modSharedReportControl::focusedRecord(rptActivity);
     const SecuredActivity* activity = record ? &activities()[*record] : nullptr;
     const ActivityAccess* access = shownAccess();
-    lblPermissions.setCaption(activity ? format("Permissions for {0}", activity->name) : "No activity selected");
+    lblPermissions.setCaption(activity ? format("Permissions for {0}", activity->name)
+                                       : "No activity selected");
     txtActivityDescription.setText(std::string(activity ? activity->description : ""));
     for (OptionButton* option : level.buttons())
         option->setEnabled(access != nullptr);
@@ -133,7 +135,8 @@ void RoleDialog::change(const std::function<void(ActivityAccess&)>& how) {
     how(access);
     enableBoxes();
     if (access.access() == before) return;
-    rptActivity.setCell(*record, CurrentAccess, accessText(access.access(), activities()[*record].validAccess));
+    rptActivity.setCell(*record, CurrentAccess,
+                        accessText(access.access(), activities()[*record].validAccess));
     rptActivity.setCell(*record, Updated, "1");
 }
 
@@ -147,7 +150,8 @@ bool RoleDialog::validate() {
 
 /// Without this question the access of a role that another user deleted would be stored, and belong to no role.
 bool RoleDialog::exists() {
-    const Records role = host().database().ExecuteRead(format("SELECT * FROM SecurityRoles WHERE ID = {0}", ID));
+    const Records role =
+        host().database().ExecuteRead(format("SELECT * FROM SecurityRoles WHERE ID = {0}", ID));
     if (role.count() > 0) return true;
     lblMissing.setVisible(true);
     tell(lblMissing.caption(), MessageIcon::Exclamation);
@@ -171,8 +175,14 @@ bool RoleDialog::saveAccess() {
         if (!rptActivity.checked(record, Updated)) continue;
         const std::int32_t activity = rptActivity.id(record);
         const std::int32_t access = access_[record].access();
-        const bool saved = database.ExecuteNonQuery(format("DELETE FROM SecurityRoleAccess WHERE SecurityRoleID = {0} AND Activity = {1}", ID, activity)) &&
-            (access == 0 || database.ExecuteNonQuery(format("INSERT INTO SecurityRoleAccess (SecurityRoleID, Activity, Access) VALUES({0},{1},{2})", ID, activity, access)));
+        const bool saved =
+            database.ExecuteNonQuery(
+                format("DELETE FROM SecurityRoleAccess WHERE SecurityRoleID = {0} AND Activity = {1}", ID,
+                       activity)) &&
+            (access == 0 ||
+             database.ExecuteNonQuery(format(
+                 "INSERT INTO SecurityRoleAccess (SecurityRoleID, Activity, Access) VALUES({0},{1},{2})", ID,
+                 activity, access)));
         if (!saved) {
             reportSaveFailure();
             return false;
@@ -185,10 +195,15 @@ bool RoleDialog::saveAccess() {
 // Export ----------------------------------------------------------------------------------------------
 
 void RoleDialog::cmdExport_Click() {
-    const std::string role = doubleQuotes(host().database().ExecuteScaler(format("SELECT UniqueID FROM SecurityRoles WHERE ID = {0}", ID)).toText());
+    const std::string role =
+        doubleQuotes(host()
+                         .database()
+                         .ExecuteScaler(format("SELECT UniqueID FROM SecurityRoles WHERE ID = {0}", ID))
+                         .toText());
     const ExportPart parts[] = {
         {"SecurityRoles", format("SELECT * FROM vwExporting_SecurityRoles WHERE UniqueID = '{0}'", role)},
-        {"SecurityRoleAccess", format("SELECT * FROM vwExporting_SecurityRoleAccess WHERE SecurityRoleUniqueID = '{0}'", role)}};
+        {"SecurityRoleAccess",
+         format("SELECT * FROM vwExporting_SecurityRoleAccess WHERE SecurityRoleUniqueID = '{0}'", role)}};
     const auto exported = exportParts(*this, parts, exportFile_);
     if (!exported) return;
     if (*exported) {

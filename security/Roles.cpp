@@ -72,18 +72,25 @@ void RolesScreen::copySelected() {
     const std::string copied =
         database.ExecuteScaler(format("SELECT Name FROM SecurityRoles WHERE ID = {0}", ID)).toText();
     const std::string name = copied + " Copy";
-    if (count(format("SELECT COUNT(*) AS MyCount FROM SecurityRoles WHERE Name = '{0}'", doubleQuotes(name))) > 0) {
+    if (count(format("SELECT COUNT(*) AS MyCount FROM SecurityRoles WHERE Name = '{0}'",
+                     doubleQuotes(name))) > 0) {
         return host().ShowMessageStyle1(
-            "The security role <Bold>" + copied + "</Bold> cannot be copied because there is already a security role <Bold>" + name + "</Bold>.",
+            "The security role <Bold>" + copied +
+                "</Bold> cannot be copied because there is already a security role <Bold>" + name +
+                "</Bold>.",
             "In order to copy this security role you must first give the other one another name.");
     }
     // The name is filled in last, so that nothing in it is replaced.
-    const std::string insert = format("INSERT INTO SecurityRoles (Name, Description) SELECT '{0}', Description from SecurityRoles where ID = {1}", "{0}", ID);
+    const std::string insert = format(
+        "INSERT INTO SecurityRoles (Name, Description) SELECT '{0}', Description from SecurityRoles where ID = {1}",
+        "{0}", ID);
     const std::int32_t added = database.ExecuteNonQueryWithID(format(insert, doubleQuotes(name)));
     constexpr std::string_view failure = "There was a problem copying this security role.";
     if (added < 1) return reportDatabaseFailure(failure);
     // Also a copy that did not get its access is shown: it exists, and can be edited or deleted.
-    if (!database.ExecuteNonQuery(format("INSERT INTO SecurityRoleAccess (SecurityRoleID,Activity,Access) SELECT {0},Activity,Access FROM SecurityRoleAccess WHERE SecurityRoleID = {1} ", added, ID)))
+    if (!database.ExecuteNonQuery(format(
+            "INSERT INTO SecurityRoleAccess (SecurityRoleID,Activity,Access) SELECT {0},Activity,Access FROM SecurityRoleAccess WHERE SecurityRoleID = {1} ",
+            added, ID)))
         reportDatabaseFailure(failure);
     showAdded(added);
 }

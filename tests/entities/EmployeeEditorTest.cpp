@@ -44,14 +44,16 @@ struct EmployeeStage : Stage {
     EmployeeStage() { furnish(*this); }
     static void furnish(Stage& stage) {
         stage.host->rows("SELECT * FROM Employees WHERE ID = 7", employee("Ann"));
-        stage.host->rows("SELECT * FROM SecurityRoles ORDER BY Name",
-                         "<Records><Record><ID>1</ID><Name>Admin</Name></Record><Record><ID>2</ID><Name>Sales</Name></Record>"
-                         "<Record><ID>3</ID><Name>Viewer</Name></Record></Records>");
+        stage.host->rows(
+            "SELECT * FROM SecurityRoles ORDER BY Name",
+            "<Records><Record><ID>1</ID><Name>Admin</Name></Record><Record><ID>2</ID><Name>Sales</Name></Record>"
+            "<Record><ID>3</ID><Name>Viewer</Name></Record></Records>");
         stage.host->rows("SELECT * FROM EmployeeSecurityRoles WHERE EmployeeID = 7",
                          "<Records><Record><SecurityRoleID>2</SecurityRoleID></Record></Records>");
-        stage.host->rows("SELECT * FROM EmployeeAddresses WHERE EmployeeID = 7",
-                         "<Records><Record><ID>5</ID><AddressLabel>Home</AddressLabel><Address1>1 Mill St</Address1></Record>"
-                         "<Record><ID>6</ID><AddressLabel>Work</AddressLabel><Address1>2 Oak</Address1></Record></Records>");
+        stage.host->rows(
+            "SELECT * FROM EmployeeAddresses WHERE EmployeeID = 7",
+            "<Records><Record><ID>5</ID><AddressLabel>Home</AddressLabel><Address1>1 Mill St</Address1></Record>"
+            "<Record><ID>6</ID><AddressLabel>Work</AddressLabel><Address1>2 Oak</Address1></Record></Records>");
         stage.host->on("Options.GetCompanyOption",
                        [](Arguments a) { return a[0].toText() == "DefaultSalesRep" ? Variant("3") : a[2]; });
         stage.host->on("Database.ExecuteNonQueryWithID", Variant(8));
@@ -96,23 +98,28 @@ void fill(EmployeeEditor& editor) {
 
 TEST(EmployeeEditor, ANewEmployeeIsWrittenWithADigestRolesAndAddresses) {
     EmployeeStage stage;
-    EXPECT_EQ(stage.edit(0, [](EmployeeEditor& editor) {
-        EXPECT_EQ(editor.caption(), "New Employee");
-        EXPECT_TRUE(editor.checkBox("chkActive").checked() && editor.txtPassword.password);
-        EXPECT_EQ(editor.comboBox("cboPhone3Label").text(), "Mobile");
-        fill(editor);
-        editor.textBox("txtNotes").userType("<password>");
-        editor.addresses.txtShipToAddress.userType("9 Quay");
-        editor.cmdOK.userPress();
-    }),
-              8);
+    EXPECT_EQ(
+        stage.edit(0,
+                   [](EmployeeEditor& editor) {
+                       EXPECT_EQ(editor.caption(), "New Employee");
+                       EXPECT_TRUE(editor.checkBox("chkActive").checked() && editor.txtPassword.password);
+                       EXPECT_EQ(editor.comboBox("cboPhone3Label").text(), "Mobile");
+                       fill(editor);
+                       editor.textBox("txtNotes").userType("<password>");
+                       editor.addresses.txtShipToAddress.userType("9 Quay");
+                       editor.cmdOK.userPress();
+                   }),
+        8);
     EXPECT_THAT(
         stage.inserted(),
         ElementsAre(
             "INSERT INTO Employees (FirstName, LastName, MiddleInitial, Phone1Label, Phone1, Phone2Label, Phone2, Phone3Label, Phone3, Email1Label, Email1, Email2Label, Email2, SalesRep, Installer, Designer, Active, Canlogin, Username, PasswordHash, Notes, ValidateAddresses, EmailMethod,EmailSMTPServer,EmailSenderAddress,EmailSMTPAuth,EmailSMTPUserName,EmailSMTPPassword,EmailSMTPPort,EmailSMTPTimeout,EmailSMTPAuthMethod,EmailSMTPSSL,EmailSMTPTLS,Exported)  VALUES ('Bo', 'O''Hara', '', 'Home', '', 'Work', '', 'Mobile','', 'Home', '', 'Work', '' ,0, 1, 0, 1, 1, 'bo', 'sha:pa''ss', '<password>', 0, 1, '','',0,'','',587,30,'',0,0,0)"));
-    EXPECT_THAT(stage.onConnection(),
-                ElementsAre("INSERT INTO EmployeeAddresses (EmployeeID, AddressLabel, Address1, Address2, City, State, Zip, Country) VALUES(8, 'Home', '9 Quay', '', '', '', '', '')"));
-    EXPECT_THAT(stage.executed(), ElementsAre("INSERT INTO EmployeeSecurityRoles (EmployeeID, SecurityRoleID) VALUES(8,3)"));
+    EXPECT_THAT(
+        stage.onConnection(),
+        ElementsAre(
+            "INSERT INTO EmployeeAddresses (EmployeeID, AddressLabel, Address1, Address2, City, State, Zip, Country) VALUES(8, 'Home', '9 Quay', '', '', '', '', '')"));
+    EXPECT_THAT(stage.executed(),
+                ElementsAre("INSERT INTO EmployeeSecurityRoles (EmployeeID, SecurityRoleID) VALUES(8,3)"));
     EXPECT_THAT(stage.host->callsOf("Activity.RecordEmployeeActivity"), ElementsAre("8, Employee added."));
     EXPECT_THAT(stage.host->callsOf("RecordEvent"), ElementsAre("2, Employee 'Bo O'Hara was added."));
     EXPECT_THAT(stage.host->callsOf("Messages.PostMessage"), ElementsAre("5001, 8"));
@@ -123,34 +130,41 @@ TEST(EmployeeEditor, ANewEmployeeIsWrittenWithADigestRolesAndAddresses) {
 TEST(EmployeeEditor, AnUntouchedPasswordStaysAndNothingOfItIsShown) {
     EmployeeStage stage;
     stage.host->rows("SELECT * FROM [Employees] WHERE ID = 7", employee("Ann"));
-    EXPECT_EQ(stage.edit(7, [&](EmployeeEditor& editor) {
-        EXPECT_EQ(editor.caption(), "Edit Employee");
-        EXPECT_EQ(editor.txtPassword.text(), "(HIDDENPASSWORD)");
-        EXPECT_EQ(editor.lblEmailSettings.caption(), "Mail server: mail.x, port 465");
-        EXPECT_EQ(editor.addresses.txtShipToAddress.text().substr(0, 9), "1 Mill St");
-        editor.addresses.Hyperlink_DeleteAddress();
-        tick(editor, "Sales", false);
-        tick(editor, "Admin");
-        tick(editor, "Viewer");
-        tick(editor, "Viewer", false);
-        stage.host->on("Database.ExecuteNonQuery", [&](Arguments) {
-            stage.host->rows("SELECT * FROM [Employees] WHERE ID = 7", employee("Anna", "newdigest"));
-            return Variant(true);
-        });
-        editor.textBox("txtFirstName").userType("Anna");
-        editor.cmdOK.userPress();
-    }),
+    EXPECT_EQ(stage.edit(7,
+                         [&](EmployeeEditor& editor) {
+                             EXPECT_EQ(editor.caption(), "Edit Employee");
+                             EXPECT_EQ(editor.txtPassword.text(), "(HIDDENPASSWORD)");
+                             EXPECT_EQ(editor.lblEmailSettings.caption(), "Mail server: mail.x, port 465");
+                             EXPECT_EQ(editor.addresses.txtShipToAddress.text().substr(0, 9), "1 Mill St");
+                             editor.addresses.Hyperlink_DeleteAddress();
+                             tick(editor, "Sales", false);
+                             tick(editor, "Admin");
+                             tick(editor, "Viewer");
+                             tick(editor, "Viewer", false);
+                             stage.host->on("Database.ExecuteNonQuery", [&](Arguments) {
+                                 stage.host->rows("SELECT * FROM [Employees] WHERE ID = 7",
+                                                  employee("Anna", "newdigest"));
+                                 return Variant(true);
+                             });
+                             editor.textBox("txtFirstName").userType("Anna");
+                             editor.cmdOK.userPress();
+                         }),
               7);
     EXPECT_THAT(stage.host->callsOf("GetSHA2"), IsEmpty());
-    EXPECT_THAT(stage.executed(),
-                ElementsAre("UPDATE Employees SET FirstName = 'Anna', LastName = 'Dell', MiddleInitial = 'B', Phone1Label = 'Hut', Phone1 = '1', Phone2Label = '', Phone2 = '', Phone3Label = '', Phone3 = '', Email1Label = 'Home', Email1 = 'a@b', Email2Label = '', Email2 = '', SalesRep = 1, Installer = 0, Designer = 0, Active = 1, Canlogin = 1, Username = 'ann', PasswordHash = '0ldha''sh', Notes = 'n', ValidateAddresses = 1, EmailMethod = 2,EmailSMTPServer='mail.x',EmailSenderAddress='a@x',EmailSMTPAuth=1,EmailSMTPUserName='u',EmailSMTPPassword='s3aled',EmailSMTPPort=465,EmailSMTPTimeout=20,EmailSMTPAuthMethod='LOGIN',EmailSMTPSSL=1,EmailSMTPTLS=0,Exported=0 WHERE ID = 7",
-                            "INSERT INTO EmployeeSecurityRoles (EmployeeID, SecurityRoleID) VALUES(7,1)",
-                            "DELETE FROM EmployeeSecurityRoles WHERE EmployeeID = 7 AND SecurityRoleID = 2"));
-    EXPECT_THAT(stage.onConnection(),
-                ElementsAre("DELETE FROM EmployeeAddresses WHERE ID = 5",
-                            "UPDATE EmployeeAddresses SET AddressLabel = 'Work', Address1 = '2 Oak', Address2 = '', City = '', State = '', Zip = '', Country = '' WHERE ID = 6"));
-    EXPECT_THAT(stage.host->callsOf("Activity.RecordEmployeeActivity"),
-                ElementsAre("7, Employee updated:\r\nFirstName: Ann to Anna\r\nPasswordHash: (hidden) to (hidden)"));
+    EXPECT_THAT(
+        stage.executed(),
+        ElementsAre(
+            "UPDATE Employees SET FirstName = 'Anna', LastName = 'Dell', MiddleInitial = 'B', Phone1Label = 'Hut', Phone1 = '1', Phone2Label = '', Phone2 = '', Phone3Label = '', Phone3 = '', Email1Label = 'Home', Email1 = 'a@b', Email2Label = '', Email2 = '', SalesRep = 1, Installer = 0, Designer = 0, Active = 1, Canlogin = 1, Username = 'ann', PasswordHash = '0ldha''sh', Notes = 'n', ValidateAddresses = 1, EmailMethod = 2,EmailSMTPServer='mail.x',EmailSenderAddress='a@x',EmailSMTPAuth=1,EmailSMTPUserName='u',EmailSMTPPassword='s3aled',EmailSMTPPort=465,EmailSMTPTimeout=20,EmailSMTPAuthMethod='LOGIN',EmailSMTPSSL=1,EmailSMTPTLS=0,Exported=0 WHERE ID = 7",
+            "INSERT INTO EmployeeSecurityRoles (EmployeeID, SecurityRoleID) VALUES(7,1)",
+            "DELETE FROM EmployeeSecurityRoles WHERE EmployeeID = 7 AND SecurityRoleID = 2"));
+    EXPECT_THAT(
+        stage.onConnection(),
+        ElementsAre(
+            "DELETE FROM EmployeeAddresses WHERE ID = 5",
+            "UPDATE EmployeeAddresses SET AddressLabel = 'Work', Address1 = '2 Oak', Address2 = '', City = '', State = '', Zip = '', Country = '' WHERE ID = 6"));
+    EXPECT_THAT(
+        stage.host->callsOf("Activity.RecordEmployeeActivity"),
+        ElementsAre("7, Employee updated:\r\nFirstName: Ann to Anna\r\nPasswordHash: (hidden) to (hidden)"));
     EXPECT_THAT(stage.host->callsOf("FixForSQLInsert"), Not(Contains(HasSubstr("ha'sh"))));
     EXPECT_THAT(stage.host->callsOf("FixForSQLInsert"), Not(Contains(HasSubstr("s3aled"))));
 }
@@ -172,7 +186,8 @@ TEST(EmployeeEditor, EachRefusalNamesItsFieldAndSavesNothing) {
          [](auto&, EmployeeEditor& e) { e.textBox("txtUserName").userType(" "); }},
         {"An employee with the user name 'bo' already exists.", false, "txtUserName", 1,
          [](EmployeeStage& s, auto&) {
-             s.host->on("Common.RecordExists", [](Arguments a) { return Variant(a[1].toText() == "UserName"); });
+             s.host->on("Common.RecordExists",
+                        [](Arguments a) { return Variant(a[1].toText() == "UserName"); });
          }},
         {noDuties, true, "chkSalesRep", 0,
          [](auto&, EmployeeEditor& e) { e.checkBox("chkInstaller").userCheck(false); }},
@@ -180,8 +195,8 @@ TEST(EmployeeEditor, EachRefusalNamesItsFieldAndSavesNothing) {
          [](auto&, EmployeeEditor& e) { e.txtPassword.userType(" \xC3\xA9\xC3\xA9\xC3\xA9 "); }},
         {"Passwords must be at least 4 characters long.", false, "txtPassword", 1,
          [](auto&, EmployeeEditor& e) { e.txtPassword.userType(""); }},
-        {"The password has not been correctly confirmed. Please check the password and confirm fields.", false,
-         "txtConfirm", 1, [](auto&, EmployeeEditor& e) { e.txtConfirm.userType("PA'SS"); }},
+        {"The password has not been correctly confirmed. Please check the password and confirm fields.",
+         false, "txtConfirm", 1, [](auto&, EmployeeEditor& e) { e.txtConfirm.userType("PA'SS"); }},
         {"You must choose an email sending method.", false, "cboEmailMethod", 2,
          [](auto&, EmployeeEditor& e) { e.comboBox("cboEmailMethod").setListIndex(-1); }},
     };
@@ -209,25 +224,31 @@ TEST(EmployeeEditor, NoRoleAndSeveralRolesAreAskedAbout) {
         const char* begin;
         const char* end;
     } cases[] = {
-        {{}, "You have not selected any security roles for this employee.", "If you don't select at least one security role then this employee won't be able to do much with the software. Are you sure you want to continue?"},
-        {{"Admin", "Viewer"}, "You have selected more than one security role for this employee. It is recommended that you only select one security role.", "Selecting multiple security roles makes it difficult to manage which settings are being applied. Are you sure you want to continue?"},
+        {{},
+         "You have not selected any security roles for this employee.",
+         "If you don't select at least one security role then this employee won't be able to do much with the software. Are you sure you want to continue?"},
+        {{"Admin", "Viewer"},
+         "You have selected more than one security role for this employee. It is recommended that you only select one security role.",
+         "Selecting multiple security roles makes it difficult to manage which settings are being applied. Are you sure you want to continue?"},
     };
     for (const auto& c : cases) {
         for (const bool yes : {true, false}) {
             EmployeeStage stage;
             stage.host->on("ShowMessageStyle1", Variant(yes ? 6 : 7));
-            EXPECT_EQ(stage.edit(0, [&](EmployeeEditor& editor) {
-                fill(editor);
-                tick(editor, "Viewer", false);
-                for (const std::string& role : c.roles)
-                    tick(editor, role);
-                editor.cmdOK.userPress();
-                if (!yes) {
-                    EXPECT_EQ(editor.focusedControl(), editor.control("rptRoles"));
-                }
-            }),
+            EXPECT_EQ(stage.edit(0,
+                                 [&](EmployeeEditor& editor) {
+                                     fill(editor);
+                                     tick(editor, "Viewer", false);
+                                     for (const std::string& role : c.roles)
+                                         tick(editor, role);
+                                     editor.cmdOK.userPress();
+                                     if (!yes) {
+                                         EXPECT_EQ(editor.focusedControl(), editor.control("rptRoles"));
+                                     }
+                                 }),
                       yes ? 8 : 0);
-            EXPECT_THAT(stage.host->callsOf("ShowMessageStyle1"), ElementsAre(std::string(c.begin) + ", " + c.end + ", 4"));
+            EXPECT_THAT(stage.host->callsOf("ShowMessageStyle1"),
+                        ElementsAre(std::string(c.begin) + ", " + c.end + ", 4"));
             EXPECT_THAT(stage.executed(), SizeIs(yes ? c.roles.size() : 0));
         }
     }
@@ -249,7 +270,8 @@ TEST(EmployeeEditor, WhoMayLogInHasAPasswordOrHadNone) {
         {"a stored password cannot be emptied", 7, "x", true, "", false, ""},
         {"but where there is no login", 7, "x", false, "", true, "''"},
         {"who logged in without one may go on", 7, "", true, "", true, "''"},
-        {"the marker typed where none is stored is a password", 0, "", true, "(HIDDENPASSWORD)", true, "'sha:(HIDDENPASSWORD)'"},
+        {"the marker typed where none is stored is a password", 0, "", true, "(HIDDENPASSWORD)", true,
+         "'sha:(HIDDENPASSWORD)'"},
     };
     for (const auto& c : cases) {
         EmployeeStage stage;
@@ -264,18 +286,21 @@ TEST(EmployeeEditor, WhoMayLogInHasAPasswordOrHadNone) {
         EXPECT_EQ(ID > 0, c.saved) << c.what;
         if (!c.saved) continue;
         const std::string statement = c.ID == 0 ? stage.inserted().front() : stage.executed().front();
-        EXPECT_THAT(statement, HasSubstr(c.ID == 0 ? ", " + std::string(c.written) + ", ''," : "PasswordHash = " + std::string(c.written))) << c.what;
+        EXPECT_THAT(statement, HasSubstr(c.ID == 0 ? ", " + std::string(c.written) + ", '',"
+                                                   : "PasswordHash = " + std::string(c.written)))
+            << c.what;
     }
 }
 
 TEST(EmployeeEditor, TheBuiltInAdministratorKeepsItsName) {
     EmployeeStage stage;
     stage.host->rows("SELECT * FROM Employees WHERE ID = 7", employee("(Administrator)"));
-    EXPECT_EQ(stage.edit(7, [](EmployeeEditor& editor) {
-        EXPECT_FALSE(editor.textBox("txtFirstName").enabled());
-        editor.checkBox("chkSalesRep").userCheck(false);
-        editor.cmdOK.userPress();
-    }),
+    EXPECT_EQ(stage.edit(7,
+                         [](EmployeeEditor& editor) {
+                             EXPECT_FALSE(editor.textBox("txtFirstName").enabled());
+                             editor.checkBox("chkSalesRep").userCheck(false);
+                             editor.cmdOK.userPress();
+                         }),
               7)
         << "the name is no duplicate, and duties are not asked about";
     EXPECT_THAT(stage.desktop.boxes, IsEmpty());
@@ -286,28 +311,37 @@ TEST(EmployeeEditor, ACompanyWithoutADefaultSalesRepIsOfferedThisOne) {
         const char* stored;
         bool rep, yes;
         std::size_t asked, set, told;
-    } cases[] = {{"", true, true, 1, 1, 0},   {"-1", true, false, 1, 0, 1}, {"0", false, true, 0, 0, 1},
-                 {"3", true, true, 0, 0, 0}, {"none", true, true, 1, 1, 0}};
+    } cases[] = {{"", true, true, 1, 1, 0},
+                 {"-1", true, false, 1, 0, 1},
+                 {"0", false, true, 0, 0, 1},
+                 {"3", true, true, 0, 0, 0},
+                 {"none", true, true, 1, 1, 0}};
     for (const auto& c : cases) {
         EmployeeStage stage;
-        stage.host->on("Options.GetCompanyOption",
-                       [&](Arguments a) { return a[0].toText() == "DefaultSalesRep" ? Variant(c.stored) : a[2]; });
+        stage.host->on("Options.GetCompanyOption", [&](Arguments a) {
+            return a[0].toText() == "DefaultSalesRep" ? Variant(c.stored) : a[2];
+        });
         stage.desktop.answers = {c.yes ? MessageAnswer::Yes : MessageAnswer::No};
-        EXPECT_EQ(stage.edit(0, [&](EmployeeEditor& editor) {
-            fill(editor);
-            editor.checkBox("chkSalesRep").userCheck(c.rep);
-            editor.cmdOK.userPress();
-        }),
+        EXPECT_EQ(stage.edit(0,
+                             [&](EmployeeEditor& editor) {
+                                 fill(editor);
+                                 editor.checkBox("chkSalesRep").userCheck(c.rep);
+                                 editor.cmdOK.userPress();
+                             }),
                   8);
         EXPECT_THAT(stage.desktop.boxes, SizeIs(c.asked));
         if (c.asked) {
             EXPECT_EQ(stage.desktop.boxes[0].text, askDefault);
         }
-        EXPECT_EQ(stage.host->callsOf("Options.SetCompanyOption"),
-                  c.set ? std::vector<std::string>{"DefaultSalesRep, Customers, 8"} : std::vector<std::string>{});
+        EXPECT_EQ(
+            stage.host->callsOf("Options.SetCompanyOption"),
+            c.set ? std::vector<std::string>{"DefaultSalesRep, Customers, 8"} : std::vector<std::string>{});
         EXPECT_THAT(stage.host->callsOf("ShowMessageStyle1"), SizeIs(c.told));
         if (c.told) {
-            EXPECT_THAT(stage.host->callsOf("ShowMessageStyle1"), Each(HasSubstr("You don't have a default sales rep selected in Application Settings. If you don't select a default rep then the (Administrator) user will be used as the default sales rep for new customers. It's recommended that you change the default sales rep to something other than the Administrator user.")));
+            EXPECT_THAT(
+                stage.host->callsOf("ShowMessageStyle1"),
+                Each(HasSubstr(
+                    "You don't have a default sales rep selected in Application Settings. If you don't select a default rep then the (Administrator) user will be used as the default sales rep for new customers. It's recommended that you change the default sales rep to something other than the Administrator user.")));
         }
     }
 }
@@ -320,8 +354,10 @@ TEST(EmployeeEditor, TheSignedInUserIsReadAgainAndToldToLogIn) {
         editor.cmdOK.userPress();
     });
     EXPECT_THAT(stage.host->callsOf("Security.ReInitializeUser"), ElementsAre("7"));
-    EXPECT_THAT(stage.desktop.boxes, ElementsAre(Box{loginAgain, MessageButtons::Ok, MessageIcon::Information}));
-    EXPECT_THAT(stage.executed(), Contains("DELETE FROM EmployeeSecurityRoles WHERE EmployeeID = 7 AND SecurityRoleID = 2"));
+    EXPECT_THAT(stage.desktop.boxes,
+                ElementsAre(Box{loginAgain, MessageButtons::Ok, MessageIcon::Information}));
+    EXPECT_THAT(stage.executed(),
+                Contains("DELETE FROM EmployeeSecurityRoles WHERE EmployeeID = 7 AND SecurityRoleID = 2"));
 }
 
 TEST(EmployeeEditor, MailSettingsComeFromAProviderAndThePasswordIsProtectedByTheHost) {
@@ -351,7 +387,10 @@ TEST(EmployeeEditor, MailSettingsComeFromAProviderAndThePasswordIsProtectedByThe
         EXPECT_FALSE(editor.cmdEmailSettings.enabled());
         editor.cmdOK.userPress();
     });
-    EXPECT_THAT(stage.executed(), Contains(HasSubstr("EmailMethod = 1,EmailSMTPServer='smtp.gmail.com',EmailSenderAddress='a@x',EmailSMTPAuth=1,EmailSMTPUserName='u',EmailSMTPPassword='sealed''s3cret',EmailSMTPPort=587,EmailSMTPTimeout=600,EmailSMTPAuthMethod='LOGIN',EmailSMTPSSL=0,EmailSMTPTLS=1")));
+    EXPECT_THAT(
+        stage.executed(),
+        Contains(HasSubstr(
+            "EmailMethod = 1,EmailSMTPServer='smtp.gmail.com',EmailSenderAddress='a@x',EmailSMTPAuth=1,EmailSMTPUserName='u',EmailSMTPPassword='sealed''s3cret',EmailSMTPPort=587,EmailSMTPTimeout=600,EmailSMTPAuthMethod='LOGIN',EmailSMTPSSL=0,EmailSMTPTLS=1")));
     for (const EmailPreset& preset : emailPresets())
         EXPECT_TRUE(preset.ssl != preset.tls && preset.port > 0) << preset.name;
 }
@@ -366,9 +405,12 @@ TEST(EmployeeEditor, ATestMessageIsSentWithTheStoredSettingsOfTheUser) {
             dialog.cmdTest.userPress();
         });
         stage.edit(7, [](EmployeeEditor& editor) { editor.cmdEmailSettings.userPress(); });
-        EXPECT_THAT(stage.host->callsOf("SendEmailMessageWithTemplateAndUI"),
-                    user == 7 ? std::vector<std::string>{"3, 7, Test message, This message was sent to test the e-mail settings."}
-                              : std::vector<std::string>{});
+        EXPECT_THAT(
+            stage.host->callsOf("SendEmailMessageWithTemplateAndUI"),
+            user == 7
+                ? std::vector<
+                      std::string>{"3, 7, Test message, This message was sent to test the e-mail settings."}
+                : std::vector<std::string>{});
         EXPECT_THAT(stage.desktop.boxes, SizeIs(user == 7 ? 1 : 0)) << "changed settings must be saved first";
     }
 }
@@ -376,12 +418,13 @@ TEST(EmployeeEditor, ATestMessageIsSentWithTheStoredSettingsOfTheUser) {
 TEST(EmployeeEditor, WhatTheCompanyLacksIsNotAskedFor) {
     EmployeeStage stage;
     stage.host->on("Security.CompanyFeatureEnabled", Variant(false));
-    EXPECT_EQ(stage.edit(0, [](EmployeeEditor& editor) {
-        fill(editor);
-        editor.comboBox("cboEmailMethod").setListIndex(-1);
-        EXPECT_FALSE(editor.TabControl1.isPageVisible(2));
-        editor.cmdOK.userPress();
-    }),
+    EXPECT_EQ(stage.edit(0,
+                         [](EmployeeEditor& editor) {
+                             fill(editor);
+                             editor.comboBox("cboEmailMethod").setListIndex(-1);
+                             EXPECT_FALSE(editor.TabControl1.isPageVisible(2));
+                             editor.cmdOK.userPress();
+                         }),
               8);
 }
 
@@ -390,29 +433,35 @@ TEST(EmployeeEditor, FailuresAreToldAndTheRestIsSaved) {
         EmployeeStage stage;
         stage.host->on("Database.ExecuteNonQuery", Variant(false));
         stage.host->on("Database.ExecuteNonQueryWithID", Variant(0));
-        EXPECT_EQ(stage.edit(ID, [&](EmployeeEditor& editor) {
-            if (ID == 0) fill(editor);
-            editor.cmdOK.userPress();
-            EXPECT_TRUE(editor.shown());
-            EXPECT_EQ(editor.txtPassword.text(), ID == 0 ? "pa'ss" : "(HIDDENPASSWORD)");
-        }),
+        EXPECT_EQ(stage.edit(ID,
+                             [&](EmployeeEditor& editor) {
+                                 if (ID == 0) fill(editor);
+                                 editor.cmdOK.userPress();
+                                 EXPECT_TRUE(editor.shown());
+                                 EXPECT_EQ(editor.txtPassword.text(), ID == 0 ? "pa'ss" : "(HIDDENPASSWORD)");
+                             }),
                   0);
-        EXPECT_THAT(stage.host->callsOf("ShowAndLogErrorMessage"),
-                    ElementsAre(std::string("The employee '") + (ID == 0 ? "Bo O'Hara could not be added., " : "Ann Dell could not be updated., ") + explanation + ", the database's own words"));
+        EXPECT_THAT(
+            stage.host->callsOf("ShowAndLogErrorMessage"),
+            ElementsAre(std::string("The employee '") +
+                        (ID == 0 ? "Bo O'Hara could not be added., " : "Ann Dell could not be updated., ") +
+                        explanation + ", the database's own words"));
     }
     EmployeeStage stage;
     stage.host->failStatement = "DELETE FROM EmployeeAddresses WHERE ID = 5";
     stage.host->on("Database.ExecuteNonQuery",
                    [](Arguments a) { return Variant(!a[0].toText().starts_with("INSERT")); });
-    EXPECT_EQ(stage.edit(7, [](EmployeeEditor& editor) {
-        editor.addresses.Hyperlink_DeleteAddress();
-        tick(editor, "Admin");
-        tick(editor, "Sales", false);
-        editor.cmdOK.userPress();
-    }),
+    EXPECT_EQ(stage.edit(7,
+                         [](EmployeeEditor& editor) {
+                             editor.addresses.Hyperlink_DeleteAddress();
+                             tick(editor, "Admin");
+                             tick(editor, "Sales", false);
+                             editor.cmdOK.userPress();
+                         }),
               7);
     EXPECT_THAT(stage.host->callsOf("ShowADOErrorMessage"), SizeIs(1));
-    EXPECT_THAT(stage.host->callsOf("ShowAndLogErrorMessage"), ElementsAre(HasSubstr("One or more of the security roles could not be saved.")));
+    EXPECT_THAT(stage.host->callsOf("ShowAndLogErrorMessage"),
+                ElementsAre(HasSubstr("One or more of the security roles could not be saved.")));
     EXPECT_THAT(stage.executed(), SizeIs(3));
     EXPECT_THAT(stage.host->callsOf("Messages.PostMessage"), ElementsAre("5003, 7"));
 }

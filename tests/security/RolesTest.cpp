@@ -33,7 +33,8 @@ std::string access(int activity, int bits) {
 struct RoleStage : Stage {
     RoleStage() { furnish(*this); }
     static void furnish(Stage& stage) {
-        const std::string three = "<Record><ID>3</ID><Name>Sales's</Name><Description>d</Description></Record>";
+        const std::string three =
+            "<Record><ID>3</ID><Name>Sales's</Name><Description>d</Description></Record>";
         stage.host->rows("SELECT * FROM SecurityRoles ORDER BY Name",
                          "<Records>" + three + "<Record><ID>4</ID><Name>Viewer</Name></Record></Records>");
         stage.host->rows("SELECT * FROM SecurityRoles WHERE ID = 3", "<Records>" + three + "</Records>");
@@ -105,7 +106,8 @@ TEST(SecurityRoles, OptionsAndBoxesGrantWithinTheMaskAndKeepWhatOthersStored) {
          [](auto& a) { a.setNone(), a.setPartial(); }, 40},
         {"Partial after Full keeps it", 190, 4, [](auto& a) { a.setFull(), a.setPartial(); }, 190},
         {"a box changes its bit alone", 190, 190, [](auto& a) { a.grant(Delete, false); }, 158},
-        {"a box does not grant to perform", 190, 0, [](auto& a) { a.setPartial(), a.grant(ViewAll, true); }, 4},
+        {"a box does not grant to perform", 190, 0, [](auto& a) { a.setPartial(), a.grant(ViewAll, true); },
+         4},
         {"to perform ends with the last box", 190, 132, [](auto& a) { a.grant(ViewAll, false); }, 0},
         {"bits beyond the mask do not", 20, 68, [](auto& a) { a.grant(ViewAll, false); }, 64},
         {"a bit outside the mask is not granted", 20, 4, [](auto& a) { a.grant(Create, true); }, 4},
@@ -119,43 +121,43 @@ TEST(SecurityRoles, OptionsAndBoxesGrantWithinTheMaskAndKeepWhatOthersStored) {
 
 TEST(SecurityRoles, OnlyChangedAccessIsWritten) {
     RoleStage stage;
-    EXPECT_EQ(stage.edit(3, [](RoleDialog& dialog) {
-        EXPECT_EQ(dialog.caption(), "Edit Security Role");
-        EXPECT_EQ(dialog.lblPermissions.caption(), "No activity selected");
-        EXPECT_FALSE(dialog.optFull.enabled());
-        EXPECT_EQ(shown(dialog, 106), "View All");
-        EXPECT_EQ(shown(dialog, 201), "Full");
-        EXPECT_EQ(shown(dialog, 107), "None");
+    EXPECT_EQ(stage.edit(3,
+                         [](RoleDialog& dialog) {
+                             EXPECT_EQ(dialog.caption(), "Edit Security Role");
+                             EXPECT_EQ(dialog.lblPermissions.caption(), "No activity selected");
+                             EXPECT_FALSE(dialog.optFull.enabled());
+                             EXPECT_EQ(shown(dialog, 106), "View All");
+                             EXPECT_EQ(shown(dialog, 201), "Full");
+                             EXPECT_EQ(shown(dialog, 107), "None");
 
-        select(dialog.rptActivity, 106);
-        EXPECT_EQ(dialog.lblPermissions.caption(), "Permissions for Terms");
-        EXPECT_THAT(dialog.txtActivityDescription.text(), HasSubstr("payment terms"));
-        EXPECT_TRUE(dialog.optPartial.selected());
-        EXPECT_TRUE(dialog.chkViewAll.checked() && dialog.chkDelete.enabled());
-        EXPECT_FALSE(dialog.chkViewOwned.enabled()) << "not in the mask";
-        dialog.chkDelete.userCheck(true);
-        EXPECT_EQ(shown(dialog, 106), "View All, Delete");
-        dialog.optFull.userSelect();
-        EXPECT_TRUE(dialog.chkCreate.checked() && !dialog.chkCreate.enabled());
+                             select(dialog.rptActivity, 106);
+                             EXPECT_EQ(dialog.lblPermissions.caption(), "Permissions for Terms");
+                             EXPECT_THAT(dialog.txtActivityDescription.text(), HasSubstr("payment terms"));
+                             EXPECT_TRUE(dialog.optPartial.selected());
+                             EXPECT_TRUE(dialog.chkViewAll.checked() && dialog.chkDelete.enabled());
+                             EXPECT_FALSE(dialog.chkViewOwned.enabled()) << "not in the mask";
+                             dialog.chkDelete.userCheck(true);
+                             EXPECT_EQ(shown(dialog, 106), "View All, Delete");
+                             dialog.optFull.userSelect();
+                             EXPECT_TRUE(dialog.chkCreate.checked() && !dialog.chkCreate.enabled());
 
-        select(dialog.rptActivity, 201);
-        dialog.optPartial.userSelect();
-        EXPECT_EQ(shown(dialog, 201, 2), "0") << "nothing was changed";
-        dialog.chkViewAll.userCheck(false);
+                             select(dialog.rptActivity, 201);
+                             dialog.optPartial.userSelect();
+                             EXPECT_EQ(shown(dialog, 201, 2), "0") << "nothing was changed";
+                             dialog.chkViewAll.userCheck(false);
 
-        select(dialog.rptActivity, 107);
-        dialog.optFull.userSelect();
-        dialog.optNone.userSelect();
-        EXPECT_EQ(shown(dialog, 107, 2), "1");
-        select(dialog.rptActivity, 800);
-        dialog.rptActivity.clearSelection();
-        dialog.optNone.userSelect();
-        dialog.cmdOK.userPress();
-    }),
+                             select(dialog.rptActivity, 107);
+                             dialog.optFull.userSelect();
+                             dialog.optNone.userSelect();
+                             EXPECT_EQ(shown(dialog, 107, 2), "1");
+                             select(dialog.rptActivity, 800);
+                             dialog.rptActivity.clearSelection();
+                             dialog.optNone.userSelect();
+                             dialog.cmdOK.userPress();
+                         }),
               3);
     const std::string of = "DELETE FROM SecurityRoleAccess WHERE SecurityRoleID = 3 AND Activity = ";
-    const std::string into =
-        "INSERT INTO SecurityRoleAccess (SecurityRoleID, Activity, Access) VALUES(3,";
+    const std::string into = "INSERT INTO SecurityRoleAccess (SecurityRoleID, Activity, Access) VALUES(3,";
     EXPECT_THAT(stage.written(),
                 ElementsAre("UPDATE SecurityRoles SET Name = 'Sales''s', Description = 'd' WHERE ID = 3",
                             of + "106", into + "106,60)", of + "107", of + "201", into + "201,56)"));
@@ -164,39 +166,43 @@ TEST(SecurityRoles, OnlyChangedAccessIsWritten) {
 
 TEST(SecurityRoles, ANewRoleIsWrittenWithWhatItGrants) {
     RoleStage stage;
-    EXPECT_EQ(stage.edit(0, [&](RoleDialog& dialog) {
-        EXPECT_EQ(dialog.caption(), "New Security Role");
-        EXPECT_FALSE(dialog.cmdExport.enabled());
-        dialog.textBox("txtName").userType("  ");
-        dialog.cmdOK.userPress();
-        EXPECT_EQ(dialog.focusedControl(), dialog.control("txtName"));
-        stage.host->on("Common.RecordExists", Variant(true));
-        dialog.textBox("txtName").userType("Viewer");
-        dialog.setFocus(dialog.rptActivity);
-        dialog.cmdOK.userPress();
-        EXPECT_EQ(dialog.focusedControl(), dialog.control("txtName"));
-        stage.host->on("Common.RecordExists", Variant(false));
-        dialog.textBox("txtName").userType(" Fitters ");
-        select(dialog.rptActivity, 805);
-        dialog.optFull.userSelect();
-        dialog.cmdOK.userPress();
-    }),
+    EXPECT_EQ(stage.edit(0,
+                         [&](RoleDialog& dialog) {
+                             EXPECT_EQ(dialog.caption(), "New Security Role");
+                             EXPECT_FALSE(dialog.cmdExport.enabled());
+                             dialog.textBox("txtName").userType("  ");
+                             dialog.cmdOK.userPress();
+                             EXPECT_EQ(dialog.focusedControl(), dialog.control("txtName"));
+                             stage.host->on("Common.RecordExists", Variant(true));
+                             dialog.textBox("txtName").userType("Viewer");
+                             dialog.setFocus(dialog.rptActivity);
+                             dialog.cmdOK.userPress();
+                             EXPECT_EQ(dialog.focusedControl(), dialog.control("txtName"));
+                             stage.host->on("Common.RecordExists", Variant(false));
+                             dialog.textBox("txtName").userType(" Fitters ");
+                             select(dialog.rptActivity, 805);
+                             dialog.optFull.userSelect();
+                             dialog.cmdOK.userPress();
+                         }),
               9);
-    EXPECT_THAT(stage.desktop.boxes,
-                ElementsAre(Box{"You must enter valid security role name.", MessageButtons::Ok, MessageIcon::Exclamation},
-                            Box{"A security role with this name already exists.", MessageButtons::Ok, MessageIcon::Exclamation}));
+    EXPECT_THAT(stage.desktop.boxes, ElementsAre(Box{"You must enter valid security role name.",
+                                                     MessageButtons::Ok, MessageIcon::Exclamation},
+                                                 Box{"A security role with this name already exists.",
+                                                     MessageButtons::Ok, MessageIcon::Exclamation}));
     EXPECT_THAT(stage.inserted(),
                 ElementsAre("INSERT INTO SecurityRoles (Name,Description) VALUES('Fitters', '')"));
-    EXPECT_THAT(stage.written(),
-                ElementsAre("DELETE FROM SecurityRoleAccess WHERE SecurityRoleID = 9 AND Activity = 805",
-                            "INSERT INTO SecurityRoleAccess (SecurityRoleID, Activity, Access) VALUES(9,805,190)"));
+    EXPECT_THAT(
+        stage.written(),
+        ElementsAre("DELETE FROM SecurityRoleAccess WHERE SecurityRoleID = 9 AND Activity = 805",
+                    "INSERT INTO SecurityRoleAccess (SecurityRoleID, Activity, Access) VALUES(9,805,190)"));
 }
 
 TEST(SecurityRoles, AFailedSaveKeepsTheInputAndTheNextOneWritesTheRest) {
     RoleStage stage;
     std::string fails = "INSERT INTO SecurityRoleAccess (SecurityRoleID, Activity, Access) VALUES(9,106,60)";
     stage.host->on("Database.ExecuteNonQuery", [&](Arguments a) { return Variant(a[0].toText() != fails); });
-    stage.host->rows("SELECT * FROM SecurityRoles WHERE ID = 9", "<Records><Record><ID>9</ID></Record></Records>");
+    stage.host->rows("SELECT * FROM SecurityRoles WHERE ID = 9",
+                     "<Records><Record><ID>9</ID></Record></Records>");
     const auto grant = [](RoleDialog& dialog) {
         dialog.textBox("txtName").userType("Fitters");
         for (const std::int32_t activity : {100, 106, 200}) {
@@ -206,12 +212,13 @@ TEST(SecurityRoles, AFailedSaveKeepsTheInputAndTheNextOneWritesTheRest) {
         dialog.cmdOK.userPress();
         EXPECT_TRUE(dialog.shown());
     };
-    EXPECT_EQ(stage.edit(0, [&](RoleDialog& dialog) {
-        grant(dialog);
-        stage.host->forget();
-        fails.clear();
-        dialog.cmdOK.userPress();
-    }),
+    EXPECT_EQ(stage.edit(0,
+                         [&](RoleDialog& dialog) {
+                             grant(dialog);
+                             stage.host->forget();
+                             fails.clear();
+                             dialog.cmdOK.userPress();
+                         }),
               9);
     EXPECT_THAT(stage.written(), Not(Contains(HasSubstr("Activity = 100"))));
     EXPECT_THAT(stage.written(), Contains(EndsWith("VALUES(9,106,60)")));
@@ -219,10 +226,11 @@ TEST(SecurityRoles, AFailedSaveKeepsTheInputAndTheNextOneWritesTheRest) {
 
     RoleStage given;
     given.host->on("Database.ExecuteNonQuery", Variant(false));
-    EXPECT_EQ(given.edit(0, [&](RoleDialog& dialog) {
-        grant(dialog);
-        dialog.cmdCancel.userPress();
-    }),
+    EXPECT_EQ(given.edit(0,
+                         [&](RoleDialog& dialog) {
+                             grant(dialog);
+                             dialog.cmdCancel.userPress();
+                         }),
               9)
         << "the role exists, and the list must show it";
     EXPECT_THAT(given.host->callsOf("ShowAndLogErrorMessage"), ElementsAre(saveFailure));
@@ -230,15 +238,16 @@ TEST(SecurityRoles, AFailedSaveKeepsTheInputAndTheNextOneWritesTheRest) {
 
 TEST(SecurityRoles, ARoleThatAnotherUserDeletedIsNotWritten) {
     RoleStage stage;
-    EXPECT_EQ(stage.edit(3, [&](RoleDialog& dialog) {
-        stage.host->rows("SELECT * FROM SecurityRoles WHERE ID = 3", "<Records/>");
-        select(dialog.rptActivity, 106);
-        dialog.optFull.userSelect();
-        dialog.cmdOK.userPress();
-        EXPECT_TRUE(dialog.shown() && dialog.lblMissing.visible());
-        EXPECT_EQ(shown(dialog, 106), "Full");
-        dialog.cmdCancel.userPress();
-    }),
+    EXPECT_EQ(stage.edit(3,
+                         [&](RoleDialog& dialog) {
+                             stage.host->rows("SELECT * FROM SecurityRoles WHERE ID = 3", "<Records/>");
+                             select(dialog.rptActivity, 106);
+                             dialog.optFull.userSelect();
+                             dialog.cmdOK.userPress();
+                             EXPECT_TRUE(dialog.shown() && dialog.lblMissing.visible());
+                             EXPECT_EQ(shown(dialog, 106), "Full");
+                             dialog.cmdCancel.userPress();
+                         }),
               0);
     EXPECT_THAT(stage.written(), IsEmpty());
     EXPECT_EQ(stage.desktop.boxes.size(), 1U);
@@ -253,14 +262,18 @@ TEST(SecurityRoles, AnExportHoldsTheRoleAndItsAccess) {
             dialog.cmdExport.userPress();
             dialog.cmdExport.userPress();  // cancelled
         });
-        EXPECT_THAT(stage.host->callsOf("tslniee5.Engine.AddToExport"),
-                    ElementsAre("SecurityRoles, SELECT * FROM vwExporting_SecurityRoles WHERE UniqueID = '3-3'",
-                                "SecurityRoleAccess, SELECT * FROM vwExporting_SecurityRoleAccess WHERE SecurityRoleUniqueID = '3-3'"));
+        EXPECT_THAT(
+            stage.host->callsOf("tslniee5.Engine.AddToExport"),
+            ElementsAre(
+                "SecurityRoles, SELECT * FROM vwExporting_SecurityRoles WHERE UniqueID = '3-3'",
+                "SecurityRoleAccess, SELECT * FROM vwExporting_SecurityRoleAccess WHERE SecurityRoleUniqueID = '3-3'"));
         EXPECT_THAT(stage.host->callsOf("tslniee5.Engine.DoExport"), ElementsAre("/x/role.xml"));
         EXPECT_EQ(stage.desktop.proposals.front(), "Sales's.xml");
         EXPECT_THAT(stage.desktop.boxes,
-                    ElementsAre(exported ? Box{"This security role has been exported.", MessageButtons::Ok, MessageIcon::Information}
-                                         : Box{"There was a problem exporting this security role.", MessageButtons::Ok, MessageIcon::Exclamation}));
+                    ElementsAre(exported ? Box{"This security role has been exported.", MessageButtons::Ok,
+                                               MessageIcon::Information}
+                                         : Box{"There was a problem exporting this security role.",
+                                               MessageButtons::Ok, MessageIcon::Exclamation}));
     }
 }
 
@@ -272,14 +285,22 @@ TEST(SecurityRoles, ACopyIsOneStatementPairAndATakenNameWritesNothing) {
         press(list, "cmdCopy");
         EXPECT_EQ(list.selectedID(), 9);
     });
-    EXPECT_THAT(stage.host->callsOf("Database.ExecuteScaler"),
-                Contains(HasSubstr("SELECT COUNT(*) AS MyCount FROM SecurityRoles WHERE Name = 'Sales''s Copy'")));
-    EXPECT_THAT(stage.inserted(), ElementsAre("INSERT INTO SecurityRoles (Name, Description) SELECT 'Sales''s Copy', Description from SecurityRoles where ID = 3"));
-    EXPECT_THAT(stage.written(), ElementsAre("INSERT INTO SecurityRoleAccess (SecurityRoleID,Activity,Access) SELECT 9,Activity,Access FROM SecurityRoleAccess WHERE SecurityRoleID = 3 "));
+    EXPECT_THAT(
+        stage.host->callsOf("Database.ExecuteScaler"),
+        Contains(HasSubstr("SELECT COUNT(*) AS MyCount FROM SecurityRoles WHERE Name = 'Sales''s Copy'")));
+    EXPECT_THAT(
+        stage.inserted(),
+        ElementsAre(
+            "INSERT INTO SecurityRoles (Name, Description) SELECT 'Sales''s Copy', Description from SecurityRoles where ID = 3"));
+    EXPECT_THAT(
+        stage.written(),
+        ElementsAre(
+            "INSERT INTO SecurityRoleAccess (SecurityRoleID,Activity,Access) SELECT 9,Activity,Access FROM SecurityRoleAccess WHERE SecurityRoleID = 3 "));
 
     RoleStage odd;
-    odd.host->on("Database.ExecuteScaler",
-                 [](Arguments a) { return a[0].toText().starts_with("SELECT Name") ? Variant("{1}") : Variant(0); });
+    odd.host->on("Database.ExecuteScaler", [](Arguments a) {
+        return a[0].toText().starts_with("SELECT Name") ? Variant("{1}") : Variant(0);
+    });
     odd.list([](RolesScreen& list) {
         select(list.rptItems, 3);
         press(list, "cmdCopy");
@@ -287,8 +308,9 @@ TEST(SecurityRoles, ACopyIsOneStatementPairAndATakenNameWritesNothing) {
     EXPECT_THAT(odd.inserted(), ElementsAre(HasSubstr("SELECT '{1} Copy', ")));
 
     RoleStage taken;
-    taken.host->on("Database.ExecuteScaler",
-                   [](Arguments a) { return a[0].toText().starts_with("SELECT Name") ? Variant("Sales") : Variant(1); });
+    taken.host->on("Database.ExecuteScaler", [](Arguments a) {
+        return a[0].toText().starts_with("SELECT Name") ? Variant("Sales") : Variant(1);
+    });
     taken.list([](RolesScreen& list) {
         select(list.rptItems, 3);
         press(list, "cmdCopy");
@@ -309,7 +331,10 @@ TEST(SecurityRoles, ARoleInUseIsNotDeletedAndClosingReadsTheUserAgain) {
         EXPECT_THAT(stage.host->callsOf("Security.ReInitializeUser"), IsEmpty());
         list.cmdClose.userPress();
     });
-    EXPECT_THAT(stage.host->callsOf("ShowMessageStyle1"), ElementsAre("The security role <Bold>Sales's</Bold> cannot be deleted because it's being used by 2 employees., In order to delete this security role you must remove it from the employees that are using it."));
+    EXPECT_THAT(
+        stage.host->callsOf("ShowMessageStyle1"),
+        ElementsAre(
+            "The security role <Bold>Sales's</Bold> cannot be deleted because it's being used by 2 employees., In order to delete this security role you must remove it from the employees that are using it."));
     EXPECT_THAT(stage.written(), ElementsAre("DELETE FROM SecurityRoles WHERE ID = 4"));
     EXPECT_THAT(stage.host->callsOf("Security.ReInitializeUser"), ElementsAre("5"));
 }
@@ -339,8 +364,10 @@ TEST(SecurityRoles, FurtherRolesAreInstalledByThePackageProcessor) {
     RoleStage stage;
     stage.desktop.popupChoices = {28321};
     stage.list([](RolesScreen& list) { list.cmdMore.userPress(); });
-    EXPECT_THAT(stage.desktop.popups.front().commands.back().caption, HasSubstr("Update Additional Security Roles"));
-    EXPECT_THAT(stage.desktop.boxes, ElementsAre(Box{"The TSLN 5 Package Processor cannot be found.", MessageButtons::Ok, MessageIcon::Exclamation}));
+    EXPECT_THAT(stage.desktop.popups.front().commands.back().caption,
+                HasSubstr("Update Additional Security Roles"));
+    EXPECT_THAT(stage.desktop.boxes, ElementsAre(Box{"The TSLN 5 Package Processor cannot be found.",
+                                                     MessageButtons::Ok, MessageIcon::Exclamation}));
 }
 
 TEST(SecurityRoles, EveryHostFaultIsToldAndKeepsTheInput) {
@@ -383,9 +410,7 @@ TEST(SecurityRoles, EveryHostFaultIsToldAndKeepsTheInput) {
             });
             stage.library->ShowSecurityRoles();
         },
-        [](Stage& stage) {
-            EXPECT_LE(stage.host->callsOf("Security.ReInitializeUser").size(), 1U);
-        });
+        [](Stage& stage) { EXPECT_LE(stage.host->callsOf("Security.ReInitializeUser").size(), 1U); });
 }
 
 }  // namespace

@@ -15,8 +15,8 @@ User userOf(modSharedXML::Record row) {
 }
 
 User signIn(Company& company, std::string_view login) {
-    const auto rows = modSharedXML::Records::parse(
-        company.read(std::string(userColumns) + "Username = " + literal(login)));
+    const auto rows =
+        modSharedXML::Records::parse(company.read(std::string(userColumns) + "Username = " + literal(login)));
     const modSharedXML::Record row = rows.first();
     const std::string name = "'" + std::string(login) + "'";
     if (login.empty() || !row) throw SignInError("This company has no user " + name + ".");

@@ -9,8 +9,8 @@ namespace {
 
 constexpr std::string_view key = "Tessaline workbench: stored passwords";
 constexpr std::int32_t bits = 256;
-constexpr std::size_t digestSize = bits / 4;   // hexadecimal digits
-constexpr std::size_t saltSize = 32;           // likewise
+constexpr std::size_t digestSize = bits / 4;  // hexadecimal digits
+constexpr std::size_t saltSize = 32;          // likewise
 constexpr std::string_view digits = "0123456789abcdef";
 
 std::string seal(std::string_view salt, std::string_view hidden) {

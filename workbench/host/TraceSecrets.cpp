@@ -68,7 +68,8 @@ std::vector<std::string_view> secretTexts(const Tokens& tokens) {
     int depth = 0;
     for (const SqlToken& token : tokens) {
         depth += token.isSign("(") ? 1 : token.isSign(")") ? -1 : 0;
-        const bool ends = token.isSign(",") || token.isWord("AND") || token.isWord("OR") || token.isWord("WHERE");
+        const bool ends =
+            token.isSign(",") || token.isWord("AND") || token.isWord("OR") || token.isWord("WHERE");
         if (ends && after && depth <= *after) after.reset();
         if (isSecret(token)) after = depth;
         if (after && token.kind == SqlToken::Kind::Text) found.push_back(token.text);

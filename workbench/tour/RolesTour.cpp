@@ -90,10 +90,12 @@ Script rolesTour(Company& company, std::string folder) {
     press('n', wxMOD_ALT);
     press(WXK_RETURN);
     co_await untilActive("Security Roles");
-    expect(number(company,
-                  "SELECT COUNT(*) FROM SecurityRoleAccess a INNER JOIN SecurityRoles r ON r.ID = a.SecurityRoleID "
-                  "WHERE r.Name = 'Keeper of terms' AND a.Activity = 106 AND a.Access = 28") == 1,
-           "the role may do all with terms but delete them");
+    expect(
+        number(
+            company,
+            "SELECT COUNT(*) FROM SecurityRoleAccess a INNER JOIN SecurityRoles r ON r.ID = a.SecurityRoleID "
+            "WHERE r.Name = 'Keeper of terms' AND a.Activity = 106 AND a.Access = 28") == 1,
+        "the role may do all with terms but delete them");
     press(WXK_ESCAPE);
 
     co_await untilActive("Tessaline Workbench");
@@ -129,11 +131,13 @@ Script rolesTour(Company& company, std::string folder) {
     album.take("default-rep", "the company has no default sales rep yet");
     press(WXK_RETURN);
     co_await untilActive("Employees");
-    expect(number(company,
-                  "SELECT COUNT(*) FROM EmployeeSecurityRoles e INNER JOIN SecurityRoles r ON r.ID = e.SecurityRoleID "
-                  "WHERE e.EmployeeID = 4 AND r.Name = 'Keeper of terms'") == 1 &&
-               number(company, "SELECT COUNT(*) FROM EmployeeSecurityRoles WHERE EmployeeID = 4") == 1,
-           "the employee has the new role alone");
+    expect(
+        number(
+            company,
+            "SELECT COUNT(*) FROM EmployeeSecurityRoles e INNER JOIN SecurityRoles r ON r.ID = e.SecurityRoleID "
+            "WHERE e.EmployeeID = 4 AND r.Name = 'Keeper of terms'") == 1 &&
+            number(company, "SELECT COUNT(*) FROM EmployeeSecurityRoles WHERE EmployeeID = 4") == 1,
+        "the employee has the new role alone");
     press(WXK_ESCAPE);
 
     co_await untilActive("Tessaline Workbench");

@@ -42,7 +42,8 @@ struct SecuredCompany : ModuleStage {
     }
     std::vector<std::string> history(std::int32_t ID) const {
         std::vector<std::string> texts;
-        for (const HistoryEntry& entry : historyOf(session->company(), *recordKindOf(Operation::ShowEditEmployee), ID))
+        for (const HistoryEntry& entry :
+             historyOf(session->company(), *recordKindOf(Operation::ShowEditEmployee), ID))
             texts.push_back(entry.text);
         return texts;
     }
@@ -67,14 +68,17 @@ TEST(EmployeesOnCompany, ACopiedRoleTakesARightFromTheEmployeeWhoSignsInWithIt) 
     });
     stage.library->ShowSecurityRoles();
     EXPECT_EQ(stage.value("SELECT COUNT(*) FROM SecurityRoleAccess WHERE SecurityRoleID = 4"), "45");
-    EXPECT_EQ(stage.value("SELECT Access FROM SecurityRoleAccess WHERE SecurityRoleID = 4 AND Activity = 106"), "28");
+    EXPECT_EQ(
+        stage.value("SELECT Access FROM SecurityRoleAccess WHERE SecurityRoleID = 4 AND Activity = 106"),
+        "28");
 
-    EXPECT_EQ(stage.edit(owen, [](EmployeeEditor& editor) {
-        setRoles(editor, {"Keeper"});
-        editor.txtPassword.userType("t0psecret");
-        editor.txtConfirm.userType("t0psecret");
-        editor.cmdOK.userPress();
-    }),
+    EXPECT_EQ(stage.edit(owen,
+                         [](EmployeeEditor& editor) {
+                             setRoles(editor, {"Keeper"});
+                             editor.txtPassword.userType("t0psecret");
+                             editor.txtConfirm.userType("t0psecret");
+                             editor.cmdOK.userPress();
+                         }),
               owen);
     stage.run("INSERT INTO Terms (Terms) VALUES ('Net 30')");
 
@@ -114,10 +118,12 @@ TEST(EmployeesOnCompany, AnEmployeeIsAddedAndReadBack) {
     });
     ASSERT_GT(ID, 0);
     const std::string where = " FROM Employees WHERE ID = " + std::to_string(ID);
-    EXPECT_EQ(stage.value("SELECT FirstName + '|' + LastName + '|' + EmailSMTPServer + '|' + PasswordHash" + where),
-              "Zo\xC3\xAB|O'Neil|smtp.aol.com|");
+    EXPECT_EQ(
+        stage.value("SELECT FirstName + '|' + LastName + '|' + EmailSMTPServer + '|' + PasswordHash" + where),
+        "Zo\xC3\xAB|O'Neil|smtp.aol.com|");
     EXPECT_EQ(readSecret(stage.value("SELECT EmailSMTPPassword" + where)), "m\xC3\xA4il pass");
-    EXPECT_EQ(stage.value("SELECT OptionValue FROM CompanyOptions WHERE OptionName = 'DefaultSalesRep'"), std::to_string(ID));
+    EXPECT_EQ(stage.value("SELECT OptionValue FROM CompanyOptions WHERE OptionName = 'DefaultSalesRep'"),
+              std::to_string(ID));
     stage.edit(ID, [](EmployeeEditor& editor) {
         EXPECT_EQ(editor.txtPassword.text(), "");
         EXPECT_EQ(editor.addresses.txtShipToAddress.text(), "9 Quay Rd\r\nMerriden Falls, WI 53099\r\nUSA");
@@ -203,7 +209,9 @@ TEST(EmployeesOnCompany, RightsFollowTheRolesAtOnce) {
     });
     EXPECT_EQ(stage.library->ShowEditSecurityRole(1), 1);
     EXPECT_FALSE(can(*stage.session, update));
-    EXPECT_EQ(stage.value("SELECT COUNT(*) FROM SecurityRoleAccess WHERE SecurityRoleID = 1 AND Activity = 106"), "0");
+    EXPECT_EQ(
+        stage.value("SELECT COUNT(*) FROM SecurityRoleAccess WHERE SecurityRoleID = 1 AND Activity = 106"),
+        "0");
 
     stage.ui.replies = {{MessageAnswer::Yes}};
     stage.edit(1, [](EmployeeEditor& editor) {
@@ -220,9 +228,11 @@ TEST(EmployeesOnCompany, AnExportedRoleIsImportedWithItsAccess) {
     SecuredCompany stage;
     const std::string file = stage.folder.file("role.xml");
     stage.desktop.files = {file};
-    stage.desktop.user<RoleDialog>("frmSecurityRoles_Edit", [](RoleDialog& dialog) { dialog.cmdExport.userPress(); });
+    stage.desktop.user<RoleDialog>("frmSecurityRoles_Edit",
+                                   [](RoleDialog& dialog) { dialog.cmdExport.userPress(); });
     stage.library->ShowEditSecurityRole(3);
-    const std::string sum = "SELECT COUNT(*) + SUM(Access) * 1000 FROM SecurityRoleAccess a INNER JOIN SecurityRoles r ON r.ID = a.SecurityRoleID WHERE r.Name = 'Sales'";
+    const std::string sum =
+        "SELECT COUNT(*) + SUM(Access) * 1000 FROM SecurityRoleAccess a INNER JOIN SecurityRoles r ON r.ID = a.SecurityRoleID WHERE r.Name = 'Sales'";
     const std::string before = stage.value(sum);
     stage.run("DELETE FROM SecurityRoles WHERE ID = 3");
     EXPECT_EQ(stage.value("SELECT COUNT(*) FROM SecurityRoleAccess WHERE SecurityRoleID = 3"), "0");
