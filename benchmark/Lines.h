@@ -35,6 +35,7 @@ void measurePricing(const Settings& settings, Report& report);
 void measureEditors(const Settings& settings, Report& report);
 void measureHostCalls(const Settings& settings, Report& report);
 void measureMessages(const Settings& settings, Report& report);
+void measureSecurity(const Settings& settings, Report& report);
 void measureStart(const Settings& settings, Report& report);
 
 inline constexpr Group groups[] = {
@@ -43,7 +44,8 @@ inline constexpr Group groups[] = {
     {"sorting", false, measureSorting},   {"statements", false, measureStatements},
     {"deleting", false, measureDeleting}, {"calls", false, measureHostCalls},
     {"pricing", false, measurePricing},   {"messages", false, measureMessages},
-    {"editors", false, measureEditors},   {"start", true, measureStart},
+    {"editors", false, measureEditors},   {"security", false, measureSecurity},
+    {"start", true, measureStart},
 };
 
 /// Measures work at sizes from 1,000 to `most` rows, several rounds each, and adds the curve of the medians.

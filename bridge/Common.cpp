@@ -110,6 +110,14 @@ void Common::LoadLocations(ComboBox& combo) const {
     call("LoadLocations", combo.automation());
 }
 
+std::string Common::ComplexEncrypt(std::string_view text) const {
+    if (text.empty()) return {};
+    std::string stored = textOf(call("ComplexEncrypt", text), "ComplexEncrypt");
+    // An empty answer must not erase the user's text.
+    if (stored.empty()) throw HostError(code::fail, "ComplexEncrypt", "The text cannot be protected.");
+    return stored;
+}
+
 std::string Common::CreateGUID() const {
     return textOf(call("CreateGUID"), "CreateGUID");
 }

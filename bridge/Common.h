@@ -50,6 +50,8 @@ class Common : HostPart {
     void LoadShippingMethods(ComboBox& combo) const;
     void LoadReferralMethods(ComboBox& combo) const;
     void LoadLocations(ComboBox& combo) const;
+    /// Returns the text as it may be stored: protected from being read in the database. Empty for an empty text.
+    std::string ComplexEncrypt(std::string_view text) const;
     std::string CreateGUID() const;
     /// Returns the GUID in braces.
     std::string FormatAsGUID(std::string_view guid) const;

@@ -18,4 +18,8 @@ std::int32_t Security::UserId() const {
     return call("UserId").toLong();
 }
 
+void Security::ReInitializeUser(std::int32_t userID) const {
+    call("ReInitializeUser", userID);
+}
+
 }  // namespace tsln

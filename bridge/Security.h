@@ -20,6 +20,8 @@ class Security : HostPart {
     bool IsRoamingWorkstation() const;
     /// The key of the user's row among the employees.
     std::int32_t UserId() const;
+    /// Makes the host read the user with this key and the user's rights again.
+    void ReInitializeUser(std::int32_t userID) const;
 };
 
 }  // namespace tsln

@@ -61,6 +61,9 @@ constexpr struct {
     {{"orders", "shippingmethodid"}, "GetShippingMethodName"},
 };
 
+/// Columns whose changes are told without the values, which nobody is to read.
+constexpr Column hiddenValues[] = {{"employees", "passwordhash"}, {"employees", "emailsmtppassword"}};
+
 /// Returns work's result, or an empty value when it throws.
 template <class Work>
 auto ignoringErrors(const Work& work) noexcept -> decltype(work()) {
@@ -104,6 +107,8 @@ std::string lookUp(std::string_view member, const std::string& value, const Obje
 std::string displayValue(std::string_view table, std::string_view column, const std::string& value,
                          const ObjectPtr& sharedCode) {
     if (Column{"customers", "active"}.is(table, column)) return value != "0" ? "Yes" : "No";
+    if (std::ranges::any_of(hiddenValues, [&](const Column& hidden) { return hidden.is(table, column); }))
+        return "(hidden)";
     for (const auto& row : displayLookups) {
         if (row.column.is(table, column)) return lookUp(row.member, value, sharedCode);
     }

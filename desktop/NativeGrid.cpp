@@ -183,6 +183,11 @@ void scrollBackTo(wxDataViewCtrl& grid, unsigned firstRow) {
     gtk_tree_path_free(path);
 }
 
+void redrawRows(wxDataViewCtrl& grid) {
+    // GTK keeps the picture of the rows when only the window around them is refreshed.
+    gtk_widget_queue_draw(GTK_WIDGET(treeOf(grid)));
+}
+
 std::optional<unsigned> rowAt(const wxDataViewCtrl& grid, const wxPoint& point) {
     GtkTreeView* const tree = treeOf(const_cast<wxDataViewCtrl&>(grid));
     int x = 0;
@@ -291,6 +296,10 @@ VisibleRows visibleRows(const wxDataViewCtrl& grid) {
 }
 
 void scrollBackTo(wxDataViewCtrl&, unsigned) {}  // the toolkit keeps its position
+
+void redrawRows(wxDataViewCtrl& grid) {
+    grid.GetMainWindow()->Refresh();
+}
 
 std::optional<unsigned> rowAt(const wxDataViewCtrl& grid, const wxPoint& point) {
     wxDataViewItem item;

@@ -73,6 +73,8 @@ struct VisibleRows {
 VisibleRows visibleRows(const wxDataViewCtrl& grid);
 /// After the rows were replaced: scrolls so that this row is the first in view, where the toolkit does not keep it.
 void scrollBackTo(wxDataViewCtrl& grid, unsigned firstRow);
+/// Draws the rows in view again, with the texts that they have now.
+void redrawRows(wxDataViewCtrl& grid);
 /// The row at a point of the data view's client area, if there is one.
 std::optional<unsigned> rowAt(const wxDataViewCtrl& grid, const wxPoint& point);
 /// The width a column was given by the program or the user, without the width added by stretching.

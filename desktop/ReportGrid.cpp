@@ -270,7 +270,7 @@ void ReportGrid::showReport() {
     if (filled_ && report_.rowsVersion() == shownVersion_) {
         if (refillPending()) return;
         showSelection();
-        rowsWindow().Refresh();
+        redrawRows(*this);
         return;
     }
     const bool many = std::max<std::size_t>(report_.rowCount(), model_->GetCount()) > manyRows;

@@ -221,6 +221,7 @@ Variant RecordingHost::usualAnswer(const std::string& path, Arguments arguments)
     if (path == "FixForSQLInsert") return modSharedSQL::doubleQuotes(arguments[0].toText());
     if (path == "CombineAddress") return joinLines(arguments);
     if (path == "ParseAddress") return arguments.assign(1, arguments[0]), true;  // all in the first line
+    if (path == "Common.ComplexEncrypt") return "encrypted";
     if (path == "Common.CreateGUID") return "0123ABCD";
     if (path == "Common.FormatAsGUID") return "{" + arguments[0].toText() + "}";
     if (path == "PSDFile") return "/psd/company.psd";

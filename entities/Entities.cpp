@@ -2,6 +2,7 @@
 
 #include "entities/CompanyEditor.h"
 #include "entities/CustomerEditor.h"
+#include "entities/EmployeeEditor.h"
 #include "entities/UpdateOrderInformation.h"
 #include "entities/VendorEditor.h"
 
@@ -16,6 +17,8 @@ void plugIn(Library& library) {
         updateOrderInformation(self, a[0].toLong());
         return Variant();
     });
+    library.plugIn(Operation::ShowEditEmployee,
+                   [](Library& self, Arguments a) { return Variant(editEmployee(self, a[0].toLong())); });
     library.plugIn(Operation::ShowEditCompany,
                    [](Library& self, Arguments) { return Variant(editCompany(self)); });
 }

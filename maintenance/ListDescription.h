@@ -111,6 +111,7 @@ struct ListDescription {
     bool editsRows = true;     ///< Edit is enabled
     bool deletesRows = true;   ///< Delete is enabled
     bool contextMenu = false;  ///< a right click and the menu key open a popup of commands
+    bool hidesForbidden = false;  ///< the context popup leaves out the commands that the user may not run
     bool filter = false;       ///< a box above the list reduces it to the rows that contain the typed text
     std::string_view columnLayoutKey =
         {};                           ///< the user's column layout is kept under it; empty: it is not kept

@@ -102,21 +102,29 @@ void importList(HostScreen& screen, std::int16_t kind) {
     }
 }
 
+std::optional<bool> exportParts(HostScreen& screen, std::span<const ExportPart> parts,
+                                std::string& proposed) {
+    const auto file = screen.desktop().saveFile(screen, "Save As", fileFilters, proposed);
+    if (!file || file->empty()) return std::nullopt;
+    proposed = *file;
+    return succeeded([&] {
+        const Component engine(screen.desktop().createObject("tslniee5.Engine"), screen.host());
+        engine->put("SimpleExport", portableExport(screen.desktop()));
+        for (const ExportPart& part : parts)
+            engine->call("AddToExport", part.listName, part.query);
+        return engine->call("DoExport", *file);
+    });
+}
+
 void exportList(HostScreen& screen, std::int16_t kind, std::string& proposed) {
     const ListKind list = findListKind(kind);
     if (list.listName.empty()) return;
-    const auto file = screen.desktop().saveFile(screen, "Save As", fileFilters, proposed);
-    if (!file || file->empty()) return;
-    proposed = *file;
-    const bool exported = succeeded([&] {
-        const Component engine(screen.desktop().createObject("tslniee5.Engine"), screen.host());
-        engine->put("SimpleExport", portableExport(screen.desktop()));
-        engine->call("AddToExport", list.listName, list.exportQuery);
-        return engine->call("DoExport", *file);
-    });
+    const ExportPart parts[] = {{list.listName, list.exportQuery}};
+    const auto exported = exportParts(screen, parts, proposed);
+    if (!exported) return;
     const std::string name = modSharedStrings::toLower(list.displayName);
-    if (exported) {
-        screen.tell(format("The {0} were exported to '{1}'", name, *file), MessageIcon::Information);
+    if (*exported) {
+        screen.tell(format("The {0} were exported to '{1}'", name, proposed), MessageIcon::Information);
     } else {
         screen.tell(format("The {0} could not be exported.", name), MessageIcon::Exclamation);
     }

@@ -6,6 +6,7 @@
 #include <iterator>
 
 #include "maintenance/ListKinds.h"
+#include "maintenance/TextFile.h"
 #include "maintenance/modSharedReportControl.h"
 #include "screens/Job.h"
 #include "shared/modSharedSQL.h"
@@ -41,14 +42,6 @@ ReportColumn reportColumn(const ListColumn& column) {
     for (const Choice& choice : column.choices)
         made.choices.push_back({choice.number, std::string(choice.caption)});
     return made;
-}
-
-/// A name for a file with the list, without the signs that file systems refuse.
-std::string fileName(std::string_view caption, std::string_view ending) {
-    std::string name(caption);
-    std::ranges::replace_if(
-        name, [](char c) { return std::string_view("\\/:*?\"<>|").find(c) != std::string_view::npos; }, '-');
-    return name += ending;
 }
 
 /// Gives each command without an access letter the first letter or digit of its caption that is not taken yet.
@@ -521,10 +514,14 @@ void ListScreen::makePopups() {
 
 void ListScreen::openContextMenu() {
     const std::size_t selected = selectedRecords().size();
-    Command& popup = selected == 0   ? cbContext.popups[1]
-                     : selected == 1 ? cbContext.popups[2]
-                                     : cbContext.popups[3];
-    cbContext.showPopup(popup, rptItems);
+    Command popup = selected == 0   ? cbContext.popups[1]
+                    : selected == 1 ? cbContext.popups[2]
+                                    : cbContext.popups[3];
+    if (description_.hidesForbidden) {
+        std::erase_if(popup.commands,
+                      [this](const Command& command) { return !mayRun(*findCommand(command.id)); });
+    }
+    if (!popup.commands.empty()) cbContext.showPopup(popup, rptItems);
 }
 
 bool ListScreen::applies(const ListCommand& command) {
@@ -541,7 +538,10 @@ bool ListScreen::applies(const ListCommand& command) {
         }
         return false;
     }();
-    if (!rowsFit) return false;
+    return rowsFit && mayRun(command);
+}
+
+bool ListScreen::mayRun(const ListCommand& command) {
     return std::ranges::all_of(
         std::initializer_list<Right>{Right::Add, Right::Edit, Right::Delete},
         [&](Right right) { return (command.rights & static_cast<Rights>(right)) == 0 || can(right); });

@@ -110,6 +110,8 @@ class ListScreen : public HostScreen {
     void makeCommands();
     void makePopups();
     bool applies(const ListCommand& command);
+    /// True when the user holds the rights that the command requires.
+    bool mayRun(const ListCommand& command);
     const ListCommand* findCommand(int id) const;
     void runCommand(int id);
     void openContextMenu();

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 #include "maintenance/ExpressionEditor.h"
 #include "maintenance/Statements.h"
@@ -68,6 +69,10 @@ void RecordDialog::makeFields() {
 }
 
 Field& RecordDialog::fieldOf(std::string_view name) {
+    return const_cast<Field&>(std::as_const(*this).fieldOf(name));
+}
+
+const Field& RecordDialog::fieldOf(std::string_view name) const {
     const auto found = std::ranges::find_if(fields_, [&](const Field& field) {
         return field.description().control == name || field.description().column == name;
     });

@@ -49,6 +49,7 @@ class RecordDialog : public HostScreen {
 
     /// The field with this control or column, which must exist in the description.
     Field& fieldOf(std::string_view name);
+    const Field& fieldOf(std::string_view name) const;
     TextBox& textBox(std::string_view control) { return fieldOf(control).text(); }
     ComboBox& comboBox(std::string_view control) { return fieldOf(control).combo(); }
     CheckBox& checkBox(std::string_view control) { return fieldOf(control).check(); }

@@ -1,5 +1,6 @@
 #include "maintenance/TextFile.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 
@@ -7,6 +8,13 @@
 #include "screens/Screen.h"
 
 namespace tsln {
+
+std::string fileName(std::string_view caption, std::string_view ending) {
+    std::string name(caption);
+    std::ranges::replace_if(
+        name, [](char c) { return std::string_view("\\/:*?\"<>|").find(c) != std::string_view::npos; }, '-');
+    return name += ending;
+}
 namespace {
 
 const FileFilter fileFilters[] = {{"Text Files", "*.txt"}, {"All Files (*.*)", "*.*"}};

@@ -102,6 +102,12 @@ Class HostSecurity
     Public Function CanDo(area, right)
         CanDo = True
     End Function
+    Public Property Get UserId
+        UserId = 3
+    End Property
+    Public Sub ReInitializeUser(user)
+        log = log & "|USER " & user
+    End Sub
 End Class
 
 Class SharedCode
@@ -180,6 +186,11 @@ Expect "products moved", False, library.MoveProductsToVendor(3, "5")
 If InStr(log, "UPDATE ProductVendors SET VendorID = 5 WHERE VendorID = 3 AND IsDefault <> 0") = 0 Then
     Expect "the move", "UPDATE ...", log
 End If
+
+log = ""
+UserDoes """press:Security Roles|&Close"""
+library.ShowSecurityRoles
+If InStr(log, "|USER 3") = 0 Then Expect "the user is read again", "USER 3", log
 
 On Error Resume Next
 library.ShowEditTerms

@@ -52,7 +52,7 @@ std::optional<Options> readCommandLine(int argc, const char* const* argv, int& e
                             demonstrationCompany() + ")")
             ->type_name("FILE");
     line.add_option("--user", options.user,
-                    "Login name: \"admin\" may do all, \"viewer\" may only look (default: admin)")
+                    "Login name: \"admin\" may do all, \"viewer\" may only look (default: admin). The password of a user who has one is asked for, or taken from the environment variable TSLN_PASSWORD")
         ->type_name("NAME");
     auto* show = line.add_option("--show", options.show,
                                  "Call an operation with its arguments, print its result and end")
@@ -62,7 +62,7 @@ std::optional<Options> readCommandLine(int argc, const char* const* argv, int& e
     auto* tour =
         line.add_option(
                 "--tour", options.tour,
-                "Go through terms, customers, charges, a bulk change, measurements and messages on a fresh company as a user at the keyboard, and save a picture of each step in the folder")
+                "Go through terms, customers, roles and employees, charges, a bulk change, measurements and messages on a fresh company as a user at the keyboard, and save a picture of each step in the folder")
             ->type_name("FOLDER")
             ->excludes(show)
             ->excludes(company);
@@ -76,7 +76,7 @@ std::optional<Options> readCommandLine(int argc, const char* const* argv, int& e
             ->excludes(tour)
             ->excludes(company);
     line.footer(
-        "Exit codes: 1 the operation, the tour or the gallery failed, 2 wrong command line, 3 the company file cannot be used, 4 no such user, 5 no display.");
+        "Exit codes: 1 the operation, the tour or the gallery failed, 2 wrong command line, 3 the company file cannot be used, 4 no such user or a wrong password, 5 no display.");
     try {
         line.parse(argc, argv);
         if (!options.show.empty()) {

@@ -11,7 +11,7 @@ enum ExitCode {
     exitFailed = 1,   ///< the shown operation raised an error, or the tour or the gallery failed
     exitUsage = 2,    ///< the command line is invalid
     exitCompany = 3,  ///< the company file cannot be used
-    exitUser = 4,     ///< there is no such user
+    exitUser = 4,     ///< there is no such user, or the password is wrong
     exitDisplay = 5,  ///< there is no display
 };
 

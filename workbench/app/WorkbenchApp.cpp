@@ -11,10 +11,12 @@
 #include "workbench/app/Console.h"
 #include "workbench/app/ProcessEndEvent.h"
 #include "workbench/app/SettingsFolder.h"
+#include "workbench/app/SignIn.h"
 #include "workbench/app/WorkbenchFrame.h"
 #include "workbench/tour/CustomerTour.h"
 #include "workbench/tour/Gallery.h"
 #include "workbench/tour/MessagesTour.h"
+#include "workbench/tour/RolesTour.h"
 #include "workbench/tour/Tour.h"
 #include "workbench/tour/TourSteps.h"
 #include "workbench/tour/VirtualUser.h"
@@ -46,7 +48,9 @@ void registerPrograms(CompanySession& session) {
 }  // namespace
 
 WorkbenchApp::WorkbenchApp(Options options)
-    : options_(std::move(options)), session_(options_.company, options_.user, messages_) {}
+    : options_(std::move(options)),
+      session_(options_.company, options_.user, messages_),
+      signedIn_(signInUnasked(session_)) {}
 
 bool WorkbenchApp::OnInit() {
     // A failed assertion of the toolkit is printed; its dialog about source files would only disturb the user.
@@ -56,6 +60,12 @@ bool WorkbenchApp::OnInit() {
                      condition.utf8_str().data(), message.utf8_str().data());
     });
     SetAppDisplayName("Tessaline");
+    if (!signedIn_ && !askForPassword(session_)) {
+        exitCode_ = exitUser;
+        SetExitOnFrameDelete(false);
+        CallAfter([this] { ExitMainLoop(); });
+        return true;
+    }
     try {
         module_ = std::make_unique<Module>(session_, [this](std::string_view commandLine, ProcessEnd end) {
             noteProcessEnd(commandLine, end);
@@ -83,11 +93,12 @@ bool WorkbenchApp::OnInit() {
     frame->Show();
     if (!options_.tour.empty()) {
         std::printf(
-            "A tour of terms, customers, charges, measurements and messages; its pictures are in %s\n",
+            "A tour of terms, customers, roles, charges, measurements and messages; its pictures are in %s\n",
             options_.tour.c_str());
         start(inSequence(pricingTour(session_.company(), options_.tour),
                          termsTour(session_.company(), options_.tour),
                          customerTour(session_.company(), options_.tour),
+                         rolesTour(session_.company(), options_.tour),
                          messagesTour(module_->library(), session_.company(), options_.tour)),
               options_.tour, [this] {
                   printTerms(options_.company);

@@ -33,6 +33,7 @@ class WorkbenchApp : public wxApp {
     const Options options_;
     MessageWindows messages_;
     CompanySession session_;
+    const bool signedIn_;  // without asking for a password
     std::unique_ptr<Module> module_;
     std::unique_ptr<ScriptRunner> script_;
     int exitCode_ = 0;

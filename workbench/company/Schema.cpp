@@ -93,6 +93,7 @@ struct DroppedColumn {
 };
 constexpr DroppedColumn droppedColumns[] = {
     {3, "Vendors", "UpdatedOn", "Vendors_Updated"},
+    {5, "Employees", "UpdatedOn", "Employees_Updated"},
 };
 
 void drop(SQLite::Database& database, const DroppedColumn& column) {

@@ -8,6 +8,7 @@
 #include "shared/modSharedStrings.h"
 #include "shared/modSharedXML.h"
 #include "workbench/host/PersonNameText.h"
+#include "workbench/host/StoredSecret.h"
 #include "workbench/host/TextOf.h"
 #include "workbench/sql/Guid.h"
 #include "workbench/sql/SqlText.h"
@@ -181,6 +182,16 @@ Variant CommonObject::invoke(std::string_view member, Access access, Arguments a
              const auto guid = formatAsGuid(textOf(a[0]));
              if (!guid) throw HostError(code::typeMismatch, "Common", "'" + textOf(a[0]) + "' is no GUID.");
              return Variant(*guid);
+         }},
+        {"ComplexEncrypt",
+         [](Self&, Arguments a) {
+             a.require(1, 1);
+             return Variant(protectSecret(textOf(a[0])));
+         }},
+        {"ComplexDecrypt",
+         [](Self&, Arguments a) {
+             a.require(1, 1);
+             return Variant(readSecret(textOf(a[0])));
          }},
         {"LoadComboFromQuery", [](Self& self, Arguments a) { return self.LoadComboFromQuery(a); }},
         {"ParseCompleteName", [](Self& self, Arguments a) { return self.ParseCompleteName(a); }},

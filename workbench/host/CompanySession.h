@@ -20,6 +20,9 @@ class CompanySession {
 
     Company& company() noexcept { return context_->company; }
     const User& user() const noexcept { return context_->user; }
+    /// True when the user signs in with a password. The one who has the session must ask for it.
+    bool needsPassword() const noexcept { return !user().passwordHash.empty(); }
+    bool acceptsPassword(std::string_view password) const;
     /// The notices that the module posted to the host's other windows.
     const std::vector<Notice>& notices() const noexcept { return context_->notices; }
     /// Registers a program that "ExternalProgram" returns for this name unless the company has another one.

@@ -28,6 +28,7 @@ struct User {
     std::int32_t ID = 0;
     std::string login;
     std::string name;
+    std::string passwordHash;  ///< the digest of the password; empty without one
 };
 
 /// A notice that the module posted: a code, such as 3001 for an added customer, and the record it is about.
@@ -42,6 +43,10 @@ class HostContext {
     /// Opens the company and signs the user in. `hostUi` must outlive the context.
     /// Throws CompanyFileError, SignInError, SqlError.
     HostContext(const std::string& path, OpenMode mode, std::string_view login, HostUi& hostUi);
+
+    /// Reads name, login name and password of the signed-in user again. A user who was deleted meanwhile stays as read
+    /// before. Throws SqlError.
+    void readUserAgain();
 
     Company company;
     HostUi& ui;

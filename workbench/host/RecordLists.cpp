@@ -12,6 +12,8 @@ constexpr std::string_view vendorColumns[] = {"Vendor", "Contact", "City", "Acti
 
 constexpr std::string_view customerColumns[] = {"Customer", "Contact", "City", "Phone", "Active"};
 
+constexpr std::string_view employeeColumns[] = {"Employee", "E-mail", "User", "Can log in", "Active"};
+
 constexpr RecordKind kinds[] = {
     {.edit = Operation::ShowEditCustomer,
      .caption = "Customers",
@@ -21,6 +23,14 @@ constexpr RecordKind kinds[] = {
          "FROM Customers ORDER BY CustomerName, ID",
      .history =
          "SELECT REPLACE(ActivityDate, 'T', ' '), Activity FROM CustomerActivity WHERE CustomerID = {0} ORDER BY ID DESC"},
+    {.edit = Operation::ShowEditEmployee,
+     .caption = "Employees",
+     .columns = employeeColumns,
+     .list =
+         "SELECT ID, dbo.BuildEmployeeName(FirstName, MiddleInitial, LastName), Email1, Username, CASE WHEN CanLogin <> 0 THEN 'Yes' ELSE '' END, CASE WHEN Active <> 0 THEN 'Yes' ELSE 'No' END "
+         "FROM Employees ORDER BY LastName, FirstName, ID",
+     .history =
+         "SELECT REPLACE(ActivityDate, 'T', ' '), Activity FROM EmployeeActivity WHERE EmployeeID = {0} ORDER BY ID DESC"},
     {.edit = Operation::ShowEditVendor,
      .caption = "Vendors",
      .columns = vendorColumns,

@@ -34,6 +34,12 @@ Variant SecurityObject::invoke(std::string_view member, Access access, Arguments
              a.require(2, 2);
              return Variant(self.canDo(a[0].toLong(), a[1].toLong()));
          }},
+        {"ReInitializeUser",
+         [](Self& self, Arguments a) {
+             a.require(1, 1);
+             if (a[0].toLong() == self.context().user.ID) self.context().readUserAgain();
+             return Variant();
+         }},
         {"UserId", [](Self& self, Arguments) { return Variant(self.context().user.ID); }},
         {"IsRoamingWorkstation",
          [](Self& self, Arguments) {

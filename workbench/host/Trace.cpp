@@ -1,5 +1,7 @@
 #include "workbench/host/Trace.h"
 
+#include "workbench/host/TraceSecrets.h"
+
 namespace tsln::workbench {
 namespace {
 
@@ -58,10 +60,16 @@ Variant TracedObject::invoke(std::string_view member, Access access, Arguments a
     entry.depth = tracer_->depth_;
     entry.member = (name_.empty() ? "" : name_ + ".") + std::string(member);
     entry.access = access;
+    bool secret = takesSecrets(member);
     for (std::size_t i = 0; i < arguments.count(); ++i) {
         if (i > 0) entry.arguments += ", ";
-        entry.arguments += shortText(arguments[i]);
-        if (entry.statement.empty() && isStatement(arguments[i])) entry.statement = arguments[i].toText();
+        Variant shown = secret ? Variant(hiddenText) : arguments[i];
+        if (isStatement(shown) && namesSecrets(shown.toText())) {
+            shown = withoutSecrets(shown.toText());
+            secret = true;  // so is the result
+        }
+        entry.arguments += shortText(shown);
+        if (entry.statement.empty() && isStatement(shown)) entry.statement = shown.toText();
     }
 
     struct Depth {
@@ -86,7 +94,7 @@ Variant TracedObject::invoke(std::string_view member, Access access, Arguments a
         throw;
     }
     ended();
-    entry.result = shortText(result);
+    entry.result = shortText(secret && result.isText() ? Variant(hiddenText) : result);
     entry.fetch = arguments.count() == 0 && result.isObject() && result.toObject();
     tracer_->tell(entry);
     if (!entry.fetch) return result;

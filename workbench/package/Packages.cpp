@@ -15,6 +15,16 @@ std::span<const EmbeddedFile> packageFiles();
 
 namespace {
 
+/// Each row holds its fields as attributes.
+void readParts(pugi::xml_node parts, Package::Record& record) {
+    for (pugi::xml_node row : parts.children("Row")) {
+        Package::Part& part = record.parts.emplace_back(parts.attribute("table").value(),
+                                                        parts.attribute("owner").value(), Package::Fields());
+        for (pugi::xml_attribute field : row.attributes())
+            part.fields.push_back({field.name(), field.value()});
+    }
+}
+
 Package readPackage(std::string_view text) {
     pugi::xml_document document;
     if (!document.load_buffer(text.data(), text.size())) throw std::logic_error("A package cannot be read.");
@@ -26,28 +36,42 @@ Package readPackage(std::string_view text) {
                     {}};
     for (pugi::xml_node row : root.children("Record")) {
         Package::Record record;
-        for (pugi::xml_node field : row.children())
-            record.push_back({field.name(), field.child_value()});
+        for (pugi::xml_node field : row.children()) {
+            if (std::string_view(field.name()) == "Parts") {
+                readParts(field, record);
+            } else {
+                record.fields.push_back({field.name(), field.child_value()});
+            }
+        }
         package.records.push_back(std::move(record));
     }
     return package;
 }
 
 bool exists(Company& company, const Package& package, const Package::Record& record) {
-    auto name = std::ranges::find(record, package.nameColumn, &Package::Field::column);
-    if (name == record.end()) throw std::logic_error("A record of " + package.key + " has no name.");
+    auto name = std::ranges::find(record.fields, package.nameColumn, &Package::Field::column);
+    if (name == record.fields.end()) throw std::logic_error("A record of " + package.key + " has no name.");
     Variant count = company.scalar("SELECT COUNT(*) AS theCount FROM " + bracketed(package.table) +
                                    " WHERE " + bracketed(package.nameColumn) + " = " + literal(name->value));
     return count != Variant(std::int32_t(0));
 }
 
-void insert(Company& company, const Package& package, const Package::Record& record) {
+void insert(Company& company, std::string_view table, const Package::Fields& fields) {
     std::string columns, values;
-    for (const auto& [column, value] : record) {
+    for (const auto& [column, value] : fields) {
         columns += (columns.empty() ? "" : ", ") + bracketed(column);
         values += (values.empty() ? "" : ", ") + literal(value);
     }
-    company.execute("INSERT INTO " + bracketed(package.table) + " (" + columns + ") VALUES (" + values + ")");
+    company.execute("INSERT INTO " + bracketed(table) + " (" + columns + ") VALUES (" + values + ")");
+}
+
+void insert(Company& company, const Package& package, const Package::Record& record) {
+    insert(company, package.table, record.fields);
+    const std::string owner = std::to_string(company.lastInsertId());
+    for (Package::Part part : record.parts) {
+        part.fields.push_back({part.ownerColumn, owner});
+        insert(company, part.table, part.fields);
+    }
 }
 
 }  // namespace

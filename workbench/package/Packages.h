@@ -16,7 +16,17 @@ struct Package {
     struct Field {
         std::string column, value;
     };
-    using Record = std::vector<Field>;
+    using Fields = std::vector<Field>;
+    /// A row of another table that belongs to a record.
+    struct Part {
+        std::string table;
+        std::string ownerColumn;  ///< gets the key of the record
+        Fields fields;
+    };
+    struct Record {
+        Fields fields;
+        std::vector<Part> parts;
+    };
 
     std::string key;    ///< for example "TSLN50_Terms"
     std::string title;  ///< in messages: "terms"
@@ -35,7 +45,7 @@ struct InstallResult {
     int added = 0, skipped = 0;
 };
 
-/// Adds the set's records whose names the list lacks, and an entry in the event log, in one transaction. `progress`
+/// Adds the set's records whose names the list lacks, with their parts, and an entry in the event log, in one transaction. `progress`
 /// is called after each record with the number of processed records. Throws SqlError; the company is unchanged then.
 InstallResult installPackage(Company& company, const Package& package,
                              const std::function<void(int)>& progress);

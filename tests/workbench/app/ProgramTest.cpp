@@ -68,20 +68,26 @@ TEST_F(ProgramTest, AnInvalidCommandLineIsExplained) {
 TEST_F(ProgramTest, AnUnusableCompanyOrUserIsReportedAndTheFileIsUnchanged) {
     std::ofstream(path("text.company")) << "not a database in spite of its name";
     fs::create_directories(path("a folder"));
-    { const Company company(path("good.company")); }
+    // The digest of "top secret".
+    Company(path("good.company"))
+        .execute("UPDATE Employees SET PasswordHash = '9d3b319476557b164750a707e93274a48268f689d9ffa41433e9e573a2b85d9f' WHERE Username = 'priya'");
     const auto before = fs::last_write_time(path("text.company"));
 
     const struct {
         std::string arguments;
         int exitCode;
+        const char* password = "";
     } cases[] = {
         {"--company '" + path("text.company") + "'", 3},
         {"--company '" + path("a folder") + "'", 3},
         {"--company '" + path("no/such/folder/x.company") + "'", 3},
         {"--company '" + path("good.company") + "' --user nobody", 4},
+        {"--company '" + path("good.company") + "' --user priya", 4, "Top secret"},
+        {"--company '" + path("good.company") + "' --user priya", 5, "top secret"},
         {"--company '" + path("good.company") + "'", 5},  // correct, except that there is no display
     };
     for (const auto& c : cases) {
+        setenv("TSLN_PASSWORD", c.password, 1);
         const Ended ended = runWorkbench(c.arguments);
         EXPECT_EQ(ended.exitCode, c.exitCode) << c.arguments;
         EXPECT_THAT(ended.output, testing::EndsWith(".\n"))

@@ -83,7 +83,8 @@ TEST_F(PackageProgramTest, EverySetIsInstalled) {
                                                         {"MeasurementRooms", "Room"},
                                                         {"MeasurementItems", "ItemName"},
                                                         {"MeasurementMounts", "Mount"},
-                                                        {"Accounts", "Account"}};
+                                                        {"Accounts", "Account"},
+                                                        {"SecurityRoles", "Name"}};
     std::string keys;
     for (auto [table, name] : sets) {
         company_.execute(std::string("DELETE FROM ") + table);
@@ -95,6 +96,8 @@ TEST_F(PackageProgramTest, EverySetIsInstalled) {
         EXPECT_EQ(rows(distinct), "0") << table;
         EXPECT_NE(rows(std::string("SELECT COUNT(*) FROM ") + table), "0") << table;
     }
+    EXPECT_EQ(rows("SELECT r.Name, COUNT(*), MAX(a.Access) FROM SecurityRoles r INNER JOIN SecurityRoleAccess a ON a.SecurityRoleID = r.ID WHERE r.Name IN ('Manager', 'Installer') GROUP BY r.Name ORDER BY r.Name"),
+              "Installer|7|190;Manager|45|190");
 }
 
 TEST_F(PackageProgramTest, TheKeysAreReadFromStandardInput) {

@@ -287,7 +287,7 @@ TEST(Members, ActivityAndNoticesAreStored) {
     EXPECT_EQ(stage.value("SELECT Activity FROM CustomerActivity WHERE CustomerID = 7 AND EmployeeID = 1"),
               "Customer's <id> added.");
     EXPECT_EQ(stage.value("SELECT Activity FROM VendorActivity WHERE VendorID = 8"), "v");
-    EXPECT_EQ(stage.value("SELECT Activity FROM EmployeeActivity WHERE EmployeeID = 3 AND ByEmployeeID = 1"),
+    EXPECT_EQ(stage.value("SELECT TOP 1 Activity FROM EmployeeActivity WHERE EmployeeID = 3 AND ByEmployeeID = 1 ORDER BY ID DESC"),
               "e");
     stage.part("Messages")->call("PostMessage", 3001, 7);
     stage.part("Messages")->call("PostMessage", 6001);

@@ -18,6 +18,7 @@ CREATE TABLE Company ({id},
     LastAuditID INTEGER, MainUniqueID {text}, ResetRequestedOn {text},
     {bookkeeping}) STRICT;
 
+-- Without UpdatedOn: an employee's history lists every changed column, and would list this one.
 CREATE TABLE Employees ({id},
     FirstName {text}, LastName {text}, MiddleInitial {text},
     Phone1Label {text}, Phone1 {text}, Phone2Label {text}, Phone2 {text}, Phone3Label {text}, Phone3 {text},
@@ -29,8 +30,8 @@ CREATE TABLE Employees ({id},
     EmailSMTPAuth INTEGER NOT NULL DEFAULT 0, EmailSMTPUserName {text}, EmailSMTPPassword TEXT, EmailSMTPPort INTEGER,
     EmailSMTPTimeout INTEGER, EmailSMTPAuthMethod {text}, EmailSMTPSSL INTEGER NOT NULL DEFAULT 0,
     EmailSMTPTLS INTEGER NOT NULL DEFAULT 0,
-    Exported INTEGER NOT NULL DEFAULT 0,
-    {bookkeeping}) STRICT;
+    Exported INTEGER NOT NULL DEFAULT 0, UniqueID {text} NOT NULL DEFAULT {uniqueid},
+    AddedOn TEXT NOT NULL DEFAULT {now}) STRICT;
 
 CREATE TABLE SecurityRoles ({id}, Name {text}, Description {text}, {bookkeeping}) STRICT;
 

@@ -1,0 +1,112 @@
+#include "workbench/host/TraceSecrets.h"
+
+#include <algorithm>
+#include <optional>
+#include <set>
+#include <vector>
+
+#include "automation/Object.h"
+#include "workbench/sql/SqlError.h"
+#include "workbench/sql/SqlTokens.h"
+
+namespace tsln::workbench {
+namespace {
+
+constexpr std::string_view secretMembers[] = {"GetSHA2", "ComplexEncrypt", "ComplexDecrypt"};
+constexpr std::string_view secretColumns[] = {"PasswordHash", "EmailSMTPPassword"};
+
+bool isSecret(const SqlToken& token) {
+    return token.isName() && std::ranges::any_of(secretColumns, [&](std::string_view column) {
+               return sameName(token.text, column);
+           });
+}
+
+using Tokens = std::vector<SqlToken>;
+using Token = Tokens::const_iterator;
+
+/// Calls `item` for the tokens of each item of a list, with its number from 0. `at` is at the opening parenthesis and
+/// ends behind the closing one.
+template <class Item>
+void eachItem(Token& at, Token end, const Item& item) {
+    std::size_t number = 0;
+    int depth = 0;
+    for (; at != end; ++at) {
+        if (at->isSign("(") && ++depth == 1) continue;
+        if (at->isSign(")") && --depth == 0) {
+            ++at;
+            return;
+        }
+        if (depth == 1 && at->isSign(",")) {
+            ++number;
+        } else {
+            item(number, *at);
+        }
+    }
+}
+
+/// The texts to be hidden. In an INSERT they are at the places of the columns, elsewhere they follow the column.
+std::vector<std::string_view> secretTexts(const Tokens& tokens) {
+    std::vector<std::string_view> found;
+    const auto open = [&](Token from) {
+        return std::find_if(from, tokens.end(), [](const SqlToken& token) { return token.isSign("("); });
+    };
+    if (tokens.front().isWord("INSERT")) {
+        std::set<std::size_t> places;
+        Token at = open(tokens.begin());
+        eachItem(at, tokens.end(), [&](std::size_t number, const SqlToken& token) {
+            if (isSecret(token)) places.insert(number);
+        });
+        for (at = open(at); at != tokens.end(); at = open(at)) {
+            eachItem(at, tokens.end(), [&](std::size_t number, const SqlToken& token) {
+                if (token.kind == SqlToken::Kind::Text && places.contains(number))
+                    found.push_back(token.text);
+            });
+        }
+        return found;
+    }
+    std::optional<int> after;  // the depth of a secret column whose values follow
+    int depth = 0;
+    for (const SqlToken& token : tokens) {
+        depth += token.isSign("(") ? 1 : token.isSign(")") ? -1 : 0;
+        const bool ends =
+            token.isSign(",") || token.isWord("AND") || token.isWord("OR") || token.isWord("WHERE");
+        if (ends && after && depth <= *after) after.reset();
+        if (isSecret(token)) after = depth;
+        if (after && token.kind == SqlToken::Kind::Text) found.push_back(token.text);
+    }
+    return found;
+}
+
+}  // namespace
+
+bool takesSecrets(std::string_view member) noexcept {
+    return std::ranges::any_of(secretMembers,
+                               [&](std::string_view secret) { return sameName(member, secret); });
+}
+
+bool namesSecrets(std::string_view statement) {
+    return std::ranges::any_of(secretColumns, [&](std::string_view column) {
+        const auto found = std::ranges::search(statement, column, [](char a, char b) {
+            return sameName(std::string_view(&a, 1), std::string_view(&b, 1));
+        });
+        return !found.empty();
+    });
+}
+
+std::string withoutSecrets(std::string_view statement) {
+    try {
+        const Tokens tokens = tokenizeSql(statement);
+        std::string shown;
+        const char* from = statement.data();
+        for (const std::string_view secret : secretTexts(tokens)) {
+            shown.append(from, secret.data());
+            shown += hiddenText;
+            from = secret.data() + secret.size();
+        }
+        return shown.append(from, statement.data() + statement.size());
+    } catch (const SqlError&) {
+        return std::string(hiddenText);
+    }
+}
+
+}  // namespace tsln::workbench
