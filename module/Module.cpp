@@ -6,6 +6,7 @@
 #include "pricing/Pricing.h"
 #include "measurements/Measurements.h"
 #include "messages/Messages.h"
+#include "roaming/Roaming.h"
 
 namespace tsln {
 
@@ -15,6 +16,7 @@ void plugInModule(Library& library) {
     pricing::plugIn(library);
     measurements::plugIn(library);
     messages::plugIn(library);
+    roaming::plugIn(library);
 }
 
 }  // namespace tsln
