@@ -13,7 +13,7 @@ constexpr std::string_view agentProgram = "RoamingSyncAgent";
 constexpr std::string_view stopOption = "StopSync";
 
 /// The text in double quotes, as one word of a command line.
-std::string quoted(std::string_view text) {
+std::string asWord(std::string_view text) {
     std::string word = modSharedStrings::replaceAll(text, "\"", "\\\"");
     // A backslash before the closing quote would make it a part of the path; "C:\." is the folder "C:\".
     if (word.ends_with('\\')) word += '.';
@@ -22,8 +22,8 @@ std::string quoted(std::string_view text) {
 
 std::string argumentsOf(const Host& host) {
     const std::string profile = host.profiles().Profile();
-    return "/Profile:" + quoted(profile.empty() ? "(default)" : profile) +
-           " /Companies:" + quoted(host.options().UserFileLocation("Companies"));
+    return "/Profile:" + asWord(profile.empty() ? "(default)" : profile) +
+           " /Companies:" + asWord(host.options().UserFileLocation("Companies"));
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <wx/stdpaths.h>
 
 #include "shared/modSharedXML.h"
+#include "workbench/app/AgentStart.h"
 #include "workbench/app/Console.h"
 #include "workbench/app/ProcessEndEvent.h"
 #include "workbench/app/SettingsFolder.h"
@@ -38,9 +39,12 @@ void printTerms(const std::string& companyFile) {
 
 /// Registers the programs that come with the workbench, under the names by which the module asks for them.
 void registerPrograms(CompanySession& session) {
-    wxFileName meter(wxStandardPaths::Get().GetExecutablePath());
-    meter.SetName("tessaline-meter");
-    if (meter.FileExists()) session.registerProgram("DistoTransfer", meter.GetFullPath().utf8_string());
+    for (const auto& [kind, program] :
+         {std::pair{"DistoTransfer", "tessaline-meter"}, {"RoamingSyncAgent", "tessaline-agent"}}) {
+        wxFileName file(wxStandardPaths::Get().GetExecutablePath());
+        file.SetName(program);
+        if (file.FileExists()) session.registerProgram(kind, file.GetFullPath().utf8_string());
+    }
 }
 
 }  // namespace
@@ -79,6 +83,7 @@ bool WorkbenchApp::OnInit() {
     if (forAPerson) {
         wxConfigBase::Set(new wxFileConfig("", "", wxString::FromUTF8(settingsFile("workbench.ini"))));
         frame->remember();
+        startAgentIfWanted(session_);
     }
     frame->Show();
     if (!options_.tour.empty()) {
