@@ -153,7 +153,7 @@ void WorkstationsList::cmdThisComputer_Click() {
 
 void WorkstationsList::cmdResetDate_Click() {
     const std::int32_t ID = selectedID();
-    if (resetSendDate(library(), ID)) showChanged(ID);
+    if (ID > 0 && resetSendDate(library(), ID)) showChanged(ID);
 }
 
 bool WorkstationsList::Form_QueryUnload(bool byCloseBox) {

@@ -98,7 +98,9 @@ TEST(Identity, TakesAGuidOfThirtySixCharacters) {
         {"0f8fad5b-d9cb-469f-a165-70867728950g", "The unique ID you have entered is not valid."},
         {"0f8fad5b-d9cb-469f-a1657-0867728950e", "The unique ID you have entered is not valid."},
         {"0f8fad5b-d9cb-469f-a165 70867728950e", "The unique ID you have entered is not valid."},
-        {"0f8fad5b\xE2\x80\x93" "d9cb-469f-a165-708677289", "The unique ID you have entered is not valid."},
+        {"0f8fad5b\xE2\x80\x93"
+         "d9cb-469f-a165-708677289",
+         "The unique ID you have entered is not valid."},
         {"------------------------------------", "The unique ID you have entered is not valid."},
         {"'; DELETE FROM Company; --0123456789", "The unique ID you have entered is not valid."},
         {std::string("  ") + guid + " ", nullptr},
@@ -241,7 +243,8 @@ TEST(InitialSync, AsksBeforeItClosesWhileWaitingAndGoesOnAfterNo) {
         screen.cmdClose.userPress();
         EXPECT_FALSE(screen.shown());
     }));
-    EXPECT_THAT(stage.desktop.boxes, testing::AllOf(SizeIs(3), testing::Each(Field(&Box::text, cancelQuestion))));
+    EXPECT_THAT(stage.desktop.boxes,
+                testing::AllOf(SizeIs(3), testing::Each(Field(&Box::text, cancelQuestion))));
     EXPECT_EQ(stage.desktop.timersRunning(), 0U);
 }
 
@@ -284,7 +287,8 @@ TEST(InitialSync, ToleratesAFewFailingPollsOneAfterTheOther) {
             stage.desktop.tick();
         }
     });
-    EXPECT_THAT(stage.host->callsOf("ShowAndLogErrorMessage"), ElementsAre(EndsWith("The company is locked.")));
+    EXPECT_THAT(stage.host->callsOf("ShowAndLogErrorMessage"),
+                ElementsAre(EndsWith("The company is locked.")));
 }
 
 TEST(InitialSync, TheHostShowsAndMovesFilesAndNamesTheFrequency) {
@@ -300,10 +304,10 @@ TEST(InitialSync, TheHostShowsAndMovesFilesAndNamesTheFrequency) {
     std::vector<std::string> component;
     std::ranges::copy_if(stage.host->calls, std::back_inserter(component),
                          [](const std::string& call) { return call.starts_with("tslnfm5.Library."); });
-    EXPECT_THAT(component, ElementsAre("tslnfm5.Library.Initialize(object)", "tslnfm5.Library.ShowFileManager()",
-                                       "tslnfm5.Library.PreTerminate()", "tslnfm5.Library.Initialize(object)",
-                                       "tslnfm5.Library.ShowMoveFileLocations()",
-                                       "tslnfm5.Library.PreTerminate()"));
+    EXPECT_THAT(component,
+                ElementsAre("tslnfm5.Library.Initialize(object)", "tslnfm5.Library.ShowFileManager()",
+                            "tslnfm5.Library.PreTerminate()", "tslnfm5.Library.Initialize(object)",
+                            "tslnfm5.Library.ShowMoveFileLocations()", "tslnfm5.Library.PreTerminate()"));
     using std::chrono::seconds;
     EXPECT_EQ(roaming::elapsedText(seconds(7)) + " " + roaming::elapsedText(seconds(750)) + " " +
                   roaming::elapsedText(seconds(3723)),
@@ -344,10 +348,11 @@ TEST(Manager, ResetsTheSyncStateAndHasTheCompanyClosed) {
                 "The sync state for this Roaming Workstation has been reset., Wait 5 minutes and then open the company.<LineBreak/>No changes up to this point in time will be sent to the main system; Only new changes will be sent.");
         }
         const auto written = stage.host->callsOf("Database.ExecuteNonQuery");
-        EXPECT_EQ(written, c.proceed == 1
-                               ? std::vector<std::string>{"UPDATE Company SET SyncState = 5, ResetRequestedOn = "
-                                                          "'2011-03-04T10:20:30'"}
-                               : std::vector<std::string>());
+        EXPECT_EQ(written,
+                  c.proceed == 1
+                      ? std::vector<std::string>{"UPDATE Company SET SyncState = 5, ResetRequestedOn = "
+                                                 "'2011-03-04T10:20:30'"}
+                      : std::vector<std::string>());
         EXPECT_EQ(stage.host->callsOf("ShowAndLogErrorMessage"),
                   c.written ? std::vector<std::string>()
                             : std::vector<std::string>{

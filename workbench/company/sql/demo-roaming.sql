@@ -8,3 +8,7 @@ INSERT INTO RoamingWorkstations (Name, Description, AssignedTo, ReferenceCode, S
 
 -- The demonstration company plays both sides: it is the main system, and the copy on the installation van.
 UPDATE Company SET UniqueID = (SELECT UniqueID FROM RoamingWorkstations WHERE ReferenceCode = 42);
+
+INSERT INTO CompanyOptions (Section, OptionName, OptionValue) VALUES
+    ('Roaming Workstations', 'EnableSync', '1'), ('Roaming Workstations', 'SyncComputerName', 'FRONT-DESK'),
+    ('Roaming Workstations', 'SyncFrequency', '15');
