@@ -28,6 +28,7 @@ class AgreeingUi : public workbench::HostUi {
 class RoamingTest : public ::testing::Test {
   protected:
     void SetUp() override {
+        SetEnvironmentVariableW(L"TESSALINE_AGENT", L"300");  // milliseconds a step
         const auto program = std::filesystem::path(serverFile()).parent_path() / "tessaline-agent.exe";
         session.registerProgram("RoamingSyncAgent", utf8Of(program));
         ComPtr<IDispatch> sharedCode = com::adopt(com::newDispatch(session.sharedCode()));

@@ -19,6 +19,7 @@ class AgentProgramTest : public testing::Test {
         {
             // As a copy looks before its initial synchronization: a row of the company, and nothing else.
             const auto copy = openCompanyFile(copyPath, OpenMode::Create);
+            SQLite::Transaction transaction(*copy);
             SQLite::Statement tables(
                 *copy, "SELECT name FROM sqlite_schema WHERE type = 'table' AND name NOT LIKE 'sqlite%'");
             while (tables.executeStep())
@@ -26,6 +27,7 @@ class AgentProgramTest : public testing::Test {
             copy->exec(
                 "INSERT INTO Company (Name, UniqueID, CompanyType, SyncState) VALUES "
                 "('Roaming', '0F8FAD5B-D9CB-469F-A165-70867728950E', 2, 1)");
+            transaction.commit();
         }
         Company(mainPath).execute(
             "UPDATE RoamingWorkstations SET UniqueID = "
