@@ -53,7 +53,7 @@ InitialSync::InitialSync(Library& library) : HostScreen(library, std::string(scr
 Layout InitialSync::layout() {
     using namespace tsln::layout;
     return column(
-        {item(lblExplanation), item(lblStatus), item(lblElapsed), item(lblFrequency),
+        {item(lblExplanation), item(lblStatus), item(lblFrequency), item(lblElapsed),
          row({item(cmdFileManager), item(cmdMoveFiles), spring(), item(cmdRequest), item(cmdClose)})});
 }
 
@@ -69,7 +69,9 @@ void InitialSync::initialize() {
     handle([this] {
         const std::string minutes =
             host().options().GetCompanyOption("SyncFrequency", optionSection, "").toText();
-        if (parseNumber(minutes).value_or(0) > 0)
+        const bool known = parseNumber(minutes).value_or(0) > 0;
+        lblFrequency.setVisible(known);
+        if (known)
             lblFrequency.setCaption(format("The agent looks for requests every {0} minutes.", minutes));
         const auto state = readState();
         if (!state) return;

@@ -28,31 +28,26 @@ const ListDescription workstationsList{
     .table = "RoamingWorkstations",
     .view = "vwScreen_RoamingWorkstations",
     .orderBy = "Name",
-    .columns = {{"Name", 140, "Name"},
-                {"Assigned To", 140, "EmployeeName"},
-                {"Status", 130, "SyncState"},
-                {"Last Send", 140, "LastSentTo", ListColumn::Show::DateTime},
-                {"Last Receive", 140, "LastReceivedFrom", ListColumn::Show::DateTime},
-                {"Last Known Version", 120, "LastKnownAppVersion"}},
+    .columns = {{"Name", 130, "Name"},
+                {"Assigned To", 130, "EmployeeName"},
+                {"Status", 150, "SyncState"},
+                {"Last Send", 165, "LastSentTo", ListColumn::Show::DateTime},
+                {"Last Receive", 165, "LastReceivedFrom", ListColumn::Show::DateTime},
+                {"Last Known Version", 130, "LastKnownAppVersion"}},
     .securityArea = 502,
     .deleteFailure = "There was a problem deleting one or more roaming workstations.",
     .asksToDelete = true,
-    .dialog =
-        {
-            .newCaption = "New Roaming Workstation",
-            .editCaption = "Edit Roaming Workstation",
-            .fields =
-                {fields::name("txtName", "&Name:", "Name", "<n>", "You must enter a valid name.",
-                              "A roaming workstation with this name already exists."),
-                 fields::trimmed("txtDescription", "&Description:", "Description", "<d>"),
-                 fields::key("cboAssignedTo", "&Assigned to:", "AssignedTo", "<at>", &Common::LoadSalesReps),
-                 fields::amount("txtReferenceCode", "&Reference code:", "ReferenceCode", "<rc>").wide(4)},
-            .saveFailure = "There was a problem saving this roaming workstation.",
-            .insert = "INSERT INTO RoamingWorkstations (Name,Description,AssignedTo,ReferenceCode) "
-                      "VALUES('<n>', '<d>', <at>, <rc>)",
-            .update = "UPDATE RoamingWorkstations SET Name = '<n>', Description = '<d>', AssignedTo =  <at>, "
-                      "ReferenceCode = <rc> WHERE ID = <id>",
-        },
+    .dialog = {
+        .newCaption = "New Roaming Workstation",
+        .editCaption = "Edit Roaming Workstation",
+        .fields = {fields::name("txtName", "&Name:", "Name", "<n>", "You must enter a valid name.", "A roaming workstation with this name already exists."),
+                   fields::trimmed("txtDescription", "&Description:", "Description", "<d>"),
+                   fields::key("cboAssignedTo", "&Assigned to:", "AssignedTo", "<at>", &Common::LoadSalesReps),
+                   fields::amount("txtReferenceCode", "&Reference code:", "ReferenceCode", "<rc>").wide(4)},
+        .saveFailure = "There was a problem saving this roaming workstation.",
+        .insert = "INSERT INTO RoamingWorkstations (Name,Description,AssignedTo,ReferenceCode) VALUES('<n>', '<d>', <at>, <rc>)",
+        .update = "UPDATE RoamingWorkstations SET Name = '<n>', Description = '<d>', AssignedTo =  <at>, ReferenceCode = <rc> WHERE ID = <id>",
+    },
     .contextMenu = true,
 };
 
