@@ -103,9 +103,9 @@ void WorkstationsList::deleteSelected() {
                                         "ExecuteScaler");
         if (!host().database().ExecuteNonQuery(format("DELETE FROM RoamingWorkstations WHERE ID = {0}", ID)))
             return reportDatabaseFailure(description().deleteFailure);
-        const std::string name(nameOf(record));
+        const std::string event = format("Roaming Workstation '{0}' [{1}] was deleted.", nameOf(record), code);
         rptItems.removeRecord(record);
-        host().RecordEvent("Roaming Workstation '" + name + "' [" + code + "] was deleted.");
+        handle([&] { host().RecordEvent(event); });  // the row is deleted, whether or not that is recorded
     }
 }
 

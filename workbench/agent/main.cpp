@@ -10,6 +10,7 @@
 //
 // Exit codes: see Exit.
 
+#include <algorithm>
 #include <cstdlib>
 #include <iostream>
 #include <sstream>

@@ -2,7 +2,6 @@
 
 #include <memory>
 
-#include <wx/app.h>
 #include <wx/defs.h>
 
 #include "workbench/tour/TourSteps.h"
@@ -12,11 +11,6 @@ namespace tsln::workbench {
 namespace {
 
 constexpr std::chrono::seconds timeToSync{40};
-
-/// Calls an operation from the event loop, because it returns only after its window is closed.
-void open(const ObjectPtr& library, const char* operation) {
-    wxTheApp->CallAfter([=] { library->call(operation); });
-}
 
 bool finds(Company& company, const std::string& from) {
     return company.scalar("SELECT COUNT(*) FROM " + from).toLong() == 1;

@@ -7,6 +7,7 @@
 #include "automation/FilePath.h"
 #include "com/edge/DispatchObject.h"
 #include "doubles/TempFolder.h"
+#include "tests/com/server/AgreeingUi.h"
 #include "tests/com/server/Server.h"
 #include "workbench/host/CompanySession.h"
 
@@ -14,16 +15,6 @@ namespace tsln::test {
 namespace {
 
 using workbench::CompanySession;
-
-/// Answers every question with Yes and every other message with OK.
-class AgreeingUi : public workbench::HostUi {
-  public:
-    workbench::Reply showMessage(const workbench::Message& message) override {
-        told.push_back(message.text);
-        return {.answer = message.buttons == MessageButtons::YesNo ? MessageAnswer::Yes : MessageAnswer::Ok};
-    }
-    std::vector<std::string> told;
-};
 
 class RoamingTest : public ::testing::Test {
   protected:

@@ -1,11 +1,14 @@
 #include <cstdlib>
 #include <fstream>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <gtest/gtest.h>
+#include <wx/utils.h>
 
 #include "doubles/TempFolder.h"
+#include "workbench/app/AgentStart.h"
 #include "workbench/company/Company.h"
 #include "workbench/company/CompanyFile.h"
 
@@ -113,6 +116,42 @@ TEST_F(AgentProgramTest, AnInvalidCommandLineIsRefused) {
         EXPECT_EQ(WEXITSTATUS(status), 1) << arguments;
     }
     EXPECT_EQ(state(), "1");
+}
+
+/// No message is expected.
+class SilentUi : public HostUi {
+    Reply showMessage(const Message& message) override {
+        ADD_FAILURE() << message.text;
+        return {};
+    }
+};
+
+TEST_F(AgentProgramTest, StartsWithTheProgramOnTheResponsibleComputerOnly) {
+    const std::string program = folder.file("agent"), note = folder.file("note");
+    std::ofstream(program) << "#!/bin/sh\necho \"$1|$2\" > '" << note << ".new'\nmv '" << note << ".new' '"
+                           << note << "'\n";
+    std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+    SilentUi ui;
+    CompanySession session(mainPath, "admin", ui);
+    const ObjectPtr options = session.sharedCode()->get("Options").toObject();
+    const auto start = [&](const std::string& computer, const char* wanted) {
+        options->call("SetCompanyOption", "SyncComputerName", "Roaming Workstations", computer);
+        options->call("SetCompanyOption", "StartAgent", "Roaming Workstations", wanted);
+        startAgentIfWanted(session);
+    };
+    const std::string here = wxGetHostName().utf8_string();
+    start(here, "1");  // there is no program yet
+    session.registerProgram("RoamingSyncAgent", program);
+    start("another-" + here, "1");
+    start(here, "0");
+    usleep(200'000);
+    EXPECT_FALSE(std::filesystem::exists(note));
+    start(here, "1");
+    for (int i = 0; i < 100 && !std::filesystem::exists(note); ++i)
+        usleep(50'000);
+    std::string line;
+    std::getline(std::ifstream(note), line);
+    EXPECT_EQ(line, "/Profile:(default)|/Companies:" + folder.path());
 }
 
 }  // namespace
