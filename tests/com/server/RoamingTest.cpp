@@ -5,7 +5,7 @@
 #include <gmock/gmock.h>
 
 #include "automation/FilePath.h"
-#include "com/edge/DispatchObject.h"
+#include "com/edge/Conversion.h"
 #include "doubles/TempFolder.h"
 #include "tests/com/server/AgreeingUi.h"
 #include "tests/com/server/Server.h"
