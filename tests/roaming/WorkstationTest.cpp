@@ -18,14 +18,12 @@ namespace {
 using roaming::IdentityDialog;
 using roaming::InitialSync;
 using roaming::Manager;
-using testing::Contains;
 using testing::ElementsAre;
 using testing::EndsWith;
 using testing::Field;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
-using testing::StartsWith;
 using Box = ScriptedDesktop::Box;
 
 constexpr auto frmIdentity = "frmRoamingWorkstationIdentity";
@@ -35,10 +33,6 @@ constexpr auto guid = "0f8FAD5B-d9cb-469f-a165-70867728950e";
 constexpr auto poll = "SELECT SyncState FROM Company";
 constexpr auto request =
     "UPDATE Company SET SyncState = 1, NextSequenceToMain = 0, NextSequenceFromMain = 0, LastAuditID = 0, MainUniqueID = NULL";
-constexpr auto cancelQuestion =
-    "This company is still waiting for the initial sync to be completed. Are you sure you want to cancel the process?";
-constexpr auto vanished = "The company's record does not exist any more. Enter the identity code again.";
-
 Box exclamation(const char* text) {
     return {text, MessageButtons::Ok, MessageIcon::Exclamation};
 }
@@ -52,9 +46,11 @@ struct WorkstationStage : Stage {
         std::ofstream(folder.file("agent")) << "a program";
         furnish(*this, folder, state);
     }
-    static void furnish(Stage& stage, const TempFolder& folder, const Variant& state) {
+    static void furnish(Stage& stage, const TempFolder& folder, Variant& state) {
         RecordingHost& host = *stage.host;
-        host.on("ShowMessageStyle1", Variant(6));
+        host.on("ShowMessageStyle1", [](Arguments a) {  // Yes, and OK
+            return Variant(a.count() > 2 && a[2].toLong() == 4 ? 6 : 1);
+        });
         host.on("Options.ExternalProgram", Variant(folder.file("agent")));
         host.on("Options.UserFileLocation", Variant("/the companies"));
         host.on("Profiles.Profile", Variant(""));
@@ -64,7 +60,7 @@ struct WorkstationStage : Stage {
         host.on("Common.GetFriendlySyncState",
                 [](Arguments a) { return Variant("State " + std::to_string(a[0].toLong())); });
         // The request is written to the company.
-        host.on("Database.ExecuteNonQuery", [&state = const_cast<Variant&>(state)](Arguments a) {
+        host.on("Database.ExecuteNonQuery", [&state](Arguments a) {
             if (a[0].toText() == request) state = 1;
             return Variant(true);
         });
@@ -73,10 +69,6 @@ struct WorkstationStage : Stage {
         desktop.user<InitialSync>(frmInitial, act);
         return library->ShowRoamingWorkstationInitial();
     }
-    void manage(const std::function<void(Manager&)>& act) {
-        desktop.user<Manager>(frmManager, act);
-        library->ShowRoamingWorkstationManager();
-    }
     std::size_t statements() const {
         return static_cast<std::size_t>(std::ranges::count_if(
             host->calls, [](const std::string& call) { return call.starts_with("Database."); }));
@@ -84,42 +76,32 @@ struct WorkstationStage : Stage {
 };
 
 TEST(Identity, TakesAGuidOfThirtySixCharacters) {
-    const struct {
-        std::string typed;
-        const char* told;
-    } cases[] = {
-        {"", "You must enter the unique identity code that was generated from the main company."},
-        {"   ", "You must enter the unique identity code that was generated from the main company."},
-        {"0f8fad5b-d9cb-469f-a165-70867728950", "The unique ID you have entered is not valid."},
-        {"0f8fad5b-d9cb-469f-a165-70867728950ee", "The unique ID you have entered is not valid."},
-        {"{0f8fad5b-d9cb-469f-a165-70867728950e}", "The unique ID you have entered is not valid."},
-        {"{f8fad5b-d9cb-469f-a165-70867728950}", "The unique ID you have entered is not valid."},
-        {"0f8fad5bd9cb469fa16570867728950e", "The unique ID you have entered is not valid."},
-        {"0f8fad5b-d9cb-469f-a165-70867728950g", "The unique ID you have entered is not valid."},
-        {"0f8fad5b-d9cb-469f-a1657-0867728950e", "The unique ID you have entered is not valid."},
-        {"0f8fad5b-d9cb-469f-a165 70867728950e", "The unique ID you have entered is not valid."},
-        {"0f8fad5b\xE2\x80\x93"
-         "d9cb-469f-a165-708677289",
-         "The unique ID you have entered is not valid."},
-        {"------------------------------------", "The unique ID you have entered is not valid."},
-        {"'; DELETE FROM Company; --0123456789", "The unique ID you have entered is not valid."},
-        {std::string("  ") + guid + " ", nullptr},
-    };
-    for (const auto& c : cases) {
+    const std::string padded = "  " + std::string(guid) + " ";
+    for (const std::string& typed : std::initializer_list<std::string>{
+             "", "   ", padded, "0f8fad5b-d9cb-469f-a165-70867728950",
+             "0f8fad5b-d9cb-469f-a165-70867728950ee", "{0f8fad5b-d9cb-469f-a165-70867728950e}",
+             "{f8fad5b-d9cb-469f-a165-70867728950}", "0f8fad5bd9cb469fa16570867728950e",
+             "0f8fad5b-d9cb-469f-a165-70867728950g", "0f8fad5b-d9cb-469f-a1657-0867728950e",
+             "0f8fad5b-d9cb-469f-a165 70867728950e", "0f8fad5b-d9cb-469f-a165-7086772895\xC3\xA9",
+             "------------------------------------", "'; DELETE FROM Company; --0123456789"}) {
         WorkstationStage stage;
+        const bool valid = typed == padded;
         stage.desktop.user<IdentityDialog>(frmIdentity, [&](IdentityDialog& dialog) {
-            dialog.txtUniqueID.userType(c.typed);
+            dialog.txtUniqueID.userType(typed);
             dialog.cmdOK.userPress();
-            EXPECT_EQ(dialog.shown(), c.told != nullptr) << c.typed;
-            EXPECT_EQ(dialog.focusedControl(), &dialog.txtUniqueID);
+            EXPECT_EQ(dialog.shown(), !valid) << typed;
         });
-        EXPECT_EQ(stage.library->ShowRoamingWorkstationIdentity(), c.told ? 0 : 1) << c.typed;
-        if (c.told) {
-            EXPECT_THAT(stage.desktop.boxes, ElementsAre(exclamation(c.told)));
-        }
+        EXPECT_EQ(stage.library->ShowRoamingWorkstationIdentity(), valid ? 1 : 0) << typed;
         EXPECT_EQ(stage.host->callsOf("Database.ExecuteNonQuery"),
-                  c.told ? std::vector<std::string>()
-                         : std::vector{"UPDATE Company SET UniqueID = '" + std::string(guid) + "'"});
+                  valid ? std::vector{"UPDATE Company SET UniqueID = '" + std::string(guid) + "'"}
+                        : std::vector<std::string>());
+        if (valid) continue;
+        EXPECT_THAT(
+            stage.desktop.boxes,
+            ElementsAre(exclamation(
+                typed.find_first_not_of(' ') == typed.npos
+                    ? "You must enter the unique identity code that was generated from the main company."
+                    : "The unique ID you have entered is not valid.")));
     }
 }
 
@@ -131,11 +113,8 @@ TEST(Identity, CreatesTheCompanyThatIsMissingAndReportsAFailure) {
         dialog.txtUniqueID.userType(guid);
         dialog.cmdOK.userPress();
         EXPECT_TRUE(dialog.shown());
-        dialog.cmdCancel.userPress();
     });
     EXPECT_EQ(stage.library->ShowRoamingWorkstationIdentity(), 0);
-    EXPECT_THAT(stage.host->callsOf("Database.ExecuteScaler"),
-                ElementsAre("SELECT COUNT(*) AS theCount FROM Company, , 0"));
     EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"),
                 ElementsAre("INSERT INTO Company (Name,UniqueID,CompanyType) VALUES('Roaming', '" +
                             std::string(guid) + "', 2)"));
@@ -153,9 +132,6 @@ TEST(InitialSync, ClosesByItselfOnceTheAgentHasCompletedItWithOneStatementATick)
         for (const int state : {1, 1, 2, 3, 3}) {
             stage.state = state;
             const std::size_t before = stage.statements();
-            for (int between = 0; between < 3; ++between)
-                stage.desktop.yield();
-            EXPECT_EQ(stage.statements(), before);
             stage.desktop.tick();
             EXPECT_EQ(stage.statements(), before + 1);
             EXPECT_TRUE(screen.shown());
@@ -172,13 +148,11 @@ TEST(InitialSync, ClosesByItselfOnceTheAgentHasCompletedItWithOneStatementATick)
     EXPECT_THAT(stage.host->callsOf("RecordEvent"), ElementsAre(HasSubstr("/Companies:\"/the companies\"")));
     EXPECT_THAT(stage.host->callsOf("Options.SetCompanyOption"),
                 ElementsAre("StopSync, Roaming Workstations, 0"));
-    EXPECT_THAT(
-        stage.host->callsOf("ShowMessageStyle1"),
-        ElementsAre(
-            "Are you ready to request an initial sync?, Once the initial sync has been completed this dialog will close and you can begin using the software., 4"));
 }
 
 TEST(InitialSync, SaysWhyItCannotBeRequested) {
+    constexpr auto notFound =
+        "The Roaming Workstation Sync Agent was not started because it could not be found.";
     const struct {
         const char* path;
         Variant answer;
@@ -187,10 +161,8 @@ TEST(InitialSync, SaysWhyItCannotBeRequested) {
     } cases[] = {
         {"ShowMessageStyle1", Variant(7), true, nullptr},
         {"Database.ExecuteNonQuery", Variant(false), true, nullptr},
-        {"Options.ExternalProgram", Variant(""), true,
-         "The Roaming Workstation Sync Agent was not started because it could not be found."},
-        {"Options.ExternalProgram", Variant("/no/such/agent"), true,
-         "The Roaming Workstation Sync Agent was not started because it could not be found."},
+        {"Options.ExternalProgram", Variant(""), true, notFound},
+        {"Options.ExternalProgram", Variant("/no/such/agent"), true, notFound},
         {"Profiles.Profile", Variant("p"), false, "The Roaming Workstation Sync Agent could not be started."},
     };
     for (const auto& c : cases) {
@@ -200,17 +172,12 @@ TEST(InitialSync, SaysWhyItCannotBeRequested) {
         EXPECT_TRUE(stage.initial([&](InitialSync& screen) {
             screen.cmdRequest.userPress();
             EXPECT_EQ(stage.desktop.timersRunning(), 0U);
-            EXPECT_TRUE(screen.cmdRequest.enabled());
             screen.cmdClose.userPress();
             EXPECT_FALSE(screen.shown()) << "nothing is waited for";
         }));
         EXPECT_EQ(stage.desktop.boxes, c.told ? std::vector{exclamation(c.told)} : std::vector<Box>());
-        EXPECT_THAT(stage.host->callsOf("RecordEvent"), IsEmpty());
-        if (c.answer == Variant(false)) {
-            EXPECT_THAT(stage.host->callsOf("ShowAndLogErrorMessage"),
-                        ElementsAre("An initial sync could not be started., {standard explanation}, "
-                                    "the database's own words"));
-        }
+        EXPECT_THAT(stage.host->callsOf("ShowAndLogErrorMessage"),
+                    SizeIs(c.answer == Variant(false) ? 1 : 0));
     }
 }
 
@@ -243,16 +210,15 @@ TEST(InitialSync, AsksBeforeItClosesWhileWaitingAndGoesOnAfterNo) {
         screen.cmdClose.userPress();
         EXPECT_FALSE(screen.shown());
     }));
-    EXPECT_THAT(stage.desktop.boxes,
-                testing::AllOf(SizeIs(3), testing::Each(Field(&Box::text, cancelQuestion))));
-    EXPECT_EQ(stage.desktop.timersRunning(), 0U);
+    EXPECT_THAT(stage.desktop.boxes, SizeIs(3));
+    EXPECT_THAT(stage.desktop.boxes[0].text,
+                testing::StartsWith("This company is still waiting for the initial sync to be completed."));
 }
 
 TEST(InitialSync, EndsTheWaitWhenTheRequestOrTheCompanyIsGone) {
-    const std::pair<Variant, const char*> cases[] = {{Variant(), vanished},
-                                                     {Variant(Null()), vanished},
-                                                     {Variant(0), "An initial sync could not be started."}};
-    for (const auto& [answer, told] : cases) {
+    constexpr auto vanished = "The company's record does not exist any more. Enter the identity code again.";
+    for (const auto& [answer, told] :
+         {std::pair{Variant(), vanished}, {Variant(0), "An initial sync could not be started."}}) {
         WorkstationStage stage;
         EXPECT_TRUE(stage.initial([&, &answer = answer](InitialSync& screen) {
             screen.cmdRequest.userPress();
@@ -260,7 +226,6 @@ TEST(InitialSync, EndsTheWaitWhenTheRequestOrTheCompanyIsGone) {
             stage.desktop.tick();
             stage.desktop.tick();
             EXPECT_EQ(stage.desktop.timersRunning(), 0U);
-            EXPECT_EQ(screen.lblElapsed.caption(), "");
             EXPECT_TRUE(screen.shown());
         }));
         EXPECT_THAT(stage.desktop.boxes, ElementsAre(exclamation(told))) << "told once";
@@ -277,11 +242,9 @@ TEST(InitialSync, ToleratesAFewFailingPollsOneAfterTheOther) {
     stage.initial([&](InitialSync& screen) {
         screen.cmdRequest.userPress();
         for (const int failing : {4, 4, 5}) {
-            EXPECT_FALSE(stage.told() && failing == 0);
-            for (int i = 0; i < failing; ++i) {
-                fails = true;
+            fails = true;
+            for (int i = 0; i < failing; ++i)
                 stage.desktop.tick();
-            }
             EXPECT_EQ(stage.desktop.timersRunning(), failing < 5 ? 1U : 0U);
             fails = false;
             stage.desktop.tick();
@@ -299,15 +262,9 @@ TEST(InitialSync, TheHostShowsAndMovesFilesAndNamesTheFrequency) {
         screen.cmdFileManager.userPress();
         screen.cmdMoveFiles.userPress();
     });
-    EXPECT_THAT(stage.host->callsOf("Options.GetCompanyOption"),
-                ElementsAre("SyncFrequency, Roaming Workstations, "));
-    std::vector<std::string> component;
-    std::ranges::copy_if(stage.host->calls, std::back_inserter(component),
-                         [](const std::string& call) { return call.starts_with("tslnfm5.Library."); });
-    EXPECT_THAT(component,
-                ElementsAre("tslnfm5.Library.Initialize(object)", "tslnfm5.Library.ShowFileManager()",
-                            "tslnfm5.Library.PreTerminate()", "tslnfm5.Library.Initialize(object)",
-                            "tslnfm5.Library.ShowMoveFileLocations()", "tslnfm5.Library.PreTerminate()"));
+    for (const char* member : {"ShowFileManager", "ShowMoveFileLocations"})
+        EXPECT_THAT(stage.host->callsOf(std::string("tslnfm5.Library.") + member), SizeIs(1)) << member;
+    EXPECT_THAT(stage.host->callsOf("tslnfm5.Library.PreTerminate"), SizeIs(2));
     using std::chrono::seconds;
     EXPECT_EQ(roaming::elapsedText(seconds(7)) + " " + roaming::elapsedText(seconds(750)) + " " +
                   roaming::elapsedText(seconds(3723)),
@@ -318,68 +275,50 @@ TEST(Manager, ResetsTheSyncStateAndHasTheCompanyClosed) {
     const struct {
         int sure, proceed;
         bool written;
-        int notice;
-    } cases[] = {{7, 0, true, 0}, {6, 2, true, 0}, {6, 1, false, 0}, {6, 1, true, 1}};
+        std::size_t statements, messages, failures;
+    } cases[] = {{7, 0, true, 0, 1, 0}, {6, 2, true, 0, 2, 0}, {6, 1, false, 1, 2, 1}, {6, 1, true, 1, 3, 0}};
     for (const auto& c : cases) {
         WorkstationStage stage;
+        const bool done = c.messages == 3;
         stage.host->on("ShowMessageStyle1", [&](Arguments a) {
             return Variant(a.count() < 3 ? 0 : a[2].toLong() == 4 ? c.sure : c.proceed);
         });
         stage.host->on("Database.ExecuteNonQuery", Variant(c.written));
         stage.host->on("FixDateForSQLInsert", Variant("2011-03-04T10:20:30"));
-        stage.manage([&](Manager& screen) {
+        stage.desktop.user<Manager>(frmManager, [&](Manager& screen) {
             EXPECT_EQ(screen.lblStatus.caption(), "Status: State 0");
             screen.cmdReset.userPress();
-            EXPECT_EQ(screen.shown(), c.notice == 0) << "it closes once the state is reset";
-            screen.cmdClose.userPress();
+            EXPECT_EQ(screen.shown(), !done) << "it closes once the state is reset";
         });
-        const auto told = stage.host->callsOf("ShowMessageStyle1");
-        EXPECT_EQ(
-            told.at(0),
-            "Are you sure you want to reset the sync status for this Roaming Workstation?, Resetting the sync status will cause any un-synced changes made on this Roaming Workstation up to this point in time to not be sent to the main system; Only changes made after this point will be sent., 4");
-        if (c.sure == 6) {
-            EXPECT_EQ(
-                told.at(1),
-                "You are about to perform a sync reset, This process may take up to 5 minutes. Click OK to proceed, at which time the company will be closed., 1");
-        }
-        if (c.notice == 1) {
-            EXPECT_EQ(
-                told.at(2),
-                "The sync state for this Roaming Workstation has been reset., Wait 5 minutes and then open the company.<LineBreak/>No changes up to this point in time will be sent to the main system; Only new changes will be sent.");
-        }
+        stage.library->ShowRoamingWorkstationManager();
         const auto written = stage.host->callsOf("Database.ExecuteNonQuery");
-        EXPECT_EQ(written,
-                  c.proceed == 1
-                      ? std::vector<std::string>{"UPDATE Company SET SyncState = 5, ResetRequestedOn = "
-                                                 "'2011-03-04T10:20:30'"}
-                      : std::vector<std::string>());
-        EXPECT_EQ(stage.host->callsOf("ShowAndLogErrorMessage"),
-                  c.written ? std::vector<std::string>()
-                            : std::vector<std::string>{
-                                  "The sync state for this Roaming Workstation could not be reset., "
-                                  "{standard explanation}, the database's own words"});
-        EXPECT_THAT(stage.host->callsOf("Messages.PostMessage"),
-                    ElementsAre("9001, " + std::to_string(c.notice)));
+        EXPECT_THAT(written, SizeIs(c.statements));
+        if (done) {
+            EXPECT_EQ(written[0],
+                      "UPDATE Company SET SyncState = 5, ResetRequestedOn = '2011-03-04T10:20:30'");
+        }
+        const auto told = stage.host->callsOf("ShowMessageStyle1");
+        ASSERT_THAT(told, SizeIs(c.messages));
+        EXPECT_THAT(told[c.messages - 1],
+                    HasSubstr(c.messages == 1 ? "Only changes made after this point will be sent., 4"
+                              : done          ? "Wait 5 minutes and then open the company."
+                                              : "This process may take up to 5 minutes."));
+        EXPECT_THAT(stage.host->callsOf("ShowAndLogErrorMessage"), SizeIs(c.failures));
+        EXPECT_THAT(stage.host->callsOf("Messages.PostMessage"), ElementsAre(done ? "9001, 1" : "9001, 0"));
     }
 }
 
 TEST(Manager, StopsTheAgentAndChangesTheIdentity) {
     WorkstationStage stage;
-    stage.desktop.user<IdentityDialog>(frmIdentity, [&](IdentityDialog& dialog) {
-        dialog.txtUniqueID.userType(guid);
-        dialog.cmdOK.userPress();
-        stage.state = Variant();
-    });
-    stage.manage([&](Manager& screen) {
+    stage.desktop.user<IdentityDialog>(frmIdentity, [&](IdentityDialog&) { stage.state = Variant(); });
+    stage.desktop.user<Manager>(frmManager, [](Manager& screen) {
         screen.cmdStopSync.userPress();
         screen.cmdIdentity.userPress();
         EXPECT_EQ(screen.lblStatus.caption(), "Status: No company") << "read again";
-        screen.userClose();
     });
+    stage.library->ShowRoamingWorkstationManager();
     EXPECT_THAT(stage.host->callsOf("Options.SetCompanyOption"),
                 ElementsAre("StopSync, Roaming Workstations, 1"));
-    EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"), SizeIs(1));
-    EXPECT_THAT(stage.host->callsOf("Messages.PostMessage"), ElementsAre("9001, 0"));
 }
 
 TEST(Workstation, SurvivesEveryFaultOfTheHost) {
@@ -393,35 +332,24 @@ TEST(Workstation, SurvivesEveryFaultOfTheHost) {
             stage.desktop.user<InitialSync>(frmInitial, [&](InitialSync& screen) {
                 screen.cmdFileManager.userPress();
                 screen.cmdRequest.userPress();
-                state = 3;
-                stage.desktop.tick();
-                state = 4;
-                stage.desktop.tick();
+                for (const int now : {3, 4}) {
+                    state = now;
+                    stage.desktop.tick();
+                }
             });
-            const bool cancelled = stage.library->ShowRoamingWorkstationInitial();
-            const bool polled = !stage.desktop.opened.empty();
-            EXPECT_TRUE(!cancelled || polled || stage.told());
-            EXPECT_EQ(stage.desktop.timersRunning(), 0U);
-        },
-        [](Stage&) {});
-    sweepFaults(
-        [&](Stage& stage) {
-            state = 4;
-            WorkstationStage::furnish(stage, folder, state);
-            stage.host->on("ShowMessageStyle1",
-                           [](Arguments a) { return Variant(a.count() > 2 && a[2].toLong() == 4 ? 6 : 1); });
             stage.desktop.user<IdentityDialog>(frmIdentity, [](IdentityDialog& dialog) {
                 dialog.txtUniqueID.userType(guid);
                 dialog.cmdOK.userPress();
-                if (dialog.shown()) {
-                    EXPECT_EQ(dialog.txtUniqueID.text(), guid);
-                }
+                EXPECT_EQ(dialog.txtUniqueID.text(), guid);
             });
             stage.desktop.user<Manager>(frmManager, [](Manager& screen) {
                 screen.cmdStopSync.userPress();
                 screen.cmdIdentity.userPress();
                 screen.cmdReset.userPress();
             });
+            const bool cancelled = stage.library->ShowRoamingWorkstationInitial();
+            EXPECT_TRUE(!cancelled || !stage.desktop.opened.empty() || stage.told());
+            EXPECT_EQ(stage.desktop.timersRunning(), 0U);
             stage.library->ShowRoamingWorkstationManager();
         },
         [](Stage&) {});
