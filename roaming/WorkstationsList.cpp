@@ -29,7 +29,7 @@ const ListDescription workstationsList{
     .view = "vwScreen_RoamingWorkstations",
     .orderBy = "Name",
     .columns = {{"Name", 130, "Name"},
-                {"Assigned To", 130, "EmployeeName"},
+                {"Assigned To", 145, "EmployeeName"},
                 {"Status", 150, "SyncState"},
                 {"Last Send", 165, "LastSentTo", ListColumn::Show::DateTime},
                 {"Last Receive", 165, "LastReceivedFrom", ListColumn::Show::DateTime},
