@@ -2,6 +2,7 @@
 #include "doubles/Stage.h"
 #include "maintenance/ListScreen.h"
 #include "maintenance/RecordDialog.h"
+#include "roaming/InitialSync.h"
 
 namespace tsln::bench {
 namespace {
@@ -9,6 +10,15 @@ namespace {
 constexpr auto load = "SELECT * FROM Terms ORDER BY Terms";
 constexpr auto rows =
     "<Records><Record><ID>1</ID><Terms>COD</Terms></Record><Record><ID>2</ID><Terms>Net 30</Terms></Record></Records>";
+
+void add(Report& report, const std::string& act, const std::string& ofThem, double calls) {
+    report.add(Line{act,
+                    "of them " + ofThem,
+                    {.median = calls, .low = calls, .high = calls},
+                    Line::Goal::AtMost,
+                    std::nullopt,
+                    "host calls"});
+}
 
 /// Counts the calls of the terms list and its dialog to the host for each action of the user. Fetching a sub-object
 /// counts as a call.
@@ -44,13 +54,8 @@ class CountedActs {
   private:
     void told(const std::string& act) {
         const double calls = stage_.host->callCount() - counted_;
-        const double rights = static_cast<double>(stage_.host->callsOf("Security.CanDo").size());
-        report_.add(Line{act,
-                         "of them questions for rights: " + std::to_string(static_cast<int>(rights)),
-                         {.median = calls, .low = calls, .high = calls},
-                         Line::Goal::AtMost,
-                         std::nullopt,
-                         "host calls"});
+        const std::size_t rights = stage_.host->callsOf("Security.CanDo").size();
+        add(report_, act, "questions for rights: " + std::to_string(rights), calls);
         stage_.host->forget();
         counted_ = stage_.host->callCount();
     }
@@ -60,10 +65,28 @@ class CountedActs {
     int counted_ = 0;
 };
 
+/// Counts the calls of one tick while the screen waits for the initial synchronization.
+void measureWait(Report& report) {
+    test::Stage stage;
+    stage.host->on("Database.ExecuteScaler", Variant(1));  // the state: requested
+    stage.desktop.user<roaming::InitialSync>(
+        "frmRoamingWorkstationInitial", [&](const roaming::InitialSync& screen) {
+            stage.host->forget();
+            const int before = stage.host->callCount();
+            stage.desktop.tick();
+            if (!screen.tmrWait.running()) throw std::runtime_error("The screen does not wait.");
+            const std::size_t statements = stage.host->callsOf("Database.ExecuteScaler").size();
+            add(report, "a tick of the wait for the initial sync",
+                "statements: " + std::to_string(statements), stage.host->callCount() - before);
+        });
+    stage.library->ShowRoamingWorkstationInitial();
+}
+
 }  // namespace
 
 void measureHostCalls(const Settings&, Report& report) {
     CountedActs(report).measure();
+    measureWait(report);
 }
 
 }  // namespace tsln::bench

@@ -36,6 +36,10 @@ std::string Common::GetVendorCostMethodName(std::int32_t method) const {
     return textOf(call("GetVendorCostMethodName", method), "GetVendorCostMethodName");
 }
 
+std::string Common::GetFriendlySyncState(std::int32_t state) const {
+    return textOf(call("GetFriendlySyncState", state), "GetFriendlySyncState");
+}
+
 void Common::LoadPhoneLabels(ComboBox& combo) const {
     call("LoadPhoneLabels", combo.automation());
 }

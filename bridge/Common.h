@@ -27,6 +27,8 @@ class Common : HostPart {
     std::string GetCustomerName(std::int32_t ID) const;
     /// The name of a number that is stored as a vendor's cost method.
     std::string GetVendorCostMethodName(std::int32_t method) const;
+    /// The text for a synchronisation state; see SyncState.
+    std::string GetFriendlySyncState(std::int32_t state) const;
     /// Splits a person's complete name. A part that the name does not have is empty.
     PersonName ParseCompleteName(std::string_view name) const;
     /// Fills the combo box with the company's phone labels.

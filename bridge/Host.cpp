@@ -51,6 +51,13 @@ bool Host::AskMessageStyle1(std::string_view question, std::string_view advice) 
     return sharedCode()->call("ShowMessageStyle1", question, advice, yesAndNo).toLong() == yes;
 }
 
+bool Host::ConfirmMessageStyle1(std::string_view message, std::string_view advice) const {
+    // The platform's codes of message boxes.
+    constexpr std::int32_t okAndCancel = 1;
+    constexpr std::int32_t ok = 1;
+    return sharedCode()->call("ShowMessageStyle1", message, advice, okAndCancel).toLong() == ok;
+}
+
 void Host::ShowMessageStyle1WithMemory(std::string_view message, std::string_view advice) const {
     sharedCode()->call("ShowMessageStyle1WithMemory", message, advice);
 }

@@ -12,6 +12,7 @@
 #include "bridge/Database.h"
 #include "bridge/Messages.h"
 #include "bridge/Options.h"
+#include "bridge/Profiles.h"
 #include "bridge/Security.h"
 
 namespace tsln {
@@ -38,6 +39,7 @@ class Host {
     Options options() const { return Options(library_); }
     Activity activity() const { return Activity(library_); }
     Messages messages() const { return Messages(library_); }
+    Profiles profiles() const { return Profiles(library_); }
     /// Returns the company's open connection, or nothing when there is none.
     std::optional<Connection> currentCompanyConnection() const;
     /// Returns the company's open connection. Raises HostError(code::objectNotSet) when there is none.
@@ -62,6 +64,8 @@ class Host {
     void ShowMessageStyle1(std::string_view message, std::string_view advice) const;
     /// Asks with Yes and No in the host's standard message box; true for Yes.
     bool AskMessageStyle1(std::string_view question, std::string_view advice) const;
+    /// Shows the standard message box with OK and Cancel; true for OK.
+    bool ConfirmMessageStyle1(std::string_view message, std::string_view advice) const;
     /// Shows the host's standard message box, which the user can choose not to see again.
     void ShowMessageStyle1WithMemory(std::string_view message, std::string_view advice) const;
     /// Asks a question in the host's second message style, with a note below it. Returns true for Yes.

@@ -4,6 +4,7 @@
 
 #include "automation/FilePath.h"
 #include "bridge/Host.h"
+#include "bridge/SyncState.h"
 #include "shared/modSharedStrings.h"
 
 namespace tsln {
@@ -92,7 +93,7 @@ bool Library::initialSyncComplete() {
         return false;
     }
     if (!holds("SELECT SyncState FROM Company",
-               [](const Variant& state) { return state.toInteger() == 4; })) {
+               [](const Variant& state) { return state.toInteger() == InSync; })) {
         return false;
     }
     bool complete = true;

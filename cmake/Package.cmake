@@ -4,7 +4,7 @@ if(CMAKE_SIZEOF_VOID_P EQUAL 8)
 else()
     set(bits 32)
 endif()
-install(TARGETS tslnmaint5 tessaline-workbench tessaline-meter tsln5pkg.exe RUNTIME DESTINATION . LIBRARY DESTINATION .)
+install(TARGETS tslnmaint5 tessaline-workbench tessaline-meter tessaline-agent tsln5pkg.exe RUNTIME DESTINATION . LIBRARY DESTINATION .)
 install(FILES ${CMAKE_BINARY_DIR}/interface/tslnmaint5.tlb DESTINATION .)
 
 # Windows text files: lines end in carriage return and line feed.

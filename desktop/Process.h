@@ -17,7 +17,8 @@ std::vector<std::string> splitCommandLine(std::string_view commandLine);
 /// `idle` repeatedly meanwhile; `idle` should take about 20 milliseconds. Throws only exceptions of `idle`.
 ProcessEnd runProcess(std::string_view commandLine, const std::function<void()>& idle);
 
-/// Starts a program, or opens a document with its associated program. Does not wait.
-void openDetached(std::string_view file, std::string_view arguments);
+/// Starts a program, or opens a document with its associated program. Does not wait for its end. Returns false when no
+/// program could be started.
+bool openDetached(std::string_view file, std::string_view arguments);
 
 }  // namespace tsln::desktop

@@ -1,5 +1,6 @@
 #ifndef _WIN32
 #include <cerrno>
+#include <fcntl.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -44,7 +45,7 @@ ProcessEnd runProcess(std::string_view commandLine, const std::function<void()>&
     }
 }
 
-void openDetached(std::string_view file, std::string_view arguments) {
+bool openDetached(std::string_view file, std::string_view arguments) {
     std::vector<std::string> words = splitCommandLine(arguments);
     const std::string program(file);
     // A file that exists but is not executable is a document. Any other name is a program on the path.
@@ -53,17 +54,36 @@ void openDetached(std::string_view file, std::string_view arguments) {
     if (isDocument || program.find("://") != std::string::npos) words.insert(words.begin(), "xdg-open");
     std::vector<char*> pointers = pointersTo(words);
 
+    // A started program closes the pipe without a word; a failure to start writes to it.
+    int report[2];
+    if (pipe2(report, O_CLOEXEC) != 0) return false;
+    const auto failed = [&report] {
+        while (write(report[1], "!", 1) < 0 && errno == EINTR) {
+        }
+        _exit(1);
+    };
     // The program runs as a grandchild: it may outlive this process and leaves no zombie.
     const pid_t child = fork();
     if (child == 0) {
         setsid();
-        if (fork() == 0) execvp(pointers[0], pointers.data());
+        const pid_t grandchild = fork();
+        if (grandchild == 0) execvp(pointers[0], pointers.data());
+        if (grandchild <= 0) failed();
         _exit(0);
     }
-    if (child > 0) {
+    close(report[1]);
+    bool started = child > 0;
+    if (started) {
         while (waitpid(child, nullptr, 0) < 0 && errno == EINTR) {
         }
+        char word = 0;
+        ssize_t length = 0;
+        while ((length = read(report[0], &word, 1)) < 0 && errno == EINTR) {
+        }
+        started = length == 0;
     }
+    close(report[0]);
+    return started;
 }
 
 }  // namespace tsln::desktop

@@ -31,8 +31,11 @@ ProcessEnd runProcess(std::string_view commandLine, const std::function<void()>&
     return {.started = true, .exitCode = static_cast<int>(exitCode)};
 }
 
-void openDetached(std::string_view file, std::string_view arguments) {
-    ShellExecuteW(nullptr, L"open", toWx(file).wc_str(), toWx(arguments).wc_str(), nullptr, SW_SHOWNORMAL);
+bool openDetached(std::string_view file, std::string_view arguments) {
+    constexpr INT_PTR lastErrorCode = 32;
+    const HINSTANCE result = ShellExecuteW(nullptr, L"open", toWx(file).wc_str(), toWx(arguments).wc_str(),
+                                           nullptr, SW_SHOWNORMAL);
+    return reinterpret_cast<INT_PTR>(result) > lastErrorCode;
 }
 
 }  // namespace tsln::desktop

@@ -228,12 +228,16 @@ ProcessEnd WxDesktop::runAndWait(std::string_view commandLine) {
     return end;
 }
 
-void WxDesktop::shellOpen(std::string_view file, std::string_view arguments) {
-    openDetached(file, arguments);
+bool WxDesktop::shellOpen(std::string_view file, std::string_view arguments) {
+    return openDetached(file, arguments);
 }
 
 std::string WxDesktop::applicationFolder() {
     return fromWx(wxFileName(wxStandardPaths::Get().GetExecutablePath()).GetPath());
+}
+
+std::string WxDesktop::computerName() {
+    return fromWx(wxGetHostName());
 }
 
 // Settings and components -------------------------------------------------------------------------

@@ -45,8 +45,9 @@ class WxDesktop : public Desktop {
     std::unique_ptr<RunningTimer> startTimer(std::function<void()> callback, int milliseconds) override;
     void yield() override;
     ProcessEnd runAndWait(std::string_view commandLine) override;
-    void shellOpen(std::string_view file, std::string_view arguments) override;
+    bool shellOpen(std::string_view file, std::string_view arguments) override;
     std::string applicationFolder() override;
+    std::string computerName() override;
     std::optional<std::string> readSetting(std::string_view key, std::string_view value) override;
     void writeSetting(std::string_view key, std::string_view value, std::string_view text) override;
     ObjectPtr createObject(std::string_view programId) override;

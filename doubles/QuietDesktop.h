@@ -33,8 +33,9 @@ class QuietDesktop : public Desktop {
     }
     void yield() override {}
     ProcessEnd runAndWait(std::string_view) override { return {}; }
-    void shellOpen(std::string_view, std::string_view) override {}
+    bool shellOpen(std::string_view, std::string_view) override { return true; }
     std::string applicationFolder() override { return {}; }
+    std::string computerName() override { return {}; }
     std::optional<std::string> readSetting(std::string_view, std::string_view) override { return {}; }
     void writeSetting(std::string_view, std::string_view, std::string_view) override {}
     ObjectPtr createObject(std::string_view) override { return {}; }

@@ -116,8 +116,9 @@ ProcessEnd ScriptedDesktop::runAndWait(std::string_view commandLine) {
     return {.started = true};
 }
 
-void ScriptedDesktop::shellOpen(std::string_view file, std::string_view arguments) {
+bool ScriptedDesktop::shellOpen(std::string_view file, std::string_view arguments) {
     opened.push_back(std::string(file) + "|" + std::string(arguments));
+    return opens;
 }
 
 std::optional<std::string> ScriptedDesktop::readSetting(std::string_view key, std::string_view value) {

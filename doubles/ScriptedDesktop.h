@@ -58,6 +58,8 @@ class ScriptedDesktop : public Desktop {
     std::vector<HelpCall> help;
     std::vector<std::string> commandLines;  ///< commands that the module waited for
     std::vector<std::string> opened;        ///< files opened by the shell
+    bool opens = true;                      ///< the shell can start programs
+    std::string computer = "FRONT-DESK";
     std::function<void()> whileProcessRuns;
     std::map<std::string, std::string> settings;  ///< by "key|value"
     std::function<ObjectPtr(std::string_view programId)> components;
@@ -88,8 +90,9 @@ class ScriptedDesktop : public Desktop {
     std::unique_ptr<RunningTimer> startTimer(std::function<void()> callback, int milliseconds) override;
     void yield() override;
     ProcessEnd runAndWait(std::string_view commandLine) override;
-    void shellOpen(std::string_view file, std::string_view arguments) override;
+    bool shellOpen(std::string_view file, std::string_view arguments) override;
     std::string applicationFolder() override { return folder; }
+    std::string computerName() override { return computer; }
     std::optional<std::string> readSetting(std::string_view key, std::string_view value) override;
     void writeSetting(std::string_view key, std::string_view value, std::string_view text) override;
     ObjectPtr createObject(std::string_view programId) override;

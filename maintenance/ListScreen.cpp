@@ -243,13 +243,14 @@ std::string ListScreen::rowStatement(std::int32_t ID) const {
 }
 
 ListRows ListScreen::readRows(const std::string& statement) const {
-    if (description_.source == RecordDescription::Source::Query) {
-        return readListRows(host().database().ExecuteReadText(statement), description_.columns,
-                            description_.rowStyle, modSharedXML::RowReader::Way::OnePass,
-                            description_.keptFields);
-    }
-    return readListRows(host().companyConnection().read(statement), description_.columns,
-                        description_.rowStyle, description_.keptFields);
+    ListRows rows = description_.source == RecordDescription::Source::Query
+                        ? readListRows(host().database().ExecuteReadText(statement), description_.columns,
+                                       description_.rowStyle, modSharedXML::RowReader::Way::OnePass,
+                                       description_.keptFields)
+                        : readListRows(host().companyConnection().read(statement), description_.columns,
+                                       description_.rowStyle, description_.keptFields);
+    completeRows(rows);
+    return rows;
 }
 
 void ListScreen::loadList() {

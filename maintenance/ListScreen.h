@@ -74,6 +74,8 @@ class ListScreen : public HostScreen {
     virtual std::string rowStatement(std::int32_t ID) const;
     /// Called with all rows when they were read, before they are shown, to take the fields that are not shown.
     virtual void rowsRead([[maybe_unused]] ListRows& rows) {}
+    /// Called with the rows of every read, of all rows or of one, for cells whose text only the host knows.
+    virtual void completeRows([[maybe_unused]] ListRows& rows) const {}
     /// Called after all rows were loaded.
     virtual void listLoaded() {}
     /// Called once, after the first load, for questions and messages.

@@ -3,9 +3,10 @@
 #include "bridge/Library.h"
 #include "entities/Entities.h"
 #include "lists/Lists.h"
-#include "pricing/Pricing.h"
 #include "measurements/Measurements.h"
 #include "messages/Messages.h"
+#include "pricing/Pricing.h"
+#include "roaming/Roaming.h"
 #include "security/Roles.h"
 
 namespace tsln {
@@ -17,6 +18,7 @@ void plugInModule(Library& library) {
     measurements::plugIn(library);
     messages::plugIn(library);
     security::plugIn(library);
+    roaming::plugIn(library);
 }
 
 }  // namespace tsln

@@ -87,10 +87,13 @@ class Desktop {
     /// Starts a process from its command line and returns when it has ended. Screens repaint but take no
     /// input meanwhile. When the process cannot be started, the call returns at once with `started` false.
     virtual ProcessEnd runAndWait(std::string_view commandLine) = 0;
-    /// Starts a program with the shell's "open" verb in the normal show state and returns at once.
-    virtual void shellOpen(std::string_view file, std::string_view arguments) = 0;
+    /// Starts a program with the shell's "open" verb in the normal show state and returns at once. Returns false when
+    /// it cannot be started.
+    virtual bool shellOpen(std::string_view file, std::string_view arguments) = 0;
     /// The folder of the host program.
     virtual std::string applicationFolder() = 0;
+    /// The name of this computer in its network.
+    virtual std::string computerName() = 0;
 
     /// A value under the user's settings key ("Software\\..."); no value when there is none.
     virtual std::optional<std::string> readSetting(std::string_view key, std::string_view value) = 0;

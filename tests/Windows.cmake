@@ -34,6 +34,7 @@ tsln_windows_test(pricing pricing USES tsln_doubles)
 tsln_windows_test(measurements measurements USES tsln_doubles)
 tsln_windows_test(messages messages USES tsln_doubles)
 tsln_windows_test(security security USES tsln_doubles)
+tsln_windows_test(roaming roaming USES tsln_doubles)
 tsln_windows_test(workbench_host workbench/host USES tsln_workbench_host tsln_doubles)
 tsln_windows_test(com_edge com/edge USES tsln_com_edge tsln_shared)
 tsln_windows_test(com_slots com/slots USES tsln_com_server)
@@ -56,7 +57,7 @@ target_link_libraries(window_driver PRIVATE tsln_window_driver)
 
 tsln_windows_test(com_server com/server
     USES tsln_com_edge tsln_window_driver tsln_workbench_host tsln_doubles tsln_interface)
-add_dependencies(test_com_server tslnmaint5 tsln5pkg.exe tsln_interface_files)
+add_dependencies(test_com_server tslnmaint5 tsln5pkg.exe tessaline-agent tsln_interface_files)
 
 # The package as a user has it: unpacked, registered by its script, used from a script, unregistered.
 add_test(NAME package COMMAND ${CMAKE_CPACK_COMMAND} -B ${CMAKE_BINARY_DIR}/package

@@ -126,8 +126,9 @@ TEST(Process, ShellOpenPassesArgumentsAndDoesNotWait) {
 
     WxDesktop desktop(nullptr, "");
     const wxStopWatch watch;
-    desktop.shellOpen(program, "\"a b\" c");
+    EXPECT_TRUE(desktop.shellOpen(program, "\"a b\" c"));
     EXPECT_LT(watch.Time(), 250);
+    EXPECT_FALSE(desktop.shellOpen(folder + "/no such tool", ""));
     for (int i = 0; i < 100 && access(result.c_str(), F_OK) != 0; ++i)
         usleep(50000);
     std::string line;

@@ -155,4 +155,12 @@ std::optional<Email> MessageWindows::editEmail(const Email& email) {
     return editEmailInWindow(email);
 }
 
+std::optional<std::string> MessageWindows::chooseFolder(const std::string& title) {
+    OverScreens place;
+    wxDirDialog dialog(place.owner(), text(title));
+    place.own(dialog);
+    if (dialog.ShowModal() != wxID_OK) return std::nullopt;
+    return dialog.GetPath().utf8_string();
+}
+
 }  // namespace tsln::workbench

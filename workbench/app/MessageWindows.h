@@ -14,6 +14,7 @@ class MessageWindows : public HostUi {
     std::optional<std::string> editExpression(const ExpressionEdit& edit) override;
     std::optional<std::int32_t> searchRecord(const RecordSearch& search) override;
     std::optional<Email> editEmail(const Email& email) override;
+    std::optional<std::string> chooseFolder(const std::string& title) override;
 };
 
 }  // namespace tsln::workbench

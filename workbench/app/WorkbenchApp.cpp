@@ -8,6 +8,7 @@
 #include <wx/stdpaths.h>
 
 #include "shared/modSharedXML.h"
+#include "workbench/app/AgentStart.h"
 #include "workbench/app/Console.h"
 #include "workbench/app/ProcessEndEvent.h"
 #include "workbench/app/SettingsFolder.h"
@@ -16,6 +17,7 @@
 #include "workbench/tour/CustomerTour.h"
 #include "workbench/tour/Gallery.h"
 #include "workbench/tour/MessagesTour.h"
+#include "workbench/tour/RoamingTour.h"
 #include "workbench/tour/RolesTour.h"
 #include "workbench/tour/Tour.h"
 #include "workbench/tour/TourSteps.h"
@@ -40,9 +42,12 @@ void printTerms(const std::string& companyFile) {
 
 /// Registers the programs that come with the workbench, under the names by which the module asks for them.
 void registerPrograms(CompanySession& session) {
-    wxFileName meter(wxStandardPaths::Get().GetExecutablePath());
-    meter.SetName("tessaline-meter");
-    if (meter.FileExists()) session.registerProgram("DistoTransfer", meter.GetFullPath().utf8_string());
+    for (const auto& [kind, program] :
+         {std::pair{"DistoTransfer", "tessaline-meter"}, {"RoamingSyncAgent", "tessaline-agent"}}) {
+        wxFileName file(wxStandardPaths::Get().GetExecutablePath());
+        file.SetName(program);
+        if (file.FileExists()) session.registerProgram(kind, file.GetFullPath().utf8_string());
+    }
 }
 
 }  // namespace
@@ -89,17 +94,20 @@ bool WorkbenchApp::OnInit() {
     if (forAPerson) {
         wxConfigBase::Set(new wxFileConfig("", "", wxString::FromUTF8(settingsFile("workbench.ini"))));
         frame->remember();
+        startAgentIfWanted(session_);
     }
     frame->Show();
     if (!options_.tour.empty()) {
         std::printf(
-            "A tour of terms, customers, roles, charges, measurements and messages; its pictures are in %s\n",
+            "A tour of terms, customers, roles, charges, measurements, messages and roaming workstations; its "
+            "pictures are in %s\n",
             options_.tour.c_str());
         start(inSequence(pricingTour(session_.company(), options_.tour),
                          termsTour(session_.company(), options_.tour),
                          customerTour(session_.company(), options_.tour),
                          rolesTour(session_.company(), options_.tour),
-                         messagesTour(module_->library(), session_.company(), options_.tour)),
+                         messagesTour(module_->library(), session_.company(), options_.tour),
+                         roamingTour(module_->library(), session_.company(), options_.tour)),
               options_.tour, [this] {
                   printTerms(options_.company);
                   std::printf("All steps succeeded.\n");

@@ -35,6 +35,9 @@ constexpr StatementMember nameMembers[] = {
     {"GetVendorCostMethodName",
      "SELECT CASE {0} WHEN 1 THEN '% of MSRP' WHEN 2 THEN 'Cost from Product' WHEN 3 THEN 'Price from Product' ELSE '' END"},
     {"GetOrderStatusNameFromID", "SELECT StatusName FROM OrderStatusCodes WHERE ID = {0}"},
+    {"GetFriendlySyncState",
+     "SELECT CASE {0} WHEN 0 THEN 'Not set up' WHEN 1 THEN 'Initial sync requested' WHEN 2 THEN 'Initial sync sent' "
+     "WHEN 3 THEN 'Initial sync received' WHEN 4 THEN 'In sync' WHEN 5 THEN 'Reset requested' ELSE 'Unknown' END"},
     {"GetProductNameFromID", "SELECT Product FROM Products WHERE ID = {0}"},
     {"GetProductFileFromID2", "SELECT ProductFile FROM Products WHERE ID = {0}"},
 };

@@ -1,6 +1,7 @@
 #include "workbench/host/Components.h"
 
 #include "workbench/host/ExpressionEngine.h"
+#include "workbench/host/FileManager.h"
 #include "workbench/host/ImportExportEngine.h"
 #include "workbench/host/NumericFieldChecker.h"
 
@@ -20,6 +21,8 @@ constexpr Component components[] = {
      [](const ContextPtr& context) -> ObjectPtr { return std::make_shared<ExpressionEngine>(context); }},
     {"tslniee5.Engine",
      [](const ContextPtr& context) -> ObjectPtr { return std::make_shared<ImportExportEngine>(context); }},
+    {"tslnfm5.Library",
+     [](const ContextPtr& context) -> ObjectPtr { return std::make_shared<FileManager>(context); }},
 };
 
 }  // namespace

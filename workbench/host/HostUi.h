@@ -71,6 +71,11 @@ class HostUi {
     /// Lets the user edit and send a message. Returns it as it was sent, or nothing when cancelled. Without a window for
     /// it, every message is cancelled.
     virtual std::optional<Email> editEmail(const Email&) { return std::nullopt; }
+    /// Lets the user choose a folder. Returns its path, or nothing when cancelled. Without a window for it, every choice is
+    /// cancelled.
+    virtual std::optional<std::string> chooseFolder([[maybe_unused]] const std::string& title) {
+        return std::nullopt;
+    }
 };
 
 }  // namespace tsln::workbench

@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "automation/FilePath.h"
+#include "workbench/host/FileLocations.h"
 #include "workbench/host/SamplePictures.h"
 #include "workbench/host/TextOf.h"
 
@@ -10,20 +11,6 @@ namespace tsln::workbench {
 namespace {
 
 namespace fs = std::filesystem;
-
-struct Location {
-    std::string_view name;
-    const char* folder;  ///< below the company's folder; empty: that folder
-};
-constexpr Location locations[] = {
-    {"Companies", ""},
-    {"Products", "Products"},
-    {"Reports", "Reports"},
-    {"Export Files", "Export Files"},
-    {"Sync", "Sync"},
-    {"Document Templates", "Document Templates"},
-    {"Kestrane Connect", "Kestrane Connect"},
-};
 
 }  // namespace
 
@@ -47,8 +34,8 @@ Variant OptionsObject::set(OptionStore::Owner owner, Arguments a) {
 Variant OptionsObject::UserFileLocation(Arguments a) {
     a.require(1, 1);
     const std::string kind = textOf(a[0]);
-    if (const auto own = context().options.get({}, {kind, "File Locations"})) return *own;
-    for (const Location& location : locations) {
+    if (const auto own = context().options.get({}, {kind, fileLocationSection})) return *own;
+    for (const FileLocation& location : fileLocations) {
         if (!sameName(location.name, kind)) continue;
         std::error_code ignored;
         fs::path folder = fs::absolute(pathOf(context().company.path()), ignored).parent_path();

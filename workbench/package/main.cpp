@@ -13,7 +13,6 @@
 
 #include <chrono>
 #include <iostream>
-#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -49,17 +48,6 @@ struct Options {
     std::chrono::milliseconds delay{0};
 };
 
-/// Returns the rest of the argument when it begins with the option's name, in any letter case.
-std::optional<std::string> valueOf(std::string_view argument, std::string_view option) {
-    if (argument.size() < option.size() || compareText(argument.substr(0, option.size()), option) != 0)
-        return {};
-    std::string_view value = argument.substr(option.size());
-    // A host that starts programs without a shell leaves the quotes.
-    if (value.size() >= 2 && value.front() == '"' && value.back() == '"')
-        value = value.substr(1, value.size() - 2);
-    return std::string(value);
-}
-
 std::chrono::milliseconds readDelay(const std::string& text) {
     if (text.empty() || text.size() > 6 || text.find_first_not_of("0123456789") != std::string::npos) {
         throw Failure{BadCommandLine, "/Delay: needs a number of milliseconds."};
@@ -71,11 +59,11 @@ Options readOptions(const std::vector<std::string>& words) {
     Options options;
     for (std::size_t i = 1; i < words.size(); ++i) {
         const std::string& argument = words[i];
-        if (auto keys = valueOf(argument, "/Keys:")) {
+        if (auto keys = optionValue(argument, "/Keys:")) {
             options.keys = *keys;
-        } else if (auto psd = valueOf(argument, "/PSD:")) {
+        } else if (auto psd = optionValue(argument, "/PSD:")) {
             options.psd = *psd;
-        } else if (auto delay = valueOf(argument, "/Delay:")) {
+        } else if (auto delay = optionValue(argument, "/Delay:")) {
             options.delay = readDelay(*delay);
         } else if (compareText(argument, "/EnterKeys") == 0) {
             options.enterKeys = true;

@@ -5,7 +5,6 @@
 #include <iterator>
 #include <memory>
 
-#include <wx/app.h>
 #include <wx/defs.h>
 
 #include "automation/FilePath.h"
@@ -18,12 +17,6 @@ namespace {
 constexpr int measuredCustomer = 11;
 constexpr int shotMeasurements = 20;
 constexpr std::chrono::seconds timeToMeasure{90};  // two shots each, at two shots a second
-
-/// Calls an operation from the event loop, because it returns only after its window is closed.
-template <class... A>
-void open(const ObjectPtr& library, const char* operation, A... arguments) {
-    wxTheApp->CallAfter([=] { library->call(operation, arguments...); });
-}
 
 std::string textOf(Company& company, const std::string& query) {
     return company.scalar(query).toText();

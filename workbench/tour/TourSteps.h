@@ -4,6 +4,9 @@
 #include <utility>
 #include <vector>
 
+#include <wx/app.h>
+
+#include "automation/Object.h"
 #include "workbench/tour/Script.h"
 
 namespace tsln::workbench {
@@ -27,6 +30,11 @@ class Album {
 Script::Wait untilActive(const std::string& title);
 /// Waits until windows are drawn and a list shows its rows.
 Script::Wait settled();
+/// Calls an operation of the module from the event loop, because it returns only after its window is closed.
+template <class... A>
+void open(const ObjectPtr& library, const char* operation, A... arguments) {
+    wxTheApp->CallAfter([=] { library->call(operation, arguments...); });
+}
 /// Ends the script unless the company database shows what the step did.
 void expect(bool came, const std::string& what);
 

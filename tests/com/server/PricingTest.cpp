@@ -6,6 +6,7 @@
 #include "com/edge/DispatchObject.h"
 #include "com/edge/Wide.h"
 #include "doubles/TempFolder.h"
+#include "tests/com/server/AgreeingUi.h"
 #include "tests/com/server/Server.h"
 #include "workbench/host/CompanySession.h"
 
@@ -15,16 +16,6 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using workbench::CompanySession;
-
-/// Records the host's messages and answers questions with Yes.
-class AgreeingUi : public workbench::HostUi {
-  public:
-    workbench::Reply showMessage(const workbench::Message& message) override {
-        told.push_back(message.text);
-        return {.answer = message.buttons == MessageButtons::YesNo ? MessageAnswer::Yes : MessageAnswer::Ok};
-    }
-    std::vector<std::string> told;
-};
 
 class PricingTest : public ::testing::Test {
   protected:

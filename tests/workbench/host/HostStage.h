@@ -28,6 +28,7 @@ class RecordingUi : public HostUi {
     std::optional<std::string> edited;  ///< the user's text for an expression; empty: cancelled
     std::vector<RecordSearch> searches;
     std::optional<std::int32_t> searched;  ///< the record that the user chooses; empty: cancelled
+    std::optional<std::string> folder;     ///< the folder that the user chooses; empty: cancelled
     bool sends = false;                 ///< the user sends every e-mail as it is shown, or cancels it
 
     Reply showMessage(const Message& message) override {
@@ -49,6 +50,7 @@ class RecordingUi : public HostUi {
         if (!sends) return std::nullopt;
         return email;
     }
+    std::optional<std::string> chooseFolder(const std::string&) override { return folder; }
 };
 
 /// A temporary folder and its files.
