@@ -99,8 +99,7 @@ bool WorkbenchApp::OnInit() {
     frame->Show();
     if (!options_.tour.empty()) {
         std::printf(
-            "A tour of terms, customers, roles, charges, measurements, messages and roaming workstations; its "
-            "pictures are in %s\n",
+            "A tour of terms, customers, roles, charges, measurements, messages and roaming workstations; its pictures are in %s\n",
             options_.tour.c_str());
         start(inSequence(pricingTour(session_.company(), options_.tour),
                          termsTour(session_.company(), options_.tour),
