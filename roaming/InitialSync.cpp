@@ -52,9 +52,9 @@ InitialSync::InitialSync(Library& library) : HostScreen(library, std::string(scr
 
 Layout InitialSync::layout() {
     using namespace tsln::layout;
-    return column(
-        {item(lblExplanation), item(lblStatus), item(lblFrequency), item(lblElapsed),
-         row({item(cmdFileManager), item(cmdMoveFiles), spring(), item(cmdRequest), item(cmdClose)})});
+    return column({item(lblExplanation), item(lblStatus), item(lblFrequency), item(lblElapsed),
+                   row({item(cmdFileManager), item(cmdMoveFiles), spring()}),
+                   row({spring(), item(cmdRequest), item(cmdClose)})});
 }
 
 void InitialSync::Form_Load() {

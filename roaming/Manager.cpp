@@ -36,7 +36,8 @@ Manager::Manager(Library& library) : HostScreen(library, std::string(screenName)
 Layout Manager::layout() {
     using namespace tsln::layout;
     return column({item(lblExplanation), item(lblStatus),
-                   row({item(cmdReset), item(cmdStopSync), item(cmdIdentity), spring(), item(cmdClose)})});
+                   row({item(cmdReset), item(cmdStopSync), item(cmdIdentity), spring()}),
+                   row({spring(), item(cmdClose)})});
 }
 
 void Manager::Form_Load() {
