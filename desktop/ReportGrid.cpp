@@ -381,6 +381,15 @@ std::optional<Cell> ReportGrid::currentCell() const {
     return std::nullopt;
 }
 
+/// The first cell of the row that has an editor: a check box has none.
+std::optional<Cell> ReportGrid::textCell(std::size_t row) const {
+    for (const std::size_t column : order_) {
+        if (report_.columns[column].kind != Kind::Check && report_.canEdit({row, column}))
+            return Cell{row, column};
+    }
+    return std::nullopt;
+}
+
 bool ReportGrid::takesKey(const wxKeyEvent& key) {
     if (refillPending()) refill();
     const int code = key.GetKeyCode();
@@ -399,7 +408,7 @@ bool ReportGrid::takesKey(const wxKeyEvent& key) {
     if (key.HasAnyModifiers()) return false;
     switch (code) {
         case WXK_F2:
-            return editByList(cell);
+            return editByList(kind == Kind::Check ? textCell(cell->row) : cell);
         case WXK_RETURN:
         case WXK_NUMPAD_ENTER:
             return focusedColumn(cell->row) == cell->column && edit(cell);
@@ -415,6 +424,14 @@ bool ReportGrid::takesLetter(const wxString& letter) {
     if (!cell || report_.columns[cell->column].kind != Kind::Text || !edit(cell)) return false;
     editor_.replaceText(letter);
     return true;
+}
+
+void ReportGrid::beginEdit(Cell cell) {
+    SetFocus();
+    if (refillPending()) refill();
+    if (cell.row >= report_.rowCount()) return;
+    goTo(cell.row);
+    edit(cell);
 }
 
 /// Opens the editor in a cell. True when it is open.

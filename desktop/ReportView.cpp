@@ -115,6 +115,10 @@ class ReportView : public ControlView {
         rows_.showReport();
         showing_ = false;
         unreported_ = false;
+        if (const auto cell = report_.takeEditRequest()) {
+            // Once the act has ended: the editor must not open while the rows are replaced.
+            border_->CallAfter([this, cell] { rows_.beginEdit(*cell); });
+        }
     }
 
     /// Handles the first key that moves within the rows. The toolkit's list is either on the first row from the
