@@ -8,6 +8,7 @@
 #include "shared/modSharedStrings.h"
 #include "shared/modSharedXML.h"
 #include "workbench/host/PersonNameText.h"
+#include "workbench/host/ProductFiles.h"
 #include "workbench/host/StoredSecret.h"
 #include "workbench/host/TextOf.h"
 #include "workbench/sql/Guid.h"
@@ -36,7 +37,6 @@ constexpr StatementMember nameMembers[] = {
      "SELECT CASE {0} WHEN 1 THEN '% of MSRP' WHEN 2 THEN 'Cost from Product' WHEN 3 THEN 'Price from Product' ELSE '' END"},
     {"GetOrderStatusNameFromID", "SELECT StatusName FROM OrderStatusCodes WHERE ID = {0}"},
     {"GetProductNameFromID", "SELECT Product FROM Products WHERE ID = {0}"},
-    {"GetProductFileFromID2", "SELECT ProductFile FROM Products WHERE ID = {0}"},
 };
 
 /// Members that fill a combo box with a list.
@@ -194,6 +194,11 @@ Variant CommonObject::invoke(std::string_view member, Access access, Arguments a
              return Variant(readSecret(textOf(a[0])));
          }},
         {"LoadComboFromQuery", [](Self& self, Arguments a) { return self.LoadComboFromQuery(a); }},
+        {"GetProductFileFromID2",
+         [](Self& self, Arguments a) {
+             a.require(1, 1);
+             return Variant(productFile(self.context().company, a[0].toLong()));
+         }},
         {"ParseCompleteName", [](Self& self, Arguments a) { return self.ParseCompleteName(a); }},
         {"GetCustomerBalance", [](Self& self, Arguments a) { return self.GetCustomerBalance(a); }},
         {"LoadSalesReps", [](Self& self, Arguments a) { return self.LoadSalesReps(a); }},

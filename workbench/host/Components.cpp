@@ -3,6 +3,7 @@
 #include "workbench/host/ExpressionEngine.h"
 #include "workbench/host/ImportExportEngine.h"
 #include "workbench/host/NumericFieldChecker.h"
+#include "workbench/host/ProductFileEngine.h"
 
 namespace tsln::workbench {
 namespace {
@@ -20,6 +21,8 @@ constexpr Component components[] = {
      [](const ContextPtr& context) -> ObjectPtr { return std::make_shared<ExpressionEngine>(context); }},
     {"tslniee5.Engine",
      [](const ContextPtr& context) -> ObjectPtr { return std::make_shared<ImportExportEngine>(context); }},
+    {"catalog5engine.Engine",
+     [](const ContextPtr& context) -> ObjectPtr { return std::make_shared<ProductFileEngine>(context); }},
 };
 
 }  // namespace

@@ -8,7 +8,7 @@
 namespace tsln::workbench {
 
 /// Creates a component of the host by its program identifier, without letter case: the numeric-field checker, the
-/// expression editor or the import/export engine. For another identifier raises HostError(code::classNotRegistered).
+/// expression editor, the import/export engine or the reader of product files. For another identifier raises HostError(code::classNotRegistered).
 ObjectPtr createComponent(std::string_view programId, const std::shared_ptr<HostContext>& context);
 
 }  // namespace tsln::workbench
