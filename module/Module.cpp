@@ -3,9 +3,10 @@
 #include "bridge/Library.h"
 #include "entities/Entities.h"
 #include "lists/Lists.h"
-#include "pricing/Pricing.h"
 #include "measurements/Measurements.h"
 #include "messages/Messages.h"
+#include "options/Options.h"
+#include "pricing/Pricing.h"
 #include "security/Roles.h"
 
 namespace tsln {
@@ -14,6 +15,7 @@ void plugInModule(Library& library) {
     lists::plugIn(library);
     entities::plugIn(library);
     pricing::plugIn(library);
+    options::plugIn(library);
     measurements::plugIn(library);
     messages::plugIn(library);
     security::plugIn(library);
