@@ -94,6 +94,8 @@ class ReportGrid::Model : public wxDataViewVirtualListModel {
 
     bool IsEnabledByRow(unsigned row, unsigned column) const override {
         if (!has(row, column) || !grid_.report_.columns[column].editable) return true;
+        // A grey text would look like one that does not apply; editing it is vetoed.
+        if (grid_.report_.columns[column].kind == Kind::Text) return true;
 #ifndef __WXGTK__
         if (grid_.report_.row(row).isGroup()) return true;  // it would be grey; editing it is vetoed
 #endif

@@ -139,13 +139,13 @@ OptionCalloutDialog::OptionCalloutDialog(Library& library, const ListDescription
 
 Layout OptionCalloutDialog::content() {
     using namespace tsln::layout;
-    return column(
-        {form({item(optAllProductTypes), row({item(optSpecificProductType), fill(cboProductType)}),
-               item(optAllProducts), row({item(optSpecificProduct), fill(cboProduct)}), item(optAllStyles),
-               row({item(optSpecificStyle), fill(cboStyle)}), fieldOf("txtOption").layout(),
-               fieldOf("cboWhen").layout(), fieldOf("txtCriteria").layout(), field("&Color:", ColorPicker1)}),
-         stretch(form({fieldOf("txtMessage").layout()})), item(lblExample),
-         stretch(column({fill(rptExample)}))});
+    return column({row({item(optAllProductTypes), item(optSpecificProductType), fill(cboProductType)}),
+                   row({item(optAllProducts), item(optSpecificProduct), fill(cboProduct)}),
+                   row({item(optAllStyles), item(optSpecificStyle), fill(cboStyle)}),
+                   form({fieldOf("txtOption").layout(),
+                         fieldOf("cboWhen").layout(), fieldOf("txtCriteria").layout(),
+                         field("&Color:", ColorPicker1), fieldOf("txtMessage").layout()}),
+                   item(lblExample), stretch(column({fill(rptExample)}))});
 }
 
 void OptionCalloutDialog::filling() {

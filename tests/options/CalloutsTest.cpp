@@ -94,7 +94,9 @@ TEST(OptionCalloutDialog, SavesWhatItAppliesTo) {
             ASSERT_EQ(dialog.cboStyle.entries().size(), 2U) << "each style once, and none without a name";
             dialog.cboStyle.userChoose(1);
             dialog.textBox("txtOption").userType("It's");
+            dialog.comboBox("cboWhen").userChoose(2);
             dialog.textBox("txtCriteria").userType("kept");
+            dialog.comboBox("cboWhen").userChoose(0);
             dialog.textBox("txtMessage").userType("<b>'now'</b>");
             dialog.ColorPicker1.userChoose(0x00FF00);
             dialog.cmdOK.userPress();

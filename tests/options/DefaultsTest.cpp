@@ -101,7 +101,7 @@ TEST(OptionDefaults, VerifyNamesWhatTheProductDoesNotHave) {
     constexpr auto unknownPattern = "The option \"pattern\" does not exist.";
     constexpr auto unknownMarkup = "The option \"A \"&\" <b>\" does not exist.";
     constexpr auto valid = "All of the option names for this product are valid.";
-    const std::string lift = "Name='Lift'";
+    
     struct Case {
         std::string document;
         bool cancels;
@@ -112,16 +112,16 @@ TEST(OptionDefaults, VerifyNamesWhatTheProductDoesNotHave) {
         {Products::withOptions({"Name='Pattern'", "Name='Lift'"}),
          false,
          {unknownPattern, unknownMarkup},
-         nullptr},
-        {Products::withOptions({"Name='Pattern'", "Name='Lift'"}), true, {unknownPattern}, nullptr},
+         ""},
+        {Products::withOptions({"Name='Pattern'", "Name='Lift'"}), true, {unknownPattern}, ""},
         {Products::withOptions({"Name='pattern'", "Name='A &quot;&amp;&quot; &lt;b&gt;'", "Name='Lift'"}),
          false,
          {valid},
-         nullptr},
+         ""},
         {"<Product/>",
          false,
          {unknownPattern, unknownMarkup, "The option \"Lift\" does not exist."},
-         nullptr},
+         ""},
         {Products::refused, false, {}, "ShowMessageStyle2"},
         {Products::nothing, false, {}, "ShowAndLogErrorMessage"},
         {"<Product><Styles>", false, {}, "ShowAndLogErrorMessage"},
@@ -171,7 +171,7 @@ TEST(OptionDefaults, EveryHostFaultIsReported) {
                                                         dialog.textBox("txtName").userType("Lift");
                                                         dialog.textBox("txtValue").userType("Cord");
                                                         dialog.cmdOK.userPress();
-                                                        if (dialog.shown()) EXPECT_TRUE(stage.told());
+                                                        if (dialog.shown()) { EXPECT_TRUE(stage.told()); }
                                                     });
             stage.desktop.user<OptionDefaults>("frmOptionDefaults", [&](OptionDefaults& list) {
                 list.cmdNew.userPress();
