@@ -161,6 +161,20 @@ TEST(ScanProducts, ShowsProgressAndKeepsWhatItAddedBeforeItWasCancelled) {
     EXPECT_FALSE(screen.shown());
 }
 
+TEST(ScanProducts, ReadsAProductOfTenThousandOptions) {
+    Stage stage;
+    Products products(stage);
+    furnish(stage, {"Many"});
+    std::string many = "<Product><Styles><Style><Options>";
+    for (int i = 0; i < 10'000; ++i)
+        many += "<Option Name='Option " + std::to_string(i) + "' ShowInDescription2='False'/>";
+    products.documents[1] = many + "</Options></Style></Styles></Product>";
+    stage.library->ScanForOptionDetailSettings();
+    const auto added = stage.host->callsOf("TSLNSQL.ExecuteNonQuery");
+    ASSERT_EQ(added.size(), 10'000U);
+    EXPECT_EQ(added.back(), insert(0, "Option 9999", "", 9999));
+}
+
 TEST(ScanProducts, WithoutProductsOrReaderNothingIsShown) {
     {
         Stage stage;
