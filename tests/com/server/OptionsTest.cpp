@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "com/edge/Conversion.h"
 #include "com/edge/DispatchObject.h"
 #include "doubles/TempFolder.h"
 #include "tests/com/server/Server.h"
