@@ -151,6 +151,8 @@ void ReportGrid::bindEvents() {
     Bind(wxEVT_DATAVIEW_ITEM_EDITING_STARTED, [this](wxDataViewEvent& event) {
         event.Skip();
         const unsigned row = model_->GetRow(event.GetItem());
+        if (const wxDataViewColumn* const column = event.GetDataViewColumn())
+            lastCell_ = {row, column->GetModelColumn()};  // also when a click has opened the editor
         editedID_ =
             row < report_.rowCount() && !report_.row(row).isGroup() ? report_.id(report_.row(row).record) : 0;
     });
@@ -396,7 +398,8 @@ bool ReportGrid::takesKey(const wxKeyEvent& key) {
     if (refillPending()) refill();
     const int code = key.GetKeyCode();
     const bool extends = key.ShiftDown() || key.ControlDown();
-    if (extends || moves(code)) allowSeveral(*this, extends);
+    // Within an editor, Shift types capitals.
+    if (!isEditing() && (extends || moves(code))) allowSeveral(*this, extends);
     if (code == WXK_TAB && (isEditing() || tabbing_)) {
         const bool backwards = key.ShiftDown();
         if (key.GetModifiers() == (backwards ? wxMOD_SHIFT : wxMOD_NONE)) return moveOn(backwards);
@@ -440,6 +443,7 @@ void ReportGrid::beginEdit(Cell cell) {
 bool ReportGrid::edit(const std::optional<Cell>& cell) {
     if (!cell || !report_.canEdit(*cell) || report_.columns[cell->column].kind == Kind::Check) return false;
     if (report_.selectedRows() != std::vector{cell->row}) goTo(cell->row);
+    lastCell_ = *cell;
     EditItem(itemOf(cell->row), columnWindow(cell->column));
     return editor_.isOpen();
 }

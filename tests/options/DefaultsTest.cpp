@@ -29,6 +29,10 @@ TEST(OptionDefaultsList, HoldsTheDefaultsOfOneProductOrOfEvery) {
         stage.desktop.user<OptionDefaultDialog>(
             "frmOptionDefaults_Edit", [](OptionDefaultDialog& dialog) { EXPECT_EQ(dialog.productID, 3); });
         list.cmdNew.userPress();
+        const std::size_t first[] = {0};
+        list.rptItems.userSelect(first, 0);
+        list.cmdEdit.userPress();
+        list.cmdDelete.userPress();
     });
     stage.library->ShowOptionDefaults(3);
     stage.desktop.user<OptionDefaults>("frmOptionDefaults", [&](OptionDefaults& list) {
@@ -37,9 +41,12 @@ TEST(OptionDefaultsList, HoldsTheDefaultsOfOneProductOrOfEvery) {
         EXPECT_EQ(stage.desktop.boxes.size(), 1U) << "there is no product to compare with";
     });
     stage.library->ShowOptionDefaults(0);
-    EXPECT_THAT(
-        stage.host->callsOf("Database.ExecuteRead"),
-        ElementsAre(loadOfThree, "SELECT * FROM vwMaintenance_OptionDefaults WHERE ProductID IS NULL"));
+    EXPECT_THAT(stage.host->callsOf("Database.ExecuteRead"),
+                ElementsAre(loadOfThree, "SELECT * FROM OptionDefaults WHERE ID = 1",
+                            "SELECT * FROM vwMaintenance_OptionDefaults WHERE ID = 1",
+                            "SELECT * FROM vwMaintenance_OptionDefaults WHERE ProductID IS NULL"));
+    EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"),
+                ElementsAre("DELETE FROM OptionDefaults WHERE ID = 1"));
     EXPECT_THAT(stage.host->callsOf("catalog5engine.Engine.Initialize"), IsEmpty());
 }
 
@@ -101,7 +108,7 @@ TEST(OptionDefaults, VerifyNamesWhatTheProductDoesNotHave) {
     constexpr auto unknownPattern = "The option \"pattern\" does not exist.";
     constexpr auto unknownMarkup = "The option \"A \"&\" <b>\" does not exist.";
     constexpr auto valid = "All of the option names for this product are valid.";
-    
+
     struct Case {
         std::string document;
         bool cancels;
@@ -118,10 +125,7 @@ TEST(OptionDefaults, VerifyNamesWhatTheProductDoesNotHave) {
          false,
          {valid},
          ""},
-        {"<Product/>",
-         false,
-         {unknownPattern, unknownMarkup, "The option \"Lift\" does not exist."},
-         ""},
+        {"<Product/>", false, {unknownPattern, unknownMarkup, "The option \"Lift\" does not exist."}, ""},
         {Products::refused, false, {}, "ShowMessageStyle2"},
         {Products::nothing, false, {}, "ShowAndLogErrorMessage"},
         {"<Product><Styles>", false, {}, "ShowAndLogErrorMessage"},
@@ -171,7 +175,9 @@ TEST(OptionDefaults, EveryHostFaultIsReported) {
                                                         dialog.textBox("txtName").userType("Lift");
                                                         dialog.textBox("txtValue").userType("Cord");
                                                         dialog.cmdOK.userPress();
-                                                        if (dialog.shown()) { EXPECT_TRUE(stage.told()); }
+                                                        if (dialog.shown()) {
+                                                            EXPECT_TRUE(stage.told());
+                                                        }
                                                     });
             stage.desktop.user<OptionDefaults>("frmOptionDefaults", [&](OptionDefaults& list) {
                 list.cmdNew.userPress();
