@@ -88,6 +88,11 @@ class ReportGrid::Model : public wxDataViewVirtualListModel {
 #endif
         const ReportControl::Style style = grid_.report_.style(shown.record);
         if (style.bold) attr.SetBold(true);
+        if (style.background) {
+            const wxColour background(*style.background);
+            attr.SetBackgroundColour(background);
+            attr.SetColour(background.GetLuminance() > 0.5 ? *wxBLACK : *wxWHITE);
+        }
         if (style.color) attr.SetColour(wxColour(*style.color));
         return !attr.IsDefault();
     }

@@ -116,6 +116,7 @@ OptionCalloutDialog::OptionCalloutDialog(Library& library, const ListDescription
                           {.caption = "Option Value", .width = 150},
                           {.caption = "Color", .width = 90, .rightAligned = true}};
     rptExample.accessibleName = "Example";
+    rptExample.rowsAtFirst = static_cast<int>(std::size(samples)) + 1;
     for (const SampleOption& sample : samples) {
         const std::string_view cells[] = {sample.name, sample.value};
         rptExample.addRecord(0, cells);
@@ -142,10 +143,10 @@ Layout OptionCalloutDialog::content() {
     return column({row({item(optAllProductTypes), item(optSpecificProductType), fill(cboProductType)}),
                    row({item(optAllProducts), item(optSpecificProduct), fill(cboProduct)}),
                    row({item(optAllStyles), item(optSpecificStyle), fill(cboStyle)}),
-                   form({fieldOf("txtOption").layout(),
-                         fieldOf("cboWhen").layout(), fieldOf("txtCriteria").layout(),
-                         field("&Color:", ColorPicker1), fieldOf("txtMessage").layout()}),
-                   item(lblExample), stretch(column({fill(rptExample)}))});
+                   stretch(form({fieldOf("txtOption").layout(), fieldOf("cboWhen").layout(),
+                                 fieldOf("txtCriteria").layout(), field("&Color:", ColorPicker1),
+                                 fieldOf("txtMessage").layout()})),
+                   item(lblExample), item(rptExample)});
 }
 
 void OptionCalloutDialog::filling() {
@@ -236,8 +237,9 @@ void OptionCalloutDialog::showExample() {
             (!watchesSample || isWatched(samples[i])) &&
             meets(samples[i].value, comboBox("cboWhen").chosen().value_or(-1), textBox("txtCriteria").text());
         rptExample.setCell(i, Color, marked ? color : "");
-        rptExample.setStyle(i, marked ? ReportControl::Style{.color = ColorPicker1.color() & 0xFFFFFF}
-                                      : ReportControl::Style());
+        ReportControl::Style style;
+        if (marked) style.background = ColorPicker1.color() & 0xFFFFFF;
+        rptExample.setStyle(i, style);
     }
 }
 

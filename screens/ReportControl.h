@@ -28,6 +28,7 @@ class ReportControl : public Control {
 
     using Column = ReportColumn;
     std::vector<Column> columns;  ///< set before the first record is added
+    int rowsAtFirst = 0;  ///< rows that the window has room for at first; 0: as many as lists usually have
 
     // Records -----------------------------------------------------------------------------------------
     std::size_t recordCount() const noexcept;  ///< without removed records
@@ -55,7 +56,8 @@ class ReportControl : public Control {
 
     struct Style {
         bool bold = false;
-        std::optional<std::uint32_t> color;  ///< of the text, 0x00BBGGRR
+        std::optional<std::uint32_t> color;       ///< of the text, 0x00BBGGRR
+        std::optional<std::uint32_t> background;  ///< without `color`, the text is black or white on it
     };
     void setStyle(std::size_t record, Style style);
     Style style(std::size_t record) const;

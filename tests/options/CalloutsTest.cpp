@@ -231,7 +231,7 @@ TEST(OptionCalloutDialog, TheExampleShowsWhatTheSettingsDo) {
                 dialog.textBox("txtCriteria").userType(c.criteria);
                 for (std::size_t row = 0; row < 3; ++row) {
                     EXPECT_EQ(example.rowText(row, 2), c.marked[row] ? "1193046" : "");
-                    EXPECT_EQ(example.style(row).color.has_value(), c.marked[row]);
+                    EXPECT_EQ(example.style(row).background.has_value(), c.marked[row]);
                 }
             }
             EXPECT_EQ(example.rowText(1, 1), "Please Select");
