@@ -19,6 +19,10 @@ char32_t simpleLower(char32_t c) noexcept {
     return static_cast<char32_t>(utf8proc_tolower(static_cast<utf8proc_int32_t>(c)));
 }
 
+char32_t simpleUpper(char32_t c) noexcept {
+    return static_cast<char32_t>(utf8proc_toupper(static_cast<utf8proc_int32_t>(c)));
+}
+
 bool isAscii(char32_t c) noexcept {
     return c < 0x80;
 }
@@ -77,6 +81,11 @@ char32_t lowerCase(char32_t c) noexcept {
     if (isAscii(c)) return lowerAscii(c);
     const char32_t lower = simpleLower(c);
     return lower == c || foldCase(lower) == foldCase(c) ? lower : c;
+}
+
+char32_t upperCase(char32_t c) noexcept {
+    const char32_t upper = simpleUpper(c);
+    return upper == c || foldCase(upper) == foldCase(c) ? upper : c;
 }
 
 }  // namespace tsln

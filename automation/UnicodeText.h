@@ -26,4 +26,8 @@ char32_t foldCase(char32_t c) noexcept;
 /// is, so that foldCase(lowerCase(c)) == foldCase(c).
 char32_t lowerCase(char32_t c) noexcept;
 
+/// The upper-case letter of `c`. A letter whose upper-case form folds differently or takes several characters stays as it
+/// is, so that foldCase(upperCase(c)) == foldCase(c).
+char32_t upperCase(char32_t c) noexcept;
+
 }  // namespace tsln

@@ -4,6 +4,7 @@
 
 #include "automation/FilePath.h"
 #include "benchmark/Lines.h"
+#include "benchmark/PreparedHost.h"
 #include "benchmark/contest/BareList.h"
 #include "benchmark/contest/Contest.h"
 #include "benchmark/contest/SampleRows.h"
@@ -47,18 +48,6 @@ std::string messagesResult(std::size_t rows) {
     return text + "</Records>";
 }
 
-/// A host that answers every query with the prepared text, which it hands over.
-class MessagesHost : public Object {
-  public:
-    std::string text;
-    Variant invoke(std::string_view member, Access, Arguments) override {
-        if (sameName(member, "xml")) return std::move(text);
-        if (sameName(member, "FixDateForSQLInsert")) return "2024-03-04T00:00:00";
-        return std::static_pointer_cast<Object>(self.lock());  // the sub-objects and the document
-    }
-    std::weak_ptr<MessagesHost> self;
-};
-
 /// A desktop whose user saves every file under one name.
 class SavingDesktop : public test::QuietDesktop {
   public:
@@ -82,7 +71,6 @@ std::string contentsOf(const std::string& file) {
 /// A screen of sent messages whose steps can be called and timed.
 struct Stage {
     explicit Stage(std::size_t rows) : result(messagesResult(rows)) {
-        host->self = host;
         library->Initialize(ObjectPtr(host));
         desktop.file = folder.file("messages.txt");
     }
@@ -92,7 +80,7 @@ struct Stage {
     const std::string result;
     test::TempFolder folder{"tessaline-bench-", fastestFolder()};
     SavingDesktop desktop;
-    std::shared_ptr<MessagesHost> host = std::make_shared<MessagesHost>();
+    std::shared_ptr<PreparedHost> host = std::make_shared<PreparedHost>();
     std::shared_ptr<Library> library = std::make_shared<Library>(desktop);
     std::unique_ptr<SentMessages> screen = [this] {
         auto made = std::make_unique<SentMessages>(*library, sentMessagesList);

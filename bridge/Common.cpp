@@ -28,6 +28,10 @@ std::string Common::GetProductNameFromID(std::int32_t ID) const {
     return call("GetProductNameFromID", ID).toText();
 }
 
+std::string Common::GetProductFileFromID2(std::int32_t ID) const {
+    return textOf(call("GetProductFileFromID2", ID), "GetProductFileFromID2");
+}
+
 std::string Common::GetCustomerName(std::int32_t ID) const {
     return call("GetCustomerName", ID).toText();
 }
@@ -54,6 +58,10 @@ void Common::LoadTerms(ComboBox& combo) const {
 
 void Common::LoadVendors(ComboBox& combo) const {
     call("LoadVendors", combo.automation());
+}
+
+void Common::LoadProductTypes(ComboBox& combo) const {
+    call("LoadProductTypes", combo.automation());
 }
 
 PersonName Common::ParseCompleteName(std::string_view name) const {

@@ -24,6 +24,8 @@ class Common : HostPart {
     std::string GetDiscountGroupName(std::int32_t ID) const;
     std::string GetEmployeeName(std::int32_t ID) const;
     std::string GetProductNameFromID(std::int32_t ID) const;
+    /// The path of a product's file; empty when it has none.
+    std::string GetProductFileFromID2(std::int32_t ID) const;
     std::string GetCustomerName(std::int32_t ID) const;
     /// The name of a number that is stored as a vendor's cost method.
     std::string GetVendorCostMethodName(std::int32_t method) const;
@@ -39,6 +41,7 @@ class Common : HostPart {
     /// Fill the combo box with the records of a list. An entry's stored number is the record's `ID`.
     void LoadCustomerTypes(ComboBox& combo) const;
     void LoadVendors(ComboBox& combo) const;
+    void LoadProductTypes(ComboBox& combo) const;
     void LoadTaxGroups(ComboBox& combo) const;
     void LoadSalesAccounts(ComboBox& combo) const;
     void LoadPurchaseAccounts(ComboBox& combo) const;

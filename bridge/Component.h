@@ -7,8 +7,10 @@ namespace tsln {
 /// A component of the host. It is given the shared-code object at first and terminated at the end.
 class Component {
   public:
-    /// Raises HostError when the component does not take the shared-code object.
+    /// Raises HostError when there is no component or it does not take the shared-code object.
     Component(ObjectPtr component, const Host& host) : component_(std::move(component)) {
+        if (!component_)
+            throw HostError(code::objectNotSet, "Library", "The component could not be created.");
         component_->call("Initialize", host.sharedCode());
     }
     ~Component() {

@@ -62,6 +62,10 @@ void Host::ShowMessageStyle1WithMemory(std::string_view message, std::string_vie
     sharedCode()->call("ShowMessageStyle1WithMemory", message, advice);
 }
 
+void Host::ShowMessageStyle2(std::string_view message, std::string_view advice) const {
+    sharedCode()->call("ShowMessageStyle2", message, advice);
+}
+
 bool Host::AskMessageStyle2(std::string_view question, std::string_view note) const {
     // The platform's codes: Yes and No with the icon of a question, and the answer Yes.
     constexpr std::int32_t yesNoQuestion = 4 + 32;

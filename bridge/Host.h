@@ -68,6 +68,8 @@ class Host {
     bool ConfirmMessageStyle1(std::string_view message, std::string_view advice) const;
     /// Shows the host's standard message box, which the user can choose not to see again.
     void ShowMessageStyle1WithMemory(std::string_view message, std::string_view advice) const;
+    /// Shows a message in the host's second message style, with advice below it.
+    void ShowMessageStyle2(std::string_view message, std::string_view advice) const;
     /// Asks a question in the host's second message style, with a note below it. Returns true for Yes.
     bool AskMessageStyle2(std::string_view question, std::string_view note) const;
     /// Lets the user send an e-mail in the host's window, which fills the merge fields of subject and body from the

@@ -48,9 +48,9 @@ void HostScreen::reportDatabaseFailure(std::string_view message, std::string_vie
     }
 }
 
-void HostScreen::reportConnectionFailure(std::string_view message) {
+void HostScreen::reportConnectionFailure(std::string_view message, std::string_view explanation) {
     try {
-        host().ShowADOErrorMessage(message, standardExplanation);
+        host().ShowADOErrorMessage(message, explanation);
     } catch (const std::exception&) {
         // The host failed to show the message; the user must still see it.
         tell(message, MessageIcon::Critical);

@@ -34,7 +34,8 @@ class HostScreen : public Screen {
     void reportDatabaseFailure(std::string_view message, std::string_view explanation = standardExplanation,
                                Host::ShowFailure show = &Host::ShowAndLogErrorMessage);
     /// Reports a failed statement that ran on the company's connection.
-    void reportConnectionFailure(std::string_view message);
+    void reportConnectionFailure(std::string_view message,
+                                 std::string_view explanation = standardExplanation);
 
   protected:
     /// Refuses a close box while the screen is busy.

@@ -22,4 +22,16 @@ void Security::ReInitializeUser(std::int32_t userID) const {
     call("ReInitializeUser", userID);
 }
 
+Variant Security::SID() const {
+    return call("SID");
+}
+
+Variant Security::OID() const {
+    return call("OID");
+}
+
+Variant Security::OrganizationName() const {
+    return call("OrganizationName");
+}
+
 }  // namespace tsln

@@ -22,6 +22,10 @@ class Security : HostPart {
     std::int32_t UserId() const;
     /// Makes the host read the user with this key and the user's rights again.
     void ReInitializeUser(std::int32_t userID) const;
+    // Who the user is to other components of the host, which get these values unchanged.
+    Variant SID() const;
+    Variant OID() const;
+    Variant OrganizationName() const;
 };
 
 }  // namespace tsln

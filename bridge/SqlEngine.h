@@ -23,6 +23,10 @@ class SqlEngine {
 
     /// Returns the first column of the first row. May raise HostError.
     Variant ExecuteScaler(std::string_view sql) const { return engine_->call("ExecuteScaler", sql); }
+    /// Returns true when the statement succeeded. May raise HostError.
+    bool ExecuteNonQuery(std::string_view sql) const {
+        return engine_->call("ExecuteNonQuery", sql).toBoolean();
+    }
 
   private:
     ObjectPtr engine_;

@@ -1,16 +1,16 @@
 # A room is a folder of sources that is built as one library; see the table in the top CMakeLists.txt.
 
-add_library(tsln_options INTERFACE)
-target_include_directories(tsln_options INTERFACE ${CMAKE_SOURCE_DIR})
-target_compile_options(tsln_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wno-missing-field-initializers
+add_library(tsln_flags INTERFACE)
+target_include_directories(tsln_flags INTERFACE ${CMAKE_SOURCE_DIR})
+target_compile_options(tsln_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wno-missing-field-initializers
                                             -Wno-restrict)  # false warnings for std::string (GCC 105651)
 if(TSLN_WARNINGS_AS_ERRORS)
-    target_compile_options(tsln_options INTERFACE -Werror)
+    target_compile_options(tsln_flags INTERFACE -Werror)
 endif()
 if(TSLN_SANITIZE)
-    target_compile_options(tsln_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=undefined
+    target_compile_options(tsln_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=undefined
                                                   -fno-omit-frame-pointer)
-    target_link_options(tsln_options INTERFACE -fsanitize=address,undefined)
+    target_link_options(tsln_flags INTERFACE -fsanitize=address,undefined)
 endif()
 
 # wxWidgets, with system headers, precompiled because they take most of the compile time.
@@ -51,7 +51,7 @@ function(tsln_room folder)
         add_library(${target} INTERFACE)
         set(scope INTERFACE)
     endif()
-    target_link_libraries(${target} ${scope} tsln_options ${ROOM_LIBRARIES})
+    target_link_libraries(${target} ${scope} tsln_flags ${ROOM_LIBRARIES})
     foreach(used ${ROOM_USES})
         tsln_target_name(${used} usedTarget)
         if(TARGET ${usedTarget})  # some rooms are built on one platform only
@@ -80,7 +80,7 @@ function(tsln_program name folder)
         set_property(GLOBAL APPEND PROPERTY TSLN_ROOMS "${folder}")
         set_property(GLOBAL PROPERTY TSLN_USES_${folder} "${PROGRAM_USES}")
     endif()
-    target_link_libraries(${name} PRIVATE tsln_options)
+    target_link_libraries(${name} PRIVATE tsln_flags)
     if(WIN32)
         # No console window. A name with the ending ".exe" needs no suffix.
         set_target_properties(${name} PROPERTIES WIN32_EXECUTABLE ON)
@@ -113,6 +113,6 @@ function(tsln_module name folder)
     set_source_files_properties(${files}/${name}.rc PROPERTIES
         OBJECT_DEPENDS "${CMAKE_BINARY_DIR}/interface/${name}.tlb;${files}/${name}.manifest"
         INCLUDE_DIRECTORIES "${CMAKE_BINARY_DIR}/interface;${files}")
-    target_link_libraries(${name} PRIVATE ${target} tsln_options)
+    target_link_libraries(${name} PRIVATE ${target} tsln_flags)
     add_dependencies(${name} tsln_interface_files)
 endfunction()

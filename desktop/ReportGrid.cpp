@@ -88,12 +88,19 @@ class ReportGrid::Model : public wxDataViewVirtualListModel {
 #endif
         const ReportControl::Style style = grid_.report_.style(shown.record);
         if (style.bold) attr.SetBold(true);
+        if (style.background) {
+            const wxColour background(*style.background);
+            attr.SetBackgroundColour(background);
+            attr.SetColour(background.GetLuminance() > 0.5 ? *wxBLACK : *wxWHITE);
+        }
         if (style.color) attr.SetColour(wxColour(*style.color));
         return !attr.IsDefault();
     }
 
     bool IsEnabledByRow(unsigned row, unsigned column) const override {
         if (!has(row, column) || !grid_.report_.columns[column].editable) return true;
+        // A grey text would look like one that does not apply; editing it is vetoed.
+        if (grid_.report_.columns[column].kind == Kind::Text) return true;
 #ifndef __WXGTK__
         if (grid_.report_.row(row).isGroup()) return true;  // it would be grey; editing it is vetoed
 #endif
@@ -149,6 +156,8 @@ void ReportGrid::bindEvents() {
     Bind(wxEVT_DATAVIEW_ITEM_EDITING_STARTED, [this](wxDataViewEvent& event) {
         event.Skip();
         const unsigned row = model_->GetRow(event.GetItem());
+        if (const wxDataViewColumn* const column = event.GetDataViewColumn())
+            lastCell_ = {row, column->GetModelColumn()};  // also when a click has opened the editor
         editedID_ =
             row < report_.rowCount() && !report_.row(row).isGroup() ? report_.id(report_.row(row).record) : 0;
     });
@@ -381,11 +390,21 @@ std::optional<Cell> ReportGrid::currentCell() const {
     return std::nullopt;
 }
 
+/// The first cell of the row that has an editor: a check box has none.
+std::optional<Cell> ReportGrid::textCell(std::size_t row) const {
+    for (const std::size_t column : order_) {
+        if (report_.columns[column].kind != Kind::Check && report_.canEdit({row, column}))
+            return Cell{row, column};
+    }
+    return std::nullopt;
+}
+
 bool ReportGrid::takesKey(const wxKeyEvent& key) {
     if (refillPending()) refill();
     const int code = key.GetKeyCode();
     const bool extends = key.ShiftDown() || key.ControlDown();
-    if (extends || moves(code)) allowSeveral(*this, extends);
+    // Within an editor, Shift types capitals.
+    if (!isEditing() && (extends || moves(code))) allowSeveral(*this, extends);
     if (code == WXK_TAB && (isEditing() || tabbing_)) {
         const bool backwards = key.ShiftDown();
         if (key.GetModifiers() == (backwards ? wxMOD_SHIFT : wxMOD_NONE)) return moveOn(backwards);
@@ -399,7 +418,7 @@ bool ReportGrid::takesKey(const wxKeyEvent& key) {
     if (key.HasAnyModifiers()) return false;
     switch (code) {
         case WXK_F2:
-            return editByList(cell);
+            return editByList(kind == Kind::Check ? textCell(cell->row) : cell);
         case WXK_RETURN:
         case WXK_NUMPAD_ENTER:
             return focusedColumn(cell->row) == cell->column && edit(cell);
@@ -417,10 +436,19 @@ bool ReportGrid::takesLetter(const wxString& letter) {
     return true;
 }
 
+void ReportGrid::beginEdit(Cell cell) {
+    SetFocus();
+    if (refillPending()) refill();
+    if (cell.row >= report_.rowCount()) return;
+    goTo(cell.row);
+    edit(cell);
+}
+
 /// Opens the editor in a cell. True when it is open.
 bool ReportGrid::edit(const std::optional<Cell>& cell) {
     if (!cell || !report_.canEdit(*cell) || report_.columns[cell->column].kind == Kind::Check) return false;
     if (report_.selectedRows() != std::vector{cell->row}) goTo(cell->row);
+    lastCell_ = *cell;
     EditItem(itemOf(cell->row), columnWindow(cell->column));
     return editor_.isOpen();
 }

@@ -57,6 +57,8 @@ class ReportGrid : public wxDataViewCtrl {
     bool isEditing() const { return editor_.isOpen(); }
     /// Handles a key that edits cells. True when the key needs no further handling.
     bool takesKey(const wxKeyEvent& key);
+    /// Takes the keyboard and opens the editor in a cell.
+    void beginEdit(ReportControl::Cell cell);
     /// Handles a letter typed on the focused row. True when it was entered into a cell.
     bool takesLetter(const wxString& letter);
 
@@ -76,6 +78,7 @@ class ReportGrid : public wxDataViewCtrl {
     void showSortOrder();
     void showSelection();
     bool edit(const std::optional<ReportControl::Cell>& cell);
+    std::optional<ReportControl::Cell> textCell(std::size_t row) const;
     bool editByList(const std::optional<ReportControl::Cell>& cell);
     std::size_t focusedColumn(std::size_t row) const;
     void acceptEdit();

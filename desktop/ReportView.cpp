@@ -29,7 +29,7 @@ class ReportView : public ControlView {
           border_(new wxPanel(parent)),
           rows_(*new ReportGrid(border_, report)) {
         setWindow(border_);
-        border_->SetMinSize(border_->FromDIP(wxSize(leastWide, leastHigh)));
+        border_->SetMinSize(border_->FromDIP(wxSize(leastWide, std::min(leastHigh, firstHeight()))));
         // A line in the system's colour; the toolkit's own borders are black or none, depending on the
         // platform.
         border_->SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_3DSHADOW));
@@ -49,11 +49,18 @@ class ReportView : public ControlView {
     wxSize preferredSize() const override {
         constexpr int scrollBar = 24;
         const int wide = border_->ToDIP(rows_.naturalWidth()) + scrollBar;
+        return border_->FromDIP(wxSize(std::clamp(wide, leastWide, mostWide), firstHeight()));
+    }
+
+    /// In pixels at 96 per inch.
+    int firstHeight() const {
+        constexpr int roundText = 8;  // within a row
+        if (report_.rowsAtFirst > 0)
+            return (report_.rowsAtFirst + 1) * (border_->ToDIP(rows_.GetCharHeight()) + roundText);
         const auto lists = std::ranges::count_if(report_.screen().controls(), [](const Control* control) {
             return dynamic_cast<const ReportControl*>(control) != nullptr;
         });
-        const int high = std::max(firstHigh / static_cast<int>(lists), leastHigh);
-        return border_->FromDIP(wxSize(std::clamp(wide, leastWide, mostWide), high));
+        return std::max(firstHigh / static_cast<int>(lists), leastHigh);
     }
 
     wxPoint popupPosition() const override {
@@ -115,6 +122,10 @@ class ReportView : public ControlView {
         rows_.showReport();
         showing_ = false;
         unreported_ = false;
+        if (const auto cell = report_.takeEditRequest()) {
+            // Once the act has ended: the editor must not open while the rows are replaced.
+            border_->CallAfter([this, cell] { rows_.beginEdit(*cell); });
+        }
     }
 
     /// Handles the first key that moves within the rows. The toolkit's list is either on the first row from the

@@ -217,6 +217,7 @@ Variant RecordingHost::usualAnswer(const std::string& path, Arguments arguments)
     if (path == "Security.CompanyFeatureEnabled") return true;
     if (path == "GetSHA2") return "0123456789abcdef";
     if (path == "TSLNSQL.ExecuteScaler") return 0;
+    if (path == "TSLNSQL.ExecuteNonQuery") return true;
     if (path == "FixDateForSQLInsert") return arguments[0].toText();
     if (path == "FixForSQLInsert") return modSharedSQL::doubleQuotes(arguments[0].toText());
     if (path == "CombineAddress") return joinLines(arguments);

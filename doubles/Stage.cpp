@@ -43,8 +43,8 @@ std::string shapeOf(const std::string& statement) {
 /// Returns the writing statements that were sent to the host, without their values.
 std::set<std::string> writings(const RecordingHost& host) {
     std::set<std::string> shapes;
-    for (const char* member :
-         {"Database.ExecuteNonQuery", "Database.ExecuteNonQueryWithID", "CurrentCompanyConn.Execute"}) {
+    for (const char* member : {"Database.ExecuteNonQuery", "Database.ExecuteNonQueryWithID",
+                               "CurrentCompanyConn.Execute", "TSLNSQL.ExecuteNonQuery"}) {
         for (const std::string& statement : host.callsOf(member)) {
             if (!statement.starts_with("SELECT")) shapes.insert(shapeOf(statement));
         }

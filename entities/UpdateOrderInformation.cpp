@@ -29,10 +29,7 @@ Address readAddress(Record row, std::string_view prefix) {
     return address;
 }
 
-/// The text as a label shows it unchanged.
-std::string asCaption(std::string_view text) {
-    return modSharedStrings::replaceAll(text, "&", "&&");
-}
+using modSharedStrings::asCaption;
 
 /// Nothing for a customer without such an employee.
 std::optional<std::int32_t> readKey(std::string_view column, Record row) {

@@ -1,7 +1,6 @@
 #include "maintenance/ListScreen.h"
 
 #include <algorithm>
-#include <cctype>
 #include <exception>
 #include <iterator>
 
@@ -42,26 +41,6 @@ ReportColumn reportColumn(const ListColumn& column) {
     for (const Choice& choice : column.choices)
         made.choices.push_back({choice.number, std::string(choice.caption)});
     return made;
-}
-
-/// Gives each command without an access letter the first letter or digit of its caption that is not taken yet.
-void giveAccessLetters(std::vector<Command>& commands) {
-    std::string taken;
-    const auto free = [&](char c) {
-        const char lower = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-        if (!std::isalnum(static_cast<unsigned char>(c)) || taken.find(lower) != taken.npos) return false;
-        taken += lower;
-        return true;
-    };
-    for (const Command& command : commands) {
-        const auto mark = command.caption.find('&');
-        if (mark != std::string::npos && mark + 1 < command.caption.size()) free(command.caption[mark + 1]);
-    }
-    for (Command& command : commands) {
-        if (command.caption.find('&') != command.caption.npos) continue;
-        const auto letter = std::ranges::find_if(command.caption, free);
-        if (letter != command.caption.end()) command.caption.insert(letter, '&');
-    }
 }
 
 }  // namespace
@@ -183,7 +162,9 @@ Layout ListScreen::layout() {
     buttons.push_back(item(cmdMore));
     if (description_.filter) buttons.insert(buttons.end(), {spring(), item(txtFilter)});
     std::ranges::move(furtherButtons(), std::back_inserter(buttons));
-    std::vector<Layout> parts{row(std::move(buttons)), fill(rptItems)};
+    std::vector<Layout> parts{row(std::move(buttons))};
+    std::ranges::move(aboveList(), std::back_inserter(parts));
+    parts.push_back(fill(rptItems));
     if (!description_.countLine.empty()) parts.push_back(item(lblRecords));
     std::ranges::move(belowList(), std::back_inserter(parts));
     parts.push_back(row({fill(prgWork), item(cmdStop)}));

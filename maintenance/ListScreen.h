@@ -96,8 +96,9 @@ class ListScreen : public HostScreen {
     /// The arguments of the dialog's entry point after the row's `ID`.
     virtual std::vector<Variant> furtherArguments() const { return {}; }
 
-    /// Further controls beside the buttons above the list, and below the list.
+    /// Further controls beside the buttons above the list, between them and the list, and below the list.
     virtual std::vector<Layout> furtherButtons() { return {}; }
+    virtual std::vector<Layout> aboveList() { return {}; }
     virtual std::vector<Layout> belowList() { return {}; }
 
     /// Opens the dialog, for a new row with 0. Returns the saved row's `ID`, or 0.

@@ -5,6 +5,7 @@
 #include "lists/Lists.h"
 #include "measurements/Measurements.h"
 #include "messages/Messages.h"
+#include "options/Options.h"
 #include "pricing/Pricing.h"
 #include "roaming/Roaming.h"
 #include "security/Roles.h"
@@ -15,6 +16,7 @@ void plugInModule(Library& library) {
     lists::plugIn(library);
     entities::plugIn(library);
     pricing::plugIn(library);
+    options::plugIn(library);
     measurements::plugIn(library);
     messages::plugIn(library);
     security::plugIn(library);

@@ -1,10 +1,30 @@
 #include "screens/CommandBars.h"
 
 #include <algorithm>
+#include <cctype>
 
 #include "screens/Screen.h"
 
 namespace tsln {
+
+void giveAccessLetters(std::vector<Command>& commands) {
+    std::string taken;
+    const auto free = [&](char c) {
+        const char lower = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+        if (!std::isalnum(static_cast<unsigned char>(c)) || taken.find(lower) != taken.npos) return false;
+        taken += lower;
+        return true;
+    };
+    for (const Command& command : commands) {
+        const auto mark = command.caption.find('&');
+        if (mark != std::string::npos && mark + 1 < command.caption.size()) free(command.caption[mark + 1]);
+    }
+    for (Command& command : commands) {
+        if (command.caption.find('&') != command.caption.npos) continue;
+        const auto letter = std::ranges::find_if(command.caption, free);
+        if (letter != command.caption.end()) command.caption.insert(letter, '&');
+    }
+}
 
 Command* CommandBars::popup(int id) {
     const auto found = std::ranges::find(popups, id, &Command::id);

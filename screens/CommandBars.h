@@ -17,6 +17,9 @@ struct Command {
     std::vector<Command> commands;
 };
 
+/// Gives each command without an access letter the first letter or digit of its caption that is not taken yet.
+void giveAccessLetters(std::vector<Command>& commands);
+
 /// The context popups of a screen. Before a popup is shown, `onUpdate` enables or disables each of its
 /// commands; `onExecute` runs the command that the user chooses.
 class CommandBars : public Control {

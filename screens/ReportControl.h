@@ -28,6 +28,7 @@ class ReportControl : public Control {
 
     using Column = ReportColumn;
     std::vector<Column> columns;  ///< set before the first record is added
+    int rowsAtFirst = 0;  ///< rows that the window has room for at first; 0: as many as lists usually have
 
     // Records -----------------------------------------------------------------------------------------
     std::size_t recordCount() const noexcept;  ///< without removed records
@@ -55,7 +56,8 @@ class ReportControl : public Control {
 
     struct Style {
         bool bold = false;
-        std::optional<std::uint32_t> color;  ///< of the text, 0x00BBGGRR
+        std::optional<std::uint32_t> color;       ///< of the text, 0x00BBGGRR
+        std::optional<std::uint32_t> background;  ///< without `color`, the text is black or white on it
     };
     void setStyle(std::size_t record, Style style);
     Style style(std::size_t record) const;
@@ -155,6 +157,10 @@ class ReportControl : public Control {
     };
     /// Whether a cell of an editable column may be edited; null allows all. Must not change the records.
     std::function<bool(std::size_t record, std::size_t column)> cellEditable;
+    /// Returns the text to be stored for the one that the user typed or chose; no value when it is refused, and the cell
+    /// keeps its text. Null stores every text as typed.
+    std::function<std::optional<std::string>(std::size_t record, std::size_t column, std::string_view typed)>
+        correctEdit;
     /// The user edited a cell; the cell already holds the new text.
     std::function<void(std::size_t record, std::size_t column)> onCellEdited;
     /// Whether any column can be edited.
@@ -164,6 +170,11 @@ class ReportControl : public Control {
     /// The next cell that the user may edit: to the right of `from`, then in the rows below. `backwards`
     /// searches to the left and above. No value when there is none.
     std::optional<Cell> nextEditable(Cell from, bool backwards) const;
+    /// Asks the front end to open the editor in a cell of this record once it has drawn the rows. Nothing happens when
+    /// the cell cannot be edited.
+    void beginEdit(std::size_t record, std::size_t column);
+    /// The cell of the last beginEdit(), for the front end, which takes it once.
+    std::optional<Cell> takeEditRequest();
     /// The user typed or chose a text, which is cut to the column's length. Ignored when the cell already
     /// holds the text, is a check box, or does not offer the text as a choice.
     void userEdit(std::size_t row, std::size_t column, std::string_view text);
@@ -199,6 +210,7 @@ class ReportControl : public Control {
     std::vector<std::uint32_t> order_;         // all records in the order of the rows; empty while unknown
     std::vector<std::uint32_t> groups_;        // by record the rank of its group; empty without groups
     std::vector<std::size_t> columnOrder_;     // empty: the order of `columns`
+    std::optional<Cell> editRequest_;
 };
 
 }  // namespace tsln

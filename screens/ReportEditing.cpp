@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <numeric>
 #include <stdexcept>
+#include <utility>
 
 #include "screens/ReportControl.h"
 #include "screens/Screen.h"
@@ -69,7 +70,26 @@ void ReportControl::userEdit(std::size_t row, std::size_t column, std::string_vi
     } else if (edited.maxLength > 0) {
         text = firstCharacters(text, edited.maxLength);
     }
-    if (text != rowText(row, column)) edit({row, column}, text);
+    if (text == rowText(row, column)) return;
+    std::optional<std::string> corrected;
+    if (correctEdit) {
+        screen().handle([&] { corrected = correctEdit(rows_[row].record, column, text); });
+        if (!corrected || *corrected == rowText(row, column))
+            return changed();  // the old text is drawn again
+        text = *corrected;
+    }
+    edit({row, column}, text);
+}
+
+void ReportControl::beginEdit(std::size_t record, std::size_t column) {
+    const auto row = findRow(record);
+    if (!row) return;
+    editRequest_ = Cell{*row, column};
+    changed();
+}
+
+std::optional<ReportControl::Cell> ReportControl::takeEditRequest() {
+    return std::exchange(editRequest_, std::nullopt);
 }
 
 void ReportControl::userCheck(std::size_t row, std::size_t column, bool ticked) {

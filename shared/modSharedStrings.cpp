@@ -22,13 +22,17 @@ char32_t takeFolded(std::string_view& text) noexcept {
     return c;
 }
 
-template <class Change>
-std::string changeCharacters(std::string_view text, Change change) {
+char upperAscii(char c) noexcept {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c;
+}
+
+std::string changeCharacters(std::string_view text, char (*changeAscii)(char) noexcept,
+                             char32_t (*change)(char32_t) noexcept) {
     std::string result;
     result.reserve(text.size());
     for (std::size_t at = 0; at < text.size();) {
         if (isAscii(text[at])) {
-            result += lowerAscii(text[at++]);
+            result += changeAscii(text[at++]);
         } else {
             appendUtf8(result, change(nextCodePoint(text, at)));
         }
@@ -45,11 +49,15 @@ std::string trim(std::string_view text) {
 }
 
 std::string toLower(std::string_view text) {
-    return changeCharacters(text, lowerCase);
+    return changeCharacters(text, lowerAscii, lowerCase);
+}
+
+std::string toUpper(std::string_view text) {
+    return changeCharacters(text, upperAscii, upperCase);
 }
 
 std::string foldCase(std::string_view text) {
-    return changeCharacters(text, tsln::foldCase);
+    return changeCharacters(text, lowerAscii, tsln::foldCase);
 }
 
 int compareNoCase(std::string_view a, std::string_view b) noexcept {

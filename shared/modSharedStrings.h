@@ -11,6 +11,9 @@ std::string trim(std::string_view text);
 /// The text in lower case, by Unicode's letters; bytes that are no UTF-8 stay as they are.
 std::string toLower(std::string_view text);
 
+/// The text in upper case, by the same rules.
+std::string toUpper(std::string_view text);
+
 /// The text with tsln::foldCase applied to every character, for searching without letter case:
 /// foldCase(text).find(foldCase(searched)). Bytes that are no UTF-8 stay as they are.
 std::string foldCase(std::string_view text);
@@ -30,6 +33,11 @@ inline std::size_t sortKeySize(std::string_view text) noexcept {
 /// The text with every `what` replaced by `with`, from left to right. An occurrence of `what` that a
 /// replacement creates stays. An empty `what` replaces nothing.
 std::string replaceAll(std::string_view text, std::string_view what, std::string_view with);
+
+/// The text as the caption of a label or button that shows it unchanged, its "&" included.
+inline std::string asCaption(std::string_view text) {
+    return replaceAll(text, "&", "&&");
+}
 
 /// The folder path with a separator at its end. A path that ends with "/" or "\" stays as it is. An empty
 /// path stays empty: with a separator it would be the root folder.

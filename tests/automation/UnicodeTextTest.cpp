@@ -59,10 +59,13 @@ TEST(UnicodeText, FoldingMakesOneLetterOfAllItsCases) {
     EXPECT_EQ(lowerCase(U'Σ'), U'σ');
     EXPECT_EQ(lowerCase(U'ς'), U'ς');
     EXPECT_EQ(lowerCase(U'İ'), U'İ');
-    // Folding is idempotent, lower case does not change it, and stray bytes stay.
+    EXPECT_EQ(upperCase(U'ς'), U'Σ');
+    EXPECT_EQ(upperCase(U'ı'), U'ı');
+    // Folding is idempotent, lower and upper case do not change it, and stray bytes stay.
     for (char32_t c = 0; c < strayByte + 0x200; ++c) {
         ASSERT_EQ(foldCase(foldCase(c)), foldCase(c)) << static_cast<std::uint32_t>(c);
         ASSERT_EQ(foldCase(lowerCase(c)), foldCase(c)) << static_cast<std::uint32_t>(c);
+        ASSERT_EQ(foldCase(upperCase(c)), foldCase(c)) << static_cast<std::uint32_t>(c);
         ASSERT_TRUE(c < strayByte || foldCase(c) == c);
     }
 }

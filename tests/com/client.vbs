@@ -86,6 +86,9 @@ Class HostCommon
     Public Function GetCustomerName(id)
         GetCustomerName = "Customer " & id
     End Function
+    Public Function GetProductNameFromID(id)
+        GetProductNameFromID = "Product " & id
+    End Function
 End Class
 
 ' A connection whose statement for customer 7 changes no row.
@@ -191,6 +194,11 @@ log = ""
 UserDoes """press:Security Roles|&Close"""
 library.ShowSecurityRoles
 If InStr(log, "|USER 3") = 0 Then Expect "the user is read again", "USER 3", log
+UserDoes """press:Option Defaults|&Close"""
+library.ShowOptionDefaults 7
+If InStr(log, "SELECT * FROM vwMaintenance_OptionDefaults WHERE ProductID = 7") = 0 Then
+    Expect "the defaults", "SELECT ...", log
+End If
 
 On Error Resume Next
 library.ShowEditTerms

@@ -240,6 +240,18 @@ TEST_F(ReportControlTest, EditsAreAcceptedInEditableCellsOnly) {
     EXPECT_EQ(list.nextEditable({1, 1}, true), (Cell{0, 1}));
     EXPECT_EQ(list.nextEditable({0, 0}, true), std::nullopt);
     EXPECT_EQ(list.nextEditable({2, 2}, false), std::nullopt);
+    // A typed text can be corrected or refused before it is stored.
+    list.correctEdit = [](std::size_t, std::size_t, std::string_view typed) -> std::optional<std::string> {
+        if (typed == "no") return std::nullopt;
+        return typed == "!" ? throw std::runtime_error("cannot check") : "<" + std::string(typed) + ">";
+    };
+    for (const char* typed : {"no", "!", "q"})
+        list.userEdit(0, 0, typed);
+    EXPECT_EQ(list.rowText(0, 0), "<q>");
+    EXPECT_EQ(edited.size(), 4U);
+    list.beginEdit(0, 1);
+    EXPECT_EQ(list.takeEditRequest(), (Cell{2, 1})) << "the row that shows the record";
+    EXPECT_EQ(list.takeEditRequest(), std::nullopt);
     list.setEnabled(false);
     list.userCheck(2, 1, false);
     EXPECT_TRUE(list.checked(0, 1));

@@ -34,6 +34,11 @@ TEST(Strings, LowerCaseChangesLettersOnly) {
     }
 }
 
+TEST(Strings, UpperCaseChangesLettersOnly) {
+    EXPECT_EQ(toUpper("standard 123 [{"), "STANDARD 123 [{");
+    EXPECT_EQ(toUpper("é à ÿ ÷ ςσ ё 漢 \xC3(\xFF"), "É À Ÿ ÷ ΣΣ Ё 漢 \xC3(\xFF");
+}
+
 TEST(Strings, FoldedTextsAreSearchedWithoutLetterCase) {
     const auto contains = [](std::string_view text, std::string_view searched) {
         return foldCase(text).find(foldCase(searched)) != std::string::npos;

@@ -8,6 +8,7 @@
 #include "shared/modSharedStrings.h"
 #include "shared/modSharedXML.h"
 #include "workbench/host/PersonNameText.h"
+#include "workbench/host/ProductFiles.h"
 #include "workbench/host/StoredSecret.h"
 #include "workbench/host/TextOf.h"
 #include "workbench/sql/Guid.h"
@@ -39,7 +40,6 @@ constexpr StatementMember nameMembers[] = {
      "SELECT CASE {0} WHEN 0 THEN 'Not set up' WHEN 1 THEN 'Initial sync requested' WHEN 2 THEN 'Initial sync sent' "
      "WHEN 3 THEN 'Initial sync received' WHEN 4 THEN 'In sync' WHEN 5 THEN 'Reset requested' ELSE 'Unknown' END"},
     {"GetProductNameFromID", "SELECT Product FROM Products WHERE ID = {0}"},
-    {"GetProductFileFromID2", "SELECT ProductFile FROM Products WHERE ID = {0}"},
 };
 
 /// Members that fill a combo box with a list.
@@ -197,6 +197,11 @@ Variant CommonObject::invoke(std::string_view member, Access access, Arguments a
              return Variant(readSecret(textOf(a[0])));
          }},
         {"LoadComboFromQuery", [](Self& self, Arguments a) { return self.LoadComboFromQuery(a); }},
+        {"GetProductFileFromID2",
+         [](Self& self, Arguments a) {
+             a.require(1, 1);
+             return Variant(productFile(self.context().company, a[0].toLong()));
+         }},
         {"ParseCompleteName", [](Self& self, Arguments a) { return self.ParseCompleteName(a); }},
         {"GetCustomerBalance", [](Self& self, Arguments a) { return self.GetCustomerBalance(a); }},
         {"LoadSalesReps", [](Self& self, Arguments a) { return self.LoadSalesReps(a); }},

@@ -4,6 +4,7 @@
 #include "workbench/host/FileManager.h"
 #include "workbench/host/ImportExportEngine.h"
 #include "workbench/host/NumericFieldChecker.h"
+#include "workbench/host/ProductFileEngine.h"
 
 namespace tsln::workbench {
 namespace {
@@ -23,6 +24,8 @@ constexpr Component components[] = {
      [](const ContextPtr& context) -> ObjectPtr { return std::make_shared<ImportExportEngine>(context); }},
     {"tslnfm5.Library",
      [](const ContextPtr& context) -> ObjectPtr { return std::make_shared<FileManager>(context); }},
+    {"catalog5engine.Engine",
+     [](const ContextPtr& context) -> ObjectPtr { return std::make_shared<ProductFileEngine>(context); }},
 };
 
 }  // namespace

@@ -51,6 +51,17 @@ Variant SecurityObject::invoke(std::string_view member, Access access, Arguments
              a.require(1, 1);
              return Variant(self.companyFlag(std::to_string(a[0].toLong()), "Features", true));
          }},
+        // The user among all users of the company, and the company among all organizations.
+        {"SID",
+         [](Self& self, Arguments) {
+             return Variant(textOf(self.context().company.scalar(modSharedSQL::format(
+                 "SELECT UniqueID FROM Employees WHERE ID = {0}", self.context().user.ID))));
+         }},
+        {"OID",
+         [](Self& self, Arguments) {
+             return Variant(
+                 textOf(self.context().company.scalar("SELECT TOP 1 UniqueID FROM Company ORDER BY ID")));
+         }},
         {"OrganizationName",
          [](Self& self, Arguments) {
              return Variant(
