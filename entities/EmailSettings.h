@@ -51,7 +51,7 @@ class EmailSettingsDialog : public RecordDialog {
     TextBox txtTimeout{*this, "txtTimeout"};
     TextBox txtSender{*this, "txtSender"};
     CheckBox chkSSL{*this, "chkSSL", "Use &SSL"};
-    CheckBox chkTLS{*this, "chkTLS", "Use TL&S"};
+    CheckBox chkTLS{*this, "chkTLS", "Use T&LS"};
     CheckBox chkAuth{*this, "chkAuth", "The server requires &authentication"};
     ComboBox cboAuthMethod{*this, "cboAuthMethod"};
     TextBox txtUserName{*this, "txtUserName"};

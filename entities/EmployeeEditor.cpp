@@ -31,7 +31,7 @@ const RecordDescription employeeRecord{
         fields::trimmed("txtMiddleInitial", "M&iddle:", "MiddleInitial", "<mi>").wide(6),
         fields::phones(3, Rule::Trimmed, true),
         fields::emails(2),
-        fields::check("chkSalesRep", "Sales &rep", "SalesRep", "<rep>"),
+        fields::check("chkSalesRep", "&Sales rep", "SalesRep", "<rep>"),
         fields::check("chkInstaller", "I&nstaller", "Installer", "<int>"),
         fields::check("chkDesigner", "&Designer", "Designer", "<des>"),
         fields::check("chkActive", "Acti&ve", "Active", "<active>").ticked(),

@@ -141,7 +141,7 @@ const GalleryStop further[] = {
     {"roles-context-menu", ShowSecurityRoles, {}, "Home Shift+F10"},
     {"employee-pages", ShowEditEmployee, {"1"}, "Ctrl+PageDown * Ctrl+PageDown * Ctrl+PageDown *"},
     {"employee-mail-server", ShowEditEmployee, {"1"}, "Ctrl+PageDown Ctrl+PageDown Alt+s *"},
-    {"employee-without-method", ShowEditEmployee, {"0"}, "=Ada Alt+r Enter Enter"},
+    {"employee-without-method", ShowEditEmployee, {"0"}, "=Ada Alt+s Enter Enter"},
     {"orders-active-refused", ShowUpdateOrderInformation, {"8"}, "Alt+s Alt+t Enter"},
     {"first-tax-codes",
      ShowSalesTaxGroups,
