@@ -44,7 +44,7 @@ const ListDescription rolesList{
                   .popups = inOneItem,
                   .run = [](ListScreen& list) { dynamic_cast<RolesScreen&>(list).copySelected(); },
                   .button = "cmdCopy",
-                  .buttonCaption = "&Copy"},
+                  .buttonCaption = "Cop&y"},
                  {.id = roleCommand::addRoles,
                   .caption = "Add/Update Additional Security Roles",
                   .rights = rights({Right::Add, Right::Edit}),

@@ -136,7 +136,7 @@ const GalleryStop further[] = {
     {"message-role-copy-taken",
      ShowSecurityRoles,
      {},
-     "Home Alt+c",
+     "Home Alt+y",
      "INSERT INTO SecurityRoles (Name) VALUES ('Administrator Copy')"},
     {"roles-context-menu", ShowSecurityRoles, {}, "Home Shift+F10"},
     {"employee-pages", ShowEditEmployee, {"1"}, "Ctrl+PageDown * Ctrl+PageDown * Ctrl+PageDown *"},

@@ -65,7 +65,7 @@ Script rolesTour(Company& company, std::string folder) {
     co_await settled();
     press(WXK_HOME);
     co_await settled();
-    press('c', wxMOD_ALT);
+    press('y', wxMOD_ALT);
     co_await until("the role is copied", [&] {
         return number(company, "SELECT COUNT(*) FROM SecurityRoles WHERE Name = 'Administrator Copy'") == 1;
     });
