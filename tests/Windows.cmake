@@ -58,7 +58,7 @@ target_link_libraries(window_driver PRIVATE tsln_window_driver)
 
 tsln_windows_test(com_server com/server
     USES tsln_com_edge tsln_window_driver tsln_workbench_host tsln_doubles tsln_interface)
-add_dependencies(test_com_server tslnmaint5 tsln5pkg.exe tessaline-agent tsln_interface_files)
+add_dependencies(test_com_server tslnmaint5 tsln5pkg.exe tessaline-agent tessaline-meter tsln_interface_files)
 
 # The package as a user has it: unpacked, registered by its script, used from a script, unregistered.
 add_test(NAME package COMMAND ${CMAKE_CPACK_COMMAND} -B ${CMAKE_BINARY_DIR}/package

@@ -191,18 +191,20 @@ void WindowDriver::close(const std::string& caption) {
 
 void WindowDriver::selectFirstRow(const std::string& window) {
     const HWND rows = child(window, holdsRows, "The list");
-    // A selected row enables the button.
-    const auto canEdit = [&] {
-        return std::ranges::any_of(childrenOf(this->window(window)), [](HWND at) {
-            return isClass(at, L"Button") && captionOf(at) == "&Edit..." && IsWindowEnabled(at);
-        });
+    // A selected row enables the button, in a list that has one.
+    const auto edit = [&]() -> HWND {
+        const std::vector<HWND> parts = childrenOf(this->window(window));
+        const auto found = std::ranges::find_if(
+            parts, [](HWND at) { return isClass(at, L"Button") && captionOf(at) == "&Edit..."; });
+        return found == parts.end() ? nullptr : *found;
     };
     waitFor<bool>(
         [&] {
             PostMessageW(rows, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(20, 8));
             PostMessageW(rows, WM_LBUTTONUP, 0, MAKELPARAM(20, 8));
             Sleep(10 * pause);
-            return canEdit();
+            const HWND button = edit();
+            return !button || IsWindowEnabled(button);
         },
         "A row of '" + window + "'");
 }

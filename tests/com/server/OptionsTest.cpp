@@ -2,43 +2,15 @@
 
 #include <gmock/gmock.h>
 
-#include "com/edge/Conversion.h"
-#include "com/edge/DispatchObject.h"
-#include "doubles/TempFolder.h"
-#include "tests/com/server/Server.h"
-#include "workbench/host/CompanySession.h"
+#include "tests/com/server/OverCompany.h"
 
 namespace tsln::test {
 namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-using workbench::CompanySession;
 
-/// Records the host's messages.
-class TellingUi : public workbench::HostUi {
-  public:
-    workbench::Reply showMessage(const workbench::Message& message) override {
-        told.push_back(message.text);
-        return {};
-    }
-    std::vector<std::string> told;
-};
-
-class OptionsTest : public ::testing::Test {
-  protected:
-    void SetUp() override {
-        ComPtr<IDispatch> sharedCode = com::adopt(com::newDispatch(session.sharedCode()));
-        ASSERT_EQ(S_OK, library->Initialize(sharedCode.GetAddressOf()));
-    }
-    void TearDown() override { EXPECT_EQ(S_OK, library->PreTerminate()); }
-    std::string value(const std::string& sql) { return session.company().scalar(sql).toText(); }
-
-    TempFolder folder;
-    TellingUi ui;
-    CompanySession session{folder.file("Options.company"), "admin", ui};
-    ComPtr<ILibrary> library = newLibrary();
-};
+using OptionsTest = OverCompany;
 
 TEST_F(OptionsTest, SettingsAreFilteredSequencedSavedAndReadBack) {
     constexpr const char* title = "Option Detail Settings";

@@ -2,35 +2,16 @@
 
 #include <gmock/gmock.h>
 
-#include "com/edge/Conversion.h"
-#include "com/edge/DispatchObject.h"
 #include "com/edge/Wide.h"
-#include "doubles/TempFolder.h"
-#include "tests/com/server/AgreeingUi.h"
-#include "tests/com/server/Server.h"
-#include "workbench/host/CompanySession.h"
+#include "tests/com/server/OverCompany.h"
 
 namespace tsln::test {
 namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-using workbench::CompanySession;
 
-class PricingTest : public ::testing::Test {
-  protected:
-    void SetUp() override {
-        ComPtr<IDispatch> sharedCode = com::adopt(com::newDispatch(session.sharedCode()));
-        ASSERT_EQ(S_OK, library->Initialize(sharedCode.GetAddressOf()));
-    }
-    void TearDown() override { EXPECT_EQ(S_OK, library->PreTerminate()); }
-    std::string value(const std::string& sql) { return session.company().scalar(sql).toText(); }
-
-    TempFolder folder;
-    AgreeingUi ui;
-    CompanySession session{folder.file("Pricing.company"), "admin", ui};
-    ComPtr<ILibrary> library = newLibrary();
-};
+using PricingTest = OverCompany;
 
 TEST_F(PricingTest, TheFlagCarriesTheTypeByNameAndBySlot) {
     const std::pair<LONG, const char*> types[] = {{1, "Vendor Promotions"},

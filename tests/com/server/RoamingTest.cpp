@@ -5,33 +5,19 @@
 #include <gmock/gmock.h>
 
 #include "automation/FilePath.h"
-#include "com/edge/Conversion.h"
-#include "doubles/TempFolder.h"
-#include "tests/com/server/AgreeingUi.h"
-#include "tests/com/server/Server.h"
-#include "workbench/host/CompanySession.h"
+#include "tests/com/server/OverCompany.h"
 
 namespace tsln::test {
 namespace {
 
-using workbench::CompanySession;
-
-class RoamingTest : public ::testing::Test {
+class RoamingTest : public OverCompany {
   protected:
     void SetUp() override {
         SetEnvironmentVariableW(L"TESSALINE_AGENT", L"300");  // milliseconds a step
         const auto program = std::filesystem::path(serverFile()).parent_path() / "tessaline-agent.exe";
         session.registerProgram("RoamingSyncAgent", utf8Of(program));
-        ComPtr<IDispatch> sharedCode = com::adopt(com::newDispatch(session.sharedCode()));
-        ASSERT_EQ(S_OK, library->Initialize(sharedCode.GetAddressOf()));
+        OverCompany::SetUp();
     }
-    void TearDown() override { EXPECT_EQ(S_OK, library->PreTerminate()); }
-    std::string value(const std::string& sql) { return session.company().scalar(sql).toText(); }
-
-    TempFolder folder;
-    AgreeingUi ui;
-    CompanySession session{folder.file("Roaming.company"), "admin", ui};
-    ComPtr<ILibrary> library = newLibrary();
 };
 
 TEST_F(RoamingTest, AWorkstationIsSavedAndListed) {

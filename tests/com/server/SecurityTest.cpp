@@ -2,37 +2,12 @@
 
 #include <gmock/gmock.h>
 
-#include "com/edge/DispatchObject.h"
-#include "doubles/TempFolder.h"
-#include "tests/com/server/Server.h"
-#include "workbench/host/CompanySession.h"
+#include "tests/com/server/OverCompany.h"
 
 namespace tsln::test {
 namespace {
 
-using workbench::CompanySession;
-
-/// Answers the host's questions with Yes.
-class ConsentingUi : public workbench::HostUi {
-    workbench::Reply showMessage(const workbench::Message& message) override {
-        return {.answer = message.buttons == MessageButtons::YesNo ? MessageAnswer::Yes : MessageAnswer::Ok};
-    }
-};
-
-class SecurityTest : public ::testing::Test {
-  protected:
-    void SetUp() override {
-        ComPtr<IDispatch> sharedCode = com::adopt(com::newDispatch(session.sharedCode()));
-        ASSERT_EQ(S_OK, library->Initialize(sharedCode.GetAddressOf()));
-    }
-    void TearDown() override { EXPECT_EQ(S_OK, library->PreTerminate()); }
-    std::string value(const std::string& sql) { return session.company().scalar(sql).toText(); }
-
-    TempFolder folder;
-    ConsentingUi ui;
-    CompanySession session{folder.file("Security.company"), "admin", ui};
-    ComPtr<ILibrary> library = newLibrary();
-};
+using SecurityTest = OverCompany;
 
 TEST_F(SecurityTest, ARoleIsRenamedAndTheListClosed) {
     LONG role = 3, saved = 0;
