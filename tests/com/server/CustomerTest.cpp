@@ -48,7 +48,7 @@ TEST_F(CustomerTest, TheCompanyIsRenamedAndAnUpdateOfOrdersCancelled) {
     });
     VARIANT_BOOL cancelled = VARIANT_TRUE;
     ASSERT_EQ(S_OK, library->ShowEditCompany(&cancelled));
-    EXPECT_EQ("Lanternlight & Daughters", value("SELECT CompanyName FROM Company"));
+    EXPECT_EQ("Lanternlight & Daughters", value("SELECT Name FROM Company"));
 }
 
 }  // namespace
