@@ -187,7 +187,8 @@ TEST(EmployeesOnCompany, StatementsAreShownWithoutTheirSecrets) {
 }
 
 TEST(EmployeesOnCompany, AProtectedTextIsReadByTheHostAlone) {
-    for (const std::string text : {"x", "p\xC3\xA4ss'word", std::string(500, 'y').c_str()}) {
+    for (const std::string& text :
+         {std::string("x"), std::string("p\xC3\xA4ss'word"), std::string(500, 'y')}) {
         const std::string stored = protectSecret(text);
         EXPECT_EQ(readSecret(stored), text);
         EXPECT_NE(protectSecret(text), stored) << "equal passwords look different";

@@ -56,7 +56,7 @@ TEST(Trace, NestedCallsAreRecordedWithTheirDepth) {
     EXPECT_FALSE(engine->call("ImportFile", stage.folder.file("missing.xml"), "Terms").toBoolean());
     EXPECT_THAT(calls, ElementsAre("TSLNIEE5.engine.Initialize", "TSLNIEE5.engine.Verbose", " RecordEvent",
                                    "TSLNIEE5.engine.ImportFile"));
-    EXPECT_THROW(stage.session->createObject("tslnfm5.Library"), HostError);
+    EXPECT_THROW(stage.session->createObject("tslnnone5.Library"), HostError);
 }
 
 }  // namespace
