@@ -15,6 +15,14 @@ constexpr int copy = 28320;
 constexpr int addRoles = 28321;
 }  // namespace roleCommand
 
+RecordDescription roleDialog() {
+    return {.newCaption = "New Security Role",
+            .editCaption = "Edit Security Role",
+            .fields = {fields::name("txtName", "&Name:", "Name", "<n>", "You must enter valid security role name.", "A security role with this name already exists."),
+                       fields::text("txtDescription", "&Description:", "Description", "<d>")},
+            .saveFailure = "There was a problem saving this security role."};
+}
+
 }  // namespace
 
 // A file of this list alone would hold roles without their access, so the list is neither imported nor exported. The
@@ -32,11 +40,7 @@ const ListDescription rolesList{
                         .message = "The security role <Bold>{0}</Bold> cannot be deleted because it's being used by {1} employees.",
                         .advice = "In order to delete this security role you must remove it from the employees that are using it."}},
     .deleteFailure = "There was a problem deleting one or more security roles.",
-    .dialog = {.newCaption = "New Security Role",
-               .editCaption = "Edit Security Role",
-               .fields = {fields::name("txtName", "&Name:", "Name", "<n>", "You must enter valid security role name.", "A security role with this name already exists."),
-                          fields::text("txtDescription", "&Description:", "Description", "<d>")},
-               .saveFailure = "There was a problem saving this security role."},
+    .dialog = roleDialog(),
     .commands = {{.id = roleCommand::copy,
                   .caption = "Copy",
                   .needs = Needs::OneRow,
