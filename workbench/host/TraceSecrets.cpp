@@ -1,7 +1,6 @@
 #include "workbench/host/TraceSecrets.h"
 
 #include <algorithm>
-#include <optional>
 #include <set>
 #include <vector>
 
@@ -64,15 +63,18 @@ std::vector<std::string_view> secretTexts(const Tokens& tokens) {
         }
         return found;
     }
-    std::optional<int> after;  // the depth of a secret column whose values follow
-    int depth = 0;
+    bool follows = false;  // the values of a secret column follow, which stands at `column` brackets deep
+    int depth = 0, column = 0;
     for (const SqlToken& token : tokens) {
         depth += token.isSign("(") ? 1 : token.isSign(")") ? -1 : 0;
         const bool ends =
             token.isSign(",") || token.isWord("AND") || token.isWord("OR") || token.isWord("WHERE");
-        if (ends && after && depth <= *after) after.reset();
-        if (isSecret(token)) after = depth;
-        if (after && token.kind == SqlToken::Kind::Text) found.push_back(token.text);
+        if (ends && depth <= column) follows = false;
+        if (isSecret(token)) {
+            follows = true;
+            column = depth;
+        }
+        if (follows && token.kind == SqlToken::Kind::Text) found.push_back(token.text);
     }
     return found;
 }
