@@ -43,11 +43,11 @@ tsln_windows_test(com_slots com/slots USES tsln_com_server)
 # The controls in real windows, worked by the keyboard.
 set(manifest ${CMAKE_SOURCE_DIR}/workbench/app/tessaline-workbench)  # asks for the system's newer controls
 add_executable(test_desktop desktop/main.cpp desktop/Robot.cpp desktop/Picture.cpp desktop/EveryControlTest.cpp desktop/JobTest.cpp
-               ${manifest}.rc)
+               desktop/WindowsAccessibilityTest.cpp ${manifest}.rc)
 set_source_files_properties(${manifest}.rc PROPERTIES OBJECT_DEPENDS ${manifest}.manifest
                             INCLUDE_DIRECTORIES ${CMAKE_SOURCE_DIR}/workbench/app)
 tsln_use_wx(test_desktop)
-target_link_libraries(test_desktop PRIVATE tsln_desktop tsln_flags GTest::gmock)
+target_link_libraries(test_desktop PRIVATE tsln_desktop tsln_flags GTest::gmock oleacc)
 add_test(NAME desktop COMMAND ${onWine} $<TARGET_FILE:test_desktop>)
 set_tests_properties(desktop PROPERTIES TIMEOUT 300 RESOURCE_LOCK windows ENVIRONMENT TSLN_BUILD=${CMAKE_BINARY_DIR})
 
@@ -58,7 +58,7 @@ target_link_libraries(window_driver PRIVATE tsln_window_driver)
 
 tsln_windows_test(com_server com/server
     USES tsln_com_edge tsln_window_driver tsln_workbench_host tsln_doubles tsln_interface)
-add_dependencies(test_com_server tslnmaint5 tsln5pkg.exe tessaline-agent tessaline-meter tsln_interface_files)
+add_dependencies(test_com_server tslnmaint5 tsln5pkg.exe tessaline-agent tsln_interface_files)
 
 # The package as a user has it: unpacked, registered by its script, used from a script, unregistered.
 add_test(NAME package COMMAND ${CMAKE_CPACK_COMMAND} -B ${CMAKE_BINARY_DIR}/package

@@ -129,7 +129,15 @@ void WindowDriver::press(const std::string& window, const std::string& caption) 
 }
 
 void WindowDriver::tick(const std::string& window, const std::string& caption) {
-    SendMessageW(button(window, caption), BM_CLICK, 0, 0);
+    const HWND at = button(window, caption);
+    const LRESULT before = SendMessageW(at, BM_GETCHECK, 0, 0);
+    // A screen that is working drops the click.
+    waitFor<bool>(
+        [&] {
+            SendMessageW(at, BM_CLICK, 0, 0);
+            return SendMessageW(at, BM_GETCHECK, 0, 0) != before;
+        },
+        "The tick of '" + caption + "'");
 }
 
 void WindowDriver::click(const std::string& window, const std::string& caption) {
@@ -142,7 +150,7 @@ void WindowDriver::choose(const std::string& window, const std::string& caption,
     waitFor<bool>(
         [&] {
             PostMessageW(at, BM_CLICK, 0, 0);
-            for (int i = 0; i < 25 && !findMenu(); ++i)
+            for (int i = 0; i < 100 && !findMenu(); ++i)
                 Sleep(pause);
             return findMenu() != nullptr;
         },
@@ -168,8 +176,13 @@ void WindowDriver::fill(const std::string& window, std::size_t number, const std
     // A dialog that has just opened may still be filling its fields.
     waitFor<bool>(
         [&] {
-            SendMessageW(field(window, number), WM_SETTEXT, 0,
-                         reinterpret_cast<LPARAM>(com::toWide(text).c_str()));
+            const HWND at = field(window, number);
+            SendMessageW(at, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(com::toWide(text).c_str()));
+            // A list of choices notices only what is typed.
+            if (const HWND list = GetParent(at); isClass(list, L"ComboBox")) {
+                SendMessageW(GetParent(list), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(list), CBN_EDITCHANGE),
+                             reinterpret_cast<LPARAM>(list));
+            }
             Sleep(5 * pause);
             return read(window, number) == text;
         },

@@ -33,7 +33,7 @@ class WindowDriver {
     bool gone(const std::string& caption);
     /// Presses a button that closes its window or opens another one, by its caption.
     void press(const std::string& window, const std::string& button);
-    /// Clicks a check box or an option, by its caption. The window stays open.
+    /// Ticks a check box or chooses an option that is not chosen, by its caption. The window stays open.
     void tick(const std::string& window, const std::string& button);
     /// Presses a button once, which need not close or open a window.
     void click(const std::string& window, const std::string& button);
