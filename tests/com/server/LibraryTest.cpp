@@ -2,8 +2,8 @@
 
 #include "com/edge/Conversion.h"
 #include "com/edge/Wide.h"
-#include "tests/com/server/Server.h"
 #include "doubles/RecordingHost.h"
+#include "tests/com/server/Server.h"
 
 namespace tsln::test {
 namespace {
@@ -123,13 +123,12 @@ TEST_F(LibraryTest, RefusesWrongArgumentsWithTheProperCodes) {
 }
 
 TEST_F(LibraryTest, AnOperationWithoutAScreenFailsWithSourceAndText) {
-    EXPECT_EQ(E_NOTIMPL, library->ShowSecurityRoles());
-    EXPECT_THAT(errorObject(), HasSubstr("Library: ShowSecurityRoles"));
+    EXPECT_EQ(E_NOTIMPL, library->ShowDatabaseProperties());
+    EXPECT_THAT(errorObject(), HasSubstr("Library: ShowDatabaseProperties"));
     EXCEPINFO told{};
-    EXPECT_EQ(DISP_E_EXCEPTION,
-              callByName(library.Get(), "ShowSecurityRoles", {}, nullptr, &told));
+    EXPECT_EQ(DISP_E_EXCEPTION, callByName(library.Get(), "ShowDatabaseProperties", {}, nullptr, &told));
     EXPECT_EQ(E_NOTIMPL, told.scode);
-    EXPECT_THAT(com::fromBstr(told.bstrDescription), HasSubstr("ShowSecurityRoles"));
+    EXPECT_THAT(com::fromBstr(told.bstrDescription), HasSubstr("ShowDatabaseProperties"));
     SysFreeString(told.bstrSource);
     SysFreeString(told.bstrDescription);
 }
