@@ -155,9 +155,20 @@ void WindowDriver::choose(const std::string& window, const std::string& caption,
             return findMenu() != nullptr;
         },
         "The menu of '" + caption + "'");
-    for (int i = 0; i < item; ++i)
+    // A menu that is just opening loses keys.
+    Sleep(10 * pause);
+    for (int i = 0; i < item; ++i) {
         PostMessageW(findMenu(), WM_KEYDOWN, VK_DOWN, 0);
-    PostMessageW(findMenu(), WM_KEYDOWN, VK_RETURN, 0);
+        Sleep(pause);
+    }
+    waitFor<bool>(
+        [&] {
+            PostMessageW(findMenu(), WM_KEYDOWN, VK_RETURN, 0);
+            for (int i = 0; i < 25 && findMenu(); ++i)
+                Sleep(pause);
+            return !findMenu();
+        },
+        "The effect of the menu of '" + caption + "'");
 }
 
 HWND WindowDriver::field(const std::string& caption, std::size_t number) {
