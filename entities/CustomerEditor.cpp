@@ -85,13 +85,8 @@ constexpr AddressTable customerAddresses{
     .hasDefault = true,
 };
 
-constexpr std::string_view suggestedLabels[] = {"Home", "Work", "Other"};
-
 constexpr AddressBlock addressBlock{
     .table = customerAddresses,
-    .links = "<TextBlock TextAlignment='Right' FontSize='12'><Hyperlink Click='Hyperlink_NewAddress'>New</Hyperlink> / <Hyperlink Click='Hyperlink_DeleteAddress'>Delete</Hyperlink> / <Hyperlink Click='Hyperlink_EditLabel'>Edit Label</Hyperlink> / <Hyperlink Click='Hyperlink_MakeDefault'>Make Default</Hyperlink></TextBlock>",
-    .linksEmpty = "<TextBlock TextAlignment='Right' FontSize='12'><Hyperlink Click='Hyperlink_NewAddress'>New</Hyperlink></TextBlock>",
-    .labels = suggestedLabels,
     .defaultLabel = {"AddressLabel", section, "Home"},
 };
 

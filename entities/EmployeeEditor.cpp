@@ -66,13 +66,8 @@ constexpr AddressTable employeeAddresses{
     .ownerTag = "<eid>",
 };
 
-constexpr std::string_view suggestedLabels[] = {"Home", "Work", "Other"};
-
 constexpr AddressBlock addressBlock{
     .table = employeeAddresses,
-    .links = "<TextBlock TextAlignment='Right' FontSize='12'><Hyperlink Click='Hyperlink_NewAddress'>New</Hyperlink> / <Hyperlink Click='Hyperlink_DeleteAddress'>Delete</Hyperlink> / <Hyperlink Click='Hyperlink_EditLabel'>Edit Label</Hyperlink></TextBlock>",
-    .linksEmpty = "<TextBlock TextAlignment='Right' FontSize='12'><Hyperlink Click='Hyperlink_NewAddress'>New</Hyperlink></TextBlock>",
-    .labels = suggestedLabels,
     .defaultLabel = {.otherwise = "Home"},
 };
 

@@ -10,12 +10,22 @@ namespace {
 constexpr int labelWidth = 16;    // characters
 constexpr int addressWidth = 34;  // characters
 
+constexpr std::string_view suggestedLabels[] = {"Home", "Work", "Other"};
+
+// The operations that the links offer: without an address, with one, and where one of them is the default.
+constexpr std::string_view linksEmpty =
+    "<TextBlock TextAlignment='Right' FontSize='12'><Hyperlink Click='Hyperlink_NewAddress'>New</Hyperlink></TextBlock>";
+constexpr std::string_view links =
+    "<TextBlock TextAlignment='Right' FontSize='12'><Hyperlink Click='Hyperlink_NewAddress'>New</Hyperlink> / <Hyperlink Click='Hyperlink_DeleteAddress'>Delete</Hyperlink> / <Hyperlink Click='Hyperlink_EditLabel'>Edit Label</Hyperlink></TextBlock>";
+constexpr std::string_view linksWithDefault =
+    "<TextBlock TextAlignment='Right' FontSize='12'><Hyperlink Click='Hyperlink_NewAddress'>New</Hyperlink> / <Hyperlink Click='Hyperlink_DeleteAddress'>Delete</Hyperlink> / <Hyperlink Click='Hyperlink_EditLabel'>Edit Label</Hyperlink> / <Hyperlink Click='Hyperlink_MakeDefault'>Make Default</Hyperlink></TextBlock>";
+
 }  // namespace
 
 LabelledAddresses::LabelledAddresses(HostScreen& screen, const AddressBlock& block, bool& validate)
     : cboAddressLabel(screen, "cboAddressLabel"),
       txtShipToAddress(screen, "txtShipToAddress"),
-      lblAddressLinks(screen, "lblAddressLinks", std::string(block.linksEmpty)),
+      lblAddressLinks(screen, "lblAddressLinks", std::string(linksEmpty)),
       lblDefaultAddress(screen, "lblDefaultAddress", "This is the default address."),
       screen_(screen),
       block_(block),
@@ -101,7 +111,7 @@ std::string LabelledAddresses::defaultLabel() const {
 
 std::optional<std::string> LabelledAddresses::askLabel(const std::string& caption,
                                                        const std::string& label) const {
-    return askAddressLabel(screen_.library(), caption, label, block_.labels);
+    return askAddressLabel(screen_.library(), caption, label, suggestedLabels);
 }
 
 // Reading, typing, saving -----------------------------------------------------------------------------
@@ -164,8 +174,9 @@ void LabelledAddresses::listLabels() {
     for (std::size_t i = 0; i < all.size(); ++i) {
         if (!all[i].deleted) cboAddressLabel.addItem(all[i].label, static_cast<std::int32_t>(i));
     }
-    lblAddressLinks.setCaption(
-        std::string(cboAddressLabel.entries().empty() ? block_.linksEmpty : block_.links));
+    lblAddressLinks.setCaption(std::string(cboAddressLabel.entries().empty() ? linksEmpty
+                                           : block_.table.hasDefault         ? linksWithDefault
+                                                                             : links));
 }
 
 void LabelledAddresses::save(std::int32_t owner) {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -13,13 +12,10 @@
 
 namespace tsln::entities {
 
-/// What the addresses of a kind of record show and offer.
+/// Where the addresses of a kind of record are stored, and the label of an address for which the user chose none.
 struct AddressBlock {
     const AddressTable& table;
-    std::string_view links;                    ///< markup: the operations while there is an address
-    std::string_view linksEmpty;               ///< markup: the operations while there is none
-    std::span<const std::string_view> labels;  ///< suggested for an address
-    DefaultOption defaultLabel;                ///< the label of an address for which the user chose none
+    DefaultOption defaultLabel;
 };
 
 /// The part of a dialog with any number of labelled addresses: a list of their labels, a box with the chosen address,

@@ -113,15 +113,17 @@ void WorkstationsList::deleteSelected() {
 
 void WorkstationsList::Form_Load() {
     ListScreen::Form_Load();
-    for (Control* control : std::initializer_list<Control*>{&chkEnableSync, &cmdThisComputer, &chkStartAgent,
-                                                            &chkDebugSyncAgent})
-        control->setEnabled(false);
+    enableOptions(false);
     readOptions();
     // Options that could not be read are not overwritten.
     mayChange_ = can(Right::Edit);
-    for (Control* control : std::initializer_list<Control*>{&chkEnableSync, &cmdThisComputer, &chkStartAgent,
-                                                            &chkDebugSyncAgent})
-        control->setEnabled(mayChange_);
+    enableOptions(mayChange_);
+}
+
+void WorkstationsList::enableOptions(bool enabled) {
+    for (const Option& option : options)
+        (this->*option.box).setEnabled(enabled);
+    cmdThisComputer.setEnabled(enabled);
 }
 
 void WorkstationsList::readOptions() {

@@ -42,6 +42,7 @@ class WorkstationsList : public ListScreen {
     };
     static const Option options[];
 
+    void enableOptions(bool enabled);
     void readOptions();
     void storeOptions();
     void showComputer();
