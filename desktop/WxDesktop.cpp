@@ -1,8 +1,10 @@
 #include "desktop/WxDesktop.h"
 
 #include <algorithm>
+#include <chrono>
 #include <memory>
 #include <optional>
+#include <utility>
 
 #include <wx/app.h>
 #include <wx/clipbrd.h>
@@ -10,6 +12,7 @@
 #include <wx/evtloop.h>
 #include <wx/filename.h>
 #include <wx/log.h>
+#include <wx/scopeguard.h>
 #include <wx/stdpaths.h>
 #include <wx/timer.h>
 #include <wx/utils.h>
@@ -27,6 +30,8 @@ namespace tsln::desktop {
 namespace {
 
 constexpr unsigned long waitSlice = 20;  // milliseconds
+// A timer or a window that is painted again and again may fill the event queue faster than it is emptied.
+constexpr std::chrono::milliseconds longestYield{200};
 
 /// The active event loop, or a new one when none is active.
 class ActiveLoop {
@@ -192,13 +197,21 @@ void WxDesktop::restoreFocus() {
 void WxDesktop::yield() {
     drawChanges();
     const ActiveLoop loop;
-    if (loop->IsYielding()) return;
+    if (yieldingLoop_ == loop.operator->()) return;  // a dialog that opens meanwhile has a loop of its own
+    wxEventLoopBase* const outer = std::exchange(yieldingLoop_, loop.operator->());
+    wxON_BLOCK_EXIT_SET(yieldingLoop_, outer);
     // Input that comes while a screen is busy is dropped: kept until afterwards, it would meet another state than the
     // one the user saw. A job takes input to be cancelled; its screen has disabled everything else.
     const bool job = !dialogs_.empty() && dialogs_.back()->screen().job();
     std::optional<InputDropper> dropper;
     if (!job) dropper.emplace();
-    loop->YieldFor(wxEVT_CATEGORY_ALL);
+    const auto end = std::chrono::steady_clock::now() + longestYield;
+    bool quitting = false;  // the program is told to end
+    while (!quitting && loop->Pending() && std::chrono::steady_clock::now() < end)
+        quitting = !loop->Dispatch();
+    wxTheApp->ProcessPendingEvents();
+    loop->ProcessIdle();
+    if (quitting) ForeignWindows::passQuitOn();
     for (ScreenDialog* dialog : dialogs_)
         dialog->Update();
 }

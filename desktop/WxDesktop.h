@@ -7,6 +7,7 @@
 #include "desktop/Settings.h"
 #include "screens/Desktop.h"
 
+class wxEventLoopBase;
 class wxWindow;
 
 namespace tsln::desktop {
@@ -67,6 +68,7 @@ class WxDesktop : public Desktop {
     ComponentFactory components_;
     Settings settings_;
     std::vector<ScreenDialog*> dialogs_;  // the foremost last
+    wxEventLoopBase* yieldingLoop_ = nullptr;
 };
 
 }  // namespace tsln::desktop

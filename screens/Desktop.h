@@ -82,7 +82,7 @@ class Desktop {
     /// callback must not throw.
     virtual std::unique_ptr<RunningTimer> startTimer(std::function<void()> callback, int milliseconds) = 0;
 
-    /// Processes pending window messages.
+    /// Processes pending window messages, for some tenths of a second at most. Does nothing within itself.
     virtual void yield() = 0;
     /// Starts a process from its command line and returns when it has ended. Screens repaint but take no
     /// input meanwhile. When the process cannot be started, the call returns at once with `started` false.

@@ -3,6 +3,7 @@
 #include <mutex>
 
 #include <wx/init.h>
+#include <wx/module.h>
 #include <wx/msw/private.h>
 #include <wx/wx.h>
 
@@ -27,6 +28,21 @@ class GuestApp : public wxApp {
     bool OnExceptionInMainLoop() override {
         return true;
     }  // an exception in one window must not end the host
+};
+
+/// Keeps the toolkit's generic renderer for the life of the process. Its native renderer, which delegates to the generic
+/// one, lives that long, but the end of the toolkit deletes the generic one: after a second start, the lists would be
+/// drawn with a deleted object.
+class RendererKeeper : public wxModule {
+  public:
+    /// Must be called after each start of the toolkit.
+    static void keep() {
+        for (wxModule* module : ms_modules) {
+            if (module->GetClassInfo()->GetClassName() != wxString("wxGenericRendererModule")) continue;
+            UnregisterModule(module);  // so that its OnExit() is not called
+            return;
+        }
+    }
 };
 
 HANDLE createLook() {
@@ -81,6 +97,7 @@ void FrontEnd::start() {
         wxEntryCleanup();
         throw HostError(code::fail, "tslnmaint5", "The maintenance screens cannot be opened.");
     }
+    RendererKeeper::keep();
     if (look_ == INVALID_HANDLE_VALUE) look_ = createLook();
     thread_ = here;
 }

@@ -208,6 +208,17 @@ std::string WindowDriver::read(const std::string& window, std::size_t number) {
     return com::toUtf8(text);
 }
 
+void WindowDriver::bringToFront(const std::string& caption) {
+    const HWND at = window(caption);
+    waitFor<bool>(
+        [at] {
+            SetForegroundWindow(at);
+            Sleep(5 * pause);
+            return GetForegroundWindow() == at;
+        },
+        "'" + caption + "' in front");
+}
+
 void WindowDriver::close(const std::string& caption) {
     const HWND at = window(caption);
     postUntilEffect(at, at, WM_SYSCOMMAND, SC_CLOSE, "closing '" + caption + "'");

@@ -42,6 +42,8 @@ class WindowDriver {
     /// Replaces the text of an entry field, by its number from 0 in tab order.
     void fill(const std::string& window, std::size_t field, const std::string& text);
     std::string read(const std::string& window, std::size_t field);
+    /// Puts the window in front of all others, so that it gets the keys that are typed.
+    void bringToFront(const std::string& window);
     /// Clicks the close box. The window must close or open another one.
     void close(const std::string& window);
     /// Selects the first row of a list of records, once the list has one. Other processes and threads see no more of

@@ -44,5 +44,33 @@ TEST_F(OptionsTest, CalloutsAndDefaultsAreSaved) {
     EXPECT_THAT(ui.told, IsEmpty());
 }
 
+TEST_F(OptionsTest, SettingsAreFilteredSequencedSavedAndReadBack) {
+    constexpr const char* title = "Option Detail Settings";
+    constexpr int uncheckSelected = 4, addToSequence = 7;
+    {
+        const User user([&](WindowDriver& at) {
+            at.fill(title, 0, "hold");
+            at.selectFirstRow(title);
+            at.choose(title, "&More", addToSequence);
+            at.press(title, "OK");
+        });
+        ASSERT_EQ(S_OK, library->ShowOptionDetailSettings());
+    }
+    EXPECT_EQ("4", value("SELECT Sequence FROM OptionDetailSettings WHERE OptionName = 'Hold Downs'"));
+    EXPECT_EQ("1", value("SELECT Sequence FROM OptionDetailSettings WHERE OptionName = 'Room Location'"));
+    {
+        const User user([&](WindowDriver& at) {
+            at.fill(title, 0, "pattern");
+            at.selectFirstRow(title);
+            at.choose(title, "&More", uncheckSelected);
+            at.press(title, "Cancel");
+        });
+        EXPECT_EQ(S_OK, callByName(library.Get(), "ShowOptionDetailSettings", {}));
+    }
+    EXPECT_EQ("1",
+              value("SELECT Show FROM OptionDetailSettings WHERE OptionName = 'Pattern' AND Location = 0"));
+    EXPECT_THAT(ui.told, IsEmpty());
+}
+
 }  // namespace
 }  // namespace tsln::test
