@@ -169,18 +169,19 @@ TEST_F(SessionTest, AChosenLocationIsReturnedByResultAndArgument) {
     EXPECT_TRUE(ui.told.empty());
 }
 
-TEST_F(SessionTest, ATemplateIsTestedAndItsMessageSaved) {
+TEST_F(SessionTest, ATemplateIsMadeAndTestedAndItsMessageSaved) {
     session.company().execute("DELETE FROM SentMessages");
     const auto value = [&](const char* sql) { return session.company().scalar(sql).toText(); };
     const std::string customer =
         value("SELECT TOP 1 CustomerName FROM Customers WHERE CustomerName LIKE 'O''Dell%' ORDER BY ID");
-    LONG ID = 1, saved = 0;
+    LONG ID = 0, saved = 0;
     {
         const User user([&](WindowDriver& at) {
-            constexpr std::size_t subject = 5, body = 6, test = 7;
-            at.window("Edit E-mail Template");
-            while (at.read("Edit E-mail Template", subject).empty())
-                Sleep(20);
+            constexpr std::size_t group = 0, name = 1, subject = 5, body = 6, test = 7;
+            at.fill("Edit E-mail Template", group, "Care");
+            at.key("Edit E-mail Template", 'T', VK_MENU);
+            at.key("Edit E-mail Template", VK_HOME);
+            at.fill("Edit E-mail Template", name, "Care guide");
             at.fill("Edit E-mail Template", subject, "For <<CustomerName>>");
             at.fill("Edit E-mail Template", body, "Grüße, <<FirstName>>");
             at.fill("Edit E-mail Template", test, customer);
@@ -192,9 +193,9 @@ TEST_F(SessionTest, ATemplateIsTestedAndItsMessageSaved) {
         });
         ASSERT_EQ(S_OK, library->ShowEditEmailTemplate(&ID, &saved));
     }
-    EXPECT_EQ(1, saved);
     EXPECT_EQ("For " + customer, value("SELECT Subject FROM SentMessages"));
-    EXPECT_EQ("Grüße, <<FirstName>>", value("SELECT BodyText FROM EmailTemplates WHERE ID = 1"));
+    EXPECT_EQ(std::to_string(saved), value("SELECT ID FROM EmailTemplates WHERE TemplateName = 'Care guide' AND "
+                                           "BodyText = 'Grüße, <<FirstName>>'"));
     {
         const User user([&](WindowDriver& at) {
             at.choose("Sent Messages", "&Messages", 1);
