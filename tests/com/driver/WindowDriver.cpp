@@ -163,6 +163,7 @@ void WindowDriver::click(const std::string& window, const std::string& caption) 
 
 void WindowDriver::choose(const std::string& window, const std::string& caption, int item) {
     const HWND at = button(window, caption);
+    SetCursorPos(0, 0);  // a menu that opens below the pointer selects the item there
     const auto findMenu = [] { return findTop([](HWND w) { return isClass(w, L"#32768"); }); };
     waitFor<bool>(
         [&] {

@@ -44,12 +44,16 @@ TEST_F(OptionsTest, CalloutsAndDefaultsAreSaved) {
     EXPECT_THAT(ui.told, IsEmpty());
 }
 
-TEST_F(OptionsTest, SettingsAreFilteredSequencedSavedAndReadBack) {
+TEST_F(OptionsTest, SettingsAreFilteredEditedSequencedSavedAndReadBack) {
     constexpr const char* title = "Option Detail Settings";
     constexpr int uncheckSelected = 4, addToSequence = 7;
     {
         const User user([&](WindowDriver& at) {
             at.fill(title, 0, "hold");
+            at.selectFirstRow(title);
+            at.key(title, VK_F2);
+            at.type(title, "Hold");
+            at.key(title, VK_RETURN);
             at.selectFirstRow(title);
             at.choose(title, "&More", addToSequence);
             at.press(title, "OK");
@@ -57,6 +61,7 @@ TEST_F(OptionsTest, SettingsAreFilteredSequencedSavedAndReadBack) {
         ASSERT_EQ(S_OK, library->ShowOptionDetailSettings());
     }
     EXPECT_EQ("4", value("SELECT Sequence FROM OptionDetailSettings WHERE OptionName = 'Hold Downs'"));
+    EXPECT_EQ("Hold", value("SELECT Prefix FROM OptionDetailSettings WHERE OptionName = 'Hold Downs'"));
     EXPECT_EQ("1", value("SELECT Sequence FROM OptionDetailSettings WHERE OptionName = 'Room Location'"));
     {
         const User user([&](WindowDriver& at) {
