@@ -13,7 +13,6 @@ namespace tsln::bench {
 namespace {
 
 constexpr double mostToHost = 0.1;
-constexpr std::size_t rounds = 5;
 
 /// A library over a company, with the host's time measured separately.
 struct Stage {
@@ -24,17 +23,6 @@ struct Stage {
     std::shared_ptr<Library> library = std::make_shared<Library>(desktop);
     HostTime time;
 };
-
-/// The ratio of the module's own time to the host's, over several rounds of the work.
-Spread shareOf(HostTime& time, const std::function<void()>& work) {
-    std::vector<double> shares;
-    for (std::size_t i = 0; i < rounds; ++i) {
-        time = {};
-        const double all = secondsOf(work);
-        shares.push_back(all / time.seconds() - 1);
-    }
-    return spreadOf(std::move(shares));
-}
 
 void measureBulkChange(Report& report, std::size_t records) {
     Stage stage;

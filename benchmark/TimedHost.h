@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -53,6 +54,18 @@ class TimedObject : public Object {
     Side side_;
     HostTime& time_;
 };
+
+/// The ratio of the module's own time to the host's, over several rounds of the work.
+inline Spread shareOf(HostTime& time, const std::function<void()>& work) {
+    constexpr std::size_t rounds = 5;
+    std::vector<double> shares;
+    for (std::size_t i = 0; i < rounds; ++i) {
+        time.reset();
+        const double all = secondsOf(work);
+        shares.push_back(all / time.seconds() - 1);
+    }
+    return spreadOf(std::move(shares));
+}
 
 inline ObjectPtr timedHost(ObjectPtr host, HostTime& time) {
     return std::make_shared<TimedObject>(std::move(host), TimedObject::Side::Host, time);

@@ -86,6 +86,10 @@ Recordset Connection::read(std::string_view sql) const {
     return Recordset(connection_->call("Execute", sql).toObject());
 }
 
+Variant Connection::property(std::string_view name) const {
+    return connection_->get(name);
+}
+
 std::vector<std::string> Connection::errors() const {
     std::vector<std::string> descriptions;
     const ObjectPtr errors = connection_->get("Errors").toObject();

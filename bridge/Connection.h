@@ -50,6 +50,8 @@ class Connection {
     /// Runs a statement and returns how many rows it changed; nothing when the connection does not tell.
     std::optional<std::int32_t> ExecuteCounting(std::string_view sql) const;
     Recordset read(std::string_view sql) const;
+    /// A property of the connection, such as "DefaultDatabase".
+    Variant property(std::string_view name) const;
     /// The descriptions of the errors that the connection reports.
     std::vector<std::string> errors() const;
     const ObjectPtr& object() const noexcept { return connection_; }

@@ -7,6 +7,7 @@
 #include "messages/Messages.h"
 #include "options/Options.h"
 #include "pricing/Pricing.h"
+#include "properties/Properties.h"
 #include "roaming/Roaming.h"
 #include "security/Roles.h"
 
@@ -21,6 +22,7 @@ void plugInModule(Library& library) {
     messages::plugIn(library);
     security::plugIn(library);
     roaming::plugIn(library);
+    properties::plugIn(library);
 }
 
 }  // namespace tsln

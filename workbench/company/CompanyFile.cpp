@@ -19,8 +19,6 @@ namespace fs = std::filesystem;
 
 using Reason = CompanyFileError::Reason;
 
-constexpr int busyMilliseconds = 2000;
-
 std::string quoted(const std::string& path) {
     return "'" + path + "'";
 }
@@ -140,7 +138,7 @@ std::unique_ptr<SQLite::Database> openCompanyFile(const std::string& path, OpenM
     std::string file = utf8Of(fs::absolute(pathOf(path), error));
     int flags = access == OpenMode::ReadOnly ? SQLite::OPEN_READONLY : SQLite::OPEN_READWRITE;
     try {
-        auto database = std::make_unique<SQLite::Database>(error ? path : file, flags, busyMilliseconds);
+        auto database = std::make_unique<SQLite::Database>(error ? path : file, flags, busySeconds * 1000);
         checkIsCompany(*database, path);
         // A name in double quotes must not be read as a text when no such column exists.
         sqlite3_db_config(database->getHandle(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr);

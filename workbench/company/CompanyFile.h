@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -10,6 +11,9 @@ class Database;
 }
 
 namespace tsln::workbench {
+
+/// How long a statement, and the opening of a file, waits for a file that another program is writing.
+inline constexpr std::int32_t busySeconds = 2;
 
 /// Opens a company file for Company, registers the functions of its statements and upgrades the file. Throws
 /// CompanyFileError; the file is unchanged then.

@@ -9,7 +9,7 @@ namespace tsln::workbench::schema {
 /// Identifies an SQLite file as a company (PRAGMA application_id).
 inline constexpr int applicationId = 0x54534C4E;
 /// PRAGMA user_version of the files created by this program.
-inline constexpr int version = 6;
+inline constexpr int version = 7;
 /// The oldest version that upgrade() accepts.
 inline constexpr int oldestVersion = 1;
 

@@ -1,5 +1,7 @@
 #include "workbench/host/ConnectionObject.h"
 
+#include "automation/FilePath.h"
+#include "workbench/company/CompanyFile.h"
 #include "workbench/host/RecordsetObject.h"
 
 namespace tsln::workbench {
@@ -117,6 +119,12 @@ Variant ConnectionObject::invoke(std::string_view member, Access access, Argumen
                  return Variant();
              });
          }},
+        {"DefaultDatabase",
+         [](Self& self, Arguments) {
+             return Variant(utf8Of(pathOf(self.context().company.path()).filename()));
+         }},
+        {"ConnectionTimeout", [](Self&, Arguments) { return Variant(busySeconds); }},
+        {"CommandTimeout", [](Self&, Arguments) { return Variant(busySeconds); }},
         {"State", [](Self&, Arguments) { return Variant(stateOpen); }},
         {"Errors",
          [](Self& self, Arguments a) {

@@ -10,7 +10,8 @@ namespace tsln::workbench {
 
 /// The company's connection, with the members of the platform's database objects: "Execute" (statement; optionally a
 /// variable for the number of changed rows, and options, which are ignored) returns a recordset; also "BeginTrans",
-/// "CommitTrans", "RollbackTrans", "State" (1: open) and "Errors".
+/// "CommitTrans", "RollbackTrans", "State" (1: open), "DefaultDatabase" (the company's file), "ConnectionTimeout" and
+/// "CommandTimeout" (in seconds), and "Errors".
 ///
 /// "Errors" has "Count", "Item" (index from 0) and "Clear"; an error has "Number", "Description", "Source" and
 /// "NativeError". A failure raises HostError and stays in "Errors" until the next failure or "Clear". "Database" of

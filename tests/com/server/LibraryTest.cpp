@@ -122,17 +122,6 @@ TEST_F(LibraryTest, RefusesWrongArgumentsWithTheProperCodes) {
     EXPECT_TRUE(host->calls.empty());
 }
 
-TEST_F(LibraryTest, AnOperationWithoutAScreenFailsWithSourceAndText) {
-    EXPECT_EQ(E_NOTIMPL, library->ShowDatabaseProperties());
-    EXPECT_THAT(errorObject(), HasSubstr("Library: ShowDatabaseProperties"));
-    EXCEPINFO told{};
-    EXPECT_EQ(DISP_E_EXCEPTION, callByName(library.Get(), "ShowDatabaseProperties", {}, nullptr, &told));
-    EXPECT_EQ(E_NOTIMPL, told.scode);
-    EXPECT_THAT(com::fromBstr(told.bstrDescription), HasSubstr("ShowDatabaseProperties"));
-    SysFreeString(told.bstrSource);
-    SysFreeString(told.bstrDescription);
-}
-
 /// Opens the terms dialog and checks which ID the call passed.
 class ArgumentTest : public LibraryTest {
   protected:

@@ -49,12 +49,14 @@ class WriteBackTest : public ::testing::Test {
         EXPECT_EQ(SUCCEEDED(answer), V_VT(result.get()) == VT_BOOL);
         SysFreeString(told.bstrSource);
         SysFreeString(told.bstrDescription);
+        lastCode = told.scode;
         return answer;
     }
 
     std::vector<Variant> assigned;
     std::vector<Variant> given;
     bool raises = false;
+    HRESULT lastCode = S_OK;  // of the last call by name that raised an error
     ComPtr<ILibrary> library;
 };
 
@@ -77,6 +79,22 @@ VARIANT number(LONG value) {
 ULONG references(IUnknown* object) {
     object->AddRef();
     return object->Release();
+}
+
+TEST_F(WriteBackTest, AnOperationThatNothingIsPluggedInForFailsWithSourceAndText) {
+    EXPECT_EQ(E_NOTIMPL, library->ShowDatabaseProperties());
+    ComPtr<IErrorInfo> info;
+    ASSERT_EQ(S_OK, GetErrorInfo(0, info.GetAddressOf()));
+    BSTR source = nullptr;
+    BSTR text = nullptr;
+    info->GetSource(&source);
+    info->GetDescription(&text);
+    EXPECT_EQ("Library", fromBstr(source));
+    EXPECT_THAT(fromBstr(text), ::testing::HasSubstr("ShowDatabaseProperties"));
+    SysFreeString(source);
+    SysFreeString(text);
+    EXPECT_EQ(DISP_E_EXCEPTION, callByName(L"ShowDatabaseProperties", {}));
+    EXPECT_EQ(E_NOTIMPL, lastCode);
 }
 
 TEST_F(WriteBackTest, SlotsWriteEveryTypeOfTheTable) {

@@ -1,0 +1,62 @@
+#include <set>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <wx/gauge.h>
+#include <wx/utils.h>
+
+#include "bridge/Library.h"
+#include "doubles/RecordingHost.h"
+#include "properties/DatabaseProperties.h"
+#include "screens/Job.h"
+#include "tests/desktop/Robot.h"
+
+namespace tsln::desktop::test {
+namespace {
+
+using properties::DatabaseProperties;
+
+struct Host {
+    std::shared_ptr<tsln::test::RecordingHost> host = tsln::test::RecordingHost::make();
+    WxDesktop desktop{[this](std::string_view programId) { return host->component(programId); }, ""};
+    Library library{desktop};
+    Host() { library.Initialize(host->sharedCode()); }
+};
+
+TEST(PropertiesWindow, FillsWhileItIsDrawnAndLeavesTheKeyboardInTheGrid) {
+    Host stage;
+    DatabaseProperties screen(stage.library);
+    Robot user(screen);
+    std::set<std::int32_t> drawnAt;
+    stage.host->on("TSLNSQL.ExecuteScaler", [&](Arguments) {
+        wxMilliSleep(5);
+        const auto* bar = dynamic_cast<wxGauge*>(user.windowOf(screen.ProgressBar1));
+        if (bar) drawnAt.insert(bar->GetValue());
+        return Variant(1);
+    });
+    user.until("filled", [&] { return screen.loaded() && !screen.job() && !screen.ProgressBar1.visible(); })
+        .until("focus in the grid", [&] { return user.focused() == &screen.grdProperties; })
+        .key(WXK_ESCAPE)
+        .show();
+    EXPECT_GT(drawnAt.size(), 3U) << "the bar was drawn between the rows";
+    EXPECT_FALSE(screen.loaded());
+}
+
+TEST(PropertiesWindow, EscWhileItFillsClosesIt) {
+    Host stage;
+    int statements = 0;
+    stage.host->on("TSLNSQL.ExecuteScaler", [&](Arguments) {
+        ++statements;
+        wxMilliSleep(60);  // all of them would take about six seconds
+        return Variant(1);
+    });
+    DatabaseProperties screen(stage.library);
+    Robot user(screen);
+    user.until("filling", [&] { return statements > 3; }).key(WXK_ESCAPE).show();
+    EXPECT_LT(statements, 60);
+    EXPECT_FALSE(screen.loaded());
+    EXPECT_EQ(stage.host->callsOf("TSLNSQL.PreTerminate").size(), 1U);
+}
+
+}  // namespace
+}  // namespace tsln::desktop::test
