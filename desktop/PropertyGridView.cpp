@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include <wx/dataview.h>
 #include <wx/panel.h>
 #include <wx/settings.h>
@@ -16,6 +18,8 @@ constexpr int leastHeight = 140;
 constexpr int firstWidth = 360;
 constexpr int firstHeight = 300;
 constexpr int captionWidth = 180;
+constexpr int levelWidth = 20;  // the indentation of an item within a category
+constexpr int captionMargin = 16;
 
 /// Hands the grid's items to the toolkit's tree, which knows each by its index plus one.
 class ItemModel : public wxDataViewModel {
@@ -85,13 +89,14 @@ class PropertyGridView : public ControlView {
         sizer->Add(tree_, wxSizerFlags(1).Expand().Border(wxALL, 1));
         border_->SetSizer(sizer);
         tree_->AssociateModel(model_.get());
-        wxDataViewColumn* const captions = tree_->AppendTextColumn(
-            "Property", 0, wxDATAVIEW_CELL_INERT, tree_->FromDIP(captionWidth), wxALIGN_LEFT);
+        captionsWidth_ = tree_->FromDIP(captionWidth);
+        captions_ =
+            tree_->AppendTextColumn("Property", 0, wxDATAVIEW_CELL_INERT, captionsWidth_, wxALIGN_LEFT);
         wxDataViewColumn* const values = tree_->AppendTextColumn("Value", 1, wxDATAVIEW_CELL_INERT,
                                                                  tree_->FromDIP(captionWidth), wxALIGN_LEFT);
-        for (wxDataViewColumn* column : {captions, values})
+        for (wxDataViewColumn* column : {captions_, values})
             column->GetRenderer()->EnableEllipsize(wxELLIPSIZE_END);
-        tree_->SetExpanderColumn(captions);
+        tree_->SetExpanderColumn(captions_);
         takeRemainingWidth(*values);
     }
     ~PropertyGridView() override { model_->detach(); }
@@ -115,13 +120,33 @@ class PropertyGridView : public ControlView {
             model_->show(shown_);
             model_->ItemAdded(parent, item);
             if (parent.IsOk()) tree_->Expand(parent);
+            widenFor(index);
         }
+    }
+
+    /// Widens the column of captions to show the item's caption in full, unless it would take most of the grid.
+    void widenFor(std::size_t index) {
+        const PropertyGrid::Item& item = grid_.items()[index];
+        const wxFont font = item.isCategory ? tree_->GetFont().Bold() : tree_->GetFont();
+        int width = 0;
+        tree_->GetTextExtent(toWx(item.caption), &width, nullptr, nullptr, nullptr, &font);
+        int levels = 1;
+        for (auto parent = item.parent; parent; parent = grid_.items()[*parent].parent)
+            ++levels;
+        width += tree_->FromDIP(captionMargin + levels * levelWidth);
+        const int most = std::max(tree_->GetClientSize().x, border_->GetMinSize().x) * 3 / 5;
+        width = std::min(width, most);
+        if (width <= captionsWidth_) return;
+        captionsWidth_ = width;
+        captions_->SetWidth(width);
     }
 
     PropertyGrid& grid_;
     wxObjectDataPtr<ItemModel> model_;
     wxPanel* border_;
     wxDataViewCtrl* tree_;
+    wxDataViewColumn* captions_ = nullptr;
+    int captionsWidth_ = 0;  // as set last; the column itself changes later
     std::size_t shown_ = 0;  // of the grid's items
     int clearings_ = 0;
 };

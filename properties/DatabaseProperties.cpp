@@ -14,7 +14,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr std::string_view screenName = "frmDatabaseProperties";
-constexpr int width = 620, height = 560;  // pixels at 96 per inch
+constexpr int width = 720, height = 560;  // pixels at 96 per inch
 
 /// Runs a step. Returns nothing when it fails: filling goes on with the next step.
 template <class Step>

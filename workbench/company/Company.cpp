@@ -8,6 +8,7 @@
 #include "workbench/company/CompanyFile.h"
 #include "workbench/company/RecordsXml.h"
 #include "workbench/sql/SqlDialect.h"
+#include "workbench/sql/SqlSecrets.h"
 
 namespace tsln::workbench {
 
@@ -44,12 +45,18 @@ SqlError toSqlError(const SQLite::Exception& error) {
                     text);
 }
 
+/// Runs the work of a statement. Its error texts hold no passwords.
 template <class F>
-auto orSqlError(F&& work) {
+auto orSqlError(std::string_view sql, F&& work) {
+    const auto raise = [&] [[noreturn]] (const SqlError& error) {
+        throw SqlError(error.code(), errorWithoutSecrets(sql, error.what()));
+    };
     try {
         return work();
     } catch (const SQLite::Exception& error) {
-        throw toSqlError(error);
+        raise(toSqlError(error));
+    } catch (const SqlError& error) {
+        raise(error);
     }
 }
 
@@ -115,14 +122,14 @@ std::int32_t Company::lastInsertId() const noexcept {
 }
 
 std::string Company::read(std::string_view sql) {
-    return orSqlError([&] {
+    return orSqlError(sql, [&] {
         SQLite::Statement statement = impl_->query(sql);
         return recordsXml(statement);
     });
 }
 
 Variant Company::scalar(std::string_view sql) {
-    return orSqlError([&]() -> Variant {
+    return orSqlError(sql, [&]() -> Variant {
         SQLite::Statement statement = impl_->query(sql);
         if (!statement.executeStep()) return {};
         return toVariant(statement.getColumn(0));
@@ -130,7 +137,7 @@ Variant Company::scalar(std::string_view sql) {
 }
 
 std::int64_t Company::execute(std::string_view sql) {
-    return orSqlError([&] {
+    return orSqlError(sql, [&] {
         const SqlTranslation translation = translateSql(sql);
         SQLite::Statement statement(*impl_->database, translation.sql);
         return impl_->run(statement, translation.kind, [](SQLite::Statement&) {});
@@ -138,7 +145,7 @@ std::int64_t Company::execute(std::string_view sql) {
 }
 
 SqlResult Company::run(std::string_view sql) {
-    return orSqlError([&] {
+    return orSqlError(sql, [&] {
         const SqlTranslation translation = translateSql(sql);
         SQLite::Statement statement(*impl_->database, translation.sql);
         SqlResult result{.isQuery = translation.kind == SqlTranslation::Kind::Query};
@@ -157,13 +164,13 @@ SqlResult Company::run(std::string_view sql) {
 
 void Company::begin() {
     if (inTransaction()) throw SqlError(SQLITE_ERROR, "A transaction is already open.");
-    orSqlError([&] { impl_->database->exec("BEGIN IMMEDIATE"); });
+    orSqlError("BEGIN", [&] { impl_->database->exec("BEGIN IMMEDIATE"); });
 }
 
 void Company::commit() {
     if (!inTransaction()) throw SqlError(SQLITE_ERROR, "No transaction is open.");
     try {
-        orSqlError([&] { impl_->database->exec("COMMIT"); });
+        orSqlError("COMMIT", [&] { impl_->database->exec("COMMIT"); });
     } catch (...) {
         rollback();
         throw;

@@ -1,11 +1,21 @@
 #include "workbench/host/Trace.h"
 
-#include "workbench/host/TraceSecrets.h"
+#include <algorithm>
+
+#include "workbench/sql/SqlSecrets.h"
 
 namespace tsln::workbench {
 namespace {
 
 constexpr std::size_t longestShown = 100;
+
+/// The members that take a password or return one.
+constexpr std::string_view secretMembers[] = {"GetSHA2", "ComplexEncrypt", "ComplexDecrypt"};
+
+bool takesSecrets(std::string_view member) {
+    return std::ranges::any_of(secretMembers,
+                               [&](std::string_view secret) { return sameName(member, secret); });
+}
 
 /// Returns a short text for the value.
 std::string shortText(const Variant& value) {

@@ -1,13 +1,11 @@
-#include <array>
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
-#include <sys/wait.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "doubles/TempFolder.h"
+#include "tests/workbench/app/RunWorkbench.h"
 #include "workbench/company/Company.h"
 
 namespace tsln::workbench {
@@ -15,26 +13,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using testing::HasSubstr;
-
-struct Ended {
-    int exitCode = -1;
-    std::string output;  ///< standard output and errors
-};
-
-/// Runs the workbench program without a display.
-Ended runWorkbench(const std::string& arguments) {
-    const std::string command =
-        "env -u DISPLAY -u WAYLAND_DISPLAY '" WORKBENCH_PROGRAM "' " + arguments + " 2>&1";
-    FILE* pipe = popen(command.c_str(), "r");
-    Ended ended;
-    std::array<char, 4096> buffer;
-    while (const auto count = std::fread(buffer.data(), 1, buffer.size(), pipe)) {
-        ended.output.append(buffer.data(), count);
-    }
-    const int status = pclose(pipe);
-    if (WIFEXITED(status)) ended.exitCode = WEXITSTATUS(status);
-    return ended;
-}
 
 class ProgramTest : public testing::Test {
   protected:
@@ -70,7 +48,8 @@ TEST_F(ProgramTest, AnUnusableCompanyOrUserIsReportedAndTheFileIsUnchanged) {
     fs::create_directories(path("a folder"));
     // The digest of "top secret".
     Company(path("good.company"))
-        .execute("UPDATE Employees SET PasswordHash = '9d3b319476557b164750a707e93274a48268f689d9ffa41433e9e573a2b85d9f' WHERE Username = 'priya'");
+        .execute(
+            "UPDATE Employees SET PasswordHash = '9d3b319476557b164750a707e93274a48268f689d9ffa41433e9e573a2b85d9f' WHERE Username = 'priya'");
     const auto before = fs::last_write_time(path("text.company"));
 
     const struct {

@@ -5,7 +5,7 @@
 #include "tests/workbench/host/HostStage.h"
 #include "workbench/host/RecordLists.h"
 #include "workbench/host/StoredSecret.h"
-#include "workbench/host/TraceSecrets.h"
+#include "workbench/sql/SqlSecrets.h"
 
 namespace tsln::workbench {
 namespace {

@@ -1,4 +1,4 @@
-#include "workbench/host/TraceSecrets.h"
+#include "workbench/sql/SqlSecrets.h"
 
 #include <algorithm>
 #include <set>
@@ -11,13 +11,19 @@
 namespace tsln::workbench {
 namespace {
 
-constexpr std::string_view secretMembers[] = {"GetSHA2", "ComplexEncrypt", "ComplexDecrypt"};
 constexpr std::string_view secretColumns[] = {"PasswordHash", "EmailSMTPPassword"};
 
 bool isSecret(const SqlToken& token) {
     return token.isName() && std::ranges::any_of(secretColumns, [&](std::string_view column) {
                return sameName(token.text, column);
            });
+}
+
+/// A text, or what stands in its place by mistake: a number, a quoted name, or digits and letters without quotes.
+bool isValue(const SqlToken& token) {
+    if (token.kind == SqlToken::Kind::Text || token.kind == SqlToken::Kind::Number) return true;
+    const bool hasDigits = token.text.find_first_of("0123456789") != std::string_view::npos;
+    return token.isName() && !isSecret(token) && (token.quote != 0 || hasDigits);
 }
 
 using Tokens = std::vector<SqlToken>;
@@ -57,8 +63,7 @@ std::vector<std::string_view> secretTexts(const Tokens& tokens) {
         });
         for (at = open(at); at != tokens.end(); at = open(at)) {
             eachItem(at, tokens.end(), [&](std::size_t number, const SqlToken& token) {
-                if (token.kind == SqlToken::Kind::Text && places.contains(number))
-                    found.push_back(token.text);
+                if (isValue(token) && places.contains(number)) found.push_back(token.text);
             });
         }
         return found;
@@ -67,24 +72,19 @@ std::vector<std::string_view> secretTexts(const Tokens& tokens) {
     int depth = 0, column = 0;
     for (const SqlToken& token : tokens) {
         depth += token.isSign("(") ? 1 : token.isSign(")") ? -1 : 0;
-        const bool ends =
-            token.isSign(",") || token.isWord("AND") || token.isWord("OR") || token.isWord("WHERE");
+        const bool ends = token.isSign(",") || token.isWord("AND") || token.isWord("OR") ||
+                          token.isWord("WHERE") || token.isWord("FROM");
         if (ends && depth <= column) follows = false;
         if (isSecret(token)) {
             follows = true;
             column = depth;
         }
-        if (follows && token.kind == SqlToken::Kind::Text) found.push_back(token.text);
+        if (follows && isValue(token)) found.push_back(token.text);
     }
     return found;
 }
 
 }  // namespace
-
-bool takesSecrets(std::string_view member) noexcept {
-    return std::ranges::any_of(secretMembers,
-                               [&](std::string_view secret) { return sameName(member, secret); });
-}
 
 bool namesSecrets(std::string_view statement) {
     return std::ranges::any_of(secretColumns, [&](std::string_view column) {
@@ -109,6 +109,25 @@ std::string withoutSecrets(std::string_view statement) {
     } catch (const SqlError&) {
         return std::string(hiddenText);
     }
+}
+
+std::string errorWithoutSecrets(std::string_view statement, std::string_view error) {
+    if (!namesSecrets(statement)) return std::string(error);
+    // The database quotes the part of a statement at which it stopped, or names it behind a colon.
+    const auto quoted = [&](const SqlToken& token) {
+        return !token.text.empty() &&
+               std::ranges::any_of(std::initializer_list<std::string_view>{"'", "\"", "[", ": "},
+                                   [&](std::string_view before) {
+                                       return error.find(std::string(before) + std::string(token.text)) !=
+                                              error.npos;
+                                   });
+    };
+    try {
+        if (std::ranges::none_of(tokenizeSql(statement), quoted)) return std::string(error);
+    } catch (const SqlError&) {
+        // What cannot be read as a statement may quote anything.
+    }
+    return "A statement about passwords failed.";
 }
 
 }  // namespace tsln::workbench
