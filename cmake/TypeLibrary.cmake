@@ -22,6 +22,9 @@ function(tsln_interface target template)
                 ${CMAKE_SOURCE_DIR}/${template}
         COMMAND ${TSLN_WIDL_PROGRAM} ${system} -t -I${TSLN_IDL_FOLDER} -L${TSLN_TLB_FOLDER} -o ${folder}/${stem}.tlb
                 ${folder}/${stem}.idl
+        # The compiler notes the time, as a text and as a number.
+        COMMAND perl -0777 -pi -e "s/(Created by WIDL version \\S+ at ).{24}/\${1}Thu Jan  1 00:00:00 1970/s; s/\\x13\\x00.{4}WW/\\x13\\x00\\0\\0\\0\\0WW/s"
+                ${folder}/${stem}.tlb
         COMMAND ${TSLN_WIDL_PROGRAM} ${system} -h -I${TSLN_IDL_FOLDER} -o ${folder}/${stem}.h ${folder}/${stem}.idl
         DEPENDS ${template} bridge/Operations.def
         VERBATIM)

@@ -18,7 +18,7 @@ class Viewer {
     using Function = HWND(WINAPI*)(HWND, LPCWSTR, UINT, DWORD_PTR);
 
     Function function() {
-        if (!module_) module_ = LoadLibraryW(L"hhctrl.ocx");
+        if (!module_) module_ = LoadLibraryExW(L"hhctrl.ocx", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
         if (!module_) return nullptr;
         return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module_, "HtmlHelpW")));
     }

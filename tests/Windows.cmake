@@ -61,6 +61,12 @@ tsln_windows_test(com_server com/server
     USES tsln_com_edge tsln_window_driver tsln_workbench_host tsln_doubles tsln_interface)
 add_dependencies(test_com_server tslnmaint5 tsln5pkg.exe tessaline-agent tsln_interface_files)
 
+# The headers of the built programs show the platform's mitigations.
+add_test(NAME hardening COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/hardening.sh release $<TARGET_FILE:tslnmaint5>
+    $<TARGET_FILE:tessaline-workbench> $<TARGET_FILE:tessaline-meter> $<TARGET_FILE:tessaline-agent>
+    $<TARGET_FILE:tsln5pkg.exe>)
+set_tests_properties(hardening PROPERTIES ENVIRONMENT OBJDUMP=${CMAKE_OBJDUMP})
+
 # The package as a user has it: unpacked, registered by its script, used from a script, unregistered.
 add_test(NAME package COMMAND ${CMAKE_CPACK_COMMAND} -B ${CMAKE_BINARY_DIR}/package
                               --config ${CMAKE_BINARY_DIR}/CPackConfig.cmake)

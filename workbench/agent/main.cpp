@@ -17,6 +17,7 @@
 
 #include "workbench/agent/SyncRequests.h"
 #include "workbench/company/CommandLine.h"
+#include "workbench/company/LoadPath.h"
 
 namespace {
 
@@ -55,6 +56,7 @@ std::string readFolder(const std::vector<std::string>& words) {
 }  // namespace
 
 int main(int count, char** arguments) {
+    restrictLoadPath();
     const std::string folder = readFolder(commandLineWords(count, arguments));
     if (folder.empty()) return BadCommandLine;
     int result = Done;

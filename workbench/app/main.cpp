@@ -3,6 +3,7 @@
 #include "workbench/app/Console.h"
 #include "workbench/app/WorkbenchApp.h"
 #include "workbench/company/CommandLine.h"
+#include "workbench/company/LoadPath.h"
 #include "workbench/host/SecurityObject.h"
 
 #ifdef __WXGTK__
@@ -12,6 +13,7 @@
 using namespace tsln::workbench;
 
 int main(int argc, char** argv) {
+    restrictLoadPath();
     int exitCode = 0;
     const std::vector<std::string> words = commandLineWords(argc, argv);
     std::vector<const char*> pointers;

@@ -12,6 +12,7 @@
 
 #include <wx/app.h>
 
+#include "workbench/company/LoadPath.h"
 #include "workbench/tour/VirtualUser.h"
 
 namespace {
@@ -36,7 +37,10 @@ std::string shot(int number, int inches) {
 
 class Meter : public wxApp {
   public:
-    bool OnInit() override { return true; }
+    bool OnInit() override {
+        tsln::workbench::restrictLoadPath();
+        return true;
+    }
     int OnRun() override {
         using tsln::workbench::press;
         const Series series = readSeries();

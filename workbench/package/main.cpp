@@ -18,6 +18,7 @@
 #include <vector>
 
 #include "workbench/company/CommandLine.h"
+#include "workbench/company/LoadPath.h"
 #include "workbench/company/PackageSource.h"
 #include "workbench/sql/TextOrder.h"
 #include "workbench/package/Packages.h"
@@ -138,6 +139,7 @@ void run(const std::vector<std::string>& words) {
 }  // namespace
 
 int main(int count, char** arguments) {
+    restrictLoadPath();
     try {
         run(commandLineWords(count, arguments));
         return Done;
