@@ -5,6 +5,7 @@
 #include "automation/FilePath.h"
 #include "bridge/Host.h"
 #include "bridge/SyncState.h"
+#include "shared/CommandWord.h"
 #include "shared/modSharedStrings.h"
 
 namespace tsln {
@@ -116,7 +117,7 @@ void Library::runPackageProcessor(const std::string& keys, bool wait) {
         return;
     }
     const std::string arguments =
-        (keys.empty() ? " /EnterKeys" : " /Keys:" + keys) + " /PSD:\"" + Host(*this).PSDFile() + "\"";
+        (keys.empty() ? " /EnterKeys" : " /Keys:" + keys) + " /PSD:" + commandWord(Host(*this).PSDFile());
     if (wait) {
         // Without quotes, the program's name would end at the first blank of its folder.
         const bool blanks = program.find(' ') != std::string::npos;

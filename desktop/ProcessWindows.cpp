@@ -6,6 +6,7 @@
 
 #include <wx/string.h>
 
+#include "automation/FilePath.h"
 #include "desktop/Process.h"
 #include "desktop/Text.h"
 
@@ -32,6 +33,8 @@ ProcessEnd runProcess(std::string_view commandLine, const std::function<void()>&
 }
 
 bool openDetached(std::string_view file, std::string_view arguments) {
+    // The shell would look for a name without a folder in the current folder first.
+    if (!pathOf(file).is_absolute() && file.find("://") == file.npos) return false;
     constexpr INT_PTR lastErrorCode = 32;
     const HINSTANCE result = ShellExecuteW(nullptr, L"open", toWx(file).wc_str(), toWx(arguments).wc_str(),
                                            nullptr, SW_SHOWNORMAL);

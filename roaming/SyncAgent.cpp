@@ -3,7 +3,7 @@
 #include <filesystem>
 
 #include "automation/FilePath.h"
-#include "shared/modSharedStrings.h"
+#include "shared/CommandWord.h"
 
 namespace tsln::roaming {
 namespace {
@@ -12,18 +12,10 @@ namespace {
 constexpr std::string_view agentProgram = "RoamingSyncAgent";
 constexpr std::string_view stopOption = "StopSync";
 
-/// The text in double quotes, as one word of a command line.
-std::string asWord(std::string_view text) {
-    std::string word = modSharedStrings::replaceAll(text, "\"", "\\\"");
-    // A backslash before the closing quote would make it a part of the path; "C:\." is the folder "C:\".
-    if (word.ends_with('\\')) word += '.';
-    return '"' + word + '"';
-}
-
 std::string argumentsOf(const Host& host) {
     const std::string profile = host.profiles().Profile();
-    return "/Profile:" + asWord(profile.empty() ? "(default)" : profile) +
-           " /Companies:" + asWord(host.options().UserFileLocation("Companies"));
+    return "/Profile:" + commandWord(profile.empty() ? "(default)" : profile) +
+           " /Companies:" + commandWord(host.options().UserFileLocation("Companies"));
 }
 
 }  // namespace

@@ -263,7 +263,11 @@ TEST(RunPackageProcessor, BuildsTheCommandLine) {
     EXPECT_THAT(stage.desktop.commandLines,
                 ElementsAre(program + " /Keys:TSLN50_Terms /PSD:\"/psd/company.psd\"",
                             program + " /EnterKeys /PSD:\"/psd/company.psd\""));
-    EXPECT_THAT(stage.desktop.opened, ElementsAre(program + "| /Keys:A;B /PSD:\"/psd/company.psd\""));
+    // A quote in a path ends no word.
+    stage.host->on("PSDFile", Variant("/a \"b\\"));
+    stage.library->RunPackageProcessor("C", false);
+    EXPECT_THAT(stage.desktop.opened, ElementsAre(program + "| /Keys:A;B /PSD:\"/psd/company.psd\"",
+                                                  program + "| /Keys:C /PSD:\"/a \\\"b\\.\""));
     EXPECT_THAT(stage.desktop.boxes, IsEmpty());
 }
 

@@ -3,6 +3,7 @@
 #include <wx/utils.h>
 
 #include "desktop/Process.h"
+#include "shared/CommandWord.h"
 
 namespace tsln::workbench {
 
@@ -15,7 +16,7 @@ void startAgentIfWanted(CompanySession& session) {
     const std::string program = options->call("ExternalProgram", "RoamingSyncAgent").toText();
     if (program.empty()) return;
     const std::string folder = options->call("UserFileLocation", "Companies").toText();
-    if (desktop::openDetached(program, "/Profile:\"(default)\" /Companies:\"" + folder + "\"")) return;
+    if (desktop::openDetached(program, "/Profile:\"(default)\" /Companies:" + commandWord(folder))) return;
     session.eventLog().record(EventLog::Error, "The sync agent " + program + " could not be started.");
 }
 
