@@ -83,7 +83,7 @@ void measureCostMethods(Report& report, std::size_t vendors) {
         using VendorCostMethods::VendorCostMethods;
     };
     std::vector<double> statements, shares;
-    for (std::size_t i = 0; i < rounds; ++i) {
+    for (std::size_t i = 0; i < shareRounds; ++i) {
         Grid grid(*stage.library);
         stage.time = {};
         const double all = secondsOf([&] { grid.opened(); });

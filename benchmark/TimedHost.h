@@ -55,11 +55,12 @@ class TimedObject : public Object {
     HostTime& time_;
 };
 
+inline constexpr std::size_t shareRounds = 5;
+
 /// The ratio of the module's own time to the host's, over several rounds of the work.
 inline Spread shareOf(HostTime& time, const std::function<void()>& work) {
-    constexpr std::size_t rounds = 5;
     std::vector<double> shares;
-    for (std::size_t i = 0; i < rounds; ++i) {
+    for (std::size_t i = 0; i < shareRounds; ++i) {
         time.reset();
         const double all = secondsOf(work);
         shares.push_back(all / time.seconds() - 1);
