@@ -27,8 +27,15 @@ PackageCopyrightText: NOASSERTION
 endfunction()
 
 function(tsln_software_list file)
-    execute_process(COMMAND git -C ${CMAKE_SOURCE_DIR} log -1 --format=%cd --date=format-local:%Y-%m-%dT%H:%M:%SZ
+    execute_process(COMMAND ${CMAKE_COMMAND} -E env TZ=UTC git -C ${CMAKE_SOURCE_DIR} log -1 --format=%cd
+                            --date=format-local:%Y-%m-%dT%H:%M:%SZ
                     OUTPUT_VARIABLE created OUTPUT_STRIP_TRAILING_WHITESPACE ERROR_QUIET)
+    # A further commit changes the date.
+    execute_process(COMMAND git -C ${CMAKE_SOURCE_DIR} rev-parse --path-format=absolute --git-path logs/HEAD
+                    OUTPUT_VARIABLE commits OUTPUT_STRIP_TRAILING_WHITESPACE ERROR_QUIET)
+    if(EXISTS "${commits}")
+        set_property(DIRECTORY ${CMAKE_SOURCE_DIR} APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${commits}")
+    endif()
     if(NOT created)
         set(created 2023-11-14T22:13:20Z)
     endif()
