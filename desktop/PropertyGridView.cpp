@@ -7,6 +7,7 @@
 
 #include "desktop/ControlView.h"
 #include "desktop/NativeGrid.h"
+#include "desktop/ReportTexts.h"
 #include "desktop/Text.h"
 #include "screens/PropertyGrid.h"
 
@@ -46,7 +47,7 @@ class ItemModel : public wxDataViewModel {
 
     void GetValue(wxVariant& value, const wxDataViewItem& item, unsigned column) const override {
         const PropertyGrid::Item* const found = find(item);
-        value = found ? toWx(column == 0 ? found->caption : found->value) : wxString();
+        value = found ? onOneLine(column == 0 ? found->caption : found->value) : wxString();
     }
     bool SetValue(const wxVariant&, const wxDataViewItem&, unsigned) override { return false; }
     bool GetAttr(const wxDataViewItem& item, unsigned, wxDataViewItemAttr& attr) const override {

@@ -12,8 +12,9 @@ namespace {
 constexpr int headerPadding = 28;  // around a column's caption, so that it and a sort arrow are shown whole
 constexpr std::size_t mostShown = 1000;  // bytes of a cell that are drawn; no column is wider
 
-/// On one line, cut where no cell is wide enough to show more.
-wxString cellText(std::string_view text) {
+}  // namespace
+
+wxString onOneLine(std::string_view text) {
     if (text.size() > mostShown) {
         std::size_t end = mostShown;
         while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80)
@@ -27,13 +28,11 @@ wxString cellText(std::string_view text) {
     return shown;
 }
 
-}  // namespace
-
 wxString shownText(const ReportControl& report, std::size_t row, std::size_t column) {
     const ReportControl::Row& shown = report.row(row);
     if (!shown.isGroup() && report.columns[column].kind == ReportColumn::Kind::Check)
         return report.checked(shown.record, column) ? wxString("Yes") : wxString();
-    return cellText(report.rowText(row, column));
+    return onOneLine(report.rowText(row, column));
 }
 
 void GroupTexts::count() {
