@@ -15,7 +15,8 @@ namespace tsln::desktop {
 
 /// A text on one line, cut where no cell is wide enough to show more.
 wxString onOneLine(std::string_view text);
-/// A cell's text on one line; "Yes" for a ticked check box where only text is drawn. A group row has its text in column 0. Row and column must exist.
+/// A cell's text on one line; "Yes" for a ticked check box where only text is drawn. A group row has its text in
+/// column 0. Row and column must exist.
 wxString shownText(const ReportControl& report, std::size_t row, std::size_t column);
 
 /// The texts of group rows, with the number of rows below each.

@@ -15,6 +15,7 @@ using modSharedSQL::format;
 std::vector<std::pair<std::string, std::string>> columnsInOrder(const std::deque<Field>& fields,
                                                                 std::int8_t FieldDescription::*place) {
     std::vector<const Field*> ordered;
+    ordered.reserve(fields.size());
     for (const Field& field : fields)
         ordered.push_back(&field);
     std::ranges::stable_sort(ordered, {}, [&](const Field* field) { return field->description().*place; });
@@ -44,7 +45,7 @@ std::string updateStatement(std::string_view table, const RecordDescription& rec
     std::string assignments;
     for (const auto& [column, tag] : columnsInOrder(fields, &FieldDescription::updatePlace)) {
         if (!assignments.empty()) assignments += ", ";
-        assignments += column + " = " + tag;
+        assignments.append(column).append(" = ").append(tag);
     }
     return format("UPDATE {0} SET {1} WHERE ID = <id>", table, assignments);
 }
