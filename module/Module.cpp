@@ -5,6 +5,7 @@
 #include "lists/Lists.h"
 #include "measurements/Measurements.h"
 #include "messages/Messages.h"
+#include "migration/Migration.h"
 #include "options/Options.h"
 #include "pricing/Pricing.h"
 #include "roaming/Roaming.h"
@@ -21,6 +22,7 @@ void plugInModule(Library& library) {
     messages::plugIn(library);
     security::plugIn(library);
     roaming::plugIn(library);
+    migration::plugIn(library);
 }
 
 }  // namespace tsln

@@ -6,7 +6,7 @@
 #include <system_error>
 
 #include "automation/FilePath.h"
-#include "workbench/company/EmbeddedFile.h"
+#include "automation/EmbeddedFile.h"
 #include "workbench/host/TextOf.h"
 
 namespace tsln::workbench {

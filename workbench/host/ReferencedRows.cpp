@@ -1,0 +1,112 @@
+#include "workbench/host/ReferencedRows.h"
+
+#include <algorithm>
+
+#include "automation/Object.h"
+#include "shared/modSharedStrings.h"
+#include "shared/modSharedXML.h"
+#include "workbench/sql/SqlText.h"
+#include "workbench/sql/TextOrder.h"
+#include "workbench/host/ListImporter.h"
+
+namespace tsln::workbench {
+
+using modSharedXML::Record;
+using modSharedXML::Records;
+
+std::string ImportValue::sql() const {
+    return text ? literal(*text) : "NULL";
+}
+
+std::vector<ImportValue>::const_iterator findValue(const std::vector<ImportValue>& values, std::string_view column) {
+    return std::ranges::find_if(values, [&](const ImportValue& v) { return sameName(v.column, column); });
+}
+
+std::string comparable(std::string_view text) {
+    return encodeUtf8(decodeFolded(modSharedStrings::trim(text)));
+}
+
+void UpgradedRows::add(std::string_view table, std::string_view identity, std::int32_t ID) {
+    if (!identity.empty()) tables_[std::string(table)].insert_or_assign(comparable(identity), std::to_string(ID));
+}
+
+const std::string* UpgradedRows::find(std::string_view table, std::string_view identity) const {
+    const auto rows = tables_.find(table);
+    if (rows == tables_.end()) return nullptr;
+    const auto row = rows->second.find(comparable(identity));
+    return row == rows->second.end() ? nullptr : &row->second;
+}
+
+ReferencedRows::ReferencedRows(Company& company, const ImportReference& reference, const UpgradedRows* upgrade)
+    : reference_(reference), upgrade_(upgrade) {
+    std::string columns = "ID";
+    for (const ImportReference::Name& name : reference.nameColumns())
+        columns += ", " + bracketed(name.nameColumn);
+    if (upgrade_) columns += ", UniqueID";
+    const Records rows =
+        Records::parse(company.read("SELECT " + columns + " FROM " + bracketed(reference.table)));
+    for (const Record row : rows) {
+        const std::string id = std::to_string(modSharedXML::readLong("ID", row));
+        std::string key;
+        for (const ImportReference::Name& name : reference.nameColumns())
+            key += comparable(modSharedXML::readText(name.nameColumn, row)) + '\0';
+        keys_.try_emplace(std::move(key), id);
+        if (upgrade_) identities_.try_emplace(comparable(modSharedXML::readText("UniqueID", row)), id);
+    }
+}
+
+bool ReferencedRows::isNamedBy(std::string_view column) const {
+    return std::ranges::any_of(reference_.nameColumns(), [&](const ImportReference::Name& name) {
+        return sameName(name.column, column);
+    });
+}
+
+bool ReferencedRows::isIdentifiedBy(std::string_view column) const {
+    return sameName(column, reference_.identity.empty() ? std::string(reference_.names[0].column) + "UniqueID"
+                                                        : std::string(reference_.identity));
+}
+
+const std::string* ReferencedRows::keyOf(std::string_view identity, const std::string& names) const {
+    if (!identity.empty()) {
+        if (const std::string* key = upgrade_->find(reference_.table, identity)) return key;
+        if (const auto own = identities_.find(comparable(identity)); own != identities_.end()) return &own->second;
+    }
+    const auto named = keys_.find(names);
+    return named == keys_.end() ? nullptr : &named->second;
+}
+
+void ReferencedRows::resolve(std::vector<ImportValue>& values) const {
+    std::string names, first, identity;
+    bool refers = false;
+    const auto take = [&](auto value) {
+        refers = true;
+        std::string text = value->text.value_or("");
+        values.erase(value);
+        return text;
+    };
+    for (const ImportReference::Name& name : reference_.nameColumns()) {
+        const auto value = findValue(values, name.column);
+        const std::string text = value == values.end() ? "" : take(value);
+        if (names.empty()) first = text;
+        names += comparable(text) + '\0';
+    }
+    const auto identified =
+        std::ranges::find_if(values, [&](const ImportValue& v) { return isIdentifiedBy(v.column); });
+    if (identified != values.end()) identity = take(identified);
+    if (!refers) return;
+
+    ImportValue result{std::string(reference_.keyColumn), {}};
+    const bool none = comparable(first).empty() && identity.empty();
+    if (!(reference_.optional && none)) {
+        if (const std::string* key = keyOf(identity, names)) {
+            result.text = *key;
+        } else if (!(upgrade_ && reference_.optional)) {
+            throw ImportError("There is no '" + first + "' in " + std::string(reference_.table) + ".");
+        }
+    }
+    if (findValue(values, result.column) != values.end())
+        throw ImportError("The column " + result.column + " occurs twice.");
+    values.push_back(std::move(result));
+}
+
+}  // namespace tsln::workbench
