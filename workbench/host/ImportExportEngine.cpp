@@ -110,12 +110,9 @@ void ImportExportEngine::upgradeSection(pugi::xml_node section) {
     company.begin();
     try {
         imported = importSection(company, section, {.upgrade = &upgraded_, .goOn = goOn});
-    } catch (const ImportError& error) {
-        company.commit();
-        throw ImportError(std::string(error.what()) + " What was imported before stays.");
-    } catch (...) {
+    } catch (const std::exception& error) {
         if (company.inTransaction()) company.commit();
-        throw;
+        throw ImportError(std::string(error.what()) + " What was imported before stays.");
     }
     company.commit();
     const std::string told = name + ": " + std::to_string(imported.count()) + " records were imported, " +

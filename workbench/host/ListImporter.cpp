@@ -123,8 +123,11 @@ class SectionImport {
         for (const pugi::xml_node record : section.children("Record")) {
             for (const pugi::xml_node field : record.children()) {
                 if (field.type() != pugi::node_element || !seen.insert(field.name()).second) continue;
-                if (isPassedOver(field.name()) || isReference(field.name()) || hasColumn(field.name()))
+                if (isPassedOver(field.name())) {
+                    passedOver_.insert(field.name());
                     continue;
+                }
+                if (isReference(field.name()) || hasColumn(field.name())) continue;
                 unknown += (unknown.empty() ? "" : ", ") + std::string(field.name());
             }
         }
@@ -137,7 +140,7 @@ class SectionImport {
     std::vector<Value> values(pugi::xml_node record) const {
         std::vector<Value> result;
         for (const pugi::xml_node field : record.children()) {
-            if (field.type() != pugi::node_element || isPassedOver(field.name())) continue;
+            if (field.type() != pugi::node_element || passedOver_.contains(field.name())) continue;
             std::string column = field.name(), text;
             for (const pugi::xml_node part : field.children()) {
                 if (part.type() == pugi::node_element)
@@ -238,7 +241,8 @@ class SectionImport {
     ImportedRecords imported_;
     std::unordered_map<std::string, Alike> rows_;                // by the texts of their keys
     std::unordered_map<std::string, std::int32_t> identified_;  // keys by identity; for an upgrade
-    std::unordered_set<std::string> dates_;                      // the dates of change that the table has
+    std::unordered_set<std::string> dates_;                     // the dates of change that the table has
+    std::unordered_set<std::string> passedOver_;                // columns of the file that are not imported
     std::vector<ReferencedRows> referenced_;
     std::optional<std::unordered_set<std::string>> identities_;
 };

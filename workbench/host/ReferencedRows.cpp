@@ -38,7 +38,10 @@ const std::string* UpgradedRows::find(std::string_view table, std::string_view i
 }
 
 ReferencedRows::ReferencedRows(Company& company, const ImportReference& reference, const UpgradedRows* upgrade)
-    : reference_(reference), upgrade_(upgrade) {
+    : reference_(reference),
+      upgrade_(upgrade),
+      identityColumn_(reference.identity.empty() ? std::string(reference.names[0].column) + "UniqueID"
+                                                 : std::string(reference.identity)) {
     std::string columns = "ID";
     for (const ImportReference::Name& name : reference.nameColumns())
         columns += ", " + bracketed(name.nameColumn);
@@ -62,8 +65,7 @@ bool ReferencedRows::isNamedBy(std::string_view column) const {
 }
 
 bool ReferencedRows::isIdentifiedBy(std::string_view column) const {
-    return sameName(column, reference_.identity.empty() ? std::string(reference_.names[0].column) + "UniqueID"
-                                                        : std::string(reference_.identity));
+    return sameName(column, identityColumn_);
 }
 
 const std::string* ReferencedRows::keyOf(std::string_view identity, const std::string& names) const {
@@ -90,8 +92,7 @@ void ReferencedRows::resolve(std::vector<ImportValue>& values) const {
         if (names.empty()) first = text;
         names += comparable(text) + '\0';
     }
-    const auto identified =
-        std::ranges::find_if(values, [&](const ImportValue& v) { return isIdentifiedBy(v.column); });
+    const auto identified = findValue(values, identityColumn_);
     if (identified != values.end()) identity = take(identified);
     if (!refers) return;
 

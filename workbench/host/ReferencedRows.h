@@ -58,6 +58,7 @@ class ReferencedRows {
 
     const ImportReference& reference_;
     const UpgradedRows* upgrade_;
+    std::string identityColumn_;  // in the file
     std::unordered_map<std::string, std::string> keys_;        // by their names
     std::unordered_map<std::string, std::string> identities_;  // keys by the rows' own identities
 };
