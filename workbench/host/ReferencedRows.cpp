@@ -68,41 +68,42 @@ bool ReferencedRows::isIdentifiedBy(std::string_view column) const {
     return sameName(column, identityColumn_);
 }
 
-const std::string* ReferencedRows::keyOf(std::string_view identity, const std::string& names) const {
+const std::string* ReferencedRows::keyOf(std::string_view identity, std::span<const std::string> names) const {
     if (!identity.empty()) {
-        if (const std::string* key = upgrade_->find(reference_.table, identity)) return key;
+        if (const std::string* upgraded = upgrade_->find(reference_.table, identity)) return upgraded;
         if (const auto own = identities_.find(comparable(identity)); own != identities_.end()) return &own->second;
     }
-    const auto named = keys_.find(names);
+    std::string key;
+    for (const std::string& name : names)
+        key += comparable(name) + '\0';
+    const auto named = keys_.find(key);
     return named == keys_.end() ? nullptr : &named->second;
 }
 
 void ReferencedRows::resolve(std::vector<ImportValue>& values) const {
-    std::string names, first, identity;
+    std::vector<std::string> names;
+    std::string identity;
     bool refers = false;
-    const auto take = [&](auto value) {
+    const auto take = [&](std::string_view column) {
+        const auto value = findValue(values, column);
+        if (value == values.end()) return std::string();
         refers = true;
         std::string text = value->text.value_or("");
         values.erase(value);
         return text;
     };
-    for (const ImportReference::Name& name : reference_.nameColumns()) {
-        const auto value = findValue(values, name.column);
-        const std::string text = value == values.end() ? "" : take(value);
-        if (names.empty()) first = text;
-        names += comparable(text) + '\0';
-    }
-    const auto identified = findValue(values, identityColumn_);
-    if (identified != values.end()) identity = take(identified);
+    for (const ImportReference::Name& name : reference_.nameColumns())
+        names.push_back(take(name.column));
+    if (upgrade_) identity = take(identityColumn_);
     if (!refers) return;
 
     ImportValue result{std::string(reference_.keyColumn), {}};
-    const bool none = comparable(first).empty() && identity.empty();
+    const bool none = modSharedStrings::trim(names.front()).empty() && identity.empty();
     if (!(reference_.optional && none)) {
         if (const std::string* key = keyOf(identity, names)) {
             result.text = *key;
         } else if (!(upgrade_ && reference_.optional)) {
-            throw ImportError("There is no '" + first + "' in " + std::string(reference_.table) + ".");
+            throw ImportError("There is no '" + names.front() + "' in " + std::string(reference_.table) + ".");
         }
     }
     if (findValue(values, result.column) != values.end())

@@ -2,6 +2,7 @@
 
 #include <map>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -54,7 +55,7 @@ class ReferencedRows {
     void resolve(std::vector<ImportValue>& values) const;
 
   private:
-    const std::string* keyOf(std::string_view identity, const std::string& names) const;
+    const std::string* keyOf(std::string_view identity, std::span<const std::string> names) const;
 
     const ImportReference& reference_;
     const UpgradedRows* upgrade_;
