@@ -37,6 +37,7 @@ void measureHostCalls(const Settings& settings, Report& report);
 void measureMessages(const Settings& settings, Report& report);
 void measureSecurity(const Settings& settings, Report& report);
 void measureOptions(const Settings& settings, Report& report);
+void measureMigration(const Settings& settings, Report& report);
 void measureStart(const Settings& settings, Report& report);
 
 inline constexpr Group groups[] = {
@@ -46,7 +47,8 @@ inline constexpr Group groups[] = {
     {"deleting", false, measureDeleting}, {"calls", false, measureHostCalls},
     {"pricing", false, measurePricing},   {"messages", false, measureMessages},
     {"editors", false, measureEditors},   {"security", false, measureSecurity},
-    {"options", false, measureOptions},   {"start", true, measureStart},
+    {"options", false, measureOptions},   {"migration", false, measureMigration},
+    {"start", true, measureStart},
 };
 
 /// Measures work at sizes from 1,000 to `most` rows, several rounds each, and adds the curve of the medians.

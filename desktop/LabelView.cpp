@@ -18,6 +18,7 @@ class LabelView : public ControlView {
     }
 
     bool takesFocus() const override { return false; }
+    bool onlyShows() const override { return true; }
 
   private:
     void updateContent() override {
