@@ -10,6 +10,7 @@
 #include "shared/modSharedXML.h"
 #include "workbench/app/Console.h"
 #include "workbench/app/HeadlessDesktop.h"
+#include "workbench/app/SignIn.h"
 #include "workbench/company/CompanyFile.h"
 
 namespace tsln::workbench {
@@ -57,6 +58,10 @@ int makeOldCompany(const Options& options) {
 int migrateOldCompany(const Options& options) {
     PrintingUi ui;
     CompanySession session(options.company, options.user, ui);
+    if (!signInUnasked(session)) {
+        throw SignInError("The user '" + session.user().login +
+                          "' has a password, which is taken from the environment variable TSLN_PASSWORD here.");
+    }
     HeadlessDesktop desktop(session);
     const auto library = std::make_shared<Library>(desktop);
     plugInModule(*library);

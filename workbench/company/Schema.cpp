@@ -81,7 +81,7 @@ void addUpdateTriggers(SQLite::Database& database) {
     }
 }
 
-/// Columns that tables have from a version on. Missing tables are created.
+/// Columns that tables have from a version on. A missing table is created with them.
 struct AddedColumn {
     int since;
     const char *table, *definition;
@@ -157,7 +157,7 @@ void upgrade(SQLite::Database& database) {
     for (const std::string& view : texts(database, "SELECT name FROM sqlite_schema WHERE type = 'view'"))
         database.exec("DROP VIEW \"" + view + "\"");
     for (const AddedColumn& column : addedColumns) {
-        if (before < column.since)
+        if (before < column.since && database.tableExists(column.table))
             database.exec("ALTER TABLE " + std::string(column.table) + " ADD COLUMN " + column.definition);
     }
     for (const DroppedColumn& column : droppedColumns) {
