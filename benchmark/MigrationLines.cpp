@@ -25,7 +25,8 @@ constexpr double mostToExport = 2;
 constexpr const char* customersSet = "MIGRATEQUERIES42_EMPCUST";
 
 std::string customersStatement() {
-    for (const migration::Query& query : migration::readQuerySet(resources::text(customersSet).value_or(""))) {
+    for (const migration::Query& query :
+         migration::readQuerySet(resources::text(customersSet).value_or(""))) {
         if (query.section == "Customers") return std::string(query.statement);
     }
     throw std::runtime_error("There is no query for customers.");
@@ -39,7 +40,9 @@ class ExportDesktop : public test::QuietDesktop {
         if (programId == "tslniee5.Engine") return std::make_shared<Importer>();
         return session_.createObject(programId);
     }
-    std::optional<std::string> textResource(std::string_view) override { return "Customers|" + customersStatement(); }
+    std::optional<std::string> textResource(std::string_view) override {
+        return "Customers|" + customersStatement();
+    }
 
   private:
     /// Takes every document, and imports none.
@@ -94,8 +97,9 @@ struct ExportStage {
 void measureMigration(const Settings& settings, Report& report) {
     {
         ExportStage stage(settings.rows);
-        const Contest contest({{"module", [&] { stage.exportCustomers(); }}, {"bare", [&] { stage.exportBare(); }}},
-                              {.seconds = 20, .leastRounds = 3, .mostRounds = 9});
+        const Contest contest(
+            {{"module", [&] { stage.exportCustomers(); }}, {"bare", [&] { stage.exportBare(); }}},
+            {.seconds = 20, .leastRounds = 3, .mostRounds = 9});
         report.add(Line{"exporting " + std::to_string(settings.rows) + " customers of version 4.2",
                         "reading them from SQLite and writing the document with pugixml", contest.ratio(0, 1),
                         Line::Goal::AtMost, mostToExport});
@@ -104,12 +108,14 @@ void measureMigration(const Settings& settings, Report& report) {
         const HeapMeter meter;
         stage.exportCustomers();
         const double peak = static_cast<double>(meter.peak()) / text;
-        report.add(Line{.what = "memory of that export", .against = "the query's result", .value = {peak, peak, peak}});
+        report.add(Line{
+            .what = "memory of that export", .against = "the query's result", .value = {peak, peak, peak}});
     }
-    measureGrowth(settings, report, "exporting customers of version 4.2", settings.rows, [](std::size_t rows) {
-        const auto stage = std::make_shared<ExportStage>(rows);
-        return Contestant{"export", [stage] { stage->exportCustomers(); }};
-    });
+    measureGrowth(settings, report, "exporting customers of version 4.2", settings.rows,
+                  [](std::size_t rows) {
+                      const auto stage = std::make_shared<ExportStage>(rows);
+                      return Contestant{"export", [stage] { stage->exportCustomers(); }};
+                  });
 }
 
 }  // namespace tsln::bench

@@ -9,8 +9,7 @@ class Terminated {
   public:
     /// Raises HostError when there is no object.
     explicit Terminated(ObjectPtr object) : object_(std::move(object)) {
-        if (!object_)
-            throw HostError(code::objectNotSet, "Library", "The component could not be created.");
+        if (!object_) throw HostError(code::objectNotSet, "Library", "The component could not be created.");
     }
     ~Terminated() {
         try {

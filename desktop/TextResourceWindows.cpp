@@ -1,6 +1,5 @@
 #ifdef _WIN32
 #include <windows.h>
-
 #include <wx/string.h>
 
 #include "desktop/Text.h"

@@ -104,9 +104,9 @@ std::string joinLines(Arguments parts) {
     return text;
 }
 
-const std::set<std::string> subObjects{"Database", "Common",   "Security",           "Options", "Messages",
-                                       "Activity", "Profiles", "CurrentCompanyConn", "TSLNSQL",
-                                       "tslncmgr5.Library.PSD"};
+const std::set<std::string> subObjects{
+    "Database", "Common",   "Security",           "Options", "Messages",
+    "Activity", "Profiles", "CurrentCompanyConn", "TSLNSQL", "tslncmgr5.Library.PSD"};
 
 std::string describe(const Variant& value) {
     return value.isObject() ? "object" : value.toText();

@@ -124,7 +124,8 @@ bool MigrationRun::migrateSet(std::string_view resource, const std::string& conn
 
 /// A statement's export fails with one message box, which tells whether the engine is missing, does not open the company,
 /// or fails to run the statement.
-bool MigrationRun::exportSet(std::string_view queries, const std::string& connectionString, ExportFile& file) {
+bool MigrationRun::exportSet(std::string_view queries, const std::string& connectionString,
+                             ExportFile& file) {
     std::optional<OldCompany> company;
     for (const Query& query : readQuerySet(queries)) {
         screen_.lblStatus.setCaption("Exporting: " + std::string(query.section));
@@ -223,8 +224,9 @@ bool MigrationRun::createTaxGroup(const std::string& codeName, std::int32_t code
     const std::int32_t group = database.ExecuteNonQueryWithID(
         format("INSERT INTO SalesTaxGroups (SalesTaxGroup) VALUES('{0}')", name));
     return group > 0 &&
-           database.ExecuteNonQuery(format(
-               "INSERT INTO SalesTaxGroupCodes (SalesTaxGroupID, SalesTaxCodeID) VALUES({0},{1})", group, codeID));
+           database.ExecuteNonQuery(
+               format("INSERT INTO SalesTaxGroupCodes (SalesTaxGroupID, SalesTaxCodeID) VALUES({0},{1})",
+                      group, codeID));
 }
 
 /// Reports without their pictures still print, so nothing that fails here fails the migration.

@@ -49,7 +49,8 @@ std::optional<fs::path> oldReportsFolder(std::string_view company) {
 
 }  // namespace
 
-void copyReportFiles(const std::string& oldCompany, const std::string& folder, const std::function<bool()>& goOn) {
+void copyReportFiles(const std::string& oldCompany, const std::string& folder,
+                     const std::function<bool()>& goOn) {
     const auto from = oldReportsFolder(oldCompany);
     const fs::path to = pathOf(folder);
     if (!from || !isFolder(to)) return;

@@ -10,6 +10,7 @@ namespace tsln::migration {
 ///
 /// The old reports folder follows from the path of the old company, if that ends with the folder "\companies": see the
 /// rule in ReportFiles.cpp. Stops when `goOn`, asked before each file, returns false.
-void copyReportFiles(const std::string& oldCompany, const std::string& folder, const std::function<bool()>& goOn);
+void copyReportFiles(const std::string& oldCompany, const std::string& folder,
+                     const std::function<bool()>& goOn);
 
 }  // namespace tsln::migration

@@ -18,11 +18,13 @@ TEST(MigrationWindow, EscEndsTheImportWhileTheWindowStaysAlive) {
     WxDesktop desktop([&](std::string_view programId) { return host->component(programId); }, "");
     Library library(desktop);
     library.Initialize(host->sharedCode());
-    host->on("tslnsql5.Engine.ExecuteRead",
-             [](Arguments) { return tsln::test::makeDocument("<Records><Record><A>1</A></Record></Records>"); });
+    host->on("tslnsql5.Engine.ExecuteRead", [](Arguments) {
+        return tsln::test::makeDocument("<Records><Record><A>1</A></Record></Records>");
+    });
     ObjectPtr bar, label;
     host->on("tslniee5.Engine.ProgressBar", [&](Arguments a) { return bar = a[0].toObject(), Variant(); });
-    host->on("tslniee5.Engine.ProgressLabel", [&](Arguments a) { return label = a[0].toObject(), Variant(); });
+    host->on("tslniee5.Engine.ProgressLabel",
+             [&](Arguments a) { return label = a[0].toObject(), Variant(); });
     host->on("tslniee5.Engine.ImportFile", [&](Arguments) {
         label->put("Caption", "Importing: Customers");
         bar->put("Max", 1000);

@@ -49,9 +49,12 @@ struct MigrationStage {
         at.desktop.textResources = {
             {base, std::string("Terms|") + readTerms + "\r\n\r\nJobTypes|" + readTypes + "\r\n"},
             {people, std::string("Customers|") + readCustomers}};
-        at.host->rows(readTerms, std::string("<Records>") + terms + "<Record><Terms>COD</Terms></Record></Records>");
+        at.host->rows(readTerms,
+                      std::string("<Records>") + terms + "<Record><Terms>COD</Terms></Record></Records>");
         at.host->rows(readCustomers, "<Records><Record><CustomerName>A</CustomerName></Record></Records>");
-        at.host->rows(readCodes, "<Records><Record><ID>3</ID><Code>O'Hare</Code></Record><Record><ID>4</ID><Code>WI</Code></Record></Records>");
+        at.host->rows(
+            readCodes,
+            "<Records><Record><ID>3</ID><Code>O'Hare</Code></Record><Record><ID>4</ID><Code>WI</Code></Record></Records>");
         at.host->on("Database.ExecuteScaler", [](Arguments a) {
             return Variant(a[0].toText().find("'WI'") != std::string::npos ? 1 : 0);
         });
@@ -87,21 +90,22 @@ TEST(Migration, ExportsImportsAndMakesTaxGroupsInTheirOrder) {
     EXPECT_THAT(
         calls,
         ElementsAre(
-            "tslncmgr5.Library.PSD.Load(/old/main.company, sa, tsln)", "tslncmgr5.Library.PSD.ConnectionString()",
-            "tslncmgr5.Library.CanOpenCompany2(the old company)", "tslniee5.Engine.Initialize(object)",
-            "tslniee5.Engine.Is42Upgrade=(True)", "tslniee5.Engine.Verbose=(True)",
-            "tslniee5.Engine.ProgressLabel=(object)", "tslniee5.Engine.ProgressBar=(object)",
-            "tslnsql5.Engine.Initialize(the old company)",
+            "tslncmgr5.Library.PSD.Load(/old/main.company, sa, tsln)",
+            "tslncmgr5.Library.PSD.ConnectionString()", "tslncmgr5.Library.CanOpenCompany2(the old company)",
+            "tslniee5.Engine.Initialize(object)", "tslniee5.Engine.Is42Upgrade=(True)",
+            "tslniee5.Engine.Verbose=(True)", "tslniee5.Engine.ProgressLabel=(object)",
+            "tslniee5.Engine.ProgressBar=(object)", "tslnsql5.Engine.Initialize(the old company)",
             std::string("tslnsql5.Engine.ExecuteRead(") + readTerms + ")",
-            std::string("tslnsql5.Engine.ExecuteRead(") + readTypes + ")", "tslnsql5.Engine.PreTerminate()", "import",
-            std::string("Database.ExecuteRead(") + readCodes + ")",
+            std::string("tslnsql5.Engine.ExecuteRead(") + readTypes + ")", "tslnsql5.Engine.PreTerminate()",
+            "import", std::string("Database.ExecuteRead(") + readCodes + ")",
             "Database.ExecuteScaler(SELECT COUNT(*) AS theCount FROM SalesTaxGroups WHERE SalesTaxGroup = 'O''Hare')",
             "Database.ExecuteNonQueryWithID(INSERT INTO SalesTaxGroups (SalesTaxGroup) VALUES('O''Hare'))",
             "Database.ExecuteNonQuery(INSERT INTO SalesTaxGroupCodes (SalesTaxGroupID, SalesTaxCodeID) VALUES(12,3))",
             "Database.ExecuteScaler(SELECT COUNT(*) AS theCount FROM SalesTaxGroups WHERE SalesTaxGroup = 'WI')",
             "Options.UserFileLocation(Reports)", "tslnsql5.Engine.Initialize(the old company)",
-            std::string("tslnsql5.Engine.ExecuteRead(") + readCustomers + ")", "tslnsql5.Engine.PreTerminate()",
-            "import", "tslniee5.Engine.PreTerminate()", "tslncmgr5.Library.PreTerminate()"));
+            std::string("tslnsql5.Engine.ExecuteRead(") + readCustomers + ")",
+            "tslnsql5.Engine.PreTerminate()", "import", "tslniee5.Engine.PreTerminate()",
+            "tslncmgr5.Library.PreTerminate()"));
 
     MigrationStage baseOnly;
     EXPECT_FALSE(baseOnly.migrate(1));
@@ -116,7 +120,8 @@ TEST(Migration, TellsEachFailureByItsCode) {
     };
     const auto raise = [](const char* path) {
         return [=](MigrationStage& at) {
-            at.stage.host->on(path, [](Arguments) -> Variant { throw HostError(code::fail, "Host", "broken"); });
+            at.stage.host->on(path,
+                              [](Arguments) -> Variant { throw HostError(code::fail, "Host", "broken"); });
         };
     };
     const auto without = [](const char* component) {
@@ -126,7 +131,8 @@ TEST(Migration, TellsEachFailureByItsCode) {
             };
         };
     };
-    const Box cannotOpen{"The TSLN 4.2 company file cannot be opened.", MessageButtons::Ok, MessageIcon::Critical, ""};
+    const Box cannotOpen{"The TSLN 4.2 company file cannot be opened.", MessageButtons::Ok,
+                         MessageIcon::Critical, ""};
     const struct {
         const char* what;
         std::function<void(MigrationStage&)> arrange;
@@ -143,13 +149,22 @@ TEST(Migration, TellsEachFailureByItsCode) {
         {"connecting raises", raise("tslnsql5.Engine.Initialize"), {code("Error 31")}},
         {"reading raises", raise("tslnsql5.Engine.ExecuteRead"), {code("Error 21")}},
         {"no document", answer("tslnsql5.Engine.ExecuteRead", ObjectPtr()), {code("Error 21")}},
-        {"damaged rows", answer("tslnsql5.Engine.ExecuteRead", makeDocument("<Records><Record><Terms>x</Record>")), {code("Error 21")}},
+        {"damaged rows",
+         answer("tslnsql5.Engine.ExecuteRead", makeDocument("<Records><Record><Terms>x</Record>")),
+         {code("Error 21")}},
         {"no rows", answer("tslnsql5.Engine.ExecuteRead", makeDocument("<Records/>")), {code("Errror 25")}},
-        {"no queries", [](MigrationStage& at) { at.stage.desktop.textResources[base] = ""; }, {code("Errror 25")}},
-        {"no temporary folder", [](MigrationStage& at) { at.temp.replace("/no such folder"); }, {code("Errror 20")}},
+        {"no queries",
+         [](MigrationStage& at) { at.stage.desktop.textResources[base] = ""; },
+         {code("Errror 25")}},
+        {"no temporary folder",
+         [](MigrationStage& at) { at.temp.replace("/no such folder"); },
+         {code("Errror 20")}},
         {"import fails", answer("tslniee5.Engine.ImportFile", false), {code("Error 50")}},
         {"import raises", raise("tslniee5.Engine.ImportFile"), {code("Error 50")}},
-        {"no customers", [](MigrationStage& at) { at.stage.host->rows(readCustomers, ""); }, {code("Errror 25")}, 1},
+        {"no customers",
+         [](MigrationStage& at) { at.stage.host->rows(readCustomers, ""); },
+         {code("Errror 25")},
+         1},
         {"no tax codes to read", raise("Database.ExecuteRead"), {}, 1},
         {"a tax group fails", answer("Database.ExecuteNonQueryWithID", 0), {}, 1},
         {"tax groups cannot be counted", answer("Database.ExecuteScaler", Variant()), {}, 1},
@@ -165,7 +180,8 @@ TEST(Migration, TellsEachFailureByItsCode) {
         EXPECT_TRUE(at.stage.library->screens().empty());
     }
     // What only shows the progress, and the reports' pictures, are not needed.
-    for (const char* path : {"tslniee5.Engine.ProgressBar", "tslniee5.Engine.Verbose", "Options.UserFileLocation"}) {
+    for (const char* path :
+         {"tslniee5.Engine.ProgressBar", "tslniee5.Engine.Verbose", "Options.UserFileLocation"}) {
         MigrationStage at;
         raise(path)(at);
         EXPECT_FALSE(at.migrate(2)) << path;
@@ -175,8 +191,8 @@ TEST(Migration, TellsEachFailureByItsCode) {
 TEST(Migration, IsCancelledBetweenRecordsAndDuringTheImport) {
     const auto cancelWhen = [](MigrationStage& at, std::function<bool(MigrateScreen&)> isTime) {
         at.stage.desktop.onYield = [&at, isTime] {
-            auto screen = std::static_pointer_cast<MigrateScreen>(
-                at.stage.library->screens().instance("frmMigrate42", [] { return std::shared_ptr<MigrateScreen>(); }));
+            auto screen = std::static_pointer_cast<MigrateScreen>(at.stage.library->screens().instance(
+                "frmMigrate42", [] { return std::shared_ptr<MigrateScreen>(); }));
             if (screen && screen->job() && isTime(*screen)) screen->job()->userCancel();
         };
     };
@@ -203,7 +219,8 @@ TEST(Migration, IsCancelledBetweenRecordsAndDuringTheImport) {
     for (const bool answersTrue : {true, false}) {
         MigrationStage at;
         ObjectPtr bar, label;
-        at.stage.host->on("tslniee5.Engine.ProgressBar", [&](Arguments a) { return bar = a[0].toObject(), Variant(); });
+        at.stage.host->on("tslniee5.Engine.ProgressBar",
+                          [&](Arguments a) { return bar = a[0].toObject(), Variant(); });
         at.stage.host->on("tslniee5.Engine.ProgressLabel",
                           [&](Arguments a) { return label = a[0].toObject(), Variant(); });
         at.stage.host->on("tslniee5.Engine.ImportFile", [&](Arguments) {
@@ -214,7 +231,8 @@ TEST(Migration, IsCancelledBetweenRecordsAndDuringTheImport) {
             }
             return Variant(answersTrue);
         });
-        cancelWhen(at, [](MigrateScreen& screen) { return screen.lblStatus.caption() == "Importing: Terms"; });
+        cancelWhen(at,
+                   [](MigrateScreen& screen) { return screen.lblStatus.caption() == "Importing: Terms"; });
         EXPECT_TRUE(at.migrate());
         EXPECT_THAT(at.stage.host->calls, Contains("tslniee5.Engine.RequestCancel()").Times(1));
         EXPECT_THAT(at.stage.desktop.boxes, IsEmpty());
@@ -228,8 +246,8 @@ TEST(Migration, CopiesTheReportFilesOfACompaniesFolder) {
         const char *company, *reports;
         bool copied;
     } cases[] = {
-        {"/old/companies", "/old/reports", true},  {"/old/Companies", "/old/Reports", true},
-        {"/old\\companies", "/oldreports", true},   {"/old/companies", "/oldReports", true},
+        {"/old/companies", "/old/reports", true},       {"/old/Companies", "/old/Reports", true},
+        {"/old\\companies", "/oldreports", true},       {"/old/companies", "/oldReports", true},
         {"/old/companies/main", "/old/reports", false}, {"/oldcompanies", "/old/reports", false},
     };
     for (const auto& c : cases) {
@@ -249,8 +267,9 @@ TEST(Migration, CopiesTheReportFilesOfACompaniesFolder) {
         for (const auto& entry : fs::directory_iterator(pathOf(now)))
             names.push_back(entry.path().filename().string());
         std::ranges::sort(names);
-        EXPECT_EQ(names, c.copied ? std::vector<std::string>({"logo.jpg", "note.txt", "small.PNG", "terms.rtf"})
-                                  : std::vector<std::string>({"note.txt"}));
+        EXPECT_EQ(names, c.copied
+                             ? std::vector<std::string>({"logo.jpg", "note.txt", "small.PNG", "terms.rtf"})
+                             : std::vector<std::string>({"note.txt"}));
         EXPECT_EQ(fs::file_size(pathOf(now) / "note.txt"), 3U);
     }
 }
@@ -275,7 +294,8 @@ TEST(Migration, FaultsOfTheHostLeaveNoFileScreenOrObject) {
 TEST(MigrationQueries, NameTheirSectionsInOrderInLinesOfPlainText) {
     const auto sections = [](const char* name) {
         const std::string_view text = resources::text(name).value_or("");
-        EXPECT_TRUE(std::ranges::all_of(text, [](char c) { return c == '\r' || c == '\n' || (c >= ' ' && c <= '~'); }));
+        EXPECT_TRUE(std::ranges::all_of(
+            text, [](char c) { return c == '\r' || c == '\n' || (c >= ' ' && c <= '~'); }));
         EXPECT_EQ(std::ranges::count(text, '\r'), std::ranges::count(text, '\n'));
         std::vector<std::string> names;
         for (const Query& query : readQuerySet(text)) {
@@ -288,7 +308,8 @@ TEST(MigrationQueries, NameTheirSectionsInOrderInLinesOfPlainText) {
                 ElementsAre("ShippingMethods", "Terms", "Accounts", "DiscountGroups", "Groups", "JobTypes",
                             "ReferralMethods", "ProductTypes", "Manufacturers", "PaymentMethods", "Locations",
                             "CustomerTypes", "SalesTaxCodes", "Company"));
-    EXPECT_THAT(sections("MIGRATEQUERIES42_EMPCUST"), ElementsAre("Employees", "Customers", "GroupedCustomers"));
+    EXPECT_THAT(sections("MIGRATEQUERIES42_EMPCUST"),
+                ElementsAre("Employees", "Customers", "GroupedCustomers"));
     EXPECT_THAT(readQuerySet("A|SELECT 'x|y'\r\n\r\nno bar\nB|C"),
                 ElementsAre(Query{"A", "SELECT 'x|y'"}, Query{"B", "C"}));
     EXPECT_FALSE(resources::text("MIGRATEQUERIES42"));

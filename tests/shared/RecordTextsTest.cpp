@@ -25,14 +25,18 @@ std::vector<std::string> readAll(const std::string& text) {
 
 TEST(RecordTexts, GivesRowsOfTheUsualFormUnchanged) {
     const std::string rows[] = {
-        "<Record><A>1</A><B/></Record>", "<Record/>", "<Record></Record>", "<Record><A>  </A></Record>",
+        "<Record><A>1</A><B/></Record>",
+        "<Record/>",
+        "<Record></Record>",
+        "<Record><A>  </A></Record>",
         "<Record>\n  <A>a &amp; b &lt;c&gt; &amp;#13;&amp;#10; \"q\" '</A>\n</Record>",
         "<Record><Größe>x > y</Größe><Record2>z</Record2></Record>"};
     std::string text = "<?xml version=\"1.0\"?>\r\n<Records>\r\n";
     for (const std::string& row : rows)
         text += row + "\r\n";
     EXPECT_THAT(readAll(text + "</Records>\n"), testing::ElementsAreArray(rows));
-    EXPECT_EQ(RecordTexts(text + "</Records>").expectedRows(), std::size(rows) - 1) << "all but the empty tag";
+    EXPECT_EQ(RecordTexts(text + "</Records>").expectedRows(), std::size(rows) - 1)
+        << "all but the empty tag";
     for (const char* none : {"", " \r\n", "<Records/>", "<Records></Records>", "<Other><Record/></Other>"})
         EXPECT_THAT(readAll(none), testing::IsEmpty()) << none;
 }
@@ -50,11 +54,13 @@ TEST(RecordTexts, ParsesRowsOfOtherFormsAndRejectsWhatIsNoXml) {
         {"<Record>\n<A\n>1</A ></Record>", "<Record><A>1</A></Record>"},
     };
     for (const auto& c : unusual)
-        EXPECT_THAT(readAll("<Records>" + good + c.row + good + "</Records>"), ElementsAre(good, c.given, good)) << c.row;
+        EXPECT_THAT(readAll("<Records>" + good + c.row + good + "</Records>"),
+                    ElementsAre(good, c.given, good))
+            << c.row;
     EXPECT_THAT(readAll("<Records><!-- none --><Record/></Records>"), ElementsAre("<Record/>"));
 
-    for (const char* bad : {"<Record><A>1</B></Record>", "<Record><A>1</Record>", "<Record><A>1", "<Record><A", "<",
-                            "<Record></Records>", "</Records></Records>"})
+    for (const char* bad : {"<Record><A>1</B></Record>", "<Record><A>1</Record>", "<Record><A>1",
+                            "<Record><A", "<", "<Record></Records>", "</Records></Records>"})
         EXPECT_EQ(readAll(std::string("<Records>") + good + bad).back(), "raised") << bad;
     EXPECT_EQ(readAll("no XML at all").back(), "raised");
     EXPECT_EQ(readAll("<Records>" + good + std::string("\0</Records>", 11)).back(), "raised");

@@ -22,7 +22,8 @@ constexpr std::int16_t withCustomers = 2;  // the kind of migration
 std::vector<std::pair<std::string, std::int64_t>> countRows(Company& company) {
     std::vector<std::pair<std::string, std::int64_t>> counts;
     const auto count = [&](std::string_view table) {
-        counts.emplace_back(table, company.scalar("SELECT COUNT(*) FROM [" + std::string(table) + "]").toLong());
+        counts.emplace_back(table,
+                            company.scalar("SELECT COUNT(*) FROM [" + std::string(table) + "]").toLong());
     };
     for (const char* set : {"MIGRATEQUERIES42_BASEDATA", "MIGRATEQUERIES42_EMPCUST"}) {
         std::string_view text = resources::text(set).value_or("");
@@ -59,8 +60,9 @@ int migrateOldCompany(const Options& options) {
     PrintingUi ui;
     CompanySession session(options.company, options.user, ui);
     if (!signInUnasked(session)) {
-        throw SignInError("The user '" + session.user().login +
-                          "' has a password, which is taken from the environment variable TSLN_PASSWORD here.");
+        throw SignInError(
+            "The user '" + session.user().login +
+            "' has a password, which is taken from the environment variable TSLN_PASSWORD here.");
     }
     HeadlessDesktop desktop(session);
     const auto library = std::make_shared<Library>(desktop);
@@ -77,8 +79,8 @@ int migrateOldCompany(const Options& options) {
     printEvents(company, lastEvent);
     std::printf("Rows in %s:\n  %-20s %9s %9s\n", options.company.c_str(), "Table", "before", "after");
     for (std::size_t i = 0; i < before.size(); ++i) {
-        std::printf("  %-20s %9lld %9lld\n", before[i].first.c_str(), static_cast<long long>(before[i].second),
-                    static_cast<long long>(after[i].second));
+        std::printf("  %-20s %9lld %9lld\n", before[i].first.c_str(),
+                    static_cast<long long>(before[i].second), static_cast<long long>(after[i].second));
     }
     std::printf(cancelled ? "The migration did not succeed.\n" : "The migration succeeded.\n");
     return cancelled ? exitFailed : 0;

@@ -81,16 +81,19 @@ std::optional<Options> readCommandLine(int argc, const char* const* argv, int& e
             ->excludes(show)
             ->excludes(tour)
             ->excludes(company);
-    auto* migrate = line.add_option("--migrate", options.migrate,
-                                    "Bring a company of version 4.2 into the company, without windows, and print what came over")
-                        ->type_name("FILE")
-                        ->excludes(show)
-                        ->excludes(tour)
-                        ->excludes(gallery);
+    auto* migrate =
+        line.add_option(
+                "--migrate", options.migrate,
+                "Bring a company of version 4.2 into the company, without windows, and print what came over")
+            ->type_name("FILE")
+            ->excludes(show)
+            ->excludes(tour)
+            ->excludes(gallery);
     std::vector<std::string> make;
-    line.add_option("--make-42", make,
-                    "Make a company of version 4.2 with demonstration data and a number of customers (default: " +
-                        std::to_string(options.customers42) + ")")
+    line.add_option(
+            "--make-42", make,
+            "Make a company of version 4.2 with demonstration data and a number of customers (default: " +
+                std::to_string(options.customers42) + ")")
         ->type_name("FILE [CUSTOMERS]")
         ->expected(1, 2)
         ->excludes(show)

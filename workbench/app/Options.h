@@ -8,8 +8,9 @@ namespace tsln::workbench {
 
 /// The exit codes of the workbench, except 0.
 enum ExitCode {
-    exitFailed = 1,   ///< the shown operation raised an error, or the tour, the gallery or the migration failed
-    exitUsage = 2,    ///< the command line is invalid
+    exitFailed =
+        1,          ///< the shown operation raised an error, or the tour, the gallery or the migration failed
+    exitUsage = 2,  ///< the command line is invalid
     exitCompany = 3,  ///< the company file cannot be used
     exitUser = 4,     ///< there is no such user, or the password is wrong
     exitDisplay = 5,  ///< there is no display

@@ -134,8 +134,9 @@ void create(SQLite::Database& database) {
 void create42(SQLite::Database& database, int customers) {
     std::string sql = files("version42");
     replaceAll(sql, "{customers}", std::to_string(customers));
-    replaceAll(sql, "{dated}",
-               "LastUpdated TEXT NOT NULL DEFAULT '2009-11-05T16:40:00', UniqueID {text} NOT NULL DEFAULT {uniqueid}");
+    replaceAll(
+        sql, "{dated}",
+        "LastUpdated TEXT NOT NULL DEFAULT '2009-11-05T16:40:00', UniqueID {text} NOT NULL DEFAULT {uniqueid}");
     define(sql);
     SQLite::Transaction transaction(database);
     database.exec(sql);

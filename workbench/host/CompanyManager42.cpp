@@ -60,9 +60,11 @@ class Description : public Object {
                  std::error_code ignored;
                  if (fs::is_directory(pathOf(self.path_), ignored))
                      self.path_ = companyIn(pathOf(self.path_)).value_or(self.path_);
-                 return Variant(!self.path_.empty() && textOf(a[1]) == login && textOf(a[2]).size() == markLength);
+                 return Variant(!self.path_.empty() && textOf(a[1]) == login &&
+                                textOf(a[2]).size() == markLength);
              }},
-            {"ConnectionString", [](Description& self, Arguments) { return Variant(connectionTo(self.path_)); }},
+            {"ConnectionString",
+             [](Description& self, Arguments) { return Variant(connectionTo(self.path_)); }},
         };
         return invokeMember<Description>(*this, "PSD", members, member, access, arguments);
     }
@@ -122,7 +124,8 @@ Variant SqlEngine42::invoke(std::string_view member, Access access, Arguments ar
          [](Self& self, Arguments a) {
              a.require(1, 1);
              if (!self.company_)
-                 throw HostError(code::objectNotSet, "SQL engine", "The SQL engine has not been initialized.");
+                 throw HostError(code::objectNotSet, "SQL engine",
+                                 "The SQL engine has not been initialized.");
              return Variant(makeQueryDocument(self.company_->read(textOf(a[0]))));
          }},
         {"PreTerminate",

@@ -57,8 +57,9 @@ constexpr Rows OldCustomer{
      {{{"SalesRepFirstName", "FirstName"}, {"SalesRepLastName", "LastName"}}},
      true,
      "SalesRepUniqueID"}};
-constexpr Rows OldMembership{{"GroupID", "Groups", {{{"GroupName", "GroupName"}}}, false, "GroupUniqueID"},
-                             {"CustomerID", "Customers", {{{"CustomerName", "CustomerName"}}}, false, "CustomerUniqueID"}};
+constexpr Rows OldMembership{
+    {"GroupID", "Groups", {{{"GroupName", "GroupName"}}}, false, "GroupUniqueID"},
+    {"CustomerID", "Customers", {{{"CustomerName", "CustomerName"}}}, false, "CustomerUniqueID"}};
 }  // namespace references
 
 constexpr bool rowsRepeat = true;

@@ -9,8 +9,8 @@
 
 #include "automation/Object.h"
 #include "shared/modSharedXML.h"
-#include "workbench/sql/SqlText.h"
 #include "workbench/host/ImportLists.h"
+#include "workbench/sql/SqlText.h"
 
 namespace tsln::workbench {
 namespace {
@@ -73,7 +73,8 @@ class SectionImport {
                 key += comparable(modSharedXML::readText(column, row)) + '\0';
             const std::int32_t id = modSharedXML::readLong("ID", row);
             rows_[std::move(key)].ids.push_back(id);
-            if (manner_.upgrade) identified_.emplace(comparable(modSharedXML::readText(identityColumn, row)), id);
+            if (manner_.upgrade)
+                identified_.emplace(comparable(modSharedXML::readText(identityColumn, row)), id);
         }
     }
 
@@ -239,7 +240,7 @@ class SectionImport {
     const ImportList& list_;
     const ImportManner& manner_;
     ImportedRecords imported_;
-    std::unordered_map<std::string, Alike> rows_;                // by the texts of their keys
+    std::unordered_map<std::string, Alike> rows_;               // by the texts of their keys
     std::unordered_map<std::string, std::int32_t> identified_;  // keys by identity; for an upgrade
     std::unordered_set<std::string> dates_;                     // the dates of change that the table has
     std::unordered_set<std::string> passedOver_;                // columns of the file that are not imported

@@ -5,9 +5,9 @@
 #include "automation/Object.h"
 #include "shared/modSharedStrings.h"
 #include "shared/modSharedXML.h"
+#include "workbench/host/ListImporter.h"
 #include "workbench/sql/SqlText.h"
 #include "workbench/sql/TextOrder.h"
-#include "workbench/host/ListImporter.h"
 
 namespace tsln::workbench {
 
@@ -18,7 +18,8 @@ std::string ImportValue::sql() const {
     return text ? literal(*text) : "NULL";
 }
 
-std::vector<ImportValue>::const_iterator findValue(const std::vector<ImportValue>& values, std::string_view column) {
+std::vector<ImportValue>::const_iterator findValue(const std::vector<ImportValue>& values,
+                                                   std::string_view column) {
     return std::ranges::find_if(values, [&](const ImportValue& v) { return sameName(v.column, column); });
 }
 
@@ -27,7 +28,8 @@ std::string comparable(std::string_view text) {
 }
 
 void UpgradedRows::add(std::string_view table, std::string_view identity, std::int32_t ID) {
-    if (!identity.empty()) tables_[std::string(table)].insert_or_assign(comparable(identity), std::to_string(ID));
+    if (!identity.empty())
+        tables_[std::string(table)].insert_or_assign(comparable(identity), std::to_string(ID));
 }
 
 const std::string* UpgradedRows::find(std::string_view table, std::string_view identity) const {
@@ -37,7 +39,8 @@ const std::string* UpgradedRows::find(std::string_view table, std::string_view i
     return row == rows->second.end() ? nullptr : &row->second;
 }
 
-ReferencedRows::ReferencedRows(Company& company, const ImportReference& reference, const UpgradedRows* upgrade)
+ReferencedRows::ReferencedRows(Company& company, const ImportReference& reference,
+                               const UpgradedRows* upgrade)
     : reference_(reference),
       upgrade_(upgrade),
       identityColumn_(reference.identity.empty() ? std::string(reference.names[0].column) + "UniqueID"
@@ -68,10 +71,12 @@ bool ReferencedRows::isIdentifiedBy(std::string_view column) const {
     return sameName(column, identityColumn_);
 }
 
-const std::string* ReferencedRows::keyOf(std::string_view identity, std::span<const std::string> names) const {
+const std::string* ReferencedRows::keyOf(std::string_view identity,
+                                         std::span<const std::string> names) const {
     if (!identity.empty()) {
         if (const std::string* upgraded = upgrade_->find(reference_.table, identity)) return upgraded;
-        if (const auto own = identities_.find(comparable(identity)); own != identities_.end()) return &own->second;
+        if (const auto own = identities_.find(comparable(identity)); own != identities_.end())
+            return &own->second;
     }
     std::string key;
     for (const std::string& name : names)
@@ -103,7 +108,8 @@ void ReferencedRows::resolve(std::vector<ImportValue>& values) const {
         if (const std::string* key = keyOf(identity, names)) {
             result.text = *key;
         } else if (!(upgrade_ && reference_.optional)) {
-            throw ImportError("There is no '" + names.front() + "' in " + std::string(reference_.table) + ".");
+            throw ImportError("There is no '" + names.front() + "' in " + std::string(reference_.table) +
+                              ".");
         }
     }
     if (findValue(values, result.column) != values.end())

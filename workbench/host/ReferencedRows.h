@@ -22,7 +22,8 @@ struct ImportValue {
 };
 
 /// The value of this column, or the end.
-std::vector<ImportValue>::const_iterator findValue(const std::vector<ImportValue>& values, std::string_view column);
+std::vector<ImportValue>::const_iterator findValue(const std::vector<ImportValue>& values,
+                                                   std::string_view column);
 
 /// The text in a form that is equal when the database treats texts as equal.
 std::string comparable(std::string_view text);
@@ -59,7 +60,7 @@ class ReferencedRows {
 
     const ImportReference& reference_;
     const UpgradedRows* upgrade_;
-    std::string identityColumn_;  // in the file
+    std::string identityColumn_;                               // in the file
     std::unordered_map<std::string, std::string> keys_;        // by their names
     std::unordered_map<std::string, std::string> identities_;  // keys by the rows' own identities
 };

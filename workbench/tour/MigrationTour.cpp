@@ -34,14 +34,17 @@ Script migrationTour(ObjectPtr library, Company& company, std::string folder) {
     open(library, "Perform42Migration", old, withCustomers);
     co_await untilActive("Migrate From Version 4.2");
     co_await until(
-        "customers come over", [&company, before] { return count(company, "Customers") > before; }, timeForBaseData);
+        "customers come over", [&company, before] { return count(company, "Customers") > before; },
+        timeForBaseData);
     album.take("customers", "the migration imports customers");
     press(WXK_ESCAPE);
     co_await untilActive("Tessaline Workbench");
     const std::int32_t added = count(company, "Customers") - before;
     expect(added > 0 && added < customers, "Esc ended the migration among the customers");
-    expect(count(company, "Company WHERE Name = 'Lanternlight Blinds & Drapery'") == 1, "the base data came over");
-    expect(count(company, "SalesTaxGroups WHERE SalesTaxGroup = 'WI-STATE'") == 1, "a tax code has its own group");
+    expect(count(company, "Company WHERE Name = 'Lanternlight Blinds & Drapery'") == 1,
+           "the base data came over");
+    expect(count(company, "SalesTaxGroups WHERE SalesTaxGroup = 'WI-STATE'") == 1,
+           "a tax code has its own group");
 }
 
 }  // namespace tsln::workbench

@@ -27,7 +27,8 @@ class ComponentFactory : public com::ComObject<IClassFactory> {
         if (outer) return CLASS_E_NOAGGREGATION;
         return com::guarded(
             [&]() -> HRESULT {
-                return com::adopt(com::newDispatch(session_.createObject(programId_)))->QueryInterface(iid, out);
+                return com::adopt(com::newDispatch(session_.createObject(programId_)))
+                    ->QueryInterface(iid, out);
             },
             nullptr);
     }
@@ -47,9 +48,11 @@ class OfferedComponent {
         CoCreateGuid(&classId);
         wchar_t text[64];
         StringFromGUID2(classId, text, static_cast<int>(std::size(text)));
-        EXPECT_EQ(ERROR_SUCCESS, RegSetValueW(HKEY_CLASSES_ROOT, (key_ + L"\\CLSID").c_str(), REG_SZ, text, 0));
+        EXPECT_EQ(ERROR_SUCCESS,
+                  RegSetValueW(HKEY_CLASSES_ROOT, (key_ + L"\\CLSID").c_str(), REG_SZ, text, 0));
         ComPtr<IClassFactory> factory = com::adopt<IClassFactory>(new ComponentFactory(session, programId));
-        EXPECT_EQ(S_OK, CoRegisterClassObject(classId, factory.Get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &cookie_));
+        EXPECT_EQ(S_OK, CoRegisterClassObject(classId, factory.Get(), CLSCTX_INPROC_SERVER,
+                                              REGCLS_MULTIPLEUSE, &cookie_));
     }
     ~OfferedComponent() {
         CoRevokeClassObject(cookie_);
@@ -83,15 +86,19 @@ TEST_F(MigrationTest, ACompanyOfVersion42ComesOverByTheQueriesInTheModulesResour
     const std::string old = folder.file("old.company");
     workbench::makeCompany42(old, 200);
     const std::string before = value("SELECT COUNT(*) FROM Customers");
-    EXPECT_EQ(VARIANT_FALSE, migrate(old, 2)) << value("SELECT TOP 1 EventText FROM EventLog ORDER BY ID DESC");
+    EXPECT_EQ(VARIANT_FALSE, migrate(old, 2))
+        << value("SELECT TOP 1 EventText FROM EventLog ORDER BY ID DESC");
     EXPECT_EQ(std::stoi(before) + 200, std::stoi(value("SELECT COUNT(*) FROM Customers")));
     workbench::Company source(old, workbench::OpenMode::Version42);
-    for (const auto& [from, now] :
-         {std::pair("SELECT Name, AccountNumber, Phone1, Notes, UniqueID FROM Customers ORDER BY AccountNumber",
-                    "SELECT CustomerName AS Name, AccountNumber, Phone1, Notes, UniqueID FROM Customers WHERE AccountNumber LIKE 'A%' ORDER BY AccountNumber"),
-          std::pair("SELECT FirstName, LastName, UniqueID FROM Employees WHERE Name <> '(None)' AND Name <> '(Administrator)' ORDER BY LastName",
-                    "SELECT FirstName, LastName, UniqueID FROM Employees WHERE ID > 8 ORDER BY LastName"),
-          std::pair("SELECT Name, Fax2 FROM Company", "SELECT Name, Phone4 AS Fax2 FROM Company")}) {
+    for (
+        const auto& [from, now] :
+        {std::pair(
+             "SELECT Name, AccountNumber, Phone1, Notes, UniqueID FROM Customers ORDER BY AccountNumber",
+             "SELECT CustomerName AS Name, AccountNumber, Phone1, Notes, UniqueID FROM Customers WHERE AccountNumber LIKE 'A%' ORDER BY AccountNumber"),
+         std::pair(
+             "SELECT FirstName, LastName, UniqueID FROM Employees WHERE Name <> '(None)' AND Name <> '(Administrator)' ORDER BY LastName",
+             "SELECT FirstName, LastName, UniqueID FROM Employees WHERE ID > 8 ORDER BY LastName"),
+         std::pair("SELECT Name, Fax2 FROM Company", "SELECT Name, Phone4 AS Fax2 FROM Company")}) {
         EXPECT_EQ(source.read(from), session.company().read(now));
     }
     EXPECT_EQ("1", value("SELECT COUNT(*) FROM SalesTaxGroups WHERE SalesTaxGroup = 'O''Hare & Sons'"));

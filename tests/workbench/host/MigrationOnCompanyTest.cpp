@@ -56,7 +56,8 @@ TEST(MigrationOnCompany, TenThousandCustomersComeOverRowByRow) {
     EXPECT_THAT(stage.desktop.boxes, IsEmpty());
     EXPECT_THAT(stage.temp.files(), IsEmpty());
 
-    const std::string date = std::string("strftime('%Y-%m-%dT%H:%M:%S', LastUpdated, ") + hours + " || ' hours')";
+    const std::string date =
+        std::string("strftime('%Y-%m-%dT%H:%M:%S', LastUpdated, ") + hours + " || ' hours')";
     /// Each pair of queries has the same rows: what the old company holds, and what has become of it.
     const struct {
         const char* what;
@@ -64,39 +65,24 @@ TEST(MigrationOnCompany, TenThousandCustomersComeOverRowByRow) {
         bool all = true;  ///< the second has no other rows
     } pairs[] = {
         {"customers",
-         "SELECT Name, AccountNumber, CompanyName, Contact, FirstName, LastName, MiddleInitial, Phone1, Phone2, Fax, Email, "
-         "BillToAddress1, BillToCity, BillToState, BillToZip, BillToCountry, ResaleNumber, TaxExNumber, CreditHold, "
-         "CreditLimit, Notes, Active, UniqueID, 'Home', 'Work', 'Fax', 'Personal', " + date + ", " + date + " FROM old.Customers",
-         "SELECT CustomerName, AccountNumber, CompanyName, Contact, FirstName, LastName, MiddleInitial, Phone1, Phone2, Phone3, "
-         "Email1, BillToAddress1, BillToCity, BillToState, BillToZip, BillToCountry, ResaleNumber, TaxExNumber, CreditHold, "
-         "CreditLimit, Notes, Active, UniqueID, Phone1Label, Phone2Label, Phone3Label, Email1Label, AddedOn, UpdatedOn "
-         "FROM main.Customers WHERE ID > 60"},
+         "SELECT Name, AccountNumber, CompanyName, Contact, FirstName, LastName, MiddleInitial, Phone1, Phone2, Fax, Email, BillToAddress1, BillToCity, BillToState, BillToZip, BillToCountry, ResaleNumber, TaxExNumber, CreditHold, CreditLimit, Notes, Active, UniqueID, 'Home', 'Work', 'Fax', 'Personal', " +
+             date + ", " + date + " FROM old.Customers",
+         "SELECT CustomerName, AccountNumber, CompanyName, Contact, FirstName, LastName, MiddleInitial, Phone1, Phone2, Phone3, Email1, BillToAddress1, BillToCity, BillToState, BillToZip, BillToCountry, ResaleNumber, TaxExNumber, CreditHold, CreditLimit, Notes, Active, UniqueID, Phone1Label, Phone2Label, Phone3Label, Email1Label, AddedOn, UpdatedOn FROM main.Customers WHERE ID > 60"},
         {"what customers refer to",
-         "SELECT c.UniqueID, y.Name, t.Terms, s.Method, g.DiscountGroup, r.ReferralMethod, x.Code, e.LastName "
-         "FROM old.Customers c LEFT JOIN old.CustomerTypes y ON y.ID = c.CustomerTypeID LEFT JOIN old.Terms t ON t.ID = c.TermsID "
-         "LEFT JOIN old.ShippingMethods s ON s.ID = c.ShippingMethodID LEFT JOIN old.DiscountGroups g ON g.ID = c.DiscountGroupID "
-         "LEFT JOIN old.ReferralMethods r ON r.ID = c.ReferralMethodID LEFT JOIN old.SalesTaxCodes x ON x.ID = c.SalesTaxCodeID "
-         "LEFT JOIN old.Employees e ON e.ID = c.SalesRepID AND e.ID > 2",
-         "SELECT c.UniqueID, y.Name, t.Terms, s.ShippingMethod, g.DiscountGroup, r.ReferralMethod, x.SalesTaxGroup, e.LastName "
-         "FROM main.Customers c LEFT JOIN main.CustomerTypes y ON y.ID = c.CustomerTypeID LEFT JOIN main.Terms t ON t.ID = c.TermsID "
-         "LEFT JOIN main.ShippingMethods s ON s.ID = c.ShippingMethodID LEFT JOIN main.DiscountGroups g ON g.ID = c.DiscountGroupID "
-         "LEFT JOIN main.ReferralMethods r ON r.ID = c.ReferralMethodID LEFT JOIN main.SalesTaxGroups x ON x.ID = c.SalesTaxGroupID "
-         "LEFT JOIN main.Employees e ON e.ID = c.SalesRepID WHERE c.ID > 60"},
+         "SELECT c.UniqueID, y.Name, t.Terms, s.Method, g.DiscountGroup, r.ReferralMethod, x.Code, e.LastName FROM old.Customers c LEFT JOIN old.CustomerTypes y ON y.ID = c.CustomerTypeID LEFT JOIN old.Terms t ON t.ID = c.TermsID LEFT JOIN old.ShippingMethods s ON s.ID = c.ShippingMethodID LEFT JOIN old.DiscountGroups g ON g.ID = c.DiscountGroupID LEFT JOIN old.ReferralMethods r ON r.ID = c.ReferralMethodID LEFT JOIN old.SalesTaxCodes x ON x.ID = c.SalesTaxCodeID LEFT JOIN old.Employees e ON e.ID = c.SalesRepID AND e.ID > 2",
+         "SELECT c.UniqueID, y.Name, t.Terms, s.ShippingMethod, g.DiscountGroup, r.ReferralMethod, x.SalesTaxGroup, e.LastName FROM main.Customers c LEFT JOIN main.CustomerTypes y ON y.ID = c.CustomerTypeID LEFT JOIN main.Terms t ON t.ID = c.TermsID LEFT JOIN main.ShippingMethods s ON s.ID = c.ShippingMethodID LEFT JOIN main.DiscountGroups g ON g.ID = c.DiscountGroupID LEFT JOIN main.ReferralMethods r ON r.ID = c.ReferralMethodID LEFT JOIN main.SalesTaxGroups x ON x.ID = c.SalesTaxGroupID LEFT JOIN main.Employees e ON e.ID = c.SalesRepID WHERE c.ID > 60"},
         {"groups of customers",
-         "SELECT c.UniqueID, g.Name FROM old.GroupedCustomers m JOIN old.Groups g ON g.ID = m.GroupID JOIN old.Customers c "
-         "ON c.ID = m.CustomerID WHERE g.Type = 0",
-         "SELECT c.UniqueID, g.GroupName FROM main.GroupedCustomers m JOIN main.Groups g ON g.ID = m.GroupID "
-         "JOIN main.Customers c ON c.ID = m.CustomerID WHERE c.ID > 60"},
+         "SELECT c.UniqueID, g.Name FROM old.GroupedCustomers m JOIN old.Groups g ON g.ID = m.GroupID JOIN old.Customers c ON c.ID = m.CustomerID WHERE g.Type = 0",
+         "SELECT c.UniqueID, g.GroupName FROM main.GroupedCustomers m JOIN main.Groups g ON g.ID = m.GroupID JOIN main.Customers c ON c.ID = m.CustomerID WHERE c.ID > 60"},
         {"employees",
-         "SELECT FirstName, MiddleInitial, LastName, Phone1, Fax, Email, 'Home', 'Mobile', 'Fax', 'Persona', SalesRep, "
-         "Installer, Designer, Active, Notes, UniqueID, " + date + " FROM old.Employees WHERE ID > 2",
-         "SELECT FirstName, MiddleInitial, LastName, Phone1, Phone3, Email1, Phone1Label, Phone2Label, Phone3Label, Email1Label, "
-         "SalesRep, Installer, Designer, Active, Notes, UniqueID, AddedOn FROM main.Employees WHERE ID > 8"},
+         "SELECT FirstName, MiddleInitial, LastName, Phone1, Fax, Email, 'Home', 'Mobile', 'Fax', 'Persona', SalesRep, Installer, Designer, Active, Notes, UniqueID, " +
+             date + " FROM old.Employees WHERE ID > 2",
+         "SELECT FirstName, MiddleInitial, LastName, Phone1, Phone3, Email1, Phone1Label, Phone2Label, Phone3Label, Email1Label, SalesRep, Installer, Designer, Active, Notes, UniqueID, AddedOn FROM main.Employees WHERE ID > 8"},
         {"company",
          "SELECT Name, Phone1, Phone2, Fax1, Fax2, 'Main', 'Other', 'Fax', 'Other', SmallLogoFile, TagLine1 FROM old.Company",
-         "SELECT Name, Phone1, Phone2, Phone3, Phone4, Phone1Label, Phone2Label, Phone3Label, Phone4Label, SmallLogoFile, "
-         "TagLine1 FROM main.Company"},
-        {"locations", "SELECT 'Store' || StoreNumber, Phone1, Fax1, Address1, MarketName, UniqueID FROM old.Origins",
+         "SELECT Name, Phone1, Phone2, Phone3, Phone4, Phone1Label, Phone2Label, Phone3Label, Phone4Label, SmallLogoFile, TagLine1 FROM main.Company"},
+        {"locations",
+         "SELECT 'Store' || StoreNumber, Phone1, Fax1, Address1, MarketName, UniqueID FROM old.Origins",
          "SELECT LocationName, Phone1, Phone3, ShipToAddress1, MarketName, UniqueID FROM main.Locations WHERE ID > 3"},
         {"accounts", "SELECT Account, substr(Description, 1, 255), AccountType FROM old.Accounts",
          "SELECT Account, Description, AccountType FROM main.Accounts", false},
@@ -108,19 +94,22 @@ TEST(MigrationOnCompany, TenThousandCustomersComeOverRowByRow) {
          "SELECT GroupName, Description, GroupType FROM main.Groups", false},
         {"payment methods", "SELECT Method, Type FROM old.PaymentMethods",
          "SELECT PaymentMethod, PaymentType FROM main.PaymentMethods", false},
-        {"names", "SELECT Name FROM old.JobTypes UNION ALL SELECT Name FROM old.Manufacturers UNION ALL SELECT ProductType "
-         "FROM old.ProductTypes UNION ALL SELECT Code FROM old.SalesTaxCodes",
-         "SELECT JobType FROM main.JobTypes UNION ALL SELECT Manufacturer FROM main.Manufacturers UNION ALL SELECT ProductType "
-         "FROM main.ProductTypes UNION ALL SELECT Code FROM main.SalesTaxCodes", false},
+        {"names",
+         "SELECT Name FROM old.JobTypes UNION ALL SELECT Name FROM old.Manufacturers UNION ALL SELECT ProductType FROM old.ProductTypes UNION ALL SELECT Code FROM old.SalesTaxCodes",
+         "SELECT JobType FROM main.JobTypes UNION ALL SELECT Manufacturer FROM main.Manufacturers UNION ALL SELECT ProductType FROM main.ProductTypes UNION ALL SELECT Code FROM main.SalesTaxCodes",
+         false},
         {"tax groups", "SELECT Code, Code FROM old.SalesTaxCodes",
-         "SELECT g.SalesTaxGroup, c.Code FROM main.SalesTaxGroups g JOIN main.SalesTaxGroupCodes m ON m.SalesTaxGroupID = g.ID "
-         "JOIN main.SalesTaxCodes c ON c.ID = m.SalesTaxCodeID", false},
+         "SELECT g.SalesTaxGroup, c.Code FROM main.SalesTaxGroups g JOIN main.SalesTaxGroupCodes m ON m.SalesTaxGroupID = g.ID JOIN main.SalesTaxCodes c ON c.ID = m.SalesTaxCodeID",
+         false},
     };
     for (const auto& pair : pairs) {
         const auto lacking = [&](const std::string& a, const std::string& b) {
-            return stage.both("SELECT COUNT(*) FROM (SELECT * FROM (" + a + ") EXCEPT SELECT * FROM (" + b + "))");
+            return stage.both("SELECT COUNT(*) FROM (SELECT * FROM (" + a + ") EXCEPT SELECT * FROM (" + b +
+                              "))");
         };
-        const auto count = [&](const std::string& sql) { return stage.both("SELECT COUNT(*) FROM (" + sql + ")"); };
+        const auto count = [&](const std::string& sql) {
+            return stage.both("SELECT COUNT(*) FROM (" + sql + ")");
+        };
         EXPECT_EQ(lacking(pair.old, pair.now), "0") << pair.what << " are missing or differ";
         if (!pair.all) continue;
         EXPECT_EQ(lacking(pair.now, pair.old), "0") << pair.what << " have come from nowhere";
@@ -135,16 +124,19 @@ TEST(MigrationOnCompany, ASecondMigrationUpdatesWhatTheFirstOneAdded) {
     makeCompany42(stage.old, 60);
     ASSERT_FALSE(stage.migrate());
     const auto counts = [&] {
-        return stage.rowsOf("SELECT (SELECT COUNT(*) FROM Customers) AS a, (SELECT COUNT(*) FROM Employees) AS b, (SELECT COUNT(*) FROM GroupedCustomers) AS c, (SELECT COUNT(*) FROM JobTypes) AS d, (SELECT COUNT(*) FROM SalesTaxGroups) AS e");
+        return stage.rowsOf(
+            "SELECT (SELECT COUNT(*) FROM Customers) AS a, (SELECT COUNT(*) FROM Employees) AS b, (SELECT COUNT(*) FROM GroupedCustomers) AS c, (SELECT COUNT(*) FROM JobTypes) AS d, (SELECT COUNT(*) FROM SalesTaxGroups) AS e");
     };
     const std::string before = counts();
     // Two customers exchange their names, a third takes the name of one, another has none any more.
-    stage.runOld("UPDATE Customers SET Name = CASE ID WHEN 1 THEN 'Two' WHEN 2 THEN 'One' WHEN 3 THEN 'One' END WHERE ID < 5;"
-                 "UPDATE JobTypes SET Name = 'Show home' WHERE Name = 'Model home'");
-    stage.run("UPDATE Customers SET CustomerName = CASE ID WHEN 61 THEN 'One' ELSE 'Two' END WHERE ID IN (61, 62)");
+    stage.runOld(
+        "UPDATE Customers SET Name = CASE ID WHEN 1 THEN 'Two' WHEN 2 THEN 'One' WHEN 3 THEN 'One' END WHERE ID < 5;UPDATE JobTypes SET Name = 'Show home' WHERE Name = 'Model home'");
+    stage.run(
+        "UPDATE Customers SET CustomerName = CASE ID WHEN 61 THEN 'One' ELSE 'Two' END WHERE ID IN (61, 62)");
     ASSERT_FALSE(stage.migrate()) << stage.events();
     EXPECT_EQ(counts(), before);
-    EXPECT_EQ(stage.rowsOf("SELECT CustomerName FROM Customers WHERE ID BETWEEN 61 AND 63 ORDER BY ID"), "Two;One;One");
+    EXPECT_EQ(stage.rowsOf("SELECT CustomerName FROM Customers WHERE ID BETWEEN 61 AND 63 ORDER BY ID"),
+              "Two;One;One");
     EXPECT_EQ(stage.value("SELECT COUNT(*) FROM JobTypes WHERE JobType = 'Show home'"), "1");
     EXPECT_THAT(stage.lastEvent(), HasSubstr("0 of them are new"));
 }
@@ -153,8 +145,8 @@ TEST(MigrationOnCompany, CancelledInTheMiddleItKeepsWhatItHasWritten) {
     MigrationStage stage;
     makeCompany42(stage.old, 4'000);
     stage.desktop.onYield = [&] {
-        auto screen = std::static_pointer_cast<MigrateScreen>(
-            stage.library->screens().instance("frmMigrate42", [] { return std::shared_ptr<MigrateScreen>(); }));
+        auto screen = std::static_pointer_cast<MigrateScreen>(stage.library->screens().instance(
+            "frmMigrate42", [] { return std::shared_ptr<MigrateScreen>(); }));
         const bool importing = screen && screen->lblStatus.caption() == "Importing: Customers";
         if (importing && screen->ProgressBar1.value() > 0) screen->job()->userCancel();
     };
@@ -164,8 +156,8 @@ TEST(MigrationOnCompany, CancelledInTheMiddleItKeepsWhatItHasWritten) {
     const int written = std::stoi(stage.value("SELECT COUNT(*) - 60 FROM Customers"));
     EXPECT_GT(written, 0);
     EXPECT_LT(written, 4'000);
-    EXPECT_THAT(stage.lastEvent(),
-                HasSubstr("It was cancelled. Customers: " + std::to_string(written) + " records were imported"));
+    EXPECT_THAT(stage.lastEvent(), HasSubstr("It was cancelled. Customers: " + std::to_string(written) +
+                                             " records were imported"));
     EXPECT_EQ(stage.value("SELECT COUNT(*) FROM Employees WHERE LastName = 'O''Toole'"), "1");
 }
 
@@ -177,7 +169,8 @@ TEST(MigrationOnCompany, AnImportThatStopsHalfWayTellsWhatStays) {
     EXPECT_TRUE(stage.migrate());
     EXPECT_THAT(stage.boxes(), ElementsAre("Error 50"));
     EXPECT_EQ(stage.value("SELECT COUNT(*) - 60 FROM Customers"), "6");
-    EXPECT_THAT(stage.lastEvent(), testing::AllOf(HasSubstr("Record 7 of the list Customers"), HasSubstr("stays")));
+    EXPECT_THAT(stage.lastEvent(),
+                testing::AllOf(HasSubstr("Record 7 of the list Customers"), HasSubstr("stays")));
 }
 
 TEST(MigrationOnCompany, EachBadSourceIsAnsweredAndLeavesTheCompanyAsItWas) {
@@ -190,22 +183,45 @@ TEST(MigrationOnCompany, EachBadSourceIsAnsweredAndLeavesTheCompanyAsItWas) {
     } cases[] = {
         {"missing", [](MigrationStage&) {}, cannotOpen, "does not exist"},
         {"no path", [](MigrationStage& at) { at.old = ""; }, "", ""},
-        {"a folder", [](MigrationStage& at) { std::filesystem::create_directories(pathOf(at.old)); }, cannotOpen, "is a folder"},
-        {"no database", [](MigrationStage& at) { at.folder.write("old.company", "not a database in spite of its name, which is long enough to be one of those that hold a header of a hundred bytes and more"); }, cannotOpen, "is not a company file"},
-        {"an empty file", [](MigrationStage& at) { at.folder.write("old.company", ""); }, cannotOpen, "not a company of version 4.2"},
-        {"a company of this version", [](MigrationStage& at) { Company(at.old, OpenMode::Create); }, cannotOpen, "not a company of version 4.2"},
-        {"a lacking table", [](MigrationStage& at) { makeCompany42(at.old, 3); at.runOld("DROP TABLE Origins"); }, "Error 21", "Origins"},
-        {"no rows", [](MigrationStage& at) { makeCompany42(at.old, 0); at.runOld("DELETE FROM ShippingMethods; DELETE FROM Terms; DELETE FROM Accounts; DELETE FROM DiscountGroups; DELETE FROM Groups; DELETE FROM JobTypes; DELETE FROM ReferralMethods; DELETE FROM ProductTypes; DELETE FROM Manufacturers; DELETE FROM PaymentMethods; DELETE FROM Origins; DELETE FROM CustomerTypes; DELETE FROM SalesTaxCodes; DELETE FROM Company"); }, "Errror 25", ""},
+        {"a folder", [](MigrationStage& at) { std::filesystem::create_directories(pathOf(at.old)); },
+         cannotOpen, "is a folder"},
+        {"no database",
+         [](MigrationStage& at) {
+             at.folder.write(
+                 "old.company",
+                 "not a database in spite of its name, which is long enough to be one of those that hold a header of a hundred bytes and more");
+         },
+         cannotOpen, "is not a company file"},
+        {"an empty file", [](MigrationStage& at) { at.folder.write("old.company", ""); }, cannotOpen,
+         "not a company of version 4.2"},
+        {"a company of this version", [](MigrationStage& at) { Company(at.old, OpenMode::Create); },
+         cannotOpen, "not a company of version 4.2"},
+        {"a lacking table",
+         [](MigrationStage& at) {
+             makeCompany42(at.old, 3);
+             at.runOld("DROP TABLE Origins");
+         },
+         "Error 21", "Origins"},
+        {"no rows",
+         [](MigrationStage& at) {
+             makeCompany42(at.old, 0);
+             at.runOld(
+                 "DELETE FROM ShippingMethods; DELETE FROM Terms; DELETE FROM Accounts; DELETE FROM DiscountGroups; DELETE FROM Groups; DELETE FROM JobTypes; DELETE FROM ReferralMethods; DELETE FROM ProductTypes; DELETE FROM Manufacturers; DELETE FROM PaymentMethods; DELETE FROM Origins; DELETE FROM CustomerTypes; DELETE FROM SalesTaxCodes; DELETE FROM Company");
+         },
+         "Errror 25", ""},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
         MigrationStage stage;
         c.make(stage);
-        const std::string before = stage.rowsOf("SELECT Terms FROM Terms UNION ALL SELECT ShippingMethod FROM ShippingMethods");
+        const std::string before =
+            stage.rowsOf("SELECT Terms FROM Terms UNION ALL SELECT ShippingMethod FROM ShippingMethods");
         EXPECT_TRUE(stage.migrate());
         EXPECT_EQ(stage.boxes(), c.box.empty() ? std::vector<std::string>() : std::vector{c.box});
         EXPECT_THAT(stage.events(), HasSubstr(c.event));
-        EXPECT_EQ(stage.rowsOf("SELECT Terms FROM Terms UNION ALL SELECT ShippingMethod FROM ShippingMethods"), before);
+        EXPECT_EQ(
+            stage.rowsOf("SELECT Terms FROM Terms UNION ALL SELECT ShippingMethod FROM ShippingMethods"),
+            before);
         EXPECT_THAT(stage.temp.files(), IsEmpty());
     }
     MigrationStage stage;
