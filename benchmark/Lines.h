@@ -38,6 +38,7 @@ void measureMessages(const Settings& settings, Report& report);
 void measureSecurity(const Settings& settings, Report& report);
 void measureOptions(const Settings& settings, Report& report);
 void measureProperties(const Settings& settings, Report& report);
+void measureMigration(const Settings& settings, Report& report);
 void measureStart(const Settings& settings, Report& report);
 
 inline constexpr Group groups[] = {
@@ -48,6 +49,7 @@ inline constexpr Group groups[] = {
     {"pricing", false, measurePricing},   {"messages", false, measureMessages},
     {"editors", false, measureEditors},   {"security", false, measureSecurity},
     {"options", false, measureOptions},   {"properties", false, measureProperties},
+    {"migration", false, measureMigration},
     {"start", true, measureStart},
 };
 

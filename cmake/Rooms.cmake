@@ -110,8 +110,9 @@ function(tsln_module name folder)
     set(files ${CMAKE_SOURCE_DIR}/${folder})
     add_library(${name} SHARED ${files}/Dll.cpp ${files}/${name}.def ${files}/${name}.rc)
     set_target_properties(${name} PROPERTIES PREFIX "")
+    file(GLOB texts CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/resources/*.txt ${CMAKE_SOURCE_DIR}/resources/*.rc)
     set_source_files_properties(${files}/${name}.rc PROPERTIES
-        OBJECT_DEPENDS "${CMAKE_BINARY_DIR}/interface/${name}.tlb;${files}/${name}.manifest"
+        OBJECT_DEPENDS "${CMAKE_BINARY_DIR}/interface/${name}.tlb;${files}/${name}.manifest;${texts}"
         INCLUDE_DIRECTORIES "${CMAKE_BINARY_DIR}/interface;${files}")
     target_link_libraries(${name} PRIVATE ${target} tsln_flags)
     add_dependencies(${name} tsln_interface_files)

@@ -56,7 +56,7 @@ class ViewMaker : public ControlVisitor {
 }  // namespace
 
 void ControlView::update() {
-    const bool enabled = control_.enabled() && (holdsOthers() || dialog_.takesInput(control_));
+    const bool enabled = control_.enabled() && (holdsOthers() || onlyShows() || dialog_.takesInput(control_));
     if (window_->IsThisEnabled() != enabled) window_->Enable(enabled);
     if (window_->IsShown() != control_.visible()) {
         window_->Show(control_.visible());

@@ -53,6 +53,8 @@ class ControlView {
     virtual bool isTabStop() const { return takesFocus(); }
     /// Whether the control is only a container, which never has the keyboard focus itself.
     virtual bool holdsOthers() const { return false; }
+    /// Whether the user can only look at the control. It keeps its look while a job takes no input.
+    virtual bool onlyShows() const { return false; }
     /// The text on the control; its "&" marks the mnemonic.
     virtual wxString caption() const { return {}; }
 

@@ -1,6 +1,7 @@
 #include <wx/stattext.h>
 
 #include "desktop/ControlView.h"
+#include "desktop/LineBreaks.h"
 #include "desktop/ScreenDialog.h"
 #include "desktop/Text.h"
 #include "screens/Controls.h"
@@ -18,6 +19,7 @@ class LabelView : public ControlView {
     }
 
     bool takesFocus() const override { return false; }
+    bool onlyShows() const override { return true; }
 
   private:
     void updateContent() override {
@@ -26,8 +28,19 @@ class LabelView : public ControlView {
         caption_ = caption;
         text_->SetLabel(caption);
         const int most = text_->FromDIP(widestLine);
-        if (text_->GetBestSize().x > most) text_->Wrap(most);
+        // The toolkit's own wrapping does not break a long word, such as a path.
+        if (text_->GetBestSize().x > most) text_->SetLabel(wrapped(caption, most));
         dialog().layoutChanged();
+    }
+
+    wxString wrapped(const wxString& caption, int most) const {
+        const auto widthOf = [this](const wxString& line) {
+            return text_->GetTextExtent(wxControl::RemoveMnemonics(line)).x;
+        };
+        wxString all;
+        for (const wxString& line : wrapLines(caption, most, widthOf))
+            all << (all.empty() ? "" : "\n") << line;
+        return all;
     }
 
     Label& label_;

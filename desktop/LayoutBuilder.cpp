@@ -23,6 +23,13 @@ namespace {
 constexpr int dialogMargin = 12;  // pixels at 96 per inch
 constexpr int scrollStep = 10;    // pixels
 
+/// A window that only holds others. It takes no focus even where none of them can, as in a screen that shows progress.
+template <class Base>
+class Holder : public Base {
+  public:
+    explicit Holder(wxWindow* parent) : Base(parent) { this->m_container.DisableSelfFocus(); }
+};
+
 bool isColumn(const Layout& layout) {
     return layout.kind != Layout::Kind::Row;
 }
@@ -47,7 +54,7 @@ LayoutBuilder::LayoutBuilder(ScreenDialog& dialog)
 
 LayoutBuilder::Built LayoutBuilder::build(const Layout& layout) {
     const int margin = dialog_.FromDIP(dialogMargin);
-    Built built{new wxBoxSizer(wxVERTICAL), new wxScrolledWindow(&dialog_)};
+    Built built{new wxBoxSizer(wxVERTICAL), new Holder<wxScrolledWindow>(&dialog_)};
     // The scrolled part takes the space of the margin, too, so that focus frames at its edges are not cut off.
     const auto addTo = [margin](wxSizer& sizer, const Part& part, bool stretches, int sides) {
         const wxSizerFlags flags = wxSizerFlags(stretches ? 1 : 0).Expand().Border(sides, margin);
@@ -65,7 +72,7 @@ LayoutBuilder::Built LayoutBuilder::build(const Layout& layout) {
         content.children.pop_back();
     }
     // GTK refuses to move a hidden control. On a panel of their own all are scrolled with the panel.
-    auto* panel = new wxPanel(built.content);
+    auto* panel = new Holder<wxPanel>(built.content);
     auto* inner = new wxBoxSizer(wxVERTICAL);
     addTo(*inner, make(content, panel), true, buttons ? wxLEFT | wxRIGHT | wxTOP : wxALL);
     panel->SetSizer(inner);

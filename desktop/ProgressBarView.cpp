@@ -23,6 +23,7 @@ class ProgressBarView : public ControlView {
     }
 
     bool takesFocus() const override { return false; }
+    bool onlyShows() const override { return true; }
     bool growsWide() const override { return true; }
 
   private:

@@ -25,6 +25,7 @@
 #include "desktop/ReportPrinter.h"
 #include "desktop/ScreenDialog.h"
 #include "desktop/Text.h"
+#include "desktop/TextResource.h"
 
 namespace tsln::desktop {
 namespace {
@@ -253,7 +254,7 @@ std::string WxDesktop::computerName() {
     return fromWx(wxGetHostName());
 }
 
-// Settings and components -------------------------------------------------------------------------
+// Settings, resources and components --------------------------------------------------------------
 
 std::optional<std::string> WxDesktop::readSetting(std::string_view key, std::string_view value) {
     return settings_.read(key, value);
@@ -261,6 +262,10 @@ std::optional<std::string> WxDesktop::readSetting(std::string_view key, std::str
 
 void WxDesktop::writeSetting(std::string_view key, std::string_view value, std::string_view text) {
     settings_.write(key, value, text);
+}
+
+std::optional<std::string> WxDesktop::textResource(std::string_view name) {
+    return findTextResource(name);
 }
 
 ObjectPtr WxDesktop::createObject(std::string_view programId) {

@@ -51,6 +51,7 @@ class WxDesktop : public Desktop {
     std::string computerName() override;
     std::optional<std::string> readSetting(std::string_view key, std::string_view value) override;
     void writeSetting(std::string_view key, std::string_view value, std::string_view text) override;
+    std::optional<std::string> textResource(std::string_view name) override;
     ObjectPtr createObject(std::string_view programId) override;
 
     /// True while a screen works and keys and clicks are dropped, as seen by a timer that the work lets through.

@@ -38,6 +38,7 @@ class QuietDesktop : public Desktop {
     std::string computerName() override { return {}; }
     std::optional<std::string> readSetting(std::string_view, std::string_view) override { return {}; }
     void writeSetting(std::string_view, std::string_view, std::string_view) override {}
+    std::optional<std::string> textResource(std::string_view) override { return {}; }
     ObjectPtr createObject(std::string_view) override { return {}; }
 };
 

@@ -104,8 +104,9 @@ std::string joinLines(Arguments parts) {
     return text;
 }
 
-const std::set<std::string> subObjects{"Database", "Common",   "Security",           "Options", "Messages",
-                                       "Activity", "Profiles", "CurrentCompanyConn", "TSLNSQL"};
+const std::set<std::string> subObjects{
+    "Database", "Common",   "Security",           "Options", "Messages",
+    "Activity", "Profiles", "CurrentCompanyConn", "TSLNSQL", "tslncmgr5.Library.PSD"};
 
 std::string describe(const Variant& value) {
     return value.isObject() ? "object" : value.toText();
@@ -226,6 +227,9 @@ Variant RecordingHost::usualAnswer(const std::string& path, Arguments arguments)
     if (path == "Common.CreateGUID") return "0123ABCD";
     if (path == "Common.FormatAsGUID") return "{" + arguments[0].toText() + "}";
     if (path == "PSDFile") return "/psd/company.psd";
+    if (path == "tslncmgr5.Library.PSD.Load" || path == "tslncmgr5.Library.CanOpenCompany2") return true;
+    if (path == "tslncmgr5.Library.PSD.ConnectionString") return "the old company";
+    if (path == "tslnsql5.Engine.ExecuteRead") return makeDocument(rowsOf(arguments[0].toText()));
     if (path == "tslniee5.Engine.ImportFile" || path == "tslniee5.Engine.DoExport") return true;
     return {};
 }

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "resources/TextResources.h"
+
 namespace tsln::test {
 namespace {
 
@@ -129,6 +131,12 @@ std::optional<std::string> ScriptedDesktop::readSetting(std::string_view key, st
 
 void ScriptedDesktop::writeSetting(std::string_view key, std::string_view value, std::string_view text) {
     settings[std::string(key) + "|" + std::string(value)] = text;
+}
+
+std::optional<std::string> ScriptedDesktop::textResource(std::string_view name) {
+    if (const auto own = textResources.find(name); own != textResources.end()) return own->second;
+    const auto text = resources::text(name);
+    return text ? std::optional<std::string>(*text) : std::nullopt;
 }
 
 ObjectPtr ScriptedDesktop::createObject(std::string_view programId) {

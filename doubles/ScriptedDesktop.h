@@ -63,6 +63,8 @@ class ScriptedDesktop : public Desktop {
     std::function<void()> whileProcessRuns;
     std::map<std::string, std::string> settings;  ///< by "key|value"
     std::function<ObjectPtr(std::string_view programId)> components;
+    /// Text resources by name; those of the module where there is none of the name.
+    std::map<std::string, std::string, std::less<>> textResources;
     std::string folder = "/nowhere";
     std::vector<std::string> proposals;  ///< of the dialogs for saving
     int yields = 0;
@@ -95,6 +97,7 @@ class ScriptedDesktop : public Desktop {
     std::string computerName() override { return computer; }
     std::optional<std::string> readSetting(std::string_view key, std::string_view value) override;
     void writeSetting(std::string_view key, std::string_view value, std::string_view text) override;
+    std::optional<std::string> textResource(std::string_view name) override;
     ObjectPtr createObject(std::string_view programId) override;
 
   private:

@@ -5,6 +5,7 @@
 #include "lists/Lists.h"
 #include "measurements/Measurements.h"
 #include "messages/Messages.h"
+#include "migration/Migration.h"
 #include "options/Options.h"
 #include "pricing/Pricing.h"
 #include "properties/Properties.h"
@@ -23,6 +24,7 @@ void plugInModule(Library& library) {
     security::plugIn(library);
     roaming::plugIn(library);
     properties::plugIn(library);
+    migration::plugIn(library);
 }
 
 }  // namespace tsln

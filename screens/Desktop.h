@@ -99,6 +99,9 @@ class Desktop {
     virtual std::optional<std::string> readSetting(std::string_view key, std::string_view value) = 0;
     virtual void writeSetting(std::string_view key, std::string_view value, std::string_view text) = 0;
 
+    /// The text of a text resource of the module, with its own line ends; no value when it has none of that name.
+    virtual std::optional<std::string> textResource(std::string_view name) = 0;
+
     /// Creates a component by its program identifier; raises HostError(code::classNotRegistered).
     virtual ObjectPtr createObject(std::string_view programId) = 0;
 };

@@ -46,9 +46,10 @@ bool Job::goOn() {
 }
 
 void Job::userCancel() {
-    if (!cancel_) return;
+    if (!cancel_ || cancelled_) return;
     cancelled_ = true;
     cancel_->setEnabled(false);  // shows that the job is ending
+    if (onCancel) onCancel();
 }
 
 void Job::draw() {

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <functional>
 
 namespace tsln {
 
@@ -30,6 +31,8 @@ class Job {
     /// when the user has cancelled the job.
     bool goOn();
     bool cancelled() const noexcept { return cancelled_; }
+    /// Called once, when the user cancels: for work that does not ask step() or goOn(). Must not throw.
+    std::function<void()> onCancel;
 
     /// The cancel button; null when there is none.
     Button* cancelButton() const noexcept { return cancel_; }

@@ -57,6 +57,7 @@ TEST(Job, OnlyTheCancelButtonAndEscWorkDuringAJob) {
             .then([&] {
                 EXPECT_FALSE(robot.windowOf(screen.txtName)->IsThisEnabled());
                 EXPECT_FALSE(robot.windowOf(screen.cmdStart)->IsThisEnabled());
+                EXPECT_TRUE(robot.windowOf(screen.lblStep)->IsThisEnabled()) << "a label stays readable";
                 EXPECT_TRUE(robot.windowOf(screen.cmdCancel)->IsThisEnabled());
             })
             .key('N', wxMOD_ALT)

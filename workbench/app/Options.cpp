@@ -1,5 +1,6 @@
 #include "workbench/app/Options.h"
 
+#include <charconv>
 #include <cstdlib>
 #include <filesystem>
 
@@ -25,6 +26,11 @@ std::filesystem::path dataFolder() {
 
 std::string demonstrationCompany() {
     return utf8Of(dataFolder() / "tessaline" / "Demonstration.company");
+}
+
+bool readWholeNumber(const std::string& text, int& number) {
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    return error == std::errc() && end == text.data() + text.size();
 }
 
 /// Returns why the operation on the command line cannot be called; empty when it can.
@@ -75,8 +81,27 @@ std::optional<Options> readCommandLine(int argc, const char* const* argv, int& e
             ->excludes(show)
             ->excludes(tour)
             ->excludes(company);
+    auto* migrate =
+        line.add_option(
+                "--migrate", options.migrate,
+                "Bring a company of version 4.2 into the company, without windows, and print what came over")
+            ->type_name("FILE")
+            ->excludes(show)
+            ->excludes(tour)
+            ->excludes(gallery);
+    std::vector<std::string> make;
+    line.add_option(
+            "--make-42", make,
+            "Make a company of version 4.2 with demonstration data and a number of customers (default: " +
+                std::to_string(options.customers42) + ")")
+        ->type_name("FILE [CUSTOMERS]")
+        ->expected(1, 2)
+        ->excludes(show)
+        ->excludes(tour)
+        ->excludes(gallery)
+        ->excludes(migrate);
     line.footer(
-        "Exit codes: 1 the operation, the tour or the gallery failed, 2 wrong command line, 3 the company file cannot be used, 4 no such user or a wrong password, 5 no display.");
+        "Exit codes: 1 the operation, the tour, the gallery or the migration failed, 2 wrong command line, 3 the company file cannot be used, 4 no such user or a wrong password, 5 no display.");
     try {
         line.parse(argc, argv);
         if (!options.show.empty()) {
@@ -84,6 +109,9 @@ std::optional<Options> readCommandLine(int argc, const char* const* argv, int& e
                 throw CLI::ValidationError("--show", problem);
             }
         }
+        if (!make.empty()) options.make42 = make[0];
+        if (make.size() > 1 && (!readWholeNumber(make[1], options.customers42) || options.customers42 < 0))
+            throw CLI::ValidationError("--make-42", "'" + make[1] + "' is no number of customers.");
     } catch (const CLI::ParseError& error) {
         exitCode = line.exit(error) == 0 ? 0 : exitUsage;
         return std::nullopt;

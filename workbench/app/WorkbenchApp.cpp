@@ -17,6 +17,7 @@
 #include "workbench/tour/CustomerTour.h"
 #include "workbench/tour/Gallery.h"
 #include "workbench/tour/MessagesTour.h"
+#include "workbench/tour/MigrationTour.h"
 #include "workbench/tour/RoamingTour.h"
 #include "workbench/tour/RolesTour.h"
 #include "workbench/tour/Tour.h"
@@ -99,14 +100,15 @@ bool WorkbenchApp::OnInit() {
     frame->Show();
     if (!options_.tour.empty()) {
         std::printf(
-            "A tour of terms, customers, roles, charges, measurements, messages and roaming workstations; its pictures are in %s\n",
+            "A tour of terms, customers, roles, charges, measurements, messages, roaming workstations and a migration; its pictures are in %s\n",
             options_.tour.c_str());
         start(inSequence(pricingTour(session_.company(), options_.tour),
                          termsTour(session_.company(), options_.tour),
                          customerTour(session_.company(), options_.tour),
                          rolesTour(session_.company(), options_.tour),
                          messagesTour(module_->library(), session_.company(), options_.tour),
-                         roamingTour(module_->library(), session_.company(), options_.tour)),
+                         roamingTour(module_->library(), session_.company(), options_.tour),
+                         migrationTour(module_->library(), session_.company(), options_.tour)),
               options_.tour, [this] {
                   printTerms(options_.company);
                   std::printf("All steps succeeded.\n");

@@ -1,6 +1,7 @@
 #include <memory>
 
 #include "workbench/app/Console.h"
+#include "workbench/app/Migrating.h"
 #include "workbench/app/WorkbenchApp.h"
 #include "workbench/company/CommandLine.h"
 #include "workbench/company/LoadPath.h"
@@ -21,9 +22,11 @@ int main(int argc, char** argv) {
         pointers.push_back(word.c_str());
     const auto options = readCommandLine(static_cast<int>(pointers.size()), pointers.data(), exitCode);
     if (!options) return exitCode;
+    if (!options->make42.empty()) return makeOldCompany(*options);
 
     std::unique_ptr<WorkbenchApp> app;
     try {
+        if (!options->migrate.empty()) return migrateOldCompany(*options);
         app = std::make_unique<WorkbenchApp>(*options);
     } catch (const SignInError& error) {
         complain(error.what());

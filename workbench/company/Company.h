@@ -36,6 +36,7 @@ enum class OpenMode {
     Create,     ///< read and write; a missing file is created
     ReadWrite,  ///< read and write; the file must exist
     ReadOnly,   ///< read only; the file must exist
+    Version42,  ///< read only; the file must exist and be a company of version 4.2, with the tables of that version
 };
 
 /// A company's database: an SQLite file that accepts the statements written for SQL Server.

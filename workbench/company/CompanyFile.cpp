@@ -24,10 +24,11 @@ std::string quoted(const std::string& path) {
 }
 
 /// Builds the new company in memory and writes it at once, so that a file with this name is always complete.
-void create(const std::string& path) {
+template <class Fill>
+void create(const std::string& path, Fill&& fill) {
     SQLite::Database memory(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
     addSqlFunctions(memory);
-    schema::create(memory);
+    fill(memory);
     sqlite3_int64 size = 0;
     std::unique_ptr<unsigned char, decltype(&sqlite3_free)> image(
         sqlite3_serialize(memory.getHandle(), "main", &size, 0), sqlite3_free);
@@ -64,6 +65,12 @@ void create(const std::string& path) {
 
 int pragma(SQLite::Database& database, const char* name) {
     return database.execAndGet("PRAGMA " + std::string(name)).getInt();
+}
+
+void checkIsCompany42(SQLite::Database& database, const std::string& path) {
+    if (pragma(database, "application_id") == schema::applicationId42) return;
+    throw CompanyFileError(Reason::NotACompany,
+                           "The file " + quoted(path) + " is a database, but not a company of version 4.2.");
 }
 
 void checkIsCompany(SQLite::Database& database, const std::string& path) {
@@ -131,23 +138,34 @@ std::unique_ptr<SQLite::Database> openCompanyFile(const std::string& path, OpenM
     std::error_code error;
     if (access == OpenMode::Create &&
         fs::symlink_status(pathOf(path), error).type() == fs::file_type::not_found)
-        create(path);
+        create(path, schema::create);
     checkIsFile(path);
 
     // An absolute path, because SQLite gives some names a meaning, such as ":memory:".
     std::string file = utf8Of(fs::absolute(pathOf(path), error));
-    int flags = access == OpenMode::ReadOnly ? SQLite::OPEN_READONLY : SQLite::OPEN_READWRITE;
+    const bool version42 = access == OpenMode::Version42;
+    const int flags =
+        version42 || access == OpenMode::ReadOnly ? SQLite::OPEN_READONLY : SQLite::OPEN_READWRITE;
     try {
         auto database = std::make_unique<SQLite::Database>(error ? path : file, flags, busySeconds * 1000);
-        checkIsCompany(*database, path);
+        version42 ? checkIsCompany42(*database, path) : checkIsCompany(*database, path);
         // A name in double quotes must not be read as a text when no such column exists.
         sqlite3_db_config(database->getHandle(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
         addSqlFunctions(*database);
-        upgrade(*database, path);
+        if (!version42) upgrade(*database, path);
         return database;
     } catch (const SQLite::Exception& failure) {
         reportOpenFailure(path, failure);
     }
+}
+
+void makeCompany42(const std::string& path, int customers) {
+    std::error_code error;
+    if (fs::exists(fs::symlink_status(pathOf(path), error))) {
+        throw CompanyFileError(Reason::CannotCreate,
+                               "The company file " + quoted(path) + " cannot be made. The file exists.");
+    }
+    create(path, [customers](SQLite::Database& database) { schema::create42(database, customers); });
 }
 
 }  // namespace tsln::workbench

@@ -19,4 +19,8 @@ inline constexpr std::int32_t busySeconds = 2;
 /// CompanyFileError; the file is unchanged then.
 std::unique_ptr<SQLite::Database> openCompanyFile(const std::string& path, OpenMode access);
 
+/// Writes a new company of version 4.2, with demonstration data and that many customers. An existing file is never
+/// replaced. Throws CompanyFileError.
+void makeCompany42(const std::string& path, int customers);
+
 }  // namespace tsln::workbench

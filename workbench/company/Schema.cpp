@@ -7,7 +7,7 @@
 
 #include <SQLiteCpp/SQLiteCpp.h>
 
-#include "workbench/company/EmbeddedFile.h"
+#include "automation/EmbeddedFile.h"
 
 namespace tsln::workbench {
 
@@ -40,15 +40,20 @@ void replaceAll(std::string& text, std::string_view what, std::string_view by) {
     }
 }
 
+/// Replaces the names of column definitions that occur in every table.
+void define(std::string& sql) {
+    replaceAll(sql, "{uniqueid}", newUniqueId);
+    replaceAll(sql, "{id}", "ID INTEGER PRIMARY KEY AUTOINCREMENT");
+    replaceAll(sql, "{text}", "TEXT COLLATE NOCASE");
+    replaceAll(sql, "{now}", currentTime);
+}
+
 std::string tables() {
     std::string sql = files("tables");
     replaceAll(sql, "{bookkeeping}",
                "UniqueID {text} NOT NULL DEFAULT {uniqueid}, AddedOn TEXT NOT NULL DEFAULT {now}, "
                "UpdatedOn TEXT NOT NULL DEFAULT {now}");
-    replaceAll(sql, "{uniqueid}", newUniqueId);
-    replaceAll(sql, "{id}", "ID INTEGER PRIMARY KEY AUTOINCREMENT");
-    replaceAll(sql, "{text}", "TEXT COLLATE NOCASE");
-    replaceAll(sql, "{now}", currentTime);
+    define(sql);
     return sql;
 }
 
@@ -76,13 +81,14 @@ void addUpdateTriggers(SQLite::Database& database) {
     }
 }
 
-/// Columns that tables have from a version on. Missing tables are created.
+/// Columns that tables have from a version on. A missing table is created with them.
 struct AddedColumn {
     int since;
     const char *table, *definition;
 };
 constexpr AddedColumn addedColumns[] = {
     {2, "Vendors", "Locked INTEGER NOT NULL DEFAULT 0"},
+    {7, "Accounts", "Description TEXT COLLATE NOCASE"},
 };
 
 /// Columns that tables no longer have from a version on.
@@ -125,6 +131,19 @@ void create(SQLite::Database& database) {
     transaction.commit();
 }
 
+void create42(SQLite::Database& database, int customers) {
+    std::string sql = files("version42");
+    replaceAll(sql, "{customers}", std::to_string(customers));
+    replaceAll(
+        sql, "{dated}",
+        "LastUpdated TEXT NOT NULL DEFAULT '2009-11-05T16:40:00', UniqueID {text} NOT NULL DEFAULT {uniqueid}");
+    define(sql);
+    SQLite::Transaction transaction(database);
+    database.exec(sql);
+    database.exec("PRAGMA application_id = " + std::to_string(applicationId42));
+    transaction.commit();
+}
+
 void upgrade(SQLite::Database& database) {
     if (versionOf(database) >= version) return;
     SQLite::Database model(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
@@ -139,7 +158,7 @@ void upgrade(SQLite::Database& database) {
     for (const std::string& view : texts(database, "SELECT name FROM sqlite_schema WHERE type = 'view'"))
         database.exec("DROP VIEW \"" + view + "\"");
     for (const AddedColumn& column : addedColumns) {
-        if (before < column.since)
+        if (before < column.since && database.tableExists(column.table))
             database.exec("ALTER TABLE " + std::string(column.table) + " ADD COLUMN " + column.definition);
     }
     for (const DroppedColumn& column : droppedColumns) {

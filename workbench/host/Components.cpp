@@ -1,5 +1,6 @@
 #include "workbench/host/Components.h"
 
+#include "workbench/host/CompanyManager42.h"
 #include "workbench/host/ExpressionEngine.h"
 #include "workbench/host/FileManager.h"
 #include "workbench/host/ImportExportEngine.h"
@@ -26,6 +27,10 @@ constexpr Component components[] = {
      [](const ContextPtr& context) -> ObjectPtr { return std::make_shared<FileManager>(context); }},
     {"catalog5engine.Engine",
      [](const ContextPtr& context) -> ObjectPtr { return std::make_shared<ProductFileEngine>(context); }},
+    {"tslncmgr5.Library",
+     [](const ContextPtr& context) -> ObjectPtr { return std::make_shared<CompanyManager42>(context); }},
+    {"tslnsql5.Engine",
+     [](const ContextPtr& context) -> ObjectPtr { return std::make_shared<SqlEngine42>(context); }},
 };
 
 }  // namespace

@@ -76,7 +76,7 @@ void ImportExportEngine::readFile(const std::string& path, const std::string& li
             if (section.type() != pugi::node_element || (!list.empty() && !sameName(section.name(), list)))
                 continue;
             found = true;
-            records += importSection(context().company, section);
+            records += importSection(context().company, section).count();
         }
         if (!found) {
             throw ImportError("The file '" + path + "' holds no list" +
@@ -85,6 +85,47 @@ void ImportExportEngine::readFile(const std::string& path, const std::string& li
     });
     if (verbose_)
         record(EventLog::Notice, std::to_string(records) + " records were imported from '" + path + "'.");
+}
+
+void ImportExportEngine::upgradeFile(const std::string& path) {
+    pugi::xml_document file;
+    readSectionsFile(path, file);
+    for (const pugi::xml_node section : file.child(sectionsRoot).children()) {
+        if (section.type() == pugi::node_element) upgradeSection(section);
+    }
+}
+
+void ImportExportEngine::upgradeSection(pugi::xml_node section) {
+    const auto children = section.children("Record");
+    const std::string name = section.name();
+    progress_.begin(name, static_cast<std::size_t>(std::distance(children.begin(), children.end())));
+    const auto goOn = [&](std::size_t done) {
+        progress_.advance(done);
+        return !cancelRequested_;
+    };
+    if (!goOn(0)) throw ImportError("It was cancelled before " + name + ".");
+
+    Company& company = context().company;
+    ImportedRecords imported;
+    company.begin();
+    try {
+        imported = importSection(company, section, {.upgrade = &upgraded_, .goOn = goOn});
+    } catch (const std::exception& error) {
+        if (company.inTransaction()) company.commit();
+        throw ImportError(std::string(error.what()) + " What was imported before stays.");
+    }
+    company.commit();
+    const std::string told = name + ": " + std::to_string(imported.count()) + " records were imported, " +
+                             std::to_string(imported.added) + " of them are new.";
+    if (imported.cancelled) throw ImportError("It was cancelled. " + told);
+    if (verbose_) record(EventLog::Notice, told);
+}
+
+void ImportExportEngine::terminated() {
+    exports_.clear();
+    upgraded_ = {};
+    progress_ = {};
+    cancelRequested_ = false;
 }
 
 Variant ImportExportEngine::invokeOwn(std::string_view member, Access access, Arguments arguments) {
@@ -110,9 +151,20 @@ Variant ImportExportEngine::invokeOwn(std::string_view member, Access access, Ar
         {"ImportFile",
          [](Self& self, Arguments a) {
              a.require(1, 2);
-             return self.succeeded("The import failed.",
-                                   [&] { self.readFile(textOf(a[0]), textOf(a.valueOr(1, ""))); });
+             return self.succeeded("The import failed.", [&] {
+                 self.is42Upgrade_ ? self.upgradeFile(textOf(a[0]))
+                                   : self.readFile(textOf(a[0]), textOf(a.valueOr(1, "")));
+             });
          }},
+        {"RequestCancel",
+         [](Self& self, Arguments) {
+             self.cancelRequested_ = true;
+             return Variant();
+         }},
+        {"ProgressLabel", [](Self& self, Arguments) { return Variant(self.progress_.label()); },
+         [](Self& self, Arguments a) { self.progress_.setLabel(a[0].toObject()); }},
+        {"ProgressBar", [](Self& self, Arguments) { return Variant(self.progress_.bar()); },
+         [](Self& self, Arguments a) { self.progress_.setBar(a[0].toObject()); }},
     };
     return answer(*this, "Engine", members, member, access, arguments);
 }

@@ -19,7 +19,9 @@ constexpr Names Account{"Account"}, Charge{"ChargeName"}, Code{"Code"}, Criteria
     Callout{"OptionName", "ProductTypeID", "ProductID", "Style", "ColorWhen", "ColorCriteria"},
     Discount{"DiscountGroupID", "DiscountLevel", "ProductID", "Style", "OptionName", "TierLevel"},
     Template{"TemplateType", "GroupName", "TemplateName"},
-    Measurement{"CustomerID", "Location", "Room", "Item", "Mount"};
+    Measurement{"CustomerID", "Location", "Room", "Item", "Mount"}, Location{"LocationName"},
+    Person{"LastName", "FirstName", "MiddleInitial"}, Customer{"CustomerName"},
+    Membership{"GroupID", "CustomerID"};
 }  // namespace keys
 
 /// The tables that the names in a list refer to.
@@ -39,6 +41,25 @@ constexpr Rows Product{product}, Role{{"SecurityRoleID", "SecurityRoles", {{{"Se
     Customer{{"CustomerID",
               "Customers",
               {{{"CustomerName", "CustomerName"}, {"AccountNumber", "AccountNumber"}}}}};
+/// What a customer of version 4.2 refers to. Tax groups are known by name only: that version has none.
+constexpr Rows OldCustomer{
+    {"CustomerTypeID", "CustomerTypes", {{{"CustomerType", "Name"}}}, true},
+    {"TermsID", "Terms", {{{"Terms", "Terms"}}}, true},
+    {"ShippingMethodID", "ShippingMethods", {{{"ShippingMethod", "ShippingMethod"}}}, true},
+    {"DiscountGroupID",
+     "DiscountGroups",
+     {{{"DiscountGroup", "DiscountGroup"}, {"DiscountGroupType", "DiscountGroupType"}}},
+     true},
+    {"ReferralMethodID", "ReferralMethods", {{{"ReferralMethod", "ReferralMethod"}}}, true},
+    {"SalesTaxGroupID", "SalesTaxGroups", {{{"SalesTaxGroup", "SalesTaxGroup"}}}, true},
+    {"SalesRepID",
+     "Employees",
+     {{{"SalesRepFirstName", "FirstName"}, {"SalesRepLastName", "LastName"}}},
+     true,
+     "SalesRepUniqueID"}};
+constexpr Rows OldMembership{
+    {"GroupID", "Groups", {{{"GroupName", "GroupName"}}}, false, "GroupUniqueID"},
+    {"CustomerID", "Customers", {{{"CustomerName", "CustomerName"}}}, false, "CustomerUniqueID"}};
 }  // namespace references
 
 constexpr bool rowsRepeat = true;
@@ -77,9 +98,22 @@ constexpr ImportList importLists[] = {
     {"Accounts", keys::Account},
 };
 
+constexpr ImportList upgradeLists[] = {
+    {"Locations", keys::Location},
+    {"Company", {}},
+    {"Employees", keys::Person, {}, rowsRepeat},
+    {"Customers", keys::Customer, references::OldCustomer, rowsRepeat},
+    {"GroupedCustomers", keys::Membership, references::OldMembership},
+};
+
 }  // namespace
 
-const ImportList* findImportList(std::string_view name) {
+const ImportList* findImportList(std::string_view name, bool upgrade) {
+    if (upgrade) {
+        for (const ImportList& row : upgradeLists) {
+            if (sameName(row.name, name)) return &row;
+        }
+    }
     for (const ImportList& row : importLists) {
         if (sameName(row.name, name)) return &row;
     }

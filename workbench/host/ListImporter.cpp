@@ -1,17 +1,16 @@
 #include "workbench/host/ListImporter.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <optional>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
 #include "automation/Object.h"
-#include "shared/modSharedStrings.h"
 #include "shared/modSharedXML.h"
-#include "workbench/sql/SqlText.h"
-#include "workbench/sql/TextOrder.h"
 #include "workbench/host/ImportLists.h"
+#include "workbench/sql/SqlText.h"
 
 namespace tsln::workbench {
 namespace {
@@ -20,94 +19,24 @@ using modSharedXML::Record;
 using modSharedXML::Records;
 
 constexpr std::string_view identityColumn = "UniqueID";
-/// Columns that are specific to a company.
-constexpr std::string_view notTakenOver[] = {"ID", "AddedOn", "UpdatedOn"};
+constexpr std::string_view keyColumn = "ID";
+/// The dates of change are specific to a company, but those of an upgraded one are kept.
+constexpr std::string_view datesOfChange[] = {"AddedOn", "UpdatedOn"};
 
-struct Value {
-    std::string column;
-    std::optional<std::string> text;  ///< none: NULL
-
-    std::string sql() const { return text ? literal(*text) : "NULL"; }
-};
-
-/// The text in a form that is equal when the database treats texts as equal.
-std::string comparable(std::string_view text) {
-    return encodeUtf8(decodeFolded(modSharedStrings::trim(text)));
-}
-
-/// The rows of a referenced table, by their names.
-class ReferencedRows {
-  public:
-    ReferencedRows(Company& company, const ImportReference& reference) : reference_(reference) {
-        std::string columns = "ID";
-        for (const ImportReference::Name& name : reference.nameColumns())
-            columns += ", " + bracketed(name.nameColumn);
-        const Records rows =
-            Records::parse(company.read("SELECT " + columns + " FROM " + bracketed(reference.table)));
-        for (const Record row : rows) {
-            std::string key;
-            for (const ImportReference::Name& name : reference.nameColumns())
-                key += comparable(modSharedXML::readText(name.nameColumn, row)) + '\0';
-            keys_.try_emplace(std::move(key), std::to_string(modSharedXML::readLong("ID", row)));
-        }
-    }
-
-    bool isNamedBy(std::string_view column) const {
-        return std::ranges::any_of(reference_.nameColumns(), [&](const ImportReference::Name& name) {
-            return sameName(name.column, column);
-        });
-    }
-    /// The file may also contain the identity of the referenced row, which is ignored: the name counts.
-    bool isIdentifiedBy(std::string_view column) const {
-        return sameName(column, std::string(reference_.names[0].column) + std::string(identityColumn));
-    }
-
-    /// Replaces the names by the key. Does nothing when the record has none of the names.
-    void resolve(std::vector<Value>& values) const {
-        std::string key, first;
-        bool named = false;
-        for (const ImportReference::Name& name : reference_.nameColumns()) {
-            const auto value =
-                std::ranges::find_if(values, [&](const Value& v) { return sameName(v.column, name.column); });
-            std::string text;
-            if (value != values.end()) {
-                named = true;
-                text = value->text.value_or("");
-                values.erase(value);
-            }
-            if (key.empty()) first = text;
-            key += comparable(text) + '\0';
-        }
-        if (!named) return;
-        Value result{std::string(reference_.keyColumn), {}};
-        if (!(reference_.optional && comparable(first).empty())) {
-            const auto found = keys_.find(key);
-            if (found == keys_.end()) {
-                throw ImportError("There is no '" + first + "' in " + std::string(reference_.table) + ".");
-            }
-            result.text = found->second;
-        }
-        if (std::ranges::any_of(values, [&](const Value& v) { return sameName(v.column, result.column); })) {
-            throw ImportError("The column " + result.column + " occurs twice.");
-        }
-        values.push_back(std::move(result));
-    }
-
-  private:
-    const ImportReference& reference_;
-    std::unordered_map<std::string, std::string> keys_;
-};
+using Value = ImportValue;
 
 class SectionImport {
   public:
-    SectionImport(Company& company, const ImportList& list) : company_(company), list_(list) {
+    SectionImport(Company& company, const ImportList& list, const ImportManner& manner)
+        : company_(company), list_(list), manner_(manner) {
         readRows();
         for (const ImportReference& reference : list.references)
-            referenced_.emplace_back(company, reference);
+            referenced_.emplace_back(company, reference, manner.upgrade);
     }
 
-    std::size_t run(pugi::xml_node section) {
+    ImportedRecords run(pugi::xml_node section) {
         checkColumns(section);
+        if (manner_.upgrade) reserveIdentities(section);
         std::size_t number = 0;
         for (const pugi::xml_node record : section.children("Record")) {
             ++number;
@@ -118,8 +47,12 @@ class SectionImport {
             } catch (const SqlError& error) {
                 throw SqlError(error.code(), where(number) + error.what());
             }
+            if (manner_.goOn && !manner_.goOn(number)) {
+                imported_.cancelled = true;
+                break;
+            }
         }
-        return number;
+        return imported_;
     }
 
   private:
@@ -131,14 +64,30 @@ class SectionImport {
         std::string columns = "ID";
         for (const std::string_view key : list_.keys)
             columns += ", " + bracketed(key);
+        if (manner_.upgrade) columns += ", " + bracketed(identityColumn);
         const Records rows = Records::parse(
             company_.read("SELECT " + columns + " FROM " + bracketed(list_.name) + " ORDER BY ID"));
         for (const Record row : rows) {
             std::string key;
             for (const std::string_view column : list_.keys)
                 key += comparable(modSharedXML::readText(column, row)) + '\0';
-            rows_[std::move(key)].ids.push_back(modSharedXML::readLong("ID", row));
+            const std::int32_t id = modSharedXML::readLong("ID", row);
+            rows_[std::move(key)].ids.push_back(id);
+            if (manner_.upgrade)
+                identified_.emplace(comparable(modSharedXML::readText(identityColumn, row)), id);
         }
+    }
+
+    /// A row whose identity occurs in the file belongs to that record, not to another one of its name.
+    void reserveIdentities(pugi::xml_node section) {
+        std::unordered_set<std::int32_t> reserved;
+        for (const pugi::xml_node record : section.children("Record")) {
+            const auto row = identified_.find(comparable(record.child(identityColumn.data()).text().get()));
+            if (row != identified_.end()) reserved.insert(row->second);
+        }
+        if (!list_.rowsRepeat || reserved.empty()) return;
+        for (auto& [key, alike] : rows_)
+            std::erase_if(alike.ids, [&](std::int32_t id) { return reserved.contains(id); });
     }
 
     bool hasColumn(std::string_view column) const {
@@ -152,24 +101,34 @@ class SectionImport {
     }
 
     bool isPassedOver(std::string_view column) const {
-        return std::ranges::any_of(notTakenOver,
-                                   [&](std::string_view name) { return sameName(name, column); }) ||
-               std::ranges::any_of(referenced_,
-                                   [&](const ReferencedRows& rows) { return rows.isIdentifiedBy(column); });
+        if (sameName(column, keyColumn)) return true;
+        const bool dated =
+            std::ranges::any_of(datesOfChange, [&](std::string_view name) { return sameName(name, column); });
+        if (manner_.upgrade) return dated && !dates_.contains(std::string(column));
+        return dated || std::ranges::any_of(referenced_, [&](const ReferencedRows& rows) {
+                   return rows.isIdentifiedBy(column);
+               });
     }
     bool isReference(std::string_view column) const {
-        return std::ranges::any_of(referenced_,
-                                   [&](const ReferencedRows& rows) { return rows.isNamedBy(column); });
+        return std::ranges::any_of(referenced_, [&](const ReferencedRows& rows) {
+            return rows.isNamedBy(column) || (manner_.upgrade && rows.isIdentifiedBy(column));
+        });
     }
 
-    void checkColumns(pugi::xml_node section) const {
+    void checkColumns(pugi::xml_node section) {
+        for (const std::string_view date : datesOfChange) {
+            if (manner_.upgrade && hasColumn(date)) dates_.insert(std::string(date));
+        }
         std::unordered_set<std::string> seen;
         std::string unknown;
         for (const pugi::xml_node record : section.children("Record")) {
             for (const pugi::xml_node field : record.children()) {
                 if (field.type() != pugi::node_element || !seen.insert(field.name()).second) continue;
-                if (isPassedOver(field.name()) || isReference(field.name()) || hasColumn(field.name()))
+                if (isPassedOver(field.name())) {
+                    passedOver_.insert(field.name());
                     continue;
+                }
+                if (isReference(field.name()) || hasColumn(field.name())) continue;
                 unknown += (unknown.empty() ? "" : ", ") + std::string(field.name());
             }
         }
@@ -182,7 +141,7 @@ class SectionImport {
     std::vector<Value> values(pugi::xml_node record) const {
         std::vector<Value> result;
         for (const pugi::xml_node field : record.children()) {
-            if (field.type() != pugi::node_element || isPassedOver(field.name())) continue;
+            if (field.type() != pugi::node_element || passedOver_.contains(field.name())) continue;
             std::string column = field.name(), text;
             for (const pugi::xml_node part : field.children()) {
                 if (part.type() == pugi::node_element)
@@ -190,7 +149,7 @@ class SectionImport {
                 text += part.value();
             }
             text = modSharedXML::decodeFieldText(text);
-            if (std::ranges::any_of(result, [&](const Value& v) { return sameName(v.column, column); })) {
+            if (findValue(result, column) != result.end()) {
                 throw ImportError("The column " + column + " occurs twice.");
             }
             result.push_back({std::move(column), std::move(text)});
@@ -200,13 +159,14 @@ class SectionImport {
         return result;
     }
 
-    std::string key(const std::vector<Value>& values) const {
+    /// The texts of the columns that identify the record; empty for a record without a name that has an identity.
+    std::string key(const std::vector<Value>& values, bool identified) const {
         std::string result;
         for (const std::string_view column : list_.keys) {
-            const auto value =
-                std::ranges::find_if(values, [&](const Value& v) { return sameName(v.column, column); });
+            const auto value = findValue(values, column);
             const std::string text = value == values.end() ? "" : comparable(value->text.value_or(""));
             if (text.empty() && column == list_.keys.front()) {
+                if (identified) return {};
                 throw ImportError("The column " + std::string(column) + ", which identifies the record, is empty.");
             }
             result += text + '\0';
@@ -215,17 +175,26 @@ class SectionImport {
     }
 
     void import(const std::vector<Value>& values) {
-        Alike& alike = rows_[key(values)];
-        const std::size_t which = list_.rowsRepeat ? alike.imported++ : 0;
-        if (which < alike.ids.size()) {
-            update(alike.ids[which], values);
-        } else {
-            insert(values);
-            alike.ids.push_back(company_.lastInsertId());
-        }
+        std::string identity;
+        if (const auto value = findValue(values, identityColumn); value != values.end())
+            identity = value->text.value_or("");
+        const bool identified = manner_.upgrade && !identity.empty();
+        const auto known = identified ? identified_.find(comparable(identity)) : identified_.end();
+        const std::int32_t id = known != identified_.end() ? update(known->second, values)
+                                                           : importByName(key(values, identified), values);
+        if (manner_.upgrade) manner_.upgrade->add(list_.name, identity, id);
     }
 
-    void update(std::int32_t id, const std::vector<Value>& values) {
+    std::int32_t importByName(const std::string& name, const std::vector<Value>& values) {
+        const bool oneRow = list_.keys.empty();
+        if (name.empty() && !oneRow) return insert(values);
+        Alike& alike = rows_[name];
+        const std::size_t which = list_.rowsRepeat ? alike.imported++ : 0;
+        if (which < alike.ids.size()) return update(alike.ids[which], values);
+        return alike.ids.emplace_back(insert(values));
+    }
+
+    std::int32_t update(std::int32_t id, const std::vector<Value>& values) {
         std::string changes;
         for (const Value& value : values) {
             if (sameName(value.column, identityColumn)) continue;
@@ -233,9 +202,11 @@ class SectionImport {
         }
         company_.execute("UPDATE " + bracketed(list_.name) + " SET " + changes +
                          " WHERE ID = " + std::to_string(id));
+        ++imported_.updated;
+        return id;
     }
 
-    void insert(const std::vector<Value>& values) {
+    std::int32_t insert(const std::vector<Value>& values) {
         std::string columns, texts;
         for (const Value& value : values) {
             if (sameName(value.column, identityColumn) && !isFree(value.text.value_or(""))) continue;
@@ -243,6 +214,8 @@ class SectionImport {
             texts += (texts.empty() ? "" : ", ") + value.sql();
         }
         company_.execute("INSERT INTO " + bracketed(list_.name) + " (" + columns + ") VALUES(" + texts + ")");
+        ++imported_.added;
+        return company_.lastInsertId();
     }
 
     bool isFree(const std::string& identity) {
@@ -265,18 +238,23 @@ class SectionImport {
 
     Company& company_;
     const ImportList& list_;
-    std::unordered_map<std::string, Alike> rows_;  // by the texts of their keys
+    const ImportManner& manner_;
+    ImportedRecords imported_;
+    std::unordered_map<std::string, Alike> rows_;               // by the texts of their keys
+    std::unordered_map<std::string, std::int32_t> identified_;  // keys by identity; for an upgrade
+    std::unordered_set<std::string> dates_;                     // the dates of change that the table has
+    std::unordered_set<std::string> passedOver_;                // columns of the file that are not imported
     std::vector<ReferencedRows> referenced_;
     std::optional<std::unordered_set<std::string>> identities_;
 };
 
 }  // namespace
 
-std::size_t importSection(Company& company, pugi::xml_node section) {
-    const ImportList* list = findImportList(section.name());
+ImportedRecords importSection(Company& company, pugi::xml_node section, const ImportManner& manner) {
+    const ImportList* list = findImportList(section.name(), manner.upgrade != nullptr);
     if (!list)
         throw ImportError("There is no list '" + std::string(section.name()) + "' that can be imported.");
-    return SectionImport(company, *list).run(section);
+    return SectionImport(company, *list, manner).run(section);
 }
 
 }  // namespace tsln::workbench

@@ -5,8 +5,8 @@
 #include <span>
 #include <system_error>
 
+#include "automation/EmbeddedFile.h"
 #include "automation/FilePath.h"
-#include "workbench/company/EmbeddedFile.h"
 #include "workbench/host/TextOf.h"
 
 namespace tsln::workbench {

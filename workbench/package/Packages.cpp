@@ -5,7 +5,7 @@
 
 #include <pugixml.hpp>
 
-#include "workbench/company/EmbeddedFile.h"
+#include "automation/EmbeddedFile.h"
 #include "workbench/sql/SqlText.h"
 #include "workbench/sql/TextOrder.h"
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <set>
 #include <sstream>
@@ -10,7 +11,9 @@
 #include <wx/dataview.h>
 #include <wx/toplevel.h>
 
+#include "automation/FilePath.h"
 #include "automation/HostError.h"
+#include "workbench/company/CompanyFile.h"
 #include "workbench/tour/AccessibilityFaults.h"
 #include "workbench/tour/DrawingFaults.h"
 #include "workbench/tour/VirtualUser.h"
@@ -22,6 +25,7 @@ using std::chrono::milliseconds;
 
 constexpr milliseconds timeToDraw{300};
 constexpr milliseconds timeForAProcess{4000};
+constexpr int customersSeenAtWork = 20'000;
 constexpr int mostWindows = 12;  ///< the most windows that one stop opens in sequence
 
 /// A call of an operation. It is made from the event loop, because it returns only after its windows are closed.
@@ -158,6 +162,17 @@ void prepare(Company& company, std::string_view statements) {
         company.execute(statement);
 }
 
+/// Makes the company of version 4.2 that an argument of the stop stands for.
+GalleryStop withOldCompany(GalleryStop stop, const std::string& folder) {
+    const auto argument = std::ranges::find(stop.arguments, oldCompanyArgument);
+    if (argument == stop.arguments.end()) return stop;
+    *argument = folder + "/version42.company";
+    std::error_code ignored;
+    std::filesystem::remove(pathOf(*argument), ignored);
+    makeCompany42(*argument, customersSeenAtWork);
+    return stop;
+}
+
 bool listHasKeyboard() {
     for (const wxWindow* window = wxWindow::FindFocus(); window; window = window->GetParent()) {
         if (dynamic_cast<const wxDataViewCtrl*>(window)) return true;
@@ -191,7 +206,7 @@ Script galleryRound(ObjectPtr library, Company& company, wxTopLevelWindow& workb
     for (const GalleryStop& stop : stops) {
         prepare(company, stop.prepare);
         Windows windows(album, stop.name, workbench);
-        const std::shared_ptr<Call> call = begin(library, stop);
+        const std::shared_ptr<Call> call = begin(library, withOldCompany(stop, folder));
         for (const Keystroke& stroke : strokesAt(stop)) {
             act(stroke);
             co_await settled(call, stroke.kind == Keystroke::Kind::Wait ? timeForAProcess : timeToDraw);

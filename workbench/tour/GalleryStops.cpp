@@ -149,6 +149,9 @@ const GalleryStop further[] = {
      {},
      "Enter Enter Insert =STATE Tab =5 Enter Escape Enter =State_only Enter Enter",
      "DELETE FROM SalesTaxGroupCodes;DELETE FROM SalesTaxCodes;DELETE FROM SalesTaxGroups"},
+    {"migration-no-company", Perform42Migration, {"/no such company", "1"}},
+    // Last, because it fills the company.
+    {"migration", Perform42Migration, {std::string(oldCompanyArgument), "2"}},
 };
 
 bool opensScreen(const OperationInfo& row) {

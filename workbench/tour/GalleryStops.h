@@ -8,6 +8,10 @@
 
 namespace tsln::workbench {
 
+/// An argument that stands for the path of a company of version 4.2, made for the stop. Its customers are so many that the
+/// migration is seen at work.
+inline constexpr std::string_view oldCompanyArgument = "{a company of version 4.2}";
+
 /// One stop of the gallery: the called operation, and the user's actions in the windows it opens.
 struct GalleryStop {
     std::string name;  ///< the base of the picture files' names

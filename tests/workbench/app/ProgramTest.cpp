@@ -35,6 +35,9 @@ TEST_F(ProgramTest, AnInvalidCommandLineIsExplained) {
         {"--show RunPackageProcessor a b", 2, "There is no operation RunPackageProcessor."},
         {"--show ShowEditTerms", 2, "ShowEditTerms takes 1 argument(s), not 0."},
         {"--show ShowTerms --tour /tmp/x", 2, "--tour"},
+        {"--make-42 /tmp/x.42 many", 2, "'many' is no number of customers."},
+        {"--make-42 /tmp/x.42 -1", 2, "-1"},
+        {"--migrate /tmp/x.42 --show ShowTerms", 2, "--migrate"},
     };
     for (const auto& c : cases) {
         const Ended ended = runWorkbench(c.arguments);
@@ -74,6 +77,25 @@ TEST_F(ProgramTest, AnUnusableCompanyOrUserIsReportedAndTheFileIsUnchanged) {
     }
     EXPECT_EQ(fs::last_write_time(path("text.company")), before);
     EXPECT_FALSE(fs::exists(path("no")));
+}
+
+TEST_F(ProgramTest, ACompanyOfVersion42IsMadeAndMigratedWithoutADisplay) {
+    const std::string old = "'" + path("old.42") + "'", company = "--company '" + path("new.company") + "' ";
+    EXPECT_EQ(runWorkbench("--make-42 " + old + " 40").exitCode, 0);
+    const Ended again = runWorkbench("--make-42 " + old);
+    EXPECT_EQ(again.exitCode, 3);
+    EXPECT_THAT(again.output, HasSubstr("The file exists."));
+
+    const Ended ended = runWorkbench(company + "--migrate " + old);
+    EXPECT_EQ(ended.exitCode, 0);
+    for (const char* line : {"Customers: 40 records were imported, 40 of them are new.\n",
+                             "  Customers                   60       100\n", "The migration succeeded.\n"})
+        EXPECT_THAT(ended.output, HasSubstr(line));
+
+    const Ended failed = runWorkbench(company + "--migrate '" + path("text") + "'");
+    EXPECT_EQ(failed.exitCode, 1);
+    EXPECT_THAT(failed.output, HasSubstr("The TSLN 4.2 company file cannot be opened.\n"));
+    EXPECT_THAT(failed.output, HasSubstr("does not exist."));
 }
 
 }  // namespace

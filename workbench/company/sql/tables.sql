@@ -108,7 +108,8 @@ CREATE TABLE SalesTaxGroupCodes ({id},
     SalesTaxGroupID INTEGER NOT NULL, SalesTaxCodeID INTEGER NOT NULL, {bookkeeping}) STRICT;
 -- AccountType: 1 sales, 2 purchase
 CREATE TABLE Accounts ({id},
-    Account {text}, AccountType INTEGER NOT NULL DEFAULT 1, Exported INTEGER NOT NULL DEFAULT 0, {bookkeeping}) STRICT;
+    Account {text}, AccountType INTEGER NOT NULL DEFAULT 1, Exported INTEGER NOT NULL DEFAULT 0, {bookkeeping},
+    Description {text}) STRICT;
 -- State: 1 quote, 2 sale, 3 order
 CREATE TABLE OrderStatusCodes ({id},
     State INTEGER NOT NULL DEFAULT 1, StatusName {text}, Sequence INTEGER NOT NULL DEFAULT 0, {bookkeeping}) STRICT;

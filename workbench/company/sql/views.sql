@@ -55,7 +55,7 @@ CREATE VIEW vwExporting_SalesTaxCodes AS
 CREATE VIEW vwExporting_SalesTaxGroups AS
     SELECT SalesTaxGroup, Description, Exported, UniqueID, AddedOn, UpdatedOn FROM SalesTaxGroups;
 CREATE VIEW vwExporting_Accounts AS
-    SELECT Account, AccountType, Exported, UniqueID, AddedOn, UpdatedOn FROM Accounts;
+    SELECT Account, AccountType, Description, Exported, UniqueID, AddedOn, UpdatedOn FROM Accounts;
 CREATE VIEW vwExporting_AdditionalCharges AS
     SELECT c.ChargeType, c.ChargeCode, c.Enabled, c.GroupName, c.ChargeName, c.Description, c.Cost, c.ChargeMethod,
         c.Value, c.Taxable, c.AutoAddToQuotes, c.AutoAddToPOs, c.ApplyToPOs, c.StartsOn, c.EndsOn, c.Criteria,

@@ -3,11 +3,11 @@
 #include <span>
 #include <string_view>
 
-namespace tsln::workbench {
+namespace tsln {
 
 /// A file of the source tree that is built into the program. Both texts have static lifetime.
 struct EmbeddedFile {
     std::string_view name, text;
 };
 
-}  // namespace tsln::workbench
+}  // namespace tsln

@@ -1,0 +1,121 @@
+// The migration from version 4.2, called through COM. The host's components are classes of this process, found by their
+// program identifiers like those of any host.
+
+#include <gmock/gmock.h>
+
+#include "com/edge/ComObject.h"
+#include "com/edge/Failure.h"
+#include "com/edge/Wide.h"
+#include "tests/com/server/OverCompany.h"
+#include "workbench/company/CompanyFile.h"
+
+namespace tsln::test {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+/// The class factory of one of the session's components.
+class ComponentFactory : public com::ComObject<IClassFactory> {
+  public:
+    ComponentFactory(const workbench::CompanySession& session, std::string programId)
+        : session_(session), programId_(std::move(programId)) {}
+
+    STDMETHODIMP CreateInstance(IUnknown* outer, REFIID iid, void** out) noexcept override {
+        if (!out) return E_POINTER;
+        *out = nullptr;
+        if (outer) return CLASS_E_NOAGGREGATION;
+        return com::guarded(
+            [&]() -> HRESULT {
+                return com::adopt(com::newDispatch(session_.createObject(programId_)))
+                    ->QueryInterface(iid, out);
+            },
+            nullptr);
+    }
+    STDMETHODIMP LockServer(BOOL) noexcept override { return S_OK; }
+
+  private:
+    const workbench::CompanySession& session_;
+    std::string programId_;
+};
+
+/// While it exists, a component can be created by its program identifier.
+class OfferedComponent {
+  public:
+    OfferedComponent(const workbench::CompanySession& session, const std::string& programId)
+        : key_(com::toWide(programId)) {
+        CLSID classId;
+        CoCreateGuid(&classId);
+        wchar_t text[64];
+        StringFromGUID2(classId, text, static_cast<int>(std::size(text)));
+        EXPECT_EQ(ERROR_SUCCESS,
+                  RegSetValueW(HKEY_CLASSES_ROOT, (key_ + L"\\CLSID").c_str(), REG_SZ, text, 0));
+        ComPtr<IClassFactory> factory = com::adopt<IClassFactory>(new ComponentFactory(session, programId));
+        EXPECT_EQ(S_OK, CoRegisterClassObject(classId, factory.Get(), CLSCTX_INPROC_SERVER,
+                                              REGCLS_MULTIPLEUSE, &cookie_));
+    }
+    ~OfferedComponent() {
+        CoRevokeClassObject(cookie_);
+        RegDeleteKeyW(HKEY_CLASSES_ROOT, (key_ + L"\\CLSID").c_str());
+        RegDeleteKeyW(HKEY_CLASSES_ROOT, key_.c_str());
+    }
+    OfferedComponent(const OfferedComponent&) = delete;
+    OfferedComponent& operator=(const OfferedComponent&) = delete;
+
+  private:
+    std::wstring key_;
+    DWORD cookie_ = 0;
+};
+
+class MigrationTest : public OverCompany {
+  protected:
+    VARIANT_BOOL migrate(const std::string& path, SHORT kind) {
+        BSTR file = SysAllocString(com::toWide(path).c_str());
+        VARIANT_BOOL cancelled = VARIANT_FALSE;
+        EXPECT_EQ(S_OK, library->Perform42Migration(&file, &kind, &cancelled));
+        SysFreeString(file);
+        return cancelled;
+    }
+
+    OfferedComponent manager_{session, "tslncmgr5.Library"};
+    OfferedComponent sql_{session, "tslnsql5.Engine"};
+    OfferedComponent import_{session, "tslniee5.Engine"};
+};
+
+TEST_F(MigrationTest, ACompanyOfVersion42ComesOverByTheQueriesInTheModulesResources) {
+    const std::string old = folder.file("old.company");
+    workbench::makeCompany42(old, 200);
+    const std::string before = value("SELECT COUNT(*) FROM Customers");
+    EXPECT_EQ(VARIANT_FALSE, migrate(old, 2))
+        << value("SELECT TOP 1 EventText FROM EventLog ORDER BY ID DESC");
+    EXPECT_EQ(std::stoi(before) + 200, std::stoi(value("SELECT COUNT(*) FROM Customers")));
+    workbench::Company source(old, workbench::OpenMode::Version42);
+    for (
+        const auto& [from, now] :
+        {std::pair(
+             "SELECT Name, AccountNumber, Phone1, Notes, UniqueID FROM Customers ORDER BY AccountNumber",
+             "SELECT CustomerName AS Name, AccountNumber, Phone1, Notes, UniqueID FROM Customers WHERE AccountNumber LIKE 'A%' ORDER BY AccountNumber"),
+         std::pair(
+             "SELECT FirstName, LastName, UniqueID FROM Employees WHERE Name <> '(None)' AND Name <> '(Administrator)' ORDER BY LastName",
+             "SELECT FirstName, LastName, UniqueID FROM Employees WHERE ID > 8 ORDER BY LastName"),
+         std::pair("SELECT Name, Fax2 FROM Company", "SELECT Name, Phone4 AS Fax2 FROM Company")}) {
+        EXPECT_EQ(source.read(from), session.company().read(now));
+    }
+    EXPECT_EQ("1", value("SELECT COUNT(*) FROM SalesTaxGroups WHERE SalesTaxGroup = 'O''Hare & Sons'"));
+    EXPECT_THAT(ui.told, IsEmpty());
+}
+
+TEST_F(MigrationTest, AMissingCompanyIsToldAndTheUserCancelsALongImport) {
+    {
+        const User user([](WindowDriver& at) { at.press("Tessaline", "OK"); });
+        EXPECT_EQ(VARIANT_TRUE, migrate(folder.file("missing.company"), 1));
+    }
+    const std::string old = folder.file("old.company");
+    workbench::makeCompany42(old, 30'000);
+    const User user([](WindowDriver& at) { at.press("Migrate From Version 4.2", "Cancel"); });
+    EXPECT_EQ(VARIANT_TRUE, migrate(old, 2));
+    EXPECT_LT(std::stoi(value("SELECT COUNT(*) FROM Customers")), 30'000);
+}
+
+}  // namespace
+}  // namespace tsln::test
