@@ -69,7 +69,8 @@ int monthOf(std::string name) {
 
 std::optional<int> namedDay(int month, const std::string& first, const std::string& second, bool monthFirst) {
     const Number a(first);
-    if (second.empty()) return a.isYear() ? dayNumber(a.year(), month, 1) : dayNumber(thisYear(), month, a.value);
+    if (second.empty())
+        return a.isYear() ? dayNumber(a.year(), month, 1) : dayNumber(thisYear(), month, a.value);
     const Number b(second);
     if (a.isYear() && !monthFirst) return dayNumber(a.year(), month, b.value);
     return dayNumber(b.year(), month, a.value);
@@ -91,7 +92,8 @@ std::optional<int> secondsOf(const std::string& text) {
     std::smatch part;
     if (!std::regex_match(text, part, clockTime) || (!part[2].matched && !part[4].matched)) return {};
     int hour = std::stoi(part[1]);
-    const int minute = part[2].matched ? std::stoi(part[2]) : 0, second = part[3].matched ? std::stoi(part[3]) : 0;
+    const int minute = part[2].matched ? std::stoi(part[2]) : 0,
+              second = part[3].matched ? std::stoi(part[3]) : 0;
     if (hour > 23 || minute > 59 || second > 59) return {};
     if (part[4].matched) {
         if (hour > 12) return {};
@@ -148,6 +150,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto day = dayNumber(time->year, time->month, time->day);
     fuzz::same(std::int64_t{day.value_or(0)} * 86400 + seconds, *expected, "day and time");
     fuzz::require(fromCalendar(*time) == date, "the calendar's terms do not give the date again");
-    fuzz::require(readDateText(dateText(*date)) == date, "the date's own text is another date: " + dateText(*date));
+    fuzz::require(readDateText(dateText(*date)) == date,
+                  "the date's own text is another date: " + dateText(*date));
     return 0;
 }

@@ -14,7 +14,8 @@ namespace {
 using namespace tsln;
 using namespace tsln::workbench;
 
-constexpr std::array columns = {"GroupName", "TemplateName", "Description", "CcAddress", "Subject", "BodyText"};
+constexpr std::array columns = {"GroupName", "TemplateName", "Description",
+                                "CcAddress", "Subject",      "BodyText"};
 const std::string everything =
     "SELECT TemplateType, GroupName, TemplateName, Favorite, Description, CcAddress, Subject, BodyText, UniqueID "
     "FROM EmailTemplates ORDER BY ID";
@@ -39,8 +40,8 @@ void checkDocument(const std::string& path, const std::string& rows) {
     result.load_buffer(rows.data(), rows.size(), options, pugi::encoding_utf8);
     const pugi::xml_node exported = file.child(sectionsRoot).child("EmailTemplates").child("Record");
     for (const pugi::xml_node column : result.child("Records").child("Record").children()) {
-        fuzz::same(std::string(exported.child(column.name()).child_value()), std::string(column.child_value()),
-                   column.name());
+        fuzz::same(std::string(exported.child(column.name()).child_value()),
+                   std::string(column.child_value()), column.name());
     }
 }
 
@@ -68,7 +69,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     fuzz::require(out->call("DoExport", path).toBoolean(), "not exported: " + stage.lastEvent());
     checkDocument(path, before);
     const auto import = [&](std::string_view what) {
-        fuzz::require(engine()->call("ImportFile", path, "").toBoolean(), "not imported: " + stage.lastEvent());
+        fuzz::require(engine()->call("ImportFile", path, "").toBoolean(),
+                      "not imported: " + stage.lastEvent());
         fuzz::same(company.read(everything), before, what);
     };
     import("imported into the same row");

@@ -16,7 +16,8 @@ namespace {
 
 using namespace tsln;
 
-constexpr std::int64_t largest = 1'000'000'000'000;  // larger values are brought down, so that nothing overflows
+constexpr std::int64_t largest =
+    1'000'000'000'000;  // larger values are brought down, so that nothing overflows
 
 /// A part of an expression: its text, what it computes, and how strongly it binds.
 template <class T>
@@ -38,31 +39,51 @@ class Expressions {
     Number number(int depth) {
         if (depth <= 0 || choices_.ended()) return literalNumber();
         switch (choices_.below(12)) {
-            case 0: return sum(number(depth - 1), number(depth - 1));
-            case 1: return sum(number(depth - 1), number(depth - 1));
-            case 2: return product(number(depth - 1), number(depth - 1));
-            case 3: return divided(number(depth - 1));
-            case 4: return signedNumber(number(depth - 1));
-            case 5: return searched(depth);
-            case 6: return simpleCase(depth);
-            case 7: return isNull(number(depth - 1), number(depth - 1));
-            case 8: return nullIf(number(depth - 1), number(depth - 1));
-            case 9: return length(text(depth - 1));
-            case 10: return literalNumber();
-            default: return casted(number(depth - 1));
+            case 0:
+                return sum(number(depth - 1), number(depth - 1));
+            case 1:
+                return sum(number(depth - 1), number(depth - 1));
+            case 2:
+                return product(number(depth - 1), number(depth - 1));
+            case 3:
+                return divided(number(depth - 1));
+            case 4:
+                return signedNumber(number(depth - 1));
+            case 5:
+                return searched(depth);
+            case 6:
+                return simpleCase(depth);
+            case 7:
+                return isNull(number(depth - 1), number(depth - 1));
+            case 8:
+                return nullIf(number(depth - 1), number(depth - 1));
+            case 9:
+                return length(text(depth - 1));
+            case 10:
+                return literalNumber();
+            default:
+                return casted(number(depth - 1));
         }
     }
 
     Condition condition(int depth) {
         switch (choices_.below(9)) {
-            case 0: return junction(depth, false);
-            case 1: return junction(depth, true);
-            case 2: return negated(condition(depth - 1));
-            case 3: return between(number(depth - 1), number(depth - 1), number(depth - 1), choices_.below(2));
-            case 4: return in(depth, choices_.below(2));
-            case 5: return nullTest(number(depth - 1), choices_.below(2));
-            case 6: return comparedTexts(text(depth - 1), text(depth - 1));
-            default: return compared(number(depth - 1), number(depth - 1));
+            case 0:
+                return junction(depth, false);
+            case 1:
+                return junction(depth, true);
+            case 2:
+                return negated(condition(depth - 1));
+            case 3:
+                return between(number(depth - 1), number(depth - 1), number(depth - 1), choices_.below(2));
+            case 4:
+                return in(depth, choices_.below(2));
+            case 5:
+                return nullTest(number(depth - 1), choices_.below(2));
+            case 6:
+                return comparedTexts(text(depth - 1), text(depth - 1));
+            default:
+                return compared(number(depth - 1), number(depth - 1));
         }
     }
 
@@ -87,7 +108,11 @@ class Expressions {
         Number result{within(a, Sum) + " " + sign + " " + within(b, Product), {}, Sum};
         if (a.value && b.value) {
             const std::int64_t x = *a.value, y = *b.value;
-            result.value = sign == '+' ? x + y : sign == '-' ? x - y : sign == '&' ? x & y : sign == '|' ? x | y : x ^ y;
+            result.value = sign == '+'   ? x + y
+                           : sign == '-' ? x - y
+                           : sign == '&' ? x & y
+                           : sign == '|' ? x | y
+                                         : x ^ y;
         }
         return bounded(result);
     }
@@ -118,9 +143,12 @@ class Expressions {
         const Condition when = condition(depth - 1), second = condition(depth - 1);
         const Number a = number(depth - 1), b = number(depth - 1), otherwise = number(depth - 1);
         const bool first = when.value.value_or(false);
-        return {"CASE WHEN " + when.text + " THEN " + a.text + " WHEN " + second.text + " THEN " + b.text + " ELSE " +
-                    otherwise.text + " END",
-                first ? a.value : second.value.value_or(false) ? b.value : otherwise.value, Primary};
+        return {"CASE WHEN " + when.text + " THEN " + a.text + " WHEN " + second.text + " THEN " + b.text +
+                    " ELSE " + otherwise.text + " END",
+                first                          ? a.value
+                : second.value.value_or(false) ? b.value
+                                               : otherwise.value,
+                Primary};
     }
     Number simpleCase(int depth) {
         const Number of = number(depth - 1), when = number(depth - 1), then = number(depth - 1);
@@ -167,8 +195,10 @@ class Expressions {
 
     Condition junction(int depth, bool isAnd) {
         const Condition a = condition(depth - 1), b = condition(depth - 1);
-        Condition result{within(a, isAnd ? And : Or) + (isAnd ? " AND " : " OR ") + within(b, isAnd ? Not : And),
-                         {}, isAnd ? And : Or};
+        Condition result{
+            within(a, isAnd ? And : Or) + (isAnd ? " AND " : " OR ") + within(b, isAnd ? Not : And),
+            {},
+            isAnd ? And : Or};
         const bool deciding = !isAnd;
         if (a.value == deciding || b.value == deciding) {
             result.value = deciding;
@@ -183,12 +213,14 @@ class Expressions {
         return result;
     }
     template <class T>
-    Condition comparison(const std::string& a, const std::string& b, const std::optional<T>& x, const std::optional<T>& y) {
+    Condition comparison(const std::string& a, const std::string& b, const std::optional<T>& x,
+                         const std::optional<T>& y) {
         constexpr const char* signs[] = {"=", "<>", "<", "<=", ">", ">=", "!=", "!<", "!>"};
         const unsigned sign = choices_.below(9);
         Condition result{a + " " + signs[sign] + " " + b, {}, Predicate};
         if (!x || !y) return result;
-        const bool values[] = {*x == *y, *x != *y, *x < *y, *x <= *y, *x > *y, *x >= *y, *x != *y, *x >= *y, *x <= *y};
+        const bool values[] = {*x == *y, *x != *y, *x<*y, *x <= *y, *x> * y, *x >= *y, *x != *y,
+                               *x >= *y, *x <= *y};
         result.value = values[sign];
         return result;
     }
@@ -209,7 +241,8 @@ class Expressions {
     Condition between(const Number& a, const Number& low, const Number& high, bool isNot) {
         Condition result{within(a, Sum) + (isNot ? " NOT" : "") + " BETWEEN " + within(low, Sum) + " AND " +
                              within(high, Sum),
-                         {}, Predicate};
+                         {},
+                         Predicate};
         const auto least = [](const Number& x, const Number& y) -> std::optional<bool> {
             if (!x.value || !y.value) return {};
             return *x.value >= *y.value;
@@ -224,19 +257,22 @@ class Expressions {
     }
     Condition in(int depth, bool isNot) {
         const Number a = number(depth - 1);
-        Condition result{within(a, Sum) + (isNot ? " NOT IN (" : " IN ("), !a.value ? std::nullopt : std::optional(isNot),
-                         Predicate};
+        Condition result{within(a, Sum) + (isNot ? " NOT IN (" : " IN ("),
+                         !a.value ? std::nullopt : std::optional(isNot), Predicate};
         for (unsigned i = 0, count = 1 + choices_.below(3); i < count; ++i) {
             const Number one = number(depth - 1);
             result.text += (i == 0 ? "" : ", ") + one.text;
             if (!a.value || result.value == !isNot) continue;
-            result.value = !one.value ? std::nullopt : *one.value == *a.value ? std::optional(!isNot) : result.value;
+            result.value = !one.value               ? std::nullopt
+                           : *one.value == *a.value ? std::optional(!isNot)
+                                                    : result.value;
         }
         result.text += ")";
         return result;
     }
     Condition nullTest(const Number& a, bool isNot) {
-        return {within(a, Sum) + (isNot ? " IS NOT NULL" : " IS NULL"), a.value.has_value() == isNot, Predicate};
+        return {within(a, Sum) + (isNot ? " IS NOT NULL" : " IS NULL"), a.value.has_value() == isNot,
+                Predicate};
     }
 
     fuzz::Choices choices_;
@@ -259,8 +295,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const Number number = expressions.number(depth);
     const Condition condition = expressions.condition(depth);
     const std::string first = "SELECT " + number.text;
-    const std::string second = "SELECT CASE WHEN " + condition.text + " THEN 'true' WHEN NOT (" + condition.text +
-                               ") THEN 'false' ELSE 'NULL' END";
+    const std::string second = "SELECT CASE WHEN " + condition.text + " THEN 'true' WHEN NOT (" +
+                               condition.text + ") THEN 'false' ELSE 'NULL' END";
     std::string statement = first;
     try {
         fuzz::same(runValue(first), number.value ? std::to_string(*number.value) : "NULL", first);

@@ -81,7 +81,8 @@ void checkLastRecord(Company& company, const pugi::xml_node section) {
         std::string text;
         for (const pugi::xml_node part : field.children())
             text += part.value();
-        where += (where.empty() ? "" : " AND ") + bracketed(name) + " = " + literal(modSharedXML::decodeFieldText(text));
+        where += (where.empty() ? "" : " AND ") + bracketed(name) + " = " +
+                 literal(modSharedXML::decodeFieldText(text));
     }
     if (where.empty()) return;
     const std::string query = "SELECT COUNT(*) FROM " + bracketed(list->name) + " WHERE " + where;

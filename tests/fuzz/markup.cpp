@@ -1,10 +1,11 @@
 // Markup of messages: a plain reading, character by character and without regard to time, against the parser's runs.
 
+#include "shared/Markup.h"
+
 #include <algorithm>
 #include <optional>
 #include <regex>
 
-#include "shared/Markup.h"
 #include "tests/fuzz/Fuzz.h"
 
 namespace {
@@ -109,7 +110,8 @@ class Reader {
 
   private:
     void put(char c) {
-        if (edge_ && !cells_.empty() && cells_.back().c != '\n') cells_.push_back({'\n', false, {}, style_.block});
+        if (edge_ && !cells_.empty() && cells_.back().c != '\n')
+            cells_.push_back({'\n', false, {}, style_.block});
         edge_ = false;
         Cell cell = style_;
         if (c == '\n') cell = {c, false, {}, style_.block};
@@ -192,7 +194,8 @@ void checkSafe(const std::string& text) {
     const auto cells = cellsOf(parseMarkup("<Bold>" + asMarkupText(text) + "</Bold>"));
     fuzz::same(textOf(cells), lines, "the text made safe, in bold");
     for (const Cell& cell : cells)
-        fuzz::require((cell.bold || cell.c == '\n') && cell.operation.empty(), "a text made safe became markup");
+        fuzz::require((cell.bold || cell.c == '\n') && cell.operation.empty(),
+                      "a text made safe became markup");
 }
 
 }  // namespace

@@ -109,7 +109,8 @@ std::optional<Slow> slowly(std::string_view text) {
 
 /// Rounds half to even by the written digits, without the sign; nothing for more than 64 bits.
 std::optional<std::uint64_t> whole(const Slow& number) {
-    std::string digits = number.digits.substr(std::min(number.digits.find_first_not_of('0'), number.digits.size()));
+    std::string digits =
+        number.digits.substr(std::min(number.digits.find_first_not_of('0'), number.digits.size()));
     if (digits.empty()) return 0;
     const long long count = static_cast<long long>(digits.size()) + number.exponent;
     if (count > 19) return {};
@@ -128,7 +129,8 @@ template <class T>
 std::string wholeText(const std::optional<Slow>& number) {
     if (!number) return "unreadable";
     if (number->isBits) {
-        if (number->tooLarge || number->bits > std::numeric_limits<std::make_unsigned_t<T>>::max()) return "overflow";
+        if (number->tooLarge || number->bits > std::numeric_limits<std::make_unsigned_t<T>>::max())
+            return "overflow";
         return std::to_string(static_cast<T>(number->bits));
     }
     const auto value = whole(*number);
@@ -176,12 +178,13 @@ void checkBoolean(std::string_view text, const std::string& number) {
     std::string lower(text);
     for (char& c : lower)
         c = c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c;
-    const bool isTrue = lower == "true" || lower == "#true#", isFalse = lower == "false" || lower == "#false#";
-    const std::string expected = isTrue                                            ? "true"
-                                 : isFalse                                         ? "false"
+    const bool isTrue = lower == "true" || lower == "#true#",
+               isFalse = lower == "false" || lower == "#false#";
+    const std::string expected = isTrue                                           ? "true"
+                                 : isFalse                                        ? "false"
                                  : number == "overflow" || number == "unreadable" ? number
-                                 : number == "0x0p+0"                              ? "false"
-                                                                                   : "true";
+                                 : number == "0x0p+0"                             ? "false"
+                                                                                  : "true";
     bool value = false;
     const Reading reading = readBoolean(text, value);
     fuzz::same(reading == Reading::Overflow     ? "overflow"
@@ -229,7 +232,8 @@ void checkWritten(T value, int precision) {
     std::string digits(text, std::strchr(text, 'e'));
     while (digits.ends_with('0'))
         digits.pop_back();
-    const int count = static_cast<int>(std::count_if(digits.begin(), digits.end(), [](char c) { return c >= '0' && c <= '9'; }));
+    const int count = static_cast<int>(
+        std::count_if(digits.begin(), digits.end(), [](char c) { return c >= '0' && c <= '9'; }));
     const int behind = std::max(count - 1 - exponent, 0);
     if (number != 0 && (exponent >= precision || behind > precision)) {
         std::snprintf(text, sizeof text, "%.*E", count - 1, number);

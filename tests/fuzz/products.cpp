@@ -51,7 +51,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static ModuleStage stage;
     static AnyScreen screen(*stage.library);
     static const bool named = [] {
-        stage.run("UPDATE Products SET ProductFile = " + literal(stage.folder.file("product.xml")) + " WHERE ID = 1");
+        stage.run("UPDATE Products SET ProductFile = " + literal(stage.folder.file("product.xml")) +
+                  " WHERE ID = 1");
         return true;
     }();
     (void)named;
@@ -63,7 +64,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string organizations = product.document_element().attribute("Organizations").value();
     const std::string listed = "|" + modSharedStrings::foldCase(organizations) + "|";
     bool mine = false;
-    for (const Variant& value : {screen.host().security().OID(), screen.host().security().OrganizationName()}) {
+    for (const Variant& value :
+         {screen.host().security().OID(), screen.host().security().OrganizationName()}) {
         const std::string name = value.toText();
         mine |= !name.empty() && listed.find("|" + modSharedStrings::foldCase(name) + "|") != listed.npos;
     }
@@ -75,7 +77,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         return 0;
     }
     if (!organizations.empty() && !mine) {
-        fuzz::require(opening == ProductReader::Opening::NotPermitted, "another organization's product was opened");
+        fuzz::require(opening == ProductReader::Opening::NotPermitted,
+                      "another organization's product was opened");
         return 0;
     }
     fuzz::require(opening == ProductReader::Opening::Opened, "a product could not be opened");

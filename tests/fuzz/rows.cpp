@@ -9,6 +9,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const Rows expected = readTree(text);
     tsln::fuzz::same(readRows(text, Way::OnePass), expected, "the rows in one pass");
     tsln::fuzz::same(readRows(text, Way::Nodes), expected, "the rows by nodes");
-    tsln::fuzz::same(Records::read(text).count(), expected == refused ? 0 : expected.size(), "the number of rows");
+    tsln::fuzz::same(Records::read(text).count(), expected == refused ? 0 : expected.size(),
+                     "the number of rows");
     return 0;
 }

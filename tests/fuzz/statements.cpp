@@ -21,14 +21,33 @@ using namespace tsln::workbench;
 
 /// What SQLite may find wrong in a translated statement: names and numbers of columns, which the translator does not
 /// know, but never its form.
-constexpr std::array meaningful = {
-    "no such table",     "no such column",       "ambiguous column name", "has no column named",
-    "sub-select returns", "SELECTs to the left", "values for",            "values were supplied",
-    "misuse of",         "term out of range",    "term does not match",   "aggregate functions are not allowed",
-    "may not be modified", "because it is a view", "no tables specified", "HAVING",
-    "duplicate column name", "too many",         "cannot join using",     "row value misused",
-    "conflicting",       "wrong number of columns", "circularly defined", "ON clause references tables to its right",
-    "parser stack overflow", "Expression tree is too large", "all VALUES must have the same number of terms"};
+constexpr std::array meaningful = {"no such table",
+                                   "no such column",
+                                   "ambiguous column name",
+                                   "has no column named",
+                                   "sub-select returns",
+                                   "SELECTs to the left",
+                                   "values for",
+                                   "values were supplied",
+                                   "misuse of",
+                                   "term out of range",
+                                   "term does not match",
+                                   "aggregate functions are not allowed",
+                                   "may not be modified",
+                                   "because it is a view",
+                                   "no tables specified",
+                                   "HAVING",
+                                   "duplicate column name",
+                                   "too many",
+                                   "cannot join using",
+                                   "row value misused",
+                                   "conflicting",
+                                   "wrong number of columns",
+                                   "circularly defined",
+                                   "ON clause references tables to its right",
+                                   "parser stack overflow",
+                                   "Expression tree is too large",
+                                   "all VALUES must have the same number of terms"};
 
 SQLite::Database& database() {
     static SQLite::Database company(":memory:", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
@@ -36,7 +55,8 @@ SQLite::Database& database() {
         addSqlFunctions(company);
         schema::create(company);
         sqlite3_db_config(company.getHandle(), SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
-        sqlite3_progress_handler(company.getHandle(), 20'000, [](void*) { return 1; }, nullptr);
+        sqlite3_progress_handler(
+            company.getHandle(), 20'000, [](void*) { return 1; }, nullptr);
         company.exec("PRAGMA hard_heap_limit = 200000000");
         return true;
     }();

@@ -16,8 +16,9 @@ using Rows = std::vector<std::vector<std::string>>;
 using namespace std::string_literals;
 
 /// The columns to read. Some of these names occur in no document, and one is repeated.
-inline const std::vector<std::string> askedNames{"ID",    "Name",  "Active",        "Name",   "Due.Days", "Nowhere",
-                                          "n:Odd", "Größe", "Name_Of-Other", "Record", "",         "ID\0x"s};
+inline const std::vector<std::string> askedNames{"ID",      "Name",  "Active", "Name",          "Due.Days",
+                                                 "Nowhere", "n:Odd", "Größe",  "Name_Of-Other", "Record",
+                                                 "",        "ID\0x"s};
 inline const std::vector<std::string_view> asked(askedNames.begin(), askedNames.end());
 
 inline const Rows refused{{"refused"}};

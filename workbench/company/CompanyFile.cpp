@@ -7,6 +7,7 @@
 #include <sqlite3.h>
 
 #include "automation/FilePath.h"
+#include "workbench/company/LockHolder.h"
 #include "workbench/company/NewFile.h"
 #include "workbench/company/Schema.h"
 #include "workbench/sql/SqlFunctions.h"
@@ -53,7 +54,7 @@ void create(const std::string& path) {
         case SQLITE_LOCKED:
             throw CompanyFileError(
                 Reason::Locked,
-                "The company file " + quoted(path) + " is in use by another program. Try again in a moment.");
+                "The company file " + quoted(path) + " is in use by " + lockHolder(path) + ". Try again in a moment.");
         case SQLITE_CANTOPEN:
         case SQLITE_PERM:
         case SQLITE_AUTH:
