@@ -37,54 +37,51 @@ class Expressions {
     explicit Expressions(std::string_view bytes) : choices_(bytes) {}
 
     Number number(int depth) {
-        if (depth <= 0 || choices_.ended()) return literalNumber();
-        switch (choices_.below(12)) {
-            case 0:
-                return sum(number(depth - 1), number(depth - 1));
-            case 1:
-                return sum(number(depth - 1), number(depth - 1));
-            case 2:
-                return product(number(depth - 1), number(depth - 1));
-            case 3:
-                return divided(number(depth - 1));
-            case 4:
-                return signedNumber(number(depth - 1));
-            case 5:
-                return searched(depth);
-            case 6:
-                return simpleCase(depth);
-            case 7:
-                return isNull(number(depth - 1), number(depth - 1));
-            case 8:
-                return nullIf(number(depth - 1), number(depth - 1));
-            case 9:
-                return length(text(depth - 1));
-            case 10:
-                return literalNumber();
-            default:
-                return casted(number(depth - 1));
-        }
+        enum : unsigned {
+            Literal,
+            Searched,
+            Simple,
+            Length,
+            Divided,
+            Signed,
+            Casted,
+            Multiplied,
+            IsNull,
+            NullIf,
+            kinds
+        };
+        const unsigned kind = depth <= 0 || choices_.ended() ? unsigned{Literal} : choices_.below(kinds + 2);
+        if (kind == Literal) return literalNumber();
+        if (kind == Searched) return searched(depth);
+        if (kind == Simple) return simpleCase(depth);
+        if (kind == Length) return length(text(depth - 1));
+        const Number a = number(depth - 1);
+        if (kind == Divided) return divided(a);
+        if (kind == Signed) return signedNumber(a);
+        if (kind == Casted) return casted(a);
+        const Number b = number(depth - 1);
+        return kind == Product  ? product(a, b)
+               : kind == IsNull ? isNull(a, b)
+               : kind == NullIf ? nullIf(a, b)
+                                : sum(a, b);
     }
 
     Condition condition(int depth) {
-        switch (choices_.below(9)) {
-            case 0:
-                return junction(depth, false);
-            case 1:
-                return junction(depth, true);
-            case 2:
-                return negated(condition(depth - 1));
-            case 3:
-                return between(number(depth - 1), number(depth - 1), number(depth - 1), choices_.below(2));
-            case 4:
-                return in(depth, choices_.below(2));
-            case 5:
-                return nullTest(number(depth - 1), choices_.below(2));
-            case 6:
-                return comparedTexts(text(depth - 1), text(depth - 1));
-            default:
-                return compared(number(depth - 1), number(depth - 1));
+        enum : unsigned { Compared, Conjunction, Disjunction, Negated, Between, In, NullTest, Texts, kinds };
+        const unsigned kind = depth <= 0 || choices_.ended() ? unsigned{Compared} : choices_.below(kinds);
+        if (kind == Conjunction || kind == Disjunction) return junction(depth, kind == Conjunction);
+        if (kind == Negated) return negated(condition(depth - 1));
+        if (kind == In) return in(depth, choices_.below(2));
+        if (kind == Texts) {
+            const Text a = text(depth - 1), b = text(depth - 1);
+            return comparedTexts(a, b);
         }
+        const Number a = number(depth - 1);
+        if (kind == NullTest) return nullTest(a, choices_.below(2));
+        const Number b = number(depth - 1);
+        if (kind == Compared) return compared(a, b);
+        const Number c = number(depth - 1);
+        return between(a, b, c, choices_.below(2));
     }
 
   private:
@@ -104,15 +101,11 @@ class Expressions {
     }
     /// The signs of the lowest precedence are equal in rank and are read from left to right.
     Number sum(const Number& a, const Number& b) {
-        const char sign = "+-&|^"[choices_.below(5)];
+        const char sign = "+-&|"[choices_.below(4)];
         Number result{within(a, Sum) + " " + sign + " " + within(b, Product), {}, Sum};
         if (a.value && b.value) {
             const std::int64_t x = *a.value, y = *b.value;
-            result.value = sign == '+'   ? x + y
-                           : sign == '-' ? x - y
-                           : sign == '&' ? x & y
-                           : sign == '|' ? x | y
-                                         : x ^ y;
+            result.value = sign == '+' ? x + y : sign == '-' ? x - y : sign == '&' ? x & y : x | y;
         }
         return bounded(result);
     }
