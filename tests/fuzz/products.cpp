@@ -72,7 +72,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     ProductReader reader(screen);
     const ProductReader::Opening opening = reader.open(1);
     if (!readable) {
-        fuzz::require(opening == ProductReader::Opening::Unreadable, "a damaged product was opened");
+        fuzz::require(opening == ProductReader::Opening::Unreadable, "a damaged product is not told as one");
         fuzz::require(reader.options().empty() && reader.styles().empty(), "a damaged product has options");
         return 0;
     }

@@ -9,6 +9,7 @@
 #include "automation/Object.h"
 #include "shared/modSharedStrings.h"
 #include "shared/modSharedXML.h"
+#include "workbench/company/RecordsXml.h"
 #include "workbench/sql/SqlText.h"
 #include "workbench/sql/TextOrder.h"
 #include "workbench/host/ImportLists.h"
@@ -190,6 +191,7 @@ class SectionImport {
                 text += part.value();
             }
             text = modSharedXML::decodeFieldText(text);
+            if (!fitsInXml(text)) throw ImportError("The column " + column + " holds a character that is no text.");
             if (std::ranges::any_of(result, [&](const Value& v) { return sameName(v.column, column); })) {
                 throw ImportError("The column " + column + " occurs twice.");
             }
