@@ -25,7 +25,6 @@ class Writer {
         desktop_.components = [this](std::string_view programId) { return session_.createObject(programId); };
         library_->Initialize(session_.sharedCode());
         addCustomers(session_.company());
-        say("open");
     }
 
     void vendor() {
@@ -37,6 +36,7 @@ class Writer {
         });
     }
     void changeVendor() {
+        if (ID_ < 1) return;  // the last one was refused
         act("change", [&] { return edit(ID_, [](entities::VendorEditor&) {}) == ID_; });
     }
     void import() {
@@ -89,8 +89,7 @@ class Writer {
         say("begin " + name);
         const bool done = work();
         say((done ? "done " : "refused ") + name +
-            (done || ui_.shown.empty() ? ""
-                                       : " " + ui_.shown.back().text + " " + ui_.shown.back().explanation));
+            (done || ui_.shown.empty() ? "" : " " + ui_.shown.back().text + " " + ui_.shown.back().detail));
         ++number_;
     }
     template <class More>
@@ -115,13 +114,27 @@ class Writer {
 
 }  // namespace
 
-void writeWithoutEnd(const std::string& path, int first, bool withBulkChanges) {
-    Writer writer(path, first);
-    while (true) {
-        writer.vendor();
-        writer.changeVendor();
-        writer.import();
-        if (withBulkChanges) writer.bulkChange();
+void writeWithoutEnd(const std::string& path, int first, const std::string& kinds) {
+    std::optional<Writer> writer;
+    while (!writer) {
+        try {
+            writer.emplace(path, first);
+        } catch (const SqlError&) {
+            sleep(1);
+        } catch (const CompanyFileError& error) {
+            if (error.reason() != CompanyFileError::Reason::Locked) throw;
+        }
+    }
+    say("open");
+    for (std::size_t i = 0;; i = (i + 1) % kinds.size()) {
+        if (kinds[i] == 'v') {
+            writer->vendor();
+            writer->changeVendor();
+        } else if (kinds[i] == 'i') {
+            writer->import();
+        } else {
+            writer->bulkChange();
+        }
     }
 }
 

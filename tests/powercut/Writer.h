@@ -13,11 +13,12 @@ inline constexpr const char* street = " Quay Rd";
 }  // namespace acts
 
 /// Opens the company, made when it does not exist, and works in it through the module's screens without an end: adds and
-/// changes vendors, imports terms, changes customers in bulk. Each act has a number, from `first` on.
+/// changes vendors ("v"), imports terms ("i"), changes customers in bulk ("b"), in the order of `kinds`. Each act has a
+/// number, from `first` on. A company that another program holds is opened when it is free.
 ///
 /// Writes a line to the standard output when the company is open ("open"), before each act ("begin KIND NUMBER") and
 /// behind it ("done KIND NUMBER", or "refused KIND NUMBER" with the reason that was shown).
-void writeWithoutEnd(const std::string& path, int first, bool withBulkChanges);
+void writeWithoutEnd(const std::string& path, int first, const std::string& kinds);
 
 /// Opens a transaction in the company, writes "holding", and commits it `seconds` later.
 void holdCompany(const std::string& path, int seconds);
