@@ -55,6 +55,11 @@ void create(const std::string& path) {
             throw CompanyFileError(
                 Reason::Locked,
                 "The company file " + quoted(path) + " is in use by " + lockHolder(path) + ". Try again in a moment.");
+        case SQLITE_READONLY:  // its journal cannot be played back
+            throw CompanyFileError(
+                Reason::CannotOpen,
+                "The company file " + quoted(path) +
+                    " was not closed properly: work in it was cut off and must be undone. Open it once where it can be written.");
         case SQLITE_CANTOPEN:
         case SQLITE_PERM:
         case SQLITE_AUTH:
