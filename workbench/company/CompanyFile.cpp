@@ -52,9 +52,8 @@ void create(const std::string& path) {
             throw CompanyFileError(Reason::NotACompany, file + " is damaged and cannot be opened.");
         case SQLITE_BUSY:
         case SQLITE_LOCKED:
-            throw CompanyFileError(
-                Reason::Locked,
-                "The company file " + quoted(path) + " is in use by " + lockHolder(path) + ". Try again in a moment.");
+            throw CompanyFileError(Reason::Locked, "The company file " + quoted(path) + " is in use by " +
+                                                       lockHolder(path) + ". Try again in a moment.");
         case SQLITE_READONLY:  // its journal cannot be played back
             throw CompanyFileError(
                 Reason::CannotOpen,

@@ -10,9 +10,9 @@
 #include "shared/modSharedStrings.h"
 #include "shared/modSharedXML.h"
 #include "workbench/company/RecordsXml.h"
+#include "workbench/host/ImportLists.h"
 #include "workbench/sql/SqlText.h"
 #include "workbench/sql/TextOrder.h"
-#include "workbench/host/ImportLists.h"
 
 namespace tsln::workbench {
 namespace {
@@ -191,7 +191,8 @@ class SectionImport {
                 text += part.value();
             }
             text = modSharedXML::decodeFieldText(text);
-            if (!fitsInXml(text)) throw ImportError("The column " + column + " holds a character that is no text.");
+            if (!fitsInXml(text))
+                throw ImportError("The column " + column + " holds a character that is no text.");
             if (std::ranges::any_of(result, [&](const Value& v) { return sameName(v.column, column); })) {
                 throw ImportError("The column " + column + " occurs twice.");
             }
@@ -209,7 +210,8 @@ class SectionImport {
                 std::ranges::find_if(values, [&](const Value& v) { return sameName(v.column, column); });
             const std::string text = value == values.end() ? "" : comparable(value->text.value_or(""));
             if (text.empty() && column == list_.keys.front()) {
-                throw ImportError("The column " + std::string(column) + ", which identifies the record, is empty.");
+                throw ImportError("The column " + std::string(column) +
+                                  ", which identifies the record, is empty.");
             }
             result += text + '\0';
         }

@@ -169,7 +169,8 @@ TEST_F(CompanyTest, ALockedCompanyFailsAfterAWait) {
 }
 
 TEST_F(CompanyTest, WorkThatWasCutOffIsUndoneWhereTheFileCanBeWritten) {
-    const std::string before = rows("SELECT SUM(ID), MAX(Phone1) FROM Customers"), cut = folder_.file("cut.company");
+    const std::string before = rows("SELECT SUM(ID), MAX(Phone1) FROM Customers"),
+                      cut = folder_.file("cut.company");
     SQLite::Database writer(company_.path(), SQLite::OPEN_READWRITE);
     writer.exec("PRAGMA cache_size = 1; BEGIN; UPDATE Customers SET Phone1 = 'changed'");
     std::filesystem::copy_file(company_.path(), cut);
@@ -180,9 +181,10 @@ TEST_F(CompanyTest, WorkThatWasCutOffIsUndoneWhereTheFileCanBeWritten) {
         Company company(cut, OpenMode::ReadOnly);
         ADD_FAILURE() << "opened half written";
     } catch (const CompanyFileError& error) {
-        EXPECT_EQ(std::string(error.what()),
-                  "The company file '" + cut +
-                      "' was not closed properly: work in it was cut off and must be undone. Open it once where it can be written.");
+        EXPECT_EQ(
+            std::string(error.what()),
+            "The company file '" + cut +
+                "' was not closed properly: work in it was cut off and must be undone. Open it once where it can be written.");
     }
     Company company(cut, OpenMode::ReadWrite);
     EXPECT_EQ(rows(company, "SELECT SUM(ID), MAX(Phone1) FROM Customers"), before);
