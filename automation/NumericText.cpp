@@ -321,7 +321,7 @@ Reading readBoolean(std::string_view text, bool& value) {
 
 double leadingNumber(std::string_view text) {
     text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
-    if (text.starts_with('+')) text.remove_prefix(1);
+    if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
     // from_chars would also read "inf" and "nan".
     const std::string_view digits = text.substr(text.starts_with('-') ? 1 : 0);
     if (digits.empty() || (!isDigit(digits.front()) && digits.front() != '.')) return 0;

@@ -13,6 +13,10 @@ if(TSLN_SANITIZE)
     target_link_options(tsln_flags INTERFACE -fsanitize=address,undefined)
 endif()
 
+if(TSLN_FUZZ)
+    target_compile_options(tsln_flags INTERFACE -fsanitize=fuzzer-no-link -Wno-unknown-warning-option)
+endif()
+
 # wxWidgets, with system headers, precompiled because they take most of the compile time.
 function(tsln_use_wx target)
     target_include_directories(${target} SYSTEM PUBLIC ${wxWidgets_INCLUDE_DIRS})

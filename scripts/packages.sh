@@ -4,6 +4,7 @@
 build_packages=(g++ cmake ninja-build ccache pkg-config libwxgtk3.2-dev libgtk-3-dev libpugixml-dev libsqlite3-dev
     libsqlitecpp-dev libcli11-dev libssl-dev libutf8proc-dev)
 test_packages=(libgtest-dev libgmock-dev at-spi2-core dbus python3-gi gir1.2-atspi-2.0)
+fuzz_packages=(clang libclang-rt-14-dev)
 # For the benchmark: the test libraries (for the test doubles), the libraries it compares with, JSON output and plots.
 bench_packages=(libgtest-dev libgmock-dev libxml2-dev nlohmann-json3-dev gnuplot-nox)
 # A virtual display: the server, a window manager, and the icons and fonts of the windows.

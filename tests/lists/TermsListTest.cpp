@@ -273,6 +273,8 @@ TEST(ListScreen, LooksBusyWhileLoadingAndRunsNoCommandWithoutItsRight) {
     stage.desktop.user<ListScreen>("frmTerms", [](ListScreen& list) {
         EXPECT_EQ(list.caption(), "Terms");
         EXPECT_TRUE(list.cmdClose.enabled());
+        list.userClose();
+        EXPECT_FALSE(list.shown()) << "the close box works again";
     });
     stage.library->ShowTerms();
     EXPECT_THAT(captions, ElementsAre("Terms", "Terms (Busy...)*!"));

@@ -122,6 +122,8 @@ TEST(ListScreen, EveryKindOfColumnIsShownGroupedInTheOrderOfTheRows) {
         EXPECT_TRUE(list.rptItems.style(0).bold);
         EXPECT_FALSE(list.rptItems.style(1).bold);
         EXPECT_EQ(list.lblRecords.caption(), "3 items");
+        for (const ReportColumn& column : list.rptItems.columns)
+            EXPECT_EQ(column.rightAligned, column.caption == "Price") << column.caption;
         list.rptItems.groupBy(std::nullopt);
         list.rptItems.userClickHeader(3);
         EXPECT_THAT(shownRows(list, 1), ElementsAre("Plain", "Early", "Flat")) << "dates sort by time";

@@ -213,7 +213,7 @@ TEST(TemplateEditor, NeedsATypeASubjectAndABody) {
         editor.cmdOK.userPress();
         EXPECT_EQ(editor.focusedControl(), &editor.textBox("txtSubject"));
         editor.textBox("txtSubject").userType("s");
-        editor.textBox("rtfBody").userType(" \r\n");
+        editor.textBox("rtfBody").userType(" \t\r\n");
         editor.cmdTest.userPress();
         EXPECT_EQ(editor.focusedControl(), &editor.textBox("rtfBody"));
     });

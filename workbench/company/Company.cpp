@@ -6,6 +6,7 @@
 #include <sqlite3.h>
 
 #include "workbench/company/CompanyFile.h"
+#include "workbench/company/LockHolder.h"
 #include "workbench/company/RecordsXml.h"
 #include "workbench/sql/SqlDialect.h"
 #include "workbench/sql/SqlSecrets.h"
@@ -15,12 +16,12 @@ namespace tsln::workbench {
 namespace {
 
 /// Converts an SQLite error, with a message for the user where SQLite's is for programmers.
-SqlError toSqlError(const SQLite::Exception& error) {
+SqlError toSqlError(const SQLite::Exception& error, const std::string& path) {
     std::string text;
     switch (error.getErrorCode()) {
         case SQLITE_BUSY:
         case SQLITE_LOCKED:
-            text = "The company is in use by another program.";
+            text = "The company is in use by " + lockHolder(path) + ".";
             break;
         case SQLITE_READONLY:
             text = "The company file can only be read.";
@@ -43,21 +44,6 @@ SqlError toSqlError(const SQLite::Exception& error) {
     }
     return SqlError(error.getExtendedErrorCode() != 0 ? error.getExtendedErrorCode() : error.getErrorCode(),
                     text);
-}
-
-/// Runs the work of a statement. Its error texts hold no passwords.
-template <class F>
-auto orSqlError(std::string_view sql, F&& work) {
-    const auto raise = [&] [[noreturn]] (const SqlError& error) {
-        throw SqlError(error.code(), errorWithoutSecrets(sql, error.what()));
-    };
-    try {
-        return work();
-    } catch (const SQLite::Exception& error) {
-        raise(toSqlError(error));
-    } catch (const SqlError& error) {
-        raise(error);
-    }
 }
 
 Variant toVariant(const SQLite::Column& column) {
@@ -83,6 +69,21 @@ struct Company::Impl {
     std::unique_ptr<SQLite::Database> database;
     bool readOnly = false;
     std::int32_t lastInsertId = 0;
+
+    /// Runs the work of a statement. Its error texts hold no passwords.
+    template <class F>
+    auto orSqlError(std::string_view sql, F&& work) {
+        const auto raise = [&] [[noreturn]] (const SqlError& error) {
+            throw SqlError(error.code(), errorWithoutSecrets(sql, error.what()));
+        };
+        try {
+            return work();
+        } catch (const SQLite::Exception& error) {
+            raise(toSqlError(error, path));
+        } catch (const SqlError& error) {
+            raise(error);
+        }
+    }
 
     SQLite::Statement query(std::string_view sql) {
         SqlTranslation translation = translateSql(sql);
@@ -122,14 +123,14 @@ std::int32_t Company::lastInsertId() const noexcept {
 }
 
 std::string Company::read(std::string_view sql) {
-    return orSqlError(sql, [&] {
+    return impl_->orSqlError(sql, [&] {
         SQLite::Statement statement = impl_->query(sql);
         return recordsXml(statement);
     });
 }
 
 Variant Company::scalar(std::string_view sql) {
-    return orSqlError(sql, [&]() -> Variant {
+    return impl_->orSqlError(sql, [&]() -> Variant {
         SQLite::Statement statement = impl_->query(sql);
         if (!statement.executeStep()) return {};
         return toVariant(statement.getColumn(0));
@@ -137,7 +138,7 @@ Variant Company::scalar(std::string_view sql) {
 }
 
 std::int64_t Company::execute(std::string_view sql) {
-    return orSqlError(sql, [&] {
+    return impl_->orSqlError(sql, [&] {
         const SqlTranslation translation = translateSql(sql);
         SQLite::Statement statement(*impl_->database, translation.sql);
         return impl_->run(statement, translation.kind, [](SQLite::Statement&) {});
@@ -145,7 +146,7 @@ std::int64_t Company::execute(std::string_view sql) {
 }
 
 SqlResult Company::run(std::string_view sql) {
-    return orSqlError(sql, [&] {
+    return impl_->orSqlError(sql, [&] {
         const SqlTranslation translation = translateSql(sql);
         SQLite::Statement statement(*impl_->database, translation.sql);
         SqlResult result{.isQuery = translation.kind == SqlTranslation::Kind::Query};
@@ -164,13 +165,13 @@ SqlResult Company::run(std::string_view sql) {
 
 void Company::begin() {
     if (inTransaction()) throw SqlError(SQLITE_ERROR, "A transaction is already open.");
-    orSqlError("BEGIN", [&] { impl_->database->exec("BEGIN IMMEDIATE"); });
+    impl_->orSqlError("BEGIN", [&] { impl_->database->exec("BEGIN IMMEDIATE"); });
 }
 
 void Company::commit() {
     if (!inTransaction()) throw SqlError(SQLITE_ERROR, "No transaction is open.");
     try {
-        orSqlError("COMMIT", [&] { impl_->database->exec("COMMIT"); });
+        impl_->orSqlError("COMMIT", [&] { impl_->database->exec("COMMIT"); });
     } catch (...) {
         rollback();
         throw;

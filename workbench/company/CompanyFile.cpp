@@ -7,6 +7,7 @@
 #include <sqlite3.h>
 
 #include "automation/FilePath.h"
+#include "workbench/company/LockHolder.h"
 #include "workbench/company/NewFile.h"
 #include "workbench/company/Schema.h"
 #include "workbench/sql/SqlFunctions.h"
@@ -50,9 +51,13 @@ void create(const std::string& path, Fill&& fill) {
             throw CompanyFileError(Reason::NotACompany, file + " is damaged and cannot be opened.");
         case SQLITE_BUSY:
         case SQLITE_LOCKED:
+            throw CompanyFileError(Reason::Locked, "The company file " + quoted(path) + " is in use by " +
+                                                       lockHolder(path) + ". Try again in a moment.");
+        case SQLITE_READONLY:  // its journal cannot be played back
             throw CompanyFileError(
-                Reason::Locked,
-                "The company file " + quoted(path) + " is in use by another program. Try again in a moment.");
+                Reason::CannotOpen,
+                "The company file " + quoted(path) +
+                    " was not closed properly: work in it was cut off and must be undone. Open it once where it can be written.");
         case SQLITE_CANTOPEN:
         case SQLITE_PERM:
         case SQLITE_AUTH:

@@ -75,6 +75,14 @@ std::string_view escaped(char c) {
     }
 }
 
+/// Reads the character of several bytes at `at` and moves `at` behind it. Returns false when no document can have it.
+bool takeMultibyte(std::string_view text, std::size_t& at) {
+    const std::size_t start = at;
+    const char32_t c = nextCodePoint(text, at);
+    const bool broken = c == 0xFFFD && at - start != replacement.size();
+    return !broken && c != 0xFFFE && c != 0xFFFF;
+}
+
 void appendText(std::string& out, std::string_view text) {
     std::size_t plain = 0, at = 0;
     auto flush = [&](std::size_t end) { out.append(text, plain, end - plain); };
@@ -88,9 +96,7 @@ void appendText(std::string& out, std::string_view text) {
             plain = ++at;
         } else {
             std::size_t start = at;
-            char32_t c = nextCodePoint(text, at);
-            bool broken = c == 0xFFFD && at - start != replacement.size();
-            if (!broken && c != 0xFFFE && c != 0xFFFF) continue;
+            if (takeMultibyte(text, at)) continue;
             flush(start);
             out += replacement;
             plain = at;
@@ -114,6 +120,20 @@ void appendBytes(std::string& out, std::string_view bytes) {
 }
 
 }  // namespace
+
+bool fitsInXml(std::string_view text) {
+    for (std::size_t at = 0; at < text.size();) {
+        const Class kind = byteClasses[static_cast<unsigned char>(text[at])];
+        if (kind == Multibyte) {
+            if (!takeMultibyte(text, at)) return false;
+        } else if (kind == Escape && escaped(text[at]) == replacement) {
+            return false;
+        } else {
+            ++at;
+        }
+    }
+    return true;
+}
 
 std::string recordsXml(SQLite::Statement& statement) {
     struct Tags {

@@ -9,8 +9,10 @@
 
 #include "automation/Object.h"
 #include "shared/modSharedXML.h"
+#include "workbench/company/RecordsXml.h"
 #include "workbench/host/ImportLists.h"
 #include "workbench/sql/SqlText.h"
+#include "workbench/sql/TextOrder.h"
 
 namespace tsln::workbench {
 namespace {
@@ -149,6 +151,8 @@ class SectionImport {
                 text += part.value();
             }
             text = modSharedXML::decodeFieldText(text);
+            if (!fitsInXml(text))
+                throw ImportError("The column " + column + " holds a character that is no text.");
             if (findValue(result, column) != result.end()) {
                 throw ImportError("The column " + column + " occurs twice.");
             }
@@ -167,7 +171,8 @@ class SectionImport {
             const std::string text = value == values.end() ? "" : comparable(value->text.value_or(""));
             if (text.empty() && column == list_.keys.front()) {
                 if (identified) return {};
-                throw ImportError("The column " + std::string(column) + ", which identifies the record, is empty.");
+                throw ImportError("The column " + std::string(column) +
+                                  ", which identifies the record, is empty.");
             }
             result += text + '\0';
         }

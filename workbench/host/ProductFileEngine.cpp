@@ -47,8 +47,10 @@ bool ProductFileEngine::useProductFile(const std::string& path) {
     prepared_ = false;
     text_ = contentsOf(path);
     pugi::xml_document product;
-    if (!product.load_buffer(text_.data(), text_.size(), pugi::parse_default, pugi::encoding_utf8))
+    if (!product.load_buffer(text_.data(), text_.size(), pugi::parse_default, pugi::encoding_utf8)) {
         text_.clear();
+        product.reset();  // of what stands before the damage
+    }
     const bool allowed = mayUse(product.document_element().attribute("Organizations").value());
     if (!allowed) text_.clear();
     return allowed;

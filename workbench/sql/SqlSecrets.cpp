@@ -88,10 +88,11 @@ std::vector<std::string_view> secretTexts(const Tokens& tokens) {
 
 bool namesSecrets(std::string_view statement) {
     return std::ranges::any_of(secretColumns, [&](std::string_view column) {
-        const auto found = std::ranges::search(statement, column, [](char a, char b) {
+        const auto same = [](char a, char b) {
             return sameName(std::string_view(&a, 1), std::string_view(&b, 1));
-        });
-        return !found.empty();
+        };
+        return std::search(statement.begin(), statement.end(), column.begin(), column.end(), same) !=
+               statement.end();
     });
 }
 

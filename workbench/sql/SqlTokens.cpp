@@ -135,7 +135,10 @@ class Tokenizer {
         if (end < sql_.size() && (sql_[end] == 'e' || sql_[end] == 'E')) {
             ++end;
             if (end < sql_.size() && (sql_[end] == '+' || sql_[end] == '-')) ++end;
+            const std::size_t exponent = end;
             digits();
+            if (end == exponent)
+                fail("Incorrect syntax near '" + std::string(sql_.substr(at_, end - at_)) + "'.");
         }
         if (end < sql_.size() && continuesWord(sql_[end])) {
             while (end < sql_.size() && continuesWord(sql_[end]))

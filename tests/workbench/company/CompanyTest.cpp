@@ -168,6 +168,29 @@ TEST_F(CompanyTest, ALockedCompanyFailsAfterAWait) {
     EXPECT_EQ(refusal(company_.path()), std::nullopt);
 }
 
+TEST_F(CompanyTest, WorkThatWasCutOffIsUndoneWhereTheFileCanBeWritten) {
+    const std::string before = rows("SELECT SUM(ID), MAX(Phone1) FROM Customers"),
+                      cut = folder_.file("cut.company");
+    SQLite::Database writer(company_.path(), SQLite::OPEN_READWRITE);
+    writer.exec("PRAGMA cache_size = 1; BEGIN; UPDATE Customers SET Phone1 = 'changed'");
+    std::filesystem::copy_file(company_.path(), cut);
+    std::filesystem::copy_file(company_.path() + "-journal", cut + "-journal");
+    writer.exec("ROLLBACK");
+
+    try {
+        Company company(cut, OpenMode::ReadOnly);
+        ADD_FAILURE() << "opened half written";
+    } catch (const CompanyFileError& error) {
+        EXPECT_EQ(
+            std::string(error.what()),
+            "The company file '" + cut +
+                "' was not closed properly: work in it was cut off and must be undone. Open it once where it can be written.");
+    }
+    Company company(cut, OpenMode::ReadWrite);
+    EXPECT_EQ(rows(company, "SELECT SUM(ID), MAX(Phone1) FROM Customers"), before);
+    EXPECT_FALSE(std::filesystem::exists(cut + "-journal"));
+}
+
 TEST(CompanyFileTest, AFileThatIsNoCompanyIsRefusedAndUnchanged) {
     TemporaryFolder folder;
     auto database = [&](const char* name, const char* sql) {

@@ -207,6 +207,7 @@ TEST_F(SqlDialectTest, UnknownConstructsAreNamed) {
         {"SELECT 'open FROM Terms", "Unclosed quotation mark before 'open FROM Terms'."},
         {"SELECT 1 /* open", "A comment that begins with /* is not closed."},
         {"SELECT 1 ? 2", "Incorrect syntax near '?'."},
+        {"SELECT 1 - 29e FROM Terms", "Incorrect syntax near '29e'."},
         {"SELECT * FROM sqlite_schema", "Invalid object name 'sqlite_schema'."},
         {"SELECT LEN()", "The function LEN() does not take 0 arguments."},
         {"INSERT INTO Locations (LocationName,MarketName,MarketName) VALUES('a','b','c')",
