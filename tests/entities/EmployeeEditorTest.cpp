@@ -135,6 +135,9 @@ TEST(EmployeeEditor, AnUntouchedPasswordStaysAndNothingOfItIsShown) {
                              EXPECT_EQ(editor.caption(), "Edit Employee");
                              EXPECT_EQ(editor.txtPassword.text(), "(HIDDENPASSWORD)");
                              EXPECT_EQ(editor.lblEmailSettings.caption(), "Mail server: mail.x, port 465");
+                             editor.comboBox("cboEmailMethod").userChoose(0);
+                             EXPECT_EQ(editor.lblEmailSettings.caption(), "");
+                             editor.comboBox("cboEmailMethod").userChoose(1);
                              EXPECT_EQ(editor.addresses.txtShipToAddress.text().substr(0, 9), "1 Mill St");
                              editor.addresses.Hyperlink_DeleteAddress();
                              tick(editor, "Sales", false);

@@ -319,8 +319,10 @@ TEST(ListScreen, TheDeleteKeyAsksAndTheButtonDoesNot) {
         list.rptItems.userDeleteKey();
         EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"), IsEmpty());
         list.rptItems.userDeleteKey();
+        EXPECT_EQ(list.lblRecords.caption(), "2 items");
         selectRecord(list, 2);
         list.cmdDelete.userPress();
+        EXPECT_EQ(list.lblRecords.caption(), "1 items");
     });
     EXPECT_EQ(stage.desktop.boxes.size(), 2U);
     EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"),
