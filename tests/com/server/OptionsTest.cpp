@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "tests/com/server/OfferedComponent.h"
 #include "tests/com/server/OverCompany.h"
 
 namespace tsln::test {
@@ -75,6 +76,18 @@ TEST_F(OptionsTest, SettingsAreFilteredEditedSequencedSavedAndReadBack) {
     EXPECT_EQ("1",
               value("SELECT Show FROM OptionDetailSettings WHERE OptionName = 'Pattern' AND Location = 0"));
     EXPECT_THAT(ui.told, IsEmpty());
+}
+
+TEST_F(OptionsTest, AScanReadsTheProductFilesByTheHostsComponent) {
+    const OfferedComponent engine(session, "catalog5engine.Engine");
+    const std::string before = value("SELECT COUNT(*) FROM OptionDetailSettings");
+    ASSERT_EQ(S_OK, library->ScanForOptionDetailSettings());  // its window closes by itself
+    EXPECT_GT(std::stoi(value("SELECT COUNT(*) FROM OptionDetailSettings")), std::stoi(before) + 30);
+    EXPECT_EQ(
+        "Wand for battery",
+        value("SELECT Prefix FROM OptionDetailSettings WHERE OptionName = 'Battery Wand' AND Location = 0"));
+    EXPECT_EQ("1",
+              value("SELECT COUNT(*) FROM EventLog WHERE EventText LIKE '%you don''t have permission%'"));
 }
 
 }  // namespace

@@ -88,8 +88,9 @@ TEST_F(SecurityTest, ACopiedRoleTakesAwayARightFromTheEmployeeWhoGetsIt) {
         });
         ASSERT_EQ(S_OK, library->ShowEditEmployee(&owen, &saved));
     }
-    EXPECT_EQ("Keeper of terms", value("SELECT r.Name FROM EmployeeSecurityRoles e INNER JOIN SecurityRoles r ON "
-                                       "r.ID = e.SecurityRoleID WHERE e.EmployeeID = 4"));
+    EXPECT_EQ("Keeper of terms",
+              value("SELECT r.Name FROM EmployeeSecurityRoles e INNER JOIN SecurityRoles r ON "
+                    "r.ID = e.SecurityRoleID WHERE e.EmployeeID = 4"));
 
     workbench::CompanySession signedIn(folder.file("Test.company"), "owen", ui);
     EXPECT_TRUE(signedIn.needsPassword() && signedIn.acceptsPassword("terms only"));

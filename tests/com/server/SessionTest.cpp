@@ -194,8 +194,9 @@ TEST_F(SessionTest, ATemplateIsMadeAndTestedAndItsMessageSaved) {
         ASSERT_EQ(S_OK, library->ShowEditEmailTemplate(&ID, &saved));
     }
     EXPECT_EQ("For " + customer, value("SELECT Subject FROM SentMessages"));
-    EXPECT_EQ(std::to_string(saved), value("SELECT ID FROM EmailTemplates WHERE TemplateName = 'Care guide' AND "
-                                           "BodyText = 'Grüße, <<FirstName>>'"));
+    EXPECT_EQ(std::to_string(saved),
+              value("SELECT ID FROM EmailTemplates WHERE TemplateName = 'Care guide' AND "
+                    "BodyText = 'Grüße, <<FirstName>>'"));
     {
         const User user([&](WindowDriver& at) {
             at.choose("Sent Messages", "&Messages", 1);
