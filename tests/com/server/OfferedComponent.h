@@ -1,0 +1,71 @@
+#pragma once
+
+#include <iterator>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "com/edge/ComObject.h"
+#include "com/edge/DispatchObject.h"
+#include "com/edge/Failure.h"
+#include "com/edge/Wide.h"
+#include "workbench/host/CompanySession.h"
+
+namespace tsln::test {
+
+using com::ComPtr;
+
+/// The class factory of one of the session's components.
+class ComponentFactory : public com::ComObject<IClassFactory> {
+  public:
+    ComponentFactory(const workbench::CompanySession& session, std::string programId)
+        : session_(session), programId_(std::move(programId)) {}
+
+    STDMETHODIMP CreateInstance(IUnknown* outer, REFIID iid, void** out) noexcept override {
+        if (!out) return E_POINTER;
+        *out = nullptr;
+        if (outer) return CLASS_E_NOAGGREGATION;
+        return com::guarded(
+            [&]() -> HRESULT {
+                return com::adopt(com::newDispatch(session_.createObject(programId_)))
+                    ->QueryInterface(iid, out);
+            },
+            nullptr);
+    }
+    STDMETHODIMP LockServer(BOOL) noexcept override { return S_OK; }
+
+  private:
+    const workbench::CompanySession& session_;
+    std::string programId_;
+};
+
+/// While it exists, one of the session's components can be created by its program identifier, like those of any host. It is
+/// a class of this process.
+class OfferedComponent {
+  public:
+    OfferedComponent(const workbench::CompanySession& session, const std::string& programId)
+        : key_(com::toWide(programId)) {
+        CLSID classId;
+        CoCreateGuid(&classId);
+        wchar_t text[64];
+        StringFromGUID2(classId, text, static_cast<int>(std::size(text)));
+        EXPECT_EQ(ERROR_SUCCESS,
+                  RegSetValueW(HKEY_CLASSES_ROOT, (key_ + L"\\CLSID").c_str(), REG_SZ, text, 0));
+        ComPtr<IClassFactory> factory = com::adopt<IClassFactory>(new ComponentFactory(session, programId));
+        EXPECT_EQ(S_OK, CoRegisterClassObject(classId, factory.Get(), CLSCTX_INPROC_SERVER,
+                                              REGCLS_MULTIPLEUSE, &cookie_));
+    }
+    ~OfferedComponent() {
+        CoRevokeClassObject(cookie_);
+        RegDeleteKeyW(HKEY_CLASSES_ROOT, (key_ + L"\\CLSID").c_str());
+        RegDeleteKeyW(HKEY_CLASSES_ROOT, key_.c_str());
+    }
+    OfferedComponent(const OfferedComponent&) = delete;
+    OfferedComponent& operator=(const OfferedComponent&) = delete;
+
+  private:
+    std::wstring key_;
+    DWORD cookie_ = 0;
+};
+
+}  // namespace tsln::test
