@@ -49,7 +49,7 @@ class ImportStage {
 std::string tables(Company& company, const pugi::xml_document& file) {
     std::string text;
     for (const pugi::xml_node section : file.child(sectionsRoot).children()) {
-        const ImportList* list = findImportList(section.name());
+        const ImportList* list = findImportList(section.name(), false);
         if (!list) continue;
         std::string rows = company.read("SELECT * FROM " + bracketed(list->name) + " ORDER BY ID");
         for (std::size_t at = 0; (at = rows.find("<UpdatedOn>", at)) != rows.npos;)
@@ -61,7 +61,7 @@ std::string tables(Company& company, const pugi::xml_document& file) {
 
 /// The columns of the section's last record are in one row.
 void checkLastRecord(Company& company, const pugi::xml_node section) {
-    const ImportList* list = findImportList(section.name());
+    const ImportList* list = findImportList(section.name(), false);
     fuzz::require(list != nullptr, "an unknown list was imported: " + std::string(section.name()));
     pugi::xml_node last;
     for (const pugi::xml_node record : section.children("Record"))

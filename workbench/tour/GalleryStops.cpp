@@ -124,7 +124,7 @@ const GalleryStop further[] = {
      "",
      "UPDATE OptionCallouts SET ProductID = (SELECT ID FROM Products WHERE ProductFile = 'GLO-HARDWARE') WHERE ID = 2"},
     {"properties-further", ShowDatabaseProperties, {}, "... PageDown PageDown *"},
-    {"option-default-wrong", ShowOptionDefaults, {"7"}, "Alt+m v * Enter"},
+    {"option-default-wrong", ShowOptionDefaults, {"7"}, "Alt+m v Enter ..."},
     {"customer-pages",
      ShowEditCustomer,
      {"5"},
