@@ -84,11 +84,11 @@ void addUpdateTriggers(SQLite::Database& database) {
 /// Columns that tables have from a version on. A missing table is created with them.
 struct AddedColumn {
     int since;
-    const char *table, *definition;
+    const char *table, *name, *definition;
 };
 constexpr AddedColumn addedColumns[] = {
-    {2, "Vendors", "Locked INTEGER NOT NULL DEFAULT 0"},
-    {7, "Accounts", "Description TEXT COLLATE NOCASE"},
+    {2, "Vendors", "Locked", "INTEGER NOT NULL DEFAULT 0"},
+    {7, "Accounts", "Description", "TEXT COLLATE NOCASE"},
 };
 
 /// Columns that tables no longer have from a version on.
@@ -102,12 +102,22 @@ constexpr DroppedColumn droppedColumns[] = {
     {5, "Employees", "UpdatedOn", "Employees_Updated"},
 };
 
+bool hasColumn(SQLite::Database& database, const std::string& table, const std::string& name) {
+    const auto columns = texts(database, "SELECT name FROM pragma_table_info('" + table + "')");
+    return std::ranges::find(columns, name) != columns.end();
+}
+
+/// Does nothing where the column is there already, or its table is missing.
+void add(SQLite::Database& database, const AddedColumn& column) {
+    const std::string table(column.table), name(column.name);
+    if (database.tableExists(table) && !hasColumn(database, table, name))
+        database.exec("ALTER TABLE " + table + " ADD COLUMN " + name + " " + column.definition);
+}
+
 void drop(SQLite::Database& database, const DroppedColumn& column) {
     database.exec("DROP TRIGGER IF EXISTS " + std::string(column.trigger));
     const std::string table(column.table), name(column.name);
-    const auto columns = texts(database, "SELECT name FROM pragma_table_info('" + table + "')");
-    if (std::ranges::find(columns, name) != columns.end())
-        database.exec("ALTER TABLE " + table + " DROP COLUMN " + name);
+    if (hasColumn(database, table, name)) database.exec("ALTER TABLE " + table + " DROP COLUMN " + name);
 }
 
 int versionOf(SQLite::Database& database) {
@@ -158,8 +168,7 @@ void upgrade(SQLite::Database& database) {
     for (const std::string& view : texts(database, "SELECT name FROM sqlite_schema WHERE type = 'view'"))
         database.exec("DROP VIEW \"" + view + "\"");
     for (const AddedColumn& column : addedColumns) {
-        if (before < column.since && database.tableExists(column.table))
-            database.exec("ALTER TABLE " + std::string(column.table) + " ADD COLUMN " + column.definition);
+        if (before < column.since) add(database, column);
     }
     for (const DroppedColumn& column : droppedColumns) {
         if (before < column.since) drop(database, column);
