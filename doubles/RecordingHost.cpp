@@ -169,20 +169,7 @@ Variant RecordingHost::answer(const std::string& path, Access access, Arguments 
         }
         calls.push_back(call + ")");
     }
-    if (const int number = callCount_++; fault_ && fault_->number == number) {
-        switch (fault_->fault) {
-            case Fault::Raise:
-                throw HostError(code::fail, "Host", "The host raised an error.");
-            case Fault::False:
-                return false;
-            case Fault::Nothing:
-                return ObjectPtr();
-            case Fault::WrongType:
-                return "neither fish nor fowl";
-            case Fault::Empty:
-                return {};
-        }
-    }
+    if (const int number = callCount_++; fault_ && fault_->number == number) return wrongAnswer(fault_->fault);
     if (const auto own = answers_.find(path); own != answers_.end()) return own->second(arguments);
     return fetch ? part(path + ".") : usualAnswer(path, arguments);
 }
@@ -251,6 +238,22 @@ void RecordingHost::forget() {
 
 bool RecordingHost::told() const {
     return std::ranges::any_of(calls, [](const std::string& call) { return call.starts_with("Show"); });
+}
+
+Variant wrongAnswer(Fault fault) {
+    switch (fault) {
+        case Fault::Raise:
+            throw HostError(code::fail, "Host", "The host raised an error.");
+        case Fault::False:
+            return false;
+        case Fault::Nothing:
+            return ObjectPtr();
+        case Fault::WrongType:
+            return "neither fish nor fowl";
+        case Fault::Empty:
+            break;
+    }
+    return {};
 }
 
 ObjectPtr makeDocument(std::string xml) {

@@ -11,6 +11,13 @@
 
 namespace tsln::test {
 
+/// The ways in which a call to the host fails: it raises an error, or returns something else than the caller expects.
+enum class Fault { Raise, False, Nothing, WrongType, Empty };
+inline constexpr Fault allFaults[] = {Fault::Raise, Fault::False, Fault::Nothing, Fault::WrongType, Fault::Empty};
+
+/// Returns what a call that fails in this way returns, or raises its error.
+Variant wrongAnswer(Fault fault);
+
 /// A host that records all calls and answers as the test says.
 ///
 /// A call is identified by its path: "ShowMessageStyle1" on the shared-code object, "Database.ExecuteRead" on a
@@ -49,7 +56,6 @@ class RecordingHost : public std::enable_shared_from_this<RecordingHost> {
     bool told() const;
 
     // Faults ------------------------------------------------------------------------------------------
-    enum class Fault { Raise, False, Nothing, WrongType, Empty };
     /// Makes the call with this number (from 0) fail.
     void failCall(int number, Fault fault) { fault_ = {number, fault}; }
     int callCount() const { return callCount_; }

@@ -12,7 +12,20 @@
 namespace tsln::test {
 namespace {
 
-/// Returns a writing statement without the written values: its table, columns and condition.
+/// Returns the writing statements that were sent to the host, without their values.
+std::set<std::string> writings(const RecordingHost& host) {
+    std::set<std::string> shapes;
+    for (const char* member : {"Database.ExecuteNonQuery", "Database.ExecuteNonQueryWithID",
+                               "CurrentCompanyConn.Execute", "TSLNSQL.ExecuteNonQuery"}) {
+        for (const std::string& statement : host.callsOf(member)) {
+            if (!statement.starts_with("SELECT")) shapes.insert(shapeOf(statement));
+        }
+    }
+    return shapes;
+}
+
+}  // namespace
+
 std::string shapeOf(const std::string& statement) {
     const std::size_t condition = std::min(statement.find(" WHERE "), statement.size());
     const auto isWord = [](char c) {
@@ -40,20 +53,6 @@ std::string shapeOf(const std::string& statement) {
     return shape + statement.substr(condition);
 }
 
-/// Returns the writing statements that were sent to the host, without their values.
-std::set<std::string> writings(const RecordingHost& host) {
-    std::set<std::string> shapes;
-    for (const char* member : {"Database.ExecuteNonQuery", "Database.ExecuteNonQueryWithID",
-                               "CurrentCompanyConn.Execute", "TSLNSQL.ExecuteNonQuery"}) {
-        for (const std::string& statement : host.callsOf(member)) {
-            if (!statement.starts_with("SELECT")) shapes.insert(shapeOf(statement));
-        }
-    }
-    return shapes;
-}
-
-}  // namespace
-
 Stage::Stage() {
     plugInModule(*library);
     desktop.components = [this](std::string_view programId) { return host->component(programId); };
@@ -71,8 +70,7 @@ void sweepFaults(const std::function<void(Stage&)>& scenario, const std::functio
         clean = writings(*stage.host);
     }
     ASSERT_GT(calls, 0) << "the scenario does not call the host";
-    using Fault = RecordingHost::Fault;
-    for (const Fault fault : {Fault::Raise, Fault::False, Fault::Nothing, Fault::WrongType, Fault::Empty}) {
+    for (const Fault fault : allFaults) {
         for (int call = 0; call < calls; ++call) {
             SCOPED_TRACE("fault " + std::to_string(static_cast<int>(fault)) + " at call " +
                          std::to_string(call));

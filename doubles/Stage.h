@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 
 #include "bridge/Library.h"
 #include "doubles/RecordingHost.h"
@@ -20,6 +21,9 @@ struct Stage {
     /// True when the module or the host showed the user a message.
     bool told() const { return !desktop.boxes.empty() || host->told(); }
 };
+
+/// Returns a writing statement without the written values: its table, columns and condition.
+std::string shapeOf(const std::string& statement);
 
 /// Runs a scenario once to count its calls to the host, then again for each call and each kind of fault with only
 /// that call failing, and calls `check` after each run. Each run has a new stage. The test fails when the scenario

@@ -500,7 +500,7 @@ class Stubborn {
 };
 
 TEST(FailingHost, EveryCallInTurnMayRaiseAndNothingIsHeld) {
-    const auto run = [](int failing, RecordingHost::Fault fault) {
+    const auto run = [](int failing, Fault fault) {
         const auto host = RecordingHost::make();
         const long objects = com::moduleReferences();
         {
@@ -522,10 +522,10 @@ TEST(FailingHost, EveryCallInTurnMayRaiseAndNothingIsHeld) {
         }
         return host->callCount();
     };
-    const int calls = run(-1, RecordingHost::Fault::Raise);
+    const int calls = run(-1, Fault::Raise);
     for (int failing = 0; failing < calls; ++failing) {
-        run(failing, RecordingHost::Fault::Raise);
-        if (failing % 3 == 0) run(failing, RecordingHost::Fault::WrongType);
+        run(failing, Fault::Raise);
+        if (failing % 3 == 0) run(failing, Fault::WrongType);
     }
 }
 

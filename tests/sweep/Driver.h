@@ -1,0 +1,86 @@
+#pragma once
+
+#include <cstddef>
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "bridge/Library.h"
+#include "doubles/RecordingHost.h"
+#include "doubles/ScriptedDesktop.h"
+#include "workbench/host/CompanySession.h"
+#include "workbench/tour/GalleryStops.h"
+
+namespace tsln::workbench {
+
+/// Numbers the module's calls to the objects of a host and makes one of them fail.
+class FaultyHost {
+  public:
+    /// Stands before `target`: every call through it, and through the objects that its calls return, is numbered.
+    ObjectPtr before(ObjectPtr target, std::string name);
+    /// Numbers a call; raises its error or returns its wrong result when it is the one to fail.
+    std::optional<Variant> failing(const std::string& call);
+
+    struct Plan {
+        std::size_t call;  ///< from 0
+        test::Fault fault;
+    };
+    std::optional<Plan> plan;
+    std::vector<std::string> calls;         ///< "Database.ExecuteRead(SELECT ...)", by number
+    std::multiset<std::string> writings;    ///< the writing statements that were sent, without their values
+    int references = 0;                     ///< objects of the host that the module holds
+
+  private:
+    class Proxy;
+    void note(std::string_view member, Arguments arguments);
+};
+
+/// A user who fills every field of each screen that opens, presses its default button, and leaves it by Esc.
+class FillingDesktop : public test::ScriptedDesktop {
+  public:
+    FillingDesktop(const std::string& inFolder, FaultyHost& host, const CompanySession& session);
+
+    void showModal(Screen& screen) override;
+    MessageAnswer messageBox(Screen* owner, std::string_view text, MessageButtons buttons, MessageIcon icon,
+                             std::string_view title) override;
+
+    std::vector<std::string> lostInput;  ///< fields of screens that stayed open, whose input had changed
+
+  private:
+    int depth_ = 0;
+};
+
+/// The host's windows: every question is answered with yes, the first record is chosen, every message is sent.
+class AgreeingUi : public HostUi {
+  public:
+    explicit AgreeingUi(std::string folder) : folder_(std::move(folder)) {}
+
+    std::vector<std::string> shown;
+    Reply showMessage(const Message& message) override;
+    std::optional<std::string> editExpression(const ExpressionEdit& edit) override { return edit.expression + " "; }
+    std::optional<std::int32_t> searchRecord(const RecordSearch& search) override;
+    std::optional<Email> editEmail(const Email& email) override { return email; }
+    std::optional<std::string> chooseFolder(const std::string&) override { return folder_; }
+
+  private:
+    std::string folder_;
+};
+
+/// What an operation did.
+struct Outcome {
+    std::string raised;  ///< the error with which it ended; empty for none
+    FaultyHost host;
+    std::vector<std::string> lostInput;
+    std::vector<std::string> told;   ///< what the user was told
+    std::vector<std::string> shown;  ///< the screens that opened
+    bool screensLeft = false;        ///< a screen stayed in its slot
+};
+
+/// Calls the operation on the company in `file`, with such a user.
+std::unique_ptr<Outcome> perform(const GalleryStop& stop, const std::string& file, const std::string& folder,
+                                 std::optional<FaultyHost::Plan> plan);
+
+}  // namespace tsln::workbench

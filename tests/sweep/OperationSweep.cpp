@@ -1,0 +1,160 @@
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <random>
+#include <sstream>
+
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <gtest/gtest.h>
+
+#include "doubles/TempFolder.h"
+#include "tests/sweep/Driver.h"
+#include "workbench/company/CompanyFile.h"
+
+namespace tsln::workbench {
+namespace {
+
+constexpr std::size_t usualRuns = 16;  ///< of each operation, where not all are asked for
+constexpr int sameCalls = 2;           ///< of calls with the same text, the first so many fail
+
+/// TSLN_SWEEP: "all" for every call and fault, or the seed by which some are chosen.
+struct Choice {
+    bool all = false;
+    unsigned seed = std::random_device()();
+
+    Choice() {
+        const char* text = std::getenv("TSLN_SWEEP");
+        all = text && std::string(text) == "all";
+        if (text && !all) seed = static_cast<unsigned>(std::strtoul(text, nullptr, 10));
+        if (!all) std::printf("TSLN_SWEEP=%u makes the same runs again.\n", seed);
+    }
+};
+
+const Choice& choice() {
+    static const Choice made;
+    return made;
+}
+
+std::string contentOf(const std::string& path) {
+    std::ifstream stream(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+void write(const std::string& path, const std::string& content) {
+    std::ofstream(path, std::ios::binary) << content;
+}
+
+/// The folder of a run's files: in memory where the system has such a folder, because every save waits for the disk.
+std::filesystem::path fastFolder() {
+    const std::filesystem::path memory = "/dev/shm";
+    return std::filesystem::is_directory(memory) ? memory : std::filesystem::temp_directory_path();
+}
+
+/// What is wrong with a company file; empty for nothing.
+std::string faultsOf(const std::string& path) {
+    std::string faults;
+    SQLite::Database database(path, SQLite::OPEN_READONLY);
+    for (const char* check : {"PRAGMA integrity_check", "PRAGMA foreign_key_check"}) {
+        SQLite::Statement rows(database, check);
+        while (rows.executeStep())
+            if (rows.getColumn(0).getString() != "ok") faults += rows.getColumn(0).getString() + "; ";
+    }
+    return faults;
+}
+
+/// The stops of the gallery that need no keys: every operation that opens a screen.
+std::vector<GalleryStop> sweptStops() {
+    std::vector<GalleryStop> stops = galleryStops();
+    std::erase_if(stops, [](const GalleryStop& stop) { return !stop.keys.empty(); });
+    return stops;
+}
+
+class OperationSweep : public testing::TestWithParam<GalleryStop> {
+  protected:
+    OperationSweep() : stop_(GetParam()) {
+        static const std::string demonstration = [] {
+            const test::TempFolder folder("tessaline sweep ", fastFolder());
+            { Company company(folder.file("test.company")); }
+            return contentOf(folder.file("test.company"));
+        }();
+        write(file_, demonstration);
+        if (!stop_.prepare.empty()) {
+            Company company(file_);
+            std::istringstream statements{std::string(stop_.prepare)};
+            for (std::string statement; std::getline(statements, statement, ';');)
+                company.execute(statement);
+        }
+        const auto old = std::ranges::find(stop_.arguments, oldCompanyArgument);
+        if (old != stop_.arguments.end()) {
+            *old = folder_.file("old.company");
+            makeCompany42(*old, 3);
+        }
+        prepared_ = contentOf(file_);
+    }
+
+    std::unique_ptr<Outcome> run(std::optional<FaultyHost::Plan> plan = {}) {
+        write(file_, prepared_);
+        auto outcome = perform(stop_, file_, folder_.path(), plan);
+        const bool changed = contentOf(file_) != prepared_;
+        EXPECT_EQ(changed ? faultsOf(file_) : "", "");
+        EXPECT_EQ(outcome->raised, "");
+        EXPECT_FALSE(outcome->screensLeft) << "a screen was left in its slot";
+        EXPECT_EQ(outcome->host.references, 0) << "the module still references an object of the host";
+        for (const std::string& lost : outcome->lostInput)
+            ADD_FAILURE() << lost;
+        return outcome;
+    }
+
+    /// The faults to be tried: of each call with another text the first, in each way.
+    std::vector<FaultyHost::Plan> plans(const FaultyHost& clean) const {
+        std::vector<FaultyHost::Plan> plans;
+        std::map<std::string, int> times;
+        for (std::size_t call = 0; call < clean.calls.size(); ++call) {
+            if (++times[clean.calls[call]] > sameCalls) continue;
+            for (const test::Fault fault : test::allFaults)
+                plans.push_back({call, fault});
+        }
+        if (choice().all || plans.size() <= usualRuns) return plans;
+        std::mt19937 random(choice().seed);
+        std::ranges::shuffle(plans, random);
+        plans.resize(usualRuns);
+        return plans;
+    }
+
+    GalleryStop stop_;
+    test::TempFolder folder_{"tessaline sweep ", fastFolder()};
+    const std::string file_ = folder_.file("test.company");
+    std::string prepared_;
+};
+
+TEST_P(OperationSweep, LosesNothingWhicheverCallFails) {
+    const auto clean = run();
+    EXPECT_FALSE(clean->shown.empty() && clean->told.empty()) << "neither a screen nor a message";
+    const auto all = plans(clean->host);
+    for (const FaultyHost::Plan& plan : all) {
+        SCOPED_TRACE("fault " + std::to_string(static_cast<int>(plan.fault)) + " at call " +
+                     std::to_string(plan.call) + ", " + clean->host.calls[plan.call]);
+        const auto outcome = run(plan);
+        bool missing = false;
+        for (const std::string& writing : outcome->host.writings)
+            EXPECT_TRUE(clean->host.writings.contains(writing)) << "the clean run does not send " << writing;
+        for (const std::string& writing : clean->host.writings)
+            missing |= !outcome->host.writings.contains(writing);
+        EXPECT_TRUE(!missing || outcome->told.size() > clean->told.size()) << "something was not saved, silently";
+    }
+    std::printf("%-40s %4zu calls, %5zu runs, %zu writings, %zu screens, told %zu: %s\n", stop_.name.c_str(),
+                clean->host.calls.size(), all.size(), clean->host.writings.size(), clean->shown.size(),
+                clean->told.size(), clean->told.empty() ? "" : clean->told.back().c_str());
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, OperationSweep, testing::ValuesIn(sweptStops()), [](const auto& stop) {
+    std::string name = stop.param.name;
+    std::ranges::replace(name, '-', '_');
+    return name;
+});
+
+}  // namespace
+}  // namespace tsln::workbench
