@@ -90,8 +90,11 @@ Layout CompanyEditor::content() {
 bool CompanyEditor::openCompany() {
     std::int32_t company = 0;
     const auto find = [&] {
-        // A result document, not a single value: a failure that reads as 0 would add a second company.
-        const Records companies = host().database().ExecuteRead("SELECT ID FROM Company ORDER BY ID");
+        // A result document, not a single value: a failure that reads as 0 would add a second company. So would an
+        // empty text, which elsewhere means no rows.
+        const std::string document = host().database().ExecuteReadText("SELECT ID FROM Company ORDER BY ID");
+        if (document.empty()) throw HostError(code::fail, "CompanyEditor", "The company could not be read.");
+        const Records companies = Records::parse(document);
         company = modSharedXML::readLong("ID", companies.first());
     };
     return handle(find) && open(company);

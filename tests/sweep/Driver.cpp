@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "automation/NumericText.h"
 #include "doubles/Stage.h"
 #include "module/Module.h"
 #include "screens/CheckList.h"
@@ -23,14 +22,13 @@ class Filling : public ControlVisitor {
   public:
     void visit(TextBox& box) override {
         if (box.locked()) return;
-        const bool number = parseNumber(box.text()).has_value();
-        std::string text = number ? "7" : box.multiLine ? "swept\r\nclean" : "Swept";
+        std::string text = box.multiLine ? "12\r\n34" : "12";  // a name, a number, a code
         if (box.maxLength > 0) text.resize(std::min(text.size(), box.maxLength));
         box.userType(std::move(text));
     }
     void visit(ComboBox& box) override {
         if (box.entries().empty()) {
-            box.userType("Swept");
+            box.userType("12");
         } else {
             box.userChoose(std::min<int>(1, static_cast<int>(box.entries().size()) - 1));
         }
@@ -49,7 +47,7 @@ class Filling : public ControlVisitor {
         const std::size_t rows[] = {report.rowCount() > 1 && report.row(0).isGroup() ? 1U : 0U};
         report.userSelect(rows, rows[0]);
         for (std::size_t column = 0; column < report.columns.size() && rows[0] < report.rowCount(); ++column) {
-            if (report.canEdit({rows[0], column})) report.userEdit(rows[0], column, "7");
+            if (report.canEdit({rows[0], column})) report.userEdit(rows[0], column, "12");
         }
     }
     void visit(TabControl& tabs) override {
@@ -73,10 +71,11 @@ class Filling : public ControlVisitor {
     Button* cancelButton = nullptr;
 };
 
-/// The texts of a screen's fields, by their names.
+/// The texts of the fields that the user can reach, by their names.
 std::map<std::string, std::string> inputOf(const Screen& screen) {
     std::map<std::string, std::string> input;
     for (Control* control : screen.controls()) {
+        if (!control->enabled() || !control->visible()) continue;
         if (const auto* text = dynamic_cast<TextBox*>(control)) input[control->name()] = text->text();
         if (const auto* combo = dynamic_cast<ComboBox*>(control)) input[control->name()] = combo->text();
         if (const auto* check = dynamic_cast<CheckBox*>(control))
@@ -134,7 +133,8 @@ void FaultyHost::note(std::string_view member, Arguments arguments) {
 
 // The user -----------------------------------------------------------------------------------------------
 
-FillingDesktop::FillingDesktop(const std::string& inFolder, FaultyHost& host, const CompanySession& session) {
+FillingDesktop::FillingDesktop(const std::string& inFolder, FaultyHost& host, const CompanySession& session)
+    : host_(host) {
     folder = inFolder;
     files.assign(8, inFolder + "/swept.xml");
     choices.assign(8, 0);
@@ -167,11 +167,15 @@ void FillingDesktop::showModal(Screen& screen) {
     tick();
     if (onScreen() && filling.defaultButton) {
         const auto input = inputOf(screen);
+        const std::size_t begin = host_.calls.size();
         filling.defaultButton->userPress();
+        if (depth_ == 1) saving = {begin, host_.calls.size()};
         if (screen.shown()) {
-            for (const auto& [name, text] : inputOf(screen)) {
-                if (input.at(name) != text)
-                    lostInput.push_back(screen.name() + "." + name + ": '" + input.at(name) + "' became '" + text + "'");
+            const auto after = inputOf(screen);
+            for (const auto& [name, text] : input) {
+                const auto kept = after.find(name);
+                if (kept != after.end() && kept->second != text)
+                    lostInput.push_back(screen.name() + "." + name + ": '" + text + "' became '" + kept->second + "'");
             }
         }
     }
@@ -217,6 +221,7 @@ std::unique_ptr<Outcome> perform(const GalleryStop& stop, const std::string& fil
     outcome->screensLeft = !library->screens().empty();
     library->PreTerminate();
     outcome->lostInput = std::move(desktop.lostInput);
+    outcome->saving = desktop.saving;
     outcome->shown = std::move(desktop.shown);
     outcome->told = std::move(ui.shown);
     for (const auto& box : desktop.boxes)

@@ -48,8 +48,10 @@ class FillingDesktop : public test::ScriptedDesktop {
                              std::string_view title) override;
 
     std::vector<std::string> lostInput;  ///< fields of screens that stayed open, whose input had changed
+    std::pair<std::size_t, std::size_t> saving{};  ///< the calls while the first screen's default button was pressed
 
   private:
+    FaultyHost& host_;
     int depth_ = 0;
 };
 
@@ -76,6 +78,7 @@ struct Outcome {
     std::vector<std::string> lostInput;
     std::vector<std::string> told;   ///< what the user was told
     std::vector<std::string> shown;  ///< the screens that opened
+    std::pair<std::size_t, std::size_t> saving{};  ///< the numbers of the calls that saved: from, to
     bool screensLeft = false;        ///< a screen stayed in its slot
 };
 
