@@ -57,6 +57,7 @@ class Filling : public ControlVisitor {
     void visit(Button& button) override {
         if (button.role() == Button::Role::Default) defaultButton = &button;
         if (button.role() == Button::Role::Cancel) cancelButton = &button;
+        if (button.role() == Button::Role::Plain) plainButtons.push_back(button.name());
     }
     void visit(CommandBars&) override {}
     void visit(Frame&) override {}
@@ -69,6 +70,7 @@ class Filling : public ControlVisitor {
 
     Button* defaultButton = nullptr;
     Button* cancelButton = nullptr;
+    std::vector<std::string> plainButtons;
 };
 
 /// The texts of the fields that the user can reach, by their names.
@@ -133,8 +135,9 @@ void FaultyHost::note(std::string_view member, Arguments arguments) {
 
 // The user -----------------------------------------------------------------------------------------------
 
-FillingDesktop::FillingDesktop(const std::string& inFolder, FaultyHost& host, const CompanySession& session)
-    : host_(host) {
+FillingDesktop::FillingDesktop(const std::string& inFolder, FaultyHost& host, const CompanySession& session,
+                               std::string button)
+    : host_(host), button_(std::move(button)) {
     folder = inFolder;
     files.assign(8, inFolder + "/swept.xml");
     choices.assign(8, 0);
@@ -165,23 +168,29 @@ void FillingDesktop::showModal(Screen& screen) {
         if (onScreen()) control->userLeft();
     }
     tick();
-    if (onScreen() && filling.defaultButton) {
-        const auto input = inputOf(screen);
-        const std::size_t begin = host_.calls.size();
-        filling.defaultButton->userPress();
-        if (depth_ == 1) saving = {begin, host_.calls.size()};
-        if (screen.shown()) {
-            const auto after = inputOf(screen);
-            for (const auto& [name, text] : input) {
-                const auto kept = after.find(name);
-                if (kept != after.end() && kept->second != text)
-                    lostInput.push_back(screen.name() + "." + name + ": '" + text + "' became '" + kept->second + "'");
-            }
-        }
+    Button* toPress = filling.defaultButton;
+    if (depth_ == 1) {
+        furtherButtons = filling.plainButtons;
+        if (!button_.empty()) toPress = dynamic_cast<Button*>(screen.control(button_));
     }
+    if (onScreen() && toPress) press(screen, *toPress);
     if (screen.shown() && filling.cancelButton) filling.cancelButton->userPress();
     if (screen.shown()) screen.userClose();
     if (screen.shown()) screen.hide();  // it refused to close
+}
+
+void FillingDesktop::press(Screen& screen, Button& button) {
+    const auto before = inputOf(screen);
+    const std::size_t begin = host_.calls.size();
+    button.userPress();
+    if (depth_ == 1) pressing = {begin, host_.calls.size()};
+    if (!screen.shown()) return;
+    const auto after = inputOf(screen);
+    for (const auto& [name, text] : before) {
+        const auto kept = after.find(name);
+        if (kept != after.end() && kept->second != text)
+            lostInput.push_back(screen.name() + "." + name + ": '" + text + "' became '" + kept->second + "'");
+    }
 }
 
 MessageAnswer FillingDesktop::messageBox(Screen* owner, std::string_view text, MessageButtons buttons,
@@ -203,12 +212,12 @@ std::optional<std::int32_t> AgreeingUi::searchRecord(const RecordSearch& search)
 // The operation ------------------------------------------------------------------------------------------
 
 std::unique_ptr<Outcome> perform(const GalleryStop& stop, const std::string& file, const std::string& folder,
-                                 std::optional<FaultyHost::Plan> plan) {
+                                 const std::string& button, std::optional<FaultyHost::Plan> plan) {
     auto outcome = std::make_unique<Outcome>();
     outcome->host.plan = plan;
     AgreeingUi ui(folder);
     CompanySession session(file, "admin", ui, OpenMode::ReadWrite);
-    FillingDesktop desktop(folder, outcome->host, session);
+    FillingDesktop desktop(folder, outcome->host, session, button);
     const auto library = std::make_shared<Library>(desktop);
     plugInModule(*library);
     library->Initialize(outcome->host.before(session.sharedCode(), ""));
@@ -221,7 +230,8 @@ std::unique_ptr<Outcome> perform(const GalleryStop& stop, const std::string& fil
     outcome->screensLeft = !library->screens().empty();
     library->PreTerminate();
     outcome->lostInput = std::move(desktop.lostInput);
-    outcome->saving = desktop.saving;
+    outcome->pressing = desktop.pressing;
+    outcome->buttons = std::move(desktop.furtherButtons);
     outcome->shown = std::move(desktop.shown);
     outcome->told = std::move(ui.shown);
     for (const auto& box : desktop.boxes)

@@ -38,20 +38,26 @@ class FaultyHost {
     void note(std::string_view member, Arguments arguments);
 };
 
-/// A user who fills every field of each screen that opens, presses its default button, and leaves it by Esc.
+/// A user who fills every field of each screen that opens, presses its default button, and leaves it by Esc. On the
+/// first screen, another button can be pressed instead.
 class FillingDesktop : public test::ScriptedDesktop {
   public:
-    FillingDesktop(const std::string& inFolder, FaultyHost& host, const CompanySession& session);
+    FillingDesktop(const std::string& inFolder, FaultyHost& host, const CompanySession& session,
+                   std::string button);
 
     void showModal(Screen& screen) override;
     MessageAnswer messageBox(Screen* owner, std::string_view text, MessageButtons buttons, MessageIcon icon,
                              std::string_view title) override;
 
     std::vector<std::string> lostInput;  ///< fields of screens that stayed open, whose input had changed
-    std::pair<std::size_t, std::size_t> saving{};  ///< the calls while the first screen's default button was pressed
+    std::pair<std::size_t, std::size_t> pressing{};  ///< the calls, from and to, that the button of the first screen made
+    std::vector<std::string> furtherButtons;         ///< the first screen's buttons that are neither default nor Esc
 
   private:
+    void press(Screen& screen, Button& button);
+
     FaultyHost& host_;
+    const std::string button_;
     int depth_ = 0;
 };
 
@@ -78,12 +84,14 @@ struct Outcome {
     std::vector<std::string> lostInput;
     std::vector<std::string> told;   ///< what the user was told
     std::vector<std::string> shown;  ///< the screens that opened
-    std::pair<std::size_t, std::size_t> saving{};  ///< the numbers of the calls that saved: from, to
+    std::pair<std::size_t, std::size_t> pressing{};
+    std::vector<std::string> buttons;
     bool screensLeft = false;        ///< a screen stayed in its slot
 };
 
-/// Calls the operation on the company in `file`, with such a user.
+/// Calls the operation on the company in `file`, with such a user, who presses the named button or, without a name, the
+/// default one.
 std::unique_ptr<Outcome> perform(const GalleryStop& stop, const std::string& file, const std::string& folder,
-                                 std::optional<FaultyHost::Plan> plan);
+                                 const std::string& button, std::optional<FaultyHost::Plan> plan);
 
 }  // namespace tsln::workbench
