@@ -1,6 +1,15 @@
 #include "bridge/Host.h"
 
+#include <algorithm>
+
 namespace tsln {
+namespace {
+
+bool isBlank(const Address& address) {
+    return std::ranges::all_of(address, &std::string::empty);
+}
+
+}  // namespace
 
 ObjectPtr Host::sharedCode() const {
     return sharedCodeOf(library_);
@@ -111,7 +120,11 @@ std::optional<std::int32_t> Host::ShowSelectBySearch(std::string_view table, std
 }
 
 std::string Host::CombineAddress(const Address& a) const {
-    return textOf(sharedCode()->call("CombineAddress", a[0], a[1], a[2], a[3], a[4], a[5]), "CombineAddress");
+    std::string text =
+        textOf(sharedCode()->call("CombineAddress", a[0], a[1], a[2], a[3], a[4], a[5]), "CombineAddress");
+    // An empty answer would be saved as the user's empty address.
+    if (text.empty() && !isBlank(a)) throw HostError(code::fail, "CombineAddress", "The address cannot be shown.");
+    return text;
 }
 
 Address Host::ParseAddress(std::string& text, bool& validate) const {
@@ -128,6 +141,9 @@ Address Host::ParseAddress(std::string& text, bool& validate) const {
     Address address;
     for (std::size_t i = 0; i < parts.size(); ++i)
         address[i] = parts[i].toText();
+    // Without an answer, the address would be saved without its text.
+    if (isBlank(address) && text.find_first_not_of(" \t\r\n") != text.npos)
+        throw HostError(code::fail, "ParseAddress", "The address cannot be read.");
     text = whole.toText();
     validate = flag.toBoolean();
     return address;

@@ -91,6 +91,8 @@ class Host {
     /// user selects none. `title` is the window's title.
     std::optional<std::int32_t> ShowSelectBySearch(std::string_view table, std::string_view title) const;
 
+    // An address that is not empty and becomes empty by the host's answer raises HostError(code::fail).
+
     /// Joins the address to one text of several lines.
     std::string CombineAddress(const Address& address) const;
     /// Splits such a text into the parts of an address. The host may correct the text, and `validate`, the user's

@@ -130,7 +130,9 @@ std::optional<Variant> FaultyHost::failing(const std::string& call) {
 void FaultyHost::note(std::string_view member, Arguments arguments) {
     if (!member.starts_with("Execute") || arguments.count() == 0 || !arguments[0].isText()) return;
     const std::string statement = arguments[0].toText();
-    if (!statement.starts_with("SELECT")) writings.insert(test::shapeOf(statement));
+    if (statement.starts_with("SELECT")) return;
+    writings.insert(test::shapeOf(statement));
+    statements.insert(statement);
 }
 
 // The user -----------------------------------------------------------------------------------------------

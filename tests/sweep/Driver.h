@@ -30,7 +30,8 @@ class FaultyHost {
     };
     std::optional<Plan> plan;
     std::vector<std::string> calls;         ///< "Database.ExecuteRead(SELECT ...)", by number
-    std::multiset<std::string> writings;    ///< the writing statements that were sent, without their values
+    std::set<std::string> statements;       ///< the writing statements that were sent
+    std::multiset<std::string> writings;    ///< the same, without their values
     int references = 0;                     ///< objects of the host that the module holds
 
   private:
