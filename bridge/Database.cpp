@@ -2,6 +2,12 @@
 
 namespace tsln {
 
+std::int32_t countOf(const Variant& answer) {
+    if (answer.isEmpty() || answer.holds<bool>())
+        throw HostError(code::typeMismatch, "ExecuteScaler", "ExecuteScaler answered with no count.");
+    return answer.toLong();
+}
+
 Records Database::ExecuteRead(std::string_view sql) const {
     return modSharedXML::readRecords(call("ExecuteRead", sql));
 }

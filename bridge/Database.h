@@ -12,6 +12,10 @@ namespace tsln {
 using modSharedXML::Record;
 using modSharedXML::Records;
 
+/// Returns the answer to a SELECT COUNT(*). Raises HostError(code::typeMismatch) for an answer that is no count: read as 0,
+/// it would delete what is in use, or add what is there.
+std::int32_t countOf(const Variant& answer);
+
 /// The host's database service. Statements are complete SQL text; values in them have been made safe.
 class Database : HostPart {
   public:

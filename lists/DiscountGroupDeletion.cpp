@@ -123,7 +123,7 @@ bool canDeleteDiscountGroup(Library& library, std::int32_t ID) {
     }
     const std::string count =
         format("SELECT COUNT(*) AS MyCount FROM DiscountGroups WHERE DiscountGroupType = {0}", number);
-    if (host.database().ExecuteScaler(count, "", "0").toLong() > 1) return true;
+    if (countOf(host.database().ExecuteScaler(count, "", "0")) > 1) return true;
     const auto last = std::ranges::find(lastOfType, number, &LastOfType::type);
     host.ShowMessageStyle1(format(last->message, name), last->advice);
     return false;

@@ -86,7 +86,7 @@ bool ProductTagsDialog::add(std::string_view insert, std::string_view placeholde
     const std::string safe = doubleQuotes(tag);
     const std::string statement =
         format("SELECT COUNT(*) AS MyCount FROM ProductTags WHERE ProductID = {0} AND Tag = '{1}'", ID, safe);
-    if (host().database().ExecuteScaler(statement, "", "0").toLong() > 0) return true;
+    if (countOf(host().database().ExecuteScaler(statement, "", "0")) > 0) return true;
     if (host().database().ExecuteNonQuery(fillTags(insert, {{"<id>", ID}, {placeholder, safe}}))) return true;
     reportDatabaseFailure(saveFailure);
     return false;

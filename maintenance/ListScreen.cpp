@@ -389,7 +389,7 @@ bool ListScreen::mayDelete(std::size_t record) {
 }
 
 std::int32_t ListScreen::count(const std::string& statement) const {
-    return host().database().ExecuteScaler(statement, "", "0").toLong();
+    return countOf(host().database().ExecuteScaler(statement, "", "0"));
 }
 
 void ListScreen::updateButtons() {

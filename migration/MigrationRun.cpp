@@ -215,12 +215,9 @@ bool MigrationRun::createTaxGroups() {
 bool MigrationRun::createTaxGroup(const std::string& codeName, std::int32_t codeID) {
     const Database database = screen_.host().database();
     const std::string name = doubleQuotes(codeName);
-    const Variant count = database.ExecuteScaler(
-        format("SELECT COUNT(*) AS theCount FROM SalesTaxGroups WHERE SalesTaxGroup = '{0}'", name));
-    // An answer that is no count must not create a second group.
-    if (count.isEmpty() || count.holds<bool>())
-        throw HostError(code::typeMismatch, "ExecuteScaler", "ExecuteScaler answered with no count.");
-    if (count.toLong() > 0) return true;
+    const std::int32_t count = countOf(database.ExecuteScaler(
+        format("SELECT COUNT(*) AS theCount FROM SalesTaxGroups WHERE SalesTaxGroup = '{0}'", name)));
+    if (count > 0) return true;
     const std::int32_t group = database.ExecuteNonQueryWithID(
         format("INSERT INTO SalesTaxGroups (SalesTaxGroup) VALUES('{0}')", name));
     return group > 0 &&

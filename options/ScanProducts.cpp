@@ -136,7 +136,7 @@ void ScanProducts::addOptions() {
         for (const Location& location : locations) {
             if (!modSharedXML::toBoolean(option.text(location.show), true)) continue;
             const modSharedSQL::Tag optionTag{"{{0}}", doubleQuotes(name)};
-            if (means_->sql.ExecuteScaler(fillTags(location.count, {optionTag})).toLong() > 0) continue;
+            if (countOf(means_->sql.ExecuteScaler(fillTags(location.count, {optionTag}))) > 0) continue;
             const std::string_view prefix = option.text(location.prefix);
             if (isTooLong(prefix)) {
                 log(format(

@@ -160,7 +160,7 @@ std::optional<std::string> AdditionalChargesScreen::findFreeName(const std::stri
     const std::string statement =
         fillTags("SELECT COUNT(*) AS theCount FROM AdditionalCharges WHERE ChargeName = '{{0}}'",
                  {{"{{0}}", doubleQuotes(candidate)}});
-    const auto taken = [&] { return host().database().ExecuteScaler(statement).toLong() >= 1; };
+    const auto taken = [&] { return countOf(host().database().ExecuteScaler(statement)) >= 1; };
     if (taken()) {
         struct Shown {
             explicit Shown(AdditionalChargesScreen& list) : screen(list) { screen.showSearch(true); }

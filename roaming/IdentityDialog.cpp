@@ -44,12 +44,8 @@ bool IdentityDialog::validate() {
 }
 
 bool IdentityDialog::hasCompany() const {
-    const Variant count =
-        host().database().ExecuteScaler("SELECT COUNT(*) AS theCount FROM Company", "", "0");
-    // An answer that is no count must not create a second company.
-    if (count.isEmpty() || count.holds<bool>())
-        throw HostError(code::typeMismatch, "ExecuteScaler", "ExecuteScaler answered with no count.");
-    return count.toLong() > 0;
+    return countOf(
+               host().database().ExecuteScaler("SELECT COUNT(*) AS theCount FROM Company", "", "0")) > 0;
 }
 
 bool IdentityDialog::save() {

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "bridge/Host.h"
 #include "doubles/Stage.h"
 #include "doubles/TempFolder.h"
 #include "maintenance/RecordDialog.h"
@@ -207,6 +208,23 @@ TEST(Library, SubObjectsAreFetchedForEveryCall) {
         dialog.cmdOK.userPress();
     });
     EXPECT_EQ(stage.library->ShowEditTerms(0), 5);
+}
+
+TEST(Host, AnAddressDoesNotBecomeEmptyByAnAnswer) {
+    Stage stage;
+    const Host host(*stage.library);
+    stage.host->on("CombineAddress", Variant(""));
+    stage.host->on("ParseAddress", Variant(true));
+    bool validate = true;
+    for (const std::string text : {"", " \r\n"}) {
+        std::string blank = text;
+        EXPECT_EQ(host.ParseAddress(blank, validate), Address{});
+    }
+    EXPECT_EQ(host.CombineAddress({}), "");
+    std::string typed = "1 Mill";
+    EXPECT_THROW(host.ParseAddress(typed, validate), HostError);
+    EXPECT_EQ(typed, "1 Mill");
+    EXPECT_THROW(host.CombineAddress({"", "", "", "", "", "USA"}), HostError);
 }
 
 TEST(InitialSyncComplete, EveryConditionMustHold) {

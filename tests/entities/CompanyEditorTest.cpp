@@ -236,6 +236,14 @@ TEST(CompanyEditor, AFileThatCannotBeCopiedIsToldAndChangesNothing) {
     EXPECT_THAT(missing.executed(), ElementsAre(HasSubstr("SmallLogoFile = 'gone.png'")));
 }
 
+TEST(CompanyEditor, AnEmptyTextInsteadOfTheCompanyAddsNoSecondOne) {
+    CompanyStage stage;
+    stage.host->on("Database.ExecuteRead", [](Arguments) { return Variant(makeDocument("")); });
+    stage.library->ShowEditCompany();
+    EXPECT_THAT(stage.desktop.shown, IsEmpty());
+    EXPECT_TRUE(stage.told());
+}
+
 TEST(CompanyEditor, EveryHostFaultIsReportedAndKeepsTheInput) {
     const TempFolder reports, elsewhere;
     const std::string file = CompanyStage::write(elsewhere, "a.png", "a");

@@ -254,6 +254,19 @@ TEST(ListScreen, ReferencedRowsAreRefusedWithTheirCountAndTheOthersDeleted) {
                             "SELECT COUNT(*) AS MyCount FROM Customers WHERE TermsID = 2, , 0",
                             "SELECT COUNT(*) AS MyCount FROM Customers WHERE TermsID = 3, , 0",
                             "SELECT COUNT(*) AS MyCount FROM Orders WHERE TermsID = 3, , 0"));
+
+    // An answer that is no count is not taken for none.
+    for (const Variant& answer : {Variant(), Variant(false), Variant("many")}) {
+        TermsStage failing;
+        failing.host->on("Database.ExecuteScaler", answer);
+        failing.desktop.user<ListScreen>("frmTerms", [](ListScreen& list) {
+            select(list, {0});
+            list.cmdDelete.userPress();
+        });
+        showList(*failing.library, guarded);
+        EXPECT_THAT(failing.host->callsOf("Database.ExecuteNonQuery"), IsEmpty());
+        EXPECT_TRUE(failing.told());
+    }
 }
 
 TEST(ListScreen, LooksBusyWhileLoadingAndRunsNoCommandWithoutItsRight) {
