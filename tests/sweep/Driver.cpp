@@ -46,7 +46,8 @@ class Filling : public ControlVisitor {
         if (report.rowCount() == 0) return;
         const std::size_t rows[] = {report.rowCount() > 1 && report.row(0).isGroup() ? 1U : 0U};
         report.userSelect(rows, rows[0]);
-        for (std::size_t column = 0; column < report.columns.size() && rows[0] < report.rowCount(); ++column) {
+        for (std::size_t column = 0; column < report.columns.size() && rows[0] < report.rowCount();
+             ++column) {
             if (report.canEdit({rows[0], column})) report.userEdit(rows[0], column, "12");
         }
     }
@@ -191,7 +192,8 @@ void FillingDesktop::press(Screen& screen, Button& button) {
     for (const auto& [name, text] : before) {
         const auto kept = after.find(name);
         if (kept != after.end() && kept->second != text)
-            lostInput.push_back(screen.name() + "." + name + ": '" + text + "' became '" + kept->second + "'");
+            lostInput.push_back(screen.name() + "." + name + ": '" + text + "' became '" + kept->second +
+                                "'");
     }
 }
 

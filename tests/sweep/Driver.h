@@ -29,10 +29,10 @@ class FaultyHost {
         test::Fault fault;
     };
     std::optional<Plan> plan;
-    std::vector<std::string> calls;         ///< "Database.ExecuteRead(SELECT ...)", by number
-    std::set<std::string> statements;       ///< the writing statements that were sent
-    std::multiset<std::string> writings;    ///< the same, without their values
-    int references = 0;                     ///< objects of the host that the module holds
+    std::vector<std::string> calls;       ///< "Database.ExecuteRead(SELECT ...)", by number
+    std::set<std::string> statements;     ///< the writing statements that were sent
+    std::multiset<std::string> writings;  ///< the same, without their values
+    int references = 0;                   ///< objects of the host that the module holds
 
   private:
     class Proxy;
@@ -51,8 +51,9 @@ class FillingDesktop : public test::ScriptedDesktop {
                              std::string_view title) override;
 
     std::vector<std::string> lostInput;  ///< fields of screens that stayed open, whose input had changed
-    std::pair<std::size_t, std::size_t> pressing{};  ///< the calls, from and to, that the button of the first screen made
-    std::vector<std::string> furtherButtons;         ///< the first screen's buttons that are neither default nor Esc
+    std::pair<std::size_t, std::size_t>
+        pressing{};  ///< the calls, from and to, that the button of the first screen made
+    std::vector<std::string> furtherButtons;  ///< the first screen's buttons that are neither default nor Esc
 
   private:
     void press(Screen& screen, Button& button);
@@ -69,7 +70,9 @@ class AgreeingUi : public HostUi {
 
     std::vector<std::string> shown;
     Reply showMessage(const Message& message) override;
-    std::optional<std::string> editExpression(const ExpressionEdit& edit) override { return edit.expression + " "; }
+    std::optional<std::string> editExpression(const ExpressionEdit& edit) override {
+        return edit.expression + " ";
+    }
     std::optional<std::int32_t> searchRecord(const RecordSearch& search) override;
     std::optional<Email> editEmail(const Email& email) override { return email; }
     std::optional<std::string> chooseFolder(const std::string&) override { return folder_; }
@@ -87,7 +90,7 @@ struct Outcome {
     std::vector<std::string> shown;  ///< the screens that opened
     std::pair<std::size_t, std::size_t> pressing{};
     std::vector<std::string> buttons;
-    bool screensLeft = false;        ///< a screen stayed in its slot
+    bool screensLeft = false;  ///< a screen stayed in its slot
 };
 
 /// Calls the operation on the company in `file`, with such a user, who presses the named button or, without a name, the

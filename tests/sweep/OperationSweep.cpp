@@ -19,7 +19,7 @@ namespace {
 
 constexpr std::size_t usualRuns = 12;  ///< of each operation, where not all are asked for
 constexpr std::size_t usualRunsOfOtherButton = 3;
-constexpr int sameCalls = 2;           ///< of calls with the same text, the first so many fail
+constexpr int sameCalls = 2;  ///< of calls with the same text, the first so many fail
 
 /// TSLN_SWEEP: "all" for every call and fault, or the seed by which some are chosen.
 struct Choice {
@@ -148,7 +148,8 @@ class OperationSweep : public testing::TestWithParam<GalleryStop> {
         std::vector<FaultyHost::Plan> plans;
         std::map<std::string, int> times;
         // What happens before another button is pressed was tried with the default one.
-        for (std::size_t call = defaultButton ? 0 : clean.pressing.first; call < clean.host.calls.size(); ++call) {
+        for (std::size_t call = defaultButton ? 0 : clean.pressing.first; call < clean.host.calls.size();
+             ++call) {
             if (++times[clean.host.calls[call]] > sameCalls) continue;
             for (const test::Fault fault : test::allFaults)
                 plans.push_back({call, fault});
