@@ -24,7 +24,7 @@ constexpr int sameCalls = 2;  ///< of calls with the same text, the first so man
 /// TSLN_SWEEP: "all" for every call and fault, or the seed by which some are chosen.
 struct Choice {
     bool all = false;
-    unsigned seed = std::random_device()();
+    unsigned seed = 20;
 
     Choice() {
         const char* text = std::getenv("TSLN_SWEEP");
@@ -134,9 +134,11 @@ class OperationSweep : public testing::TestWithParam<GalleryStop> {
             return std::ranges::find(clean.told, text) == clean.told.end();
         });
         EXPECT_FALSE(saving && missing && !told) << "something was not saved, silently";
-        // The faults of a second screen change what it shows and thus saves. A new charge has a random code.
+        // The faults of a second screen change what it shows and thus saves, as does another answer for an option. A new
+        // charge has a random code.
         for (const std::string& statement : outcome.host.statements) {
             EXPECT_TRUE(!saving || plan.fault == test::Fault::WrongType || outcome.shown.size() > 1 ||
+                        call.starts_with("Options") ||
                         statement.starts_with("INSERT INTO AdditionalCharges") ||
                         clean.host.statements.contains(statement))
                 << "other values were saved: " << statement;
