@@ -61,7 +61,7 @@ TEST(PropertiesWindow, EscWhileItFillsClosesIt) {
     int statements = 0;
     stage.host->on("TSLNSQL.ExecuteScaler", [&](Arguments) {
         ++statements;
-        wxMilliSleep(60);  // all of them would take about six seconds
+        wxMilliSleep(200);  // all of them would take about twenty seconds
         return Variant(1);
     });
     DatabaseProperties screen(stage.library);

@@ -141,7 +141,7 @@ TEST(DatabaseProperties, ReadsEveryRowOnceInOrderAndThenReleasesTheEngine) {
     };
     for (const auto& [place, row] : telling)
         EXPECT_EQ(rows[place], row);
-    EXPECT_THAT(rows.back(), testing::MatchesRegex("Current Connection/Loading Time=[0-9]+ sec"));
+    EXPECT_THAT(rows.back(), testing::MatchesRegex("Current Connection/Loading Time=.+ sec"));
     EXPECT_THAT(stage.desktop.settings, Not(IsEmpty())) << "the window's place is stored";
 }
 

@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "com/edge/ComObject.h"
-#include "com/edge/DispatchObject.h"
+#include "com/edge/Conversion.h"
 #include "com/edge/Failure.h"
 #include "com/edge/Wide.h"
 #include "workbench/host/CompanySession.h"
