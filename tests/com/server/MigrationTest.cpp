@@ -30,11 +30,11 @@ class MigrationTest : public OverCompany {
 
 TEST_F(MigrationTest, ACompanyOfVersion42ComesOverByTheQueriesInTheModulesResources) {
     const std::string old = folder.file("old.company");
-    workbench::makeCompany42(old, 200);
+    workbench::makeCompany42(old, 10'000);
     const std::string before = value("SELECT COUNT(*) FROM Customers");
     EXPECT_EQ(VARIANT_FALSE, migrate(old, 2))
         << value("SELECT TOP 1 EventText FROM EventLog ORDER BY ID DESC");
-    EXPECT_EQ(std::stoi(before) + 200, std::stoi(value("SELECT COUNT(*) FROM Customers")));
+    EXPECT_EQ(std::stoi(before) + 10'000, std::stoi(value("SELECT COUNT(*) FROM Customers")));
     workbench::Company source(old, workbench::OpenMode::Version42);
     for (
         const auto& [from, now] :
