@@ -249,6 +249,26 @@ void WindowDriver::key(const std::string& caption, int key, int held) {
     settle(GetForegroundWindow());
 }
 
+void WindowDriver::keyUntil(const std::string& caption, int key, int held, const std::function<bool()>& done) {
+    waitFor<bool>(
+        [&] {
+            this->key(caption, key, held);
+            for (int i = 0; i < 25 && !done(); ++i)
+                Sleep(pause);
+            return done();
+        },
+        "The effect of key " + std::to_string(key) + " in '" + caption + "'");
+}
+
+void WindowDriver::waitForProgress(const std::string& caption) {
+    waitFor<bool>(
+        [&] {
+            return std::ranges::none_of(childrenOf(window(caption)),
+                                        [](HWND at) { return isClass(at, L"msctls_progress32"); });
+        },
+        "The end of the work of '" + caption + "'");
+}
+
 void WindowDriver::type(const std::string& caption, const std::string& text) {
     bringToFront(caption);
     for (const wchar_t unit : com::toWide(text)) {

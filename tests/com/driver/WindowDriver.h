@@ -53,6 +53,10 @@ class WindowDriver {
     bool isEnabled(const std::string& window, const std::string& button);
     /// Whether the window has a visible part with this caption.
     bool shows(const std::string& window, const std::string& caption);
+    /// Presses a key as key() does, again and again until `done` is true: a window that is working drops keys.
+    void keyUntil(const std::string& window, int key, int held, const std::function<bool()>& done);
+    /// Waits until the window shows no progress bar.
+    void waitForProgress(const std::string& window);
     /// Clicks the close box. The window must close or open another one.
     void close(const std::string& window);
     /// Selects the first row of a list of records, once the list has one. Other processes and threads see no more of

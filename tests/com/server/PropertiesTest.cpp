@@ -17,7 +17,10 @@ TEST_F(PropertiesTest, AreShownAndClosedAndTheHostsEngineIsTerminated) {
     const auto calls = std::make_shared<std::multiset<std::string>>();
     session.tracer()->observe([calls](const workbench::TraceEntry& call) { calls->insert(call.member); });
     {
-        const User user([](WindowDriver& at) { at.press("Database Properties", "&Close"); });
+        const User user([](WindowDriver& at) {
+            at.waitForProgress("Database Properties");
+            at.press("Database Properties", "&Close");
+        });
         EXPECT_EQ(S_OK, library->ShowDatabaseProperties());
     }
     EXPECT_GT(calls->count("TSLNSQL.ExecuteScaler"), 0U);

@@ -75,12 +75,12 @@ TEST_F(SecurityTest, ACopiedRoleTakesAwayARightFromTheEmployeeWhoGetsIt) {
             constexpr const char* title = "Edit Employee";
             while (at.read(title, 0).empty())
                 Sleep(20);
-            at.key(title, VK_NEXT, VK_CONTROL);
+            at.keyUntil(title, VK_NEXT, VK_CONTROL, [&] { return at.shows(title, "&Password:"); });
+            at.fill(title, 1, "terms only");
+            at.fill(title, 2, "terms only");
             at.key(title, 'P', VK_MENU);
-            at.type(title, "terms only");
-            at.key(title, VK_TAB);
-            at.type(title, "terms only");
-            at.key(title, VK_TAB);
+            for (int i = 0; i < 2; ++i)
+                at.key(title, VK_TAB);
             for (const int key : {VK_HOME, VK_DOWN, VK_SPACE, VK_DOWN, VK_SPACE})
                 at.key(title, key);
             at.press(title, "OK");
