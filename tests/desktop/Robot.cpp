@@ -84,13 +84,12 @@ Robot& Robot::rightClickAt(const Control& control, Where where) {
 }
 
 void Robot::show() {
-    steps_.push_front({"the screen is shown and active", [this] {
-                           if (!dialog() || !dialog()->IsShown()) return false;
-                           // Without a window manager the window under the pointer has the focus.
-                           wxUIActionSimulator().MouseMove(dialog()->ClientToScreen({3, 3}));
-                           return focused() != nullptr;
-                       }});
-    steps_.insert(steps_.begin() + 1, {"", nullptr, [] {}});
+    // The pointer is moved by a posted act: the simulator runs the event loop, where the screen may begin its work, and
+    // the robot's timer does not fire within its own event.
+    steps_.push_front({"the screen is active", [this] { return focused() != nullptr; }});
+    steps_.push_front({"the screen is shown", [this] { return dialog() && dialog()->IsShown(); },
+                       // Without a window manager the window under the pointer has the focus.
+                       [this] { wxUIActionSimulator().MouseMove(dialog()->ClientToScreen({3, 3})); }});
     since_ = Clock::now();
     Start(tick);
     screen_.showModal();
