@@ -40,9 +40,10 @@ class ForeignWindows {
     static wxRect foremostRect();
 
   private:
-    void* foremost_ = nullptr;
+    // Only Windows uses these.
+    [[maybe_unused]] void* foremost_ = nullptr;
     std::vector<void*> disabled_;
-    void* owned_ = nullptr;  // the window given to own(); null without one
+    [[maybe_unused]] void* owned_ = nullptr;  // the window given to own(); null without one
     std::function<void()> onLost_;
 };
 

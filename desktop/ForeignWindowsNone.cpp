@@ -1,6 +1,8 @@
 #ifndef _WIN32
 #include "desktop/ForeignWindows.h"
 
+#include <utility>
+
 namespace tsln::desktop {
 
 ForeignWindows::ForeignWindows() = default;
@@ -10,7 +12,9 @@ void ForeignWindows::disable() {}
 
 void ForeignWindows::enable() noexcept {}
 
-void ForeignWindows::own(wxTopLevelWindow&, std::function<void()>) {}
+void ForeignWindows::own(wxTopLevelWindow&, std::function<void()> onLost) {
+    onLost_ = std::move(onLost);  // there is no owner that the system could destroy: never called
+}
 
 void ForeignWindows::passQuitOn() noexcept {}
 

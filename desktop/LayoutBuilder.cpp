@@ -90,7 +90,8 @@ LayoutBuilder::Built LayoutBuilder::build(const Layout& layout) {
 LayoutBuilder::Part LayoutBuilder::make(const Layout& layout, wxWindow* parent) {
     switch (layout.kind) {
         case Layout::Kind::Item:
-            return layout.control ? makeControl(*layout.control, parent, lastLabel_) : Part();
+            // makeControl() clears the last label: it gets a copy.
+            return layout.control ? makeControl(*layout.control, parent, wxString(lastLabel_)) : Part();
         case Layout::Kind::Field:
             return makeField(layout, parent);
         case Layout::Kind::Row:
@@ -107,7 +108,7 @@ LayoutBuilder::Part LayoutBuilder::make(const Layout& layout, wxWindow* parent) 
     return {};
 }
 
-LayoutBuilder::Part LayoutBuilder::makeControl(Control& control, wxWindow* parent, wxString label) {
+LayoutBuilder::Part LayoutBuilder::makeControl(Control& control, wxWindow* parent, const wxString& label) {
     ControlView* view = dialog_.addView(makeView(dialog_, parent, control));
     if (!view) return {};
     if (auto* text = dynamic_cast<Label*>(&control)) {

@@ -41,7 +41,7 @@ class LayoutBuilder {
     };
     Part make(const Layout& layout, wxWindow* parent);
     Part makeParts(const Layout& layout, wxWindow* parent, int margin);
-    Part makeControl(Control& control, wxWindow* parent, wxString label);
+    Part makeControl(Control& control, wxWindow* parent, const wxString& label);
     Part makeBox(const Layout& layout, wxWindow* parent);
     Part makeForm(const Layout& layout, wxWindow* parent);
     Part makeField(const Layout& layout, wxWindow* parent);

@@ -118,7 +118,7 @@ void setBackground(wxDataViewRenderer& renderer, const wxColour& colour) {
     }
 }
 
-void onHeaderClick(wxDataViewCtrl& grid, std::function<void(unsigned column)> clicked) {
+void onHeaderClick(wxDataViewCtrl& grid, const std::function<void(unsigned column)>& clicked) {
     for (unsigned i = 0; i < grid.GetColumnCount(); ++i) {
         const unsigned column = grid.GetColumn(i)->GetModelColumn();
         gtk_tree_view_column_set_clickable(handleOf(*grid.GetColumn(i)), TRUE);
@@ -259,7 +259,7 @@ void CellEditor::openChoices() {
 
 void setBackground(wxDataViewRenderer&, const wxColour&) {}  // the data view draws it itself
 
-void onHeaderClick(wxDataViewCtrl& grid, std::function<void(unsigned column)> clicked) {
+void onHeaderClick(wxDataViewCtrl& grid, const std::function<void(unsigned column)>& clicked) {
     grid.Bind(wxEVT_DATAVIEW_COLUMN_HEADER_CLICK, [clicked = std::move(clicked)](wxDataViewEvent& event) {
         if (event.GetDataViewColumn()) clicked(event.GetDataViewColumn()->GetModelColumn());
     });

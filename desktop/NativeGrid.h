@@ -53,7 +53,7 @@ class Striped : public Renderer {
 
 /// Runs `clicked` with the model's column when the user has clicked a header, not dragged it. Called once,
 /// after all columns were added.
-void onHeaderClick(wxDataViewCtrl& grid, std::function<void(unsigned column)> clicked);
+void onHeaderClick(wxDataViewCtrl& grid, const std::function<void(unsigned column)>& clicked);
 /// Draws the arrow of the sort order; a null column draws none.
 void showSortArrow(wxDataViewCtrl& grid, const wxDataViewColumn* column, bool ascending);
 /// Lets the next keys and clicks select several rows, or one. Where several can be selected, the toolkit walks

@@ -62,6 +62,19 @@ tsln_windows_test(com_server com/server
     USES tsln_com_edge tsln_window_driver tsln_workbench_host tsln_doubles tsln_interface)
 add_dependencies(test_com_server tslnmaint5 tsln5pkg.exe tessaline-agent tsln_interface_files)
 
+# A hostile host and a random user. A thread that ends within a call takes the front end of its program with it.
+file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/com/hostile/*.cpp)
+add_executable(test_com_hostile ${sources} com/server/Server.cpp com/server/main.cpp)
+target_link_libraries(test_com_hostile PRIVATE tsln_com_edge tsln_window_driver tsln_workbench_host tsln_doubles
+                      tsln_interface tsln_flags GTest::gmock)
+add_dependencies(test_com_hostile tslnmaint5 tsln_interface_files)
+add_test(NAME com_hostile COMMAND ${onWine} $<TARGET_FILE:test_com_hostile> --gtest_filter=-EndedThread.*)
+add_test(NAME com_ended_thread COMMAND ${onWine} $<TARGET_FILE:test_com_hostile> --gtest_filter=EndedThread.*)
+set_tests_properties(com_hostile com_ended_thread PROPERTIES RESOURCE_LOCK windows
+                     ENVIRONMENT TSLN_BUILD=${CMAKE_BINARY_DIR})
+set_tests_properties(com_hostile PROPERTIES TIMEOUT 7200)
+set_tests_properties(com_ended_thread PROPERTIES TIMEOUT 120)
+
 # The headers of the built programs show the platform's mitigations.
 add_test(NAME hardening COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/hardening.sh release $<TARGET_FILE:tslnmaint5>
     $<TARGET_FILE:tessaline-workbench> $<TARGET_FILE:tessaline-meter> $<TARGET_FILE:tessaline-agent>
