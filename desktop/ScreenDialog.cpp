@@ -1,7 +1,6 @@
 #include "desktop/ScreenDialog.h"
 
 #include <algorithm>
-#include <ranges>
 #include <utility>
 
 #include <wx/bookctrl.h>
@@ -371,10 +370,10 @@ void ScreenDialog::rememberPlacement() {
 /// focus. The search runs backwards, so that controls on the pages of a tab control come before the tab
 /// control.
 ControlView* ScreenDialog::viewWithKeyboard() const {
-    for (const ControlViewPtr& view : views_ | std::views::reverse) {
-        if (!view->holdsOthers() && hasKeyboard(view->window())) return view.get();
-    }
-    return nullptr;
+    const auto found = std::find_if(views_.rbegin(), views_.rend(), [](const ControlViewPtr& view) {
+        return !view->holdsOthers() && hasKeyboard(view->window());
+    });
+    return found == views_.rend() ? nullptr : found->get();
 }
 
 void ScreenDialog::setInitialFocus() {

@@ -42,7 +42,7 @@ constexpr long lineEndUnits = 1;
 /// with CR LF for a line end. The window may count UTF-16 units: two for a character outside the first plane.
 class Positions {
   public:
-    explicit Positions(wxString shown) : shown_(std::move(shown)) {}
+    explicit Positions(const wxString& shown) : shown_(shown) {}
 
     std::size_t characters(long units) const {
         return advance([&](long unit, std::size_t) { return unit < units; }).second;

@@ -226,7 +226,7 @@ bool CustomerEditor::save() {
     added_ = isNew();
     const bool saved = RecordDialog::save();
     // Also after a failed update: the addresses in the database may still lack a default.
-    if (ID >= 1) handle([this] { ensureDefaultAddress(); });
+    if (!isNew()) handle([this] { ensureDefaultAddress(); });
     return saved;
 }
 

@@ -13,6 +13,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using Box = ScriptedDesktop::Box;
 
+constexpr auto loadOfOne = "SELECT * FROM vwMaintenance_OptionDefaults WHERE ProductID = 1";
 constexpr auto loadOfThree = "SELECT * FROM vwMaintenance_OptionDefaults WHERE ProductID = 3";
 constexpr auto threeDefaults =
     "<Records><Record><ID>1</ID><OptionName>pattern</OptionName><OptionValue>Oak</OptionValue></Record>"
@@ -41,10 +42,11 @@ TEST(OptionDefaultsList, HoldsTheDefaultsOfOneProductOrOfEvery) {
         EXPECT_EQ(stage.desktop.boxes.size(), 1U) << "there is no product to compare with";
     });
     stage.library->ShowOptionDefaults(0);
+    stage.library->ShowOptionDefaults(1);
     EXPECT_THAT(stage.host->callsOf("Database.ExecuteRead"),
                 ElementsAre(loadOfThree, "SELECT * FROM OptionDefaults WHERE ID = 1",
                             "SELECT * FROM vwMaintenance_OptionDefaults WHERE ID = 1",
-                            "SELECT * FROM vwMaintenance_OptionDefaults WHERE ProductID IS NULL"));
+                            "SELECT * FROM vwMaintenance_OptionDefaults WHERE ProductID IS NULL", loadOfOne));
     EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"),
                 ElementsAre("DELETE FROM OptionDefaults WHERE ID = 1"));
     EXPECT_THAT(stage.host->callsOf("catalog5engine.Engine.Initialize"), IsEmpty());

@@ -95,6 +95,7 @@ TEST(DetailSettings, OnlyOKWritesWhatChangedOfBothTabs) {
         select(screen, {3});
         screen.cmdDelete.userPress();
         screen.cmdNew.userPress();
+        EXPECT_EQ(screen.focusedControl(), &items) << "the cell that is edited takes the keys";
         EXPECT_EQ(items.takeEditRequest(), (ReportControl::Cell{3, DetailList::Name}));
         items.userEdit(3, DetailList::Name, " pattern ");
         EXPECT_EQ(stage.desktop.boxes.back().text, "This option already exists.");

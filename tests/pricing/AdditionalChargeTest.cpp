@@ -273,6 +273,7 @@ TEST(AdditionalCharge, WhatIsMissingOrDoubtfulIsRefusedOrAsked) {
         {4, 1, "N", "0", "5", true, {}, "'0'"},
         {4, 1, "N", "-2", "-5", true, {}, "'-2'"},
         {4, 1, "N", "", "", true, {bothZero}, "'0'", "txtValue"},
+        {8, 1, "N", "0", "5%", true, {zeroCost, bothZero}, "'0'", "txtCost"},  // no percentage: not a number
         {8, 3, "N", "0", "Trim", false, {zeroCost}, "'0'", "txtCost"},
         {2, 3, "N", "1", "-12", false, {}, "'1'"},  // the name of a price line has no sign
     };

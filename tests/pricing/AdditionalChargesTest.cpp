@@ -9,6 +9,7 @@ namespace {
 
 using pricing::AdditionalChargesScreen;
 using testing::ElementsAre;
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using Box = ScriptedDesktop::Box;
@@ -62,9 +63,14 @@ TEST(AdditionalCharges, TheFlagCarriesTheChargeType) {
         stage.host->on("Security.CanDo", Variant(false));
         stage.desktop.user<AdditionalChargesScreen>(listName, [&](AdditionalChargesScreen& list) {
             EXPECT_EQ(list.caption(), c.caption);
+            list.cmdMore.userPress();
             list.cmdClose.userPress();
         });
+        stage.desktop.popupChoices = {28003};
+        stage.desktop.files = {"/out.xml"};
         stage.library->call("ShowAdditionalCharges", c.flag);
+        EXPECT_THAT(stage.host->callsOf("tslniee5.Engine.AddToExport"),
+                    ElementsAre(EndsWith("ChargeType = " + std::to_string(c.type))));
         EXPECT_THAT(stage.host->callsOf("CurrentCompanyConn.Execute"), ElementsAre(readAll(c.type)));
     }
     ChargesStage stage;

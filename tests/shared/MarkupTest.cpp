@@ -31,6 +31,7 @@ TEST(Markup, ReadsWhatItKnowsAndShowsTheRest) {
         {"<Bold>a<LineBreak/>b</Bold>", "[*a*][/][*b*]", "a\nb"},
         {"<TextBlock TextWrapping='Wrap'>one <Bold>two</Bold></TextBlock>", "[one ][*two*]", "one two"},
         {"a<TextBlock TextWrapping=\"Wrap\">b</TextBlock>c", "[a][/][b][/][c]", "a\nb\nc"},
+        {"<TextBlock Name='1 > 0'>a</TextBlock><TextBlock Name=\"it's >\">b</TextBlock>", "[a][/][b]", "a\nb"},
         {"<TextBlock>a</TextBlock><TextBlock>b</TextBlock>", "[a][/][b]", "a\nb"},
         // names are not escaped: what is no complete markup is text
         {"A < B & <x> &amp; 1 > 0", "[A < B & <x> &amp; 1 > 0]", "A < B & <x> &amp; 1 > 0"},

@@ -88,6 +88,7 @@ class Watchdog {
         for (; !done_; Sleep(100)) {
             if (GetTickCount64() - fed_ < longestRound) continue;
             report.print("No end");
+            Sleep(45000);  // HUNT
             TerminateProcess(GetCurrentProcess(), 3);
         }
     }
