@@ -8,6 +8,7 @@
 #include "maintenance/ListScreen.h"
 #include "pricing/BulkChange.h"
 #include "tests/workbench/host/HostStage.h"
+#include "workbench/company/CompanyFile.h"
 
 namespace tsln::workbench {
 namespace {
@@ -72,6 +73,13 @@ class Writer {
             return ui_.shown.back().text == "Bulk change has completed";
         });
     }
+    void migrate() {
+        if (old_.empty()) {
+            old_ = folder_.file("old.company");
+            makeCompany42(old_, acts::oldCustomers);
+        }
+        act("migrate", [&] { return !library_->Perform42Migration(old_, 2); });
+    }
 
   private:
     static void addCustomers(Company& company) {
@@ -105,6 +113,7 @@ class Writer {
 
     int number_;
     std::int32_t ID_ = 0;
+    std::string old_;  // a company of version 4.2
     TestFolder folder_;
     RecordingUi ui_;
     CompanySession session_;
@@ -132,6 +141,8 @@ void writeWithoutEnd(const std::string& path, int first, const std::string& kind
             writer->changeVendor();
         } else if (kinds[i] == 'i') {
             writer->import();
+        } else if (kinds[i] == 'm') {
+            writer->migrate();
         } else {
             writer->bulkChange();
         }

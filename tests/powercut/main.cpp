@@ -97,12 +97,12 @@ class Child {
 
 /// What writers said about their acts.
 struct Acts {
-    std::set<int> begun, done[4];
+    std::set<int> begun, done[5];
     std::vector<std::string> reasons;  ///< of the acts that were refused
     bool doneSinceRefusal = true;
     int lastBulk = 0;  ///< the last one that was begun
     int cutWithin = 0;
-    enum Kind { Vendor, Change, Import, Bulk };
+    enum Kind { Vendor, Change, Import, Bulk, Migrate };
 
     void read(const Child& child) {
         int open = 0;
@@ -121,7 +121,7 @@ struct Acts {
             }
             if (what != "done") continue;
             doneSinceRefusal = true;
-            constexpr std::string_view kinds[] = {"vendor", "change", "import", "bulk"};
+            constexpr std::string_view kinds[] = {"vendor", "change", "import", "bulk", "migrate"};
             done[std::ranges::find(kinds, kind) - std::begin(kinds)].insert(number);
         }
         cutWithin += open != 0;
@@ -141,7 +141,9 @@ class PowerCut {
             SQLite::Database(path_, SQLite::OPEN_READWRITE)
                 .exec("PRAGMA user_version = " + std::to_string(schema::version - 1));
         }
-        Child child({"writer", "--write", path_, std::to_string(acts_.next()), "vib"});
+        std::string kinds = "vibm";
+        std::ranges::rotate(kinds, kinds.begin() + static_cast<std::ptrdiff_t>(random_() % kinds.size()));
+        Child child({"writer", "--write", path_, std::to_string(acts_.next()), kinds});
         const bool fromStart = round % 8 == 5 || round % 8 == 2;
         if (!fromStart) expect(child.line() == "open", "the company cannot be opened again");
         std::this_thread::sleep_for(milliseconds(random_() % 400));
@@ -208,6 +210,7 @@ class PowerCut {
         checkVendors(company);
         checkImports(company);
         checkBulkChange(company);
+        checkMigrations(company);
         for (const auto& row :
              company.run("SELECT Terms, COUNT(*) FROM Terms GROUP BY Terms HAVING COUNT(*) > 1").rows)
             expect(false, "a row is there twice: " + row[0].toText());
@@ -252,10 +255,20 @@ class PowerCut {
         const auto& done = acts_.done[Acts::Bulk];
         if (done.empty()) return;
         if (acts_.lastBulk != *done.rbegin()) return;  // a later one was cut: there are customers of both
-        const auto groups =
-            counts(company, "SELECT SalesTaxGroupID, COUNT(*) FROM Customers WHERE ID >= " +
-                                std::to_string(acts::firstCustomer) + " GROUP BY SalesTaxGroupID");
+        const auto groups = counts(company, "SELECT SalesTaxGroupID, COUNT(*) FROM Customers WHERE ID >= " +
+                                                std::to_string(acts::firstCustomer) + " AND ID < " +
+                                                std::to_string(acts::firstCustomer + acts::customers) +
+                                                " GROUP BY SalesTaxGroupID");
         expect(groups.size() == 1, "a bulk change is there in part");
+    }
+
+    /// The customers of the old company have account numbers, the others have none. Those that are there already are
+    /// not migrated again.
+    void checkMigrations(Company& company) {
+        const int customers =
+            company.scalar("SELECT COUNT(*) FROM Customers WHERE AccountNumber LIKE 'A%'").toLong();
+        expect(customers == 0 || customers == acts::oldCustomers, "a migration is there in part");
+        expect(customers > 0 || acts_.done[Acts::Migrate].empty(), "a migration is lost");
     }
 
     std::mt19937 random_;
@@ -284,6 +297,9 @@ int main(int count, char** arguments) {
     PowerCut test(seed);
     for (int round = 0; round < times; ++round)
         test.cut(round);
+    for (std::size_t kind = 0; kind < std::size(test.acts().done); ++kind)
+        std::cout << test.acts().done[kind].size()
+                  << (kind == Acts::Migrate ? " acts of each kind done\n" : ", ");
     std::cout << "cut within an act: " << test.acts().cutWithin << " times" << std::endl;
     test.two();
     test.held();
