@@ -8,7 +8,7 @@
 #include <sstream>
 
 #include <SQLiteCpp/SQLiteCpp.h>
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include "doubles/TempFolder.h"
 #include "tests/sweep/Driver.h"
@@ -176,6 +176,7 @@ TEST_P(OperationSweep, LosesNothingWhicheverCallFails) {
     for (std::size_t i = 0; i < buttons.size(); ++i) {
         const std::string button = buttons[i];
         const auto clean = run(button);
+        EXPECT_THAT(clean->withoutPosition, testing::IsEmpty());
         if (i == 0) {
             EXPECT_FALSE(clean->shown.empty() && clean->told.empty()) << "neither a screen nor a message";
             buttons.insert(buttons.end(), clean->buttons.begin(), clean->buttons.end());
