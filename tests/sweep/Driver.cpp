@@ -161,6 +161,7 @@ void FillingDesktop::showModal(Screen& screen) {
     } const depth(depth_);
     screen.layout();
     screen.placement.left = screen.placement.left.value_or(1);  // as a front end notes it
+    positions.insert(windowPositionKey(screen));
     screen.activate();
     Filling filling;
     const auto onScreen = [&screen, this] { return screen.shown() && depth_ <= deepest; };
@@ -182,8 +183,6 @@ void FillingDesktop::showModal(Screen& screen) {
     if (screen.shown() && filling.cancelButton) filling.cancelButton->userPress();
     if (screen.shown()) screen.userClose();
     if (screen.shown()) screen.hide();  // it refused to close
-    if (!screen.loaded() && !readSetting(windowPositionKey(screen), "Left"))
-        withoutPosition.push_back(screen.name());
 }
 
 void FillingDesktop::press(Screen& screen, Button& button) {
@@ -241,7 +240,9 @@ std::unique_ptr<Outcome> perform(const GalleryStop& stop, const std::string& fil
     outcome->pressing = desktop.pressing;
     outcome->buttons = std::move(desktop.furtherButtons);
     outcome->shown = std::move(desktop.shown);
-    outcome->withoutPosition = std::move(desktop.withoutPosition);
+    for (const std::string& key : desktop.positions) {
+        if (!desktop.readSetting(key, "Left")) outcome->withoutPosition.push_back(key);
+    }
     outcome->told = std::move(ui.shown);
     for (const auto& box : desktop.boxes)
         outcome->told.push_back(box.text);

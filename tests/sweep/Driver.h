@@ -52,8 +52,8 @@ class FillingDesktop : public test::ScriptedDesktop {
 
     std::vector<std::string> lostInput;  ///< fields of screens that stayed open, whose input had changed
     std::pair<std::size_t, std::size_t>
-        pressing{};  ///< the calls, from and to, that the button of the first screen made
-    std::vector<std::string> withoutPosition;  ///< screens that closed without saving their position
+        pressing{};                   ///< the calls, from and to, that the button of the first screen made
+    std::set<std::string> positions;  ///< the keys under which the screens save their positions
     std::vector<std::string> furtherButtons;  ///< the first screen's buttons that are neither default nor Esc
 
   private:
@@ -87,9 +87,9 @@ struct Outcome {
     std::string raised;  ///< the error with which it ended; empty for none
     FaultyHost host;
     std::vector<std::string> lostInput;
-    std::vector<std::string> told;   ///< what the user was told
-    std::vector<std::string> shown;  ///< the screens that opened
-    std::vector<std::string> withoutPosition;
+    std::vector<std::string> told;             ///< what the user was told
+    std::vector<std::string> shown;            ///< the screens that opened
+    std::vector<std::string> withoutPosition;  ///< screens that closed without saving their position
     std::pair<std::size_t, std::size_t> pressing{};
     std::vector<std::string> buttons;
     bool screensLeft = false;  ///< a screen stayed in its slot
