@@ -399,22 +399,23 @@ TEST(EmployeeEditor, MailSettingsComeFromAProviderAndThePasswordIsProtectedByThe
 }
 
 TEST(EmployeeEditor, ATestMessageIsSentWithTheStoredSettingsOfTheUser) {
-    for (const std::int32_t user : {1, 7}) {
+    for (const auto& [user, edited] : {std::pair(1, 7), {7, 7}, {1, 1}}) {
         EmployeeStage stage;
+        stage.host->rows("SELECT * FROM Employees WHERE ID = 1", employee("Ann"));
         stage.host->on("Security.UserId", Variant(user));
         stage.desktop.user<EmailSettingsDialog>(frmEmailSettings, [](EmailSettingsDialog& dialog) {
             dialog.cmdTest.userPress();
             dialog.txtPort.userType("25");
             dialog.cmdTest.userPress();
         });
-        stage.edit(7, [](EmployeeEditor& editor) { editor.cmdEmailSettings.userPress(); });
-        EXPECT_THAT(
-            stage.host->callsOf("SendEmailMessageWithTemplateAndUI"),
-            user == 7
-                ? std::vector<
-                      std::string>{"3, 7, Test message, This message was sent to test the e-mail settings."}
-                : std::vector<std::string>{});
-        EXPECT_THAT(stage.desktop.boxes, SizeIs(user == 7 ? 1 : 0)) << "changed settings must be saved first";
+        stage.edit(edited, [](EmployeeEditor& editor) { editor.cmdEmailSettings.userPress(); });
+        std::vector<std::string> sent;
+        if (user == edited) {
+            sent = {"3, " + std::to_string(user) +
+                    ", Test message, This message was sent to test the e-mail settings."};
+        }
+        EXPECT_EQ(stage.host->callsOf("SendEmailMessageWithTemplateAndUI"), sent);
+        EXPECT_THAT(stage.desktop.boxes, SizeIs(sent.size())) << "changed settings must be saved first";
     }
 }
 

@@ -146,6 +146,18 @@ TEST(SalesTaxGroupCodes, TheTickedCodesReplaceTheGroupsCodes) {
     }
 }
 
+TEST(SalesTaxGroupCodes, CodesThatCannotBeReadAreNotReplaced) {
+    Stage stage;
+    fill(stage);
+    stage.host->rows("SELECT ID, Code, Rate, Vendor FROM SalesTaxCodes", "<Records><Record>");
+    stage.desktop.user<SalesTaxGroupCodes>("frmSalesTaxGroupCodes", [&](SalesTaxGroupCodes& screen) {
+        EXPECT_FALSE(screen.cmdOK.enabled());
+        screen.cmdCancel.userPress();
+    });
+    EXPECT_TRUE(stage.library->ShowSalesTaxGroupCodes(7));
+    EXPECT_TRUE(stage.told());
+}
+
 TEST(SalesTaxGroupCodes, AFailureIsReportedAndCanBeRepeated) {
     for (const int failing : {1, 3}) {
         Stage stage;
