@@ -88,7 +88,6 @@ class Watchdog {
         for (; !done_; Sleep(100)) {
             if (GetTickCount64() - fed_ < longestRound) continue;
             report.print("No end");
-            Sleep(45000);  // HUNT
             TerminateProcess(GetCurrentProcess(), 3);
         }
     }
