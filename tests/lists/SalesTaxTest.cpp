@@ -63,7 +63,8 @@ TEST(SalesTaxGroups, TheCodesAndTheCombinedRateOfTheSelectedGroupAreShown) {
         EXPECT_EQ(list.lblCombinedRate.caption(), "Combined rate: 0");
         stage.host->on("CurrentCompanyConn", Variant(ObjectPtr()));
         selectRows(list.rptItems, {0});
-        EXPECT_EQ(list.lblCombinedRate.caption(), "Combined rate:") << "without a connection no rate is shown";
+        EXPECT_EQ(list.lblCombinedRate.caption(), "Combined rate:")
+            << "without a connection no rate is shown";
         list.cmdDelete.userPress();
     });
     stage.library->ShowSalesTaxGroups();

@@ -188,6 +188,21 @@ TEST(SentMessages, NothingRemovesAMessage) {
     EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"), IsEmpty());
 }
 
+TEST(SentMessages, TheMenuOffersWhatTheSelectionAllowsInThreeGroups) {
+    MessagesStage stage;
+    stage.show([&](SentMessages& screen) {
+        screen.rptItems.clearSelection();
+        stage.run(screen, 0);
+    });
+    std::string menu;
+    for (const Command& command : stage.desktop.popups.back().commands)
+        menu +=
+            (command.beginsGroup ? "| " : "") + command.caption + (command.enabled ? "; " : " (disabled); ");
+    EXPECT_EQ(
+        menu,
+        "Save All Messages...; Save Current Message... (disabled); | Delete (disabled); Purge; | Refresh; ");
+}
+
 TEST(SentMessages, SurviveEveryFaultOfTheHost) {
     const TempFolder folder;
     sweepFaults(

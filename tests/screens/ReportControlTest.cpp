@@ -379,6 +379,17 @@ TEST(ReportRecords, ACellThatGrowsRepeatedlyKeepsTheOtherCellsAndTheMemorySize) 
     EXPECT_EQ(records.cell(1, 0), "last");
 }
 
+TEST_F(ReportControlTest, TheHostReadsItsRecordCountAndItsState) {
+    add(1, "Net 30");
+    const ObjectPtr handed = list.automation();
+    EXPECT_EQ(handed->get("recordcount").toLong(), 1);
+    handed->put("Enabled", false);
+    EXPECT_FALSE(handed->get("Enabled").toBoolean());
+    EXPECT_FALSE(list.enabled());
+    EXPECT_THROW(handed->put("RecordCount", 2), HostError);
+    EXPECT_THROW(handed->call("NoSuchMember"), HostError);
+}
+
 TEST(ControlAutomation, TheHostFillsAComboBoxAndAnObjectThatOutlivesItsScreenThrows) {
     test::QuietDesktop desktop;
     ObjectPtr handed;
