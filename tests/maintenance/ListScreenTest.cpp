@@ -309,6 +309,23 @@ TEST(ListScreen, AfterBusyWorkTheButtonsFollowTheCurrentRights) {
     EXPECT_EQ(stage.host->callsOf("ShowAndLogErrorMessage").size(), 1U);
 }
 
+TEST(ListScreen, ADeletionThatIsCutShortShowsTheRowsThatAreLeft) {
+    ChargesStage stage;
+    int deleted = 0;
+    stage.host->on("Database.ExecuteNonQuery", [&](Arguments) {
+        if (deleted++ > 0) throw HostError(code::fail, "Host", "down");
+        return Variant(true);
+    });
+    stage.run([&](ListScreen& list) {
+        const std::size_t before = list.rptItems.rowCount();
+        list.rptItems.userSelectAll();
+        list.cmdDelete.userPress();
+        EXPECT_EQ(list.rptItems.rowCount(), before - 1);
+        EXPECT_EQ(list.lblRecords.caption(), std::to_string(before - 1) + " items");
+    });
+    EXPECT_TRUE(stage.told());
+}
+
 TEST(ListScreen, TheDeleteKeyAsksAndTheButtonDoesNot) {
     ChargesStage stage;
     stage.run([&](ListScreen& list) {
