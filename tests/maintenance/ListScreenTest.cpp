@@ -317,10 +317,10 @@ TEST(ListScreen, ADeletionThatIsCutShortShowsTheRowsThatAreLeft) {
         return Variant(true);
     });
     stage.run([&](ListScreen& list) {
-        const std::size_t before = list.rptItems.rowCount();
+        const std::size_t before = list.rptItems.recordCount();
         list.rptItems.userSelectAll();
         list.cmdDelete.userPress();
-        EXPECT_EQ(list.rptItems.rowCount(), before - 1);
+        EXPECT_EQ(list.rptItems.recordCount(), before - 1);
         EXPECT_EQ(list.lblRecords.caption(), std::to_string(before - 1) + " items");
     });
     EXPECT_TRUE(stage.told());
