@@ -17,7 +17,7 @@ namespace {
 
 constexpr std::size_t latest = 60;
 constexpr std::size_t longest = 160;
-constexpr unsigned patience = 120;  // seconds for an act
+constexpr unsigned patience = 60;  // seconds for an act
 
 std::string title;
 std::array<std::string, latest> acts;
