@@ -42,7 +42,11 @@ long styleOf(MessageButtons buttons) {
 long styleOf(MessageIcon icon) {
     switch (icon) {
         case MessageIcon::None:
+#ifdef __WXGTK__
+            return 0;  // the generic dialog has a picture for every other style, and fails for this one
+#else
             return wxICON_NONE;
+#endif
         case MessageIcon::Information:
             return wxICON_INFORMATION;
         case MessageIcon::Question:

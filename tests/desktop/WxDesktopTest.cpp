@@ -123,8 +123,9 @@ TEST_F(BoxTest, KeysAndTheCloseBoxAnswerMessageBoxes) {
     };
     std::size_t next = 0;
     screen.onNew = [&] {
+        const auto icon = static_cast<MessageIcon>(next % 5);  // each in turn
         const auto& test = cases[next++];
-        EXPECT_EQ(desktop.messageBox(&screen, "Would you?", test.buttons, MessageIcon::Question), test.answer)
+        EXPECT_EQ(desktop.messageBox(&screen, "Would you?", test.buttons, icon), test.answer)
             << "case " << next;
     };
     for (const auto& test : cases) {
@@ -280,6 +281,7 @@ TEST_F(BoxTest, PrintPreviewIsModalAndNeedsNoPrinter) {
         user.then([] {}).key(WXK_ESCAPE);
         user.until("returned", [&] { return screen.count("returned") == next; });
         user.pointAt(screen.cmdNew).until("active again", [&] { return user.dialog()->IsActive(); });
+        user.then([&] { EXPECT_FALSE(user.leavesOthersUsable()); });
     }
     closeScreen();
 }

@@ -8,8 +8,9 @@
 #include <unistd.h>
 
 #ifdef __SANITIZE_ADDRESS__
-#include <sanitizer/allocator_interface.h>
-#include <sanitizer/common_interface_defs.h>
+// The sanitizer's functions; its headers are in a package of another compiler.
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
+extern "C" void __sanitizer_set_death_callback(void (*callback)());
 #endif
 
 namespace tsln::soak {

@@ -73,7 +73,6 @@ constexpr Key dialogKeys[] = {
     {GDK_KEY_Page_Up, GDK_CONTROL_MASK, "Ctrl+PgUp"},
     {GDK_KEY_F1, none, "F1"},
     {GDK_KEY_Return, none, "Enter"},
-    {GDK_KEY_Escape, none, "Esc"},
 };
 
 GtkWindow* handleOf(const ScreenDialog& dialog) {
@@ -228,7 +227,7 @@ WindowAct someAct(Random& random, ScreenDialog& dialog, Control& control) {
 }
 
 WindowAct someKey(Random& random, ScreenDialog& dialog) {
-    if (random.chance(40)) {
+    if (random.chance(20)) {
         const auto letter = static_cast<guint>(GDK_KEY_a + random.below(26));
         return {std::string("Alt+") + static_cast<char>(letter),
                 [&dialog, letter] { pressKey(handleOf(dialog), letter, GDK_MOD1_MASK); }};

@@ -36,11 +36,16 @@ wxTopLevelWindow* windowOf(GtkWindow* handle) {
     return nullptr;
 }
 
+/// The enabled buttons of a dialog. Of a print preview only those that turn pages: there is no printer to answer for, and
+/// the toolkit keeps the glyphs of each zoom.
 void collectButtons(wxWindow& window, std::vector<wxButton*>& buttons) {
     for (wxWindow* child : window.GetChildren()) {
         auto* button = dynamic_cast<wxButton*>(child);
-        // Nothing is printed: there is no printer to answer for.
-        if (button && button->IsEnabled() && button->GetId() != wxID_PREVIEW_PRINT) buttons.push_back(button);
+        constexpr int pages[] = {wxID_PREVIEW_FIRST, wxID_PREVIEW_LAST, wxID_PREVIEW_NEXT,
+                                 wxID_PREVIEW_PREVIOUS};
+        const bool wanted = !dynamic_cast<wxPreviewFrame*>(wxGetTopLevelParent(&window)) ||
+                            (button && std::ranges::count(pages, button->GetId()) > 0);
+        if (button && button->IsEnabled() && wanted) buttons.push_back(button);
         collectButtons(*child, buttons);
     }
 }
@@ -144,14 +149,14 @@ WindowUser::Visit& WindowUser::visitOf(const wxWindow& window, int patience) {
 }
 
 void WindowUser::workScreen(ScreenDialog& dialog) {
-    Visit& visit = visitOf(dialog, visits_.size() > deepest ? 0 : user_.patience());
+    Visit& visit = visitOf(dialog, visits_.size() > deepest ? 0 : 2 * user_.patience());
     if (!gtk_window_is_active(GTK_WINDOW(dialog.GetHandle())) && Clock::now() - visit.since < timeToComeUp)
         return;
     if (--visit.left < 0) return leave(dialog, visit);
     const std::string name = dialog.screen().name();
     if (user_.random.chance(1)) return callOperation_();
     WindowAct act;
-    if (user_.random.chance(20)) {
+    if (user_.random.chance(10)) {
         act = someKey(user_.random, dialog);
     } else if (user_.random.chance(2)) {
         const wxSize size(user_.random.between(50, 1400), user_.random.between(50, 1000));
@@ -193,8 +198,10 @@ void WindowUser::workDialog(wxTopLevelWindow& window) {
         user_.note("'" + title + "': " + desktop::fromWx(button->GetLabelText()));
         gtk_button_clicked(GTK_BUTTON(button->GetHandle()));
     } else {
-        const guint key = user_.random.of(std::to_array<guint>(
-            {GDK_KEY_Escape, GDK_KEY_Return, GDK_KEY_Down, GDK_KEY_Left, GDK_KEY_Page_Down, GDK_KEY_Tab}));
+        constexpr guint keys[] = {GDK_KEY_Escape, GDK_KEY_Down,      GDK_KEY_Left,
+                                  GDK_KEY_Tab,    GDK_KEY_Page_Down, GDK_KEY_Return};
+        const bool preview = dynamic_cast<wxPreviewFrame*>(&window);
+        const guint key = preview ? GDK_KEY_Escape : user_.random.of(keys);
         user_.note("'" + title + "': " + gdk_keyval_name(key));
         pressKey(handle, key);
     }
