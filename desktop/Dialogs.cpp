@@ -172,8 +172,12 @@ std::optional<std::string> askFile(wxWindow* owner, FileDialogKind kind, const w
 int askPopup(wxWindow& window, const Command& popup, const wxPoint& position) {
     wxMenu menu;
     fillMenu(menu, popup);
-    const int chosen = window.GetPopupMenuSelectionFromUser(menu, window.ScreenToClient(position));
-    return chosen == wxID_NONE ? 0 : chosen;
+    // Not by GetPopupMenuSelectionFromUser: it connects the window for a while, and the toolkit fails when an event that
+    // meets the disconnected handler leads to another event of the window.
+    int chosen = 0;
+    menu.Bind(wxEVT_MENU, [&](wxCommandEvent& event) { chosen = event.GetId(); });
+    window.PopupMenu(&menu, window.ScreenToClient(position));
+    return chosen;
 }
 
 }  // namespace tsln::desktop

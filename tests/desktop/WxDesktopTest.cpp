@@ -236,6 +236,27 @@ TEST_F(BoxTest, APopupReturnsTheChosenCommandAndSkipsADisabledOne) {
     EXPECT_EQ(screen.count("command 28003"), 0u);
 }
 
+TEST_F(BoxTest, AfterAPopupTheWindowHandlesEventsWithinEvents) {
+    bool within = false;
+    screen.onNew = [&] {
+        user.dialog()->Bind(wxEVT_IDLE, [&](wxIdleEvent& event) {
+            event.Skip();
+            if (std::exchange(within, true)) return;
+            wxIdleEvent inner;
+            user.dialog()->ProcessWindowEvent(inner);
+        });
+        const Command popup{.id = 9, .caption = "Menu", .commands = {{.id = 7, .caption = "One"}}};
+        EXPECT_EQ(desktop.choosePopup(screen, popup, screen.cmdNew), 7);
+        within = false;
+        wxIdleEvent outer;
+        user.dialog()->ProcessWindowEvent(outer);
+        screen.note("chosen");
+    };
+    user.key('N', wxMOD_ALT).key(WXK_DOWN).key(WXK_RETURN);
+    user.until("chosen", [&] { return screen.count("chosen") == 1; });
+    closeScreen();
+}
+
 TEST_F(BoxTest, HelpOpensAboveTheScreenAndEscClosesOnlyTheHelp) {
     screen.onNew = [&] { desktop.showHelp(screen, "UI Reference.chm", 40); };
     user.key('N', wxMOD_ALT).until("help is open", [] {

@@ -16,7 +16,7 @@ extern "C" void __sanitizer_set_death_callback(void (*callback)());
 namespace tsln::soak {
 namespace {
 
-constexpr std::size_t latest = 60;
+constexpr std::size_t latest = 150;
 constexpr std::size_t longest = 160;
 constexpr unsigned patience = 60;  // seconds for an act
 

@@ -26,7 +26,7 @@ constexpr int triesToLeave = 60;
 constexpr unsigned whileBusy = 20;  // milliseconds between looks at a program that is busy
 constexpr auto timeToComeUp = std::chrono::milliseconds(80);  // for a window to get the keyboard
 
-constexpr auto longestWithoutInput = std::chrono::seconds(5);
+constexpr int mostTurnsWithoutInput = 250;
 
 /// The program's window for one of the toolkit; null when it is the toolkit's own.
 wxTopLevelWindow* windowOf(GtkWindow* handle) {
@@ -103,16 +103,18 @@ void WindowUser::turn() {
     auto* const dialog = dynamic_cast<ScreenDialog*>(front);
     const bool busy = desktop::WxDesktop::dropsInput() || (dialog && dialog->screen().job());
     // The next turn first: an act may open a window, and returns only when that is closed.
-    schedule(busy ? whileBusy : 0);
+    schedule(busy || !windowWithInput() ? whileBusy : 0);
     if (desktop::WxDesktop::dropsInput()) return;
-    if (windowWithInput()) inputSeen_ = Clock::now();
+    if (windowWithInput()) withoutInput_ = 0;
     if (GtkMenuShell* menu = openMenu()) return workMenu(*menu);
     if (dialog) return workScreen(*dialog);
     if (front) return workDialog(*front);
     GtkWindow* const own = windowWithInput();
-    if (!own && Clock::now() - inputSeen_ > longestWithoutInput)
-        diary::fail("a screen is open, but the windows below it can be used");
-    if (!own) return;
+    if (!own) {
+        if (++withoutInput_ > mostTurnsWithoutInput)
+            diary::fail("a screen is open, but the windows below it can be used");
+        return;
+    }
     user_.note("answers a dialog of the toolkit");
     if (GTK_IS_DIALOG(own)) {
         gtk_dialog_response(GTK_DIALOG(own), user_.random.chance(60) ? GTK_RESPONSE_OK : GTK_RESPONSE_CANCEL);

@@ -42,7 +42,7 @@ class WindowUser {
     RandomUser& user_;
     const std::function<void()> callOperation_;
     std::map<const wxWindow*, Visit> visits_;
-    Clock::time_point inputSeen_ = Clock::now();  ///< when a window took all input
+    int withoutInput_ = 0;  ///< turns since a window took all input
     guint source_ = 0;
 };
 
