@@ -22,7 +22,8 @@ namespace {
 using desktop::ScreenDialog;
 
 constexpr std::size_t deepest = 5;  // screens above each other; a further one is left at once
-constexpr int triesToLeave = 60;
+constexpr int triesAtOnce = 20;
+constexpr int triesToLeave = 1000;  // 20 seconds
 constexpr unsigned whileBusy = 20;  // milliseconds between looks at a program that is busy
 constexpr auto timeToComeUp = std::chrono::milliseconds(80);  // for a window to get the keyboard
 
@@ -96,6 +97,11 @@ void WindowUser::schedule(unsigned milliseconds) {
     };
     source_ = milliseconds == 0 ? g_idle_add_full(G_PRIORITY_LOW, onTime, this, nullptr)
                                 : g_timeout_add(milliseconds, onTime, this);
+}
+
+void WindowUser::slowDown() {
+    g_source_remove(source_);
+    schedule(whileBusy);
 }
 
 void WindowUser::turn() {
@@ -176,6 +182,7 @@ void WindowUser::workScreen(ScreenDialog& dialog) {
 
 void WindowUser::leave(ScreenDialog& dialog, Visit& visit) {
     if (visit.left < -triesToLeave) diary::fail(dialog.screen().name() + " does not close");
+    if (visit.left < -triesAtOnce) slowDown();  // an act may still be at work
     if (user_.random.chance(70)) {
         user_.note(dialog.screen().name() + ": Esc");
         pressKey(GTK_WINDOW(dialog.GetHandle()), GDK_KEY_Escape);
@@ -189,6 +196,7 @@ void WindowUser::workDialog(wxTopLevelWindow& window) {
     Visit& visit = visitOf(window, 10);
     const std::string title = desktop::fromWx(window.GetTitle());
     if (--visit.left < -triesToLeave) diary::fail("'" + title + "' does not close");
+    if (visit.left < -triesAtOnce) slowDown();
     std::vector<wxButton*> buttons;
     collectButtons(window, buttons);
     const auto handle = GTK_WINDOW(window.GetHandle());

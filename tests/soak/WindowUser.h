@@ -32,6 +32,7 @@ class WindowUser {
     };
 
     void schedule(unsigned milliseconds);
+    void slowDown();  ///< puts off the next turn
     void turn();
     void workMenu(GtkMenuShell& menu);
     void workScreen(desktop::ScreenDialog& dialog);
