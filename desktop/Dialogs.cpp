@@ -42,7 +42,11 @@ long styleOf(MessageButtons buttons) {
 long styleOf(MessageIcon icon) {
     switch (icon) {
         case MessageIcon::None:
+#ifdef __WXGTK__
+            return 0;  // the generic dialog has a picture for every other style, and fails for this one
+#else
             return wxICON_NONE;
+#endif
         case MessageIcon::Information:
             return wxICON_INFORMATION;
         case MessageIcon::Question:
@@ -168,8 +172,12 @@ std::optional<std::string> askFile(wxWindow* owner, FileDialogKind kind, const w
 int askPopup(wxWindow& window, const Command& popup, const wxPoint& position) {
     wxMenu menu;
     fillMenu(menu, popup);
-    const int chosen = window.GetPopupMenuSelectionFromUser(menu, window.ScreenToClient(position));
-    return chosen == wxID_NONE ? 0 : chosen;
+    // Not by GetPopupMenuSelectionFromUser: it connects the window for a while, and the toolkit fails when an event that
+    // meets the disconnected handler leads to another event of the window.
+    int chosen = 0;
+    menu.Bind(wxEVT_MENU, [&](wxCommandEvent& event) { chosen = event.GetId(); });
+    window.PopupMenu(&menu, window.ScreenToClient(position));
+    return chosen;
 }
 
 }  // namespace tsln::desktop

@@ -6,6 +6,7 @@
 #include <wx/combobox.h>
 #include <wx/dataobj.h>
 #include <wx/dataview.h>
+#include <wx/dialog.h>
 #include <wx/settings.h>
 #include <wx/textctrl.h>
 #include <wx/toplevel.h>
@@ -106,6 +107,11 @@ void setTextMargin(wxTextCtrl& text, int pixels) {
     gtk_text_view_set_top_margin(GTK_TEXT_VIEW(view), pixels / 2);
 }
 
+void takeAllInput(wxDialog& dialog) {
+    GtkWidget* const window = dialog.GetHandle();
+    if (dialog.IsModal() && !gtk_widget_has_grab(window)) gtk_grab_add(window);
+}
+
 #else
 
 #if wxUSE_ACCESSIBILITY
@@ -152,6 +158,8 @@ int boxHeight(const wxTextCtrl& box) {
 void setTextMargin(wxTextCtrl& text, int pixels) {
     text.SetMargins(pixels);
 }
+
+void takeAllInput(wxDialog&) {}  // the windows below stay disabled
 
 #endif
 

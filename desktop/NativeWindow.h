@@ -4,6 +4,7 @@
 #include <wx/string.h>
 
 class wxComboBox;
+class wxDialog;
 class wxTextCtrl;
 class wxTextEntry;
 class wxWindow;
@@ -35,5 +36,9 @@ void setTextMargin(wxTextCtrl& text, int pixels);
 
 /// A red for failures that is readable on the theme's background of texts and lists.
 wxColour failureColour();
+
+/// Lets a modal dialog take all input again after it was disabled. GTK lets a window that is disabled lose it, and then
+/// the windows below can be used.
+void takeAllInput(wxDialog& dialog);
 
 }  // namespace tsln::desktop

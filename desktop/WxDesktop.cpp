@@ -21,6 +21,7 @@
 #include "desktop/Dialogs.h"
 #include "desktop/ForeignWindows.h"
 #include "desktop/HelpWindow.h"
+#include "desktop/NativeWindow.h"
 #include "desktop/Process.h"
 #include "desktop/ReportPrinter.h"
 #include "desktop/ScreenDialog.h"
@@ -192,6 +193,8 @@ std::unique_ptr<RunningTimer> WxDesktop::startTimer(std::function<void()> callba
 // Processes ---------------------------------------------------------------------------------------
 
 void WxDesktop::restoreFocus() {
+    for (ScreenDialog* dialog : dialogs_)
+        takeAllInput(*dialog);
     if (!dialogs_.empty()) dialogs_.back()->restoreFocus();
 }
 

@@ -61,7 +61,7 @@ class WxDesktop : public Desktop {
     /// The parent for a dialog: the owner's window, else the foremost screen, else the program's main window.
     wxWindow* windowFor(const Screen* owner) const;
     ScreenDialog* dialogOf(const Screen* screen) const;
-    /// Moves the keyboard focus back to the foremost screen. Windows lose the focus when they are disabled.
+    /// Gives input and keyboard focus back to the screens. Windows lose them when they are disabled.
     void restoreFocus();
     /// Redraws what running handlers have changed so far, before the user sees a dialog or a wait begins.
     void drawChanges();

@@ -96,7 +96,7 @@ TEST(Process, ScreensRunTimersButTakeNoInputWhileAProcessRuns) {
     EXPECT_LT(processorSeconds, 0.5) << "the wait is a busy loop";
 }
 
-TEST(Process, AListRegainsTheFocusAfterAMessageBoxAndAProcess) {
+TEST(Process, AListRegainsFocusAndAllInputAfterAMessageBoxAndAProcess) {
     WxDesktop desktop(nullptr, "");
     SampleList screen(desktop, 10);
     screen.onNew = [&] {
@@ -111,6 +111,7 @@ TEST(Process, AListRegainsTheFocusAfterAMessageBoxAndAProcess) {
     user.then([] {}).key(WXK_RETURN);
     user.until("ended", [&] { return screen.count("ended") == 1; });
     user.until("focus is back", [&] { return user.focused() == &screen.rptItems; });
+    user.then([&] { EXPECT_FALSE(user.leavesOthersUsable()); });
     user.key(WXK_HOME).until("a row is selected", [&] { return screen.rptItems.selectedRows().size() == 1; });
     user.key(WXK_ESCAPE).show();
 }

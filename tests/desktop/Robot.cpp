@@ -6,6 +6,10 @@
 #include <wx/uiaction.h>
 #include <wx/utils.h>
 
+#ifdef __WXGTK__
+#include <gtk/gtk.h>
+#endif
+
 #include "desktop/NativeWindow.h"
 #include "screens/Controls.h"
 #include "screens/Splitter.h"
@@ -143,6 +147,14 @@ ScreenDialog* Robot::dialogOf(const Screen& screen) {
         if (dialog && &dialog->screen() == &screen) return dialog;
     }
     return nullptr;
+}
+
+bool Robot::leavesOthersUsable() const {
+#ifdef __WXGTK__
+    return gtk_grab_get_current() != dialog()->GetHandle();
+#else
+    return dialog()->GetParent() && dialog()->GetParent()->IsEnabled();
+#endif
 }
 
 wxWindow* Robot::windowOf(const Control& control) const {

@@ -53,6 +53,8 @@ class Robot : private wxTimer {
         return nullptr;
     }
     ScreenDialog* dialog() const { return dialogOf(screen_); }
+    /// Whether the windows below the screen can be used while it is open.
+    bool leavesOthersUsable() const;
     static ScreenDialog* dialogOf(const Screen& screen);
     wxWindow* windowOf(const Control& control) const;
     /// The control that has the keyboard focus, or null.

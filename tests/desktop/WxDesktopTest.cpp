@@ -123,8 +123,9 @@ TEST_F(BoxTest, KeysAndTheCloseBoxAnswerMessageBoxes) {
     };
     std::size_t next = 0;
     screen.onNew = [&] {
+        const auto icon = static_cast<MessageIcon>(next % 5);  // each in turn
         const auto& test = cases[next++];
-        EXPECT_EQ(desktop.messageBox(&screen, "Would you?", test.buttons, MessageIcon::Question), test.answer)
+        EXPECT_EQ(desktop.messageBox(&screen, "Would you?", test.buttons, icon), test.answer)
             << "case " << next;
     };
     for (const auto& test : cases) {
@@ -235,6 +236,27 @@ TEST_F(BoxTest, APopupReturnsTheChosenCommandAndSkipsADisabledOne) {
     EXPECT_EQ(screen.count("command 28003"), 0u);
 }
 
+TEST_F(BoxTest, AfterAPopupTheWindowHandlesEventsWithinEvents) {
+    bool within = false;
+    screen.onNew = [&] {
+        user.dialog()->Bind(wxEVT_IDLE, [&](wxIdleEvent& event) {
+            event.Skip();
+            if (std::exchange(within, true)) return;
+            wxIdleEvent inner;
+            user.dialog()->ProcessWindowEvent(inner);
+        });
+        const Command popup{.id = 9, .caption = "Menu", .commands = {{.id = 7, .caption = "One"}}};
+        EXPECT_EQ(desktop.choosePopup(screen, popup, screen.cmdNew), 7);
+        within = false;
+        wxIdleEvent outer;
+        user.dialog()->ProcessWindowEvent(outer);
+        screen.note("chosen");
+    };
+    user.key('N', wxMOD_ALT).key(WXK_DOWN).key(WXK_RETURN);
+    user.until("chosen", [&] { return screen.count("chosen") == 1; });
+    closeScreen();
+}
+
 TEST_F(BoxTest, HelpOpensAboveTheScreenAndEscClosesOnlyTheHelp) {
     screen.onNew = [&] { desktop.showHelp(screen, "UI Reference.chm", 40); };
     user.key('N', wxMOD_ALT).until("help is open", [] {
@@ -280,6 +302,7 @@ TEST_F(BoxTest, PrintPreviewIsModalAndNeedsNoPrinter) {
         user.then([] {}).key(WXK_ESCAPE);
         user.until("returned", [&] { return screen.count("returned") == next; });
         user.pointAt(screen.cmdNew).until("active again", [&] { return user.dialog()->IsActive(); });
+        user.then([&] { EXPECT_FALSE(user.leavesOthersUsable()); });
     }
     closeScreen();
 }

@@ -1,16 +1,13 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <map>
 #include <random>
-#include <sstream>
 
-#include <SQLiteCpp/SQLiteCpp.h>
 #include <gmock/gmock.h>
 
 #include "doubles/TempFolder.h"
+#include "tests/sweep/CompanyFiles.h"
 #include "tests/sweep/Driver.h"
 #include "workbench/company/CompanyFile.h"
 
@@ -39,34 +36,6 @@ const Choice& choice() {
     return made;
 }
 
-std::string contentOf(const std::string& path) {
-    std::string content(std::filesystem::file_size(path), '\0');
-    std::ifstream(path, std::ios::binary).read(content.data(), static_cast<std::streamsize>(content.size()));
-    return content;
-}
-
-void write(const std::string& path, const std::string& content) {
-    std::ofstream(path, std::ios::binary) << content;
-}
-
-/// The folder of a run's files: in memory where the system has such a folder, because every save waits for the disk.
-std::filesystem::path fastFolder() {
-    const std::filesystem::path memory = "/dev/shm";
-    return std::filesystem::is_directory(memory) ? memory : std::filesystem::temp_directory_path();
-}
-
-/// What is wrong with a company file; empty for nothing.
-std::string faultsOf(const std::string& path) {
-    std::string faults;
-    SQLite::Database database(path, SQLite::OPEN_READONLY);
-    for (const char* check : {"PRAGMA integrity_check", "PRAGMA foreign_key_check"}) {
-        SQLite::Statement rows(database, check);
-        while (rows.executeStep())
-            if (rows.getColumn(0).getString() != "ok") faults += rows.getColumn(0).getString() + "; ";
-    }
-    return faults;
-}
-
 /// The stops of the gallery that need no keys: every operation that opens a screen.
 std::vector<GalleryStop> sweptStops() {
     std::vector<GalleryStop> stops = galleryStops();
@@ -83,18 +52,8 @@ bool isExpected(const std::string& lost) {
 class OperationSweep : public testing::TestWithParam<GalleryStop> {
   protected:
     OperationSweep() : stop_(GetParam()) {
-        static const std::string demonstration = [] {
-            const test::TempFolder folder("tessaline sweep ", fastFolder());
-            { Company company(folder.file("test.company")); }
-            return contentOf(folder.file("test.company"));
-        }();
-        write(file_, demonstration);
-        if (!stop_.prepare.empty()) {
-            Company company(file_);
-            std::istringstream statements{std::string(stop_.prepare)};
-            for (std::string statement; std::getline(statements, statement, ';');)
-                company.execute(statement);
-        }
+        write(file_, demonstrationFile());
+        prepare(file_, stop_.prepare);
         const auto old = std::ranges::find(stop_.arguments, oldCompanyArgument);
         if (old != stop_.arguments.end()) {
             *old = folder_.file("old.company");
