@@ -200,9 +200,12 @@ TEST(DetailSettings, FilterAndCommandsWorkTogether) {
         screen.cmdNew.userPress();
         EXPECT_EQ(column(screen, DetailList::Name), "Mount|") << "a new row is never hidden";
         EXPECT_EQ(screen.txtFilter.text(), "");
+        command(stage, screen, "Show only with Prefix");
+        EXPECT_EQ(column(screen, DetailList::Name), "Mount");
         screen.TabControl1.userSelect(0);
         screen.cmdOK.userPress();
         EXPECT_EQ(stage.desktop.boxes.back().text, "You must enter an option name.");
+        EXPECT_EQ(column(screen, DetailList::Name), "Mount|") << "the row without a name is shown";
         EXPECT_EQ(screen.TabControl1.selected(), 1);
         for (const char* number : {"1.5", "-1", "10000", "soon", ""}) {
             screen.current().rptItems.userEdit(0, DetailList::Sequence, number);

@@ -419,6 +419,18 @@ TEST(ControlAutomation, TheHostFillsAComboBoxAndAnObjectThatOutlivesItsScreenThr
         EXPECT_THROW(handed->call("NoSuchMember"), HostError);
         handed->put("ListIndex", 55);
         EXPECT_EQ(screen.combo.chosen(), std::nullopt);
+        handed->put("List", 1, "Cash");
+        EXPECT_EQ(handed->get("List", 1).toText(), "Cash");
+        screen.combo.editable = true;
+        screen.combo.userType("typed");
+        EXPECT_EQ(screen.combo.text(), "typed");
+        screen.combo.editable = false;
+        screen.combo.userType("more");
+        EXPECT_EQ(screen.combo.text(), "typed");
+        screen.combo.editable = true;
+        screen.combo.setEnabled(false);
+        screen.combo.userType("more");
+        EXPECT_EQ(screen.combo.text(), "typed");
         handed->call("Clear");
         EXPECT_EQ(screen.combo.entries().size(), 0U);
     }
