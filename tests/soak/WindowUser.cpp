@@ -149,11 +149,10 @@ void WindowUser::workMenu(GtkMenuShell& menu) {
     gtk_menu_shell_activate_item(&menu, item, TRUE);
 }
 
-WindowUser::Visit& WindowUser::visitOf(const wxWindow& window, int patience) {
-    std::erase_if(visits_, [](const auto& visit) {
-        return !wxTopLevelWindows.Find(const_cast<wxWindow*>(visit.first));
-    });
-    return visits_.try_emplace(&window, Visit{patience}).first->second;
+WindowUser::Visit& WindowUser::visitOf(wxWindow& window, int patience) {
+    // A new window often lies where one was destroyed: the pointer alone does not tell them apart.
+    std::erase_if(visits_, [](const auto& visit) { return !visit.second.window; });
+    return visits_.try_emplace(&window, Visit{patience, &window}).first->second;
 }
 
 void WindowUser::workScreen(ScreenDialog& dialog) {

@@ -5,6 +5,7 @@
 #include <map>
 #include <string>
 
+#include <wx/weakref.h>
 #include <wx/window.h>
 
 #include "desktop/ScreenDialog.h"
@@ -27,7 +28,8 @@ class WindowUser {
     using Clock = std::chrono::steady_clock;
     /// What he intends in a window.
     struct Visit {
-        int left;  ///< acts before he leaves; negative: he tries to leave
+        int left;                      ///< acts before he leaves; negative: he tries to leave
+        wxWeakRef<wxWindow> window{};  ///< null once it is destroyed
         Clock::time_point since = Clock::now();
     };
 
@@ -38,7 +40,7 @@ class WindowUser {
     void workScreen(desktop::ScreenDialog& dialog);
     void leave(desktop::ScreenDialog& dialog, Visit& visit);
     void workDialog(wxTopLevelWindow& window);
-    Visit& visitOf(const wxWindow& window, int patience);
+    Visit& visitOf(wxWindow& window, int patience);
 
     RandomUser& user_;
     const std::function<void()> callOperation_;

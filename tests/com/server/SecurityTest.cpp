@@ -49,7 +49,8 @@ TEST_F(SecurityTest, ACopiedRoleTakesAwayARightFromTheEmployeeWhoGetsIt) {
         const User user([&](WindowDriver& at) {
             at.selectFirstRow(list);
             at.click(list, "Cop&y");
-            for (;;) {  // until the copy is the selected role
+            for (int tries = 0;; ++tries) {  // until the copy is the selected role
+                if (tries == 20) throw DriverError("The copy of the first role is not selected");
                 at.press(list, "&Edit...");
                 while (at.read(editor, 0).empty())
                     Sleep(20);
