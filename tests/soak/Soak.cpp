@@ -13,7 +13,6 @@ namespace tsln::soak {
 namespace {
 
 constexpr int operationsOfSession = 20;
-constexpr std::size_t actsToWarmUp = 1000;
 constexpr std::size_t actsBetweenReports = 5'000;
 constexpr long mostGrowth = 1024 * 1024;  // bytes
 constexpr int deepestCall = 3;            // operations called while another one shows a screen
@@ -61,7 +60,7 @@ Soak::Soak(RandomUser& user, const std::string& folder, MakeDesktop makeDesktop)
     oldCompany_ = workbench::contentOf(oldFile_);
 }
 
-void Soak::run(std::size_t acts) {
+void Soak::run(std::size_t acts, std::size_t actsToWarmUp) {
     using Clock = std::chrono::steady_clock;
     const auto begin = Clock::now();
     std::size_t atFirst = 0, toReport = actsBetweenReports;

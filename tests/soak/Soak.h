@@ -22,8 +22,9 @@ class Soak {
     /// `makeDesktop` makes the desktop of a session, on which the user acts.
     Soak(RandomUser& user, const std::string& folder, MakeDesktop makeDesktop);
 
-    /// Goes on until the user has done so many acts. Prints what it did.
-    void run(std::size_t acts);
+    /// Goes on until the user has done so many acts. Prints what it did. The memory in use must not grow after the first
+    /// `actsToWarmUp`.
+    void run(std::size_t acts, std::size_t actsToWarmUp);
     /// Calls some operation, also while a screen is shown.
     void callOperation();
 
