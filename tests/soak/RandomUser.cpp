@@ -23,7 +23,7 @@ bool usable(const Control& control) {
 /// Does to a control what its window would report.
 class Acting : public ControlVisitor {
   public:
-    explicit Acting(Random& random) : random_(random) {}
+    explicit Acting(test::Random& random) : random_(random) {}
 
     std::string did;  ///< what is going to be done; empty for nothing
     std::function<void()> act;
@@ -177,7 +177,7 @@ class Acting : public ControlVisitor {
              [&report, cell, text] { report.userEdit(cell->row, cell->column, text); });
     }
 
-    Random& random_;
+    test::Random& random_;
 };
 
 }  // namespace

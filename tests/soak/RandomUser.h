@@ -4,8 +4,8 @@
 #include <memory>
 #include <vector>
 
+#include "doubles/Random.h"
 #include "screens/Screen.h"
-#include "tests/soak/Random.h"
 #include "workbench/host/HostUi.h"
 
 namespace tsln::soak {
@@ -15,7 +15,7 @@ class RandomUser {
   public:
     explicit RandomUser(unsigned seed) : random(seed) {}
 
-    Random random;
+    test::Random random;
     /// How many acts were done.
     std::size_t acts = 0;
     /// Writes an act into the diary and counts it.

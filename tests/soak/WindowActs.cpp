@@ -82,7 +82,7 @@ GtkWindow* handleOf(const ScreenDialog& dialog) {
 /// Chooses what the user does to the window of each kind of control.
 class Choosing : public ControlVisitor {
   public:
-    Choosing(Random& random, ScreenDialog& dialog, ControlView& view)
+    Choosing(test::Random& random, ScreenDialog& dialog, ControlView& view)
         : random_(random), dialog_(dialog), view_(view) {}
 
     WindowAct chosen;
@@ -206,14 +206,14 @@ class Choosing : public ControlVisitor {
              });
     }
 
-    Random& random_;
+    test::Random& random_;
     ScreenDialog& dialog_;
     ControlView& view_;
 };
 
 }  // namespace
 
-WindowAct someAct(Random& random, ScreenDialog& dialog, Control& control) {
+WindowAct someAct(test::Random& random, ScreenDialog& dialog, Control& control) {
     ControlView* const view = dialog.viewOf(control);
     if (!view || !dialog.takesInput(control) || !view->window().IsEnabled() ||
         !view->window().IsShownOnScreen())
@@ -226,7 +226,7 @@ WindowAct someAct(Random& random, ScreenDialog& dialog, Control& control) {
     return {choosing->chosen.what, [choosing, act] { act(); }};
 }
 
-WindowAct someKey(Random& random, ScreenDialog& dialog) {
+WindowAct someKey(test::Random& random, ScreenDialog& dialog) {
     if (random.chance(20)) {
         const auto letter = static_cast<guint>(GDK_KEY_a + random.below(26));
         return {std::string("Alt+") + static_cast<char>(letter),

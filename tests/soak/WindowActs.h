@@ -15,8 +15,8 @@ struct WindowAct {
 };
 
 /// Some act on the window of a control: a click, a key, a text.
-WindowAct someAct(Random& random, desktop::ScreenDialog& dialog, Control& control);
+WindowAct someAct(test::Random& random, desktop::ScreenDialog& dialog, Control& control);
 /// A key that the dialog may get whatever control has the keyboard.
-WindowAct someKey(Random& random, desktop::ScreenDialog& dialog);
+WindowAct someKey(test::Random& random, desktop::ScreenDialog& dialog);
 
 }  // namespace tsln::soak

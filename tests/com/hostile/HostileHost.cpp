@@ -113,7 +113,7 @@ class HostileObject : public com::ComObject<IDispatch> {
 
     HRESULT misbehave(const std::string& text, DISPID id, REFIID iid, LCID locale, WORD flags,
                       DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* told, UINT* wrong) {
-        Chance& chance = hostility_.chance;
+        Random& chance = hostility_.chance;
         RandomVariant random(chance, [this] { return makeHostile(target_, hostility_); });
         const auto goOn = [&](const char* what) {
             hostility_.note(text + ": " + what);

@@ -6,13 +6,13 @@
 #include <string>
 
 #include "com/edge/ComObject.h"
-#include "tests/com/hostile/Chance.h"
+#include "doubles/Random.h"
 
 namespace tsln::test {
 
 /// How the host of one round behaves, and what its objects have in common.
 struct Hostility {
-    Chance chance{0};
+    Random chance{0};
     std::size_t oneCallIn = 0;             ///< one call in so many goes wrong; 0: none
     int objects = 0;                       ///< objects of the host that exist
     int depth = 0;                         ///< calls of the host that are not over yet

@@ -126,7 +126,7 @@ class Stage {
 
     /// Calls an operation. A fitting call has arguments of the declared types and of rows that may exist.
     void call(bool fitting) {
-        Chance& chance = hostility_.chance;
+        Random& chance = hostility_.chance;
         const OperationInfo& row = operations[1 + chance.below(operations.size() - 1)];
         if (row.operation == Operation::Initialize || row.operation == Operation::PreTerminate) return;
         const ComPtr<ILibrary> called = library_;
@@ -230,9 +230,9 @@ TEST_F(HostileHost, NothingThatAHostDoesCrashesTheModuleOrLeavesAWindow) {
     const std::uint64_t rounds = setting("TSLN_ROUNDS", 200);
     int succeeded = 0, refused = 0, acts = 0;
     for (std::uint64_t company = 0; company * roundsPerCompany < rounds; ++company) {
-        Hostility hostility{.chance = Chance(seed + company)};
-        Chance userChance(seed + company);
-        RandomUser user(userChance);
+        Hostility hostility{.chance = Random(static_cast<unsigned>(seed + company))};
+        Random userRandom(static_cast<unsigned>(seed + company));
+        RandomUser user(userRandom);
         report.hostility = &hostility;
         report.user = &user;
         const TempFolder folder;
@@ -243,7 +243,7 @@ TEST_F(HostileHost, NothingThatAHostDoesCrashesTheModuleOrLeavesAWindow) {
                 report.round = company * roundsPerCompany + static_cast<std::uint64_t>(i);
                 watchdog.feed();
                 hostility.oneCallIn = hostility.chance.of<std::size_t>({0, 5, 20, 60});
-                user.allow(static_cast<int>(userChance.below(8)));
+                user.allow(static_cast<int>(userRandom.below(8)));
                 stage.begin();
                 stage.call(hostility.chance.oneIn(2));
                 takeQuit();
@@ -290,9 +290,9 @@ std::size_t heapInUse() {
 
 TEST_F(HostileHost, AHostThatWorksAndARandomUserLeaveTheMemoryAsItWas) {
     const int acts = static_cast<int>(setting("TSLN_ACTS", 300));
-    Hostility hostility{.chance = Chance(seed)};
-    Chance userChance(seed);
-    RandomUser user(userChance);
+    Hostility hostility{.chance = Random(static_cast<unsigned>(seed))};
+    Random userRandom(static_cast<unsigned>(seed));
+    RandomUser user(userRandom);
     report.hostility = &hostility;
     report.user = &user;
     const TempFolder folder;

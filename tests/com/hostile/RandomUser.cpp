@@ -37,7 +37,7 @@ std::vector<HWND> windowsOfThread() {
 
 RandomUser* RandomUser::current_ = nullptr;
 
-RandomUser::RandomUser(Chance& chance) : chance_(chance), timer_(SetTimer(nullptr, 0, between, onTimer)) {
+RandomUser::RandomUser(Random& chance) : chance_(chance), timer_(SetTimer(nullptr, 0, between, onTimer)) {
     current_ = this;
 }
 

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "com/edge/Platform.h"
-#include "tests/com/hostile/Chance.h"
+#include "doubles/Random.h"
 
 namespace tsln::test {
 
@@ -14,7 +14,7 @@ namespace tsln::test {
 class RandomUser {
   public:
     /// `chance` outlives the user. One user exists at a time.
-    explicit RandomUser(Chance& chance);
+    explicit RandomUser(Random& chance);
     ~RandomUser();
     RandomUser(const RandomUser&) = delete;
     RandomUser& operator=(const RandomUser&) = delete;
@@ -32,7 +32,7 @@ class RandomUser {
     void work(HWND part, const std::wstring& kind);
 
     static RandomUser* current_;
-    Chance& chance_;
+    Random& chance_;
     UINT_PTR timer_;
     int left_ = 0;
     int done_ = 0;

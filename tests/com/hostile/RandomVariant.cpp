@@ -4,6 +4,8 @@
 #include <cmath>
 #include <limits>
 
+#include "com/edge/Wide.h"
+
 namespace tsln::test {
 namespace {
 
@@ -23,38 +25,25 @@ constexpr LONGLONG numbers[] = {0,     1,         2,          3,          -1,   
 }  // namespace
 
 BSTR RandomVariant::text() {
-    std::wstring text;
+    constexpr const char* records[] = {
+        "<Records><Record><ID>1</ID><Name>&lt;</Record>",
+        "<Records><Record><ID>zwei</ID><Terms>Net</Terms><Name>A</Name></Record></Records>"};
     switch (chance_.below(9)) {
         case 0:
             return nullptr;
         case 1:
-            break;
-        case 2:
             if (const BSTR huge = SysAllocStringLen(nullptr, hugeLength)) {
                 std::fill_n(huge, hugeLength, L'x');
                 return huge;
             }
-            break;
+            return nullptr;
+        case 2:
+            return SysAllocStringLen(brokenCharacters, static_cast<UINT>(std::size(brokenCharacters)));
         case 3:
-            text = std::to_wstring(numbers[chance_.below(std::size(numbers))]);
-            break;
-        case 4:
-            text = L"O'Brien \"&<b>|%1 {{0}}'; DROP TABLE Terms --";
-            break;
-        case 5:
-            text.assign(brokenCharacters, std::size(brokenCharacters));
-            break;
-        case 6:
-            text = L"<Records><Record><ID>1</ID><Name>&lt;</Record>";
-            break;
-        case 7:
-            text = L"<Records><Record><ID>zwei</ID><Terms>Net</Terms><Name>A</Name></Record></Records>";
-            break;
+            return SysAllocString(com::toWide(chance_.of(records)).c_str());
         default:
-            for (std::size_t length = chance_.below(40); length > 0; --length)
-                text += static_cast<wchar_t>(1 + chance_.below(chance_.oneIn(2) ? 0x7e : 0xffff));
+            return SysAllocString(com::toWide(chance_.text()).c_str());
     }
-    return SysAllocStringLen(text.data(), static_cast<UINT>(text.size()));
 }
 
 void RandomVariant::array(VARIANT& out, int depth) {

@@ -6,7 +6,7 @@
 
 #include "com/edge/ComObject.h"
 #include "com/edge/Conversion.h"
-#include "tests/com/hostile/Chance.h"
+#include "doubles/Random.h"
 
 namespace tsln::test {
 
@@ -16,7 +16,7 @@ namespace tsln::test {
 class RandomVariant {
   public:
     /// `object` gives an object for values that are one; it may return null.
-    RandomVariant(Chance& chance, std::function<com::ComPtr<IDispatch>()> object)
+    RandomVariant(Random& chance, std::function<com::ComPtr<IDispatch>()> object)
         : chance_(chance), object_(std::move(object)) {}
 
     /// A value that its owner clears with VariantClear(). `out` is not cleared before.
@@ -30,7 +30,7 @@ class RandomVariant {
     void array(VARIANT& out, int depth);
     VARIANT reference();
 
-    Chance& chance_;
+    Random& chance_;
     std::function<com::ComPtr<IDispatch>()> object_;
     std::deque<com::OwnedVariant> values_;
     std::deque<VARIANT> links_;

@@ -1,6 +1,6 @@
-#include "tests/soak/Random.h"
+#include "doubles/Random.h"
 
-namespace tsln::soak {
+namespace tsln::test {
 
 std::string Random::text() {
     static const char* const words[] = {
@@ -55,4 +55,4 @@ std::int32_t Random::number() {
     return chance(80) ? between(1, 12) : of(limits);
 }
 
-}  // namespace tsln::soak
+}  // namespace tsln::test
