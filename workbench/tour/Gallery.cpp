@@ -214,8 +214,10 @@ Script galleryRound(ObjectPtr library, Company& company, wxTopLevelWindow& workb
             if (stroke.kind == Keystroke::Kind::Picture) {
                 windows.take();
             } else if (windows.isFrontNew()) {
-                if (listHasKeyboard()) press(WXK_HOME);  // a list shows more with a row selected
-                co_await settled(call);
+                if (listHasKeyboard()) {  // a list shows more with a row selected
+                    press(WXK_HOME);
+                    co_await settled(call);
+                }
                 windows.takeFront();
             }
         }
