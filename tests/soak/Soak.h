@@ -22,9 +22,9 @@ class Soak {
     /// `makeDesktop` makes the desktop of a session, on which the user acts.
     Soak(RandomUser& user, const std::string& folder, MakeDesktop makeDesktop);
 
-    /// Goes on until the user has done so many acts. Prints what it did. The memory in use must not grow after the first
-    /// `actsToWarmUp`.
-    void run(std::size_t acts, std::size_t actsToWarmUp);
+    /// Goes on until the user has done so many acts. Prints what it did. After the first `actsToWarmUp`, the memory in
+    /// use must grow by less than `mostGrowth` bytes.
+    void run(std::size_t acts, std::size_t actsToWarmUp, std::size_t mostGrowth);
     /// Calls some operation, also while a screen is shown.
     void callOperation();
 
