@@ -233,7 +233,8 @@ void runWindows(RandomUser& user, const std::string& folder, std::size_t acts) {
         });
         running = &soak;
         const WindowUser windowUser(user, [&] { running->callOperation(); });
-        // The toolkit keeps shapes of the texts in all their scripts, icons and styles: about 150 bytes an act. Of the program's own objects nothing is kept, as heaptrack shows.
+        // The toolkit keeps shapes of the texts in all their scripts, icons and styles: about 150 bytes an act. Of the
+        // program's own objects nothing is kept, as heaptrack shows.
         soak.run(acts, std::max<std::size_t>(1000, acts / 10), 16 * 1024 * 1024);
     }
     wxEntryCleanup();
