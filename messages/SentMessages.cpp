@@ -37,8 +37,7 @@ void removeNothing(ListScreen& list) {
     messagesOf(list).refresh();
 }
 
-constexpr std::size_t chunk =
-    64 * 1024;  // bytes that are written to a file at once; more would leave the cache
+constexpr std::size_t chunk = 65'536;  // bytes that are written to a file at once; more would leave the cache
 
 void addLine(std::string& text, std::string_view caption, std::string_view value) {
     text += caption;

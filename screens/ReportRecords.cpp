@@ -81,8 +81,8 @@ void ReportRecords::setSortValue(std::size_t record, std::size_t column, double 
 
 double ReportRecords::sortValue(std::size_t record, std::size_t column) const {
     if (column >= columns_ || record >= count()) throw std::out_of_range("ReportRecords: no such cell");
-    return hasSortValues(column) && record < sortValues_[column].size() ? sortValues_[column][record]
-                                                                        : noSortValue;
+    if (hasSortValues(column) && record < sortValues_[column].size()) return sortValues_[column][record];
+    return noSortValue;
 }
 
 bool ReportRecords::hasSortValues(std::size_t column) const {
@@ -117,7 +117,9 @@ void ReportRecords::move(std::size_t from, std::size_t to) {
     ids_[to] = ids_[from];
     std::copy_n(cells_.data() + from * columns_, columns_, cells_.data() + to * columns_);
     for (std::vector<double>& values : sortValues_) {
-        if (to < values.size()) values[to] = from < values.size() ? values[from] : noSortValue;
+        if (to >= values.size()) continue;
+        values[to] = noSortValue;
+        if (from < values.size()) values[to] = values[from];
     }
 }
 
