@@ -260,7 +260,7 @@ void CellEditor::openChoices() {
 void setBackground(wxDataViewRenderer&, const wxColour&) {}  // the data view draws it itself
 
 void onHeaderClick(wxDataViewCtrl& grid, const std::function<void(unsigned column)>& clicked) {
-    grid.Bind(wxEVT_DATAVIEW_COLUMN_HEADER_CLICK, [clicked = std::move(clicked)](wxDataViewEvent& event) {
+    grid.Bind(wxEVT_DATAVIEW_COLUMN_HEADER_CLICK, [clicked](wxDataViewEvent& event) {
         if (event.GetDataViewColumn()) clicked(event.GetDataViewColumn()->GetModelColumn());
     });
 }
