@@ -111,7 +111,10 @@ class Stage {
         for (const char* programId :
              {"tslnfm5.Library", "catalog5engine.Engine", "tslnsql5.Engine", "tslncmgr5.Library",
               "tslniee5.Engine", "tslnnum5.Checker", "tslnfe5.Engine"})
-            components_.emplace_back(session_, programId);
+            components_.emplace_back(programId, [this, programId] {
+                return makeHostile(com::adopt(com::newDispatch(session_.createObject(programId))),
+                                   hostility_);
+            });
     }
     ~Stage() { end(); }
 
@@ -188,17 +191,10 @@ class Stage {
         return reference;
     }
 
-    /// A component of the host, created by its program identifier.
-    struct Component {
-        Component(const workbench::CompanySession& session, const std::string& programId)
-            : offered(session, programId) {}
-        OfferedComponent offered;
-    };
-
     Hostility& hostility_;
     AgreeingUi ui_;
     workbench::CompanySession session_;
-    std::deque<Component> components_;
+    std::deque<OfferedComponent> components_;
     ComPtr<ILibrary> library_;
     std::deque<LONG> numbers_;
     int calls_ = 0;  // that are not over

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <iterator>
 #include <string>
 
@@ -15,35 +16,33 @@ namespace tsln::test {
 
 using com::ComPtr;
 
-/// The class factory of one of the session's components.
+/// A class factory whose instances a function makes.
 class ComponentFactory : public com::ComObject<IClassFactory> {
   public:
-    ComponentFactory(const workbench::CompanySession& session, std::string programId)
-        : session_(session), programId_(std::move(programId)) {}
+    explicit ComponentFactory(std::function<ComPtr<IDispatch>()> create) : create_(std::move(create)) {}
 
     STDMETHODIMP CreateInstance(IUnknown* outer, REFIID iid, void** out) noexcept override {
         if (!out) return E_POINTER;
         *out = nullptr;
         if (outer) return CLASS_E_NOAGGREGATION;
-        return com::guarded(
-            [&]() -> HRESULT {
-                return com::adopt(com::newDispatch(session_.createObject(programId_)))
-                    ->QueryInterface(iid, out);
-            },
-            nullptr);
+        return com::guarded([&]() -> HRESULT { return create_()->QueryInterface(iid, out); }, nullptr);
     }
     STDMETHODIMP LockServer(BOOL) noexcept override { return S_OK; }
 
   private:
-    const workbench::CompanySession& session_;
-    std::string programId_;
+    std::function<ComPtr<IDispatch>()> create_;
 };
 
-/// While it exists, one of the session's components can be created by its program identifier, like those of any host. It is
-/// a class of this process.
+/// While it exists, a component can be created by its program identifier, like those of any host. It is a class of this
+/// process.
 class OfferedComponent {
   public:
+    /// One of the session's components.
     OfferedComponent(const workbench::CompanySession& session, const std::string& programId)
+        : OfferedComponent(programId, [&session, programId] {
+              return com::adopt(com::newDispatch(session.createObject(programId)));
+          }) {}
+    OfferedComponent(const std::string& programId, std::function<ComPtr<IDispatch>()> create)
         : key_(com::toWide(programId)) {
         CLSID classId;
         CoCreateGuid(&classId);
@@ -51,7 +50,7 @@ class OfferedComponent {
         StringFromGUID2(classId, text, static_cast<int>(std::size(text)));
         EXPECT_EQ(ERROR_SUCCESS,
                   RegSetValueW(HKEY_CLASSES_ROOT, (key_ + L"\\CLSID").c_str(), REG_SZ, text, 0));
-        ComPtr<IClassFactory> factory = com::adopt<IClassFactory>(new ComponentFactory(session, programId));
+        ComPtr<IClassFactory> factory = com::adopt<IClassFactory>(new ComponentFactory(std::move(create)));
         EXPECT_EQ(S_OK, CoRegisterClassObject(classId, factory.Get(), CLSCTX_INPROC_SERVER,
                                               REGCLS_MULTIPLEUSE, &cookie_));
     }
