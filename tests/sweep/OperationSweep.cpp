@@ -14,11 +14,10 @@
 namespace tsln::workbench {
 namespace {
 
-constexpr std::size_t usualRuns = 12;  ///< of each operation, where not all are asked for
-constexpr std::size_t usualRunsOfOtherButton = 3;
+constexpr std::size_t usualRunsOfOtherButton = 3;  ///< where not all are asked for
 constexpr int sameCalls = 2;  ///< of calls with the same text, the first so many fail
 
-/// TSLN_SWEEP: "all" for every call and fault, or the seed by which some are chosen.
+/// TSLN_SWEEP: "all" for every call in each way, or the seed by which a way is chosen for each call.
 struct Choice {
     bool all = false;
     unsigned seed = 20;
@@ -104,22 +103,23 @@ class OperationSweep : public testing::TestWithParam<GalleryStop> {
         }
     }
 
-    /// The faults to be tried: of each call with another text the first, in each way.
+    /// The faults to be tried: of each call with another text the first ones, in one way or all.
     static std::vector<FaultyHost::Plan> plans(const Outcome& clean, bool defaultButton) {
         std::vector<FaultyHost::Plan> plans;
         std::map<std::string, int> times;
+        std::mt19937 random(choice().seed);
         // What happens before another button is pressed was tried with the default one.
         for (std::size_t call = defaultButton ? 0 : clean.pressing.first; call < clean.host.calls.size();
              ++call) {
             if (++times[clean.host.calls[call]] > sameCalls) continue;
-            for (const test::Fault fault : test::allFaults)
-                plans.push_back({call, fault});
+            const std::size_t chosen = random() % std::size(test::allFaults);
+            for (std::size_t fault = 0; fault < std::size(test::allFaults); ++fault)
+                if (choice().all || fault == chosen) plans.push_back({call, test::allFaults[fault]});
         }
-        const std::size_t usual = defaultButton ? usualRuns : usualRunsOfOtherButton;
-        if (choice().all || plans.size() <= usual) return plans;
-        std::mt19937 random(choice().seed);
-        std::ranges::shuffle(plans, random);
-        plans.resize(usual);
+        if (!choice().all && !defaultButton && plans.size() > usualRunsOfOtherButton) {
+            std::ranges::shuffle(plans, random);
+            plans.resize(usualRunsOfOtherButton);
+        }
         return plans;
     }
 
