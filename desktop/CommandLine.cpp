@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <utility>
 
 #include "desktop/Process.h"
@@ -11,10 +12,17 @@ std::vector<std::string> splitCommandLine(std::string_view commandLine) {
     bool quoted = false;
     for (std::size_t i = 0; i < commandLine.size(); ++i) {
         const char c = commandLine[i];
-        if (c == '\\' && i + 1 < commandLine.size() && commandLine[i + 1] == '"') {
-            word += '"';
+        if (c == '\\') {
+            const std::size_t end = std::min(commandLine.find_first_not_of('\\', i), commandLine.size());
+            const bool beforeQuote = end < commandLine.size() && commandLine[end] == '"';
+            const std::size_t count = end - i;
+            word.append(beforeQuote ? count / 2 : count, '\\');
             inWord = true;
-            ++i;
+            i = end - 1;
+            if (beforeQuote && count % 2 == 1) {
+                word += '"';
+                i = end;
+            }
         } else if (c == '"') {
             quoted = !quoted;
             inWord = true;  // "" is an empty word

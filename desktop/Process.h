@@ -9,8 +9,9 @@
 
 namespace tsln::desktop {
 
-/// Splits a command line into words at blanks outside double quotes. The quotes are dropped; \" stands for a
-/// quote. No other character is special.
+/// Splits a command line into words at blanks outside double quotes. The quotes are dropped. Before a quote, two
+/// backslashes stand for one, and a single one makes the quote a part of the word, as in the C runtime of Windows. No other
+/// character is special.
 std::vector<std::string> splitCommandLine(std::string_view commandLine);
 
 /// Starts a process with the caller's environment, working folder and open files and waits for its end. Calls

@@ -17,6 +17,7 @@
 
 #include "desktop/Process.h"
 #include "desktop/WxDesktop.h"
+#include "shared/CommandWord.h"
 #include "tests/desktop/Robot.h"
 #include "tests/desktop/Samples.h"
 
@@ -35,9 +36,13 @@ TEST(Process, SplitsACommandLineByBlanksAndDoubleQuotes) {
         {R"(tool "" 'a b')", {"tool", "", "'a", "b'"}},
         {R"(tool say\"hi\" $HOME `x` ;)", {"tool", "say\"hi\"", "$HOME", "`x`", ";"}},
         {R"(tool "open end)", {"tool", "open end"}},
+        {R"(tool "a\\" \\\"b \)", {"tool", R"(a\)", R"(\"b)", R"(\)"}},
     };
     for (const auto& test : cases)
         EXPECT_EQ(splitCommandLine(test.line), test.words) << test.line;
+    for (const char* word : {"", "a b", "a\"b", R"(C:\a\"b" c)", R"(\\"\\\" /Keys:x)"})
+        EXPECT_EQ(splitCommandLine("tool " + commandWord(word) + " x"),
+                  (std::vector<std::string>{"tool", word, "x"}));
 }
 
 TEST(Process, ReportsExitCodesSignalsAndFailedStarts) {
