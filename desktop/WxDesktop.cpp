@@ -51,27 +51,32 @@ class ActiveLoop {
     std::unique_ptr<wxEventLoopActivator> activator_;
 };
 
-/// Drops keys and clicks while it exists.
+/// Drops keys and clicks that come in the event loop that is active when it is made, while it exists. A dialog that opens
+/// meanwhile, by a timer or the host, runs a loop of its own and takes them.
 class InputDropper : private wxEventFilter {
   public:
-    InputDropper() {
+    InputDropper() : loop_(wxEventLoopBase::GetActive()), outer_(std::exchange(innermost_, this)) {
         wxEvtHandler::AddFilter(this);
-        ++active;
     }
     ~InputDropper() override {
-        --active;
         wxEvtHandler::RemoveFilter(this);
+        innermost_ = outer_;
     }
 
-    static inline int active = 0;
+    static bool active() { return innermost_ && innermost_->loop_ == wxEventLoopBase::GetActive(); }
 
   private:
     int FilterEvent(wxEvent& event) override {
+        if (wxEventLoopBase::GetActive() != loop_) return Event_Skip;
         const bool click = dynamic_cast<wxMouseEvent*>(&event) && event.GetEventType() != wxEVT_MOTION &&
                            event.GetEventType() != wxEVT_ENTER_WINDOW &&
                            event.GetEventType() != wxEVT_LEAVE_WINDOW;
         return click || dynamic_cast<wxKeyEvent*>(&event) ? Event_Processed : Event_Skip;
     }
+
+    static inline InputDropper* innermost_ = nullptr;
+    const wxEventLoopBase* const loop_;
+    InputDropper* const outer_;
 };
 
 class WxTimer : public RunningTimer, private wxTimer {
@@ -221,7 +226,7 @@ void WxDesktop::yield() {
 }
 
 bool WxDesktop::dropsInput() {
-    return InputDropper::active > 0;
+    return InputDropper::active();
 }
 
 ProcessEnd WxDesktop::runAndWait(std::string_view commandLine) {

@@ -2,9 +2,13 @@
 #include <gtest/gtest.h>
 #include <wx/choice.h>
 #include <wx/combobox.h>
+#include <wx/msgdlg.h>
 #include <wx/textctrl.h>
 #include <wx/uiaction.h>
 #include <wx/utils.h>
+// clang-format off: must follow wx/msgdlg.h
+#include <wx/generic/msgdlgg.h>
+// clang-format on
 
 #include "tests/desktop/Robot.h"
 #include "tests/desktop/Samples.h"
@@ -255,6 +259,27 @@ TEST_F(DialogTest, InputThatComesDuringAHandlerIsDropped) {
     untilNoted("apply ends");
     user.pause().key(WXK_ESCAPE).show();
     EXPECT_THAT(screen.notes, ElementsAre("activate", "apply begins", "apply ends", "cancel"));
+}
+
+TEST_F(DialogTest, AWindowThatOpensDuringAHandlerTakesInput) {
+    auto answer = MessageAnswer::Cancel;
+    screen.cmdApply.onClick = [&] {
+        wxTheApp->CallAfter([&] {  // as the host may, from a timer
+            answer = desktop.messageBox(&screen, "Would you?", MessageButtons::YesNo, MessageIcon::None);
+        });
+        desktop.yield();
+        screen.note("apply ends");
+    };
+    untilFocused(screen.txtName);
+    user.key('P', wxMOD_ALT).until("the box is open", [] {
+        auto* box = Robot::find<wxGenericMessageDialog>();
+        return box && box->IsActive();
+    });
+    user.key(WXK_RETURN);
+    untilNoted("apply ends");
+    user.pointAt(screen.txtName).until("active again", [&] { return user.dialog()->IsActive(); });
+    user.key(WXK_ESCAPE).show();
+    EXPECT_EQ(answer, MessageAnswer::Yes);
 }
 
 TEST_F(DialogTest, APositionIsRestoredAndRemembered) {
