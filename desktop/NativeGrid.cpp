@@ -221,8 +221,6 @@ wxWindow* openEditor(const wxDataViewCtrl& grid) {
 
 }  // namespace
 
-CellEditor::~CellEditor() = default;
-
 void CellEditor::prepare(wxDataViewColumn& column, std::size_t maxLength) {
     // On this platform the toolkit itself keeps the typed text when the focus moves.
     grid_.Bind(wxEVT_DATAVIEW_ITEM_EDITING_STARTED, [this, &column, maxLength](wxDataViewEvent& event) {

@@ -12,7 +12,11 @@ namespace tsln::desktop {
 class CellEditor {
   public:
     explicit CellEditor(wxDataViewCtrl& grid) : grid_(grid) {}
+#ifdef __WXGTK__
     ~CellEditor();
+#else
+    ~CellEditor() = default;
+#endif
     CellEditor(const CellEditor&) = delete;
     CellEditor& operator=(const CellEditor&) = delete;
 
@@ -29,8 +33,10 @@ class CellEditor {
 
   private:
     wxDataViewCtrl& grid_;
+#ifdef __WXGTK__
     void* open_ = nullptr;  // the platform's widget
     bool menuOpen_ = false;
+#endif
 };
 
 // Functions that the toolkit lacks or that differ between its platforms.

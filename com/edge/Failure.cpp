@@ -12,7 +12,7 @@ namespace {
 constexpr char moduleName[] = "tslnmaint5";
 
 std::string takeText(BSTR& text) {
-    const std::string taken = fromBstr(text);
+    std::string taken = fromBstr(text);
     SysFreeString(text);
     text = nullptr;
     return taken;

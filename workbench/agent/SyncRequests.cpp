@@ -39,7 +39,7 @@ std::string identityOf(Company& company) {
 
 bool isSet(Company& company, std::string_view option) {
     const auto value = OptionStore(company).get({}, {option, optionSection});
-    return value && *value != "0" && *value != "";
+    return value && *value != "0" && !value->empty();
 }
 
 /// Returns the path of the company that has a roaming workstation with the identity code, another one than `own` if
@@ -82,8 +82,9 @@ void fillEmptyTables(const std::string& to, const std::string& from) {
                 ->execAndGet("SELECT group_concat('\"' || name || '\"') FROM pragma_table_info('" + table +
                              "', 'main')")
                 .getString();
-        database->exec("INSERT INTO main.\"" + table + "\" (" + columns + ") SELECT " + columns +
-                       " FROM main_company.\"" + table + "\"");
+        std::string copy = "INSERT INTO main.\"";
+        copy.append(table).append("\" (").append(columns).append(") SELECT ").append(columns);
+        database->exec(copy.append(" FROM main_company.\"").append(table).append("\""));
     }
     transaction.commit();
 }

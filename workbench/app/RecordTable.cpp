@@ -88,6 +88,7 @@ std::vector<std::int32_t> RecordTable::chosen() const {
     wxDataViewItemArray items;
     GetSelections(items);
     std::vector<unsigned> rows;
+    rows.reserve(items.size());
     for (const wxDataViewItem& item : items)
         rows.push_back(model_->GetRow(item));
     std::ranges::sort(rows);

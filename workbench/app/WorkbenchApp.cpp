@@ -94,6 +94,7 @@ bool WorkbenchApp::OnInit() {
     const bool forAPerson = options_.tour.empty() && options_.gallery.empty();
     if (forAPerson) {
         wxConfigBase::Set(new wxFileConfig("", "", wxString::FromUTF8(settingsFile("workbench.ini"))));
+        // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): the toolkit deletes the settings at the end
         frame->remember();
         startAgentIfWanted(session_);
     }

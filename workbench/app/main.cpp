@@ -18,6 +18,7 @@ int main(int argc, char** argv) {
     int exitCode = 0;
     const std::vector<std::string> words = commandLineWords(argc, argv);
     std::vector<const char*> pointers;
+    pointers.reserve(words.size());
     for (const std::string& word : words)
         pointers.push_back(word.c_str());
     const auto options = readCommandLine(static_cast<int>(pointers.size()), pointers.data(), exitCode);

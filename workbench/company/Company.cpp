@@ -73,15 +73,15 @@ struct Company::Impl {
     /// Runs the work of a statement. Its error texts hold no passwords.
     template <class F>
     auto orSqlError(std::string_view sql, F&& work) {
-        const auto raise = [&] [[noreturn]] (const SqlError& error) {
-            throw SqlError(error.code(), errorWithoutSecrets(sql, error.what()));
+        const auto withoutSecrets = [&](const SqlError& error) {
+            return SqlError(error.code(), errorWithoutSecrets(sql, error.what()));
         };
         try {
             return work();
         } catch (const SQLite::Exception& error) {
-            raise(toSqlError(error, path));
+            throw withoutSecrets(toSqlError(error, path));
         } catch (const SqlError& error) {
-            raise(error);
+            throw withoutSecrets(error);
         }
     }
 

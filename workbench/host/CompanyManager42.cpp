@@ -29,7 +29,7 @@ std::string pathIn(std::string_view connectionString) {
 
 bool isCompany42(const std::string& path) {
     try {
-        Company(path, OpenMode::Version42);
+        const Company company(path, OpenMode::Version42);
         return true;
     } catch (const CompanyFileError&) {
         return false;
@@ -80,7 +80,7 @@ CompanyManager42::CompanyManager42(std::shared_ptr<HostContext> context)
 
 bool CompanyManager42::canOpen(const std::string& connectionString) {
     try {
-        Company(pathIn(connectionString), OpenMode::Version42);
+        const Company company(pathIn(connectionString), OpenMode::Version42);
         return true;
     } catch (const CompanyFileError& error) {
         context().eventLog.record(EventLog::Error, error.what());
