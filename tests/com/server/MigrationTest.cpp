@@ -35,18 +35,6 @@ TEST_F(MigrationTest, ACompanyOfVersion42ComesOverByTheQueriesInTheModulesResour
     EXPECT_EQ(VARIANT_FALSE, migrate(old, 2))
         << value("SELECT TOP 1 EventText FROM EventLog ORDER BY ID DESC");
     EXPECT_EQ(std::stoi(before) + 10'000, std::stoi(value("SELECT COUNT(*) FROM Customers")));
-    workbench::Company source(old, workbench::OpenMode::Version42);
-    for (
-        const auto& [from, now] :
-        {std::pair(
-             "SELECT Name, AccountNumber, Phone1, Notes, UniqueID FROM Customers ORDER BY AccountNumber",
-             "SELECT CustomerName AS Name, AccountNumber, Phone1, Notes, UniqueID FROM Customers WHERE AccountNumber LIKE 'A%' ORDER BY AccountNumber"),
-         std::pair(
-             "SELECT FirstName, LastName, UniqueID FROM Employees WHERE Name <> '(None)' AND Name <> '(Administrator)' ORDER BY LastName",
-             "SELECT FirstName, LastName, UniqueID FROM Employees WHERE ID > 8 ORDER BY LastName"),
-         std::pair("SELECT Name, Fax2 FROM Company", "SELECT Name, Phone4 AS Fax2 FROM Company")}) {
-        EXPECT_EQ(source.read(from), session.company().read(now));
-    }
     EXPECT_EQ("1", value("SELECT COUNT(*) FROM SalesTaxGroups WHERE SalesTaxGroup = 'O''Hare & Sons'"));
     EXPECT_THAT(ui.told, IsEmpty());
 }
