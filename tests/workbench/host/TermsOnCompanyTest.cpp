@@ -2,7 +2,6 @@
 
 #include <gmock/gmock.h>
 
-#include "maintenance/ListCommands.h"
 #include "maintenance/ListScreen.h"
 #include "maintenance/RecordDialog.h"
 #include "shared/modSharedStrings.h"
@@ -14,7 +13,6 @@ namespace tsln::workbench {
 namespace {
 
 using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::IsEmpty;
 
 TextBox& box(RecordDialog& dialog, const char* name) {
@@ -39,12 +37,6 @@ auto typing(std::string name, std::string days = "30") {
         box(dialog, "txtDueIn").userType(days);
         dialog.cmdOK.userPress();
     };
-}
-
-void more(ModuleStage& stage, ListScreen& list, int command, const std::string& file) {
-    stage.desktop.popupChoices = {command};
-    stage.desktop.files = {file};
-    list.cmdMore.userPress();
 }
 
 TEST(TermsOnCompany, TermsAreAddedEditedRefusedAndDeleted) {
@@ -86,13 +78,9 @@ TEST(TermsOnCompany, TermsAreAddedEditedRefusedAndDeleted) {
 TEST(TermsOnCompany, NamesWithSpecialCharactersAreStoredAndReadBack) {
     std::string longName(60'000, 'x');
     longName.replace(30'000, 1, "'");
-    const std::string oddNames[] = {"O'Brien's ''",
-                                    "<Bold>",
-                                    "{0} {1}",
-                                    "\xF0\x9F\xAA\x9F \xC3\x9F \xE6\xBC\xA2",
-                                    "[x] -- /* % _ ; \" \\",
-                                    "&amp; &lt; &",
-                                    longName};
+    const std::string oddNames[] = {
+        "O'Brien's ''",          "<Bold>",       "{0} {1}", "\xF0\x9F\xAA\x9F \xC3\x9F \xE6\xBC\xA2",
+        "[x] -- /* % _ ; \" \\", "&amp; &lt; &", longName};
     ModuleStage stage;
     for (const std::string& name : oddNames) {
         stage.desktop.user<RecordDialog>("frmTerms_Edit", typing(name));
@@ -119,52 +107,6 @@ TEST(TermsOnCompany, NamesWithSpecialCharactersAreStoredAndReadBack) {
     EXPECT_THAT(stage.ui.shown, IsEmpty());
 }
 
-TEST(TermsOnCompany, TermsAreExportedAndImportedThroughTheScreen) {
-    ModuleStage stage;
-    stage.run("INSERT INTO Terms (Terms,DueDays) VALUES('O''Brien', 30)");
-    const std::string file = stage.folder.file("terms.xml");
-    const std::string wrong = stage.folder.write("wrong.xml", "<Records/>");
-    stage.desktop.user<ListScreen>("frmTerms", [&](ListScreen& list) {
-        more(stage, list, command::exportList, file);
-        select(list, 0);
-        list.cmdDelete.userPress();
-        EXPECT_THAT(names(list), IsEmpty());
-        more(stage, list, command::import, file);
-        EXPECT_THAT(names(list), ElementsAre("O'Brien"));
-        more(stage, list, command::import, wrong);
-        more(stage, list, command::exportList, stage.folder.file("no/folder.xml"));
-    });
-    stage.library->ShowTerms();
-    std::vector<std::string> texts;
-    for (const auto& shown : stage.desktop.boxes)
-        texts.push_back(shown.text);
-    EXPECT_THAT(texts, ElementsAre("The terms were exported to '" + file + "'", "The terms were imported.",
-                                   "The terms could not be imported.", "The terms could not be exported."));
-    EXPECT_EQ(stage.value("SELECT COUNT(*) FROM Terms WHERE DueDays = 30"), "1");
-    EXPECT_EQ(stage.value("SELECT COUNT(*) FROM EventLog WHERE EventType = 1"), "2");
-}
-
-TEST(TermsOnCompany, AViewerCannotChangeTerms) {
-    ModuleStage stage("viewer");
-    stage.desktop.user<ListScreen>("frmTerms", [&](ListScreen& list) {
-        for (Button* button : {&list.cmdNew, &list.cmdEdit, &list.cmdDelete})
-            EXPECT_FALSE(button->enabled());
-        stage.run("INSERT INTO Terms (Terms) VALUES('Net 30')");
-    });
-    stage.library->ShowTerms();
-    EXPECT_THAT(stage.desktop.boxes, IsEmpty()) << "the defaults are not offered";
-    stage.desktop.user<ListScreen>("frmTerms", [&](ListScreen& list) {
-        select(list, 0);
-        list.rptItems.userDoubleClick(0);
-        list.rptItems.userDeleteKey();
-        for (Button* button : {&list.cmdNew, &list.cmdEdit, &list.cmdDelete})
-            EXPECT_FALSE(button->enabled());
-    });
-    stage.library->ShowTerms();
-    EXPECT_THAT(stage.desktop.shown, ElementsAre("frmTerms", "frmTerms"));
-    EXPECT_EQ(stage.value("SELECT COUNT(*) FROM Terms"), "1");
-}
-
 TEST(TermsOnCompany, AFailedSaveShowsTheDatabasesMessageAndKeepsTheInput) {
     ModuleStage stage("admin", OpenMode::ReadOnly);
     stage.desktop.user<RecordDialog>("frmTerms_Edit", [&](RecordDialog& dialog) {
@@ -182,15 +124,6 @@ TEST(TermsOnCompany, AFailedSaveShowsTheDatabasesMessageAndKeepsTheInput) {
     EXPECT_EQ(stage.ui.shown[0].detail, "The company file can only be read.");
     EXPECT_EQ(stage.session->eventLog().waiting(), 1U);
     EXPECT_EQ(stage.value("SELECT COUNT(*) FROM Terms"), "0");
-}
-
-TEST(TermsOnCompany, TheSessionReportsWhetherTheFirstSynchronizationIsComplete) {
-    ModuleStage stage;
-    EXPECT_TRUE(stage.library->InitialSyncComplete());
-    stage.run("UPDATE Company SET SyncState = 3");
-    EXPECT_FALSE(stage.library->InitialSyncComplete());
-    stage.library->PreTerminate();
-    EXPECT_EQ(stage.session->sharedCode().use_count(), 2) << "the module has released it";
 }
 
 }  // namespace
