@@ -120,10 +120,6 @@ TEST(OptionsOnCompany, CalloutsAndDefaultsAreAddedChangedAndVerified) {
                "Driftmark basswood shutter")
             ++shutter;
         dialog.cboProduct.userChoose(shutter);
-        std::vector<std::string> styles;
-        for (const auto& entry : dialog.cboStyle.entries())
-            styles.push_back(entry.text);
-        EXPECT_THAT(styles, ElementsAre("Standard", "Arched", "Caf\xC3\xA9"));
         dialog.optSpecificStyle.userSelect();
         dialog.cboStyle.userChoose(2);
         dialog.textBox("txtOption").userType("Divider Rail");
@@ -152,11 +148,8 @@ TEST(OptionsOnCompany, CalloutsAndDefaultsAreAddedChangedAndVerified) {
     stage.ui.shown.clear();
 
     stage.desktop.user<OptionDefaultDialog>("frmOptionDefaults_Edit", [](OptionDefaultDialog& dialog) {
-        dialog.textBox("txtName").userType("LOUVER");
-        dialog.textBox("txtValue").userType("4 1/2 inch");
-        dialog.cmdOK.userPress();
-        EXPECT_TRUE(dialog.shown()) << "the product has a default of this name";
         dialog.textBox("txtName").userType("Frame");
+        dialog.textBox("txtValue").userType("4 1/2 inch");
         dialog.cmdOK.userPress();
     });
     stage.desktop.user<OptionDefaults>("frmOptionDefaults", [&](OptionDefaults& list) {
