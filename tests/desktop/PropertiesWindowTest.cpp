@@ -6,10 +6,9 @@
 #include <wx/gauge.h>
 #include <wx/utils.h>
 
-#include "bridge/Library.h"
-#include "doubles/RecordingHost.h"
 #include "properties/DatabaseProperties.h"
 #include "screens/Job.h"
+#include "tests/desktop/HostedWindows.h"
 #include "tests/desktop/Robot.h"
 
 namespace tsln::desktop::test {
@@ -17,19 +16,13 @@ namespace {
 
 using properties::DatabaseProperties;
 
-struct Host {
-    std::shared_ptr<tsln::test::RecordingHost> host = tsln::test::RecordingHost::make();
-    WxDesktop desktop{[this](std::string_view programId) { return host->component(programId); }, ""};
-    Library library{desktop};
-    Host() { library.Initialize(host->sharedCode()); }
-};
+using PropertiesWindow = HostedWindows;
 
-TEST(PropertiesWindow, FillsWhileItIsDrawnAndLeavesTheKeyboardInTheGrid) {
-    Host stage;
-    DatabaseProperties screen(stage.library);
+TEST_F(PropertiesWindow, FillsWhileItIsDrawnAndLeavesTheKeyboardInTheGrid) {
+    DatabaseProperties screen(library);
     Robot user(screen);
     std::set<std::int32_t> drawnAt;
-    stage.host->on("TSLNSQL.ExecuteScaler", [&](Arguments) {
+    host->on("TSLNSQL.ExecuteScaler", [&](Arguments) {
         wxMilliSleep(5);
         const auto* bar = dynamic_cast<wxGauge*>(user.windowOf(screen.ProgressBar1));
         if (bar) drawnAt.insert(bar->GetValue());
@@ -54,22 +47,6 @@ TEST(PropertiesWindow, FillsWhileItIsDrawnAndLeavesTheKeyboardInTheGrid) {
         .show();
     EXPECT_GT(drawnAt.size(), 3U) << "the bar was drawn between the rows";
     EXPECT_FALSE(screen.loaded());
-}
-
-TEST(PropertiesWindow, EscWhileItFillsClosesIt) {
-    Host stage;
-    int statements = 0;
-    stage.host->on("TSLNSQL.ExecuteScaler", [&](Arguments) {
-        ++statements;
-        wxMilliSleep(200);  // all of them would take about twenty seconds
-        return Variant(1);
-    });
-    DatabaseProperties screen(stage.library);
-    Robot user(screen);
-    user.until("filling", [&] { return statements > 3; }).key(WXK_ESCAPE).show();
-    EXPECT_LT(statements, 60);
-    EXPECT_FALSE(screen.loaded());
-    EXPECT_EQ(stage.host->callsOf("TSLNSQL.PreTerminate").size(), 1U);
 }
 
 }  // namespace
