@@ -72,18 +72,6 @@ TEST_F(DialogTest, MaximumLengthAndLockLimitTyping) {
     EXPECT_THAT(screen.notes, testing::Contains("left discount").Times(0));
 }
 
-TEST_F(DialogTest, EnterAddsALineToAMultiLineBoxAndLineEndsAreKept) {
-    screen.txtNotes.setText("one\r\ntwo");
-    screen.txtNotes.setFocus();
-    user.untilFocused(screen.txtNotes);
-    user.then([&] { static_cast<wxTextCtrl*>(user.windowOf(screen.txtNotes))->SetInsertionPointEnd(); });
-    user.key(WXK_RETURN).type("3").until("typed", [&] {
-        return screen.txtNotes.text() == "one\r\ntwo\r\n3";
-    });
-    user.key(WXK_ESCAPE).show();
-    EXPECT_EQ(screen.count("ok"), 0u);
-}
-
 TEST_F(DialogTest, EnterPressesTheDefaultButtonWithoutLeavingTheField) {
     user.untilFocused(screen.txtName);
     user.type("x").key(WXK_RETURN).show();

@@ -35,7 +35,7 @@ class EveryControlTest : public testing::Test {
     void untilCovered(bool covered = true) {
         user.until(covered ? "a dialog is open" : "the dialog is closed",
                    [this, covered] { return user.dialog()->IsActive() != covered; });
-        if (covered) user.pause();
+        user.pause();
     }
     template <class Window>
     Window& windowOf(Control& control) {
@@ -116,6 +116,7 @@ TEST_F(EveryControlTest, TheKeyboardAloneEntersTextDatesColorsAndChoices) {
 }
 
 TEST_F(EveryControlTest, TheKeyboardAloneReachesPanesPagesAndLinks) {
+    screen.placement = {.left = 10, .width = 1000, .height = 700};  // leaves room for a long caption
     screen.rpt.setFocus();
     user.untilFocused(screen.rpt);
     user.key(WXK_HOME).key(WXK_F2).pause().type("sheer").key(WXK_RETURN);
@@ -125,7 +126,8 @@ TEST_F(EveryControlTest, TheKeyboardAloneReachesPanesPagesAndLinks) {
     user.key(WXK_F6);
     user.untilFocused(screen.grd);
     user.then([&] {
-        screen.grd.addRow(screen.grd.addCategory("Later"), "Row", "added");
+        screen.grd.addRow(screen.grd.addCategory("Later"), "A row with a caption of this length",
+                          "two\r\nlines");
         auto& tree = windowOf<wxDataViewCtrl>(screen.grd);
         wxDataViewItemArray top, rows;
         tree.GetModel()->GetChildren({}, top);
@@ -134,7 +136,11 @@ TEST_F(EveryControlTest, TheKeyboardAloneReachesPanesPagesAndLinks) {
         EXPECT_TRUE(tree.IsExpanded(top.back()));
         wxVariant value;
         tree.GetModel()->GetValue(value, rows.front(), 1);
-        EXPECT_EQ(value.GetString(), "added");
+        EXPECT_EQ(value.GetString(), "two lines");
+    });
+    user.until("the caption is shown in full", [&] {
+        auto& tree = windowOf<wxDataViewCtrl>(screen.grd);
+        return tree.GetColumn(0)->GetWidth() > tree.GetTextExtent("A row with a caption of this length").x;
     });
     user.key(WXK_F6);
     user.untilFocused(screen.rpt);

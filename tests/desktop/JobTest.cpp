@@ -52,6 +52,7 @@ TEST(Job, OnlyTheCancelButtonAndEscWorkDuringAJob) {
     Robot robot(screen);
     const auto runs = [&] { return screen.job() && screen.done > 20; };
     for (const bool byEsc : {true, false}) {
+        robot.untilFocused(screen.txtName);  // also after the first job
         robot.key('S', wxMOD_ALT)
             .until("the job runs", runs)
             .then([&] {
