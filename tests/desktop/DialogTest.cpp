@@ -28,9 +28,6 @@ class DialogTest : public testing::Test {
     void untilNoted(const std::string& what, std::size_t times = 1) {
         user.until("noted: " + what, [=, this] { return screen.count(what) >= times; });
     }
-    void untilFocused(Control& control) {
-        user.until("focus on " + control.name(), [&] { return user.focused() == &control; });
-    }
 };
 
 TEST_F(DialogTest, TabVisitsTheControlsInLayoutOrder) {
@@ -38,13 +35,13 @@ TEST_F(DialogTest, TabVisitsTheControlsInLayoutOrder) {
                               &screen.txtNotes,  &screen.chkExported, &screen.cmdApply,  &screen.cmdOK,
                               &screen.cmdCancel, &screen.txtName};
     for (Control* control : order) {
-        untilFocused(*control);
+        user.untilFocused(*control);
         // In a multi-line box Tab is text and Ctrl+Tab leaves it. The arrow of an editable list is no tab stop.
         user.key(WXK_TAB, control == &screen.txtNotes ? wxMOD_CONTROL : 0);
     }
-    untilFocused(screen.txtDiscount);
+    user.untilFocused(screen.txtDiscount);
     user.key(WXK_TAB, wxMOD_SHIFT);
-    untilFocused(screen.txtName);
+    user.untilFocused(screen.txtName);
     user.key(WXK_ESCAPE).show();
     EXPECT_EQ(screen.count("left name"), 2u);
     EXPECT_EQ(screen.count("left discount"), 2u);
@@ -52,7 +49,7 @@ TEST_F(DialogTest, TabVisitsTheControlsInLayoutOrder) {
 
 TEST_F(DialogTest, TypedTextReachesTheControlAndTheControlsTextIsShown) {
     screen.txtDiscount.setText("5");
-    untilFocused(screen.txtName);
+    user.untilFocused(screen.txtName);
     user.type("net 10").until("typed", [&] { return screen.txtName.text() == "net 10"; });
     user.then([&] { screen.txtName.setText("From the rules \xC3\xA9"); });
     user.until("shown", [&] {
@@ -72,34 +69,22 @@ TEST_F(DialogTest, TypedTextReachesTheControlAndTheControlsTextIsShown) {
 TEST_F(DialogTest, MaximumLengthAndLockLimitTyping) {
     screen.txtDiscount.setText("5");
     screen.txtDiscount.setLocked(true);
-    untilFocused(screen.txtName);
+    user.untilFocused(screen.txtName);
     user.type("abcdefghijklmnop").until("typed", [&] { return screen.txtName.text().size() >= 12; });
     user.key(WXK_TAB).type("9").key(WXK_ESCAPE).show();
     EXPECT_EQ(screen.txtName.text(), "abcdefghijkl");
     EXPECT_THAT(screen.notes, testing::Contains("left discount").Times(0));
 }
 
-TEST_F(DialogTest, EnterAddsALineToAMultiLineBoxAndLineEndsAreKept) {
-    screen.txtNotes.setText("one\r\ntwo");
-    screen.txtNotes.setFocus();
-    untilFocused(screen.txtNotes);
-    user.then([&] { static_cast<wxTextCtrl*>(user.windowOf(screen.txtNotes))->SetInsertionPointEnd(); });
-    user.key(WXK_RETURN).type("3").until("typed", [&] {
-        return screen.txtNotes.text() == "one\r\ntwo\r\n3";
-    });
-    user.key(WXK_ESCAPE).show();
-    EXPECT_EQ(screen.count("ok"), 0u);
-}
-
 TEST_F(DialogTest, EnterPressesTheDefaultButtonWithoutLeavingTheField) {
-    untilFocused(screen.txtName);
+    user.untilFocused(screen.txtName);
     user.type("x").key(WXK_RETURN).show();
     EXPECT_THAT(screen.notes, ElementsAre("activate", "name x", "ok"));
 }
 
 TEST_F(DialogTest, EnterOnAButtonPressesThatButton) {
     screen.cmdApply.setFocus();
-    untilFocused(screen.cmdApply);
+    user.untilFocused(screen.cmdApply);
     user.key(WXK_RETURN);
     untilNoted("apply");
     user.key(WXK_SPACE);
@@ -111,7 +96,7 @@ TEST_F(DialogTest, EnterOnAButtonPressesThatButton) {
 
 TEST_F(DialogTest, ADisabledButtonIsNotPressed) {
     screen.cmdOK.setEnabled(false);
-    untilFocused(screen.txtName);
+    user.untilFocused(screen.txtName);
     user.key(WXK_RETURN).click(screen.cmdOK).type("x").until("typed", [&] {
         return screen.txtName.text() == "x";
     });
@@ -130,7 +115,7 @@ TEST_F(DialogTest, MnemonicsReachFieldsBoxesAndButtons) {
                   {'T', &screen.txtName}};
     for (const auto& field : fields) {
         user.key(field.letter, wxMOD_ALT);
-        untilFocused(*field.control);
+        user.untilFocused(*field.control);
     }
     user.key('X', wxMOD_ALT);
     untilNoted("exported 1");
@@ -143,7 +128,7 @@ TEST_F(DialogTest, MnemonicsReachFieldsBoxesAndButtons) {
 
 TEST_F(DialogTest, ArrowKeysChooseFromAList) {
     screen.cboMethod.setFocus();
-    untilFocused(screen.cboMethod);
+    user.untilFocused(screen.cboMethod);
     user.key(WXK_DOWN);
     untilNoted("method Invoice");
     user.key(WXK_DOWN);
@@ -158,7 +143,7 @@ TEST_F(DialogTest, ArrowKeysChooseFromAList) {
 
 TEST_F(DialogTest, AnEditableListAcceptsTypedTextAndAChosenEntry) {
     screen.cboCity.setFocus();
-    untilFocused(screen.cboCity);
+    user.untilFocused(screen.cboCity);
     user.type("Ber").until("typed", [&] { return screen.cboCity.text() == "Ber"; });
     user.then([&] {
         auto* box = static_cast<wxComboBox*>(user.windowOf(screen.cboCity));
@@ -174,7 +159,7 @@ TEST_F(DialogTest, AnEditableListAcceptsTypedTextAndAChosenEntry) {
 }
 
 TEST_F(DialogTest, F1OpensHelpFromAnyControl) {
-    untilFocused(screen.txtName);
+    user.untilFocused(screen.txtName);
     user.key(WXK_F1);
     untilNoted("help");
     user.key(WXK_TAB).key(WXK_F1);
@@ -221,7 +206,7 @@ TEST_F(DialogTest, AScreenThatHidesItselfOnActivationReturns) {
 
 TEST_F(DialogTest, AHandlerThatThrowsIsReportedAndTheScreenKeepsItsInput) {
     screen.cmdApply.onClick = [] { throw std::runtime_error("broken"); };
-    untilFocused(screen.txtName);
+    user.untilFocused(screen.txtName);
     user.type("kept").key('P', wxMOD_ALT);
     untilNoted("error: broken");
     user.type("!").until("input goes on", [&] { return screen.txtName.text() == "kept!"; });
@@ -254,7 +239,7 @@ TEST_F(DialogTest, InputThatComesDuringAHandlerIsDropped) {
         }
         screen.note("apply ends");
     };
-    untilFocused(screen.txtName);
+    user.untilFocused(screen.txtName);
     user.key('P', wxMOD_ALT);
     untilNoted("apply ends");
     user.pause().key(WXK_ESCAPE).show();

@@ -2,8 +2,8 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <wx/gauge.h>
 #include <wx/dataview.h>
+#include <wx/gauge.h>
 #include <wx/splitter.h>
 #include <wx/textctrl.h>
 #include <wx/utils.h>
@@ -31,14 +31,11 @@ class EveryControlTest : public testing::Test {
     void untilNoted(const std::string& what, std::size_t times = 1) {
         user.until("noted: " + what, [=, this] { return screen.count(what) >= times; });
     }
-    void untilFocused(Control& control) {
-        user.until("focus on " + control.name(), [&] { return user.focused() == &control; });
-    }
     /// Waits until a dialog is open above the screen, or until it is closed.
     void untilCovered(bool covered = true) {
         user.until(covered ? "a dialog is open" : "the dialog is closed",
                    [this, covered] { return user.dialog()->IsActive() != covered; });
-        if (covered) user.pause();
+        user.pause();
     }
     template <class Window>
     Window& windowOf(Control& control) {
@@ -48,7 +45,7 @@ class EveryControlTest : public testing::Test {
 };
 
 TEST_F(EveryControlTest, TheKeyboardAloneEntersTextDatesColorsAndChoices) {
-    untilFocused(screen.txtName);
+    user.untilFocused(screen.txtName);
     user.key(WXK_TAB).pause().then([&] { savePicture(*user.dialog(), "controls"); });
     user.key(WXK_TAB, wxMOD_SHIFT).type("quay").key(WXK_RETURN);
     untilNoted("enter in name");
@@ -56,28 +53,28 @@ TEST_F(EveryControlTest, TheKeyboardAloneEntersTextDatesColorsAndChoices) {
 
     // Inserted text replaces the selection, and typing continues behind it.
     user.key(WXK_TAB);
-    untilFocused(screen.txtNotes);
+    user.untilFocused(screen.txtNotes);
     user.key(WXK_HOME, wxMOD_CONTROL).key(WXK_RIGHT, wxMOD_SHIFT).key(WXK_RIGHT, wxMOD_SHIFT);
     user.key('I', wxMOD_ALT);
     user.until("inserted", [&] { return screen.txtNotes.text() == "[Date]e line\r\nand another"; });
-    untilFocused(screen.txtNotes);
+    user.untilFocused(screen.txtNotes);
     user.type("x").until("typed", [&] { return screen.txtNotes.text() == "[Date]xe line\r\nand another"; });
     user.key(WXK_END, wxMOD_CONTROL).key(WXK_LEFT, wxMOD_SHIFT).key(WXK_LEFT, wxMOD_SHIFT);
     user.key('I', wxMOD_ALT);
     user.until("inserted below",
                [&] { return screen.txtNotes.text() == "[Date]xe line\r\nand anoth[Date]"; });
-    untilFocused(screen.txtNotes);
+    user.untilFocused(screen.txtNotes);
 
     user.key(WXK_TAB, leavesSeveralLines);
-    untilFocused(screen.cboTerms);
+    user.untilFocused(screen.cboTerms);
     user.key('D', wxMOD_ALT);
-    untilFocused(screen.datDue);
+    user.untilFocused(screen.datDue);
     user.key(WXK_F4);
     untilCovered();
     user.then([] { savePicture(*Robot::find<wxDialog>(), "calendar"); });
     user.key(WXK_RIGHT).key(WXK_RETURN);
     untilNoted("due 3/5/2024");
-    untilFocused(screen.datDue);
+    user.untilFocused(screen.datDue);
     user.key(WXK_DOWN, wxMOD_ALT);
     untilCovered();
     user.key(WXK_PAGEDOWN).key(WXK_ESCAPE);
@@ -86,32 +83,32 @@ TEST_F(EveryControlTest, TheKeyboardAloneEntersTextDatesColorsAndChoices) {
     untilCovered();
     user.key('N', wxMOD_ALT);
     untilNoted("due None");
-    untilFocused(screen.datDue);
+    user.untilFocused(screen.datDue);
     user.type("x");
     untilNoted("due x");  // the text from the calendar is selected
 
     user.key(WXK_TAB);
-    untilFocused(screen.colFabric);
+    user.untilFocused(screen.colFabric);
     for (const int opens : {int(WXK_SPACE), int(WXK_RETURN)}) {
         user.key(opens);
         untilCovered();
         user.key(WXK_ESCAPE);
         untilCovered(false);
-        untilFocused(screen.colFabric);
+        user.untilFocused(screen.colFabric);
     }
     user.key(WXK_TAB).key(WXK_SPACE).until("cleared", [&] { return !screen.chkActive.checked(); });
 
     user.key(WXK_TAB);
-    untilFocused(screen.optAmount);  // the chosen button, not the first one
+    user.untilFocused(screen.optAmount);  // the chosen button, not the first one
     user.key(WXK_DOWN);
     untilNoted("optNone");
-    untilFocused(screen.optNone);
+    user.untilFocused(screen.optNone);
     user.key(WXK_DOWN);
     untilNoted("optPercent");
     user.then([&] { screen.optKind.clear(); }).key('M', wxMOD_ALT);
     untilNoted("optAmount");
     user.key(WXK_TAB, wxMOD_SHIFT);
-    untilFocused(screen.chkActive);
+    user.untilFocused(screen.chkActive);
     user.key(WXK_ESCAPE).show();
     EXPECT_EQ(screen.count("color"), 0U);
     EXPECT_EQ(screen.count("ok"), 0U);
@@ -119,16 +116,18 @@ TEST_F(EveryControlTest, TheKeyboardAloneEntersTextDatesColorsAndChoices) {
 }
 
 TEST_F(EveryControlTest, TheKeyboardAloneReachesPanesPagesAndLinks) {
+    screen.placement = {.left = 10, .width = 1000, .height = 700};  // leaves room for a long caption
     screen.rpt.setFocus();
-    untilFocused(screen.rpt);
+    user.untilFocused(screen.rpt);
     user.key(WXK_HOME).key(WXK_F2).pause().type("sheer").key(WXK_RETURN);
     untilNoted("edited sheer");
     user.key(WXK_SPACE);
     untilNoted("edited 1");  // the first row's check box
     user.key(WXK_F6);
-    untilFocused(screen.grd);
+    user.untilFocused(screen.grd);
     user.then([&] {
-        screen.grd.addRow(screen.grd.addCategory("Later"), "Row", "added");
+        screen.grd.addRow(screen.grd.addCategory("Later"), "A row with a caption of this length",
+                          "two\r\nlines");
         auto& tree = windowOf<wxDataViewCtrl>(screen.grd);
         wxDataViewItemArray top, rows;
         tree.GetModel()->GetChildren({}, top);
@@ -137,12 +136,16 @@ TEST_F(EveryControlTest, TheKeyboardAloneReachesPanesPagesAndLinks) {
         EXPECT_TRUE(tree.IsExpanded(top.back()));
         wxVariant value;
         tree.GetModel()->GetValue(value, rows.front(), 1);
-        EXPECT_EQ(value.GetString(), "added");
+        EXPECT_EQ(value.GetString(), "two lines");
+    });
+    user.until("the caption is shown in full", [&] {
+        auto& tree = windowOf<wxDataViewCtrl>(screen.grd);
+        return tree.GetColumn(0)->GetWidth() > tree.GetTextExtent("A row with a caption of this length").x;
     });
     user.key(WXK_F6);
-    untilFocused(screen.rpt);
+    user.untilFocused(screen.rpt);
     user.key(WXK_F6, wxMOD_SHIFT);
-    untilFocused(screen.grd);
+    user.untilFocused(screen.grd);
     user.then([&] { screen.spl.setPosition(0.9); });
     user.until("sash moved as far as the lower pane allows", [&] {
         const int length = sash().GetClientSize().y;
@@ -153,13 +156,13 @@ TEST_F(EveryControlTest, TheKeyboardAloneReachesPanesPagesAndLinks) {
         EXPECT_EQ(screen.count("sash"), 0U) << "the screen's own position was reported as a user action";
     });
     user.key(WXK_TAB);
-    untilFocused(screen.lblLinks);
+    user.untilFocused(screen.lblLinks);
     user.key(WXK_RETURN);
     untilNoted("Approve");
     user.key(WXK_TAB).key(WXK_RETURN);
     untilNoted("Discard");
     user.key(WXK_TAB);
-    untilFocused(screen.cmdInsert);  // the progress bar and the label are not tab stops
+    user.untilFocused(screen.cmdInsert);  // the progress bar and the label are not tab stops
 
     user.key(WXK_PAGEDOWN, wxMOD_CONTROL).until("past the hidden page", [&] {
         return screen.tab.selected() == 2;
@@ -190,7 +193,7 @@ TEST_F(EveryControlTest, ProgressIsDrawnDuringWorkAndTimerTicksWaitForItsEnd) {
         work();
         screen.note("work ends");
     };
-    untilFocused(screen.txtName);
+    user.untilFocused(screen.txtName);
     user.then([&] { screen.tim.start(); });
     untilNoted("tick", 2);
     user.key('K', wxMOD_ALT);

@@ -2,29 +2,17 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <wx/uiaction.h>
 #include <wx/utils.h>
 
-#include "doubles/RecordingHost.h"
 #include "lists/Lists.h"
 #include "maintenance/ListScreen.h"
-#include "module/Module.h"
+#include "tests/desktop/HostedWindows.h"
 #include "tests/desktop/Robot.h"
 
 namespace tsln::desktop::test {
 namespace {
 
-class ListWindow : public testing::Test {
-  protected:
-    ListWindow() {
-        plugInModule(library);
-        library.Initialize(host->sharedCode());
-    }
-
-    const std::shared_ptr<tsln::test::RecordingHost> host = tsln::test::RecordingHost::make();
-    WxDesktop desktop{[this](std::string_view programId) { return host->component(programId); }, ""};
-    Library library{desktop};
-};
+using ListWindow = HostedWindows;
 
 TEST_F(ListWindow, EscEndsALongDeletionBetweenTwoRows) {
     constexpr std::size_t rows = 20'000;

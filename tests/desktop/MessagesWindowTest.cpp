@@ -2,10 +2,9 @@
 #include <gtest/gtest.h>
 #include <wx/uiaction.h>
 
-#include "bridge/Library.h"
-#include "doubles/RecordingHost.h"
 #include "measurements/MeasurementDialog.h"
 #include "messages/TemplateEditor.h"
+#include "tests/desktop/HostedWindows.h"
 #include "tests/desktop/Robot.h"
 
 namespace tsln::desktop::test {
@@ -16,27 +15,19 @@ using messages::TemplateEditor;
 using testing::ElementsAre;
 using testing::EndsWith;
 
-struct Host {
-    std::shared_ptr<tsln::test::RecordingHost> host = tsln::test::RecordingHost::make();
-    WxDesktop desktop{[this](std::string_view programId) { return host->component(programId); }, ""};
-    Library library{desktop};
-    Host() { library.Initialize(host->sharedCode()); }
-};
+using MeasurementWindow = HostedWindows;
+using TemplateWindow = HostedWindows;
 
-TEST(MeasurementWindow, ABurstOfTypedLinesFillsRowAfterRow) {
-    Host stage;
-    MeasurementDialog dialog(stage.library);
+TEST_F(MeasurementWindow, ABurstOfTypedLinesFillsRowAfterRow) {
+    MeasurementDialog dialog(library);
     dialog.open(0, 5, Variant());
     dialog.load();
     Robot user(dialog);
-    const auto untilFocused = [&](Control& control) {
-        user.until("focus on " + control.name(), [&] { return user.focused() == &control; });
-    };
     constexpr int measurements = 12;
-    untilFocused(*dialog.control("cboLocation"));
+    user.untilFocused(*dialog.control("cboLocation"));
     user.type("House").key('A', wxMOD_ALT).until("again", [&] { return dialog.chkAgain.checked(); });
     user.key('W', wxMOD_ALT);
-    untilFocused(dialog.textBox("txtWidth"));
+    user.untilFocused(dialog.textBox("txtWidth"));
     // The lines follow each other without a pause.
     user.then([] {
         wxUIActionSimulator meter;
@@ -48,7 +39,7 @@ TEST(MeasurementWindow, ABurstOfTypedLinesFillsRowAfterRow) {
             }
         }
     });
-    const auto inserted = [&] { return stage.host->callsOf("Database.ExecuteNonQueryWithID"); };
+    const auto inserted = [&] { return host->callsOf("Database.ExecuteNonQueryWithID"); };
     user.until("all rows", [&] { return inserted().size() >= measurements; });
     user.then([&] { EXPECT_EQ(user.focused(), &dialog.textBox("txtWidth")); });
     user.key(WXK_ESCAPE).show();
@@ -60,32 +51,28 @@ TEST(MeasurementWindow, ABurstOfTypedLinesFillsRowAfterRow) {
     }
 }
 
-TEST(TemplateWindow, TheMessageHasAMenuOfItsOwnAndTakesFieldsAtTheCaret) {
-    Host stage;
-    stage.host->rows("SELECT TOP 1 * FROM vwDocumentProcessing_Vendors",
-                     "<Records><Record><VendorName>V</VendorName></Record></Records>");
-    TemplateEditor editor(stage.library);
+TEST_F(TemplateWindow, TheMessageHasAMenuOfItsOwnAndTakesFieldsAtTheCaret) {
+    host->rows("SELECT TOP 1 * FROM vwDocumentProcessing_Vendors",
+               "<Records><Record><VendorName>V</VendorName></Record></Records>");
+    TemplateEditor editor(library);
     editor.open(0);
     editor.load();
     Robot user(editor);
     TextBox& body = editor.textBox("rtfBody");
-    const auto untilFocused = [&](Control& control) {
-        user.until("focus on " + control.name(), [&] { return user.focused() == &control; });
-    };
-    untilFocused(*editor.control("cboGroup"));
+    user.untilFocused(*editor.control("cboGroup"));
     user.then([&] { editor.comboBox("cboType").userChoose(1); });
     user.click(body);
-    untilFocused(body);
+    user.untilFocused(body);
     user.type("ab").key('A', wxMOD_CONTROL).rightClickAt(body, [] { return wxPoint(30, 60); });
     user.pause().key(WXK_DOWN).key(WXK_RETURN).until("copied", [&] {
-        return stage.desktop.clipboardText() == "ab";
+        return desktop.clipboardText() == "ab";
     });
     user.key(WXK_HOME).key(WXK_RIGHT).pause();
     user.key(WXK_TAB, wxMOD_CONTROL).key(WXK_TAB);
-    untilFocused(editor.rptFields);
+    user.untilFocused(editor.rptFields);
     user.key(WXK_DOWN).key(WXK_HOME).pause().key(WXK_RETURN);
     user.until("field", [&] { return body.text() == "a<<VendorName>>b"; });
-    untilFocused(body);
+    user.untilFocused(body);
     user.type("c").until("behind it", [&] { return body.text() == "a<<VendorName>>cb"; });
     user.key(WXK_ESCAPE).show();
 }

@@ -154,6 +154,31 @@ TEST_F(ReportGridTest, ACellThatMayNotBeEditedIsPassedOver) {
     user.key(WXK_ESCAPE).pause().key(WXK_ESCAPE).show();
 }
 
+TEST_F(ReportGridTest, TheScreenOpensAnEditorAndTellsWhyItRefusesAText) {
+    PriceGrid screen(desktop, 3);
+    screen.rptPrices.correctEdit = [&](std::size_t, std::size_t,
+                                       std::string_view text) -> std::optional<std::string> {
+        if (text != "soon") return std::string(text);
+        desktop.messageBox(&screen, "That is no price.", MessageButtons::Ok, MessageIcon::Exclamation);
+        return std::nullopt;
+    };
+    Robot user(screen);
+    user.key(WXK_DOWN).until("first row", [&] { return screen.rptPrices.focusedRow() == 0; });
+    const auto edit = [&](std::size_t column, const std::string& text) {
+        user.then([&screen, column] { screen.rptPrices.beginEdit(2, column); });
+        untilEditing(user, screen);
+        user.pause().type(text).key(WXK_RETURN);
+    };
+    edit(name, "new");
+    untilNoted(user, screen, "2: new");
+    edit(price, "soon");
+    user.until("a message", [&] { return user.dialog() && !user.dialog()->IsActive(); }).pause();
+    user.key(WXK_RETURN).pause();
+    user.then([&] { EXPECT_EQ(screen.rptPrices.rowText(2, price), "1"); });
+    user.key(WXK_ESCAPE).show();
+    EXPECT_EQ(screen.count("cancel"), 1U);
+}
+
 TEST_F(ReportGridTest, AHundredThousandRowsAreFilteredSortedAndEdited) {
     PriceGrid screen(desktop, 100'000);
     Robot user(screen);

@@ -34,6 +34,10 @@ Robot& Robot::until(std::string what, std::function<bool()> isTrue) {
     return *this;
 }
 
+Robot& Robot::untilFocused(const Control& control) {
+    return until("focus on " + control.name(), [this, &control] { return focused() == &control; });
+}
+
 Robot& Robot::key(int code, int modifiers) {
     return then([=] { wxUIActionSimulator().Char(code, modifiers); });
 }
@@ -93,7 +97,9 @@ void Robot::show() {
     steps_.push_front({"the screen is active", [this] { return focused() != nullptr; }});
     steps_.push_front({"the screen is shown", [this] { return dialog() && dialog()->IsShown(); },
                        // Without a window manager the window under the pointer has the focus.
-                       [this] { wxUIActionSimulator().MouseMove(dialog()->ClientToScreen({3, 3})); }});
+                       [this] {
+                           wxUIActionSimulator().MouseMove(dialog()->ClientToScreen({3, 3}));
+                       }});
     since_ = Clock::now();
     Start(tick);
     screen_.showModal();

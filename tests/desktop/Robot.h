@@ -24,6 +24,8 @@ class Robot : private wxTimer {
     Robot& then(std::function<void()> what);
     /// Waits until a condition is true. Fails after 20 seconds. `what` describes the condition.
     Robot& until(std::string what, std::function<bool()> isTrue);
+    /// Waits until the control has the keyboard focus.
+    Robot& untilFocused(const Control& control);
     /// Presses a key (wxKeyCode or an upper-case letter) with wxKeyModifiers.
     Robot& key(int code, int modifiers = 0);
     Robot& type(const std::string& text);

@@ -3,9 +3,8 @@
 #include <wx/notebook.h>
 #include <wx/toplevel.h>
 
-#include "bridge/Library.h"
-#include "doubles/RecordingHost.h"
 #include "entities/VendorEditor.h"
+#include "tests/desktop/HostedWindows.h"
 #include "tests/desktop/Robot.h"
 
 namespace tsln::desktop::test {
@@ -16,52 +15,45 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 
 /// Opens the vendor editor in a window as its operation does.
-class VendorWindow : public testing::Test {
+class VendorWindow : public HostedWindows {
   protected:
     VendorWindow() {
         host->on("Common.LoadPhoneLabels", [](Arguments a) { return a[0].object().call("AddItem", "Home"); });
-        library.Initialize(host->sharedCode());
         editor.open(0);
         editor.load();
     }
-    void untilFocused(Control& control) {
-        user.until("focus on " + control.name(), [&] { return user.focused() == &control; });
-    }
     wxNotebook& book() { return dynamic_cast<wxNotebook&>(*user.windowOf(editor.TabControl1)); }
 
-    std::shared_ptr<tsln::test::RecordingHost> host = tsln::test::RecordingHost::make();
-    WxDesktop desktop{[this](std::string_view programId) { return host->component(programId); }, ""};
-    Library library{desktop};
     VendorEditor editor{library};
     Robot user{editor};
 };
 
 TEST_F(VendorWindow, TheKeyboardAloneFillsInAndSavesAVendor) {
-    untilFocused(editor.textBox("txtName"));  // the focus is not on the tabs
+    user.untilFocused(editor.textBox("txtName"));  // the focus is not on the tabs
     user.type("Quay").key('U', wxMOD_ALT);
-    untilFocused(editor.textBox("txtAccountNumber"));
+    user.untilFocused(editor.textBox("txtAccountNumber"));
     user.type("7").key('2', wxMOD_ALT);
-    untilFocused(*editor.control("cboPhone2Label"));
+    user.untilFocused(*editor.control("cboPhone2Label"));
     user.key(WXK_TAB);
-    untilFocused(*editor.control("txtPhone2"));
+    user.untilFocused(*editor.control("txtPhone2"));
     user.type("555");
 
     user.key(WXK_PAGEDOWN, wxMOD_CONTROL).until("second page", [&] {
         return editor.TabControl1.selected() == 1;
     });
     user.click(editor.textBox("txtBillToAddress"));
-    untilFocused(editor.textBox("txtBillToAddress"));
+    user.untilFocused(editor.textBox("txtBillToAddress"));
     user.then([&] { EXPECT_FALSE(dynamic_cast<wxTopLevelWindow*>(user.dialog())->GetDefaultItem()); });
     user.type("a").key(WXK_RETURN).type("b").until("two lines", [&] {
         return editor.textBox("txtBillToAddress").text() == "a\r\nb";
     });
     user.key(WXK_PAGEDOWN, wxMOD_CONTROL).key(WXK_PAGEUP, wxMOD_CONTROL);  // works in a text box, too
     user.until("back", [&] { return editor.TabControl1.selected() == 1; });
-    untilFocused(editor.textBox("txtBillToAddress"));
+    user.untilFocused(editor.textBox("txtBillToAddress"));
     user.key(WXK_TAB, wxMOD_CONTROL);
-    untilFocused(editor.textBox("txtShipToAddress"));
+    user.untilFocused(editor.textBox("txtShipToAddress"));
     user.key(WXK_TAB, wxMOD_CONTROL);
-    untilFocused(editor.lblCopyBilling);
+    user.untilFocused(editor.lblCopyBilling);
     user.key(WXK_RETURN).until("copied", [&] {
         return editor.textBox("txtShipToAddress").text() == "a\r\nb";
     });
@@ -71,7 +63,7 @@ TEST_F(VendorWindow, TheKeyboardAloneFillsInAndSavesAVendor) {
     });
     user.key('N', wxMOD_ALT).pause();  // does nothing: the name is on another page
     user.key('M', wxMOD_ALT);
-    untilFocused(editor.textBox("txtMargin"));
+    user.untilFocused(editor.textBox("txtMargin"));
     user.type("50").key(WXK_RETURN).show();
     EXPECT_FALSE(editor.Cancelled);
     const auto inserted = host->callsOf("Database.ExecuteNonQueryWithID");
@@ -93,7 +85,7 @@ TEST_F(VendorWindow, AMissingNameMovesTheFocusToItsPage) {
     });
     user.click(editor.cmdOK).until("message", [] { return Robot::find<wxDialog>() != nullptr; });
     user.key(WXK_RETURN).until("back", [&] { return book().GetSelection() == 0; });
-    untilFocused(editor.textBox("txtName"));
+    user.untilFocused(editor.textBox("txtName"));
     user.type("V").key(WXK_RETURN).show();
     EXPECT_FALSE(editor.Cancelled);
 }

@@ -60,23 +60,6 @@ void postUntilEffect(HWND window, HWND to, UINT message, WPARAM parameter, const
         "The effect of " + what);
 }
 
-void sendKey(WORD key, WORD scan, DWORD flags) {
-    INPUT input{};
-    input.type = INPUT_KEYBOARD;
-    input.ki.wVk = key;
-    input.ki.wScan = scan;
-    input.ki.dwFlags = flags;
-    SendInput(1, &input, sizeof input);
-}
-
-/// Waits until the window's thread has processed what was typed.
-void settle(HWND window) {
-    for (int i = 0; i < 2; ++i) {
-        Sleep(3 * pause);
-        SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_NORMAL, patience, nullptr);
-    }
-}
-
 /// The window that holds the rows of a list.
 bool holdsRows(HWND window) {
     return isClass(window, L"wxDataView");
@@ -235,62 +218,6 @@ void WindowDriver::bringToFront(const std::string& caption) {
             return GetForegroundWindow() == at;
         },
         "'" + caption + "' in front");
-}
-
-void WindowDriver::key(const std::string& caption, int key, int held) {
-    bringToFront(caption);
-    // Without this flag, these keys are those of the number pad.
-    const bool extended = (key >= VK_PRIOR && key <= VK_DOWN) || key == VK_INSERT || key == VK_DELETE;
-    const DWORD flags = extended ? KEYEVENTF_EXTENDEDKEY : 0;
-    if (held) sendKey(static_cast<WORD>(held), 0, 0);
-    sendKey(static_cast<WORD>(key), 0, flags);
-    sendKey(static_cast<WORD>(key), 0, flags | KEYEVENTF_KEYUP);
-    if (held) sendKey(static_cast<WORD>(held), 0, KEYEVENTF_KEYUP);
-    settle(GetForegroundWindow());
-}
-
-void WindowDriver::keyUntil(const std::string& caption, int key, int held, const std::function<bool()>& done) {
-    waitFor<bool>(
-        [&] {
-            this->key(caption, key, held);
-            for (int i = 0; i < 25 && !done(); ++i)
-                Sleep(pause);
-            return done();
-        },
-        "The effect of key " + std::to_string(key) + " in '" + caption + "'");
-}
-
-void WindowDriver::waitForProgress(const std::string& caption) {
-    waitFor<bool>(
-        [&] {
-            return std::ranges::none_of(childrenOf(window(caption)),
-                                        [](HWND at) { return isClass(at, L"msctls_progress32"); });
-        },
-        "The end of the work of '" + caption + "'");
-}
-
-void WindowDriver::type(const std::string& caption, const std::string& text) {
-    bringToFront(caption);
-    for (const wchar_t unit : com::toWide(text)) {
-        sendKey(0, unit, KEYEVENTF_UNICODE);
-        sendKey(0, unit, KEYEVENTF_UNICODE | KEYEVENTF_KEYUP);
-    }
-    settle(GetForegroundWindow());
-}
-
-bool WindowDriver::isEnabled(const std::string& window, const std::string& caption) {
-    const auto buttons = [&]() -> HWND {
-        for (const HWND at : childrenOf(this->window(window))) {
-            if (isClass(at, L"Button") && captionOf(at) == caption) return at;
-        }
-        return nullptr;
-    };
-    return IsWindowEnabled(waitFor<HWND>(buttons, "Button '" + caption + "' of '" + window + "'"));
-}
-
-bool WindowDriver::shows(const std::string& window, const std::string& caption) {
-    return std::ranges::any_of(childrenOf(this->window(window)),
-                               [&](HWND at) { return captionOf(at) == caption; });
 }
 
 void WindowDriver::close(const std::string& caption) {

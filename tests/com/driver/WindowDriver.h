@@ -44,19 +44,6 @@ class WindowDriver {
     std::string read(const std::string& window, std::size_t field);
     /// Puts the window in front of all others, so that it gets the keys that are typed.
     void bringToFront(const std::string& window);
-    /// Presses a key on the keyboard, with the window in front, and waits until the window has taken it: a virtual key
-    /// code or an upper-case letter, and VK_MENU or VK_CONTROL held meanwhile.
-    void key(const std::string& window, int key, int held = 0);
-    /// Types text on the keyboard, with the window in front.
-    void type(const std::string& window, const std::string& text);
-    /// Whether a button is enabled, by its caption. It must be there.
-    bool isEnabled(const std::string& window, const std::string& button);
-    /// Whether the window has a visible part with this caption.
-    bool shows(const std::string& window, const std::string& caption);
-    /// Presses a key as key() does, again and again until `done` is true: a window that is working drops keys.
-    void keyUntil(const std::string& window, int key, int held, const std::function<bool()>& done);
-    /// Waits until the window shows no progress bar.
-    void waitForProgress(const std::string& window);
     /// Clicks the close box. The window must close or open another one.
     void close(const std::string& window);
     /// Selects the first row of a list of records, once the list has one. Other processes and threads see no more of

@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include "automation/FilePath.h"
 #include "tests/com/server/OverCompany.h"
@@ -19,26 +19,6 @@ class RoamingTest : public OverCompany {
         OverCompany::SetUp();
     }
 };
-
-TEST_F(RoamingTest, AWorkstationIsSavedAndListed) {
-    LONG key = 4;
-    LONG saved = 0;
-    {
-        const User user([](WindowDriver& at) {
-            constexpr const char* title = "Edit Roaming Workstation";
-            EXPECT_EQ("Installation van", at.read(title, 0));
-            at.fill(title, 0, "Second van");
-            at.press(title, "OK");
-        });
-        ASSERT_EQ(S_OK, library->ShowEditRoamingWorkstation(&key, &saved));
-    }
-    EXPECT_EQ(4, saved);
-    EXPECT_EQ("Second van", value("SELECT Name FROM RoamingWorkstations WHERE ID = 4"));
-    EXPECT_THAT(ui.told,
-                ::testing::ElementsAre("A identity code has been assigned to this Roaming Workstation."));
-    const User user([](WindowDriver& at) { at.press("Roaming Workstations", "&Close"); });
-    EXPECT_EQ(S_OK, library->ShowRoamingWorkstations());
-}
 
 TEST_F(RoamingTest, TheAgentCompletesTheInitialSyncAndTheScreenClosesByItself) {
     const std::string code = value("SELECT UniqueID FROM RoamingWorkstations WHERE ReferenceCode = 20");
@@ -62,17 +42,6 @@ TEST_F(RoamingTest, TheAgentCompletesTheInitialSyncAndTheScreenClosesByItself) {
     EXPECT_EQ(VARIANT_FALSE, cancelled);
     EXPECT_EQ("4", value("SELECT SyncState FROM Company"));
     EXPECT_EQ("4", value("SELECT SyncState FROM RoamingWorkstations WHERE ReferenceCode = 20"));
-}
-
-TEST_F(RoamingTest, AResetClosesTheScreenAndTellsTheHost) {
-    {
-        const User user(
-            [](WindowDriver& at) { at.press("Manage Roaming Workstation", "&Reset Sync State..."); });
-        ASSERT_EQ(S_OK, library->ShowRoamingWorkstationManager());
-    }
-    EXPECT_EQ("5", value("SELECT SyncState FROM Company"));
-    ASSERT_EQ(1U, session.notices().size());
-    EXPECT_EQ("1", session.notices()[0].about);
 }
 
 }  // namespace

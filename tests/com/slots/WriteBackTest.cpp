@@ -179,6 +179,7 @@ TEST_F(WriteBackTest, LateBoundVariablesAreWrittenInTheirOwnTypes) {
     VARIANT toReal = refer(VT_R8, &real);
     VARIANT link = refer(VT_VARIANT, &toReal);
     ASSERT_EQ(S_OK, callByName(L"ShowMoveReferences", {refer(VT_BSTR, &text), refer(VT_VARIANT, &link)}));
+    EXPECT_EQ(given, (std::vector<Variant>{std::int16_t{5}, 6})) << "converted to the table's types";
     EXPECT_EQ("12", fromBstr(text));
     EXPECT_EQ(70000, real);
     EXPECT_EQ(VT_R8 | VT_BYREF, V_VT(&toReal)) << "the reference itself is kept";

@@ -60,24 +60,6 @@ TEST_F(CompanyTest, ANewCompanyHoldsTheDemonstrationData) {
     EXPECT_EQ(folder_.size(), 1u);  // no temporary file is left
 }
 
-TEST_F(CompanyTest, EveryExportHasAView) {
-    SQLite::Database file(company_.path());
-    SQLite::Statement views(
-        file, "SELECT name FROM sqlite_schema WHERE type = 'view' AND name LIKE 'vwExporting%'");
-    int count = 0;
-    while (views.executeStep()) {
-        EXPECT_NO_THROW(company_.read("SELECT * FROM " + views.getColumn(0).getString()));
-        ++count;
-    }
-    EXPECT_EQ(count, 31);
-    EXPECT_NE(company_.read("SELECT * FROM vwExportingManufacturers").find("<Manufacturer>"),
-              std::string::npos);
-    company_.execute("INSERT INTO Terms (Terms) VALUES ('Net 30')");
-    std::string terms = company_.read("SELECT * FROM vwExporting_Terms");
-    EXPECT_NE(terms.find("<UniqueID>"), std::string::npos);
-    EXPECT_EQ(terms.find("<ID>"), std::string::npos);
-}
-
 TEST_F(CompanyTest, TextIsStoredUnchanged) {
     const std::string texts[] = {"O'Brien & <Sons>", "𝄞 𠀋 ü", std::string(60'000, 'w') + "é",
                                  " blanks ",         "]]>",    "&#13;"};

@@ -35,6 +35,11 @@ void makeOlder(const std::string& path) {
           "ALTER TABLE Vendors DROP COLUMN Locked", "PRAGMA user_version = 1"}) {
         file.exec(sql);
     }
+    for (const std::string table : {"Vendors", "Employees"}) {
+        file.exec("ALTER TABLE " + table + " ADD COLUMN UpdatedOn TEXT NOT NULL DEFAULT 'then'");
+        file.exec("CREATE TRIGGER " + table + "_Updated AFTER UPDATE ON " + table + " BEGIN UPDATE " + table +
+                  " SET UpdatedOn = 'now' WHERE ID = NEW.ID; END");
+    }
 }
 
 TEST(SchemaTest, OpeningAnOlderCompanyUpgradesItAndKeepsItsRows) {
@@ -51,10 +56,11 @@ TEST(SchemaTest, OpeningAnOlderCompanyUpgradesItAndKeepsItsRows) {
             return std::string(error.what());
         }
     };
-    std::string customers;
+    std::string customers, employees;
     {
         Company company(path);
         customers = rows(company, "SELECT * FROM Customers ORDER BY ID");
+        employees = rows(company, "SELECT * FROM Employees ORDER BY ID");
     }
     SQLite::Database file(path, SQLite::OPEN_READWRITE);
     const std::string now = partsOf(file);
@@ -74,6 +80,8 @@ TEST(SchemaTest, OpeningAnOlderCompanyUpgradesItAndKeepsItsRows) {
         EXPECT_EQ(partsOf(file), now);
         EXPECT_EQ(file.execAndGet("PRAGMA user_version").getInt(), schema::version);
         EXPECT_EQ(rows(company, "SELECT * FROM Customers ORDER BY ID"), customers);
+        company.execute("UPDATE Employees SET Exported = Exported");
+        EXPECT_EQ(rows(company, "SELECT * FROM Employees ORDER BY ID"), employees);
         EXPECT_EQ(rows(company, "SELECT COUNT(*) FROM Accounts"), "0");
         EXPECT_EQ(rows(company, "SELECT DISTINCT Locked FROM Vendors"), "0");
         company.execute("INSERT INTO Accounts (Account) VALUES ('Sales')");
@@ -90,7 +98,7 @@ TEST(SchemaTest, AnUpgradeThatFailsHalfwayLeavesTheFileUnchanged) {
     makeOlder(path);
     SQLite::Database file(path, SQLite::OPEN_READWRITE);
     // The upgrade drops the column, but SQLite drops no column with an index.
-    file.exec("ALTER TABLE Vendors ADD COLUMN UpdatedOn TEXT; CREATE INDEX Held ON Vendors (UpdatedOn)");
+    file.exec("CREATE INDEX Held ON Vendors (UpdatedOn)");
     const std::string before = partsOf(file);
     EXPECT_THROW(Company company(path), CompanyFileError);
     EXPECT_EQ(partsOf(file), before);

@@ -1,4 +1,3 @@
-#include <SQLiteCpp/SQLiteCpp.h>
 #include <gmock/gmock.h>
 
 #include "entities/CompanyEditor.h"
@@ -6,7 +5,6 @@
 #include "entities/UpdateOrderInformation.h"
 #include "tests/workbench/host/HostStage.h"
 #include "workbench/host/PersonNameText.h"
-#include "workbench/host/RecordLists.h"
 
 namespace tsln::workbench {
 namespace {
@@ -23,24 +21,6 @@ struct CustomerCompany : ModuleStage {
     std::int32_t edit(std::int32_t ID, Act act) {
         desktop.user<CustomerEditor>("frmEditCustomer", act);
         return library->ShowEditCustomer(ID);
-    }
-    std::vector<std::string> history(std::int32_t ID) const {
-        std::vector<std::string> texts;
-        for (const HistoryEntry& entry :
-             historyOf(session->company(), *recordKindOf(Operation::ShowEditCustomer), ID))
-            texts.push_back(entry.text);
-        return texts;
-    }
-    /// The rows of a query, each as its values.
-    std::vector<std::string> rows(const std::string& sql) const {
-        std::vector<std::string> all;
-        for (const auto& row : session->company().run(sql).rows) {
-            std::string text;
-            for (const Variant& value : row)
-                text += (text.empty() ? "" : "|") + (value.isNull() ? std::string("-") : value.toText());
-            all.push_back(text);
-        }
-        return all;
     }
     std::vector<std::string> addressesOf(std::int32_t ID) const {
         return rows(
@@ -93,7 +73,7 @@ TEST(CustomerOnCompany, ACustomerIsAddedReadBackAndItsChangesAreInTheHistory) {
         "SELECT GroupName FROM Groups INNER JOIN GroupedCustomers ON Groups.ID = GroupID WHERE CustomerID = " +
         std::to_string(ID) + " ORDER BY GroupName";
     EXPECT_THAT(stage.rows(groups), ElementsAre("Builders", "Newsletter"));
-    EXPECT_THAT(stage.history(ID), ElementsAre("Customer added."));
+    EXPECT_THAT(stage.history(Operation::ShowEditCustomer, ID), ElementsAre("Customer added."));
     EXPECT_EQ(stage.lastEvent(), "Customer 'O'Brien, Anna Maria was added.");
     EXPECT_EQ(stage.session->notices().back().code, 3001);
 
@@ -111,7 +91,7 @@ TEST(CustomerOnCompany, ACustomerIsAddedReadBackAndItsChangesAreInTheHistory) {
                              editor.cmdOK.userPress();
                          }),
               ID);
-    EXPECT_THAT(stage.history(ID),
+    EXPECT_THAT(stage.history(Operation::ShowEditCustomer, ID),
                 ElementsAre("Customer updated:\r\nPhone1:  to 555\r\nActive: Yes to No", "Customer added."));
     EXPECT_THAT(stage.addressesOf(ID), ElementsAre("Home|9 Quay Rd|Merriden Falls|1"))
         << "the database makes another address the default";
@@ -121,7 +101,7 @@ TEST(CustomerOnCompany, ACustomerIsAddedReadBackAndItsChangesAreInTheHistory) {
     EXPECT_THAT(stage.desktop.boxes, IsEmpty());
 }
 
-TEST(CustomerOnCompany, NamesAndAccountNumbersAreUniqueButAnyNumberOfCustomersHaveNoAccount) {
+TEST(CustomerOnCompany, AnyNumberOfCustomersHaveNoAccount) {
     CustomerCompany stage;
     for (const char* name : {"First", "Second"}) {
         EXPECT_GT(stage.edit(0,
@@ -132,25 +112,13 @@ TEST(CustomerOnCompany, NamesAndAccountNumbersAreUniqueButAnyNumberOfCustomersHa
                   0);
     }
     EXPECT_THAT(stage.desktop.boxes, IsEmpty());
-    stage.edit(0, [&](CustomerEditor& editor) {
-        editor.textBox("txtCustomerName").userType(" first ");
-        editor.cmdOK.userPress();
-        editor.textBox("txtCustomerName").userType("Third");
-        editor.textBox("txtAccountNumber").userType("c1001");
-        editor.cmdOK.userPress();
-    });
-    ASSERT_EQ(stage.desktop.boxes.size(), 2U);
-    EXPECT_EQ(stage.desktop.boxes[0].text, "A customer with the name 'first' already exists.");
-    EXPECT_EQ(stage.desktop.boxes[1].text, "A customer with the account number 'c1001' already exists.");
     EXPECT_THAT(stage.addressesOf(61), ElementsAre("Billing Address|||1"))
         << "a customer without an address is reached at the billing address";
 }
 
 TEST(CustomerOnCompany, ARefusedAddressIsToldWithTheDatabasesWordsAndTheCustomerStays) {
     CustomerCompany stage;
-    SQLite::Database(stage.folder.file("test.company"), SQLite::OPEN_READWRITE)
-        .exec(
-            "CREATE TRIGGER Refuse BEFORE UPDATE ON CustomerAddresses WHEN NEW.ID = 5 BEGIN SELECT RAISE(ABORT, 'Refused'); END");
+    stage.refuse("UPDATE ON CustomerAddresses WHEN NEW.ID = 5");
     EXPECT_EQ(stage.edit(5,
                          [](CustomerEditor& editor) {
                              editor.textBox("txtContact").userType("Kept");

@@ -3,7 +3,6 @@
 #include "entities/EmployeeEditor.h"
 #include "security/Roles.h"
 #include "tests/workbench/host/HostStage.h"
-#include "workbench/host/RecordLists.h"
 #include "workbench/host/StoredSecret.h"
 #include "workbench/sql/SqlSecrets.h"
 
@@ -37,13 +36,6 @@ struct SecuredCompany : ModuleStage {
     std::int32_t edit(std::int32_t ID, Act act) {
         desktop.user<EmployeeEditor>("frmEditEmployee", act);
         return library->ShowEditEmployee(ID);
-    }
-    std::vector<std::string> history(std::int32_t ID) const {
-        std::vector<std::string> texts;
-        for (const HistoryEntry& entry :
-             historyOf(session->company(), *recordKindOf(Operation::ShowEditEmployee), ID))
-            texts.push_back(entry.text);
-        return texts;
     }
 };
 
@@ -129,7 +121,8 @@ TEST(EmployeesOnCompany, AnEmployeeIsAddedAndReadBack) {
         editor.textBox("txtNotes").userType("new");
         editor.cmdOK.userPress();
     });
-    EXPECT_THAT(stage.history(ID), ElementsAre("Employee updated:\r\nNotes:  to new", "Employee added."));
+    EXPECT_THAT(stage.history(Operation::ShowEditEmployee, ID),
+                ElementsAre("Employee updated:\r\nNotes:  to new", "Employee added."));
 }
 
 TEST(EmployeesOnCompany, StatementsAreShownWithoutTheirSecrets) {

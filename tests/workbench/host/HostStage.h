@@ -11,11 +11,12 @@
 #include <gtest/gtest.h>
 
 #include "bridge/Library.h"
-#include "module/Module.h"
 #include "doubles/ScriptedDesktop.h"
 #include "doubles/TempFolder.h"
+#include "module/Module.h"
 #include "tests/workbench/company/CompanyFixture.h"
 #include "workbench/host/CompanySession.h"
+#include "workbench/host/RecordLists.h"
 
 namespace tsln::workbench {
 
@@ -29,7 +30,7 @@ class RecordingUi : public HostUi {
     std::vector<RecordSearch> searches;
     std::optional<std::int32_t> searched;  ///< the record that the user chooses; empty: cancelled
     std::optional<std::string> folder;     ///< the folder that the user chooses; empty: cancelled
-    bool sends = false;                 ///< the user sends every e-mail as it is shown, or cancels it
+    bool sends = false;                    ///< the user sends every e-mail as it is shown, or cancels it
 
     Reply showMessage(const Message& message) override {
         shown.push_back(message);
@@ -95,7 +96,31 @@ struct HostStage {
         const Variant found = session->company().scalar(sql);
         return found.isEmpty() || found.isNull() ? "-" : found.toText();
     }
+    /// Returns the rows of a query, each as its values.
+    std::vector<std::string> rows(std::string_view sql) const {
+        std::vector<std::string> all;
+        for (const auto& row : session->company().run(sql).rows) {
+            std::string& text = all.emplace_back();
+            for (const Variant& value : row)
+                text += (text.empty() ? "" : "|") + (value.isNull() ? std::string("-") : value.toText());
+        }
+        return all;
+    }
     void run(std::string_view sql) const { session->company().execute(sql); }
+    std::vector<std::string> events() const { return rows("SELECT EventText FROM EventLog ORDER BY ID"); }
+    /// The texts in the history of a record that this operation edits, the last one first.
+    std::vector<std::string> history(Operation editor, std::int32_t ID) const {
+        std::vector<std::string> texts;
+        for (const HistoryEntry& entry : historyOf(session->company(), *recordKindOf(editor), ID))
+            texts.push_back(entry.text);
+        return texts;
+    }
+    /// From now on the database refuses a change: "UPDATE ON Vendors", "UPDATE ON Vendors WHEN ...".
+    void refuse(const std::string& change) const {
+        SQLite::Database(folder.file("test.company"), SQLite::OPEN_READWRITE)
+            .exec("CREATE TRIGGER \"" + change + "\" BEFORE " + change +
+                  " BEGIN SELECT RAISE(ABORT, 'Refused'); END");
+    }
     std::string lastEvent() const { return value("SELECT TOP 1 EventText FROM EventLog ORDER BY ID DESC"); }
 };
 

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "lists/ListReferences.h"
 #include "lists/Locations.h"
 #include "lists/MoveListReferences.h"
 #include "lists/ReplacementDiscountGroup.h"
@@ -10,6 +11,7 @@
 #include "lists/Tags.h"
 #include "maintenance/ListScreen.h"
 #include "maintenance/RecordDialog.h"
+#include "screens/CheckList.h"
 #include "tests/workbench/host/HostStage.h"
 
 namespace tsln::workbench {
@@ -37,10 +39,27 @@ void select(ListScreen& list, std::string_view name) {
     ADD_FAILURE() << "there is no row " << name;
 }
 
-TEST(ListsOnCompany, EveryListShowsTheCompanysRows) {
+/// Gives each field of a dialog something that it accepts, and saves.
+void fillAndSave(Screen& dialog) {
+    std::string text = "Swept's";  // the name comes first
+    Button* ok = nullptr;
+    for (Control* control : dialog.controls()) {
+        if (auto* box = dynamic_cast<TextBox*>(control)) box->userType(std::exchange(text, "2"));
+        if (auto* combo = dynamic_cast<ComboBox*>(control); combo && !combo->entries().empty())
+            combo->userChoose(static_cast<int>(combo->entries().size()) - 1);
+        if (auto* list = dynamic_cast<CheckList*>(control)) list->userTick(0, true);
+        if (auto* button = dynamic_cast<Button*>(control); button && button->role() == Button::Role::Default)
+            ok = button;
+    }
+    ok->userPress();
+    EXPECT_FALSE(dialog.shown());
+}
+
+TEST(ListsOnCompany, EveryListShowsAddsEditsAndDeletesTheCompanysRows) {
     struct Case {
         Operation open;
-        const char *screen, *count;
+        const char *screen, *table;
+        bool adds = true;
     };
     using enum Operation;
     for (const Case& c : {
@@ -59,9 +78,9 @@ TEST(ListsOnCompany, EveryListShowsTheCompanysRows) {
              {ShowMeasurementRooms, "frmMeasurementRooms", "MeasurementRooms"},
              {ShowMeasurementItems, "frmMeasurementItems", "MeasurementItems"},
              {ShowMeasurementMounts, "frmMeasurementMounts", "MeasurementMounts"},
-             {ShowLocations, "frmLocations", "Locations"},
+             {ShowLocations, "frmLocations", "Locations", false},  // the database refuses the statement
              {ShowProductTags, "frmProductTags", "ProductTags WHERE ProductID = 1"},
-             {ShowPortfolioTags, "frmPortfolioTags", "PortfolioTags"},
+             {ShowPortfolioTags, "frmPortfolioTags", "PortfolioTags", false},
              {ShowFieldMeasureCriteria, "frmFieldMeasureCriteria", "FieldMeasureCriteria"},
              {ShowQuoteApprovalCriteria, "frmQuoteApprovalCriteria", "QuoteApproval"},
              {ShowRequireDepositCriteria, "frmRequireDepositCriteria", "RequireDepositCriteria"},
@@ -72,9 +91,26 @@ TEST(ListsOnCompany, EveryListShowsTheCompanysRows) {
          }) {
         SCOPED_TRACE(c.screen);
         ModuleStage stage;
+        const auto stored = [&] {
+            return std::stoul(stage.value("SELECT COUNT(*) FROM " + std::string(c.table)));
+        };
+        stage.desktop.answers.assign(9, MessageAnswer::Yes);
+        for (int i = 0; i < 2; ++i)
+            stage.desktop.user<Screen>(std::string(c.screen) + "_Edit", fillAndSave);
+        stage.desktop.user<Screen>("frmGetReplacementDiscountGroup", fillAndSave);
         stage.desktop.user<ListScreen>(c.screen, [&](ListScreen& list) {
-            EXPECT_EQ(std::to_string(list.rptItems.rowCount()),
-                      stage.value("SELECT COUNT(*) FROM " + std::string(c.count)));
+            ReportControl& items = list.rptItems;
+            const std::size_t before = items.recordCount();
+            EXPECT_EQ(before, stored());
+            if (!c.adds) return;
+            list.cmdNew.userPress();
+            EXPECT_EQ(stored(), before + 1);
+            ASSERT_EQ(items.recordCount(), before + 1);
+            select(list, "Swept's");
+            if (list.cmdEdit.enabled()) list.cmdEdit.userPress();
+            list.cmdDelete.userPress();
+            EXPECT_EQ(items.recordCount(), before);
+            EXPECT_EQ(stored(), before);
         });
         std::vector<Argument> arguments(info(c.open).argumentCount, Argument(Variant(1)));
         stage.library->perform(c.open, Arguments(arguments));
@@ -179,32 +215,51 @@ TEST(ListsOnCompany, SalesTaxCodesAreAssignedToAGroup) {
     EXPECT_THAT(stage.ui.shown.back().text, HasSubstr("referenced 1 times"));
 }
 
-TEST(ListsOnCompany, ReferencesAreMovedAndCounted) {
-    ModuleStage stage;
-    const auto references = [&](const char* ID) {
-        int sum = 0;
-        for (const char* table : {"Customers", "Orders", "PurchaseOrders"}) {
-            sum += std::stoi(stage.value("SELECT COUNT(*) FROM " + std::string(table) +
-                                         " WHERE ShippingMethodID = " + ID));
+TEST(ListsOnCompany, ReferencesToEveryListAreMovedAndCounted) {
+    const TestFolder folder;
+    Company demonstration(folder.file("demonstration.company"));
+    std::int16_t code = 1;
+    for (; const auto* list = lists::findReferencedList(code); ++code) {
+        SCOPED_TRACE(list->table);
+        ModuleStage stage;
+        const std::string table(list->table), name(list->nameColumn);
+        stage.run("INSERT INTO Terms (Terms) VALUES ('Net 30'), ('Net 60')");
+        stage.run("UPDATE " + std::string(list->references[0].table) + " SET " +
+                  std::string(list->references[0].column) + " = 1 WHERE ID = 1");
+        const auto count = [](Company& in, const lists::Reference& reference, const std::string& which) {
+            return in
+                .scalar("SELECT COUNT(*) FROM " + std::string(reference.table) + " WHERE " +
+                        std::string(reference.column) + which)
+                .toLong();
+        };
+        const auto references = [&](const std::string& which) {
+            int sum = 0;
+            for (const lists::Reference& reference : list->references)
+                sum += count(stage.session->company(), reference, which);
+            return sum;
+        };
+        for (const lists::Reference& reference : list->references) {
+            EXPECT_GT(count(demonstration, reference, " IN (SELECT ID FROM " + table + ")"), 0);
+            EXPECT_EQ(count(demonstration, reference, " NOT IN (SELECT ID FROM " + table + ")"), 0);
         }
-        return sum;
-    };
-    const int moving = references("1"), there = references("2");
-    ASSERT_GT(moving, 0);
-    stage.desktop.user<lists::MoveListReferences>(
-        "frmMoveListReferences", [&](lists::MoveListReferences& screen) {
-            EXPECT_EQ(screen.txtName.text(),
-                      stage.value("SELECT ShippingMethod FROM ShippingMethods WHERE ID = 1"));
-            choose(screen.cboReplacement,
-                   stage.value("SELECT ShippingMethod FROM ShippingMethods WHERE ID = 2"));
-            screen.cmdOK.userPress();
-        });
-    EXPECT_FALSE(stage.library->ShowMoveReferences(1, 1));
-    EXPECT_EQ(references("1"), 0);
-    EXPECT_EQ(references("2"), there + moving);
-    ASSERT_EQ(stage.desktop.boxes.size(), 1U);
-    EXPECT_EQ(stage.desktop.boxes[0].text,
-              "Update complete. A total of " + std::to_string(moving) + " references where updated.");
+        const int moving = references(" = 1"), there = references(" = 2");
+        EXPECT_GT(moving, 0);
+        stage.desktop.user<lists::MoveListReferences>(
+            "frmMoveListReferences", [&](lists::MoveListReferences& screen) {
+                EXPECT_EQ(screen.txtName.text(),
+                          stage.value("SELECT " + name + " FROM " + table + " WHERE ID = 1"));
+                choose(screen.cboReplacement,
+                       stage.value("SELECT " + name + " FROM " + table + " WHERE ID = 2"));
+                screen.cmdOK.userPress();
+            });
+        EXPECT_FALSE(stage.library->ShowMoveReferences(code, 1));
+        EXPECT_EQ(references(" = 1"), 0);
+        EXPECT_EQ(references(" = 2"), there + moving);
+        ASSERT_EQ(stage.desktop.boxes.size(), 1U);
+        EXPECT_EQ(stage.desktop.boxes[0].text,
+                  "Update complete. A total of " + std::to_string(moving) + " references where updated.");
+    }
+    EXPECT_EQ(code, 15);
 }
 
 TEST(ListsOnCompany, TagsAreAddedAndRenamed) {

@@ -289,9 +289,11 @@ TEST(Members, ActivityAndNoticesAreStored) {
     stage.part("Activity")->call("RecordEmployeeActivity", 3, "e");
     EXPECT_EQ(stage.value("SELECT Activity FROM CustomerActivity WHERE CustomerID = 7 AND EmployeeID = 1"),
               "Customer's <id> added.");
-    EXPECT_EQ(stage.value("SELECT Activity FROM VendorActivity WHERE VendorID = 8"), "v");
-    EXPECT_EQ(stage.value("SELECT TOP 1 Activity FROM EmployeeActivity WHERE EmployeeID = 3 AND ByEmployeeID = 1 ORDER BY ID DESC"),
-              "e");
+    EXPECT_EQ(stage.value("SELECT Activity FROM VendorActivity WHERE VendorID = 8 AND EmployeeID = 1"), "v");
+    EXPECT_EQ(
+        stage.value(
+            "SELECT TOP 1 Activity FROM EmployeeActivity WHERE EmployeeID = 3 AND ByEmployeeID = 1 ORDER BY ID DESC"),
+        "e");
     stage.part("Messages")->call("PostMessage", 3001, 7);
     stage.part("Messages")->call("PostMessage", 6001);
     ASSERT_EQ(stage.session->notices().size(), 2U);

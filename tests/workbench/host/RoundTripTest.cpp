@@ -18,7 +18,8 @@ const std::string& filledCompany() {
         for (
             const char* sql : {
                 "INSERT INTO Terms (Terms,DueDays,Discount,DiscountDays,Exported) VALUES('Net 90', 90, 0.025, 10, 1)",
-                "INSERT INTO Terms (Terms) VALUES('COD')",
+                "INSERT INTO Terms (Terms) VALUES('it''s <Bold>'), ('{0} <d> & \"q\"'), "
+                "('two\r\nlines\tand a tab'), ('  blanks '), ('\xF0\x9F\xAA\x9F window')",
                 "INSERT INTO MeasurementRooms (Room) VALUES('Sun room'), ('Kitchen')",
                 "INSERT INTO MeasurementItems (ItemName) VALUES('Window'), ('Door')",
                 "INSERT INTO MeasurementMounts (Mount) VALUES('Inside'), ('Outside')",

@@ -2,19 +2,16 @@
 
 #include <gmock/gmock.h>
 
-#include "maintenance/ListCommands.h"
 #include "maintenance/ListScreen.h"
 #include "maintenance/RecordDialog.h"
 #include "shared/modSharedStrings.h"
 #include "tests/workbench/host/HostStage.h"
 #include "workbench/host/MessageMembers.h"
-#include "workbench/sql/SqlText.h"
 
 namespace tsln::workbench {
 namespace {
 
 using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::IsEmpty;
 
 TextBox& box(RecordDialog& dialog, const char* name) {
@@ -41,12 +38,6 @@ auto typing(std::string name, std::string days = "30") {
     };
 }
 
-void more(ModuleStage& stage, ListScreen& list, int command, const std::string& file) {
-    stage.desktop.popupChoices = {command};
-    stage.desktop.files = {file};
-    list.cmdMore.userPress();
-}
-
 TEST(TermsOnCompany, TermsAreAddedEditedRefusedAndDeleted) {
     ModuleStage stage;
     stage.desktop.user<ListScreen>("frmTerms", [&](ListScreen& list) {
@@ -68,101 +59,20 @@ TEST(TermsOnCompany, TermsAreAddedEditedRefusedAndDeleted) {
         EXPECT_EQ(stage.desktop.boxes[1].text, "This term already exists.");
 
         select(list, 1);
-        stage.desktop.user<RecordDialog>("frmTerms_Edit", typing("Cash on delivery", "1"));
+        stage.desktop.user<RecordDialog>("frmTerms_Edit",
+                                         typing("O'Brien's {0} <Bold> \xF0\x9F\xAA\x9F", "1"));
         list.cmdEdit.userPress();
         select(list, 0);
         list.cmdDelete.userPress();
-        EXPECT_THAT(names(list), ElementsAre("Cash on delivery"));
+        EXPECT_THAT(names(list), ElementsAre("O'Brien's {0} <Bold> \xF0\x9F\xAA\x9F"));
     });
     stage.desktop.answers = {MessageAnswer::No};  // the default terms are declined
     stage.library->ShowTerms();
     EXPECT_EQ(
         stage.session->company().read("SELECT ID, Terms, DueDays, Discount FROM Terms"),
-        "<Records><Record><ID>2</ID><Terms>Cash on delivery</Terms><DueDays>1</DueDays><Discount>0</Discount></Record></Records>");
+        "<Records><Record><ID>2</ID><Terms>O'Brien's {0} &lt;Bold&gt; \xF0\x9F\xAA\x9F</Terms><DueDays>1</DueDays><Discount>0</Discount></Record></Records>");
     EXPECT_EQ(stage.value("SELECT COUNT(*) FROM EventLog"), "0");
     EXPECT_THAT(stage.ui.shown, IsEmpty());
-}
-
-TEST(TermsOnCompany, NamesWithSpecialCharactersAreStoredAndReadBack) {
-    std::string longName(60'000, 'x');
-    longName.replace(30'000, 1, "'");
-    const std::string oddNames[] = {"O'Brien's ''",
-                                    "<Bold>",
-                                    "{0} {1}",
-                                    "\xF0\x9F\xAA\x9F \xC3\x9F \xE6\xBC\xA2",
-                                    "[x] -- /* % _ ; \" \\",
-                                    "&amp; &lt; &",
-                                    longName};
-    ModuleStage stage;
-    for (const std::string& name : oddNames) {
-        stage.desktop.user<RecordDialog>("frmTerms_Edit", typing(name));
-        const auto ID = stage.library->ShowEditTerms(0);
-        ASSERT_GT(ID, 0) << name.substr(0, 40);
-        const std::string where = " FROM Terms WHERE ID = " + std::to_string(ID);
-        EXPECT_EQ(stage.value("SELECT Terms" + where), name);
-        EXPECT_EQ(stage.value("SELECT COUNT(*) FROM Terms WHERE Terms = " + literal(name)), "1");
-        stage.desktop.user<RecordDialog>("frmTerms_Edit", [&](RecordDialog& dialog) {
-            EXPECT_EQ(box(dialog, "txtTerms").text(), name);
-            box(dialog, "txtDueIn").userType("31");
-            dialog.cmdOK.userPress();
-        });
-        EXPECT_EQ(stage.library->ShowEditTerms(ID), ID);
-        EXPECT_EQ(stage.value("SELECT Terms" + where), name);
-        EXPECT_EQ(stage.value("SELECT DueDays" + where), "31");
-    }
-    // A name that equals a later tag of the statement is replaced by its value (deliberate).
-    stage.desktop.user<RecordDialog>("frmTerms_Edit", typing("<d>"));
-    EXPECT_EQ(
-        stage.value("SELECT Terms FROM Terms WHERE ID = " + std::to_string(stage.library->ShowEditTerms(0))),
-        "0");
-    EXPECT_THAT(stage.desktop.boxes, IsEmpty());
-    EXPECT_THAT(stage.ui.shown, IsEmpty());
-}
-
-TEST(TermsOnCompany, TermsAreExportedAndImportedThroughTheScreen) {
-    ModuleStage stage;
-    stage.run("INSERT INTO Terms (Terms,DueDays) VALUES('O''Brien', 30)");
-    const std::string file = stage.folder.file("terms.xml");
-    const std::string wrong = stage.folder.write("wrong.xml", "<Records/>");
-    stage.desktop.user<ListScreen>("frmTerms", [&](ListScreen& list) {
-        more(stage, list, command::exportList, file);
-        select(list, 0);
-        list.cmdDelete.userPress();
-        EXPECT_THAT(names(list), IsEmpty());
-        more(stage, list, command::import, file);
-        EXPECT_THAT(names(list), ElementsAre("O'Brien"));
-        more(stage, list, command::import, wrong);
-        more(stage, list, command::exportList, stage.folder.file("no/folder.xml"));
-    });
-    stage.library->ShowTerms();
-    std::vector<std::string> texts;
-    for (const auto& shown : stage.desktop.boxes)
-        texts.push_back(shown.text);
-    EXPECT_THAT(texts, ElementsAre("The terms were exported to '" + file + "'", "The terms were imported.",
-                                   "The terms could not be imported.", "The terms could not be exported."));
-    EXPECT_EQ(stage.value("SELECT COUNT(*) FROM Terms WHERE DueDays = 30"), "1");
-    EXPECT_EQ(stage.value("SELECT COUNT(*) FROM EventLog WHERE EventType = 1"), "2");
-}
-
-TEST(TermsOnCompany, AViewerCannotChangeTerms) {
-    ModuleStage stage("viewer");
-    stage.desktop.user<ListScreen>("frmTerms", [&](ListScreen& list) {
-        for (Button* button : {&list.cmdNew, &list.cmdEdit, &list.cmdDelete})
-            EXPECT_FALSE(button->enabled());
-        stage.run("INSERT INTO Terms (Terms) VALUES('Net 30')");
-    });
-    stage.library->ShowTerms();
-    EXPECT_THAT(stage.desktop.boxes, IsEmpty()) << "the defaults are not offered";
-    stage.desktop.user<ListScreen>("frmTerms", [&](ListScreen& list) {
-        select(list, 0);
-        list.rptItems.userDoubleClick(0);
-        list.rptItems.userDeleteKey();
-        for (Button* button : {&list.cmdNew, &list.cmdEdit, &list.cmdDelete})
-            EXPECT_FALSE(button->enabled());
-    });
-    stage.library->ShowTerms();
-    EXPECT_THAT(stage.desktop.shown, ElementsAre("frmTerms", "frmTerms"));
-    EXPECT_EQ(stage.value("SELECT COUNT(*) FROM Terms"), "1");
 }
 
 TEST(TermsOnCompany, AFailedSaveShowsTheDatabasesMessageAndKeepsTheInput) {
@@ -182,15 +92,6 @@ TEST(TermsOnCompany, AFailedSaveShowsTheDatabasesMessageAndKeepsTheInput) {
     EXPECT_EQ(stage.ui.shown[0].detail, "The company file can only be read.");
     EXPECT_EQ(stage.session->eventLog().waiting(), 1U);
     EXPECT_EQ(stage.value("SELECT COUNT(*) FROM Terms"), "0");
-}
-
-TEST(TermsOnCompany, TheSessionReportsWhetherTheFirstSynchronizationIsComplete) {
-    ModuleStage stage;
-    EXPECT_TRUE(stage.library->InitialSyncComplete());
-    stage.run("UPDATE Company SET SyncState = 3");
-    EXPECT_FALSE(stage.library->InitialSyncComplete());
-    stage.library->PreTerminate();
-    EXPECT_EQ(stage.session->sharedCode().use_count(), 2) << "the module has released it";
 }
 
 }  // namespace

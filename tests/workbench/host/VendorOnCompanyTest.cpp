@@ -1,9 +1,7 @@
-#include <SQLiteCpp/SQLiteCpp.h>
 #include <gmock/gmock.h>
 
 #include "doubles/HexPattern.h"
 #include "entities/VendorEditor.h"
-#include "module/Module.h"
 #include "tests/workbench/host/HostStage.h"
 #include "workbench/host/RecordLists.h"
 
@@ -24,13 +22,6 @@ std::int32_t edit(test::ScriptedDesktop& desktop, Library& library, std::int32_t
 
 TextBox& box(Screen& editor, std::string_view name) {
     return dynamic_cast<TextBox&>(*editor.control(name));
-}
-
-std::vector<std::string> history(HostStage& stage, std::int32_t ID) {
-    std::vector<std::string> texts;
-    for (const HistoryEntry& entry : historyOf(stage.session->company(), vendors, ID))
-        texts.push_back(entry.text);
-    return texts;
 }
 
 void accept(VendorEditor& editor) {
@@ -73,7 +64,7 @@ TEST(VendorOnCompany, AVendorIsAddedReadBackAndItsChangesAreInTheHistory) {
 
     const std::string guid = stage.value("SELECT UniqueID" + where);
     EXPECT_EQ(edit(stage.desktop, *stage.library, ID, accept), ID);
-    EXPECT_THAT(history(stage, ID), IsEmpty()) << "nothing changed";
+    EXPECT_THAT(stage.history(Operation::ShowEditVendor, ID), IsEmpty()) << "nothing changed";
     EXPECT_EQ(stage.session->notices().back().code, 6003);
     EXPECT_EQ(stage.lastEvent(), "Vendor 'O'Brien & Daughters was updated.");
 
@@ -90,9 +81,10 @@ TEST(VendorOnCompany, AVendorIsAddedReadBackAndItsChangesAreInTheHistory) {
                        editor.cmdOK.userPress();
                    }),
               ID);
-    EXPECT_THAT(history(stage, ID), ElementsAre("Vendor updated:\r\nContact:  to Orla\r\nTermsID: 1 to \r\n"
-                                                "Notes: two\r\nlines to one\r\nActive: 1 to 0\r\n"
-                                                "Margin: 0.125 to 0.4"));
+    EXPECT_THAT(stage.history(Operation::ShowEditVendor, ID),
+                ElementsAre("Vendor updated:\r\nContact:  to Orla\r\nTermsID: 1 to \r\n"
+                            "Notes: two\r\nlines to one\r\nActive: 1 to 0\r\n"
+                            "Margin: 0.125 to 0.4"));
     EXPECT_EQ(stage.value("SELECT UniqueID" + where), guid);
     EXPECT_EQ(stage.value("SELECT TermsID" + where), "-");
     EXPECT_THAT(stage.ui.shown, IsEmpty());
@@ -103,43 +95,10 @@ TEST(VendorOnCompany, AVendorIsAddedReadBackAndItsChangesAreInTheHistory) {
     EXPECT_THAT(own->cells, ElementsAre("O'Brien & Daughters", "Orla", "toronto", "No", ""));
 }
 
-TEST(VendorOnCompany, TwoEditorsOfOneVendorEachRecordTheirRealChanges) {
-    ModuleStage first;
-    first.run("UPDATE Vendors SET TermsID = NULL WHERE ID = 3");  // the demonstration's terms were deleted
-    // A second workstation with the same company.
-    RecordingUi ui;
-    CompanySession session(first.folder.file("test.company"), "priya", ui);
-    test::ScriptedDesktop desktop;
-    const auto second = std::make_shared<Library>(desktop);
-    plugInModule(*second);
-    second->Initialize(session.sharedCode());
-
-    edit(first.desktop, *first.library, 3, [&](VendorEditor& editor) {
-        editor.textBox("txtContact").userType("Changed first, saved last");
-        edit(desktop, *second, 3, [](VendorEditor& other) {
-            box(other, "txtPhone1").userType("1-800");
-            other.cmdOK.userPress();
-        });
-        editor.cmdOK.userPress();
-    });
-    // The second save undoes the other editor's change, and the history shows that.
-    EXPECT_THAT(
-        history(first, 3),
-        ElementsAre(
-            "Vendor updated:\r\nPhone1: 1-800 to (555) 010-0203\r\nContact: Lucasta Bell to Changed first, saved last",
-            "Vendor updated:\r\nPhone1: (555) 010-0203 to 1-800"));
-    EXPECT_EQ(first.value("SELECT EmployeeID FROM VendorActivity ORDER BY ID"), "3")
-        << "each entry names its user";
-    second->PreTerminate();
-}
-
 TEST(VendorOnCompany, ARefusalOfTheDatabaseIsReportedAndTheInputKept) {
     ModuleStage stage;
-    for (const char* act : {"INSERT", "UPDATE"}) {
-        SQLite::Database(stage.folder.file("test.company"), SQLite::OPEN_READWRITE)
-            .exec("CREATE TRIGGER Refuse" + std::string(act) + " BEFORE " + act +
-                  " ON Vendors BEGIN SELECT RAISE(ABORT, 'Refused: " + act + "'); END");
-    }
+    stage.refuse("INSERT ON Vendors");
+    stage.refuse("UPDATE ON Vendors");
     for (const std::int32_t ID : {0, 4}) {
         edit(stage.desktop, *stage.library, ID, [&](VendorEditor& editor) {
             editor.textBox("txtName").userType("In use");
@@ -151,7 +110,7 @@ TEST(VendorOnCompany, ARefusalOfTheDatabaseIsReportedAndTheInputKept) {
     ASSERT_EQ(stage.ui.shown.size(), 2U);
     EXPECT_EQ(stage.ui.shown[0].text, "The vendor 'In use could not be added.");
     EXPECT_EQ(stage.ui.shown[1].text, "The vendor 'In use could not be updated.");
-    EXPECT_EQ(stage.ui.shown[1].detail, "Refused: UPDATE");
+    EXPECT_EQ(stage.ui.shown[1].detail, "Refused");
     EXPECT_EQ(stage.value("SELECT COUNT(*) FROM Vendors WHERE VendorName = 'In use'"), "0");
     EXPECT_THAT(stage.session->notices(), IsEmpty());
 }

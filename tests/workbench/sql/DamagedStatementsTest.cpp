@@ -23,47 +23,40 @@ TEST_F(DamagedStatements, EachRunsOrIsRefused) {
         "UPDATE Terms SET Terms = 'it''s', DueDays = -DueDays * (2 - 1) / 3 WHERE ID BETWEEN 1 AND 5 OR EXISTS (SELECT 1)",
         "DELETE FROM Terms WHERE DATEADD(hh, 1, AddedOn) >= GETDATE() AND ID IS NOT NULL"};
     std::vector<std::string> words;
+    std::vector<std::size_t> ends;  // of the statements
     for (const std::string& statement : statements) {
         ASSERT_NO_THROW(company_.execute(statement)) << statement;
         for (const SqlToken& token : tokenizeSql(statement)) {
-            if (token.kind == SqlToken::Kind::Text) {
-                words.push_back("'" + std::string(token.text) + "'");
-            } else if (token.kind == SqlToken::Kind::QuotedName) {
-                words.push_back("[" + std::string(token.text) + "]");
-            } else {
-                words.push_back(std::string(token.text));
-            }
+            const bool isText = token.kind == SqlToken::Kind::Text;
+            const bool isQuoted = token.kind == SqlToken::Kind::QuotedName;
+            words.push_back((isText     ? "'"
+                             : isQuoted ? "["
+                                        : "") +
+                            std::string(token.text) +
+                            (isText     ? "'"
+                             : isQuoted ? "]"
+                                        : ""));
         }
+        ends.push_back(words.size());
     }
     std::mt19937 random(20240229);
     auto below = [&](std::size_t n) { return random() % n; };
     int ran = 0, refused = 0;
     for (int round = 0; round < 4000; ++round) {
-        std::size_t first = below(words.size());
-        std::vector<std::string> damaged(words.begin() + long(first),
-                                         words.begin() + long(std::min(words.size(), first + 1 + below(40))));
-        if (round % 2 == 0) {  // a complete statement instead of an arbitrary part
-            damaged.clear();
-            std::size_t start = 0;
-            for (std::size_t skip = below(5); skip > 0; --skip) {
-                start =
-                    std::size_t(std::find(words.begin() + long(start), words.end(), "") - words.begin()) + 1;
-            }
-            for (std::size_t i = start; i < words.size() && !words[i].empty(); ++i)
-                damaged.push_back(words[i]);
+        // a complete statement or an arbitrary part
+        const std::size_t which = below(ends.size());
+        std::size_t first = which > 0 ? ends[which - 1] : 0, last = ends[which];
+        if (round % 2 == 1) {
+            first = below(words.size());
+            last = std::min(words.size(), first + 1 + below(40));
         }
+        std::vector<std::string> damaged(words.begin() + long(first), words.begin() + long(last));
         for (std::size_t change = 1 + below(3); change > 0 && !damaged.empty(); --change) {
-            std::size_t at = below(damaged.size());
-            switch (below(3)) {
-                case 0:
-                    damaged.erase(damaged.begin() + long(at));
-                    break;
-                case 1:
-                    damaged[at] = words[below(words.size())];
-                    break;
-                default:
-                    damaged.insert(damaged.begin() + long(at), words[below(words.size())]);
-            }
+            const auto at = damaged.begin() + long(below(damaged.size()));
+            const std::size_t kind = below(3);
+            if (kind == 0) damaged.erase(at);
+            if (kind == 1) *at = words[below(words.size())];
+            if (kind == 2) damaged.insert(at, words[below(words.size())]);
         }
         std::string sql;
         for (const std::string& word : damaged)
