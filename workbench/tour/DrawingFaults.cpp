@@ -41,8 +41,8 @@ class Inspection {
         std::vector<const wxWindow*> shown;
         for (const wxWindow* child : parent.GetChildren()) {
             // A frame's status bar is outside its client area.
-            const bool isBar = dynamic_cast<const wxStatusBar*>(child) != nullptr;
-            if (child->IsShown() && !child->IsTopLevel() && !isBar) shown.push_back(child);
+            if (child->IsShown() && !child->IsTopLevel() && !dynamic_cast<const wxStatusBar*>(child))
+                shown.push_back(child);
         }
         // Scrolling and split panes may be smaller than their contents.
         const bool holdsAll =

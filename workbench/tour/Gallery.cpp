@@ -53,7 +53,7 @@ std::shared_ptr<Call> begin(const ObjectPtr& library, const GalleryStop& stop) {
 }
 
 /// Waits until the call has returned, or the front window has been open long enough to be drawn.
-Script::Wait settled(std::shared_ptr<Call> call, milliseconds time = timeToDraw) {
+Script::Wait settled(const std::shared_ptr<Call>& call, milliseconds time = timeToDraw) {
     const void* front = nullptr;
     auto since = std::chrono::steady_clock::now();
     return until("a window has stayed in front", [call, time, front, since]() mutable {
@@ -77,8 +77,7 @@ std::string escaped(const std::string& text) {
 /// The pictures, the page that shows them, and the faults that were found.
 class Album {
   public:
-    Album(std::string folder, const wxTopLevelWindow& workbench)
-        : folder_(std::move(folder)), workbench_(workbench) {}
+    explicit Album(std::string folder) : folder_(std::move(folder)) {}
 
     void take(const std::string& name, const wxTopLevelWindow* except) {
         const std::string path = folder_ + "/" + name + ".png";
@@ -124,7 +123,6 @@ class Album {
         std::string name, shows;
     };
     const std::string folder_;
-    const wxTopLevelWindow& workbench_;
     std::vector<Picture> pictures_;
     std::vector<std::string> faults_, passedOver_;
 };
@@ -198,7 +196,7 @@ void act(const Keystroke& stroke) {
 
 Script galleryRound(ObjectPtr library, Company& company, wxTopLevelWindow& workbench,
                     std::vector<GalleryStop> stops, std::string folder) {
-    Album album(folder, workbench);
+    Album album(folder);
     co_await settled(nullptr);
     album.take("workbench", nullptr);
     workbench.Hide();

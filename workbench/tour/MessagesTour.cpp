@@ -157,7 +157,7 @@ Script find(ObjectPtr library, Company& company, std::shared_ptr<Album> album, s
 
 }  // namespace
 
-Script messagesTour(ObjectPtr library, Company& company, std::string folder) {
+Script messagesTour(const ObjectPtr& library, Company& company, const std::string& folder) {
     const auto album = std::make_shared<Album>(folder, "messages-");
     return inSequence(measure(library, company, album), write(library, company, album),
                       find(library, company, album, folder));

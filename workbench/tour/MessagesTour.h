@@ -14,6 +14,6 @@ namespace tsln::workbench {
 /// in the company database; the first failed check ends the tour with ScriptFailure.
 ///
 /// `library` is called while the script waits.
-Script messagesTour(ObjectPtr library, Company& company, std::string folder);
+Script messagesTour(const ObjectPtr& library, Company& company, const std::string& folder);
 
 }  // namespace tsln::workbench

@@ -175,8 +175,8 @@ std::vector<OperationGroup> findOperations(std::string_view search) {
     const auto exact = [&](const ListedOperation& listed) {
         return sameName(info(listed.operation).name, search);
     };
-    std::ranges::stable_partition(found, [&](OperationGroup& group) {
-        std::ranges::stable_partition(group.operations, exact);
+    std::stable_partition(found.begin(), found.end(), [&](OperationGroup& group) {
+        std::stable_partition(group.operations.begin(), group.operations.end(), exact);
         return exact(group.operations.front());
     });
     return found;

@@ -101,7 +101,7 @@ Script reset(ObjectPtr library, Company& company, std::shared_ptr<Album> album) 
 
 }  // namespace
 
-Script roamingTour(ObjectPtr library, Company& company, std::string folder) {
+Script roamingTour(const ObjectPtr& library, Company& company, const std::string& folder) {
     const auto album = std::make_shared<Album>(folder, "roaming-");
     return inSequence(registerWorkstation(library, company, album), enterIdentity(library, company),
                       synchronize(library, company, album), reset(library, company, album));

@@ -12,6 +12,6 @@ namespace tsln::workbench {
 /// the clipboard where the workstation's identity is asked for, the initial synchronization requested and completed by
 /// the agent, a program of its own, upon which its screen closes by itself; at last the sync state is reset. The
 /// demonstration company is the main system and the workstation's copy in one. No screen must be open.
-Script roamingTour(ObjectPtr library, Company& company, std::string folder);
+Script roamingTour(const ObjectPtr& library, Company& company, const std::string& folder);
 
 }  // namespace tsln::workbench
