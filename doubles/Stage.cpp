@@ -59,6 +59,41 @@ Stage::Stage() {
     library->Initialize(host->sharedCode());
 }
 
+std::vector<std::string> Stage::texts() const {
+    std::vector<std::string> all;
+    for (const Box& box : desktop.boxes)
+        all.push_back(box.text);
+    return all;
+}
+
+std::vector<std::string> Stage::onConnection() const {
+    std::vector<std::string> statements = host->callsOf("CurrentCompanyConn.Execute");
+    std::erase_if(statements, [](const std::string& s) { return s.starts_with("SELECT"); });
+    return statements;
+}
+
+std::string explained(std::string_view message) {
+    return std::string(message) + ", {standard explanation}, the database's own words";
+}
+
+std::string explainedInFull(std::string_view message) {
+    return std::string(message) + ", " + explanation + ", the database's own words";
+}
+
+RecordingHost::Answer raises(std::string text) {
+    return [text](Arguments) -> Variant { throw HostError(code::fail, "Host", text); };
+}
+
+RecordingHost::Answer fills(std::vector<std::pair<std::string, std::int32_t>> entries) {
+    return [entries](Arguments a) {
+        for (const auto& [text, ID] : entries) {
+            a[0].object().call("AddItem", text);
+            a[0].object().put("ItemData", a[0].object().get("NewIndex"), ID);
+        }
+        return Variant();
+    };
+}
+
 void sweepFaults(const std::function<void(Stage&)>& scenario, const std::function<void(Stage&)>& check) {
     int calls = 0;
     std::set<std::string> clean;

@@ -1,8 +1,11 @@
 #pragma once
 
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <random>
 #include <string>
+#include <string_view>
 
 #include "automation/FilePath.h"
 
@@ -28,6 +31,15 @@ class TempFolder {
 
     const std::string& path() const noexcept { return path_; }
     std::string file(const std::string& name) const { return utf8Of(pathOf(path_) / pathOf(name)); }
+    /// Writes a file into this folder and returns its path.
+    std::string write(const std::string& name, std::string_view text) const {
+        std::ofstream(pathOf(file(name)), std::ios::binary) << text;
+        return file(name);
+    }
+    std::string textOf(const std::string& name) const {
+        std::ifstream stream(pathOf(file(name)), std::ios::binary);
+        return {std::istreambuf_iterator<char>(stream), {}};
+    }
 
   private:
     std::string path_;
