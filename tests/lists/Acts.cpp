@@ -2,8 +2,6 @@
 
 #include <numeric>
 
-#include <gtest/gtest.h>
-
 namespace tsln::test {
 
 void enter(Screen& dialog, std::string_view name, const std::string& text) {

@@ -2,14 +2,12 @@
 
 #include <string>
 
+#include "doubles/Stage.h"
 #include "screens/ReportControl.h"
 #include "screens/Screen.h"
-#include "doubles/Stage.h"
 
 /// Actions of the user on lists and dialogs, by the names of their controls.
 namespace tsln::test {
-
-using Box = ScriptedDesktop::Box;
 
 /// Types into a text box, selects an entry of a list by its text, or ticks ("1") or clears a check box.
 void enter(Screen& dialog, std::string_view control, const std::string& text);

@@ -1,8 +1,5 @@
 // The special behaviour of single lists.
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "lists/Criteria.h"
 #include "lists/Locations.h"
 #include "lists/Tags.h"
@@ -15,8 +12,6 @@ using lists::DepositCriteriaScreen;
 using lists::LocationDialog;
 using lists::PortfolioTagDialog;
 using lists::ProductTagsDialog;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 std::string records(const std::string& rows) {
     return "<Records>" + rows + "</Records>";
@@ -60,8 +55,7 @@ TEST(ShippingMethods, ATaskTypeIsRequired) {
         });
         EXPECT_EQ(stage.library->ShowEditShippingMethods(ID), 0);
     }
-    EXPECT_EQ(stage.desktop.boxes, std::vector(2, Box{"You must select a task type to add.",
-                                                      MessageButtons::Ok, MessageIcon::Exclamation}));
+    EXPECT_EQ(stage.desktop.boxes, std::vector(2, exclamation("You must select a task type to add.")));
 }
 
 TEST(MeasurementRooms, TheDialogReturnsItsRowAlsoAfterCancel) {
@@ -89,11 +83,7 @@ TEST(DepositCriteria, TheUserOptionIsReadAndStored) {
         {[](Stage& s) { s.host->on("Options.GetUserOption", Variant("1")); },
          {"EnforceDepositRequirements, , False"}},
         {[](Stage&) {}, {"EnforceDepositRequirements, , True"}},
-        {[](Stage& s) {
-             s.host->on("Options.GetUserOption",
-                        [](Arguments) -> Variant { throw HostError(code::fail, "Options", "no"); });
-         },
-         {}},
+        {[](Stage& s) { s.host->on("Options.GetUserOption", raises("no")); }, {}},
     };
     for (const Case& c : cases) {
         Stage stage;
@@ -163,15 +153,14 @@ TEST(Locations, TheDialogSavesEveryField) {
     });
     EXPECT_FALSE(stage.library->ShowEditLocation(7));
     EXPECT_THAT(
-        stage.host->callsOf("Database.ExecuteNonQuery"),
+        stage.executed(),
         ElementsAre(
             "UPDATE Locations SET LocationName = 'O''Falls', Email = 'e', WebSite = 'w', Phone1Label = 'Old', "
             "Phone1 = '1', Phone2Label = '', Phone2 = '', Phone3Label = '', Phone3 = '', Phone4Label = '', "
             "Phone4 = '4', ShipToAddress1 = '1 ROW', ShipToAddress2 = '', ShipToCity = 'OSLO', ShipToState = '', "
             "ShipToZip = '', ShipToCountry = 'NO', StoreNumber = '01', MarketNumber = 'M1' , MarketName = 'Mid' , "
             "Region = 'North'  WHERE ID = 7"));
-    EXPECT_THAT(stage.desktop.boxes, ElementsAre(Box{"You must enter a name for this location.",
-                                                     MessageButtons::Ok, MessageIcon::Exclamation}));
+    EXPECT_THAT(stage.desktop.boxes, ElementsAre(exclamation("You must enter a name for this location.")));
 
     stage.host->on("Database.ExecuteNonQueryWithID", Variant(0));
     stage.desktop.user<LocationDialog>("frmLocations_Edit", [](LocationDialog& dialog) {
@@ -189,14 +178,14 @@ TEST(Locations, TheDialogSavesEveryField) {
     });
     EXPECT_TRUE(stage.library->ShowEditLocation(0));
     EXPECT_THAT(
-        stage.host->callsOf("Database.ExecuteNonQueryWithID"),
+        stage.inserted(),
         ElementsAre(
             "INSERT INTO Locations (LocationName,Email,WebSite,Phone1Label,Phone1,Phone2Label,Phone2,Phone3Label,"
             "Phone3,Phone4Label,Phone4,ShipToAddress1,ShipToAddress2,ShipToCity,ShipToState,ShipToZip,ShipToCountry,"
             "ValidateAddresses,StoreNumber,MarketName,MarketName,Region) "
             "VALUES('New','','','','','Main','22','','','','','A','B','C','D','E','F',1,'','9','','')"));
     EXPECT_THAT(
-        stage.host->callsOf("ShowAndLogErrorMessage"),
+        stage.failures(),
         ElementsAre(
             "There was a problem saving this location., This typically happens if the database is in use by another user or program. Try saving again. If the problem persists, close the program, restart and try again., the database's own words"));
 }
@@ -219,8 +208,7 @@ TEST(Locations, TheCompanysAddressIsCopiedAndSavedAsTheHostParsesIt) {
         dialog.cmdOK.userPress();
     });
     stage.library->ShowEditLocation(0);
-    EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQueryWithID"),
-                ElementsAre(testing::HasSubstr("VALUES('New',")));
+    EXPECT_THAT(stage.inserted(), ElementsAre(HasSubstr("VALUES('New',")));
 }
 
 TEST(Locations, TheListReadsTheSavedRowItself) {
@@ -248,34 +236,12 @@ TEST(Locations, TheListReadsTheSavedRowItself) {
     });
     stage.library->ShowLocations();
     const std::string row = "SELECT * FROM Locations WHERE ID = 7";
-    EXPECT_THAT(stage.host->callsOf("Database.ExecuteRead"), ElementsAre(load, load, row, row));
+    EXPECT_THAT(stage.read(), ElementsAre(load, load, row, row));
     EXPECT_THAT(
         stage.host->callsOf("ShowMessageStyle1"),
         ElementsAre(
             "The location <Bold>Falls</Bold> cannot be deleted because it's being referenced by 2 quotes/sales/orders., In order to delete this location you must first remove it from the quotes/sales/orders that are referencing it."));
-    EXPECT_THAT(stage.host->callsOf("Security.CanDo"), testing::Contains("112, 8"));
-}
-
-TEST(Locations, EveryHostFaultIsReportedAndKeepsTheInput) {
-    for (const std::int32_t ID : {0, 7}) {
-        sweepFaults(
-            [ID](Stage& stage) {
-                speakAddresses(stage);
-                stage.host->rows("SELECT * FROM Locations WHERE ID = 7", records(rowSeven));
-                stage.desktop.user<LocationDialog>("frmLocations_Edit", [&](LocationDialog& dialog) {
-                    enter(dialog, "txtName", "Name");
-                    enter(dialog, "txtShipToAddress", "A||C|||");
-                    dialog.cmdOK.userPress();
-                    if (!dialog.shown()) return;
-                    EXPECT_TRUE(stage.told());
-                    EXPECT_EQ(entered(dialog, "txtName"), "Name");
-                    EXPECT_EQ(entered(dialog, "txtShipToAddress"), "A||C|||");
-                    dialog.cmdCancel.userPress();
-                });
-                stage.library->ShowEditLocation(ID);
-            },
-            [](Stage&) {});
-    }
+    EXPECT_THAT(stage.host->callsOf("Security.CanDo"), Contains("112, 8"));
 }
 
 // Tags ----------------------------------------------------------------------------------------------------
@@ -322,18 +288,14 @@ TEST(ProductTags, AreAddedAndDeleted) {
     open(stage, Operation::ShowProductTags, 5);
     const std::string typed = "INSERT INTO ProductTags (ProductID, Tag) VALUES(5,'O''Neil')";
     const std::string chosen = "INSERT INTO ProductTags (ProductID, Tag) VALUES(5,'kids'' room')";
-    EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"),
+    EXPECT_THAT(stage.executed(),
                 ElementsAre(typed, chosen, typed, chosen, "DELETE FROM ProductTags WHERE ID = 7"));
-    EXPECT_THAT(stage.desktop.boxes, testing::Contains(Box{"You must enter a valid tag name.",
-                                                           MessageButtons::Ok, MessageIcon::Exclamation}));
-    EXPECT_THAT(
-        stage.host->callsOf("ShowAndLogErrorMessage"),
-        ElementsAre(
-            "There was a problem saving this product tag., {standard explanation}, the database's own words"));
+    EXPECT_THAT(stage.desktop.boxes, Contains(exclamation("You must enter a valid tag name.")));
+    EXPECT_THAT(stage.failures(), ElementsAre(explained("There was a problem saving this product tag.")));
     EXPECT_THAT(stage.host->callsOf("tslniee5.Engine.AddToExport"),
                 ElementsAre("PhoneLabels, SELECT * FROM vwExporting_PhoneLabels"));
     EXPECT_THAT(stage.host->callsOf("Security.CanDo"), IsEmpty());
-    EXPECT_EQ(stage.host->callsOf("Database.ExecuteRead").back(), load) << "the added tags are shown";
+    EXPECT_EQ(stage.read().back(), load) << "the added tags are shown";
 }
 
 TEST(PortfolioTags, AreRenamedInAllFiles) {
@@ -361,46 +323,16 @@ TEST(PortfolioTags, AreRenamedInAllFiles) {
         list.rptItems.userDoubleClick(0);  // the close box, after the failure
     });
     open(stage, Operation::ShowPortfolioTags);
-    EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"),
+    EXPECT_THAT(stage.executed(),
                 ElementsAre("UPDATE PortfolioTags SET Tag = 'kids''' WHERE Tag = 'kid''s'"));
-    EXPECT_THAT(
-        stage.host->callsOf("ShowAndLogErrorMessage"),
-        ElementsAre(
-            "There was a problem renaming the tags., {standard explanation}, the database's own words"));
-    EXPECT_THAT(stage.host->callsOf("Database.ExecuteRead"), ElementsAre(load));
+    EXPECT_THAT(stage.failures(), ElementsAre(explained("There was a problem renaming the tags.")));
+    EXPECT_THAT(stage.read(), ElementsAre(load));
 
     stage.host->on("Database.ExecuteNonQuery", Variant(true));
     stage.desktop.user<PortfolioTagDialog>("frmPortfolioTags_Edit",
                                            [&](PortfolioTagDialog& dialog) { rename(dialog, "kids"); });
     EXPECT_FALSE(stage.library->ShowEditPortfiolioTag("kid's"));
     EXPECT_TRUE(stage.library->ShowEditPortfiolioTag("kid's")) << "the close box counts as cancelled";
-}
-
-TEST(Tags, EveryHostFaultIsReportedAndKeepsTheInput) {
-    sweepFaults(
-        [](Stage& stage) {
-            stage.host->rows("SELECT * FROM ProductTags WHERE ProductID = 5 ORDER BY Tag",
-                             records("<Record><ID>7</ID><Tag>cordless</Tag></Record>"));
-            stage.desktop.user<ProductTagsDialog>("frmProductTags_Edit", [&](ProductTagsDialog& dialog) {
-                dialog.txtTag.userType("new");
-                dialog.cmdOK.userPress();
-                EXPECT_TRUE(!dialog.shown() || (stage.told() && dialog.txtTag.text() == "new"));
-                dialog.cmdCancel.userPress();
-            });
-            stage.desktop.user<PortfolioTagDialog>("frmPortfolioTags_Edit", [&](PortfolioTagDialog& dialog) {
-                dialog.txtTag.userType("new");
-                dialog.cmdOK.userPress();
-                EXPECT_TRUE(!dialog.shown() || (stage.told() && dialog.txtTag.text() == "new"));
-            });
-            stage.desktop.user<ListScreen>("frmProductTags", [&](ListScreen& list) {
-                list.cmdNew.userPress();
-                selectAll(list.rptItems);
-                list.cmdDelete.userPress();
-            });
-            open(stage, Operation::ShowProductTags, 5);
-            stage.library->ShowEditPortfiolioTag("old");
-        },
-        [](Stage&) {});
 }
 
 }  // namespace

@@ -1,16 +1,8 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "doubles/Stage.h"
 #include "maintenance/RecordDialog.h"
-#include "shared/modSharedSQL.h"
-#include "shared/modSharedStrings.h"
 
 namespace tsln::test {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 constexpr auto readSeven = "SELECT * FROM Terms WHERE ID = 7";
 constexpr auto rowSeven =
@@ -20,9 +12,6 @@ constexpr auto rowSeven =
 TextBox& box(Screen& dialog, std::string_view name) {
     return dynamic_cast<TextBox&>(*dialog.control(name));
 }
-CheckBox& exported(Screen& dialog) {
-    return dynamic_cast<CheckBox&>(*dialog.control("chkExported"));
-}
 
 void type(Screen& dialog, const std::string& terms, const std::string& dueIn, const std::string& discount,
           const std::string& discountDays) {
@@ -30,50 +19,6 @@ void type(Screen& dialog, const std::string& terms, const std::string& dueIn, co
     box(dialog, "txtDueIn").userType(dueIn);
     box(dialog, "txtDiscount").userType(discount);
     box(dialog, "txtDiscountDays").userType(discountDays);
-}
-
-TEST(TermsDialog, LoadsTheRowAndSavesIt) {
-    Stage stage;
-    stage.host->rows(readSeven, rowSeven);
-    stage.desktop.user<RecordDialog>("frmTerms_Edit", [](RecordDialog& dialog) {
-        EXPECT_EQ(dialog.caption(), "Edit Terms");
-        EXPECT_EQ(box(dialog, "txtTerms").text(), "2% 10 Net 30");
-        EXPECT_EQ(box(dialog, "txtDueIn").text(), "30");
-        EXPECT_EQ(box(dialog, "txtDiscount").text(), "2.5");
-        EXPECT_EQ(box(dialog, "txtDiscountDays").text(), "10");
-        EXPECT_TRUE(exported(dialog).checked());
-        EXPECT_EQ(dialog.focusedControl(), dialog.control("txtTerms"));
-        dialog.activate();  // activation after a message box does not load again
-        type(dialog, "  O'Brien's 3%  ", "45", "3", "15");
-        exported(dialog).userCheck(false);
-        dialog.cmdOK.userPress();
-    });
-    EXPECT_EQ(stage.library->ShowEditTerms(7), 7);
-    EXPECT_THAT(stage.host->callsOf("Common.RecordExists"), ElementsAre("Terms, Terms, O'Brien's 3%, 7"));
-    EXPECT_THAT(stage.host->callsOf("Database.ExecuteRead"), ElementsAre(readSeven));
-    EXPECT_THAT(
-        stage.host->callsOf("Database.ExecuteNonQuery"),
-        ElementsAre(
-            "UPDATE Terms SET Terms = 'O''Brien''s 3%', DueDays = 45, Discount = 0.03, DiscountDays = 15, Exported = 0 WHERE ID = 7"));
-}
-
-TEST(TermsDialog, InsertsANewRowAndReturnsItsKey) {
-    Stage stage;
-    stage.host->on("Database.ExecuteNonQueryWithID", Variant(12));
-    stage.desktop.user<RecordDialog>("frmTerms_Edit", [](RecordDialog& dialog) {
-        EXPECT_EQ(dialog.caption(), "New Terms");
-        EXPECT_EQ(box(dialog, "txtDiscount").text(), "0") << "shown in its normal form from the start";
-        type(dialog, "Net <d> {0}", "", "2.5", "");
-        exported(dialog).userCheck(true);
-        dialog.cmdOK.userPress();
-    });
-    EXPECT_EQ(stage.library->ShowEditTerms(0), 12);
-    EXPECT_THAT(stage.host->callsOf("Database.ExecuteRead"), IsEmpty());
-    // The "<d>" in the name is replaced by the value of the later tag (deliberate).
-    EXPECT_THAT(
-        stage.host->callsOf("Database.ExecuteNonQueryWithID"),
-        ElementsAre(
-            "INSERT INTO Terms (Terms,DueDays,Discount,DiscountDays,Exported) VALUES('Net 0 {0}', 0, 0.025, 0, 1)"));
 }
 
 TEST(TermsDialog, OnlyOkSaves) {
@@ -97,35 +42,8 @@ TEST(TermsDialog, OnlyOkSaves) {
             EXPECT_FALSE(dialog.shown());
         });
         EXPECT_EQ(stage.library->ShowEditTerms(way.opened), way.result) << way.name;
-        EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"), IsEmpty()) << way.name;
+        EXPECT_THAT(stage.executed(), IsEmpty()) << way.name;
     }
-}
-
-TEST(TermsDialog, RefusesAnEmptyAndADuplicateName) {
-    Stage stage;
-    stage.host->on("Common.RecordExists", [](Arguments a) { return Variant(a[2].toText() == "Net 30"); });
-    stage.desktop.user<RecordDialog>("frmTerms_Edit", [](RecordDialog& dialog) {
-        for (const char* name : {"   ", "Net 30"}) {
-            type(dialog, name, "9", "1", "2");
-            box(dialog, "txtDueIn").setFocus();
-            dialog.cmdOK.userPress();
-            EXPECT_TRUE(dialog.shown());
-            EXPECT_EQ(box(dialog, "txtDueIn").text(), "9");
-        }
-        EXPECT_EQ(box(dialog, "txtTerms").text(), "Net 30");
-        box(dialog, "txtTerms").userType(" ");
-        dialog.cmdOK.userPress();
-        EXPECT_EQ(box(dialog, "txtTerms").text(), "");
-        EXPECT_EQ(dialog.focusedControl(), dialog.control("txtTerms"));
-    });
-    EXPECT_EQ(stage.library->ShowEditTerms(0), 0);
-    using Box = ScriptedDesktop::Box;
-    EXPECT_THAT(
-        stage.desktop.boxes,
-        ElementsAre(Box{"You must enter a valid term.", MessageButtons::Ok, MessageIcon::Exclamation},
-                    Box{"This term already exists.", MessageButtons::Ok, MessageIcon::Exclamation},
-                    Box{"You must enter a valid term.", MessageButtons::Ok, MessageIcon::Exclamation}));
-    EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQueryWithID"), IsEmpty());
 }
 
 TEST(TermsDialog, NumbersAreCorrectedBeforeTheyReachTheDatabase) {
@@ -159,7 +77,7 @@ TEST(TermsDialog, NumbersAreCorrectedBeforeTheyReachTheDatabase) {
             });
             stage.library->ShowEditTerms(0);
             EXPECT_THAT(
-                stage.host->callsOf("Database.ExecuteNonQueryWithID"),
+                stage.inserted(),
                 ElementsAre("INSERT INTO Terms (Terms,DueDays,Discount,DiscountDays,Exported) VALUES('T', " +
                             std::string(withChecker ? c.filledByHost : c.filled) + ", 0)"))
                 << c.dueIn;
@@ -177,6 +95,7 @@ TEST(TermsDialog, LeavingANumericFieldLetsTheHostCorrectItsTextBox) {
         return Variant();
     });
     stage.desktop.user<RecordDialog>("frmTerms_Edit", [](RecordDialog& dialog) {
+        EXPECT_EQ(box(dialog, "txtDiscount").text(), "0") << "shown in its normal form from the start";
         box(dialog, "txtDueIn").userType("x");
         EXPECT_EQ(box(dialog, "txtDueIn").text(), "x");
         box(dialog, "txtDueIn").userLeft();
@@ -186,46 +105,6 @@ TEST(TermsDialog, LeavingANumericFieldLetsTheHostCorrectItsTextBox) {
         EXPECT_EQ(box(dialog, "txtDiscount").text(), "0.5");
     });
     stage.library->ShowEditTerms(0);
-}
-
-TEST(TermsDialog, AFailedSaveKeepsTheInputAndCanBeRepeated) {
-    for (const std::int32_t ID : {0, 7}) {
-        Stage stage;
-        stage.host->rows(readSeven, rowSeven);
-        int tries = 0;
-        stage.host->on("Database.ExecuteNonQuery", [&](Arguments) { return Variant(++tries > 1); });
-        stage.host->on("Database.ExecuteNonQueryWithID",
-                       [&](Arguments) { return Variant(++tries > 1 ? 8 : -1); });
-        stage.desktop.user<RecordDialog>("frmTerms_Edit", [](RecordDialog& dialog) {
-            type(dialog, "Net 5", "5", "1", "2");
-            dialog.cmdOK.userPress();
-            EXPECT_TRUE(dialog.shown());
-            EXPECT_EQ(box(dialog, "txtTerms").text(), "Net 5");
-            dialog.cmdOK.userPress();
-            EXPECT_FALSE(dialog.shown());
-        });
-        EXPECT_EQ(stage.library->ShowEditTerms(ID), ID == 0 ? 8 : 7);
-        EXPECT_THAT(
-            stage.host->callsOf("ShowAndLogErrorMessage"),
-            ElementsAre(
-                "There was a problem saving this term., {standard explanation}, the database's own words"));
-    }
-}
-
-TEST(TermsDialog, TheCloseBoxIsRefusedWhileSaving) {
-    Stage stage;
-    RecordDialog* open = nullptr;
-    stage.host->on("Database.ExecuteNonQueryWithID", [&](Arguments) {
-        open->userClose();
-        EXPECT_TRUE(open->shown());
-        return Variant(3);
-    });
-    stage.desktop.user<RecordDialog>("frmTerms_Edit", [&](RecordDialog& dialog) {
-        open = &dialog;
-        box(dialog, "txtTerms").userType("Net 1");
-        dialog.cmdOK.userPress();
-    });
-    EXPECT_EQ(stage.library->ShowEditTerms(0), 3);
 }
 
 TEST(TermsDialog, ARowThatCouldNotBeReadCannotBeOverwritten) {
@@ -239,7 +118,7 @@ TEST(TermsDialog, ARowThatCouldNotBeReadCannotBeOverwritten) {
         });
         stage.library->ShowEditTerms(7);
         EXPECT_TRUE(stage.told());
-        EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"), IsEmpty());
+        EXPECT_THAT(stage.executed(), IsEmpty());
     }
 }
 
@@ -250,49 +129,6 @@ TEST(TermsDialog, PastedLinesBecomeOne) {
         EXPECT_EQ(box(dialog, "txtTerms").text(), "Net 30, or never ");
     });
     stage.library->ShowEditTerms(0);
-}
-
-TEST(TermsDialog, NamesWithSpecialCharactersAreStoredUnchanged) {
-    std::string longName;
-    while (longName.size() < 60'000)
-        longName += "Zahlung \xF0\x9F\xAA\x9F \"\\ ";
-    const std::string names[] = {"a'b''c", "{0}{16}", "<Bold>x</Bold>",
-                                 modSharedStrings::trim(longName)};
-    for (const std::string& name : names) {
-        Stage stage;
-        stage.desktop.user<RecordDialog>("frmTerms_Edit", [&](RecordDialog& dialog) {
-            box(dialog, "txtTerms").userType(name);
-            dialog.cmdOK.userPress();
-        });
-        stage.library->ShowEditTerms(0);
-        EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQueryWithID"),
-                    ElementsAre("INSERT INTO Terms (Terms,DueDays,Discount,DiscountDays,Exported) VALUES('" +
-                                modSharedSQL::doubleQuotes(name) + "', 0, 0, 0, 0)"));
-    }
-}
-
-TEST(TermsDialog, EveryHostFaultIsReportedAndKeepsTheInput) {
-    for (const std::int32_t ID : {0, 7}) {
-        sweepFaults(
-            [ID](Stage& stage) {
-                stage.host->rows(readSeven, rowSeven);
-                stage.desktop.user<RecordDialog>("frmTerms_Edit", [&](RecordDialog& dialog) {
-                    type(dialog, "Net 5", "5", "1", "2");
-                    dialog.cmdOK.userPress();
-                    if (dialog.shown()) {
-                        EXPECT_EQ(box(dialog, "txtTerms").text(), "Net 5");
-                        EXPECT_EQ(box(dialog, "txtDueIn").text(), "5");
-                        EXPECT_TRUE(stage.told()) << "the dialog stays open without a message";
-                    } else {
-                        EXPECT_FALSE(dialog.Cancelled);
-                        EXPECT_GE(dialog.ID, 1) << "closed as saved, but has no key";
-                    }
-                    dialog.cmdCancel.userPress();
-                });
-                stage.library->ShowEditTerms(ID);
-            },
-            [](Stage&) {});
-    }
 }
 
 }  // namespace
