@@ -1,14 +1,8 @@
 #include "bridge/HostScreen.h"
-
-#include <gmock/gmock.h>
-
-#include "doubles/RecordingHost.h"
-#include "doubles/ScriptedDesktop.h"
+#include "doubles/Stage.h"
 
 namespace tsln::test {
 namespace {
-
-using ::testing::ElementsAre;
 
 struct PlainScreen : HostScreen {
     using HostScreen::HostScreen;
@@ -22,9 +16,8 @@ TEST(HostScreen, WhatTheHostFailsToShowIsShownByTheModule) {
     Library library(desktop);
     library.Initialize(host->sharedCode());
     PlainScreen screen(library, "frmPlain");
-    const auto refuses = [](Arguments) -> Variant { throw HostError(code::fail, "Host", "down"); };
-    host->on("ShowAndLogErrorMessage", refuses);
-    host->on("ShowADOErrorMessage", refuses);
+    host->on("ShowAndLogErrorMessage", raises());
+    host->on("ShowADOErrorMessage", raises());
     host->on("Database.LastSQLErrorDescription", "the disk is full");
 
     screen.reportDatabaseFailure("It was not saved.");
@@ -35,7 +28,8 @@ TEST(HostScreen, WhatTheHostFailsToShowIsShownByTheModule) {
         EXPECT_EQ(box.icon, MessageIcon::Critical);
         told.push_back(box.text);
     }
-    EXPECT_THAT(told, ElementsAre("It was not saved.\n\nthe disk is full", "It was not moved.", "no such row"));
+    EXPECT_THAT(told,
+                ElementsAre("It was not saved.\n\nthe disk is full", "It was not moved.", "no such row"));
 }
 
 }  // namespace

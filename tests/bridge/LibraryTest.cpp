@@ -1,8 +1,3 @@
-#include <fstream>
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "bridge/Host.h"
 #include "doubles/Stage.h"
 #include "doubles/TempFolder.h"
@@ -10,9 +5,6 @@
 
 namespace tsln::test {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 std::int32_t codeOf(const std::function<void()>& call) {
     try {
@@ -81,7 +73,7 @@ TEST(Library, AnOperationThatNothingIsPluggedInForRaisesAnErrorWithItsName) {
             ADD_FAILURE() << row.name;
         } catch (const HostError& error) {
             EXPECT_EQ(error.code(), code::notImplemented);
-            EXPECT_THAT(error.text(), testing::HasSubstr(row.name));
+            EXPECT_THAT(error.text(), HasSubstr(row.name));
         }
     }
     EXPECT_EQ(missing, operations.size() - 5) << "the library's own operations are there";
@@ -237,20 +229,19 @@ TEST(InitialSyncComplete, EveryConditionMustHold) {
         RecordingHost::Answer answer;
         bool complete;
     };
-    const auto raises = [](Arguments) -> Variant { throw HostError(code::fail, "Host", "no"); };
     const auto is = [](Variant value) { return [value](Arguments) { return value; }; };
     const Case cases[] = {
         {"", is(1), true},
         {company, is(2), false},
         {company, is(0), false},
-        {company, raises, true},
+        {company, raises(), true},
         {state, is(3), false},
         {state, is("4"), true},
         {state, is("waiting"),
          true},  // the conversion to a number raises an error, so the step counts as passed
-        {state, raises, true},
+        {state, raises(), true},
         {employees, is(0), false},
-        {employees, raises, true},
+        {employees, raises(), true},
         {roleAccess, is(0), false},
         {roleAccess, is(Null()), true},
     };
@@ -270,11 +261,9 @@ TEST(InitialSyncComplete, EveryConditionMustHold) {
 
 TEST(RunPackageProcessor, BuildsTheCommandLine) {
     const TempFolder temp("tessaline-package-");
-    const std::string folder = temp.path();
-    const std::string program = temp.file("tsln5pkg.exe");
-    std::ofstream(program) << "#";
+    const std::string program = temp.write("tsln5pkg.exe", "#");
     Stage stage;
-    stage.desktop.folder = folder;
+    stage.desktop.folder = temp.path();
     stage.library->RunPackageProcessor("TSLN50_Terms", true);
     stage.library->RunPackageProcessor("", true);
     stage.library->RunPackageProcessor("A;B", false);

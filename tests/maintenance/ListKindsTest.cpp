@@ -1,16 +1,9 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "doubles/Stage.h"
 #include "maintenance/ListKinds.h"
 #include "maintenance/ListScreen.h"
 
 namespace tsln::test {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
-using Box = ScriptedDesktop::Box;
 
 /// Opens the terms list and runs commands of its "More" popup.
 void runCommands(Stage& stage, std::deque<int> commands, std::deque<std::string> files,
@@ -56,13 +49,11 @@ TEST(ListKinds, ImportPassesTheFileToTheEngineAndReloads) {
         std::vector(engine, engine + 3),
         ElementsAre("tslniee5.Engine.Initialize(object)", "tslniee5.Engine.ImportFile(/in/terms.xml, Terms)",
                     "tslniee5.Engine.PreTerminate()"));
-    EXPECT_THAT(stage.desktop.boxes,
-                ElementsAre(Box{"The terms were imported.", MessageButtons::Ok, MessageIcon::Information}));
+    EXPECT_THAT(stage.desktop.boxes, ElementsAre(information("The terms were imported.")));
     EXPECT_EQ(stage.desktop.fileDialogs.at(0).title, "Open");
     EXPECT_THAT(stage.desktop.fileDialogs.at(0).filters,
                 ElementsAre("XML Files|*.xml", "Text Files|*.txt", "All Files|*.*"));
-    EXPECT_EQ(stage.host->callsOf("Database.ExecuteRead").size(), 3U)
-        << "the list is loaded again after each";
+    EXPECT_EQ(stage.read().size(), 3U) << "the list is loaded again after each";
 }
 
 TEST(ListKinds, ExportPassesTheQueryToTheEngine) {
@@ -81,14 +72,13 @@ TEST(ListKinds, ExportPassesTheQueryToTheEngine) {
                 "tslniee5.Engine.SimpleExport=(" + std::string(*portable == '1' ? "True" : "False") + ")",
                 "tslniee5.Engine.AddToExport(Terms, SELECT * FROM vwExporting_Terms)",
                 "tslniee5.Engine.DoExport(/out/terms {0}.xml)", "tslniee5.Engine.PreTerminate()"));
-        EXPECT_THAT(stage.desktop.boxes, ElementsAre(Box{"The terms were exported to '/out/terms {0}.xml'",
-                                                         MessageButtons::Ok, MessageIcon::Information}));
+        EXPECT_THAT(stage.desktop.boxes,
+                    ElementsAre(information("The terms were exported to '/out/terms {0}.xml'")));
         EXPECT_EQ(stage.desktop.fileDialogs.at(0).title, "Save As");
     }
 }
 
 TEST(ListKinds, FailuresAreReportedAndTheEngineIsTerminated) {
-    const auto raises = [](Arguments) -> Variant { throw HostError(code::fail, "Engine", "no"); };
     for (const std::string member : {"ImportFile", "DoExport", "Initialize"}) {
         for (const bool raise : {true, false}) {
             Stage stage;
@@ -96,7 +86,7 @@ TEST(ListKinds, FailuresAreReportedAndTheEngineIsTerminated) {
             if (member == "Initialize" && !raise) {
                 stage.desktop.components = nullptr;  // no engine at all
             } else if (raise) {
-                stage.host->on("tslniee5.Engine." + member, raises);
+                stage.host->on("tslniee5.Engine." + member, raises());
             } else {
                 stage.host->on("tslniee5.Engine." + member, Variant(false));
             }
