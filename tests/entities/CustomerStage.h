@@ -46,13 +46,7 @@ struct CustomerStage : Stage {
              {"LoadTaxGroups", "LoadDiscountGroups", "LoadCustomerTypes", "LoadTerms", "LoadSalesReps",
               "LoadInstallers", "LoadDesigners", "LoadShippingMethods", "LoadReferralMethods",
               "LoadLocations", "LoadPhoneLabels", "LoadEmailLabels"}) {
-            stage.host->on(std::string("Common.") + loader, [](Arguments a) {
-                for (const int ID : {11, 12}) {
-                    a[0].object().call("AddItem", "Entry " + std::to_string(ID));
-                    a[0].object().put("ItemData", a[0].object().get("NewIndex"), ID);
-                }
-                return Variant();
-            });
+            stage.host->on(std::string("Common.") + loader, fills({{"Entry 11", 11}, {"Entry 12", 12}}));
         }
         stage.host->on("Security.CompanyFeatureEnabled", Variant(true));
         stage.host->on("Security.UserId", Variant(12));
@@ -78,14 +72,6 @@ struct CustomerStage : Stage {
         desktop.user<CustomerEditor>(frmEditCustomer, act);
         return library->ShowEditCustomer(ID);
     }
-    std::vector<std::string> inserted() const { return host->callsOf("Database.ExecuteNonQueryWithID"); }
-    std::vector<std::string> executed() const { return host->callsOf("Database.ExecuteNonQuery"); }
-    /// The statements that changed addresses and groups.
-    std::vector<std::string> further() const {
-        std::vector<std::string> statements = host->callsOf("CurrentCompanyConn.Execute");
-        std::erase_if(statements, [](const std::string& s) { return s.starts_with("SELECT"); });
-        return statements;
-    }
 };
 
 inline std::string labelsOf(const CustomerEditor& editor) {
@@ -109,6 +95,19 @@ inline void tickGroup(CustomerEditor& editor, std::string_view name, bool ticked
     for (std::size_t row = 0; row < groups.rowCount(); ++row) {
         if (groups.rowText(row, 0) == name) groups.userCheck(row, 2, ticked);
     }
+}
+
+inline ComboBox& labelBox(RecordDialog& dialog) {
+    return dynamic_cast<ComboBox&>(*dialog.control("cboLabel"));
+}
+
+/// Answers the next label dialog, which proposes `expectedBefore`.
+inline void answerLabel(Stage& stage, const std::string& label, const std::string& expectedBefore = "") {
+    stage.desktop.user<RecordDialog>("frmAddressLabel", [=](RecordDialog& dialog) {
+        EXPECT_EQ(labelBox(dialog).text(), expectedBefore);
+        labelBox(dialog).userType(label);
+        dialog.cmdOK.userPress();
+    });
 }
 
 inline void accept(CustomerEditor& editor) {

@@ -1,6 +1,3 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "doubles/Stage.h"
 #include "entities/EmployeeEditor.h"
 
@@ -8,19 +5,9 @@ namespace tsln::test {
 namespace {
 
 using namespace entities;
-using testing::Contains;
-using testing::Each;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::Not;
-using testing::SizeIs;
-using Box = ScriptedDesktop::Box;
 
 constexpr auto frmEditEmployee = "frmEditEmployee";
 constexpr auto frmEmailSettings = "frmEmailSettings";
-constexpr auto explanation =
-    "This typically happens if the database is in use by another user or program. Try saving again. If the problem persists, close the program, restart and try again.";
 constexpr auto noDuties =
     "You have not marked this employee as a sales rep, installer or designer. You won't be able to do much with this employee without at least one of these settings. Are you sure you want to continue?";
 constexpr auto askDefault = "Do you want to make this employee the default sales rep?";
@@ -65,15 +52,6 @@ struct EmployeeStage : Stage {
     std::int32_t edit(std::int32_t ID, Act act) {
         desktop.user<EmployeeEditor>(frmEditEmployee, act);
         return library->ShowEditEmployee(ID);
-    }
-    std::vector<std::string> executed() const { return host->callsOf("Database.ExecuteNonQuery"); }
-    std::vector<std::string> inserted() const { return host->callsOf("Database.ExecuteNonQueryWithID"); }
-    std::vector<std::string> onConnection() const {
-        std::vector<std::string> writing;
-        for (const std::string& statement : host->callsOf("CurrentCompanyConn.Execute")) {
-            if (!statement.starts_with("SELECT")) writing.push_back(statement);
-        }
-        return writing;
     }
 };
 
@@ -357,8 +335,7 @@ TEST(EmployeeEditor, TheSignedInUserIsReadAgainAndToldToLogIn) {
         editor.cmdOK.userPress();
     });
     EXPECT_THAT(stage.host->callsOf("Security.ReInitializeUser"), ElementsAre("7"));
-    EXPECT_THAT(stage.desktop.boxes,
-                ElementsAre(Box{loginAgain, MessageButtons::Ok, MessageIcon::Information}));
+    EXPECT_THAT(stage.desktop.boxes, ElementsAre(information(loginAgain)));
     EXPECT_THAT(stage.executed(),
                 Contains("DELETE FROM EmployeeSecurityRoles WHERE EmployeeID = 7 AND SecurityRoleID = 2"));
 }
@@ -445,11 +422,10 @@ TEST(EmployeeEditor, FailuresAreToldAndTheRestIsSaved) {
                                  EXPECT_EQ(editor.txtPassword.text(), ID == 0 ? "pa'ss" : "(HIDDENPASSWORD)");
                              }),
                   0);
-        EXPECT_THAT(
-            stage.host->callsOf("ShowAndLogErrorMessage"),
-            ElementsAre(std::string("The employee '") +
-                        (ID == 0 ? "Bo O'Hara could not be added., " : "Ann Dell could not be updated., ") +
-                        explanation + ", the database's own words"));
+        EXPECT_THAT(stage.failures(), ElementsAre(std::string("The employee '") +
+                                                  (ID == 0 ? "Bo O'Hara could not be added., "
+                                                           : "Ann Dell could not be updated., ") +
+                                                  explanation + ", the database's own words"));
     }
     EmployeeStage stage;
     stage.host->failStatement = "DELETE FROM EmployeeAddresses WHERE ID = 5";
@@ -464,7 +440,7 @@ TEST(EmployeeEditor, FailuresAreToldAndTheRestIsSaved) {
                          }),
               7);
     EXPECT_THAT(stage.host->callsOf("ShowADOErrorMessage"), SizeIs(1));
-    EXPECT_THAT(stage.host->callsOf("ShowAndLogErrorMessage"),
+    EXPECT_THAT(stage.failures(),
                 ElementsAre(HasSubstr("One or more of the security roles could not be saved.")));
     EXPECT_THAT(stage.executed(), SizeIs(3));
     EXPECT_THAT(stage.host->callsOf("Messages.PostMessage"), ElementsAre("5003, 7"));
@@ -505,7 +481,7 @@ TEST(EmployeeEditor, EveryHostFaultIsReportedAndKeepsTheInput) {
             },
             [](Stage& stage) {
                 // A digest is never empty where one was typed.
-                for (const auto& statement : stage.host->callsOf("Database.ExecuteNonQueryWithID"))
+                for (const auto& statement : stage.inserted())
                     EXPECT_THAT(statement, Not(HasSubstr("'bo', '',")));
             });
     }

@@ -1,26 +1,8 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "entities/AddressLabelDialog.h"
 #include "tests/entities/CustomerStage.h"
 
 namespace tsln::test {
 namespace {
-
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using Box = ScriptedDesktop::Box;
-
-/// Answers the next label dialog.
-void answerLabel(Stage& stage, const std::string& label, const std::string& expectedBefore) {
-    stage.desktop.user<RecordDialog>("frmAddressLabel", [=](RecordDialog& dialog) {
-        auto& box = dynamic_cast<ComboBox&>(*dialog.control("cboLabel"));
-        EXPECT_EQ(box.text(), expectedBefore);
-        box.userType(label);
-        dialog.cmdOK.userPress();
-    });
-}
 
 TEST(LabelledAddresses, TheLinksAddDeleteLabelAndChooseTheDefault) {
     CustomerStage stage;
@@ -50,7 +32,7 @@ TEST(LabelledAddresses, TheLinksAddDeleteLabelAndChooseTheDefault) {
         accept(editor);
     });
     EXPECT_THAT(
-        stage.further(),
+        stage.onConnection(),
         ElementsAre(
             "DELETE FROM CustomerAddresses WHERE ID = 71",
             "UPDATE CustomerAddresses SET AddressLabel = 'House', Address1 = '1 Mill St', Address2 = '', City = 'Reno', State = '', Zip = '', Country = '', isDefault = 0 WHERE ID = 70",
@@ -79,7 +61,7 @@ TEST(LabelledAddresses, TheFirstAddressNeedsNoLabelAndIsTheDefault) {
         EXPECT_TRUE(addresses.lblDefaultAddress.visible());
         accept(editor);
     });
-    EXPECT_THAT(stage.host->callsOf("CurrentCompanyConn.Execute"),
+    EXPECT_THAT(stage.onConnection(),
                 ElementsAre(HasSubstr("VALUES(8, 'Site', '9 Quay', '', '', '', '', '', 1)")))
         << "the deleted address was never stored";
 }
@@ -87,14 +69,13 @@ TEST(LabelledAddresses, TheFirstAddressNeedsNoLabelAndIsTheDefault) {
 TEST(LabelledAddresses, ALabelIsRequiredAndCancelChangesNothing) {
     CustomerStage stage;
     stage.desktop.user<RecordDialog>("frmAddressLabel", [&](RecordDialog& dialog) {
-        auto& box = dynamic_cast<ComboBox&>(*dialog.control("cboLabel"));
+        ComboBox& box = labelBox(dialog);
         EXPECT_EQ(dialog.caption(), "New Address");
         EXPECT_EQ(box.entries().size(), 3U);
         box.userType("   ");
         dialog.cmdOK.userPress();
         EXPECT_TRUE(dialog.shown());
-        EXPECT_THAT(stage.desktop.boxes, ElementsAre(Box{"You must enter a label.", MessageButtons::Ok,
-                                                         MessageIcon::Exclamation}));
+        EXPECT_THAT(stage.desktop.boxes, ElementsAre(exclamation("You must enter a label.")));
         box.userType("Typed");
         dialog.cmdCancel.userPress();
     });
@@ -131,7 +112,7 @@ TEST(LabelledAddresses, TheHostParsesWhatWasTypedAndNothingElse) {
 
 TEST(LabelledAddresses, ATypedAddressStaysWithItsLabelWhenTheHostCannotParseIt) {
     CustomerStage stage;
-    stage.host->on("ParseAddress", [](Arguments) -> Variant { throw HostError(code::fail, "Host", "down"); });
+    stage.host->on("ParseAddress", raises());
     stage.edit(7, [](CustomerEditor& editor) {
         auto& addresses = editor.addresses;
         addresses.txtShipToAddress.userType("typed");
@@ -157,7 +138,7 @@ TEST(LabelledAddresses, ThousandsOfAddressesAreListedAndSaved) {
         accept(editor);
     });
     EXPECT_EQ(
-        std::ranges::count_if(stage.further(),
+        std::ranges::count_if(stage.onConnection(),
                               [](const std::string& s) { return s.starts_with("UPDATE CustomerAddresses"); }),
         many);
     EXPECT_EQ(stage.host->callsOf("CombineAddress").size(), 2U) << "for the two addresses that are shown";
@@ -180,7 +161,7 @@ TEST(LabelledAddresses, ATableWithoutADefaultWritesNone) {
     EXPECT_FALSE(addresses.all()[1].isDefault);
     entities::AddressLabelDialog screen(*stage.library, "", "", {});
     addresses.save(screen, 4);
-    EXPECT_THAT(stage.host->callsOf("CurrentCompanyConn.Execute"),
+    EXPECT_THAT(stage.onConnection(),
                 ElementsAre("UPDATE Homes SET AddressLabel = 'Home', City = 'Reno' WHERE ID = 5",
                             "INSERT INTO Homes VALUES(4, 'Work', '', '', '', 'NV', '', '')"));
 }
