@@ -1,9 +1,4 @@
 #include <cmath>
-#include <fstream>
-#include <sstream>
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "automation/DateText.h"
 #include "doubles/Stage.h"
@@ -19,11 +14,6 @@ namespace {
 using messages::fillMarkup;
 using messages::previewMarkup;
 using messages::SentMessages;
-using testing::Contains;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::SizeIs;
 
 constexpr auto frmSentMessages = "frmSentMessages";
 constexpr auto allTime =
@@ -57,19 +47,11 @@ struct MessagesStage : Stage {
         });
         library->ShowSentMessages();
     }
-    std::vector<std::string> read() const { return host->callsOf("Database.ExecuteRead"); }
     void run(SentMessages& screen, int command) {
         desktop.popupChoices = {command};
         screen.cmdMessages.userPress();
     }
 };
-
-std::string contents(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
-}
 
 TEST(SentMessages, ListsTheMessagesOfARangeOfDays) {
     MessagesStage stage;
@@ -159,10 +141,9 @@ TEST(SentMessages, MessagesAreSavedAsText) {
         stage.run(screen, messages::mnuMessagesSaveAll);
         EXPECT_EQ(screen.rptItems.recordCount(), 2U);
     });
-    EXPECT_EQ(contents(folder.file("one.txt")), third);
-    EXPECT_THAT(contents(folder.file("all.txt")), testing::StartsWith(third + "\r\n-----"));
-    EXPECT_THAT(contents(folder.file("all.txt")),
-                testing::EndsWith("Subject: Plain\r\n\r\nDear <b>\r\n2\r\n"));
+    EXPECT_EQ(folder.textOf("one.txt"), third);
+    EXPECT_THAT(folder.textOf("all.txt"), StartsWith(third + "\r\n-----"));
+    EXPECT_THAT(folder.textOf("all.txt"), EndsWith("Subject: Plain\r\n\r\nDear <b>\r\n2\r\n"));
     ASSERT_THAT(stage.desktop.boxes, SizeIs(1));
     EXPECT_EQ(stage.desktop.boxes[0].text, "Unable to write the file. (1472)");
     EXPECT_EQ(stage.desktop.fileDialogs[0].title, "Save As");
@@ -185,7 +166,7 @@ TEST(SentMessages, NothingRemovesAMessage) {
         EXPECT_EQ(screen.rptItems.rowCount(), 2U);
     });
     EXPECT_THAT(stage.read(), SizeIs(5));
-    EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"), IsEmpty());
+    EXPECT_THAT(stage.executed(), IsEmpty());
 }
 
 TEST(SentMessages, TheMenuOffersWhatTheSelectionAllowsInThreeGroups) {
@@ -205,25 +186,23 @@ TEST(SentMessages, TheMenuOffersWhatTheSelectionAllowsInThreeGroups) {
 
 TEST(SentMessages, SurviveEveryFaultOfTheHost) {
     const TempFolder folder;
-    sweepFaults(
-        [&](Stage& stage) {
-            MessagesStage::furnish(stage);
-            stage.desktop.files = {folder.file("one.txt")};
-            stage.desktop.popupChoices = {messages::mnuMessagesSaveAll, messages::mnuMessagesPurge};
-            stage.desktop.user<SentMessages>(frmSentMessages, [](SentMessages& screen) {
-                screen.dtFilterStart.userPick(std::nullopt);
-                screen.dtFilterEnd.userPick(std::nullopt);
-                screen.dtFilterEnd.userLeft();
-                screen.rptItems.userSelectAll();
-                screen.cmdMessages.userPress();
-                screen.cmdMessages.userPress();
-                EXPECT_TRUE(screen.cmdClose.enabled());
-                screen.cmdClose.userPress();
-                EXPECT_FALSE(screen.shown());
-            });
-            stage.library->ShowSentMessages();
-        },
-        [](Stage&) {});
+    sweepFaults([&](Stage& stage) {
+        MessagesStage::furnish(stage);
+        stage.desktop.files = {folder.file("one.txt")};
+        stage.desktop.popupChoices = {messages::mnuMessagesSaveAll, messages::mnuMessagesPurge};
+        stage.desktop.user<SentMessages>(frmSentMessages, [](SentMessages& screen) {
+            screen.dtFilterStart.userPick(std::nullopt);
+            screen.dtFilterEnd.userPick(std::nullopt);
+            screen.dtFilterEnd.userLeft();
+            screen.rptItems.userSelectAll();
+            screen.cmdMessages.userPress();
+            screen.cmdMessages.userPress();
+            EXPECT_TRUE(screen.cmdClose.enabled());
+            screen.cmdClose.userPress();
+            EXPECT_FALSE(screen.shown());
+        });
+        stage.library->ShowSentMessages();
+    });
 }
 
 }  // namespace

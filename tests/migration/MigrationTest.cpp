@@ -1,9 +1,6 @@
 #include <algorithm>
 #include <fstream>
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "doubles/Stage.h"
 #include "doubles/TempDirectory.h"
 #include "migration/MigrateScreen.h"
@@ -18,12 +15,6 @@ namespace fs = std::filesystem;
 using migration::MigrateScreen;
 using migration::Query;
 using migration::readQuerySet;
-using testing::Contains;
-using testing::ElementsAre;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::StartsWith;
-using Box = ScriptedDesktop::Box;
 
 constexpr auto base = "MIGRATEQUERIES42_BASEDATA";
 constexpr auto people = "MIGRATEQUERIES42_EMPCUST";
@@ -81,7 +72,7 @@ TEST(Migration, ExportsImportsAndMakesTaxGroupsInTheirOrder) {
                                 "<Record><Terms>COD</Terms></Record></Terms></Sections>\r\n",
                             "<Sections source=\"42upgrade\"><Customers><Record><CustomerName>A</CustomerName>"
                             "</Record></Customers></Sections>\r\n"));
-    EXPECT_THAT(at.temporary, ElementsAre(testing::EndsWith(".xml")));
+    EXPECT_THAT(at.temporary, ElementsAre(EndsWith(".xml")));
     EXPECT_THAT(at.temp.files(), IsEmpty());
     std::vector<std::string> calls = at.stage.host->calls;
     for (std::string& call : calls) {
@@ -119,10 +110,7 @@ TEST(Migration, TellsEachFailureByItsCode) {
         return [=](MigrationStage& at) { at.stage.host->on(path, value); };
     };
     const auto raise = [](const char* path) {
-        return [=](MigrationStage& at) {
-            at.stage.host->on(path,
-                              [](Arguments) -> Variant { throw HostError(code::fail, "Host", "broken"); });
-        };
+        return [=](MigrationStage& at) { at.stage.host->on(path, raises("broken")); };
     };
     const auto without = [](const char* component) {
         return [=](MigrationStage& at) {
@@ -236,7 +224,7 @@ TEST(Migration, IsCancelledBetweenRecordsAndDuringTheImport) {
         EXPECT_TRUE(at.migrate());
         EXPECT_THAT(at.stage.host->calls, Contains("tslniee5.Engine.RequestCancel()").Times(1));
         EXPECT_THAT(at.stage.desktop.boxes, IsEmpty());
-        EXPECT_THAT(at.stage.host->callsOf("Database.ExecuteRead"), IsEmpty()) << "no further step";
+        EXPECT_THAT(at.stage.read(), IsEmpty()) << "no further step";
         EXPECT_THROW(bar->put("Value", 1), HostError) << "the engine kept a bar that is gone";
     }
 }

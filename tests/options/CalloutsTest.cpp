@@ -1,6 +1,3 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "options/OptionCallouts.h"
 #include "tests/options/Products.h"
 
@@ -9,9 +6,6 @@ namespace {
 
 using options::OptionCalloutDialog;
 using options::OptionCallouts;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using Box = ScriptedDesktop::Box;
 
 constexpr auto readProducts = "SELECT ID, Product FROM Products WHERE Active <> 0 ORDER BY Product";
 
@@ -19,11 +13,7 @@ void furnish(Stage& stage, Products& products) {
     stage.host->rows(readProducts,
                      "<Records><Record><ID>3</ID><Product>Cellular</Product></Record>"
                      "<Record><ID>4</ID><Product>Roller</Product></Record></Records>");
-    stage.host->on("Common.LoadProductTypes", [](Arguments a) -> Variant {
-        a[0].object().call("AddItem", "Shades");
-        a[0].object().put("ItemData", 0, 6);
-        return {};
-    });
+    stage.host->on("Common.LoadProductTypes", fills({{"Shades", 6}}));
     products.documents[3] =
         "<Product><Styles><Style Name='Flat'/><Style Name='A &quot;&lt;B&gt;&apos;'/><Style Name='Flat'/><Style/>"
         "</Styles></Product>";
@@ -64,18 +54,16 @@ TEST(OptionCalloutsList, ShowsWhatACalloutAppliesToAndIsLimitedToAProduct) {
         list.rptItems.userSelectAll();
         stage.host->on("Database.ExecuteNonQuery", Variant(false));
         list.cmdDelete.userPress();
-        EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"),
-                    ElementsAre("DELETE FROM OptionCallouts WHERE ID = 1"));
-        EXPECT_THAT(stage.host->callsOf("ShowAndLogErrorMessage"),
-                    ElementsAre("There was a problem deleting one or more option callouts., "
-                                "{standard explanation}, the database's own words"));
+        EXPECT_THAT(stage.executed(), ElementsAre("DELETE FROM OptionCallouts WHERE ID = 1"));
+        EXPECT_THAT(stage.failures(),
+                    ElementsAre(explained("There was a problem deleting one or more option callouts.")));
     });
     stage.library->ShowOptionCallouts(-1);
     stage.desktop.user<OptionCallouts>("frmOptionCallouts", [](OptionCallouts& list) {
         EXPECT_EQ(list.lblProduct.caption(), "Product: Fish && Chips");
     });
     stage.library->ShowOptionCallouts(5);
-    EXPECT_THAT(stage.host->callsOf("Database.ExecuteRead"), ElementsAre(load(" >= 0"), load(" = 5")));
+    EXPECT_THAT(stage.read(), ElementsAre(load(" >= 0"), load(" = 5")));
     EXPECT_EQ(stage.host->callsOf("Security.CanDo").front(), "105, 8");
 }
 
@@ -103,7 +91,7 @@ TEST(OptionCalloutDialog, SavesWhatItAppliesTo) {
         },
         1);
     EXPECT_THAT(
-        stage.host->callsOf("Database.ExecuteNonQueryWithID"),
+        stage.inserted(),
         ElementsAre(
             "INSERT INTO OptionCallouts (ProductTypeID,ProductID,Style,OptionName,Color,ColorWhen,ColorCriteria,"
             "Message) VALUES(NULL,3,'A \"<B>''','It''s',65280,0,'kept','<b>''now''</b>')"));
@@ -129,12 +117,12 @@ TEST(OptionCalloutDialog, SavesWhatItAppliesTo) {
         },
         9);
     EXPECT_THAT(
-        stage.host->callsOf("Database.ExecuteNonQuery"),
+        stage.executed(),
         ElementsAre(
             "UPDATE OptionCallouts SET ProductTypeID = 6, ProductID = 77, Style = 'Gone', OptionName "
             "= 'Lift', Color = -1, ColorWhen = 2, ColorCriteria = 'Cord', Message = 'Ask' WHERE ID = 9"));
     EXPECT_THAT(
-        stage.host->callsOf("ShowAndLogErrorMessage"),
+        stage.failures(),
         ElementsAre("Unable to identify product information in the product. The product cannot be added. "
                     "(232), , "));
 }
@@ -171,11 +159,8 @@ TEST(OptionCalloutDialog, RefusesWhatIsMissingInOrderAndKeepsTheInputWhenSavingF
             EXPECT_EQ(dialog.textBox("txtOption").text(), "Lift");
         },
         0);
-    EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQueryWithID"),
-                ElementsAre(testing::HasSubstr("VALUES(6,NULL,'','Lift',255,0,'','')")));
-    EXPECT_THAT(stage.host->callsOf("ShowAndLogErrorMessage"),
-                ElementsAre("There was a problem saving this option callout., {standard explanation}, "
-                            "the database's own words"));
+    EXPECT_THAT(stage.inserted(), ElementsAre(HasSubstr("VALUES(6,NULL,'','Lift',255,0,'','')")));
+    EXPECT_THAT(stage.failures(), ElementsAre(explained("There was a problem saving this option callout.")));
 }
 
 TEST(OptionCalloutDialog, TellsOfAProductThatMayNotBeUsed) {
@@ -198,7 +183,7 @@ TEST(OptionCalloutDialog, TellsOfAProductThatMayNotBeUsed) {
         ElementsAre("You don't have permission to use this product., If you have not logged in with your "
                     "Kestrane ID you should do so now and try again. If you still cannot access the product "
                     "you should check with the products author."));
-    EXPECT_EQ(stage.host->callsOf("ShowAndLogErrorMessage").size(), 1U);
+    EXPECT_EQ(stage.failures().size(), 1U);
     EXPECT_EQ(stage.host->callsOf("catalog5engine.Engine.Initialize").size(), 1U)
         << "one reader for the dialog";
     EXPECT_EQ(stage.host->callsOf("catalog5engine.Engine.PreTerminate").size(), 1U);
@@ -237,29 +222,6 @@ TEST(OptionCalloutDialog, TheExampleShowsWhatTheSettingsDo) {
             EXPECT_EQ(example.rowText(1, 1), "Please Select");
         },
         0);
-}
-
-TEST(OptionCallouts, EveryHostFaultIsReported) {
-    sweepFaults(
-        [](Stage& stage) {
-            Products products(stage);
-            furnish(stage, products);
-            stage.desktop.user<OptionCalloutDialog>(
-                "frmOptionCallouts_Edit", [&](OptionCalloutDialog& dialog) {
-                    dialog.optSpecificProduct.userSelect();
-                    dialog.cboProduct.userChoose(0);
-                    dialog.textBox("txtOption").userType("Lift");
-                    dialog.cmdOK.userPress();
-                    if (dialog.shown()) {
-                        EXPECT_TRUE(stage.told());
-                        EXPECT_EQ(dialog.textBox("txtOption").text(), "Lift");
-                    }
-                });
-            stage.desktop.user<OptionCallouts>("frmOptionCallouts",
-                                               [](OptionCallouts& list) { list.cmdNew.userPress(); });
-            stage.library->ShowOptionCallouts(3);
-        },
-        [](Stage&) {});
 }
 
 }  // namespace

@@ -1,6 +1,3 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "options/ScanProducts.h"
 #include "options/Sequence.h"
 #include "screens/Job.h"
@@ -10,8 +7,6 @@ namespace tsln::test {
 namespace {
 
 using options::ScanProducts;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 constexpr auto countProducts = "SELECT COUNT(*) AS theCount FROM Products WHERE Active <> 0";
 constexpr auto readProducts = "SELECT ID, Product FROM Products WHERE Active <> 0 ORDER BY Product";
@@ -200,15 +195,13 @@ TEST(ScanProducts, WithoutProductsOrReaderNothingIsShown) {
 }
 
 TEST(ScanProducts, EveryHostFaultIsToldOrLogged) {
-    sweepFaults(
-        [](Stage& stage) {
-            Products products(stage);
-            furnish(stage, {"First", "Second"});
-            products.documents = {{1, Products::withOptions({"Name='A'"})},
-                                  {2, Products::withOptions({"Name='B'"})}};
-            stage.library->ScanForOptionDetailSettings();
-        },
-        [](Stage&) {});
+    sweepFaults([](Stage& stage) {
+        Products products(stage);
+        furnish(stage, {"First", "Second"});
+        products.documents = {{1, Products::withOptions({"Name='A'"})},
+                              {2, Products::withOptions({"Name='B'"})}};
+        stage.library->ScanForOptionDetailSettings();
+    });
 }
 
 TEST(SequenceNumbers, FollowTheHighestAndThenFillTheGaps) {

@@ -1,9 +1,6 @@
 #include <algorithm>
 #include <map>
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "doubles/Stage.h"
 #include "properties/DatabaseProperties.h"
 #include "screens/Job.h"
@@ -13,11 +10,6 @@ namespace {
 
 using properties::DatabaseProperties;
 using properties::durationText;
-using testing::Contains;
-using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::Not;
-using testing::SizeIs;
 
 constexpr auto frmProperties = "frmDatabaseProperties";
 constexpr std::size_t allRows = 107;

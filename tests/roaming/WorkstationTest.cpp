@@ -1,10 +1,6 @@
 // The screens of the workstation itself: its identity, its initial synchronization and its management.
 
 #include <algorithm>
-#include <fstream>
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "doubles/Stage.h"
 #include "doubles/TempFolder.h"
@@ -18,13 +14,7 @@ namespace {
 using roaming::IdentityDialog;
 using roaming::InitialSync;
 using roaming::Manager;
-using testing::ElementsAre;
-using testing::EndsWith;
 using testing::Field;
-using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::SizeIs;
-using Box = ScriptedDesktop::Box;
 
 constexpr auto frmIdentity = "frmRoamingWorkstationIdentity";
 constexpr auto frmInitial = "frmRoamingWorkstationInitial";
@@ -33,17 +23,13 @@ constexpr auto guid = "0f8FAD5B-d9cb-469f-a165-70867728950e";
 constexpr auto poll = "SELECT SyncState FROM Company";
 constexpr auto request =
     "UPDATE Company SET SyncState = 1, NextSequenceToMain = 0, NextSequenceFromMain = 0, LastAuditID = 0, MainUniqueID = NULL";
-Box exclamation(const char* text) {
-    return {text, MessageButtons::Ok, MessageIcon::Exclamation};
-}
-
 /// The state of a company as the agent changes it, and an agent's program in a folder.
 struct WorkstationStage : Stage {
     TempFolder folder;
     Variant state = 0;
 
     WorkstationStage() {
-        std::ofstream(folder.file("agent")) << "a program";
+        folder.write("agent", "a program");
         furnish(*this, folder, state);
     }
     static void furnish(Stage& stage, const TempFolder& folder, Variant& state) {
@@ -92,7 +78,7 @@ TEST(Identity, TakesAGuidOfThirtySixCharacters) {
             EXPECT_EQ(dialog.shown(), !valid) << typed;
         });
         EXPECT_EQ(stage.library->ShowRoamingWorkstationIdentity(), valid ? 1 : 0) << typed;
-        EXPECT_EQ(stage.host->callsOf("Database.ExecuteNonQuery"),
+        EXPECT_EQ(stage.executed(),
                   valid ? std::vector{"UPDATE Company SET UniqueID = '" + std::string(guid) + "'"}
                         : std::vector<std::string>());
         if (valid) continue;
@@ -115,10 +101,10 @@ TEST(Identity, CreatesTheCompanyThatIsMissingAndReportsAFailure) {
         EXPECT_TRUE(dialog.shown());
     });
     EXPECT_EQ(stage.library->ShowRoamingWorkstationIdentity(), 0);
-    EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"),
+    EXPECT_THAT(stage.executed(),
                 ElementsAre("INSERT INTO Company (Name,UniqueID,CompanyType) VALUES('Roaming', '" +
                             std::string(guid) + "', 2)"));
-    EXPECT_THAT(stage.host->callsOf("ShowAndLogErrorMessage"), SizeIs(1));
+    EXPECT_THAT(stage.failures(), SizeIs(1));
 }
 
 TEST(InitialSync, ClosesByItselfOnceTheAgentHasCompletedItWithOneStatementATick) {
@@ -126,7 +112,7 @@ TEST(InitialSync, ClosesByItselfOnceTheAgentHasCompletedItWithOneStatementATick)
     EXPECT_FALSE(stage.initial([&](InitialSync& screen) {
         EXPECT_EQ(stage.desktop.timersRunning(), 0U) << "nothing is requested";
         screen.cmdRequest.userPress();
-        EXPECT_THAT(stage.host->callsOf("Database.ExecuteNonQuery"), ElementsAre(request));
+        EXPECT_THAT(stage.executed(), ElementsAre(request));
         EXPECT_EQ(screen.lblElapsed.caption(), "Time since request was started: 0:00");
         EXPECT_EQ(screen.lblStatus.caption(), "Status: State 1");
         for (const int state : {1, 1, 2, 3, 3}) {
@@ -176,8 +162,7 @@ TEST(InitialSync, SaysWhyItCannotBeRequested) {
             EXPECT_FALSE(screen.shown()) << "nothing is waited for";
         }));
         EXPECT_EQ(stage.desktop.boxes, c.told ? std::vector{exclamation(c.told)} : std::vector<Box>());
-        EXPECT_THAT(stage.host->callsOf("ShowAndLogErrorMessage"),
-                    SizeIs(c.answer == Variant(false) ? 1 : 0));
+        EXPECT_THAT(stage.failures(), SizeIs(c.answer == Variant(false) ? 1 : 0));
     }
 }
 
@@ -212,7 +197,7 @@ TEST(InitialSync, AsksBeforeItClosesWhileWaitingAndGoesOnAfterNo) {
     }));
     EXPECT_THAT(stage.desktop.boxes, SizeIs(3));
     EXPECT_THAT(stage.desktop.boxes[0].text,
-                testing::StartsWith("This company is still waiting for the initial sync to be completed."));
+                StartsWith("This company is still waiting for the initial sync to be completed."));
 }
 
 TEST(InitialSync, EndsTheWaitWhenTheRequestOrTheCompanyIsGone) {
@@ -250,8 +235,7 @@ TEST(InitialSync, ToleratesAFewFailingPollsOneAfterTheOther) {
             stage.desktop.tick();
         }
     });
-    EXPECT_THAT(stage.host->callsOf("ShowAndLogErrorMessage"),
-                ElementsAre(EndsWith("The company is locked.")));
+    EXPECT_THAT(stage.failures(), ElementsAre(EndsWith("The company is locked.")));
 }
 
 TEST(InitialSync, TheHostShowsAndMovesFilesAndNamesTheFrequency) {
@@ -291,7 +275,7 @@ TEST(Manager, ResetsTheSyncStateAndHasTheCompanyClosed) {
             EXPECT_EQ(screen.shown(), !done) << "it closes once the state is reset";
         });
         stage.library->ShowRoamingWorkstationManager();
-        const auto written = stage.host->callsOf("Database.ExecuteNonQuery");
+        const auto written = stage.executed();
         EXPECT_THAT(written, SizeIs(c.statements));
         if (done) {
             EXPECT_EQ(written[0],
@@ -303,7 +287,7 @@ TEST(Manager, ResetsTheSyncStateAndHasTheCompanyClosed) {
                     HasSubstr(c.messages == 1 ? "Only changes made after this point will be sent., 4"
                               : done          ? "Wait 5 minutes and then open the company."
                                               : "This process may take up to 5 minutes."));
-        EXPECT_THAT(stage.host->callsOf("ShowAndLogErrorMessage"), SizeIs(c.failures));
+        EXPECT_THAT(stage.failures(), SizeIs(c.failures));
         EXPECT_THAT(stage.host->callsOf("Messages.PostMessage"), ElementsAre(done ? "9001, 1" : "9001, 0"));
     }
 }
@@ -323,36 +307,34 @@ TEST(Manager, StopsTheAgentAndChangesTheIdentity) {
 
 TEST(Workstation, SurvivesEveryFaultOfTheHost) {
     const TempFolder folder;
-    std::ofstream(folder.file("agent")) << "a program";
+    folder.write("agent", "a program");
     Variant state;
-    sweepFaults(
-        [&](Stage& stage) {
-            state = 0;
-            WorkstationStage::furnish(stage, folder, state);
-            stage.desktop.user<InitialSync>(frmInitial, [&](InitialSync& screen) {
-                screen.cmdFileManager.userPress();
-                screen.cmdRequest.userPress();
-                for (const int now : {3, 4}) {
-                    state = now;
-                    stage.desktop.tick();
-                }
-            });
-            stage.desktop.user<IdentityDialog>(frmIdentity, [](IdentityDialog& dialog) {
-                dialog.txtUniqueID.userType(guid);
-                dialog.cmdOK.userPress();
-                EXPECT_EQ(dialog.txtUniqueID.text(), guid);
-            });
-            stage.desktop.user<Manager>(frmManager, [](Manager& screen) {
-                screen.cmdStopSync.userPress();
-                screen.cmdIdentity.userPress();
-                screen.cmdReset.userPress();
-            });
-            const bool cancelled = stage.library->ShowRoamingWorkstationInitial();
-            EXPECT_TRUE(!cancelled || !stage.desktop.opened.empty() || stage.told());
-            EXPECT_EQ(stage.desktop.timersRunning(), 0U);
-            stage.library->ShowRoamingWorkstationManager();
-        },
-        [](Stage&) {});
+    sweepFaults([&](Stage& stage) {
+        state = 0;
+        WorkstationStage::furnish(stage, folder, state);
+        stage.desktop.user<InitialSync>(frmInitial, [&](InitialSync& screen) {
+            screen.cmdFileManager.userPress();
+            screen.cmdRequest.userPress();
+            for (const int now : {3, 4}) {
+                state = now;
+                stage.desktop.tick();
+            }
+        });
+        stage.desktop.user<IdentityDialog>(frmIdentity, [](IdentityDialog& dialog) {
+            dialog.txtUniqueID.userType(guid);
+            dialog.cmdOK.userPress();
+            EXPECT_EQ(dialog.txtUniqueID.text(), guid);
+        });
+        stage.desktop.user<Manager>(frmManager, [](Manager& screen) {
+            screen.cmdStopSync.userPress();
+            screen.cmdIdentity.userPress();
+            screen.cmdReset.userPress();
+        });
+        const bool cancelled = stage.library->ShowRoamingWorkstationInitial();
+        EXPECT_TRUE(!cancelled || !stage.desktop.opened.empty() || stage.told());
+        EXPECT_EQ(stage.desktop.timersRunning(), 0U);
+        stage.library->ShowRoamingWorkstationManager();
+    });
 }
 
 }  // namespace
