@@ -105,7 +105,7 @@ TEST(DiscountGroupDeletion, EveryQuestionCanBeCancelled) {
                                                          if (!byCloseBox) screen.cmdCancel.userPress();
                                                      });
         EXPECT_FALSE(stage.library->ShowDeleteDiscountGroup(7));
-        EXPECT_EQ(stage.desktop.boxes.back(), (exclamation("You must select a new discount group.")));
+        EXPECT_EQ(stage.desktop.boxes.back(), exclamation("You must select a new discount group."));
     }
     stage.host->rows("SELECT * FROM DiscountGroups WHERE ID <> 7", "<Records/>");
     stage.desktop.shown.clear();

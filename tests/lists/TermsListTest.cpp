@@ -72,7 +72,7 @@ TEST(TermsList, OffersTheDefaultsOnceWhileTheListIsEmpty) {
         stage.library->ShowTerms();
         EXPECT_EQ(stage.desktop.boxes.size(), c.asked ? 1U : 0U);
         if (c.asked) {
-            EXPECT_EQ(stage.desktop.boxes[0], (question("Would you like to install the default terms?")));
+            EXPECT_EQ(stage.desktop.boxes[0], question("Would you like to install the default terms?"));
         }
         EXPECT_EQ(stage.read().size(), c.installed ? 2U : 1U);
         if (c.installed) {
