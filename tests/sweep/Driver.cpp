@@ -23,8 +23,10 @@ constexpr std::size_t longestCall = 200;
 class Filling : public ControlVisitor {
   public:
     void visit(TextBox& box) override {
-        if (box.locked()) return;
-        std::string text = box.multiLine ? "12\r\n34" : "12";  // a name, a number, a code
+        if (box.locked() || box.name() == "txtFilter") return;  // it would hide the rows
+        std::string text = box.multiLine ? "12\r\n34" : "12";   // a name, a number, a code
+        if (box.password) text = "1234";
+        if (box.name() == "txtUniqueID") text = "01234567-89AB-CDEF-0123-456789ABCDEF";
         if (box.maxLength > 0) text.resize(std::min(text.size(), box.maxLength));
         box.userType(std::move(text));
     }
@@ -36,9 +38,7 @@ class Filling : public ControlVisitor {
         }
     }
     void visit(CheckBox& box) override { box.userCheck(!box.checked()); }
-    void visit(OptionButton& button) override {
-        if (button.group().buttons()[1 % button.group().buttons().size()] == &button) button.userSelect();
-    }
+    void visit(OptionButton& button) override { button.userSelect(); }
     void visit(DateBox& box) override { box.userType("3/4/2026"); }
     void visit(ColorBox& box) override { box.userChoose(0x123456); }
     void visit(CheckList& list) override {
@@ -75,6 +75,17 @@ class Filling : public ControlVisitor {
     Button* cancelButton = nullptr;
     std::vector<std::string> plainButtons;
 };
+
+/// Adds the controls on pages of tab controls that have no tab.
+void collectHidden(const Layout& layout, bool hidden, std::set<const Control*>& controls) {
+    if (hidden && layout.control) controls.insert(layout.control);
+    const auto* tabs =
+        layout.kind == Layout::Kind::Tabs ? dynamic_cast<TabControl*>(layout.control) : nullptr;
+    for (std::size_t i = 0; i < layout.children.size(); ++i) {
+        const bool hidesPage = tabs && !tabs->isPageVisible(static_cast<int>(i));
+        collectHidden(layout.children[i], hidden || hidesPage, controls);
+    }
+}
 
 /// The texts of the fields that the user can reach, by their names.
 std::map<std::string, std::string> inputOf(const Screen& screen) {
@@ -162,15 +173,17 @@ void FillingDesktop::showModal(Screen& screen) {
         explicit Depth(int& value) : depth(value) { ++depth; }
         ~Depth() { --depth; }
     } const depth(depth_);
-    screen.layout();
+    const Layout layout = screen.layout();
     screen.placement.left = screen.placement.left.value_or(1);  // as a front end notes it
     positions.insert(windowPositionKey(screen));
     screen.activate();
     Filling filling;
+    std::set<const Control*> hidden;
+    collectHidden(layout, false, hidden);
     const auto onScreen = [&screen, this] { return screen.shown() && depth_ <= deepest; };
     for (Control* control : screen.controls()) {
         if (!onScreen()) break;
-        if (!control->enabled() || !control->visible()) continue;
+        if (!control->enabled() || !control->visible() || hidden.contains(control)) continue;
         screen.userFocused(*control);
         control->userEntered();
         control->accept(filling);

@@ -87,7 +87,8 @@ struct Outcome {
     std::string raised;  ///< the error with which it ended; empty for none
     FaultyHost host;
     std::vector<std::string> lostInput;
-    std::vector<std::string> told;             ///< what the user was told
+    std::vector<std::string>
+        told;  ///< what the user was told, by the host as message|advice|the database's words
     std::vector<std::string> shown;            ///< the screens that opened
     std::vector<std::string> withoutPosition;  ///< screens that closed without saving their position
     std::pair<std::size_t, std::size_t> pressing{};
