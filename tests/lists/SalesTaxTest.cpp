@@ -181,16 +181,5 @@ TEST(SalesTaxGroupCodes, AFailureIsReportedAndCanBeRepeated) {
     EXPECT_THAT(stage.executed(), IsEmpty());
 }
 
-TEST(SalesTaxGroups, EveryHostFaultLeavesTheSelectionUsable) {
-    sweepFaults([](Stage& stage) {
-        fill(stage);
-        stage.desktop.user<SalesTaxGroupsScreen>("frmSalesTaxGroups", [](SalesTaxGroupsScreen& list) {
-            if (list.rptItems.rowCount() > 0) selectRows(list.rptItems, {0});
-            list.cmdAssignTaxCodes.userPress();
-        });
-        stage.library->ShowSalesTaxGroups();
-    });
-}
-
 }  // namespace
 }  // namespace tsln::test

@@ -275,24 +275,5 @@ TEST(AdditionalCharges, TheSearchForAFreeNameRepeatsUntilTheUserCancelsOrTheName
     }
 }
 
-TEST(AdditionalCharges, EveryHostFaultIsReported) {
-    sweepFaults(
-        [](Stage& stage) {
-            ChargesStage::furnish(stage);
-            stage.desktop.popupChoices = {28310};
-            stage.desktop.user<AdditionalChargesScreen>(listName, [&](AdditionalChargesScreen& list) {
-                if (list.rptItems.recordCount() == 0) return;
-                select(list, 2);
-                list.rptItems.userContextMenu(*list.rptItems.focusedRow());
-                dynamic_cast<Button&>(*list.control("cmdDuplicate")).userPress();
-                EXPECT_FALSE(list.cmdCancelSearch.visible());
-                select(list, 2);
-                list.cmdDelete.userPress();
-            });
-            stage.library->ShowAdditionalCharges(8);
-        },
-        [](Stage&) {});
-}
-
 }  // namespace
 }  // namespace tsln::test

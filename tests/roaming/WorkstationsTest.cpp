@@ -262,22 +262,5 @@ TEST(RoamingWorkstation, IsSavedAndHandsOutItsIdentityCodeUntilItIsSetUp) {
     EXPECT_THAT(stage.failures(), SizeIs(1));
 }
 
-TEST(RoamingWorkstations, TheCommandsOfARowSurviveEveryFaultOfTheHost) {
-    sweepFaults([](Stage& stage) {
-        furnish(stage);
-        stage.desktop.answers = {MessageAnswer::Yes, MessageAnswer::Yes};
-        stage.desktop.user<ResetDateDialog>(frmDate,
-                                            [](ResetDateDialog& dialog) { dialog.cmdOK.userPress(); });
-        stage.desktop.user<WorkstationsList>(frmList, [](WorkstationsList& list) {
-            if (list.rptItems.rowCount() > 1) list.rptItems.userSelect({{1}}, 1);
-            list.cmdResetDate.userPress();
-            list.rptItems.userSelectAll();
-            list.cmdDelete.userPress();
-            list.cmdClose.userPress();
-        });
-        stage.library->ShowRoamingWorkstations();
-    });
-}
-
 }  // namespace
 }  // namespace tsln::test

@@ -353,23 +353,5 @@ TEST(SecurityRoles, FurtherRolesAreInstalledByThePackageProcessor) {
                 ElementsAre(exclamation("The TSLN 5 Package Processor cannot be found.")));
 }
 
-TEST(SecurityRoles, NoHostFaultOfTheListsCommandsLeavesIt) {
-    sweepFaults(
-        [](Stage& stage) {
-            RoleStage::furnish(stage);
-            stage.desktop.popupChoices = {28320, 28321};
-            stage.desktop.user<RolesScreen>(listName, [](RolesScreen& list) {
-                if (list.rptItems.recordCount() > 0) select(list.rptItems, 3);
-                list.rptItems.userContextMenu(0);
-                list.cmdMore.userPress();
-                if (list.rptItems.findRecord(4)) select(list.rptItems, 4);
-                list.cmdDelete.userPress();
-                list.cmdClose.userPress();
-            });
-            stage.library->ShowSecurityRoles();
-        },
-        [](Stage& stage) { EXPECT_LE(stage.host->callsOf("Security.ReInitializeUser").size(), 1U); });
-}
-
 }  // namespace
 }  // namespace tsln::test

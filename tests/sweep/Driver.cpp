@@ -196,6 +196,9 @@ void FillingDesktop::showModal(Screen& screen) {
         if (!button_.empty()) toPress = dynamic_cast<Button*>(screen.control(button_));
     }
     if (onScreen() && toPress) press(screen, *toPress);
+    if (const auto* missing = dynamic_cast<Label*>(screen.control("lblMissing"));
+        missing && missing->visible())
+        boxes.push_back({.text = missing->caption()});
     if (screen.shown() && filling.cancelButton) filling.cancelButton->userPress();
     if (screen.shown()) screen.userClose();
     if (screen.shown()) screen.hide();  // it refused to close
