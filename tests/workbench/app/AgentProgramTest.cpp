@@ -1,6 +1,8 @@
+#include <csignal>
 #include <cstdlib>
 #include <fstream>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 
 #include <SQLiteCpp/SQLiteCpp.h>
@@ -38,10 +40,10 @@ class AgentProgramTest : public testing::Test {
         std::ofstream(folder.file("notes.txt")) << "no company";
         std::filesystem::create_directory(folder.file("Products"));
     }
-    int run(const std::string& before = "TESSALINE_AGENT=0") const {
+    int run(const std::string& before = "TESSALINE_AGENT=0", const std::string& after = "") const {
         const std::string command = before +
                                     " '" AGENT_PROGRAM "' '/Profile:(default)' '/Companies:" + folder.path() +
-                                    "' 2>/dev/null";
+                                    "' 2>/dev/null" + after;
         const int status = std::system(command.c_str());
         return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     }
@@ -77,7 +79,15 @@ TEST_F(AgentProgramTest, TheInitialSyncFillsTheCopyAndIsNotedInTheMainCompany) {
 }
 
 TEST_F(AgentProgramTest, AKilledAgentsWorkIsTakenUpByTheNext) {
-    run("TESSALINE_AGENT=300 timeout -s KILL 0.45");
+    const std::string pid = folder.file("pid");
+    run("TESSALINE_AGENT=1000", " & echo $! >'" + pid + "'");
+    SQLite::Database copy(copyPath, SQLite::OPEN_READONLY, 1000);
+    for (int i = 0; i < 1000 && copy.execAndGet("SELECT SyncState FROM Company").getInt() != 2; ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    pid_t agent = 0;
+    std::ifstream(pid) >> agent;
+    ASSERT_GT(agent, 0);
+    ASSERT_EQ(kill(agent, SIGKILL), 0);
     EXPECT_EQ(state(), "2");
     EXPECT_EQ(run(), 0);
     EXPECT_EQ(state(), "4");
