@@ -2,9 +2,9 @@
 #include <wx/filename.h>
 #include <wx/window.h>
 // clang-format off: must follow the wx headers
-#include <htmlhelp.h>
-
 #include <wx/msw/wrapwin.h>
+
+#include <htmlhelp.h>
 // clang-format on
 
 #include "desktop/HtmlHelp.h"

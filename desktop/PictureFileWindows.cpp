@@ -1,9 +1,11 @@
 #ifdef _WIN32
 #include <algorithm>
-#include <objidl.h>
 
 #include <wx/bitmap.h>
 #include <wx/msw/private.h>
+// clang-format off: must follow the wx headers, which choose the functions for Unicode
+#include <objidl.h>
+// clang-format on
 
 #include "desktop/PictureFile.h"
 namespace Gdiplus {

@@ -57,10 +57,11 @@ class ReportView : public ControlView {
         constexpr int roundText = 8;  // within a row
         if (report_.rowsAtFirst > 0)
             return (report_.rowsAtFirst + 1) * (border_->ToDIP(rows_.GetCharHeight()) + roundText);
+        // This one is among them.
         const auto lists = std::ranges::count_if(report_.screen().controls(), [](const Control* control) {
             return dynamic_cast<const ReportControl*>(control) != nullptr;
         });
-        return std::max(firstHigh / static_cast<int>(lists), leastHigh);
+        return std::max(firstHigh / std::max(static_cast<int>(lists), 1), leastHigh);
     }
 
     wxPoint popupPosition() const override {

@@ -64,7 +64,7 @@ DISPID DispatchObject::idOf(std::string_view member) const {
     DISPID id = DISPID_UNKNOWN;
     HRESULT result;
     if (scripted_) {
-        BSTR text = SysAllocString(name.c_str());
+        const BSTR text = SysAllocString(name.c_str());
         result = scripted_->GetDispID(text, fdexNameCaseInsensitive, &id);
         SysFreeString(text);
     } else {

@@ -255,7 +255,7 @@ TEST_F(DialogTest, AWindowThatOpensDuringAHandlerTakesInput) {
         desktop.yield();
         screen.note("apply ends");
     };
-    untilFocused(screen.txtName);
+    user.untilFocused(screen.txtName);
     user.key('P', wxMOD_ALT).until("the box is open", [] {
         auto* box = Robot::find<wxGenericMessageDialog>();
         return box && box->IsActive();

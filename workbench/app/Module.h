@@ -20,7 +20,7 @@ class Module {
 
     /// Loads the module. From then on the session's components can be created; the session must outlive this object.
     /// Throws HostError when the module cannot be loaded.
-    Module(const CompanySession& session, OnProcessEnd onProcessEnd);
+    Module(const CompanySession& session, const OnProcessEnd& onProcessEnd);
     ~Module();
     Module(const Module&) = delete;
     Module& operator=(const Module&) = delete;

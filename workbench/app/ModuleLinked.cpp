@@ -12,11 +12,11 @@ struct Module::Parts {
     ObjectPtr library;
 };
 
-Module::Module(const CompanySession& session, OnProcessEnd onProcessEnd)
+Module::Module(const CompanySession& session, const OnProcessEnd& onProcessEnd)
     : parts_(new Parts{
           .desktop{[&session](std::string_view programId) { return session.createObject(programId); },
                    settingsFile("settings.ini")}}) {
-    parts_->desktop.onProcessEnd = std::move(onProcessEnd);
+    parts_->desktop.onProcessEnd = onProcessEnd;
     auto library = std::make_shared<Library>(parts_->desktop);
     plugInModule(*library);
     parts_->library = std::move(library);

@@ -12,8 +12,6 @@
 namespace tsln::workbench {
 namespace {
 
-using com::ComPtr;
-
 /// The class factory of one of the session's components.
 class ComponentFactory : public com::ComObject<IClassFactory> {
   public:
@@ -74,7 +72,7 @@ struct Module::Parts {
     ObjectPtr library;
 };
 
-Module::Module(const CompanySession& session, OnProcessEnd) : parts_(std::make_unique<Parts>()) {
+Module::Module(const CompanySession& session, const OnProcessEnd&) : parts_(std::make_unique<Parts>()) {
     offering = &session;
     parts_->library = com::createComponent("tslnmaint5.Library");
 }
