@@ -40,7 +40,8 @@ void SalesTaxGroupCodes::opened() {
                            .itemData = code,
                            .ticked = ticked.contains(code)});
     }
-    cmdOK.setEnabled(true);  // only now: saving replaces the group's codes by the shown ones
+    // Only now, and not without codes: saving replaces the group's codes by the shown ones.
+    cmdOK.setEnabled(!codes.empty());
 }
 
 bool SalesTaxGroupCodes::save() {

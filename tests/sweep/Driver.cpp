@@ -195,6 +195,7 @@ void FillingDesktop::showModal(Screen& screen) {
         furtherButtons = filling.plainButtons;
         if (!button_.empty()) toPress = dynamic_cast<Button*>(screen.control(button_));
     }
+    if (onScreen()) refused = refused || !toPress || !toPress->enabled();
     if (onScreen() && toPress) press(screen, *toPress);
     if (const auto* missing = dynamic_cast<Label*>(screen.control("lblMissing"));
         missing && missing->visible())
@@ -257,6 +258,7 @@ std::unique_ptr<Outcome> perform(const GalleryStop& stop, const std::string& fil
     library->PreTerminate();
     outcome->lostInput = std::move(desktop.lostInput);
     outcome->pressing = desktop.pressing;
+    outcome->refused = desktop.refused;
     outcome->buttons = std::move(desktop.furtherButtons);
     outcome->shown = std::move(desktop.shown);
     for (const std::string& key : desktop.positions) {

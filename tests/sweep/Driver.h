@@ -54,6 +54,7 @@ class FillingDesktop : public test::ScriptedDesktop {
     std::pair<std::size_t, std::size_t>
         pressing{};                   ///< the calls, from and to, that the button of the first screen made
     std::set<std::string> positions;  ///< the keys under which the screens save their positions
+    bool refused = false;             ///< the button of a screen was disabled
     std::vector<std::string> furtherButtons;  ///< the first screen's buttons that are neither default nor Esc
 
   private:
@@ -87,8 +88,9 @@ struct Outcome {
     std::string raised;  ///< the error with which it ended; empty for none
     FaultyHost host;
     std::vector<std::string> lostInput;
-    std::vector<std::string>
-        told;  ///< what the user was told, by the host as message|advice|the database's words
+    bool refused = false;  ///< the button of a screen was disabled when it was to be pressed
+    /// What the user was told, by the host as "message|advice|the database's words".
+    std::vector<std::string> told;
     std::vector<std::string> shown;            ///< the screens that opened
     std::vector<std::string> withoutPosition;  ///< screens that closed without saving their position
     std::pair<std::size_t, std::size_t> pressing{};

@@ -96,7 +96,8 @@ class OperationSweep : public testing::TestWithParam<GalleryStop> {
         const bool told = std::ranges::any_of(outcome.told, [&](const std::string& text) {
             return std::ranges::find(clean.told, text) == clean.told.end();
         });
-        EXPECT_FALSE(saving && missing && !told) << "something was not saved, silently";
+        EXPECT_FALSE(saving && missing && !told && !(emptyResult && outcome.refused && !clean.refused))
+            << "something was not saved, silently";
         // The faults of a second screen change what it shows and thus saves, as does another answer for an option. A new
         // charge has a random code.
         for (const std::string& statement : outcome.host.statements) {
