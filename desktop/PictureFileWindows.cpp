@@ -10,8 +10,8 @@
 #include "desktop/PictureFile.h"
 namespace Gdiplus {
 // The header expects these as macros or in its own namespace.
-using std::max;
-using std::min;
+using std::max;  // NOLINT(misc-unused-using-decls)
+using std::min;  // NOLINT(misc-unused-using-decls)
 }  // namespace Gdiplus
 #include <gdiplus.h>
 

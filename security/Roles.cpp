@@ -75,6 +75,8 @@ void RolesScreen::copySelected() {
     const Database database = host().database();
     const std::string copied =
         database.ExecuteScaler(format("SELECT Name FROM SecurityRoles WHERE ID = {0}", ID)).toText();
+    constexpr std::string_view failure = "There was a problem copying this security role.";
+    if (copied.empty()) return reportDatabaseFailure(failure);  // every role has a name
     const std::string name = copied + " Copy";
     if (count(format("SELECT COUNT(*) AS MyCount FROM SecurityRoles WHERE Name = '{0}'",
                      doubleQuotes(name))) > 0) {
@@ -89,7 +91,6 @@ void RolesScreen::copySelected() {
         "INSERT INTO SecurityRoles (Name, Description) SELECT '{0}', Description from SecurityRoles where ID = {1}",
         "{0}", ID);
     const std::int32_t added = database.ExecuteNonQueryWithID(format(insert, doubleQuotes(name)));
-    constexpr std::string_view failure = "There was a problem copying this security role.";
     if (added < 1) return reportDatabaseFailure(failure);
     // Also a copy that did not get its access is shown: it exists, and can be edited or deleted.
     if (!database.ExecuteNonQuery(format(
