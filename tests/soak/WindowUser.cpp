@@ -1,6 +1,9 @@
 #include "tests/soak/WindowUser.h"
 
 #include <algorithm>
+#include <gtk/gtk.h>
+#include <pango/pangocairo.h>
+#include <pango/pangofc-fontmap.h>
 
 #include <wx/app.h>
 #include <wx/button.h>
@@ -49,6 +52,12 @@ void collectButtons(wxWindow& window, std::vector<wxButton*>& buttons) {
         if (button && button->IsEnabled() && wanted) buttons.push_back(button);
         collectButtons(*child, buttons);
     }
+}
+
+/// The toolkit keeps the shapes of texts and letters in all their scripts, and computed styles, without a limit.
+void dropToolkitCaches() {
+    pango_fc_font_map_cache_clear(PANGO_FC_FONT_MAP(pango_cairo_font_map_get_default()));
+    gtk_style_context_reset_widgets(gdk_screen_get_default());
 }
 
 /// Windows as they are, but files are chosen at once, and no other program is started.
@@ -222,6 +231,8 @@ void runWindows(RandomUser& user, const std::string& folder, std::size_t acts) {
     if (!wxEntryStart(none, static_cast<wxChar**>(nullptr))) diary::fail("there is no display");
     wxTheApp->CallOnInit();
     wxTheApp->SetExitOnFrameDelete(false);
+    // The toolkit keeps a picture of each mark in each colour of a transition, without a limit.
+    g_object_set(gtk_settings_get_default(), "gtk-enable-animations", FALSE, nullptr);
     wxSetAssertHandler([](const wxString& file, int line, const wxString&, const wxString& condition,
                           const wxString& message) {
         diary::fail(desktop::fromWx(wxString::Format("%s:%d: %s %s", file, line, condition, message)));
@@ -233,9 +244,7 @@ void runWindows(RandomUser& user, const std::string& folder, std::size_t acts) {
         });
         running = &soak;
         const WindowUser windowUser(user, [&] { running->callOperation(); });
-        // The toolkit keeps shapes of the texts in all their scripts, icons and styles: about 150 bytes an act. Of the
-        // program's own objects nothing is kept, as heaptrack shows.
-        soak.run(acts, std::max<std::size_t>(1000, acts / 10), 16 * 1024 * 1024);
+        soak.run(acts, dropToolkitCaches);
     }
     wxEntryCleanup();
 }

@@ -30,7 +30,7 @@ void runScripted(RandomUser& user, const std::string& folder, std::size_t acts) 
         return desktop;
     });
     running = &soak;
-    soak.run(acts, 1000, 1024 * 1024);
+    soak.run(acts);
 }
 
 }  // namespace
