@@ -59,8 +59,8 @@ Soak::Soak(RandomUser& user, const std::string& folder, MakeDesktop makeDesktop)
     oldCompany_ = workbench::contentOf(oldFile_);
 }
 
-void Soak::run(std::size_t acts, const std::function<void()>& dropCaches) {
-    constexpr long mostGrowth = 1024 * 1024;
+void Soak::run(std::size_t acts, std::size_t bytesOfAct, const std::function<void()>& dropCaches) {
+    const auto mostGrowth = static_cast<long>(1024 * 1024 + bytesOfAct * acts);
     const std::size_t actsToWarmUp = std::min<std::size_t>(1000, acts / 2);
     using Clock = std::chrono::steady_clock;
     const auto begin = Clock::now();

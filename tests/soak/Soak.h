@@ -23,9 +23,9 @@ class Soak {
     Soak(RandomUser& user, const std::string& folder, MakeDesktop makeDesktop);
 
     /// Goes on until the user has done so many acts. Prints what it did. After the first thousand, or half of less than
-    /// two thousand, the memory in use must grow by less than a megabyte. `dropCaches` is called before it is measured.
-    void run(
-        std::size_t acts, const std::function<void()>& dropCaches = [] {});
+    /// two thousand, the memory in use must grow by less than a megabyte and so many bytes for each act. `dropCaches` is
+    /// called before it is measured.
+    void run(std::size_t acts, std::size_t bytesOfAct, const std::function<void()>& dropCaches);
     /// Calls some operation, also while a screen is shown.
     void callOperation();
 

@@ -244,7 +244,9 @@ void runWindows(RandomUser& user, const std::string& folder, std::size_t acts) {
         });
         running = &soak;
         const WindowUser windowUser(user, [&] { running->callOperation(); });
-        soak.run(acts, dropToolkitCaches);
+        // The allocator counts 40 bytes more for each act, although no more is allocated, as heaptrack shows: 7.2 MB
+        // after 2,000 acts, 6.7 MB after 8,000.
+        soak.run(acts, 64, dropToolkitCaches);
     }
     wxEntryCleanup();
 }

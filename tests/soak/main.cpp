@@ -30,7 +30,7 @@ void runScripted(RandomUser& user, const std::string& folder, std::size_t acts) 
         return desktop;
     });
     running = &soak;
-    soak.run(acts);
+    soak.run(acts, 0, [] {});
 }
 
 }  // namespace
