@@ -18,7 +18,9 @@ constexpr int addRoles = 28321;
 RecordDescription roleDialog() {
     return {.newCaption = "New Security Role",
             .editCaption = "Edit Security Role",
-            .fields = {fields::name("txtName", "&Name:", "Name", "<n>", "You must enter valid security role name.", "A security role with this name already exists."),
+            .fields = {fields::name("txtName", "&Name:", "Name", "<n>",
+                                    "You must enter valid security role name.",
+                                    "A security role with this name already exists."),
                        fields::text("txtDescription", "&Description:", "Description", "<d>")},
             .saveFailure = "There was a problem saving this security role."};
 }
@@ -36,9 +38,12 @@ const ListDescription rolesList{
     .orderBy = "Name",
     .columns = {{"Name", 180, "Name"}, {"Description", 360, "Description"}},
     .securityArea = securityArea,
-    .deletionChecks = {{.count = countReferences("EmployeeSecurityRoles", "SecurityRoleID"),
-                        .message = "The security role <Bold>{0}</Bold> cannot be deleted because it's being used by {1} employees.",
-                        .advice = "In order to delete this security role you must remove it from the employees that are using it."}},
+    .deletionChecks =
+        {{.count = countReferences("EmployeeSecurityRoles", "SecurityRoleID"),
+          .message =
+              "The security role <Bold>{0}</Bold> cannot be deleted because it's being used by {1} employees.",
+          .advice =
+              "In order to delete this security role you must remove it from the employees that are using it."}},
     .deleteFailure = "There was a problem deleting one or more security roles.",
     .dialog = roleDialog(),
     .commands = {{.id = roleCommand::copy,
@@ -73,9 +78,9 @@ void RolesScreen::copySelected() {
     const std::int32_t ID = selectedID();
     if (ID <= 0) return;
     const Database database = host().database();
-    const std::string copied =
-        database.ExecuteScaler(format("SELECT Name FROM SecurityRoles WHERE ID = {0}", ID)).toText();
+    const Variant found = database.ExecuteScaler(format("SELECT Name FROM SecurityRoles WHERE ID = {0}", ID));
     constexpr std::string_view failure = "There was a problem copying this security role.";
+    const std::string copied = found.isText() ? found.toText() : "";
     if (copied.empty()) return reportDatabaseFailure(failure);  // every role has a name
     const std::string name = copied + " Copy";
     if (count(format("SELECT COUNT(*) AS MyCount FROM SecurityRoles WHERE Name = '{0}'",

@@ -302,17 +302,19 @@ TEST(SecurityRoles, ACopyIsOneStatementPairAndATakenNameWritesNothing) {
     EXPECT_THAT(taken.inserted(), IsEmpty());
     EXPECT_THAT(taken.executed(), IsEmpty());
 
-    RoleStage nameless;
-    nameless.host->on("Database.ExecuteScaler", [](Arguments a) {
-        return a[0].toText().starts_with("SELECT Name") ? Variant("") : Variant(0);
-    });
-    nameless.list([](RolesScreen& list) {
-        select(list.rptItems, 3);
-        press(list, "cmdCopy");
-    });
-    EXPECT_THAT(nameless.failures(),
-                ElementsAre(HasSubstr("There was a problem copying this security role.")));
-    EXPECT_THAT(nameless.inserted(), IsEmpty());
+    for (const Variant& name : {Variant(""), Variant(false), Variant()}) {
+        RoleStage nameless;
+        nameless.host->on("Database.ExecuteScaler", [&](Arguments a) {
+            return a[0].toText().starts_with("SELECT Name") ? name : Variant(0);
+        });
+        nameless.list([](RolesScreen& list) {
+            select(list.rptItems, 3);
+            press(list, "cmdCopy");
+        });
+        EXPECT_THAT(nameless.failures(),
+                    ElementsAre(HasSubstr("There was a problem copying this security role.")));
+        EXPECT_THAT(nameless.inserted(), IsEmpty());
+    }
 }
 
 TEST(SecurityRoles, ARoleInUseIsNotDeletedAndClosingReadsTheUserAgain) {
