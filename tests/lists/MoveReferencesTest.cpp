@@ -6,103 +6,131 @@ namespace {
 
 using lists::MoveListReferences;
 
-/// A list and what refers to it, each with the word for it in messages.
+/// The expected queries, updates and messages when the references of entry 7 are moved to entry 9.
 struct Case {
     std::int16_t code;
-    std::string table, column, noun;
-    struct Reference {
-        std::string table, column, noun;
-        std::string update(const std::string& to = "9") const {
-            return "UPDATE " + table + " SET " + column + " = " + to + " WHERE " + column + " = 7";
-        }
-        std::string failure() const { return "There was a problem moving the " + noun + " references."; }
-    };
-    std::vector<Reference> references;
+    std::string name, choices, heading;
+    std::vector<std::string> updates;
+    std::vector<std::string> failures;  ///< one per update
     bool blankAllowed = false;
-
-    std::vector<std::string> updates(const std::string& to = "9") const {
-        std::vector<std::string> all;
-        for (const Reference& reference : references)
-            all.push_back(reference.update(to));
-        return all;
-    }
-    std::string readName() const { return "SELECT " + column + " FROM " + table + " WHERE ID = 7"; }
-    std::string readChoices() const { return "SELECT ID, " + column + " FROM " + table + " WHERE ID <> 7"; }
-    /// The column's name without brackets.
-    std::string choiceColumn() const {
-        return column[0] == '[' ? column.substr(1, column.size() - 2) : column;
-    }
 };
+
+const std::string customersFailed = "There was a problem moving the customer references.";
+const std::string ordersFailed = "There was a problem moving the Q/S/O references.";
+const std::string productsFailed = "There was a problem moving the product references.";
+const std::string historyFailed = "There was a problem moving the product refresh history references.";
+const std::string chargesFailed = "There was a problem moving the additional charge references.";
 
 const Case cases[] = {
     {1,
-     "ShippingMethods",
-     "ShippingMethod",
-     "shipping method",
-     {{"Customers", "ShippingMethodID", "customer"},
-      {"Orders", "ShippingMethodID", "Q/S/O"},
-      {"PurchaseOrders", "ShippingMethodID", "PO"}}},
+     "SELECT ShippingMethod FROM ShippingMethods WHERE ID = 7",
+     "SELECT ID, ShippingMethod FROM ShippingMethods WHERE ID <> 7, ShippingMethod, ID",
+     "Change items that reference the shipping method:",
+     {"UPDATE Customers SET ShippingMethodID = 9 WHERE ShippingMethodID = 7",
+      "UPDATE Orders SET ShippingMethodID = 9 WHERE ShippingMethodID = 7",
+      "UPDATE PurchaseOrders SET ShippingMethodID = 9 WHERE ShippingMethodID = 7"},
+     {customersFailed, ordersFailed, "There was a problem moving the PO references."}},
     {2,
-     "ReferralMethods",
-     "ReferralMethod",
-     "referral method",
-     {{"Customers", "ReferralMethodID", "customer"}, {"Orders", "ReferralMethodID", "Q/S/O"}},
+     "SELECT ReferralMethod FROM ReferralMethods WHERE ID = 7",
+     "SELECT ID, ReferralMethod FROM ReferralMethods WHERE ID <> 7, ReferralMethod, ID",
+     "Change items that reference the referral method:",
+     {"UPDATE Customers SET ReferralMethodID = 9 WHERE ReferralMethodID = 7",
+      "UPDATE Orders SET ReferralMethodID = 9 WHERE ReferralMethodID = 7"},
+     {customersFailed, ordersFailed},
      true},
     {3,
-     "ProductTypes",
-     "ProductType",
-     "product type",
-     {{"Products", "ProductTypeID", "product"},
-      {"ProductRefreshHistory", "ProductTypeID", "product refresh history"}}},
+     "SELECT ProductType FROM ProductTypes WHERE ID = 7",
+     "SELECT ID, ProductType FROM ProductTypes WHERE ID <> 7, ProductType, ID",
+     "Change items that reference the product type:",
+     {"UPDATE Products SET ProductTypeID = 9 WHERE ProductTypeID = 7",
+      "UPDATE ProductRefreshHistory SET ProductTypeID = 9 WHERE ProductTypeID = 7"},
+     {productsFailed, historyFailed}},
     {4,
-     "Manufacturers",
-     "Manufacturer",
-     "manufacturer",
-     {{"Products", "ManufacturerID", "product"},
-      {"ProductRefreshHistory", "ManufacturerID", "product refresh history"}}},
-    {5, "JobTypes", "JobType", "job type", {{"Jobs", "JobTypeID", "job"}}},
-    {6, "OrderTypes", "OrderType", "order type", {{"Orders", "OrderTypeID", "Q/S/O"}}},
-    {7, "DeliveryRanges", "Range", "delivery range", {{"Orders", "DeliveryRangeID", "Q/S/O"}}, true},
-    {8, "PaymentMethods", "PaymentMethod", "payment method", {{"Payments", "PaymentMethodID", "payment"}}},
+     "SELECT Manufacturer FROM Manufacturers WHERE ID = 7",
+     "SELECT ID, Manufacturer FROM Manufacturers WHERE ID <> 7, Manufacturer, ID",
+     "Change items that reference the manufacturer:",
+     {"UPDATE Products SET ManufacturerID = 9 WHERE ManufacturerID = 7",
+      "UPDATE ProductRefreshHistory SET ManufacturerID = 9 WHERE ManufacturerID = 7"},
+     {productsFailed, historyFailed}},
+    {5,
+     "SELECT JobType FROM JobTypes WHERE ID = 7",
+     "SELECT ID, JobType FROM JobTypes WHERE ID <> 7, JobType, ID",
+     "Change items that reference the job type:",
+     {"UPDATE Jobs SET JobTypeID = 9 WHERE JobTypeID = 7"},
+     {"There was a problem moving the job references."}},
+    {6,
+     "SELECT OrderType FROM OrderTypes WHERE ID = 7",
+     "SELECT ID, OrderType FROM OrderTypes WHERE ID <> 7, OrderType, ID",
+     "Change items that reference the order type:",
+     {"UPDATE Orders SET OrderTypeID = 9 WHERE OrderTypeID = 7"},
+     {ordersFailed}},
+    {7,
+     "SELECT Range FROM DeliveryRanges WHERE ID = 7",
+     "SELECT ID, Range FROM DeliveryRanges WHERE ID <> 7, Range, ID",
+     "Change items that reference the delivery range:",
+     {"UPDATE Orders SET DeliveryRangeID = 9 WHERE DeliveryRangeID = 7"},
+     {ordersFailed},
+     true},
+    {8,
+     "SELECT PaymentMethod FROM PaymentMethods WHERE ID = 7",
+     "SELECT ID, PaymentMethod FROM PaymentMethods WHERE ID <> 7, PaymentMethod, ID",
+     "Change items that reference the payment method:",
+     {"UPDATE Payments SET PaymentMethodID = 9 WHERE PaymentMethodID = 7"},
+     {"There was a problem moving the payment references."}},
     {9,
-     "Terms",
-     "[Terms]",
-     "terms",
-     {{"Customers", "TermsID", "customer"},
-      {"Vendors", "TermsID", "vendor"},
-      {"Orders", "TermsID", "Q/S/O"}}},
-    {10, "CustomerTypes", "Name", "customer type", {{"Customers", "CustomerTypeID", "customer"}}},
+     "SELECT [Terms] FROM Terms WHERE ID = 7",
+     "SELECT ID, [Terms] FROM Terms WHERE ID <> 7, Terms, ID",
+     "Change items that reference the terms:",
+     {"UPDATE Customers SET TermsID = 9 WHERE TermsID = 7",
+      "UPDATE Vendors SET TermsID = 9 WHERE TermsID = 7", "UPDATE Orders SET TermsID = 9 WHERE TermsID = 7"},
+     {customersFailed, "There was a problem moving the vendor references.", ordersFailed}},
+    {10,
+     "SELECT Name FROM CustomerTypes WHERE ID = 7",
+     "SELECT ID, Name FROM CustomerTypes WHERE ID <> 7, Name, ID",
+     "Change items that reference the customer type:",
+     {"UPDATE Customers SET CustomerTypeID = 9 WHERE CustomerTypeID = 7"},
+     {customersFailed}},
     {11,
-     "DiscountGroups",
-     "DiscountGroup",
-     "discount group",
-     {{"Customers", "DiscountGroupID", "customer"},
-      {"Customers", "CustomerDiscountGroupID", "customer"},
-      {"ProductVendors", "DiscountGroupID", "product vendor"}}},
+     "SELECT DiscountGroup FROM DiscountGroups WHERE ID = 7",
+     "SELECT ID, DiscountGroup FROM DiscountGroups WHERE ID <> 7, DiscountGroup, ID",
+     "Change items that reference the discount group:",
+     {"UPDATE Customers SET DiscountGroupID = 9 WHERE DiscountGroupID = 7",
+      "UPDATE Customers SET CustomerDiscountGroupID = 9 WHERE CustomerDiscountGroupID = 7",
+      "UPDATE ProductVendors SET DiscountGroupID = 9 WHERE DiscountGroupID = 7"},
+     {customersFailed, customersFailed, "There was a problem moving the product vendor references."}},
     {12,
-     "SalesTaxGroups",
-     "SalesTaxGroup",
-     "sales tax group",
-     {{"Customers", "SalesTaxGroupID", "customer"},
-      {"Orders", "SalesTaxGroupID", "Q/S/O"},
-      {"SalesTaxGroupCodes", "SalesTaxGroupID", "sales tax group code"}}},
-    {13, "Groups", "GroupName", "group", {{"GroupedCustomers", "GroupID", "customer"}}},
+     "SELECT SalesTaxGroup FROM SalesTaxGroups WHERE ID = 7",
+     "SELECT ID, SalesTaxGroup FROM SalesTaxGroups WHERE ID <> 7, SalesTaxGroup, ID",
+     "Change items that reference the sales tax group:",
+     {"UPDATE Customers SET SalesTaxGroupID = 9 WHERE SalesTaxGroupID = 7",
+      "UPDATE Orders SET SalesTaxGroupID = 9 WHERE SalesTaxGroupID = 7",
+      "UPDATE SalesTaxGroupCodes SET SalesTaxGroupID = 9 WHERE SalesTaxGroupID = 7"},
+     {customersFailed, ordersFailed, "There was a problem moving the sales tax group code references."}},
+    {13,
+     "SELECT GroupName FROM Groups WHERE ID = 7",
+     "SELECT ID, GroupName FROM Groups WHERE ID <> 7, GroupName, ID",
+     "Change items that reference the group:",
+     {"UPDATE GroupedCustomers SET GroupID = 9 WHERE GroupID = 7"},
+     {customersFailed}},
     {14,
-     "Accounts",
-     "Account",
-     "linked accout",
-     {{"Products", "SalesAccountID", "product"},
-      {"Products", "PurchaseAccountID", "product"},
-      {"AdditionalCharges", "SalesAccountID", "additional charge"},
-      {"AdditionalCharges", "PurchaseAccountID", "additional charge"}}},
+     "SELECT Account FROM Accounts WHERE ID = 7",
+     "SELECT ID, Account FROM Accounts WHERE ID <> 7, Account, ID",
+     "Change items that reference the linked accout:",
+     {"UPDATE Products SET SalesAccountID = 9 WHERE SalesAccountID = 7",
+      "UPDATE Products SET PurchaseAccountID = 9 WHERE PurchaseAccountID = 7",
+      "UPDATE AdditionalCharges SET SalesAccountID = 9 WHERE SalesAccountID = 7",
+      "UPDATE AdditionalCharges SET PurchaseAccountID = 9 WHERE PurchaseAccountID = 7"},
+     {productsFailed, productsFailed, chargesFailed, chargesFailed}},
 };
 
 /// A company with the entries 7, "Old", and 9, "New". Every column has 4 references.
 void fill(Stage& stage, const Case& c) {
-    const std::string column = c.choiceColumn();
-    stage.host->rows(c.readChoices(),
+    const std::string query = c.choices.substr(0, c.choices.find(", ", c.choices.find("FROM")));
+    std::string column = c.choices.substr(query.size() + 2);
+    column.resize(column.find(','));
+    stage.host->rows(query,
                      "<Records><Record><ID>9</ID><" + column + ">New</" + column + "></Record></Records>");
-    stage.host->on("Database.ExecuteScaler", [name = c.readName()](Arguments a) {
+    stage.host->on("Database.ExecuteScaler", [name = c.name](Arguments a) {
         return a[0].toText() == name ? Variant("Old") : Variant(4);
     });
 }
@@ -118,7 +146,7 @@ TEST(MoveReferences, CountsAndUpdatesTheReferencesOfEveryList) {
         Stage stage;
         fill(stage, c);
         stage.desktop.user<MoveListReferences>("frmMoveListReferences", [&](MoveListReferences& screen) {
-            EXPECT_EQ(screen.lblHeading.caption(), "Change items that reference the " + c.noun + ":");
+            EXPECT_EQ(screen.lblHeading.caption(), c.heading);
             EXPECT_EQ(screen.txtName.text(), "Old");
             screen.cmdOK.userPress();  // a blank reference
             EXPECT_TRUE(screen.shown());
@@ -127,31 +155,29 @@ TEST(MoveReferences, CountsAndUpdatesTheReferencesOfEveryList) {
         });
         EXPECT_FALSE(stage.library->ShowMoveReferences(c.code, 7));
         EXPECT_THAT(stage.host->callsOf("Common.LoadComboFromQuery"),
-                    ElementsAre("object, " + c.readChoices() + ", " + c.choiceColumn() + ", ID" +
-                                (c.blankAllowed ? ", True" : ", False")));
-        EXPECT_EQ(stage.executed(), c.updates());
+                    ElementsAre("object, " + c.choices + (c.blankAllowed ? ", True" : ", False")));
+        EXPECT_EQ(stage.executed(), c.updates);
         const Box blank = c.blankAllowed ? question("Are you sure you want to change to a blank reference?")
                                          : exclamation("You cannot have a blank reference");
-        const std::string total = std::to_string(4 * c.references.size());
-        EXPECT_THAT(
-            stage.desktop.boxes,
-            ElementsAre(blank, Box{"Update complete. A total of " + total + " references where updated.",
-                                   MessageButtons::Ok, MessageIcon::Information}));
+        const std::string total = std::to_string(4 * c.updates.size());
+        EXPECT_THAT(stage.desktop.boxes,
+                    ElementsAre(blank, information("Update complete. A total of " + total +
+                                                   " references where updated.")));
     }
 }
 
 TEST(MoveReferences, StopsAtTheFirstFailureAndCanBeRepeated) {
     for (const Case& c : cases) {
-        const std::vector<std::string> updates = c.updates();
-        for (std::size_t failing = 0; failing < updates.size(); ++failing) {
+        for (std::size_t failing = 0; failing < c.updates.size(); ++failing) {
             SCOPED_TRACE(std::to_string(c.code) + " update " + std::to_string(failing));
             Stage stage;
             fill(stage, c);
             bool fails = true;
-            stage.host->on("Database.ExecuteNonQuery",
-                           [&](Arguments a) { return Variant(!fails || a[0].toText() != updates[failing]); });
-            std::vector<std::string> sent(updates.begin(),
-                                          updates.begin() + static_cast<std::ptrdiff_t>(failing + 1));
+            stage.host->on("Database.ExecuteNonQuery", [&](Arguments a) {
+                return Variant(!fails || a[0].toText() != c.updates[failing]);
+            });
+            std::vector<std::string> sent(c.updates.begin(),
+                                          c.updates.begin() + static_cast<std::ptrdiff_t>(failing + 1));
             stage.desktop.user<MoveListReferences>("frmMoveListReferences", [&](MoveListReferences& screen) {
                 moveToNew(screen);
                 EXPECT_TRUE(screen.shown());
@@ -160,7 +186,7 @@ TEST(MoveReferences, StopsAtTheFirstFailureAndCanBeRepeated) {
                 screen.cmdOK.userPress();
             });
             EXPECT_FALSE(stage.library->ShowMoveReferences(c.code, 7));
-            EXPECT_THAT(stage.failures(), ElementsAre(explained(c.references[failing].failure())));
+            EXPECT_THAT(stage.failures(), ElementsAre(explained(c.failures[failing])));
         }
     }
 }
@@ -172,7 +198,9 @@ TEST(MoveReferences, BlankReferencesUnknownListsAndCancelling) {
     stage.desktop.user<MoveListReferences>("frmMoveListReferences",
                                            [](MoveListReferences& screen) { screen.cmdOK.userPress(); });
     EXPECT_FALSE(stage.library->ShowMoveReferences(2, 7));
-    EXPECT_EQ(stage.executed(), cases[1].updates("NULL"));
+    EXPECT_THAT(stage.executed(),
+                ElementsAre("UPDATE Customers SET ReferralMethodID = NULL WHERE ReferralMethodID = 7",
+                            "UPDATE Orders SET ReferralMethodID = NULL WHERE ReferralMethodID = 7"));
 
     stage.host->forget();
     stage.desktop.user<MoveListReferences>("frmMoveListReferences",
