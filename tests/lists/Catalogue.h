@@ -7,8 +7,8 @@
 
 namespace tsln::test {
 
-/// The agreed behaviour of a lookup list: statements with their values, messages, captions. What is not given follows
-/// from the table and its name column, as it does for most lists.
+/// The agreed behaviour of a lookup list: statements with their values, messages, captions. Statements are given as they
+/// stand; what else is not given follows from the table and its name column, as it does for most lists.
 struct Member {
     struct Check {
         std::string statement, message, advice;  ///< for row 7 with three references
